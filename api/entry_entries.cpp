@@ -1,0 +1,138 @@
+// Entry points: string lists, dot options and indicators, switches, reference numbers, load path.
+// Each forwards to the store's method of the same name; the form for zero-terminated texts is directly below.
+#include "api/conversion.h"
+#include "options/globals.h"
+
+using wexcorin::guarded;
+using wexcorin::in;
+using wexcorin::tout;
+
+// ---- string lists
+
+int32_t optlistcountstr(tvksoptions* handle, const optshortstring* name) {
+  return guarded([&] { return handle->optlistcountstr(in(name)); });
+}
+int32_t coptlistcountstr(tvksoptions* handle, const char* name) {
+  return guarded([&] { return handle->optlistcountstr(in(name)); });
+}
+
+int32_t optgetfromliststr(tvksoptions* handle, const optshortstring* name, optshortstring* value) {
+  tout valuetext(value);
+  return guarded([&] { return handle->optgetfromliststr(in(name), valuetext); });
+}
+int32_t coptgetfromliststr(tvksoptions* handle, const char* name, char* value) {
+  tout valuetext(value);
+  return guarded([&] { return handle->optgetfromliststr(in(name), valuetext); });
+}
+
+int32_t optgetfromanystrlist(tvksoptions* handle, int32_t dashed, optshortstring* name,
+                             optshortstring* value) {
+  tout nametext(name);
+  tout valuetext(value);
+  return guarded([&] { return handle->optgetfromanystrlist(dashed, nametext, valuetext); });
+}
+int32_t coptgetfromanystrlist(tvksoptions* handle, int32_t dashed, char* name, char* value) {
+  tout nametext(name);
+  tout valuetext(value);
+  return guarded([&] { return handle->optgetfromanystrlist(dashed, nametext, valuetext); });
+}
+
+// ---- dot options and indicators
+
+int32_t optgetdotoptnr(tvksoptions* handle, int32_t number, optshortstring* name, int32_t* option,
+                       int32_t* dimensions, double* value) {
+  tout nametext(name);
+  return guarded([&] { return handle->optgetdotoptnr(number, nametext, *option, *dimensions, *value); });
+}
+int32_t coptgetdotoptnr(tvksoptions* handle, int32_t number, char* name, int32_t* option, int32_t* dimensions,
+                        double* value) {
+  tout nametext(name);
+  return guarded([&] { return handle->optgetdotoptnr(number, nametext, *option, *dimensions, *value); });
+}
+
+int32_t optgetdotoptuel(tvksoptions* handle, int32_t number, int32_t index, optshortstring* element) {
+  tout elementtext(element);
+  return guarded([&] { return handle->optgetdotoptuel(number, index, elementtext); });
+}
+int32_t coptgetdotoptuel(tvksoptions* handle, int32_t number, int32_t index, char* element) {
+  tout elementtext(element);
+  return guarded([&] { return handle->optgetdotoptuel(number, index, elementtext); });
+}
+
+int32_t optgetindicatornr(tvksoptions* handle, int32_t number, optshortstring* equation,
+                          optshortstring* variable, int32_t* equdims, int32_t* vardims, int32_t* value) {
+  tout equationtext(equation);
+  tout variabletext(variable);
+  return guarded([&] {
+    return handle->optgetindicatornr(number, equationtext, variabletext, *equdims, *vardims, *value);
+  });
+}
+int32_t coptgetindicatornr(tvksoptions* handle, int32_t number, char* equation, char* variable,
+                           int32_t* equdims, int32_t* vardims, int32_t* value) {
+  tout equationtext(equation);
+  tout variabletext(variable);
+  return guarded([&] {
+    return handle->optgetindicatornr(number, equationtext, variabletext, *equdims, *vardims, *value);
+  });
+}
+
+int32_t optgetequindicatornr(tvksoptions* handle, int32_t number, int32_t index, optshortstring* element) {
+  tout elementtext(element);
+  return guarded([&] { return handle->optgetequindicatornr(number, index, elementtext); });
+}
+int32_t coptgetequindicatornr(tvksoptions* handle, int32_t number, int32_t index, char* element) {
+  tout elementtext(element);
+  return guarded([&] { return handle->optgetequindicatornr(number, index, elementtext); });
+}
+
+int32_t optgetvarindicatornr(tvksoptions* handle, int32_t number, int32_t index, optshortstring* element) {
+  tout elementtext(element);
+  return guarded([&] { return handle->optgetvarindicatornr(number, index, elementtext); });
+}
+int32_t coptgetvarindicatornr(tvksoptions* handle, int32_t number, int32_t index, char* element) {
+  tout elementtext(element);
+  return guarded([&] { return handle->optgetvarindicatornr(number, index, elementtext); });
+}
+
+// ---- switches
+
+void optechoset(tvksoptions* handle, int32_t flag) {
+  guarded([&] { handle->optechoset(flag != 0); });
+}
+
+void optnoboundsset(tvksoptions* handle, int32_t flag) {
+  guarded([&] { handle->optnoboundsset(flag != 0); });
+}
+
+void optrecentenabledset(tvksoptions* handle, int32_t flag) {
+  guarded([&] { handle->optrecentenabledset(flag != 0); });
+}
+
+int32_t opteolonlyset(tvksoptions* handle, int32_t flag) {
+  return guarded([&] { return handle->opteolonlyset(flag != 0); });
+}
+
+int32_t optrecentenabled(tvksoptions* handle) {
+  return guarded([&] { return handle->optrecentenabled(); });
+}
+
+// ---- reference numbers
+
+int32_t optsetrefnr(tvksoptions* handle, int32_t number, int32_t refnr) {
+  return guarded([&] { return handle->optsetrefnr(number, refnr); });
+}
+
+int32_t optsetrefnrstr(tvksoptions* handle, const optshortstring* name, int32_t refnr) {
+  return guarded([&] { return handle->optsetrefnrstr(in(name), refnr); });
+}
+int32_t coptsetrefnrstr(tvksoptions* handle, const char* name, int32_t refnr) {
+  return guarded([&] { return handle->optsetrefnrstr(in(name), refnr); });
+}
+
+// ---- load path
+
+void optgetloadpath(optshortstring* path) { tout(path).set(wexcorin::loadpath()); }
+void coptgetloadpath(char* path) { tout(path).set(wexcorin::loadpath()); }
+
+void optsetloadpath(const optshortstring* path) { wexcorin::setloadpath(in(path)); }
+void coptsetloadpath(const char* path) { wexcorin::setloadpath(in(path)); }

@@ -1,0 +1,124 @@
+// Entry points: lifecycle, reading, writing, messages, resetting.
+// Each forwards to the store's method of the same name; the form for zero-terminated texts is directly below.
+#include <cerrno>
+#include <new>
+
+#include "api/conversion.h"
+
+using wexcorin::guarded;
+using wexcorin::in;
+using wexcorin::tout;
+
+// ---- lifecycle
+
+tvksoptions* xcreate(tvksoptions** handle) {
+  *handle = nullptr;
+  guarded([&] { *handle = new tvksoptions; });
+  return *handle;
+}
+
+void xfree(tvksoptions** handle) {
+  delete *handle;
+  *handle = nullptr;
+}
+
+// ---- reading
+
+int32_t optreaddefinition(tvksoptions* handle, const optshortstring* filename) {
+  return guarded([&] { return handle->optreaddefinition(in(filename)); }, ENOMEM);
+}
+int32_t coptreaddefinition(tvksoptions* handle, const char* filename) {
+  return guarded([&] { return handle->optreaddefinition(in(filename)); }, ENOMEM);
+}
+
+int32_t optreadparameterfile(tvksoptions* handle, const optshortstring* filename) {
+  return guarded([&] { return handle->optreadparameterfile(in(filename)); }, ENOMEM);
+}
+int32_t coptreadparameterfile(tvksoptions* handle, const char* filename) {
+  return guarded([&] { return handle->optreadparameterfile(in(filename)); }, ENOMEM);
+}
+
+void optreadfromstr(tvksoptions* handle, const optshortstring* text) {
+  guarded([&] { handle->optreadfromstr(in(text)); });
+}
+void coptreadfromstr(tvksoptions* handle, const char* text) {
+  guarded([&] { handle->optreadfromstr(in(text)); });
+}
+
+void optreadfrompchar(tvksoptions* handle, const char* text) {
+  guarded([&] { handle->optreadfrompchar(text); });
+}
+
+int32_t optreadfromliststr(tvksoptions* handle, const optshortstring* name, int32_t index,
+                           optshortstring* value) {
+  tout valuetext(value);
+  return guarded([&] { return handle->optreadfromliststr(in(name), index, valuetext); });
+}
+int32_t coptreadfromliststr(tvksoptions* handle, const char* name, int32_t index, char* value) {
+  tout valuetext(value);
+  return guarded([&] { return handle->optreadfromliststr(in(name), index, valuetext); });
+}
+
+// ---- writing
+
+int32_t optwriteparameterfile(tvksoptions* handle, const optshortstring* filename) {
+  return guarded([&] { return handle->optwriteparameterfile(in(filename)); }, ENOMEM);
+}
+int32_t coptwriteparameterfile(tvksoptions* handle, const char* filename) {
+  return guarded([&] { return handle->optwriteparameterfile(in(filename)); }, ENOMEM);
+}
+
+void optshowhelp(tvksoptions* handle, const optshortstring* request) {
+  guarded([&] { handle->optshowhelp(in(request)); });
+}
+void coptshowhelp(tvksoptions* handle, const char* request) {
+  guarded([&] { handle->optshowhelp(in(request)); });
+}
+
+// ---- messages
+
+void optaddmessage(tvksoptions* handle, const optshortstring* text) {
+  guarded([&] { handle->optaddmessage(in(text)); });
+}
+void coptaddmessage(tvksoptions* handle, const char* text) {
+  guarded([&] { handle->optaddmessage(in(text)); });
+}
+
+void optgetmessage(tvksoptions* handle, int32_t number, optshortstring* text, int32_t* kind) {
+  tout texttext(text);
+  guarded([&] { handle->optgetmessage(number, texttext, *kind); });
+}
+void coptgetmessage(tvksoptions* handle, int32_t number, char* text, int32_t* kind) {
+  tout texttext(text);
+  guarded([&] { handle->optgetmessage(number, texttext, *kind); });
+}
+
+void optclearmessages(tvksoptions* handle) {
+  guarded([&] { handle->optclearmessages(); });
+}
+
+int32_t optmessagecount(tvksoptions* handle) {
+  return guarded([&] { return handle->optmessagecount(); });
+}
+
+void opterrorcount(tvksoptions* handle, int32_t* errors, int32_t* warnings) {
+  guarded([&] { handle->opterrorcount(*errors, *warnings); });
+}
+
+// ---- resetting
+
+void optresetall(tvksoptions* handle) {
+  guarded([&] { handle->optresetall(); });
+}
+
+void optresetallrecent(tvksoptions* handle) {
+  guarded([&] { handle->optresetallrecent(); });
+}
+
+void optresetrecentchanges(tvksoptions* handle) {
+  guarded([&] { handle->optresetrecentchanges(); });
+}
+
+int32_t optresetnr(tvksoptions* handle, int32_t number) {
+  return guarded([&] { return handle->optresetnr(number); });
+}

@@ -1,0 +1,7 @@
+// What a client's handle points to: the option store itself.
+#pragma once
+
+#include "options/vksoptions.h"
+#include "wexcorin/wexcorin.h"
+
+struct tvksoptions final : wexcorin::tvksoptions {};

@@ -1,0 +1,60 @@
+// Start and stop of the library's units, in the order in which they build on each other. Only units that hold
+// state have something to do: the string conversions, string routines, lists and the scanner need no start.
+#include "api/units.h"
+
+#include <array>
+#include <cstddef>
+
+#include "base/zqaaudit.h"
+#include "options/globals.h"
+
+namespace wexcorin {
+
+namespace {
+
+struct tunit {
+  void (*start)();
+  void (*stop)();
+};
+
+// Later units use earlier ones.
+constexpr std::array<tunit, 2> units = {{
+    {zqaauditstart, zqaauditstop},
+    {vksoptionsstart, vksoptionsstop},
+}};
+
+int loadcount = 0;
+std::array<texitprocedure, 16> exitprocedures{};
+std::size_t exitcount = 0;
+
+}  // namespace
+
+void libraryload() {
+  if (loadcount++ > 0) return;
+  for (const tunit& unit : units) unit.start();
+}
+
+void libraryunload() {
+  if (--loadcount > 0) return;
+  while (exitcount > 0) exitprocedures[--exitcount]();
+  for (std::size_t i = units.size(); i-- > 0;) units[i].stop();
+}
+
+bool registerexitprocedure(texitprocedure procedure) {
+  if (exitcount == exitprocedures.size()) return false;
+  exitprocedures[exitcount++] = procedure;
+  return true;
+}
+
+namespace {
+
+// The dynamic loader makes this object when it loads the library and destroys it when it unloads it.
+struct tlibrary {
+  tlibrary() { libraryload(); }
+  ~tlibrary() { libraryunload(); }
+};
+const tlibrary library;
+
+}  // namespace
+
+}  // namespace wexcorin

@@ -1,0 +1,46 @@
+// Heap short strings: a length byte and at most 255 characters in a block of exactly that size. The empty text
+// is held as no pointer, never as an empty block. newstring, disposestring, strassign and getstring are the
+// primitives; classes hold a heapstring by value, so that their destructors write themselves.
+#pragma once
+
+#include <string_view>
+#include <utility>
+
+namespace wexcorin {
+
+// The text of a block; empty for no block.
+inline std::string_view getstring(const char* block) noexcept {
+  return block == nullptr ? std::string_view()
+                          : std::string_view(block + 1, static_cast<unsigned char>(block[0]));
+}
+
+// A new block with the first 255 characters of text, or null for the empty text. Throws std::bad_alloc.
+char* newstring(std::string_view text);
+
+// Frees a block of newstring; null is ignored.
+void disposestring(char* block) noexcept;
+
+class heapstring {
+ public:
+  heapstring() noexcept = default;
+  explicit heapstring(std::string_view text) : fblock(newstring(text)) {}
+  heapstring(heapstring&& other) noexcept : fblock(std::exchange(other.fblock, nullptr)) {}
+  heapstring& operator=(heapstring&& other) noexcept {
+    std::swap(fblock, other.fblock);
+    return *this;
+  }
+  heapstring(const heapstring&) = delete;
+  heapstring& operator=(const heapstring&) = delete;
+  ~heapstring() { disposestring(fblock); }
+
+  std::string_view view() const noexcept { return getstring(fblock); }
+  bool empty() const noexcept { return fblock == nullptr; }
+
+ private:
+  char* fblock = nullptr;
+};
+
+// Replaces the text held. The new text may be the old one or a part of it.
+inline void strassign(heapstring& target, std::string_view text) { target = heapstring(text); }
+
+}  // namespace wexcorin

@@ -1,0 +1,256 @@
+// Number parsing and formatting on top of from_chars and to_chars.
+#include "base/numtext.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "base/textcase.h"
+
+namespace wexcorin {
+
+void tnumbertext::append(std::string_view text) noexcept {
+  const std::size_t length = std::min(text.size(), capacity - flength);
+  std::copy_n(text.data(), length, ftext + flength);
+  flength = static_cast<unsigned char>(flength + length);
+}
+
+void tnumbertext::append(std::size_t count, char character) noexcept {
+  while (count-- != 0) append({&character, 1});
+}
+
+// ---- integers to text
+
+tnumbertext inttostr(std::int64_t number) noexcept {
+  char digits[24];
+  const auto result = std::to_chars(std::begin(digits), std::end(digits), number);
+  return std::string_view(digits, static_cast<std::size_t>(result.ptr - digits));
+}
+
+tnumbertext inttostrex(std::int32_t number) noexcept {
+  if (number == maxint) return std::string_view("maxint");
+  if (number == minint) return std::string_view("minint");
+  return inttostr(number);
+}
+
+tnumbertext int64tonicestr(std::int64_t number) noexcept {
+  const tnumbertext plain = inttostr(number);
+  std::string_view digits = plain;
+  tnumbertext result;
+  if (number < 0) {
+    result.append("-");
+    digits.remove_prefix(1);
+  }
+  std::size_t group = (digits.size() - 1) % 3 + 1;
+  result.append(digits.substr(0, group));
+  for (; group < digits.size(); group += 3) {
+    result.append(",");
+    result.append(digits.substr(group, 3));
+  }
+  return result;
+}
+
+tnumbertext inttonicestr(std::int32_t number) noexcept { return int64tonicestr(number); }
+
+shortstring inttonicestrw(std::int32_t number, std::int32_t width) noexcept {
+  const tnumbertext text = inttonicestr(number);
+  const std::size_t wanted = std::clamp<std::int32_t>(width, 0, shortstring::capacity);
+  shortstring result;
+  if (text.view().size() < wanted) result.append(wanted - text.view().size(), ' ');
+  return result.append(text);
+}
+
+std::int32_t integerwidth(std::int64_t number) noexcept {
+  return static_cast<std::int32_t>(inttostr(number).view().size());
+}
+
+// ---- doubles to text
+
+namespace {
+
+constexpr int significantdigits = 15;
+
+// A finite number other than 0 as sign, significant digits without trailing zeros, and decimal exponent of the
+// first digit.
+struct tdecimal {
+  bool negative;
+  char digits[significantdigits];
+  std::size_t count;
+  int exponent;
+};
+
+tdecimal todecimal(double number) noexcept {
+  char text[32];  // d.ddddddddddddddE+ddd
+  const auto result = std::to_chars(std::begin(text), std::end(text), std::fabs(number),
+                                    std::chars_format::scientific, significantdigits - 1);
+  tdecimal decimal{};
+  decimal.negative = number < 0;
+  decimal.digits[0] = text[0];
+  std::copy_n(text + 2, significantdigits - 1, decimal.digits + 1);
+  decimal.count = significantdigits;
+  while (decimal.count > 1 && decimal.digits[decimal.count - 1] == '0') --decimal.count;
+  const char* exponent = text + significantdigits + 2;
+  if (*exponent == '+') ++exponent;
+  std::from_chars(exponent, result.ptr, decimal.exponent);
+  return decimal;
+}
+
+void appendfraction(tnumbertext& target, std::string_view digits) noexcept {
+  if (digits.empty()) return;
+  target.append(".");
+  target.append(digits);
+}
+
+void appendfixed(tnumbertext& target, std::string_view digits, int exponent) noexcept {
+  if (exponent < 0) {
+    target.append("0.");
+    target.append(static_cast<std::size_t>(-exponent - 1), '0');
+    target.append(digits);
+    return;
+  }
+  const std::size_t whole = static_cast<std::size_t>(exponent) + 1;
+  target.append(digits.substr(0, whole));
+  if (digits.size() < whole) target.append(whole - digits.size(), '0');
+  appendfraction(target, digits.substr(std::min(whole, digits.size())));
+}
+
+void appendscientific(tnumbertext& target, std::string_view digits, int exponent) noexcept {
+  target.append(digits.substr(0, 1));
+  appendfraction(target, digits.substr(1));
+  target.append("E");
+  target.append(inttostr(exponent));
+}
+
+}  // namespace
+
+tnumbertext dbltostr(double number) noexcept {
+  if (std::isnan(number)) return std::string_view("NAN");
+  if (std::isinf(number)) return std::string_view(number > 0 ? "INF" : "-INF");
+  if (number == 0.0) return std::string_view("0");
+  const tdecimal decimal = todecimal(number);
+  const std::string_view digits(decimal.digits, decimal.count);
+  const double magnitude = std::fabs(number);
+  tnumbertext result;
+  if (decimal.negative) result.append("-");
+  if (magnitude >= 0.0001 && magnitude < 1e15)
+    appendfixed(result, digits, decimal.exponent);
+  else
+    appendscientific(result, digits, decimal.exponent);
+  return result;
+}
+
+tnumbertext dbltostrex(double number) noexcept {
+  if (number == maxdouble) return std::string_view("maxdouble");
+  if (number == mindouble) return std::string_view("mindouble");
+  return dbltostr(number);
+}
+
+// ---- text to numbers
+
+namespace {
+
+// from_chars knows no plus sign; a sign after it is no number.
+std::string_view withoutplus(std::string_view text) noexcept {
+  return text.size() > 1 && text[0] == '+' && text[1] != '-' ? text.substr(1) : text;
+}
+
+// Whether a syntactically good number that no double can hold is too large rather than too small: decided by
+// the decimal exponent of its first digit that is not zero.
+bool istoolarge(std::string_view text) noexcept {
+  std::int64_t position = 0;  // of the digit being looked at, relative to the point
+  std::int64_t first = 0;
+  bool found = false;
+  bool point = false;
+  std::size_t i = 0;
+  for (; i < text.size() && upchar(text[i]) != 'E'; ++i) {
+    if (text[i] == '.') {
+      point = true;
+    } else if (isdigit(text[i])) {
+      if (point) --position;
+      if (!point && found) ++first;
+      if (!found && text[i] != '0') {
+        found = true;
+        first = position;
+      }
+    }
+  }
+  if (i == text.size()) return first > 0;
+  const std::string_view exponent = withoutplus(text.substr(i + 1));
+  std::int64_t value = 0;
+  const auto result = std::from_chars(exponent.data(), exponent.data() + exponent.size(), value);
+  if (result.ec == std::errc::result_out_of_range) return exponent[0] != '-';
+  return first + value > 0;
+}
+
+// The whole text as a number in C notation.
+bool parsedecimal(std::string_view text, double& number) noexcept {
+  text = withoutplus(text);
+  const std::string_view unsignedtext = text.substr(!text.empty() && text[0] == '-' ? 1 : 0);
+  // keeps out the words for infinities and not-a-number, which from_chars takes
+  if (unsignedtext.empty() || !(isdigit(unsignedtext[0]) || unsignedtext[0] == '.')) return false;
+  double value = 0.0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (result.ptr != text.data() + text.size() || result.ec == std::errc::invalid_argument) return false;
+  if (result.ec == std::errc::result_out_of_range) {
+    if (istoolarge(text)) return false;
+    value = 0.0;
+  }
+  number = value;
+  return true;
+}
+
+bool parsedoubleword(std::string_view text, double& number) noexcept {
+  struct tword {
+    std::string_view name;
+    double value;
+  };
+  static constexpr tword words[] = {
+      {"maxdouble", maxdouble}, {"mindouble", mindouble}, {"eps", epsdouble}, {"epsdouble", epsdouble}};
+  for (const tword& word : words) {
+    if (struequal(text, word.name)) {
+      number = word.value;
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+bool strasintex(std::string_view text, std::int32_t& number) noexcept {
+  number = 0;
+  const std::string_view digits = withoutplus(text);
+  std::int32_t value = 0;
+  const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  if (result.ec == std::errc() && result.ptr == digits.data() + digits.size()) {
+    number = value;
+    return true;
+  }
+  if (struequal(text, "maxint"))
+    number = maxint;
+  else if (struequal(text, "minint"))
+    number = minint;
+  else
+    return false;
+  return true;
+}
+
+bool strasintex2(std::string_view text, std::int32_t& number) noexcept {
+  if (strasintex(text, number)) return true;
+  double value = 0.0;
+  if (!strasdoubleex(text, value)) return false;
+  if (!(value >= minint && value <= maxint) || value != std::trunc(value)) return false;
+  number = static_cast<std::int32_t>(value);
+  return true;
+}
+
+bool strasdoubleex(std::string_view text, double& number) noexcept {
+  number = 0.0;
+  if (parsedecimal(text, number) || parsedoubleword(text, number)) return true;
+  shortstring withe;
+  for (const char character : text) withe.append(1, upchar(character) == 'D' ? 'E' : character);
+  return text.size() <= shortstring::capacity && withe.view() != text && parsedecimal(withe, number);
+}
+
+}  // namespace wexcorin

@@ -1,0 +1,70 @@
+// Numbers to text and text to numbers, in the forms that definition and parameter files use: decimal numbers,
+// and the words maxint, minint, maxdouble, mindouble, eps and epsdouble in any case. The process locale never
+// plays a part.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "base/shortstring.h"
+
+namespace wexcorin {
+
+inline constexpr std::int32_t maxint = 2147483647;
+inline constexpr std::int32_t minint = -2147483647 - 1;
+inline constexpr double maxdouble = 1.0e299;
+inline constexpr double mindouble = -1.0e299;
+inline constexpr double epsdouble = 1.0e-20;
+
+// The text of one number, held by value.
+class tnumbertext {
+ public:
+  static constexpr std::size_t capacity = 39;
+
+  tnumbertext() noexcept = default;
+  tnumbertext(std::string_view text) noexcept { append(text); }
+  void append(std::string_view text) noexcept;
+  void append(std::size_t count, char character) noexcept;
+  std::string_view view() const noexcept { return {ftext, flength}; }
+  operator std::string_view() const noexcept { return view(); }
+
+ private:
+  char ftext[capacity];
+  unsigned char flength = 0;
+};
+
+// Plain decimal.
+tnumbertext inttostr(std::int64_t number) noexcept;
+
+// As inttostr, but the words maxint and minint for the two extreme values.
+tnumbertext inttostrex(std::int32_t number) noexcept;
+
+// Decimal with a comma between groups of three digits, padded on the left with blanks to width (at most 255).
+tnumbertext inttonicestr(std::int32_t number) noexcept;
+tnumbertext int64tonicestr(std::int64_t number) noexcept;
+shortstring inttonicestrw(std::int32_t number, std::int32_t width) noexcept;
+
+// The number of characters of inttostr(number).
+std::int32_t integerwidth(std::int64_t number) noexcept;
+
+// 15 significant digits at most; fixed-point for magnitudes from 0.0001 to below 1e15, else with an exponent
+// that has neither plus sign nor leading zeros. Trailing zeros of the fraction and a bare point are dropped.
+// There is no leading blank; numbers that are not finite are NAN, INF and -INF.
+tnumbertext dbltostr(double number) noexcept;
+
+// As dbltostr, but the words maxdouble and mindouble for 1e299 and -1e299.
+tnumbertext dbltostrex(double number) noexcept;
+
+// The whole text is an optional sign and decimal digits within 32 bits, or maxint or minint. On failure the
+// number is 0.
+bool strasintex(std::string_view text, std::int32_t& number) noexcept;
+
+// As strasintex; failing that, a floating-point text whose value is a whole number within 32 bits (1e3, 2.0).
+bool strasintex2(std::string_view text, std::int32_t& number) noexcept;
+
+// The whole text is a decimal floating-point number, D and d standing for E, or one of the double words. Too
+// small a magnitude reads as 0, too large fails. On failure the number is 0.
+bool strasdoubleex(std::string_view text, double& number) noexcept;
+
+}  // namespace wexcorin

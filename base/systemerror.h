@@ -1,0 +1,11 @@
+// The operating system's text for an error code, in English whatever the process locale.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace wexcorin {
+
+std::string_view systemerrortext(std::int32_t code) noexcept;
+
+}  // namespace wexcorin

@@ -1,0 +1,72 @@
+// Case-insensitive comparison and hashing, eight characters at a time where the length allows it.
+#include "base/textcase.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace wexcorin {
+
+namespace {
+
+using tword = std::uint64_t;
+__extension__ using twideword = unsigned __int128;
+
+// Upper-cases the eight characters of a word at once. Adding moves a character's code past 127 exactly when it
+// is at least 'a' (or above 'z'), so the two sums mark the lower-case letters in each character's top bit.
+tword upperword(tword word) {
+  constexpr tword each = 0x0101010101010101ULL;
+  const tword low = word & (each * 0x7f);
+  const tword atleasta = low + each * (0x80 - 'a');
+  const tword abovez = low + each * (0x7f - 'z');
+  const tword lowercase = ~word & (each * 0x80) & (atleasta ^ abovez);
+  return word - (lowercase >> 2);
+}
+
+tword loadword(const char* text) {
+  tword word;
+  std::memcpy(&word, text, sizeof word);
+  return word;
+}
+
+// The last, partly filled word of a text of `count` (1 to 7) characters.
+tword loadpart(const char* text, std::size_t count) {
+  tword word = 0;
+  std::memcpy(&word, text, count);
+  return word;
+}
+
+tword mix(tword state, tword word) {
+  const auto product = static_cast<twideword>(state ^ word) * 0x9E3779B97F4A7C15ULL;
+  return static_cast<tword>(product) ^ static_cast<tword>(product >> 64);
+}
+
+}  // namespace
+
+std::int32_t strucmp(std::string_view a, std::string_view b) noexcept {
+  const std::size_t common = std::min(a.size(), b.size());
+  for (std::size_t i = 0; i < common; ++i) {
+    const std::int32_t difference = upcode(a[i]) - upcode(b[i]);
+    if (difference != 0) return difference;
+  }
+  return static_cast<std::int32_t>(a.size()) - static_cast<std::int32_t>(b.size());
+}
+
+bool struequal(std::string_view a, std::string_view b) noexcept {
+  if (a.size() != b.size()) return false;
+  std::size_t i = 0;
+  for (; i + sizeof(tword) <= a.size(); i += sizeof(tword))
+    if (upperword(loadword(a.data() + i)) != upperword(loadword(b.data() + i))) return false;
+  const std::size_t rest = a.size() - i;
+  return rest == 0 || upperword(loadpart(a.data() + i, rest)) == upperword(loadpart(b.data() + i, rest));
+}
+
+std::uint32_t struhash(std::string_view text) noexcept {
+  tword state = 0x243F6A8885A308D3ULL + text.size();
+  std::size_t i = 0;
+  for (; i + sizeof(tword) <= text.size(); i += sizeof(tword))
+    state = mix(state, upperword(loadword(text.data() + i)));
+  if (i < text.size()) state = mix(state, upperword(loadpart(text.data() + i, text.size() - i)));
+  return static_cast<std::uint32_t>(state ^ (state >> 32));
+}
+
+}  // namespace wexcorin

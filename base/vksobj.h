@@ -1,0 +1,287 @@
+// The growable lists under the option store: txlist (plain items), txstrings (texts) and txstringlist (texts with
+// one word of data each), all sortable through tquicksortclass. Indices count from 0 and are not checked.
+//
+// Growth is fast while a list is small (16, then eightfold) and by a quarter past a million entries. Nothing is
+// sorted or made unique on insertion. Owning lists override freeitem or freeobject and clear themselves in their
+// destructors; that is the one rule by which contents are freed.
+#pragma once
+
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <string_view>
+#include <type_traits>
+
+#include "base/heapstring.h"
+#include "base/nameindex.h"
+#include "base/shortstring.h"
+#include "base/textcase.h"
+
+namespace wexcorin {
+
+// Sorting through comparison and exchange of positions.
+class tquicksortclass {
+ public:
+  tquicksortclass() = default;
+  tquicksortclass(const tquicksortclass&) = delete;
+  tquicksortclass& operator=(const tquicksortclass&) = delete;
+  virtual ~tquicksortclass() = default;
+
+  virtual void exchange(std::int32_t i, std::int32_t j) = 0;
+  // Negative, zero or positive as item i belongs before, with or after item j.
+  virtual std::int32_t compare(std::int32_t i, std::int32_t j) const = 0;
+
+  // Sorts items 0 .. n - 1. Not stable: equal items come out in the order that the pivots give them.
+  void sortn(std::int32_t n);
+
+ private:
+  struct trange {
+    std::int32_t lo, hi;
+  };
+  trange partition(trange range);
+};
+
+// The capacity that follows `capacity` when a list is full. Throws std::bad_alloc past 32 bits.
+std::int32_t growncapacity(std::int32_t capacity);
+
+// A contiguous array of plain items: what the lists share. Growing moves bytes, never constructs.
+template <class titem>
+class tgrowarray {
+  static_assert(std::is_trivially_copyable_v<titem>);
+
+ public:
+  tgrowarray() noexcept = default;
+  tgrowarray(const tgrowarray&) = delete;
+  tgrowarray& operator=(const tgrowarray&) = delete;
+  ~tgrowarray() { std::free(fentries); }
+
+  std::int32_t count() const noexcept { return fcount; }
+  std::int32_t capacity() const noexcept { return fcapacity; }
+  bool full() const noexcept { return fcount == fcapacity; }
+  titem& operator[](std::int32_t index) noexcept { return fentries[index]; }
+  const titem& operator[](std::int32_t index) const noexcept { return fentries[index]; }
+
+  void setcapacity(std::int32_t capacity) {
+    if (capacity < fcount) capacity = fcount;
+    if (capacity == fcapacity) return;
+    if (capacity == 0) {
+      std::free(fentries);
+      fentries = nullptr;
+    } else {
+      void* block =
+          std::realloc(static_cast<void*>(fentries), static_cast<std::size_t>(capacity) * sizeof(titem));
+      if (block == nullptr) throw std::bad_alloc();
+      fentries = static_cast<titem*>(block);
+    }
+    fcapacity = capacity;
+  }
+
+  // There must be room.
+  void insert(std::int32_t index, const titem& item) noexcept {
+    move(index + 1, index);
+    fentries[index] = item;
+    ++fcount;
+  }
+  void remove(std::int32_t index) noexcept {
+    --fcount;
+    move(index, index + 1);
+  }
+  void removelast() noexcept { --fcount; }
+  void removefirst(std::int32_t removed) noexcept {
+    fcount -= removed;
+    move(0, removed);
+  }
+
+ private:
+  // Moves the items from `from` on to `to`, where the count is that of before an insertion or after a removal.
+  void move(std::int32_t to, std::int32_t from) noexcept {
+    const std::int32_t moved = fcount - (to < from ? to : from);
+    if (moved > 0)
+      std::memmove(static_cast<void*>(fentries + to), static_cast<const void*>(fentries + from),
+                   static_cast<std::size_t>(moved) * sizeof(titem));
+  }
+
+  titem* fentries = nullptr;
+  std::int32_t fcount = 0;
+  std::int32_t fcapacity = 0;
+};
+
+// A list of plain items (pointers, numbers).
+template <class titem>
+class txlist : public tquicksortclass {
+ public:
+  std::int32_t count() const noexcept { return fitems.count(); }
+  std::int32_t capacity() const noexcept { return fitems.capacity(); }
+  void setcapacity(std::int32_t capacity) { fitems.setcapacity(capacity); }
+
+  // Returns the new item's index.
+  std::int32_t add(titem item) {
+    if (fitems.full()) grow();
+    fitems.insert(count(), item);
+    return count() - 1;
+  }
+  titem get(std::int32_t index) const noexcept { return fitems[index]; }
+  void put(std::int32_t index, titem item) {
+    freeitem(index);
+    fitems[index] = item;
+  }
+  std::int32_t indexof(titem item) const noexcept {
+    for (std::int32_t i = 0; i < count(); ++i)
+      if (fitems[i] == item) return i;
+    return -1;
+  }
+  // The "delete" of the list; the word is taken in this language.
+  void remove(std::int32_t index) {
+    freeitem(index);
+    fitems.remove(index);
+  }
+  // Deletes so many items at the front, moving the rest once.
+  void removefirst(std::int32_t removed) {
+    for (std::int32_t i = 0; i < removed; ++i) freeitem(i);
+    fitems.removefirst(removed);
+  }
+  // Frees the items from the last to the first and releases the array.
+  void clear() {
+    while (count() > 0) {
+      freeitem(count() - 1);
+      fitems.removelast();
+    }
+    setcapacity(0);
+  }
+
+  void exchange(std::int32_t i, std::int32_t j) override {
+    const titem kept = fitems[i];
+    fitems[i] = fitems[j];
+    fitems[j] = kept;
+  }
+  // Plain items have no order of their own.
+  std::int32_t compare(std::int32_t, std::int32_t) const override { return 0; }
+  virtual void grow() { setcapacity(growncapacity(capacity())); }
+  virtual void freeitem(std::int32_t) {}
+
+ private:
+  tgrowarray<titem> fitems;
+};
+
+// A list of texts, each cut at 255 characters.
+class txstrings : public txlist<char*> {
+ public:
+  ~txstrings() override { clear(); }
+  std::int32_t add(std::string_view text);
+  std::string_view get(std::int32_t index) const noexcept { return getstring(txlist<char*>::get(index)); }
+  // The first equal text regardless of case, or -1.
+  std::int32_t indexof(std::string_view text) const noexcept;
+
+  std::int32_t compare(std::int32_t i, std::int32_t j) const override { return strucmp(get(i), get(j)); }
+  void freeitem(std::int32_t index) override { disposestring(txlist<char*>::get(index)); }
+};
+
+// A list of texts with one word of data each: a pointer or a number. The base list does not own the data.
+template <class tobject>
+class txcustomstringlist : public tquicksortclass {
+ public:
+  ~txcustomstringlist() override { clearentries(); }
+
+  std::int32_t count() const noexcept { return fentries.count(); }
+  std::int32_t capacity() const noexcept { return fentries.capacity(); }
+  void setcapacity(std::int32_t capacity) { fentries.setcapacity(capacity); }
+
+  std::int32_t add(std::string_view text) { return addobject(text, tobject()); }
+  std::int32_t addobject(std::string_view text, tobject object) {
+    insertitem(count(), text, object);
+    return count() - 1;
+  }
+  void insertitem(std::int32_t index, std::string_view text, tobject object) {
+    if (fentries.full()) grow();
+    if (index != count()) findex.reset();
+    fentries.insert(index, {newstring(text), object});
+  }
+  std::string_view getname(std::int32_t index) const noexcept { return getstring(fentries[index].text); }
+  tobject getobject(std::int32_t index) const noexcept { return fentries[index].object; }
+  void putobject(std::int32_t index, tobject object) noexcept { fentries[index].object = object; }
+
+  // The first entry of that name regardless of case, or -1.
+  std::int32_t indexof(std::string_view text) const {
+    if (count() <= walkedcount) return walk(text);
+    while (findex.indexedcount() < count()) {
+      const std::string_view name = getname(findex.indexedcount());
+      findex.add(struhash(name), named(name));
+    }
+    return findex.find(struhash(text), named(text));
+  }
+  std::int32_t indexofobject(tobject object) const noexcept {
+    for (std::int32_t i = 0; i < count(); ++i)
+      if (fentries[i].object == object) return i;
+    return -1;
+  }
+  // The "delete" of the list; the word is taken in this language.
+  void remove(std::int32_t index) {
+    findex.reset();
+    disposestring(fentries[index].text);
+    freeobject(index);
+    fentries.remove(index);
+  }
+  void clear() { clearentries(); }
+
+  void exchange(std::int32_t i, std::int32_t j) override {
+    findex.reset();
+    const tentry kept = fentries[i];
+    fentries[i] = fentries[j];
+    fentries[j] = kept;
+  }
+  std::int32_t compare(std::int32_t i, std::int32_t j) const override {
+    return strucmp(getname(i), getname(j));
+  }
+  virtual void grow() { setcapacity(growncapacity(capacity())); }
+  virtual void freeobject(std::int32_t) {}
+
+ private:
+  struct tentry {
+    char* text;
+    tobject object;
+  };
+  // Up to this count a walk is as quick as the index and costs no memory.
+  static constexpr std::int32_t walkedcount = 8;
+
+  auto named(std::string_view text) const noexcept {
+    return [this, text](std::int32_t position) { return struequal(getname(position), text); };
+  }
+  std::int32_t walk(std::string_view text) const noexcept {
+    for (std::int32_t i = 0; i < count(); ++i)
+      if (struequal(getname(i), text)) return i;
+    return -1;
+  }
+  void clearentries() {
+    findex.reset();
+    while (count() > 0) {
+      disposestring(fentries[count() - 1].text);
+      freeobject(count() - 1);
+      fentries.removelast();
+    }
+    setcapacity(0);
+  }
+
+  tgrowarray<tentry> fentries;
+  mutable tnameindex findex;  // made on the first search, thrown away when positions change
+};
+
+template <class tobject>
+class txstringlist : public txcustomstringlist<tobject> {};
+
+// The two owning lists: items or data are objects that the list frees.
+template <class tobject>
+class txlistobj : public txlist<tobject*> {
+ public:
+  ~txlistobj() override { this->clear(); }
+  void freeitem(std::int32_t index) override { delete this->get(index); }
+};
+
+template <class tobject>
+class txstringlistobj : public txstringlist<tobject*> {
+ public:
+  ~txstringlistobj() override { this->clear(); }
+  void freeobject(std::int32_t index) override { delete this->getobject(index); }
+};
+
+}  // namespace wexcorin

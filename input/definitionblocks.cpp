@@ -1,0 +1,192 @@
+// Reads what may follow an option's line in a definition file, and the definitions that are not options.
+#include <unordered_set>
+
+#include "input/definitionreader.h"
+
+namespace wexcorin {
+
+// ---- continuation lines
+
+// helpline = text .
+void tdefinitionreader::helplines(toption& option) {
+  while (nextcontinuation()) {
+    std::string_view line;
+    fscanner.restofline(line);
+    option.addbigtext(line);
+  }
+}
+
+// valueline = value hc text .
+void tdefinitionreader::enumstrvalues(tenumstroption& option) {
+  while (nextcontinuation()) {
+    std::string_view word;
+    fscanner.nexttoken(word);
+    if (word.empty()) {
+      endearly();
+      break;
+    }
+    integerfield(fhc, "Bad HC");
+    std::string_view text;
+    fscanner.restofline(text);
+    option.additem(word, fhc, text);
+  }
+  if (option.items().indexof(option.defaultvalue()) < 0) error("Default is undefined");
+}
+
+// valueline = integer hc text .
+void tdefinitionreader::enumintvalues(tenumintoption& option) {
+  while (nextcontinuation()) {
+    integerfield(fenumvalue, "Bad integer enum");
+    integerfield(fhc, "Bad HC");
+    std::string_view text;
+    fscanner.restofline(text);
+    option.additem(fenumvalue, fhc, text);
+  }
+  if (!option.hasitem(option.defaultvalue())) error("Default is undefined");
+}
+
+// memberline = { name } .
+void tdefinitionreader::multilistmembers(tmultilistoption& option) {
+  std::unordered_set<std::int32_t> used;
+  while (nextcontinuation()) {
+    std::string_view word;
+    for (fscanner.nexttoken(word); !word.empty(); fscanner.nexttoken(word)) {
+      const std::int32_t index = fstore.optlookup(word);
+      if (index < 0) error(concat("MultiList option ", quoted(word), " is undefined"));
+      if (!used.insert(index).second) error("Duplicate option used");
+      option.additem(index);
+    }
+  }
+}
+
+// memberline = name .
+void tdefinitionreader::macromembers(tmacrooption& option) {
+  while (nextcontinuation()) {
+    std::string_view word;
+    fscanner.nexttoken(word);
+    if (word.empty()) return endearly();
+    if (toption* member = fstore.exactoption(word))
+      option.additem(member);
+    else
+      error(concat("Unknown option ", quoted(word), " for macro ", quoted(fname)));
+  }
+}
+
+// ---- the other definitions
+
+void tdefinitionreader::rest(tkeyword keyword) {
+  switch (keyword) {
+    case tkeyword::synonym: return synonym();
+    case tkeyword::group: return group();
+    case tkeyword::deprecated: return marks(tdeprecation::deprecated, tdeprecation::deprecatedsynonym);
+    case tkeyword::obsolete: return marks(tdeprecation::obsolete, tdeprecation::obsoletesynonym);
+    case tkeyword::indicator: return indicator();
+    case tkeyword::lookup: return lookup();
+    case tkeyword::eolcomm: return eolcomm();
+    case tkeyword::unknown:
+    case tkeyword::integer:
+    case tkeyword::dbl:
+    case tkeyword::string:
+    case tkeyword::boolean:
+    case tkeyword::enumstr:
+    case tkeyword::enumint:
+    case tkeyword::multilist:
+    case tkeyword::strlist:
+    case tkeyword::macro:
+    case tkeyword::immediate: break;
+  }
+}
+
+// synonym = optionname .
+void tdefinitionreader::synonym() {
+  if (fstore.synonyms().indexof(fname) >= 0) error("Duplicate synonym");
+  std::string_view word;
+  fscanner.nexttoken(word);
+  const std::int32_t index = fstore.optlookup(word);
+  if (index < 0) error("Unknown option for synonym");
+  fstore.addsynonym(fname, index);
+  nextline();
+}
+
+// group = number hc text .
+void tdefinitionreader::group() {
+  if (fstore.groups().indexof(fname) >= 0) error("Duplicate group");
+  integerfield(fgroup, "Bad group number");
+  integerfield(fhc, "Bad HC");
+  if (fstore.optgetgroupgrpnr(fgroup) >= 1) error("Group number not unique");
+  std::string_view text;
+  fscanner.restofline(text);
+  fstore.addgroup(fname, std::make_unique<tgroupobj>(fgroup, fhc, text));
+  nextline();
+}
+
+// marks = { name text } , one on each continuation line; a line without a name ends them.
+void tdefinitionreader::marks(tdeprecation ownname, tdeprecation itssynonym) {
+  while (nextcontinuation()) {
+    std::string_view word;
+    fscanner.nexttoken(word);
+    if (word.empty()) {
+      nextline();
+      return;
+    }
+    toption* option = fstore.getobjects(fstore.optlookup(word));
+    tdeprecation kind = ownname;
+    if (option == nullptr) {
+      const std::int32_t synonym = fstore.synonyms().indexof(word);
+      if (synonym >= 0) option = fstore.synonymtarget(synonym);
+      kind = itssynonym;
+    }
+    if (option == nullptr) {
+      error(concat("Deprecated option ", quoted(word), " is undefined"));
+      continue;
+    }
+    std::string_view text;
+    fscanner.restofline(text);
+    option->setdeprecated(kind, text);
+  }
+}
+
+// The name is the keyword with which indicator lines of parameter files begin.
+void tdefinitionreader::indicator() {
+  if (!fstore.dotname().empty()) error("Indicator redefined");
+  if (fname.size() > maxidentifier) error(concat("Indicator ", quoted(fname), " not a good identifier"));
+  fstore.declareindicator(fname);
+  nextline();
+}
+
+// The name is that of the lookup mode.
+void tdefinitionreader::lookup() {
+  bool isknown = false;
+  for (std::size_t mode = 0; mode < lookupmodenames.size() && !isknown; ++mode) {
+    isknown = struequal(fname, lookupmodenames[mode]);
+    if (isknown) fstore.setlookupmode(static_cast<tlookupmode>(mode));
+  }
+  if (!isknown) error(concat("Unknown lookup code ", quoted(fname)));
+  nextline();
+}
+
+namespace {
+
+// Characters that values and identifiers are made of start no comment.
+bool startscomment(char character) {
+  constexpr std::string_view others = "\"'+-.";
+  return static_cast<unsigned char>(character) > ' ' && !isdigit(character) && !isletter(character) &&
+         others.find(character) == std::string_view::npos;
+}
+
+}  // namespace
+
+// eolcomm = { character } , up to the first one that cannot start a comment.
+void tdefinitionreader::eolcomm() {
+  std::string_view text;
+  fscanner.restofline(text);
+  tcharset set;
+  for (const char character : text) {
+    if (!startscomment(character)) break;
+    set.set(static_cast<unsigned char>(character));
+  }
+  fstore.seteolcommset(set);
+  nextline();
+}
+
+}  // namespace wexcorin

@@ -1,0 +1,270 @@
+// Reads a definition file: lines, names, types and the fields of options. Continuation lines and the other kinds
+// of definitions are in definitionblocks.cpp.
+#include "input/definitionreader.h"
+
+#include <array>
+
+#include "base/systemerror.h"
+#include "input/activesource.h"
+
+namespace wexcorin {
+
+std::int32_t tvksoptions::optreaddefinition(std::string_view filename) {
+  setfilename(filename);
+  tminiparser scanner(fmessages.echotarget(), fecho, tcharset());
+  if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
+    addmessage(tmsgkind::defineerror, concat("Cannot open option file ", quoted(filename)));
+    addmessage(tmsgkind::defineerror,
+               concat("Error code = ", inttostr(code).view(), "; ", systemerrortext(code)));
+    return code;
+  }
+  const tactivesource active(*this, scanner);
+  tdefinitionreader(*this, scanner).read();
+  if (const std::int32_t code = scanner.readerror(); code != 0) {
+    addmessage(tmsgkind::defineerror, concat("Cannot read option file ", quoted(filename)));
+    addmessage(tmsgkind::defineerror,
+               concat("Error code = ", inttostr(code).view(), "; ", systemerrortext(code)));
+  }
+  return 0;
+}
+
+// definitionfile = { definition } .
+void tdefinitionreader::read() {
+  addhelpoption();
+  fstore.setdefinitionend({});
+  nextline();
+  while (fmore) definition();
+}
+
+// The one option that every definition has.
+void tdefinitionreader::addhelpoption() {
+  auto help = std::make_unique<timmediateoption>(toptionhead{"Help", &fstore, 0, 0, 0, {}}, timmkind::help);
+  help->setsubtype(tsubtype::optional);
+  fstore.addoption(std::move(help));
+}
+
+// The line that is being read cannot begin a definition: it and what follows it are not read.
+void tdefinitionreader::endearly() {
+  fstore.setdefinitionend({fscanner.linenr(), true});
+  fmore = false;
+}
+
+void tdefinitionreader::error(std::string_view problem) {
+  const bool namesoption = !fname.empty() && problem.find("synonym") == std::string_view::npos;
+  fstore.addmessage(tmsgkind::defineerror, concat(problem, namesoption ? " for option " : "", quoted(fname)));
+}
+
+// definition = [ "." ] name type [ "." modifier ] rest .
+void tdefinitionreader::definition() {
+  if (!name()) return endearly();
+  const tkeyword keyword = type();
+  if (keyword <= tkeyword::immediate)
+    option(keyword);
+  else
+    rest(keyword);
+}
+
+// A name that begins with a period is that of a dot option.
+bool tdefinitionreader::name() {
+  const bool isdotted = fscanner.ch() == '.';
+  if (isdotted) fscanner.nextch();
+  std::string_view identifier;
+  if (!fscanner.nextident(identifier)) return false;
+  fname = concat(isdotted ? "." : "", identifier);
+  if (isdotted && identifier.size() > maxidentifier) error("Identifier too long");
+  return true;
+}
+
+tdefinitionreader::tkeyword tdefinitionreader::type() {
+  std::string_view word;
+  fscanner.nexttoken(word);
+  const std::size_t period = word.rfind('.');
+  if (period == std::string_view::npos)
+    fmodifier = tsubtype::required;
+  else
+    modifier(word.substr(period + 1));
+  const tkeyword keyword = findkeyword(word.substr(0, period));
+  if (fmodifier != tsubtype::required && keyword > tkeyword::enumint) error("Type modifier not allowed");
+  if (keyword <= tkeyword::immediate) {
+    if (fstore.optionasobj(fname) != nullptr) error("Duplicate option");
+    if (keyword == tkeyword::macro || keyword == tkeyword::immediate)
+      fusermap = -1;
+    else
+      integerfield(fusermap, "Bad usermap value");
+  }
+  if (keyword == tkeyword::unknown) error(concat("Unknown option type ", quoted(word.substr(0, period))));
+  return keyword;
+}
+
+void tdefinitionreader::modifier(std::string_view word) {
+  for (std::size_t code = ordinal(tsubtype::novalue); code < subtypemodifiers.size(); ++code) {
+    if (struequal(word, subtypemodifiers[code])) {
+      fmodifier = static_cast<tsubtype>(code);
+      return;
+    }
+  }
+  error(concat("Unknown type modifier = ", uppercase(word).view()));
+}
+
+tdefinitionreader::tkeyword tdefinitionreader::findkeyword(std::string_view word) {
+  static constexpr std::array<std::string_view, 7> others = {"synonym",   "group",  "deprecated", "obsolete",
+                                                             "indicator", "lookup", "eolcomm"};
+  static_assert(opttypenames.size() == static_cast<std::size_t>(tkeyword::synonym));
+  std::int32_t code = 0;
+  for (const std::string_view keyword : opttypenames) {
+    if (struequal(word, keyword)) return static_cast<tkeyword>(code);
+    ++code;
+  }
+  for (const std::string_view keyword : others) {
+    if (struequal(word, keyword)) return static_cast<tkeyword>(code);
+    ++code;
+  }
+  return tkeyword::unknown;
+}
+
+// Every branch moves on to the line after the definition.
+void tdefinitionreader::option(tkeyword keyword) {
+  switch (keyword) {
+    case tkeyword::integer: return integeroption();
+    case tkeyword::dbl: return dbloption();
+    case tkeyword::string: return stringoption();
+    case tkeyword::boolean: return booleanoption();
+    case tkeyword::enumstr: return enumstroption();
+    case tkeyword::enumint: return enumintoption();
+    case tkeyword::multilist: return multilistoption();
+    case tkeyword::strlist: return strlistoption();
+    case tkeyword::macro: return macrooption();
+    case tkeyword::immediate: return immediateoption();
+    case tkeyword::unknown:
+    case tkeyword::synonym:
+    case tkeyword::group:
+    case tkeyword::deprecated:
+    case tkeyword::obsolete:
+    case tkeyword::indicator:
+    case tkeyword::lookup:
+    case tkeyword::eolcomm: break;
+  }
+  nextline();
+}
+
+// ---- fields
+
+void tdefinitionreader::integerfield(std::int32_t& field, std::string_view problem) {
+  if (!fscanner.nextinteger(field)) error(problem);
+}
+
+void tdefinitionreader::doublefield(double& field, std::string_view problem) {
+  if (!fscanner.nextdouble(field)) error(problem);
+}
+
+// The fields with which every option ends.
+void tdefinitionreader::hcandgroup(std::string_view hcproblem) {
+  integerfield(fhc, hcproblem);
+  integerfield(fgroup, "Bad Group value");
+}
+
+toptionhead tdefinitionreader::head() {
+  std::string_view text;
+  fscanner.restofline(text);
+  return {fname, &fstore, fusermap, fhc, fgroup, text};
+}
+
+// Makes the option of the line whose fields have been read; the text is read last.
+template <class tclass, class... targuments>
+std::unique_ptr<tclass> tdefinitionreader::make(const targuments&... arguments) {
+  return std::make_unique<tclass>(head(), arguments...);
+}
+
+// ---- option = fields text { continuation } .
+
+void tdefinitionreader::integeroption() {
+  integerfield(fdefault, "Bad default value");
+  integerfield(flow, "Bad low value");
+  integerfield(fhigh, "Bad high value");
+  hcandgroup("Bad HC value");
+  if (!(flow <= fdefault && fdefault <= fhigh)) error("Default not in range");
+  auto option = make<tintoption>(fdefault, flow, fhigh);
+  option->setsubtype(fmodifier);
+  helplines(fstore.addoption(std::move(option)));
+}
+
+void tdefinitionreader::dbloption() {
+  doublefield(fdbldefault, "Bad default value");
+  doublefield(fdbllow, "Bad low value");
+  doublefield(fdblhigh, "Bad high value");
+  hcandgroup("Bad HC");
+  if (!(fdbldefault >= fdbllow && fdblhigh >= fdbldefault)) error("Default not in range");
+  auto option = make<tdbloption>(fdbldefault, fdbllow, fdblhigh);
+  option->setsubtype(fmodifier);
+  helplines(fstore.addoption(std::move(option)));
+}
+
+// A default that is missing is the empty text.
+void tdefinitionreader::stringoption() {
+  std::string_view word;
+  fscanner.nexttoken(word);
+  hcandgroup("Bad HC");
+  fstore.addoption(make<tstringoption>(word));
+  nextline();
+}
+
+void tdefinitionreader::booleanoption() {
+  integerfield(fdefault, "Bad default value");
+  hcandgroup("Bad HC");
+  auto option = make<tbooleanoption>(fdefault);
+  option->setsubtype(fmodifier);
+  helplines(fstore.addoption(std::move(option)));
+}
+
+void tdefinitionreader::enumstroption() {
+  std::string_view word;
+  if (!fscanner.nexttoken(word)) error("Bad default string");
+  hcandgroup("Bad HC");
+  auto option = make<tenumstroption>(word);
+  option->setsubtype(fmodifier);
+  enumstrvalues(as<tenumstroption>(fstore.addoption(std::move(option))));
+}
+
+// Added to the store only after its values.
+void tdefinitionreader::enumintoption() {
+  integerfield(fdefault, "Bad default value");
+  hcandgroup("Bad HC");
+  auto option = make<tenumintoption>(fdefault);
+  option->setsubtype(fmodifier);
+  enumintvalues(*option);
+  fstore.addoption(std::move(option));
+}
+
+void tdefinitionreader::multilistoption() {
+  hcandgroup("Bad HC");
+  multilistmembers(as<tmultilistoption>(fstore.addoption(make<tmultilistoption>())));
+}
+
+void tdefinitionreader::strlistoption() {
+  hcandgroup("Bad HC");
+  fstore.addoption(make<tstrlistoption>());
+  nextline();
+}
+
+// Added to the store only after its members.
+void tdefinitionreader::macrooption() {
+  hcandgroup("Bad HC");
+  auto option = make<tmacrooption>();
+  macromembers(*option);
+  fstore.addoption(std::move(option));
+}
+
+void tdefinitionreader::immediateoption() {
+  std::string_view word;
+  if (!fscanner.nexttoken(word)) error("immediate type expected");
+  hcandgroup("Bad HC");
+  bool isknown = false;
+  for (std::size_t kind = 0; kind < immkindnames.size() && !isknown; ++kind) {
+    isknown = struequal(word, immkindnames[kind]);
+    if (isknown) fstore.addoption(make<timmediateoption>(static_cast<timmkind>(kind)));
+  }
+  if (!isknown) error("Unknown immediate option");
+  nextline();
+}
+
+}  // namespace wexcorin

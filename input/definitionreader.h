@@ -1,0 +1,123 @@
+// Reads a definition file into a store. Every problem is a message; none ends the reading but a line that no
+// definition can begin with.
+//
+//   definitionfile = { definition } .
+//   definition     = [ "." ] name type [ "." modifier ] rest .
+//   rest           = option | synonym | group | marks | indicator | lookup | eolcomm .
+//   option         = fields text { continuation } .
+//
+// Definitions begin in the first column; continuation lines begin with a blank. Empty lines and lines that begin
+// with "*" are passed over by the scanner.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "input/miniparser.h"
+#include "options/vksoptions.h"
+
+namespace wexcorin {
+
+class tdefinitionreader {
+ public:
+  // Both must outlive the reader; the scanner has its file open.
+  tdefinitionreader(tvksoptions& store, tminiparser& scanner) : fstore(store), fscanner(scanner) {}
+
+  void read();
+
+ private:
+  // The words after a name, in the order of their codes: the option types first.
+  enum class tkeyword : std::int32_t {
+    unknown = -1,
+    integer,
+    dbl,
+    string,
+    boolean,
+    enumstr,
+    enumint,
+    multilist,
+    strlist,
+    macro,
+    immediate,
+    synonym,
+    group,
+    deprecated,
+    obsolete,
+    indicator,
+    lookup,
+    eolcomm
+  };
+  static tkeyword findkeyword(std::string_view word);
+
+  // ---- lines
+  bool nextline() { return fmore = fscanner.nextline(); }
+  // Moves to the next line; true if it continues the definition.
+  bool nextcontinuation() { return nextline() && fscanner.ch() == ' '; }
+  void endearly();
+
+  // ---- the grammar, top down
+  void addhelpoption();
+  void definition();
+  bool name();
+  tkeyword type();
+  void modifier(std::string_view word);
+  void option(tkeyword keyword);
+  void rest(tkeyword keyword);
+
+  void integeroption();
+  void dbloption();
+  void stringoption();
+  void booleanoption();
+  void enumstroption();
+  void enumintoption();
+  void multilistoption();
+  void strlistoption();
+  void macrooption();
+  void immediateoption();
+  void helplines(toption& option);
+  void enumstrvalues(tenumstroption& option);
+  void enumintvalues(tenumintoption& option);
+  void multilistmembers(tmultilistoption& option);
+  void macromembers(tmacrooption& option);
+
+  void synonym();
+  void group();
+  void marks(tdeprecation ownname, tdeprecation itssynonym);
+  void indicator();
+  void lookup();
+  void eolcomm();
+
+  // ---- fields
+  void integerfield(std::int32_t& field, std::string_view problem);
+  void doublefield(double& field, std::string_view problem);
+  void hcandgroup(std::string_view hcproblem);
+  toptionhead head();
+  template <class tclass, class... targuments>
+  std::unique_ptr<tclass> make(const targuments&... arguments);
+  void adddefined(std::unique_ptr<toption> option);
+
+  // Files a definition error with the name of the definition at its end.
+  void error(std::string_view problem);
+
+  tvksoptions& fstore;
+  tminiparser& fscanner;
+  bool fmore = false;  // the scanner stands on a line that is still to be read
+
+  // What was read last. Lines leave these fields as they are where a token is missing, so that the value of an
+  // earlier line stands.
+  shortstring fname;
+  tsubtype fmodifier = tsubtype::required;
+  std::int32_t fusermap = 0;
+  std::int32_t fdefault = 0;
+  std::int32_t flow = 0;
+  std::int32_t fhigh = 0;
+  double fdbldefault = 0.0;
+  double fdbllow = 0.0;
+  double fdblhigh = 0.0;
+  std::int32_t fhc = 0;
+  std::int32_t fgroup = 0;
+  std::int32_t fenumvalue = 0;
+};
+
+}  // namespace wexcorin

@@ -1,0 +1,169 @@
+// Dot lines and indicator lines of parameter text. A line with an error leaves no entry behind.
+#include "input/parameterreader.h"
+#include "options/checkboolean.h"
+
+namespace wexcorin {
+
+// ---- elements = "(" element { "," element } ")" , or in [] or {} .
+
+// Skips an opening bracket, if one comes next, and tells the one that closes it.
+bool tparameterreader::opensbracket(char& closer) {
+  for (const std::string_view brackets : {"()", "[]", "{}"}) {
+    closer = brackets[1];
+    if (fscanner.skiptochar(brackets[0])) return true;
+  }
+  return false;
+}
+
+// Steps over what follows an element. False at anything but a comma, after which there is more, or the closer.
+bool tparameterreader::nextelement(char closer, bool& more) {
+  more = fscanner.skiptochar(',');
+  return more || fscanner.skiptochar(closer);
+}
+
+// ---- dotline = "." identifier [ elements ] [ "=" | ":=" ] value .
+
+bool tparameterreader::dotline() {
+  fscanner.nextch();
+  std::string_view identifier;
+  if (!fscanner.nextident(identifier)) {
+    error(concat(".suffix expected for key ", quoted(fkey)));
+    return true;
+  }
+  const shortstring suffix = concat(".", identifier);
+  const std::int32_t index = fstore.optlookup(suffix);
+  if (index < 0) {
+    error(concat("unknown .suffix ", quoted(suffix), " for key ", quoted(fkey)));
+    return true;
+  }
+  tdotobjlist& entries = fstore.dotoptions();
+  const std::int32_t errorsbefore = fstore.errorcount();
+  const std::int32_t entriesbefore = entries.count();
+  dotentry(index);
+  if (fstore.errorcount() > errorsbefore) {
+    for (; entries.count() > entriesbefore; fstore.countdoterror()) entries.remove(entries.count() - 1);
+  }
+  return true;
+}
+
+void tparameterreader::dotentry(std::int32_t optionindex) {
+  fstore.dotoptions().addentry(fkey, optionindex);
+  if (!dotelements()) return;
+  fscanner.skipbecomes();
+  std::string_view text;
+  if (fscanner.nexttoken(text))
+    fstore.dotoptions().setvalue(text);
+  else
+    error(concat("Value expected for .option ", quoted(fkey)));
+}
+
+// False when the line is to be given up here.
+bool tparameterreader::dotelements() {
+  char closer = '\0';
+  bool more = opensbracket(closer);
+  while (more) {
+    shortstring element;
+    if (!fscanner.nextindex(element)) {
+      error(concat("Element expected for .option ", quoted(fkey)));
+      return false;
+    }
+    const char first = element.view()[0];
+    if (first != '*' && first != '\'' && first != '"') {
+      error(concat("Set name not allowed .option ", quoted(fkey)));
+      return false;
+    }
+    if (!fstore.dotoptions().addindex(element))
+      error(concat("Too many dimensions for .option ", quoted(fkey)));
+    if (!nextelement(closer, more))
+      error(concat("Closing bracket ", quoted({&closer, 1}), " expected for .option ", quoted(fkey)));
+  }
+  return true;
+}
+
+// ---- indicatorline = identifier [ elements ] "$" identifier [ elements ] [ "=" | ":=" ] boolean .
+
+bool tparameterreader::indicatorline() {
+  tindicatorlist& items = *fstore.indicators();
+  const std::int32_t errorsbefore = fstore.errorcount();
+  const std::int32_t itemsbefore = items.count();
+  if (!indicatorentry()) fscanner.skiptolineend();
+  if (fstore.errorcount() > errorsbefore) {
+    for (; items.count() > itemsbefore; fstore.countindicatorerror()) items.remove(items.count() - 1);
+  }
+  return true;
+}
+
+// False when the rest of the line is to be discarded.
+bool tparameterreader::indicatorentry() {
+  if (!equation()) return false;
+  const std::string_view name = fstore.indicators()->current().equation().name.view();
+  if (!fscanner.skiptochar('$')) {
+    error(concat("$ expected after equation identifier ", quoted(name)));
+    return false;
+  }
+  return variable() && indicatorvalue();
+}
+
+bool tparameterreader::equation() {
+  std::string_view name;
+  fscanner.skipbl();
+  if (!fscanner.nextident(name)) {
+    error("Equation ID expected for indicator");
+    return false;
+  }
+  tindicatorlist& items = *fstore.indicators();
+  items.addentry(name);
+  indicatorelements(name, [&](std::string_view element) { items.addequdim(element); });
+  return true;
+}
+
+// The message about a missing variable is the one about a missing equation.
+bool tparameterreader::variable() {
+  std::string_view name;
+  fscanner.skipbl();
+  if (!fscanner.nextident(name)) {
+    error("Equation ID expected for indicator");
+    return false;
+  }
+  if (name.size() > maxidentifier) error(concat("Variable ", quoted(name), " is not a good identifier"));
+  tindicatorlist& items = *fstore.indicators();
+  strassign(items.current().variable().name, name);
+  indicatorelements(name, [&](std::string_view element) { items.addvardim(element); });
+  return true;
+}
+
+// An error ends the elements of the identifier.
+template <class taddelement>
+void tparameterreader::indicatorelements(std::string_view name, taddelement addelement) {
+  char closer = '\0';
+  bool more = opensbracket(closer);
+  while (more) {
+    shortstring element;
+    if (!fscanner.nextindex(element))
+      return error(concat("Unique element expected for indicator id ", quoted(name)));
+    if (element.view() == "*") return error(concat("Universe not allowed for indicator id ", quoted(name)));
+    addelement(element.view());
+    if (!nextelement(closer, more))
+      error(concat("Closing bracket ", quoted({&closer, 1}), " expected for id ", quoted(name)));
+  }
+}
+
+bool tparameterreader::indicatorvalue() {
+  tindicatoritem& item = fstore.indicators()->current();
+  const std::string_view equation = item.equation().name.view();
+  fscanner.skipbecomes();
+  std::string_view text;
+  if (!fscanner.nexttoken(text)) {
+    error(concat("Boolean value expected for equation indicator ", quoted(equation)));
+    return false;
+  }
+  const tbooleanword word = checkboolean(text);
+  if (word == tbooleanword::neither) {
+    error(concat("Boolean value expected for equation indicator ", quoted(equation), ", Saw ", quoted(text)));
+    return false;
+  }
+  item.setvalue(word == tbooleanword::yes);
+  return true;
+}
+
+}  // namespace wexcorin

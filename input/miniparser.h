@@ -1,0 +1,109 @@
+// The text scanner under both readers. It reads one source (a file, a short string or a zero-terminated text) line
+// by line, keeps a current character, and offers the small readers of tokens. It knows characters, no grammar.
+//
+// Texts that it hands out are views of the current line, valid until the next line is read. A text of more than
+// 255 characters keeps its first 254 and its last one: once 255 are held, every further one takes the last place.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "base/strutilx.h"
+#include "base/vksobj.h"
+#include "input/linereader.h"
+#include "options/codes.h"
+#include "options/linesource.h"
+
+namespace wexcorin {
+
+class tminiparser final : public tlinesource {
+ public:
+  // What the current character is where there is none: the end of the line, and the end of the input.
+  static constexpr char endofline = '\n';
+  static constexpr char endofinput = '\x1a';
+
+  // `echolist` receives the lines while the echo switch is on; it is not owned. The characters of `commentset`
+  // start a comment that ends with the line.
+  tminiparser(txstringlist<tmsgkind>& echolist, bool echo, const tcharset& commentset);
+
+  // ---- sources: one of these is called once
+  // Returns 0 or the system's code. Reading begins with nextline.
+  std::int32_t fileopen(std::string_view filename);
+  // The text as the one line of the source. Of a short string 255 characters count. Both echo the line.
+  void readfromstr(std::string_view text);
+  void readfrompchar(const char* text);
+
+  // ---- lines and characters
+  // Moves to the next line and makes its first character current. In a file, empty lines and lines whose first
+  // character is "*" are passed over; the one line of a text in memory is there unless it is empty.
+  bool nextline();
+  // The next character: after the last one of a line endofline, and after that, in a file, the first one of the
+  // next line, else endofinput, which stays.
+  void nextch();
+  char ch() const noexcept { return fch; }
+  bool atlineend() const noexcept { return fch == endofline || fch == endofinput; }
+  void skiptolineend();
+
+  // ---- tokens, in the order of their complexity; the results say whether something was read
+  // Skips blanks, tabs and a comment. False at the end of the line.
+  bool skipbl();
+  // Letter { letter | digit | "_" }, or without the "_"; blanks are not skipped.
+  bool nextident(std::string_view& text);
+  bool nextidentx(std::string_view& text);
+  // { "-" | "/" } identifier, with the number of signs.
+  bool nextkey(std::string_view& text, std::int32_t& dashes);
+  // Up to a blank, tab or comma, or a text in double quotes. Empty and true before a comma, which stays.
+  bool nexttoken(std::string_view& text);
+  // A token as a number. Without a token the number stays as it was; a token that is none makes it 0.
+  bool nextinteger(std::int32_t& number);
+  bool nextdouble(double& number);
+  // An identifier, "*", or a quoted text with its quotes.
+  bool nextindex(shortstring& text);
+  // An optional "=" or ":=". False when nothing follows it on the line, or at a ":" without "=".
+  bool skipbecomes();
+  // Skips the character, or one of the set, if it comes next after blanks.
+  bool skiptochar(char character);
+  bool skiptochars(const tcharset& set, char& found);
+  // Everything up to the end of the line, without blanks and tabs at either end.
+  void restofline(std::string_view& text);
+  // Everything up to the end of the line or an end-of-line comment; nothing is skipped or trimmed.
+  std::string_view untilcomment();
+  // The same behind a double quote that is the current character: a comment begins only where an odd number of
+  // further double quotes came before.
+  std::string_view untilcommentafterquote();
+
+  // ---- what the store asks
+  std::int32_t linenr() const override { return flinenr; }
+  std::string_view sourcename() const override { return fsourcename.view(); }
+  void setecho(bool echo) override { fechoflag = echo; }
+  // The system's code of a read that failed in the middle of a file, else 0.
+  std::int32_t readerror() const noexcept { return ffile.readerror(); }
+
+ private:
+  enum class tmode : std::uint8_t { file, shortstring, pchar };
+
+  void flushecho(std::string_view line);
+  void setsource(tmode mode, std::string_view name, std::string_view text);
+  bool nextfileline();
+  void moveto(char* position) noexcept;
+  template <class tbelongs>
+  std::string_view collect(tbelongs belongs);
+  std::string_view taken(char* begin, std::size_t length) noexcept;
+  bool nextquotedtoken(std::string_view& text);
+
+  tlinereader ffile;
+  std::unique_ptr<char[]> ftext;  // the line of a text in memory
+  std::size_t ftextlength = 0;
+  char* fposition = nullptr;  // of the current character in the line
+  char* flineend = nullptr;
+  std::int32_t flinenr = 0;
+  tmode fmode = tmode::file;
+  char fch = endofinput;
+  bool fechoflag;
+  txstringlist<tmsgkind>& fecholist;
+  tcharset fcommentset;
+  heapstring fsourcename;
+};
+
+}  // namespace wexcorin

@@ -1,0 +1,287 @@
+// Reads parameter text: sources, statements, keys and values.
+#include "input/parameterreader.h"
+
+#include "base/systemerror.h"
+#include "input/activesource.h"
+#include "options/checkboolean.h"
+
+namespace wexcorin {
+
+namespace {
+
+// Most parameter files that may be open within each other, the first one included.
+constexpr std::int32_t deepestnesting = 9;
+
+class tnesting {
+ public:
+  explicit tnesting(std::int32_t& level) noexcept : flevel(level) { ++flevel; }
+  tnesting(const tnesting&) = delete;
+  tnesting& operator=(const tnesting&) = delete;
+  ~tnesting() { --flevel; }
+  bool toodeep() const noexcept { return flevel > deepestnesting; }
+
+ private:
+  std::int32_t& flevel;
+};
+
+shortstring errorcodetext(std::int32_t code) {
+  return concat("Error code = ", inttostr(code).view(), "; ", systemerrortext(code));
+}
+
+}  // namespace
+
+// ---- sources
+
+std::int32_t tvksoptions::optreadparameterfile(std::string_view filename) {
+  tminiparser scanner(fmessages.echotarget(), fecho, feolcommset);
+  if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
+    addmessage(tmsgkind::usererror, concat("Cannot open parameter file ", quoted(filename)));
+    addmessage(tmsgkind::usererror, errorcodetext(code));
+    return code;
+  }
+  const tactivesource active(*this, scanner);
+  addmessage(tmsgkind::fileenter, filename);
+  const tnesting nesting(fnestlevel);
+  if (nesting.toodeep())
+    addmessage(tmsgkind::usererror, "File nesting level too deep; file ignored");
+  else
+    tparameterreader(*this, scanner).parse();
+  if (const std::int32_t code = scanner.readerror(); code != 0) {
+    addmessage(tmsgkind::usererror, concat("Cannot read parameter file ", quoted(filename)));
+    addmessage(tmsgkind::usererror, errorcodetext(code));
+  }
+  addmessage(tmsgkind::fileleave, filename);
+  return 0;
+}
+
+void tvksoptions::optreadfromstr(std::string_view text) {
+  tminiparser scanner(fmessages.echotarget(), fecho, feolcommset);
+  scanner.readfromstr(text);
+  const tactivesource active(*this, scanner);
+  addmessage(tmsgkind::fileenter, "string");
+  tparameterreader(*this, scanner).parse();
+  addmessage(tmsgkind::fileleave, "string");
+}
+
+void tvksoptions::optreadfrompchar(const char* text) {
+  tminiparser scanner(fmessages.echotarget(), fecho, feolcommset);
+  scanner.readfrompchar(text);
+  const tactivesource active(*this, scanner);
+  addmessage(tmsgkind::fileenter, "pchar");
+  tparameterreader(*this, scanner).parse();
+  addmessage(tmsgkind::fileleave, "pchar");
+}
+
+// ---- statements
+
+// parametertext = { line } .
+// line          = { statement } .
+void tparameterreader::parse() {
+  while (fscanner.nextline())
+    while (statement()) continue;
+}
+
+bool tparameterreader::droprest() {
+  fscanner.skiptolineend();
+  return false;
+}
+
+// statement = [ "," ] key ( dotline | indicatorline | listvalue | immediate | ordinary ) .
+bool tparameterreader::statement() {
+  if (!fscanner.skipbl()) return false;
+  if (fscanner.ch() == ',') {
+    fscanner.nextch();
+    if (!fscanner.skipbl()) return false;
+  }
+  std::string_view identifier;
+  std::int32_t dashes = 0;
+  if (!fscanner.nextkey(identifier, dashes)) {
+    const char saw = fscanner.ch();
+    error(concat("Option keyword expected, saw ", quoted({&saw, fscanner.atlineend() ? 0U : 1U})));
+    return droprest();
+  }
+  fkey = concat(dashes >= 2 ? "--" : "", identifier);
+  const char separator = fscanner.ch();
+  if (!fscanner.atlineend() && separator != '.' && separator != ' ' && separator != '\t' &&
+      separator != '=') {
+    error(concat("Bad separator after key ", quoted(fkey)));
+    return droprest();
+  }
+  return dispatch(dashes);
+}
+
+bool tparameterreader::dispatch(std::int32_t dashes) {
+  if (dashes == 0 && fscanner.ch() == '.') return dotline();
+  if (dashes == 0 && !fstore.dotname().empty() && struequal(fkey, fstore.dotname())) return indicatorline();
+  toption* option = findoption();
+  if (fkey.view().substr(0, 2) == "--") {
+    if (option == nullptr)
+      option = &fstore.addoption(std::make_unique<tstrlistoption>(toptionhead{fkey, &fstore, 0, 0, 0, {}}));
+    return listvalue(*option);
+  }
+  if (option == nullptr) return unknownkey();
+  if (const auto* immediateoption = ifis<timmediateoption>(option)) return immediate(*immediateoption);
+  return ordinary(*option);
+}
+
+toption* tparameterreader::findoption() {
+  if (fstore.lookupmode() != tlookupmode::minos) return fstore.optionasobj(fkey);
+  // names are typed with blanks in this mode
+  if (fkey.view().find('_') != std::string_view::npos) return nullptr;
+  toption* option = fstore.optionasobj(fkey);
+  return option != nullptr ? option : findjoined();
+}
+
+// Up to three more words of the line may belong to the key.
+toption* tparameterreader::findjoined() {
+  toption* option = nullptr;
+  for (int words = 0; words < 3 && option == nullptr; ++words) {
+    std::string_view word;
+    if (!fscanner.skipbl() || !fscanner.nextidentx(word)) break;  // a sign, digit or period ends the key
+    fkey.append("_").append(word);
+    option = fstore.optionasobj(fkey);
+  }
+  return option;
+}
+
+bool tparameterreader::unknownkey() {
+  error(concat("Unknown option ", quoted(fkey)));
+  if (feolonly) return droprest();
+  std::string_view discarded;
+  fscanner.nexttoken(discarded);
+  return true;
+}
+
+// listvalue = [ "=" | ":=" ] value .
+bool tparameterreader::listvalue(toption& option) {
+  fscanner.skipbecomes();
+  std::string_view text;
+  if (feolonly)
+    fscanner.restofline(text);
+  else
+    fscanner.nexttoken(text);
+  option.setasstring(text);
+  return true;
+}
+
+// immediate = [ "=" | ":=" ] [ value ] .
+bool tparameterreader::immediate(const timmediateoption& option) {
+  fscanner.skipbecomes();
+  std::string_view text;
+  if (!fscanner.nexttoken(text)) {
+    if (option.immkind() == timmkind::help)
+      fstore.optshowhelp({});
+    else
+      error(concat("Value expected for immediate option ", quoted(fkey)));
+    return true;
+  }
+  switch (option.immkind()) {
+    case timmkind::eolflag: feolonly = checkboolean(text) != tbooleanword::no; break;
+    case timmkind::readfile: fstore.optreadparameterfile(text); break;
+    case timmkind::message: error(text); break;
+    case timmkind::nobounds: fstore.optnoboundsset(checkboolean(text) != tbooleanword::no); break;
+    case timmkind::help: fstore.optshowhelp(text); break;
+  }
+  return true;
+}
+
+// ---- ordinary options
+
+// ordinary = [ [ "=" | ":=" ] value [ value ] ] .
+bool tparameterreader::ordinary(toption& option) {
+  const tsubtype subtype = option.subtype();
+  if (subtype == tsubtype::novalue || (subtype == tsubtype::optional && !fscanner.skipbl())) {
+    if (allowsdeprecated(option)) option.usedefined();
+  } else if (!fscanner.skipbecomes()) {
+    error(concat("Value expected for key ", quoted(option.name())));
+  } else if (feolonly) {
+    eolvalue(option);
+  } else {
+    normalvalue(option);
+  }
+  return feolonly ? remainder() : true;
+}
+
+// In normal mode a value is a token.
+void tparameterreader::normalvalue(toption& option) {
+  const tvalue first = token();
+  if (option.subtype() == tsubtype::twovalues)
+    settwovalues(option, first, fscanner.skipbl() ? token() : tvalue());
+  else if (allowsdeprecated(option) && first.isread)
+    option.setasstring(first.text);
+}
+
+// In end-of-line mode a value, or the second of two, is the rest of the line.
+void tparameterreader::eolvalue(toption& option) {
+  if (option.subtype() == tsubtype::twovalues) {
+    const tvalue first = token();
+    settwovalues(option, first, restvalue());
+  } else {
+    const tvalue value = restvalue();
+    if (allowsdeprecated(option) && value.isread) option.setasstring(value.text);
+  }
+}
+
+bool tparameterreader::remainder() {
+  if (!fscanner.skipbl()) return false;
+  error("Remainder of line ignored");
+  return droprest();
+}
+
+// A value of "*" leaves that value as it is; a single value sets both.
+void tparameterreader::settwovalues(toption& option, const tvalue& first, const tvalue& second) {
+  if (!allowsdeprecated(option)) return;
+  if (first.isread && first.text != "*") {
+    option.setasstring(first.text);
+    if (!second.isread) option.setasstring2(first.text);
+  }
+  if (second.isread && second.text != "*") option.setasstring2(second.text);
+}
+
+// Files a warning when the option's name, or its synonyms, as whichever it was called, are on their way out.
+// False when the name or the synonyms are obsolete: the value is not taken.
+bool tparameterreader::allowsdeprecated(const toption& option) {
+  if (!option.hasdeprecation()) return true;
+  const bool ownname = struequal(fkey, option.name());
+  const bool isdeprecated =
+      option.hasdeprecation(ownname ? tdeprecation::deprecated : tdeprecation::deprecatedsynonym);
+  const bool isobsolete =
+      option.hasdeprecation(ownname ? tdeprecation::obsolete : tdeprecation::obsoletesynonym);
+  if (!isdeprecated && !isobsolete) return true;
+  const bool anydeprecated = option.hasdeprecation(tdeprecation::deprecated) ||
+                             option.hasdeprecation(tdeprecation::deprecatedsynonym);
+  fstore.addmessage(tmsgkind::deprecated,
+                    concat(anydeprecated ? "deprecated" : "obsolete", ownname ? " option " : " synonym ",
+                           quoted(fkey), "; ", ownname ? option.deprecatedmsg() : option.deprecatedmsg2()));
+  return !isobsolete;
+}
+
+// ---- values
+
+tparameterreader::tvalue tparameterreader::token() {
+  tvalue value;
+  value.isread = fscanner.nexttoken(value.text);
+  return value;
+}
+
+// The rest of the line up to a comment. A text that begins with a double quote loses it and the one at its end;
+// where that is missing one is added, so that the setters refuse the text.
+tparameterreader::tvalue tparameterreader::restvalue() {
+  tvalue value;
+  if (!fscanner.skipbl()) return value;
+  value.isread = true;
+  if (fscanner.ch() != '"') {
+    value.text = trim(fscanner.untilcomment());
+  } else {
+    std::string_view text = trim(fscanner.untilcommentafterquote());
+    if (!text.empty() && text.back() == '"')
+      text.remove_suffix(1);
+    else
+      text = fresttext.assign(text).append("\"");
+    value.text = trim(text);
+  }
+  fscanner.skiptolineend();
+  return value;
+}
+
+}  // namespace wexcorin

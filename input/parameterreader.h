@@ -1,0 +1,86 @@
+// Reads parameter text into a store: a file, a short string or a zero-terminated text. Every problem is a message;
+// the reading goes on with the next statement or line.
+//
+//   parametertext = { line } .
+//   line          = { statement } .
+//   statement     = [ "," ] key ( dotline | indicatorline | listvalue | immediate | ordinary ) .
+//   key           = { "-" | "/" } identifier .
+//   listvalue     = [ "=" | ":=" ] value .
+//   immediate     = [ "=" | ":=" ] [ value ] .
+//   ordinary      = [ [ "=" | ":=" ] value [ value ] ] .
+//   dotline       = "." identifier [ elements ] [ "=" | ":=" ] value .
+//   indicatorline = identifier [ elements ] "$" identifier [ elements ] [ "=" | ":=" ] boolean .
+//   elements      = "(" element { "," element } ")" , or in [] or {} .
+//
+// In normal mode a value is one token and statements follow each other on a line; in end-of-line mode a value is
+// the rest of the line.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "input/miniparser.h"
+#include "options/vksoptions.h"
+
+namespace wexcorin {
+
+class tparameterreader {
+ public:
+  // Both must outlive the reader.
+  tparameterreader(tvksoptions& store, tminiparser& scanner)
+      : fstore(store), fscanner(scanner), feolonly(store.eolonly()) {}
+
+  void parse();
+
+ private:
+  // A value that may not be there; there and empty is not the same as not there.
+  struct tvalue {
+    bool isread = false;
+    std::string_view text;
+  };
+
+  // ---- the grammar: each answers whether the statements of the line go on
+  bool statement();
+  bool dispatch(std::int32_t dashes);
+  bool dotline();
+  bool indicatorline();
+  bool listvalue(toption& option);
+  bool immediate(const timmediateoption& option);
+  bool ordinary(toption& option);
+  bool unknownkey();
+
+  void novalue(toption& option);
+  void normalvalue(toption& option);
+  void eolvalue(toption& option);
+  bool remainder();
+
+  toption* findoption();
+  toption* findjoined();
+  bool allowsdeprecated(const toption& option);
+  void settwovalues(toption& option, const tvalue& first, const tvalue& second);
+  tvalue token();
+  tvalue restvalue();
+
+  // ---- dot lines and indicator lines (entrylines.cpp)
+  void dotentry(std::int32_t optionindex);
+  bool dotelements();
+  bool indicatorentry();
+  bool equation();
+  bool variable();
+  bool indicatorvalue();
+  bool opensbracket(char& closer);
+  bool nextelement(char closer, bool& more);
+  template <class taddelement>
+  void indicatorelements(std::string_view name, taddelement addelement);
+
+  bool droprest();
+  void error(std::string_view text) { fstore.addmessage(tmsgkind::usererror, text); }
+
+  tvksoptions& fstore;
+  tminiparser& fscanner;
+  bool feolonly;          // the running mode; an immediate option may change it
+  shortstring fkey;       // of the statement, without signs or with exactly two dashes
+  shortstring fresttext;  // a value of the statement that is not part of the line as it stands
+};
+
+}  // namespace wexcorin

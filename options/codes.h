@@ -1,0 +1,91 @@
+// The code tables that the library, definition files and clients share: option types, data types, sub-types,
+// message kinds, immediate kinds, lookup modes and deprecation kinds, each with its names in code order.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace wexcorin {
+
+enum class topttype : std::uint8_t {
+  integer,
+  dbl,
+  string,
+  boolean,
+  enumstr,
+  enumint,
+  multilist,
+  strlist,
+  macro,
+  immediate
+};
+inline constexpr std::array<std::string_view, 10> opttypenames = {
+    "integer", "double",    "string",  "boolean", "enumstr",
+    "enumint", "multilist", "strlist", "macro",   "immediate"};
+inline constexpr std::array<std::string_view, 10> opttypeconstnames = {
+    "optTypeInteger", "optTypeDouble",    "optTypeString",  "optTypeBoolean", "optTypeEnumStr",
+    "optTypeEnumInt", "optTypeMultiList", "optTypeStrList", "optTypeMacro",   "optTypeImmediate"};
+
+// What kind of value an option holds.
+enum class tdatatype : std::uint8_t { none, integer, dbl, string, strlist };
+inline constexpr std::array<std::string_view, 5> datatypeconstnames = {
+    "optDataNone", "optDataInteger", "optDataDouble", "optDataString", "optDataStrList"};
+inline constexpr std::array<tdatatype, 10> datatypeofopttype = {
+    tdatatype::integer, tdatatype::dbl,  tdatatype::string,  tdatatype::integer, tdatatype::string,
+    tdatatype::integer, tdatatype::none, tdatatype::strlist, tdatatype::none,    tdatatype::none};
+
+// What must follow an option's key; the modifiers of the definition file name all but the first.
+enum class tsubtype : std::uint8_t { required, novalue, optional, twovalues };
+inline constexpr std::array<std::string_view, 4> subtypeconstnames = {"optsubRequired", "optsubNoValue",
+                                                                      "optsubOptional", "optsub2Values"};
+inline constexpr std::array<std::string_view, 4> subtypemodifiers = {"", "NV", "OPT", "TWO"};
+
+enum class tmsgkind : std::int32_t {
+  inputecho,
+  help,
+  defineerror,
+  valueerror,
+  valuewarning,
+  deprecated,
+  fileenter,
+  fileleave,
+  toomanymsgs,
+  usererror
+};
+inline constexpr std::array<std::string_view, 10> msgkindconstnames = {
+    "optMsgInputEcho",  "optMsgHelp",      "optMsgDefineError", "optMsgValueError",  "optMsgValueWarning",
+    "optMsgDeprecated", "optMsgFileEnter", "optMsgFileLeave",   "optMsgTooManyMsgs", "optMsgUserError"};
+
+// What an immediate option does when it is met in parameter text.
+enum class timmkind : std::uint8_t { eolflag, readfile, message, nobounds, help };
+inline constexpr std::array<std::string_view, 5> immkindnames = {"EolFlag", "ReadFile", "Message", "NoBounds",
+                                                                 "Help"};
+
+// How the names of options are compared.
+enum class tlookupmode : std::uint8_t { normal, path, minos };
+inline constexpr std::array<std::string_view, 3> lookupmodenames = {"Normal", "Path", "Minos"};
+
+// How an option is on its way out: its own name, or its synonyms.
+enum class tdeprecation : std::uint8_t { deprecated, deprecatedsynonym, obsolete, obsoletesynonym };
+
+template <class tcode>
+constexpr std::size_t ordinal(tcode code) {
+  return static_cast<std::size_t>(code);
+}
+
+// Bits of the defined, defined-recently and out-of-bounds masks.
+inline constexpr std::int32_t firstvaluebit = 1;
+inline constexpr std::int32_t secondvaluebit = 2;
+constexpr std::int32_t valuebit(bool second) { return second ? secondvaluebit : firstvaluebit; }
+
+static_assert(opttypenames.size() == ordinal(topttype::immediate) + 1);
+static_assert(opttypeconstnames[ordinal(topttype::macro)] == "optTypeMacro");
+static_assert(datatypeofopttype[ordinal(topttype::strlist)] == tdatatype::strlist);
+static_assert(subtypemodifiers[ordinal(tsubtype::twovalues)] == "TWO");
+static_assert(msgkindconstnames[ordinal(tmsgkind::usererror)] == "optMsgUserError");
+static_assert(immkindnames[ordinal(timmkind::help)] == "Help");
+static_assert(lookupmodenames[ordinal(tlookupmode::minos)] == "Minos");
+
+}  // namespace wexcorin

@@ -1,0 +1,222 @@
+// Descriptions by number: options, enumeration items, synonyms, groups, and the names of codes.
+#include <span>
+
+#include "base/zqaaudit.h"
+#include "options/vksoptions.h"
+
+namespace wexcorin {
+
+// ---- options
+
+bool tvksoptions::optgetinfonr(std::int32_t nr, std::int32_t& defined, std::int32_t& definedr,
+                               std::int32_t& refnr, std::int32_t& datatype, std::int32_t& opttype,
+                               std::int32_t& subtype) const {
+  const toption* option = optionat(nr);
+  defined = option != nullptr ? option->defined() : 0;
+  definedr = option != nullptr ? option->definedr() : 0;
+  refnr = option != nullptr ? option->refnr() : 0;
+  datatype = option != nullptr ? static_cast<std::int32_t>(option->datatype()) : -1;
+  opttype = option != nullptr ? static_cast<std::int32_t>(option->opttype()) : -1;
+  subtype = option != nullptr ? static_cast<std::int32_t>(option->subtype()) : -1;
+  return option != nullptr;
+}
+
+bool tvksoptions::optgetdefinednr(std::int32_t nr, std::int32_t& defined) const {
+  const toption* option = optionat(nr);
+  defined = option != nullptr ? option->defined() : 0;
+  return option != nullptr;
+}
+
+bool tvksoptions::optgetnamenr(std::int32_t nr, ttextout& name) const {
+  const toption* option = optionat(nr);
+  name.set(option != nullptr ? option->getname() : shortstring());
+  return option != nullptr;
+}
+
+bool tvksoptions::optgethelpnr(std::int32_t nr, ttextout& name, ttextout& help) const {
+  const toption* option = optionat(nr);
+  name.set(option != nullptr ? option->name() : std::string_view());
+  help.set(option != nullptr ? option->helptext() : std::string_view());
+  return option != nullptr;
+}
+
+bool tvksoptions::optgetopthelpnr(std::int32_t nr, ttextout& name, std::int32_t& helpflag,
+                                  std::int32_t& group) const {
+  const toption* option = optionat(nr);
+  name.set(option != nullptr ? option->getname() : shortstring());
+  helpflag = option != nullptr ? option->helpflag() : -1;
+  group = option != nullptr ? option->groupnr() : -1;
+  return option != nullptr;
+}
+
+std::int32_t tvksoptions::optgetoptgroupnr(std::int32_t nr) const {
+  const toption* option = optionat(nr);
+  return option != nullptr ? option->groupnr() : -1;
+}
+
+bool tvksoptions::optgetdefaultstr(std::int32_t nr, ttextout& defaultvalue) const {
+  const auto* option = ifis<tstringoption>(optionat(nr));
+  defaultvalue.set(option != nullptr ? option->defaultvalue() : std::string_view());
+  return option != nullptr;
+}
+
+bool tvksoptions::optgetboundsint(std::int32_t nr, std::int32_t& lo, std::int32_t& hi,
+                                  std::int32_t& defaultvalue) const {
+  const auto* option = ifis<tintoption>(optionat(nr));
+  if (option == nullptr) return false;
+  lo = option->lo();
+  hi = option->hi();
+  defaultvalue = option->defaultvalue();
+  return true;
+}
+
+bool tvksoptions::optgetboundsdbl(std::int32_t nr, double& lo, double& hi, double& defaultvalue) const {
+  const auto* option = ifis<tdbloption>(optionat(nr));
+  if (option == nullptr) return false;
+  lo = option->lo();
+  hi = option->hi();
+  defaultvalue = option->defaultvalue();
+  return true;
+}
+
+// ---- enumeration items
+
+namespace {
+
+// What both kinds of enumeration have: a number of items, and help, an integer and a text for each.
+struct tenumitem {
+  const toptionx* help;
+  std::int32_t number;
+  tvaluetext text;
+};
+
+std::int32_t enumcount(const toption* option) {
+  if (const auto* enumstr = ifis<tenumstroption>(option)) return enumstr->items().count();
+  if (const auto* enumint = ifis<tenumintoption>(option)) return enumint->items().count();
+  return -1;
+}
+
+// Item `index`, counted from 1, which must be there.
+tenumitem enumitem(const toption& option, std::int32_t index) {
+  if (const auto* enumstr = ifis<tenumstroption>(&option)) {
+    const auto& items = enumstr->items();
+    return {items.getobject(index - 1), 0, items.getname(index - 1)};
+  }
+  const tlistoptionx* item = as<tenumintoption>(option).items().get(index - 1);
+  return {item, item->enumvalue(), inttostr(item->enumvalue())};
+}
+
+}  // namespace
+
+bool tvksoptions::optgetenumcount(std::int32_t nr, std::int32_t& count) const {
+  count = enumcount(optionat(nr));
+  return count >= 0;
+}
+
+bool tvksoptions::optgetenumvalue(std::int32_t nr, std::int32_t index, std::int32_t& ival,
+                                  ttextout& sval) const {
+  const toption* option = optionat(nr);
+  if (index < 1 || index > enumcount(option)) {
+    ival = -1;
+    sval.clear();
+    return false;
+  }
+  const tenumitem item = enumitem(*option, index);
+  ival = item.number;
+  sval.set(item.text);
+  return true;
+}
+
+bool tvksoptions::optgetenumhelp(std::int32_t nr, std::int32_t index, std::int32_t& helpflag,
+                                 ttextout& help) const {
+  const toption* option = optionat(nr);
+  if (index < 1 || index > enumcount(option)) {
+    helpflag = -1;
+    help.clear();
+    return false;
+  }
+  const tenumitem item = enumitem(*option, index);
+  helpflag = item.help->helpflag();
+  help.set(item.help->helptext());
+  return true;
+}
+
+// Position 0 for a current text that is none of the items.
+bool tvksoptions::optgetenumstrnr(std::int32_t nr, ttextout& value, std::int32_t& index) const {
+  const auto* option = ifis<tenumstroption>(optionat(nr));
+  index = option != nullptr ? option->items().indexof(option->value(false)) + 1 : -1;
+  value.set(option != nullptr ? option->value(false) : std::string_view());
+  return option != nullptr;
+}
+
+// ---- synonyms and groups
+
+bool tvksoptions::optgetsynonym(std::int32_t nr, ttextout& synonym, ttextout& name) const {
+  const bool found = nr >= 1 && nr <= fsynonyms.count();
+  synonym.set(found ? fsynonyms.getname(nr - 1) : std::string_view());
+  name.set(found ? getstrings(fsynonyms.getobject(nr - 1)) : std::string_view());
+  return found;
+}
+
+bool tvksoptions::optgetgroupnr(std::int32_t nr, ttextout& name, std::int32_t& groupnumber,
+                                std::int32_t& helpflag, ttextout& help) const {
+  const tgroupobj* group = nr >= 1 && nr <= fgroups.count() ? fgroups.getobject(nr - 1) : nullptr;
+  name.set(group != nullptr ? fgroups.getname(nr - 1) : std::string_view());
+  groupnumber = group != nullptr ? group->groupnumber() : 0;
+  helpflag = group != nullptr ? group->helpflag() : 0;
+  help.set(group != nullptr ? group->helptext() : std::string_view());
+  return group != nullptr;
+}
+
+std::int32_t tvksoptions::optgetgroupgrpnr(std::int32_t groupnumber) const {
+  const auto hash = [](std::int32_t number) { return static_cast<std::uint32_t>(number) * 0x9E3779B1U; };
+  const auto hasnumber = [this](std::int32_t number) {
+    return [this, number](std::int32_t position) {
+      return fgroups.getobject(position)->groupnumber() == number;
+    };
+  };
+  while (fgroupindex.indexedcount() < fgroups.count()) {
+    const std::int32_t number = fgroups.getobject(fgroupindex.indexedcount())->groupnumber();
+    fgroupindex.add(hash(number), hasnumber(number));
+  }
+  const std::int32_t position = fgroupindex.find(hash(groupnumber), hasnumber(groupnumber));
+  return position >= 0 ? position + 1 : -1;
+}
+
+// ---- names of codes
+
+namespace {
+
+bool namefrom(std::span<const std::string_view> names, std::int32_t index, ttextout& name) {
+  const bool found = index >= 0 && static_cast<std::size_t>(index) < names.size();
+  name.set(found ? names[static_cast<std::size_t>(index)] : std::string_view());
+  return found;
+}
+
+}  // namespace
+
+bool tvksoptions::optgetconstname(std::int32_t group, std::int32_t index, ttextout& name) {
+  switch (group) {
+    case 1: return namefrom(datatypeconstnames, index, name);
+    case 2: return namefrom(opttypeconstnames, index, name);
+    case 3: return namefrom(subtypeconstnames, index, name);
+    case 4:  // the last kind is the clients' own and not served
+      return namefrom(std::span(msgkindconstnames).first(ordinal(tmsgkind::usererror)), index, name);
+    default: name.clear(); return false;
+  }
+}
+
+bool tvksoptions::optgettypename(std::int32_t opttype, ttextout& name) {
+  return namefrom(opttypenames, opttype, name);
+}
+
+// ---- the definition and the library
+
+void tvksoptions::optdefinitionfile(ttextout& filename) const {
+  const std::string_view path = ffilename.view();
+  filename.set(path.substr(path.rfind('/') + 1));
+}
+
+void tvksoptions::optversion(ttextout& auditline) { auditline.set(zqagetauditline()); }
+
+}  // namespace wexcorin

@@ -1,0 +1,75 @@
+// Finding options by name in the three lookup modes.
+#include "options/lookup.h"
+
+#include <algorithm>
+
+#include "base/textcase.h"
+#include "options/toption.h"
+
+namespace wexcorin {
+
+tsignificantkey::tsignificantkey(tlookupmode mode, std::string_view name) noexcept {
+  name = name.substr(0, shortstring::capacity);
+  if (mode == tlookupmode::path)
+    addpath(name);
+  else
+    addminos(name);
+}
+
+void tsignificantkey::append(std::string_view text) noexcept {
+  for (const char character : text) fcharacters[flength++] = upchar(character);
+}
+
+// Three characters of every word, so the number of words shows in the length.
+void tsignificantkey::addpath(std::string_view name) noexcept {
+  constexpr std::size_t significant = 3;
+  for (std::size_t begin = 0; begin <= name.size();) {
+    const std::size_t end = std::min(name.find('_', begin), name.size());
+    if (end - begin < significant) {
+      fmatchable = false;
+      return;
+    }
+    append(name.substr(begin, significant));
+    begin = end + 1;
+  }
+}
+
+// The first three characters, underscores among them or not, with their number in front; then for every
+// underscore of the name the sign and up to four characters of the word behind it.
+void tsignificantkey::addminos(std::string_view name) noexcept {
+  const std::string_view first = name.substr(0, 3);
+  fcharacters[flength++] = static_cast<char>('0' + first.size());
+  append(first);
+  for (std::size_t sign = name.find('_'); sign != std::string_view::npos; sign = name.find('_', sign + 1)) {
+    const std::string_view word = name.substr(sign + 1, 4);
+    append("_");
+    append(word.substr(0, word.find('_')));
+  }
+}
+
+std::int32_t tlookup::find(tlookupmode mode, std::string_view name) const {
+  switch (mode) {
+    case tlookupmode::normal: return foptions.indexof(name);
+    case tlookupmode::path: return findsignificant(mode, name, fpathindex);
+    case tlookupmode::minos: return findsignificant(mode, name, fminosindex);
+  }
+  return -1;
+}
+
+std::int32_t tlookup::findsignificant(tlookupmode mode, std::string_view name, tnameindex& index) const {
+  const auto keyof = [&](std::int32_t position) { return tsignificantkey(mode, foptions.getname(position)); };
+  const auto haskey = [&](const tsignificantkey& key) {
+    return [&](std::int32_t position) { return keyof(position).view() == key.view(); };
+  };
+  while (index.indexedcount() < foptions.count()) {
+    const tsignificantkey key = keyof(index.indexedcount());
+    if (key.matchable())
+      index.add(struhash(key.view()), haskey(key));
+    else
+      index.skip();
+  }
+  const tsignificantkey key(mode, name);
+  return key.matchable() ? index.find(struhash(key.view()), haskey(key)) : -1;
+}
+
+}  // namespace wexcorin

@@ -1,0 +1,96 @@
+// Filing, counting and decoration of messages.
+#include "options/messages.h"
+
+#include "base/numtext.h"
+
+namespace wexcorin {
+
+namespace {
+
+constexpr std::int32_t maxmessages = 5000;
+
+// Whether messages of this kind name the line at which a reader stands.
+bool hasline(tmsgkind kind) noexcept {
+  switch (kind) {
+    case tmsgkind::inputecho:
+    case tmsgkind::help:
+    case tmsgkind::fileenter:
+    case tmsgkind::fileleave:
+    case tmsgkind::toomanymsgs: return false;
+    case tmsgkind::defineerror:
+    case tmsgkind::valueerror:
+    case tmsgkind::valuewarning:
+    case tmsgkind::deprecated:
+    case tmsgkind::usererror: return true;
+  }
+  return true;
+}
+
+}  // namespace
+
+// A note of leaving that directly follows its note of entering: reading what says nothing leaves no trace.
+bool tmessagelist::cancelsenternote(tmsgkind kind, std::string_view text) const noexcept {
+  if (kind != tmsgkind::fileleave || count() == 0) return false;
+  const std::int32_t last = count() - 1;
+  return ftexts.getobject(last) == tmsgkind::fileenter && ftexts.getname(last) == text;
+}
+
+void tmessagelist::add(tmsgkind kind, std::string_view text, std::int32_t linenr) {
+  if (cancelsenternote(kind, text))
+    ftexts.remove(count() - 1);
+  else if (count() == maxmessages)
+    append(tmsgkind::toomanymsgs, concat("Maximum of ", inttostr(maxmessages).view(), " messages reached"));
+  else if (count() > maxmessages)
+    return;
+  else if (linenr != 0 && hasline(kind))
+    append(kind, concat("line ", inttostr(linenr).view(), ": ", text));
+  else
+    append(kind, text);
+}
+
+void tmessagelist::append(tmsgkind kind, std::string_view text) {
+  ftexts.addobject(text, kind);
+  switch (kind) {
+    case tmsgkind::inputecho:
+    case tmsgkind::fileenter:
+    case tmsgkind::fileleave: break;
+    case tmsgkind::help: ++fhelplines; break;
+    case tmsgkind::valuewarning:
+    case tmsgkind::deprecated: ++fwarnings; break;
+    case tmsgkind::defineerror:
+    case tmsgkind::valueerror:
+    case tmsgkind::toomanymsgs:
+    case tmsgkind::usererror: ++ferrors; break;
+  }
+}
+
+shortstring tmessagelist::decorated(std::int32_t nr) const {
+  if (!isnumber(nr)) return concat("Bad message number = ", inttostr(std::int64_t{nr} - 1).view());
+  const std::string_view text = ftexts.getname(nr - 1);
+  switch (kind(nr)) {
+    case tmsgkind::inputecho: return concat(">> ", text);
+    case tmsgkind::defineerror: return concat("*** Definition Error ", text);
+    case tmsgkind::valueerror: return concat("*** Value Error ", text);
+    case tmsgkind::valuewarning:
+    case tmsgkind::deprecated: return concat("*** Warning ", text);
+    case tmsgkind::fileenter: return concat("Reading parameter(s) from ", quoted(text));
+    case tmsgkind::fileleave: return concat("Finished reading from ", quoted(text));
+    case tmsgkind::usererror: return concat("*** Error ", text);
+    case tmsgkind::help:
+    case tmsgkind::toomanymsgs: break;
+  }
+  return text;
+}
+
+tmsgkind tmessagelist::kind(std::int32_t nr) const noexcept {
+  return isnumber(nr) ? ftexts.getobject(nr - 1) : tmsgkind::usererror;
+}
+
+void tmessagelist::clear() {
+  ftexts.clear();
+  ferrors = 0;
+  fwarnings = 0;
+  fhelplines = 0;
+}
+
+}  // namespace wexcorin

@@ -1,0 +1,44 @@
+// The message list: everything that readers, setters and writers have to say, numbered in the order of filing.
+// Errors and warnings are counted as they are filed, so that asking costs nothing.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "base/vksobj.h"
+#include "options/codes.h"
+
+namespace wexcorin {
+
+class tmessagelist {
+ public:
+  // Files a message. `linenr`, if not 0, is the line to name in front of the text of errors and warnings.
+  void add(tmsgkind kind, std::string_view text, std::int32_t linenr);
+
+  // The text as the client sees it; a number outside 1 .. count gives a text that says so.
+  shortstring decorated(std::int32_t nr) const;
+  // 9 for a number outside 1 .. count.
+  tmsgkind kind(std::int32_t nr) const noexcept;
+
+  void clear();
+  std::int32_t count() const noexcept { return ftexts.count(); }
+  std::int32_t errors() const noexcept { return ferrors; }
+  std::int32_t warnings() const noexcept { return fwarnings; }
+  // What the setters compare before and after: errors and lines of help.
+  std::int32_t errorcount() const noexcept { return ferrors + fhelplines; }
+
+  // Where a scanner puts the lines that it echoes. They bypass filing and with it the limit.
+  txstringlist<tmsgkind>& echotarget() noexcept { return ftexts; }
+
+ private:
+  void append(tmsgkind kind, std::string_view text);
+  bool cancelsenternote(tmsgkind kind, std::string_view text) const noexcept;
+  bool isnumber(std::int32_t nr) const noexcept { return nr >= 1 && nr <= count(); }
+
+  txstringlist<tmsgkind> ftexts;
+  std::int32_t ferrors = 0;
+  std::int32_t fwarnings = 0;
+  std::int32_t fhelplines = 0;
+};
+
+}  // namespace wexcorin

@@ -1,0 +1,81 @@
+// Values by option name or synonym, and the texts of string-list options.
+#include "options/vksoptions.h"
+
+namespace wexcorin {
+
+bool tvksoptions::optgetvalstr(std::string_view name, ttextout& value) {
+  const toption* option = optionasobj(name);
+  value.set(option != nullptr ? option->getasstring() : tvaluetext());
+  return option != nullptr;
+}
+
+bool tvksoptions::optgetval2str(std::string_view name, ttextout& value) {
+  const toption* option = optionasobj(name);
+  const bool hastwo = option != nullptr && option->subtype() == tsubtype::twovalues;
+  value.set(hastwo ? option->getasstring2() : tvaluetext());
+  return hastwo;
+}
+
+tvaluetext tvksoptions::getasstring(std::string_view name) {
+  const toption* option = optionasobj(name);
+  return option != nullptr ? option->getasstring() : tvaluetext();
+}
+
+void tvksoptions::setasstring(std::string_view name, std::string_view text) {
+  if (toption* option = optionasobj(name)) option->setasstring(text);
+}
+
+// ---- string lists
+
+namespace {
+
+constexpr std::int32_t wrongtype = -1;
+constexpr std::int32_t unknownname = -2;
+
+std::int32_t notalist(const toption* option) { return option == nullptr ? unknownname : wrongtype; }
+
+}  // namespace
+
+std::int32_t tvksoptions::optlistcountstr(std::string_view name) {
+  const toption* option = optionasobj(name);
+  const auto* list = ifis<tstrlistoption>(option);
+  return list != nullptr ? list->itemcount() : notalist(option);
+}
+
+std::int32_t tvksoptions::optreadfromliststr(std::string_view name, std::int32_t index, ttextout& value) {
+  const toption* option = optionasobj(name);
+  const auto* list = ifis<tstrlistoption>(option);
+  if (list != nullptr && index >= 1 && index <= list->itemcount()) {
+    value.set(list->item(index - 1));
+    return 1;
+  }
+  value.clear();
+  return list != nullptr ? 0 : notalist(option);
+}
+
+std::int32_t tvksoptions::optgetfromliststr(std::string_view name, ttextout& value) {
+  toption* option = optionasobj(name);
+  auto* list = ifis<tstrlistoption>(option);
+  if (list != nullptr && list->itemcount() > 0) {
+    value.set(list->takefirst());
+    return 1;
+  }
+  value.clear();
+  return list != nullptr ? 0 : notalist(option);
+}
+
+// A flag other than 0 asks for lists whose names begin with two dashes, 0 for the others. The name is that of the
+// last list looked at, taken or not.
+bool tvksoptions::optgetfromanystrlist(std::int32_t flag, ttextout& name, ttextout& value) {
+  for (std::int32_t i = 0; i < getcount(); ++i) {
+    auto* list = ifis<tstrlistoption>(foptions.getobject(i));
+    if (list == nullptr || list->itemcount() == 0) continue;
+    name.set(list->name());
+    if ((list->name().substr(0, 2) == "--") != (flag != 0)) continue;
+    value.set(list->takefirst());
+    return true;
+  }
+  return false;
+}
+
+}  // namespace wexcorin

@@ -1,0 +1,64 @@
+// Reading values: the value that was set, else the default, as a number or as text.
+#include "options/toption.h"
+
+namespace wexcorin {
+
+tvaluetext toption::valuetext(bool second) const {
+  switch (fopttype) {
+    case topttype::integer:
+    case topttype::boolean:
+    case topttype::enumint: return inttostr(integervalue(second));
+    case topttype::dbl: return dbltostr(as<tdbloption>(*this).value(second));
+    case topttype::string: return as<tstringoption>(*this).value(second);
+    case topttype::enumstr: return as<tenumstroption>(*this).value(second);
+    case topttype::multilist:
+    case topttype::strlist:
+    case topttype::macro:
+    case topttype::immediate: break;
+  }
+  return {};
+}
+
+std::int32_t toption::integervalue(bool second) const {
+  switch (fopttype) {
+    case topttype::integer: return as<tintoption>(*this).value(second);
+    case topttype::boolean: return as<tbooleanoption>(*this).value(second);
+    case topttype::enumint: return as<tenumintoption>(*this).value(second);
+    case topttype::dbl:
+    case topttype::string:
+    case topttype::enumstr:
+    case topttype::multilist:
+    case topttype::strlist:
+    case topttype::macro:
+    case topttype::immediate: break;
+  }
+  return 0;
+}
+
+namespace {
+
+template <class tvalue>
+void storedefault(tnumbervalues<tvalue>& values) {
+  values.fvalue = values.fdefault;
+}
+void storedefault(ttextvalues& values) { strassign(values.fvalue, values.fdefault.view()); }
+
+}  // namespace
+
+void toption::usedefined() {
+  switch (fopttype) {
+    case topttype::integer: storedefault(as<tintoption>(*this).fvalues); break;
+    case topttype::dbl: storedefault(as<tdbloption>(*this).fvalues); break;
+    case topttype::string: storedefault(as<tstringoption>(*this).fvalues); break;
+    case topttype::boolean: storedefault(as<tbooleanoption>(*this).fvalues); break;
+    case topttype::enumstr: storedefault(as<tenumstroption>(*this).fvalues); break;
+    case topttype::enumint: storedefault(as<tenumintoption>(*this).fvalues); break;
+    case topttype::multilist:
+    case topttype::strlist:
+    case topttype::macro:
+    case topttype::immediate: return;
+  }
+  setdefined(firstvaluebit);
+}
+
+}  // namespace wexcorin

@@ -1,0 +1,201 @@
+// The typed setters: a value is checked against the option's bounds or legal values, stored, and marked; what is
+// wrong with it becomes messages. With bound checking off an illegal value is stored all the same, with the same
+// messages as warnings.
+#include "options/checkboolean.h"
+#include "options/toption.h"
+#include "options/vksoptions.h"
+
+namespace wexcorin {
+
+namespace {
+
+// ---- what the setters share
+
+// The first message about a refused value; every such message is built this way.
+shortstring refusal(const toption& option, std::string_view head, std::string_view saw) {
+  return concat(head, quoted(option.owner().curoptname()), " saw ", quoted(saw));
+}
+
+void fileparseerror(const toption& option, std::string_view head, std::string_view saw) {
+  option.owner().addmessage(tmsgkind::valueerror, refusal(option, head, saw));
+}
+
+// Files the two messages about an illegal value. True when it is to be stored nevertheless.
+bool tolerated(const toption& option, std::string_view head, std::string_view saw, std::string_view legal) {
+  tvksoptions& owner = option.owner();
+  const tmsgkind kind = owner.nobounds() ? tmsgkind::valuewarning : tmsgkind::valueerror;
+  owner.addmessage(kind, refusal(option, head, saw));
+  owner.addmessage(kind, legal);
+  return owner.nobounds();
+}
+
+// Marks a value that was just stored. A legal one clears the marks of both values.
+void markstored(toption& option, bool second, bool legal) {
+  if (legal)
+    option.clearoutofbounds();
+  else
+    option.addoutofbounds(valuebit(second));
+  option.setdefined(valuebit(second));
+}
+
+// The list follows after a second blank.
+shortstring possiblevalues(const txstringlistobj<toptionx>& items) {
+  shortstring text = concat("   Possible values are ");
+  for (std::int32_t i = 0; i < items.count(); ++i) text.append(" ").append(items.getname(i));
+  return text;
+}
+
+shortstring possiblevalues(const txlistobj<tlistoptionx>& items) {
+  shortstring text = concat("   Possible values are ");
+  for (std::int32_t i = 0; i < items.count(); ++i)
+    text.append(" ").append(inttostr(items.get(i)->enumvalue()));
+  return text;
+}
+
+}  // namespace
+
+// ---- integer
+
+void tintoption::setasinteger12(bool second, std::int32_t value) {
+  const bool legal = flo <= value && value <= fhi;
+  if (!legal &&
+      !tolerated(*this, "Integer range error for option ", inttostr(value),
+                 concat("   Valid range is ", inttostrex(flo).view(), " to ", inttostrex(fhi).view())))
+    return;
+  fvalues.store(second, value);
+  markstored(*this, second, legal);
+}
+
+void tintoption::setasstring12(bool second, std::string_view text) {
+  std::int32_t value = 0;
+  if (strasintex2(text, value))
+    setasinteger12(second, value);
+  else
+    fileparseerror(*this, "Integer expected, for option ", text);
+}
+
+// ---- double
+
+void tdbloption::setasdouble12(bool second, double value) {
+  const bool legal = value >= flo && fhi >= value;
+  if (!legal &&
+      !tolerated(*this, "Double out of range for option ", dbltostr(value),
+                 concat("   Valid range is ", dbltostrex(flo).view(), " to ", dbltostrex(fhi).view())))
+    return;
+  fvalues.store(second, value);
+  markstored(*this, second, legal);
+}
+
+void tdbloption::setasstring12(bool second, std::string_view text) {
+  double value = 0.0;
+  if (strasdoubleex(text, value))
+    setasdouble12(second, value);
+  else
+    fileparseerror(*this, "Double expected for option ", text);
+}
+
+// ---- string
+
+void tstringoption::setasstring12(bool second, std::string_view text) {
+  fvalues.store(second, text);
+  setdefined(valuebit(second));
+}
+
+// ---- boolean
+
+void tbooleanoption::setasinteger12(bool second, std::int32_t value) {
+  const bool legal = value == 0 || value == 1;
+  if (!legal &&
+      !tolerated(*this, "Boolean out of range for option ", inttostr(value), "   Valid values are 0 or 1"))
+    return;
+  fvalues.store(second, value);
+  markstored(*this, second, legal);
+}
+
+void tbooleanoption::setasstring12(bool second, std::string_view text) {
+  switch (checkboolean(text)) {
+    case tbooleanword::yes: setasinteger12(second, 1); break;
+    case tbooleanword::no: setasinteger12(second, 0); break;
+    case tbooleanword::neither: fileparseerror(*this, "Boolean value expected for option ", text); break;
+  }
+}
+
+// ---- enumstr
+
+void tenumstroption::setasstring12(bool second, std::string_view text) {
+  const std::int32_t item = fitems.indexof(text);
+  const bool legal = item >= 0;
+  if (!legal && !tolerated(*this, "Unknown value for option ", text, possiblevalues(fitems))) return;
+  // the list's own spelling; a value that it does not know has none
+  fvalues.store(second, legal ? fitems.getname(item) : std::string_view());
+  markstored(*this, second, legal);
+}
+
+// ---- enumint
+
+void tenumintoption::setasinteger12(bool second, std::int32_t value) {
+  const bool legal = hasitem(value);
+  if (!legal && !tolerated(*this, "Unknown value for option ", inttostr(value), possiblevalues(fitems)))
+    return;
+  fvalues.store(second, value);
+  markstored(*this, second, legal);
+}
+
+void tenumintoption::setasstring12(bool second, std::string_view text) {
+  std::int32_t value = 0;
+  if (strasintex(text, value))
+    setasinteger12(second, value);
+  else
+    fileparseerror(*this, "Integer expected, for option ", text);
+}
+
+// ---- any type
+
+void toption::setvaluefromtext(bool second, std::string_view text) {
+  switch (fopttype) {
+    case topttype::integer: as<tintoption>(*this).setasstring12(second, text); break;
+    case topttype::dbl: as<tdbloption>(*this).setasstring12(second, text); break;
+    case topttype::string: as<tstringoption>(*this).setasstring12(second, text); break;
+    case topttype::boolean: as<tbooleanoption>(*this).setasstring12(second, text); break;
+    case topttype::enumstr: as<tenumstroption>(*this).setasstring12(second, text); break;
+    case topttype::enumint: as<tenumintoption>(*this).setasstring12(second, text); break;
+    case topttype::strlist:
+      if (!second) as<tstrlistoption>(*this).setasstring(text);
+      break;
+    case topttype::multilist:
+      if (!second) as<tmultilistoption>(*this).setasstring(text);
+      break;
+    case topttype::macro:
+      if (!second) as<tmacrooption>(*this).setasstring(text);
+      break;
+    case topttype::immediate: break;
+  }
+}
+
+namespace {
+
+bool hasdoublequote(const toption& option, std::string_view text) {
+  if (text.find('"') == std::string_view::npos) return false;
+  option.owner().addmessage(tmsgkind::valueerror, "Bad double-quote in value");
+  return true;
+}
+
+}  // namespace
+
+void toption::setasstring(std::string_view text) {
+  if (fsubtype == tsubtype::novalue)
+    setdefined(firstvaluebit);
+  else if (!hasdoublequote(*this, text))
+    setvaluefromtext(false, text);
+}
+
+void toption::setasstring2(std::string_view text) {
+  if (!hasdoublequote(*this, text)) setvaluefromtext(true, text);
+}
+
+void tstrlistoption::setasstring(std::string_view text) {
+  fitems.add(text);
+  setdefined(firstvaluebit);
+}
+
+}  // namespace wexcorin

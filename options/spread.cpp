@@ -1,0 +1,105 @@
+// Options that stand for others: a multilist hands its words to its members, a macro its text to each member.
+//
+// Members may be such options again, to any depth, so the walk keeps its own stack. A definition can make a
+// single assignment stand for more assignments than any machine can do (macros of macros that name each member
+// twice); the walk gives up, with a message, after a million.
+#include "options/spread.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "options/globals.h"
+#include "options/toption.h"
+#include "options/vksoptions.h"
+
+namespace wexcorin {
+
+bool nextlistword(std::string_view text, char separator, std::size_t& position,
+                  std::string_view& word) noexcept {
+  position = std::min(text.find_first_not_of(" \t", position), text.size());
+  if (position == text.size()) return false;
+  const bool isquoted = text[position] == '"';
+  if (isquoted) ++position;
+  const std::size_t begin = position;
+  while (position < text.size() && text[position] != separator && !(isquoted && text[position] == '"'))
+    ++position;
+  word = text.substr(begin, position - begin);
+  if (position == text.size()) return !word.empty();
+  ++position;
+  return true;
+}
+
+namespace {
+
+class tspreader {
+ public:
+  explicit tspreader(tvksoptions& owner) : fowner(owner) {}
+
+  void spread(const toption& option, std::string_view text) {
+    fopen.push_back({&option, text, 0, 0});
+    while (!fopen.empty()) {
+      toption* member = nullptr;
+      std::string_view membertext;
+      if (!nextmember(fopen.back(), member, membertext))
+        fopen.pop_back();
+      else if (fassigned++ == maxassigned)
+        return fowner.addmessage(tmsgkind::valueerror,
+                                 concat("Too many members for macro ", quoted(option.name())));
+      else if (member != nullptr)
+        assign(*member, membertext);
+    }
+  }
+
+ private:
+  static constexpr std::int32_t maxassigned = 1000000;
+
+  // A multilist or macro whose members are being assigned.
+  struct topen {
+    const toption* option;
+    std::string_view text;
+    std::int32_t next;     // the member to assign next
+    std::size_t position;  // in the text, for a multilist
+  };
+
+  // The member is null where the text is used up without effect. False when there is no further member.
+  bool nextmember(topen& open, toption*& member, std::string_view& text) {
+    if (const auto* macro = ifis<tmacrooption>(open.option)) {
+      if (open.next == macro->items().count()) return false;
+      member = macro->items().get(open.next++);
+      text = open.text;
+      return true;
+    }
+    return nextlistmember(as<tmultilistoption>(*open.option), open, member, text);
+  }
+
+  bool nextlistmember(const tmultilistoption& list, topen& open, toption*& member, std::string_view& word) {
+    if (!nextlistword(open.text, charpath(), open.position, word)) return false;
+    if (open.next == list.items().count()) {
+      fowner.addmessage(tmsgkind::valueerror,
+                        concat("Too many items for multilist ", quoted(fowner.curoptname())));
+      return false;
+    }
+    member = fowner.getobjects(list.items().get(open.next++));
+    if (member == &list) member = nullptr;
+    return true;
+  }
+
+  void assign(toption& member, std::string_view text) {
+    if (member.opttype() == topttype::multilist || member.opttype() == topttype::macro)
+      fopen.push_back({&member, text, 0, 0});
+    else
+      member.setasstring(text);
+  }
+
+  tvksoptions& fowner;
+  std::vector<topen> fopen;
+  std::int32_t fassigned = 0;
+};
+
+}  // namespace
+
+void tmultilistoption::setasstring(std::string_view text) { tspreader(owner()).spread(*this, text); }
+
+void tmacrooption::setasstring(std::string_view text) { tspreader(owner()).spread(*this, text); }
+
+}  // namespace wexcorin

@@ -1,0 +1,105 @@
+// The state of option objects that does not depend on their values: construction, marks, reset, items.
+#include "options/toption.h"
+
+#include <memory>
+#include <unordered_set>
+#include <vector>
+
+#include "options/vksoptions.h"
+
+namespace wexcorin {
+
+toption::toption(const toptionhead& head, topttype opttype)
+    : toptionx(head.helpflag, head.helptext),
+      fowner(head.owner),
+      fname(head.name),
+      fgroupnr(head.groupnr),
+      frefnr(head.refnr),
+      fopttype(opttype) {}
+
+shortstring toption::getname() const { return fowner->nounderscore(name()); }
+
+void toption::setdefined(std::int32_t bits) {
+  if (bits == 0) {
+    fdefined = 0;
+    fdefinedr = 0;
+    return;
+  }
+  fdefined |= bits;
+  if (fowner->recentenabled()) fdefinedr |= bits;
+  fowner->notifyassigned(*this, bits);
+}
+
+void toption::setdeprecated(tdeprecation kind, std::string_view text) {
+  const bool ownname = kind == tdeprecation::deprecated || kind == tdeprecation::obsolete;
+  strassign(ownname ? fdeprecatedmsg : fdeprecatedmsg2, text);
+  fdeprecation |= deprecationbit(kind);
+}
+
+// ---- reset
+
+void toption::reset() {
+  setdefined(0);
+  clearoutofbounds();
+}
+
+void tmultilistoption::reset() {
+  fitems.clear();
+  toption::reset();
+}
+
+void tstrlistoption::reset() {
+  fitems.clear();
+  ftaken = 0;
+  toption::reset();
+}
+
+// Macros may stand for macros to any depth and name the same member many times over, so the members are
+// collected without recursion and each is reset once.
+void tmacrooption::reset() {
+  std::vector<toption*> reached{this};
+  std::unordered_set<toption*> seen{this};
+  for (std::size_t next = 0; next < reached.size(); ++next) {
+    const tmacrooption* macro = ifis<tmacrooption>(reached[next]);
+    for (std::int32_t i = 0; macro != nullptr && i < macro->fitems.count(); ++i)
+      if (seen.insert(macro->fitems.get(i)).second) reached.push_back(macro->fitems.get(i));
+  }
+  for (toption* option : reached) {
+    if (option->opttype() == topttype::macro)
+      option->toption::reset();
+    else
+      option->reset();
+  }
+}
+
+// ---- items
+
+void tenumstroption::additem(std::string_view value, std::int32_t helpflag, std::string_view helptext) {
+  auto item = std::make_unique<toptionx>(helpflag, helptext);
+  fitems.addobject(value, item.get());
+  static_cast<void>(item.release());
+}
+
+void tenumintoption::additem(std::int32_t value, std::int32_t helpflag, std::string_view helptext) {
+  auto item = std::make_unique<tlistoptionx>(value, helpflag, helptext);
+  fitems.add(item.get());
+  static_cast<void>(item.release());
+}
+
+bool tenumintoption::hasitem(std::int32_t value) const noexcept {
+  for (std::int32_t i = 0; i < fitems.count(); ++i)
+    if (fitems.get(i)->enumvalue() == value) return true;
+  return false;
+}
+
+shortstring tstrlistoption::takefirst() {
+  const shortstring first = item(0);
+  ++ftaken;
+  if (ftaken > itemcount()) {
+    fitems.removefirst(ftaken);
+    ftaken = 0;
+  }
+  return first;
+}
+
+}  // namespace wexcorin

@@ -1,0 +1,123 @@
+// The option store: creation, its lists, lookup with synonyms, resetting, messages and switches.
+#include "options/vksoptions.h"
+
+#include <string>
+
+namespace wexcorin {
+
+tvksoptions::tvksoptions() : toptionx(0, {}) {}
+tvksoptions::~tvksoptions() = default;
+
+// ---- lists
+
+std::string_view tvksoptions::getstrings(std::int32_t index) const noexcept {
+  return index >= 0 && index < getcount() ? foptions.getname(index) : std::string_view();
+}
+
+toption* tvksoptions::getobjects(std::int32_t index) const noexcept {
+  return index >= 0 && index < getcount() ? foptions.getobject(index) : nullptr;
+}
+
+toption& tvksoptions::addoption(std::unique_ptr<toption> option) {
+  foptions.addobject(option->name(), option.get());
+  return *option.release();
+}
+
+std::int32_t tvksoptions::optionnumber(const toption& option) const noexcept {
+  return foptions.indexofobject(const_cast<toption*>(&option)) + 1;
+}
+
+void tvksoptions::addgroup(std::string_view name, std::unique_ptr<tgroupobj> group) {
+  fgroups.addobject(name, group.get());
+  static_cast<void>(group.release());
+}
+
+void tvksoptions::declareindicator(std::string_view keyword) {
+  auto list = std::make_unique<tindicatorlist>(*this);
+  strassign(fdotname, keyword);
+  findicators = std::move(list);
+}
+
+// ---- lookup
+
+std::int32_t tvksoptions::optionindex(std::string_view name) {
+  fcuroptname.assign(name);
+  const std::int32_t index = optlookup(name);
+  if (index >= 0) return index;
+  const std::int32_t synonym = fsynonyms.indexof(name);
+  return synonym >= 0 ? fsynonyms.getobject(synonym) : -1;
+}
+
+bool tvksoptions::optfindstr(std::string_view name, std::int32_t& nr, std::int32_t& refnr) {
+  const std::int32_t index = optionindex(name);
+  const toption* option = getobjects(index);
+  nr = option != nullptr ? index + 1 : -1;
+  refnr = option != nullptr ? option->refnr() : -1;
+  return option != nullptr;
+}
+
+shortstring tvksoptions::nounderscore(std::string_view name) const {
+  return flookupmode == tlookupmode::minos ? replacechar('_', ' ', name) : shortstring(name);
+}
+
+bool tvksoptions::optsetrefnr(std::int32_t nr, std::int32_t refnr) {
+  toption* option = optionat(nr);
+  if (option == nullptr) return false;
+  option->setrefnr(refnr);
+  return true;
+}
+
+bool tvksoptions::optsetrefnrstr(std::string_view name, std::int32_t refnr) {
+  toption* option = optionasobj(name);
+  if (option == nullptr) return false;
+  option->setrefnr(refnr);
+  return true;
+}
+
+// ---- resetting
+
+// The members of macros are options of the list too, so each option is reset once.
+void tvksoptions::optresetall() {
+  for (std::int32_t i = 0; i < getcount(); ++i) {
+    toption& option = *foptions.getobject(i);
+    if (option.opttype() == topttype::macro)
+      option.toption::reset();
+    else
+      option.reset();
+  }
+}
+
+void tvksoptions::optresetallrecent() {
+  for (std::int32_t i = 0; i < getcount(); ++i) foptions.getobject(i)->clearrecent();
+}
+
+bool tvksoptions::optresetnr(std::int32_t nr) {
+  toption* option = optionat(nr);
+  if (option != nullptr) option->reset();
+  return option != nullptr;
+}
+
+// ---- messages and switches
+
+void tvksoptions::addmessage(tmsgkind kind, std::string_view text) {
+  fmessages.add(kind, text, fparser != nullptr ? fparser->linenr() : 0);
+}
+
+void tvksoptions::optgetmessage(std::int32_t nr, ttextout& text, std::int32_t& kind) const {
+  text.set(fmessages.decorated(nr));
+  kind = static_cast<std::int32_t>(fmessages.kind(nr));
+}
+
+void tvksoptions::opterrorcount(std::int32_t& errors, std::int32_t& warnings) const noexcept {
+  errors = fmessages.errors();
+  warnings = fmessages.warnings();
+}
+
+void tvksoptions::optechoset(bool echo) {
+  fecho = echo;
+  if (fparser != nullptr) fparser->setecho(echo);
+}
+
+bool tvksoptions::opteolonlyset(bool eolonly) noexcept { return std::exchange(feolonly, eolonly); }
+
+}  // namespace wexcorin

@@ -1,0 +1,218 @@
+// The help text of a definition.
+#include "output/helplisting.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+
+namespace wexcorin {
+
+namespace {
+
+constexpr std::int32_t indentwidth = 24;
+constexpr std::int32_t namewidth = 22;
+
+bool belongsinlisting(const toption& option) { return option.islisted() && option.groupnr() > 0; }
+
+// Whether the whole text is a sign and digits within 32 bits: words for numbers are names here.
+bool asnumber(std::string_view text, std::int32_t& number) {
+  return !text.empty() && !isletter(text[0]) && strasintex(text, number);
+}
+
+}  // namespace
+
+void tvksoptions::optshowhelp(std::string_view hlpmsg) { thelplisting(*this).show(hlpmsg); }
+
+std::int32_t tmysortstringlist::compare(std::int32_t i, std::int32_t j) const {
+  return strucmpnum(getname(i), getname(j));
+}
+
+void thelplisting::show(std::string_view request) {
+  const shortstring name = replacechar(' ', '_', request);
+  std::int32_t level = 0;
+  if (!asnumber(name, level)) {
+    if (showoption(request, name)) return;
+    level = summarybit;
+  }
+  if (level < 1) level = defaultlevel;
+  collectnames();
+  if ((level & summarybit) != 0) summary((level & marksbit) != 0);
+  if ((level & alphabeticalbit) != 0) alphabetical();
+  if ((level & standardoutputbit) != 0) tostandardoutput();
+}
+
+bool thelplisting::showoption(std::string_view request, std::string_view name) {
+  const toption* option = fstore.optionasobj(name);
+  if (option == nullptr) return false;
+  if (!struequal(request, option->getname()))
+    addline(request, " is a synonym for ", option->getname().view());
+  writedefinition(*option);
+  return true;
+}
+
+void thelplisting::collectnames() {
+  for (std::int32_t i = 0; i < fstore.getcount(); ++i) {
+    const toption* option = fstore.getobjects(i);
+    if (belongsinlisting(*option)) fnames.addobject(option->name(), {option, false});
+  }
+  for (std::int32_t i = 0; i < fstore.synonyms().count(); ++i) {
+    const toption* option = fstore.synonymtarget(i);
+    if (option != nullptr && belongsinlisting(*option))
+      fnames.addobject(fstore.synonyms().getname(i), {option, true});
+  }
+  fnames.sortn(fnames.count());
+  for (std::int32_t i = 0; i < fnames.count(); ++i)
+    fgroupentries[fnames.getobject(i).option->groupnr()].push_back(i);
+}
+
+// ---- the line buffer
+
+// An empty piece ends the line, if there is one.
+void thelplisting::addbuf(std::string_view piece) {
+  if (!piece.empty()) {
+    fbuffer.append(piece);
+  } else if (!fbuffer.empty()) {
+    fstore.addmessage(tmsgkind::help, fbuffer);
+    fbuffer.clear();
+  }
+}
+
+void thelplisting::blankline() {
+  endline();
+  fstore.addmessage(tmsgkind::help, {});
+}
+
+// ---- summary by group
+
+// The title is ended by the first group that follows; without one it never shows.
+void thelplisting::summary(bool withmarks) {
+  blankline();
+  addbuf("Options summary by group");
+  for (std::int32_t i = 0; i < fstore.groups().count(); ++i)
+    if (fstore.groups().getobject(i)->islisted()) summarygroup(*fstore.groups().getobject(i), withmarks);
+}
+
+void thelplisting::summarygroup(const tgroupobj& group, bool withmarks) {
+  blankline();
+  addline(group.helptext());
+  if (const auto entries = fgroupentries.find(group.groupnumber()); entries != fgroupentries.end())
+    for (const std::int32_t entry : entries->second) summaryline(entry, withmarks);
+}
+
+void thelplisting::summaryline(std::int32_t entry, bool withmarks) {
+  const auto [option, issynonym] = fnames.getobject(entry);
+  shortstring text = fstore.nounderscore(fnames.getname(entry));
+  if (issynonym) text.append(" (Synonym for ").append(option->getname()).append(")");
+  if (withmarks && option->hasdeprecation()) {
+    const bool isdeprecated = option->hasdeprecation(tdeprecation::deprecated) ||
+                              option->hasdeprecation(tdeprecation::deprecatedsynonym);
+    text.append(isdeprecated ? " (Deprecated)" : " (Obsolete)");
+  }
+  addbuf(text);
+  if (text.size() > namewidth) {
+    endline();
+    addbuf(blankstr(namewidth));
+  } else if (text.size() < namewidth) {
+    addbuf(blankstr(namewidth - static_cast<std::int32_t>(text.size())));
+  }
+  addline(": ", option->helptext());
+}
+
+// ---- alphabetical listing
+
+void thelplisting::alphabetical() {
+  blankline();
+  addbuf("Options in alphabetical order");
+  blankline();
+  for (std::int32_t i = 0; i < fnames.count(); ++i)
+    if (!fnames.getobject(i).issynonym) writedefinition(*fnames.getobject(i).option);
+}
+
+// ---- the description of one option
+
+void thelplisting::writedefinition(const toption& option) {
+  addline(option.getname().view(), ": ", option.helptext());
+  addbuf(blankstr(indentwidth));
+  addbuf(opttypenames[ordinal(option.opttype())]);
+  addbuf(", ");
+  addtypeline(option);
+}
+
+// Ends the line of the type, and adds the lines that explain the option's values.
+void thelplisting::addtypeline(const toption& option) {
+  switch (option.opttype()) {
+    case topttype::integer: {
+      const auto& integer = as<tintoption>(option);
+      addline(" range: ", inttostrex(integer.lo()).view(), " to ", inttostrex(integer.hi()).view(),
+              " default: ", inttostrex(integer.defaultvalue()).view());
+      addbigtext(option);
+      break;
+    }
+    case topttype::dbl: {
+      const auto& dbl = as<tdbloption>(option);
+      addline(" range: ", dbltostrex(dbl.lo()).view(), " to ", dbltostrex(dbl.hi()).view(),
+              " default: ", dbltostrex(dbl.defaultvalue()).view());
+      addbigtext(option);
+      break;
+    }
+    case topttype::boolean:
+      addline(" default: ", inttostr(as<tbooleanoption>(option).defaultvalue()).view());
+      addbigtext(option);
+      break;
+    case topttype::string: addline(" default: ", quoted(as<tstringoption>(option).defaultvalue())); break;
+    case topttype::enumstr:
+      addline(" default: ", quoted(as<tenumstroption>(option).defaultvalue()));
+      additems(as<tenumstroption>(option));
+      break;
+    case topttype::enumint:
+      addline(" default: ", inttostrex(as<tenumintoption>(option).defaultvalue()).view());
+      additems(as<tenumintoption>(option));
+      break;
+    case topttype::multilist:
+    case topttype::strlist:
+    case topttype::macro:
+    case topttype::immediate: endline(); break;
+  }
+}
+
+void thelplisting::additems(const tenumstroption& option) {
+  const auto& items = option.items();
+  std::size_t longest = 0;
+  for (std::int32_t i = 0; i < items.count(); ++i) longest = std::max(longest, items.getname(i).size());
+  for (std::int32_t i = 0; i < items.count(); ++i)
+    addline(blankstr(indentwidth).view(), "   ",
+            padright(items.getname(i), static_cast<std::int32_t>(longest) + 1).view(), " ",
+            items.getobject(i)->helptext());
+}
+
+void thelplisting::additems(const tenumintoption& option) {
+  const auto& items = option.items();
+  std::int32_t largest = minint;
+  for (std::int32_t i = 0; i < items.count(); ++i) largest = std::max(largest, items.get(i)->enumvalue());
+  const std::int32_t width = largest <= 99 ? 2 : 3;
+  for (std::int32_t i = 0; i < items.count(); ++i)
+    addline(blankstr(indentwidth).view(), "   ", " ",
+            padleft(inttostr(items.get(i)->enumvalue()), width).view(), " ", items.get(i)->helptext());
+}
+
+void thelplisting::addbigtext(const toption& option) {
+  const txstrings* lines = option.bigtext();
+  for (std::int32_t i = 0; lines != nullptr && i < lines->count(); ++i)
+    addline(blankstr(indentwidth).view(), lines->get(i));
+}
+
+// ---- debugging
+
+// The one output of the library that goes to the process's standard output: who asks for it wants just that.
+void thelplisting::tostandardoutput() const {
+  std::string text = "\n";
+  for (std::int32_t i = 0; i < fnames.count(); ++i) {
+    text.append(fnames.getname(i)).append(" ");
+    if (fnames.getobject(i).issynonym) text.append("*****Nil = Syn");
+    text.append("\n");
+  }
+  std::fwrite(text.data(), 1, text.size(), stdout);
+  std::fflush(stdout);
+}
+
+}  // namespace wexcorin

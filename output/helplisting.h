@@ -1,0 +1,74 @@
+// The help text of a definition, as messages: a summary by group, a listing in alphabetical order, or the
+// description of one option.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "options/vksoptions.h"
+
+namespace wexcorin {
+
+// The option behind a listed name: the option of that name, or the one that the name is a synonym for.
+struct tlistedoption {
+  const toption* option = nullptr;
+  bool issynonym = false;
+};
+
+// The names that the listings show, ordered by prefix and trailing number. Nothing is owned.
+class tmysortstringlist final : public txstringlist<tlistedoption> {
+ public:
+  std::int32_t compare(std::int32_t i, std::int32_t j) const override;
+};
+
+class thelplisting {
+ public:
+  // The store must outlive the listing and receives the lines.
+  explicit thelplisting(tvksoptions& store) : fstore(store) {}
+
+  void show(std::string_view request);
+
+ private:
+  // Parts of the listing, as bits of a request that is a number.
+  static constexpr std::int32_t summarybit = 1;
+  static constexpr std::int32_t alphabeticalbit = 2;
+  static constexpr std::int32_t standardoutputbit = 4;
+  static constexpr std::int32_t marksbit = 8;
+  static constexpr std::int32_t defaultlevel = summarybit | alphabeticalbit;
+
+  // ---- the parts
+  bool showoption(std::string_view request, std::string_view name);
+  void collectnames();
+  void summary(bool withmarks);
+  void summarygroup(const tgroupobj& group, bool withmarks);
+  void summaryline(std::int32_t entry, bool withmarks);
+  void alphabetical();
+  void tostandardoutput() const;
+
+  // ---- the description of one option
+  void writedefinition(const toption& option);
+  void addtypeline(const toption& option);
+  void additems(const tenumstroption& option);
+  void additems(const tenumintoption& option);
+  void addbigtext(const toption& option);
+
+  // ---- the line buffer
+  void addbuf(std::string_view piece);
+  template <class... tpieces>
+  void addline(const tpieces&... pieces) {
+    addbuf(concat(pieces...));
+    endline();
+  }
+  void endline() { addbuf({}); }
+  void blankline();
+
+  tvksoptions& fstore;
+  tmysortstringlist fnames;
+  std::unordered_map<std::int32_t, std::vector<std::int32_t>>
+      fgroupentries;  // by group number, in sorted order
+  shortstring fbuffer;
+};
+
+}  // namespace wexcorin

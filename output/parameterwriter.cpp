@@ -1,0 +1,110 @@
+// Writes the settings of a store as a parameter file.
+#include "output/parameterwriter.h"
+
+#include "base/systemerror.h"
+
+namespace wexcorin {
+
+std::int32_t tvksoptions::optwriteparameterfile(std::string_view filename) {
+  const auto fileproblem = [&](std::int32_t code) {
+    addmessage(tmsgkind::usererror, concat("Cannot write parameter file ", quoted(filename)));
+    addmessage(tmsgkind::usererror,
+               concat("   Error code = ", inttostr(code).view(), "; ", systemerrortext(code)));
+  };
+  ttextfile file;
+  if (const std::int32_t code = file.open(filename); code != 0) {
+    fileproblem(code);
+    return code;
+  }
+  tparameterwriter(*this, file).write();
+  if (const std::int32_t code = file.close(); code != 0) fileproblem(code);
+  return 0;
+}
+
+shortstring strexternal(std::string_view text) {
+  if (text.empty() || text.find_first_of("\t ,") != std::string_view::npos) return concat(quoted(text));
+  return text;
+}
+
+void tparameterwriter::write() {
+  fboundsswitch = boundsswitchname();
+  for (std::int32_t i = 0; i < fstore.getcount(); ++i) {
+    const toption& option = *fstore.getobjects(i);
+    // the values of dot options belong to the dot entries
+    if (option.defined() != 0 && option.name().substr(0, 1) != ".") writeoption(option);
+  }
+  writedotentries();
+  writeindicators();
+}
+
+// The option that switches bound checking in parameter text; empty when the definition has none.
+std::string_view tparameterwriter::boundsswitchname() const {
+  for (std::int32_t i = 0; i < fstore.getcount(); ++i) {
+    const auto* immediate = ifis<timmediateoption>(fstore.getobjects(i));
+    if (immediate != nullptr && immediate->immkind() == timmkind::nobounds) return immediate->name();
+  }
+  return {};
+}
+
+void tparameterwriter::writeoption(const toption& option) {
+  if (option.outofbounds() != 0) ffile.writeline(fboundsswitch, " 1");
+  switch (option.opttype()) {
+    case topttype::integer:
+    case topttype::dbl:
+    case topttype::string:
+    case topttype::boolean:
+    case topttype::enumstr:
+    case topttype::enumint: writevalue(option); break;
+    case topttype::strlist: writelist(as<tstrlistoption>(option)); break;
+    case topttype::multilist:
+    case topttype::macro:
+    case topttype::immediate: break;
+  }
+  if (option.outofbounds() != 0) ffile.writeline(fboundsswitch, " 0");
+}
+
+void tparameterwriter::writevalue(const toption& option) {
+  const shortstring name = option.getname();
+  switch (option.subtype()) {
+    case tsubtype::required:
+    case tsubtype::optional: ffile.writeline(name, "=", strexternal(option.getasstring())); break;
+    case tsubtype::twovalues:
+      ffile.writeline(name, "=", strexternal(option.getasstring()), " ", strexternal(option.getasstring2()));
+      break;
+    case tsubtype::novalue: ffile.writeline(name); break;
+  }
+}
+
+void tparameterwriter::writelist(const tstrlistoption& list) {
+  for (std::int32_t i = 0; i < list.itemcount(); ++i)
+    ffile.writeline(list.name(), "=", strexternal(list.item(i)));
+}
+
+void tparameterwriter::writedotentries() {
+  const tdotobjlist& entries = fstore.dotoptions();
+  for (std::int32_t i = 0; i < entries.count(); ++i) {
+    const tdotobj& entry = *entries.getobject(i);
+    ffile.write(entries.getname(i), fstore.getstrings(entry.optionindex()));
+    writeelements(entry.indices());
+    ffile.writeline(" = ", dbltostr(entry.value()));
+  }
+}
+
+void tparameterwriter::writeindicators() {
+  const tindicatorlist* items = fstore.indicators();
+  for (std::int32_t i = 0; items != nullptr && i < items->count(); ++i) {
+    const tindicatoritem& item = *items->get(i);
+    ffile.write(fstore.dotname(), " ", item.equation().name.view());
+    writeelements(item.equation().elements);
+    ffile.write("$", item.variable().name.view());
+    writeelements(item.variable().elements);
+    ffile.writeline("=", inttostr(item.value()));
+  }
+}
+
+void tparameterwriter::writeelements(const txstrings& elements) {
+  for (std::int32_t i = 0; i < elements.count(); ++i) ffile.write(i == 0 ? "(" : ",", elements.get(i));
+  if (elements.count() > 0) ffile.write(")");
+}
+
+}  // namespace wexcorin

@@ -1,0 +1,37 @@
+// Writes the settings of a store as a parameter file that the parameter reader takes back: a line for every value
+// that was set, in definition order, then the dot entries and indicators.
+#pragma once
+
+#include <string_view>
+
+#include "options/vksoptions.h"
+#include "output/textfile.h"
+
+namespace wexcorin {
+
+// A value as it stands on a line of a definition or parameter file: in double quotes if it is empty or holds a
+// blank, tab or comma. Nothing inside is escaped.
+shortstring strexternal(std::string_view text);
+
+class tparameterwriter {
+ public:
+  // Both must outlive the writer; the file is open.
+  tparameterwriter(const tvksoptions& store, ttextfile& file) : fstore(store), ffile(file) {}
+
+  void write();
+
+ private:
+  void writeoption(const toption& option);
+  void writevalue(const toption& option);
+  void writelist(const tstrlistoption& list);
+  void writedotentries();
+  void writeindicators();
+  void writeelements(const txstrings& elements);
+  std::string_view boundsswitchname() const;
+
+  const tvksoptions& fstore;
+  ttextfile& ffile;
+  std::string_view fboundsswitch;
+};
+
+}  // namespace wexcorin

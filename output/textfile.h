@@ -1,0 +1,46 @@
+// A text file that is written from beginning to end. Errors do not stop the writing; the first one is kept and told
+// at the end, when the data is with the system.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+namespace wexcorin {
+
+class ttextfile {
+ public:
+  ttextfile() = default;
+  ttextfile(const ttextfile&) = delete;
+  ttextfile& operator=(const ttextfile&) = delete;
+  ~ttextfile() { close(); }
+
+  // Creates or truncates the file. Returns 0 or the system's code.
+  std::int32_t open(std::string_view filename);
+  // Writes the texts one after the other.
+  template <class... ttexts>
+  void write(const ttexts&... texts) {
+    (put(texts), ...);
+  }
+  template <class... ttexts>
+  void writeline(const ttexts&... texts) {
+    write(texts...);
+    put("\n");
+  }
+  // Writes what is left and closes. Returns 0 or the code of the first error since the file was opened.
+  std::int32_t close() noexcept;
+
+ private:
+  static constexpr std::size_t blocksize = 64 * 1024;
+
+  void put(std::string_view text) noexcept;
+  void flush() noexcept;
+
+  int fdescriptor = -1;
+  std::int32_t ferror = 0;
+  std::unique_ptr<char[]> fblock;
+  std::size_t fused = 0;
+};
+
+}  // namespace wexcorin
