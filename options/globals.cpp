@@ -28,7 +28,6 @@ void vksoptionsstart() {
 }
 
 void vksoptionsstop() {
-  zqasetauditlinelib({});
   loadpathtext().clear();
   separator = '\0';
 }

@@ -1,0 +1,152 @@
+// The lists: growth, search, deletion, ownership and sorting.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "base/vksobj.h"
+
+namespace wexcorin {
+namespace {
+
+TEST(lists, grow_eightfold_while_small_and_by_a_quarter_past_a_million) {
+  txlist<std::int32_t> list;
+  std::vector<std::int32_t> capacities;
+  for (std::int32_t i = 0; i < 1025; ++i) {
+    EXPECT_EQ(list.add(i), i);
+    if (capacities.empty() || capacities.back() != list.capacity()) capacities.push_back(list.capacity());
+  }
+  EXPECT_EQ(capacities, (std::vector<std::int32_t>{16, 128, 1024, 8192}));
+  EXPECT_EQ(growncapacity(0xFFFFF), 8 * 0xFFFFF);
+  EXPECT_EQ(growncapacity(0x100000), 0x140000);
+  EXPECT_THROW(growncapacity(2000000000), std::bad_alloc);
+  list.setcapacity(3);
+  EXPECT_EQ(list.capacity(), 1025);
+}
+
+// Tells on destruction.
+struct tteller {
+  tteller(std::string& target, char name) : ftarget(target), fname(name) {}
+  tteller(const tteller&) = delete;
+  tteller& operator=(const tteller&) = delete;
+  ~tteller() { ftarget += fname; }
+  std::string& ftarget;
+  char fname;
+};
+
+TEST(lists, owning_lists_free_what_they_lose_and_clear_from_the_end) {
+  std::string told;
+  {
+    txstringlistobj<tteller> texts;
+    for (const char name : {'a', 'b', 'c', 'd'})
+      texts.addobject(std::string(1, name), new tteller(told, name));
+    texts.remove(1);
+    EXPECT_EQ(told, "b");
+    EXPECT_EQ(texts.getname(1), "c");
+    texts.clear();
+    EXPECT_EQ(told, "bdca");
+    EXPECT_EQ(texts.capacity(), 0);
+    texts.addobject("e", new tteller(told, 'e'));
+    txlistobj<tteller> items;
+    items.add(new tteller(told, 'x'));
+    items.put(0, new tteller(told, 'y'));
+    EXPECT_EQ(told, "bdcax");
+  }
+  EXPECT_EQ(told, "bdcaxye");
+}
+
+// A search by walking, to compare the index with.
+std::int32_t walked(const txstringlist<std::int32_t>& list, std::string_view name) {
+  for (std::int32_t i = 0; i < list.count(); ++i)
+    if (struequal(list.getname(i), name)) return i;
+  return -1;
+}
+
+TEST(lists, a_search_finds_the_first_of_equal_names_after_every_change) {
+  std::mt19937 random(1);
+  const auto number = [&random](std::int32_t below) {
+    return static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(below));
+  };
+  const auto name = [&] { return (number(2) == 0 ? "name" : "NAME") + std::to_string(number(200)); };
+  txstringlist<std::int32_t> list;
+  EXPECT_EQ(list.indexof("x"), -1);
+  for (int step = 0; step < 4000; ++step) {
+    const std::int32_t change = number(20);
+    if (change < 8 || list.count() < 3)
+      list.add(name());
+    else if (change == 8)
+      list.insertitem(number(list.count()), name(), step);
+    else if (change == 9)
+      list.remove(number(list.count()));
+    else if (change == 10)
+      list.exchange(number(list.count()), number(list.count()));
+    else if (change == 11 && step % 50 == 0)
+      list.sortn(list.count());
+    const std::string wanted = name();
+    ASSERT_EQ(list.indexof(wanted), walked(list, wanted)) << "step " << step << ", " << wanted;
+  }
+}
+
+TEST(lists, strings_are_found_regardless_of_case_and_removed_in_front) {
+  txstrings list;
+  for (const char* text : {"one", "TWO", "", "two"}) list.add(text);
+  EXPECT_EQ(list.indexof("Two"), 1);
+  EXPECT_EQ(list.indexof(""), 2);
+  EXPECT_EQ(list.indexof("three"), -1);
+  list.removefirst(2);
+  EXPECT_EQ(list.count(), 2);
+  EXPECT_EQ(list.get(1), "two");
+}
+
+// The recursive formulation that decides where equal names end up.
+class tsorted : public txstringlist<std::int32_t> {
+ public:
+  void sortrecursively(std::int32_t lo, std::int32_t hi) {
+    while (lo < hi) {
+      std::int32_t i = lo;
+      std::int32_t j = hi;
+      std::int32_t p = (i + j) / 2;
+      do {
+        while (compare(i, p) < 0) ++i;
+        while (compare(j, p) > 0) --j;
+        if (i > j) break;
+        exchange(i, j);
+        if (p == i)
+          p = j;
+        else if (p == j)
+          p = i;
+        ++i;
+        --j;
+      } while (i <= j);
+      if (lo < j) sortrecursively(lo, j);
+      lo = i;
+    }
+  }
+};
+
+TEST(lists, sorting_puts_equal_names_where_the_pivots_do) {
+  std::mt19937 random(7);
+  for (int round = 0; round < 300; ++round) {
+    const auto count = static_cast<std::uint32_t>(random() % 60);
+    tsorted list;
+    tsorted expected;
+    for (std::uint32_t i = 0; i < count; ++i) {
+      const std::string name(1, static_cast<char>('a' + random() % 8));
+      list.addobject(name, static_cast<std::int32_t>(i));
+      expected.addobject(name, static_cast<std::int32_t>(i));
+    }
+    list.sortn(list.count());
+    expected.sortrecursively(0, expected.count() - 1);
+    for (std::int32_t i = 0; i < list.count(); ++i) {
+      if (i > 0) {
+        ASSERT_LE(list.compare(i - 1, i), 0);
+      }
+      ASSERT_EQ(list.getobject(i), expected.getobject(i)) << "round " << round << ", position " << i;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace wexcorin
