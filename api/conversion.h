@@ -28,8 +28,9 @@ class tout : public ttextout {
   explicit tout(char* buffer) noexcept : ttextout(zeroterminatedform(), buffer) {}
 };
 
-// Runs the call and gives its result as the interface knows it: 1 and 0 for true and false. When the call fails
-// for want of memory the result is `failure`.
+// Runs the call and gives its result as the interface knows it: 1 and 0 for true and false. When the call
+// fails for want of memory the result is `failure`. Only what stores, reads or writes can fail so: questions
+// need no memory.
 template <class tcall>
 auto guarded(tcall call, std::int32_t failure = 0) noexcept {
   using tresult = std::conditional_t<std::is_void_v<decltype(call())>, void, std::int32_t>;

@@ -10,14 +10,15 @@
 
 namespace wexcorin {
 
-// The text of a zero-terminated argument; empty for a null pointer. A text of 255 and more characters is replaced
-// by the words that say so. The result is a view of the argument, or of that text.
+// The text of a zero-terminated argument; empty for a null pointer. A text of 255 and more characters is
+// replaced by the words that say so. The result is a view of the argument, or of that text.
 std::string_view pchartostr(const char* text) noexcept;
 
 // The same in place: makes the zero-terminated text in a buffer of 256 bytes the short string in it.
 void convertpchar(char* buffer) noexcept;
 
-// Copies a text and a terminating zero; returns the number of characters. The second form copies at most `max`.
+// Copies a text and a terminating zero; returns the number of characters. The second form copies at most
+// `max`.
 std::int32_t strpcopy(char* target, std::string_view source) noexcept;
 std::int32_t strpcopyn(char* target, std::string_view source, std::int32_t max) noexcept;
 

@@ -6,7 +6,8 @@ namespace wexcorin {
 void libraryload();
 void libraryunload();
 
-// A procedure to run at the last unload, before the units stop; the last one registered runs first. At most 16.
+// A procedure to run at the last unload, before the units stop; the last one registered runs first. At most
+// 16.
 using texitprocedure = void (*)();
 bool registerexitprocedure(texitprocedure procedure);
 

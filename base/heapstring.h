@@ -1,10 +1,13 @@
-// Heap short strings: a length byte and at most 255 characters in a block of exactly that size. The empty text
-// is held as no pointer, never as an empty block. newstring, disposestring, strassign and getstring are the
-// primitives; classes hold a heapstring by value, so that their destructors write themselves.
+// Heap short strings: a length byte and at most 255 characters in a block of exactly that size. The empty
+// text is held as no pointer, never as an empty block. newstring, disposestring, strassign and getstring are
+// the primitives; classes hold a heapstring by value, so that their destructors write themselves.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 #include <utility>
+
+#include "base/textcase.h"
 
 namespace wexcorin {
 
@@ -19,6 +22,14 @@ char* newstring(std::string_view text);
 
 // Frees a block of newstring; null is ignored.
 void disposestring(char* block) noexcept;
+
+// Comparison of two blocks regardless of case, as strucmp and struequal.
+inline std::int32_t pstrucmp(const char* a, const char* b) noexcept {
+  return strucmp(getstring(a), getstring(b));
+}
+inline bool pstruequal(const char* a, const char* b) noexcept {
+  return struequal(getstring(a), getstring(b));
+}
 
 class heapstring {
  public:

@@ -1,14 +1,12 @@
 // Growth of the name index.
 #include "base/nameindex.h"
 
-#include <utility>
-
 namespace wexcorin {
 
 void tnameindex::reset() noexcept {
   std::vector<tslot>().swap(fslots);
   fused = 0;
-  fnext = 0;
+  fentered = 0;
 }
 
 void tnameindex::insert(tslot slot) noexcept {
@@ -18,13 +16,18 @@ void tnameindex::insert(tslot slot) noexcept {
   ++fused;
 }
 
-void tnameindex::reserveone() {
-  if (4 * (fused + 1) <= 3 * fslots.size()) return;
-  std::vector<tslot> old(fslots.empty() ? 32 : 2 * fslots.size());
-  old.swap(fslots);
-  fused = 0;
-  for (const tslot& slot : old)
-    if (slot.position >= 0) insert(slot);
+bool tnameindex::reserveone() noexcept {
+  if (4 * (fused + 1) <= 3 * fslots.size()) return true;
+  try {
+    std::vector<tslot> old(fslots.empty() ? 32 : 2 * fslots.size());
+    old.swap(fslots);
+    fused = 0;
+    for (const tslot& slot : old)
+      if (slot.position >= 0) insert(slot);
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+  return true;
 }
 
 }  // namespace wexcorin

@@ -1,56 +1,90 @@
-// A hash table of list positions that stands beside a list of names and finds the first of equal names without
-// walking the list. It holds no names: the owner hashes them and compares through a callback.
+// A hash table of list positions that stands beside a list and finds the first entry of a key without walking
+// the list. It holds no keys: it asks the owner for the key of a position. Keys have hash() and ==.
+//
+// The index is never more than a shortcut. It is made on the first search, grows with the list, and is thrown
+// away when positions change; short lists are walked, and so is a list for which there is no memory.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <new>
+#include <string_view>
 #include <vector>
+
+#include "base/textcase.h"
 
 namespace wexcorin {
 
+// A name, of which the case does not count.
+struct tnamekey {
+  std::string_view text;
+  std::uint32_t hash() const noexcept { return struhash(text); }
+  bool operator==(const tnamekey& other) const noexcept { return struequal(text, other.text); }
+};
+
+struct tnumberkey {
+  std::int32_t number;
+  std::uint32_t hash() const noexcept { return inthash(number); }
+  bool operator==(const tnumberkey& other) const noexcept { return number == other.number; }
+};
+
 class tnameindex {
  public:
-  // The number of positions entered or passed over so far: the next one to enter.
-  std::int32_t indexedcount() const noexcept { return fnext; }
-
-  // The position that was entered under this hash and for which `same(position)` holds, or -1.
-  template <class tsame>
-  std::int32_t find(std::uint32_t hash, tsame same) const {
-    if (fslots.empty()) return -1;
-    for (std::size_t i = hash & mask();; i = (i + 1) & mask()) {
-      const tslot& slot = fslots[i];
-      if (slot.position < 0) return -1;
-      if (slot.hash == hash && same(slot.position)) return slot.position;
-    }
+  // The first of the positions 0 .. count - 1 with this key, or -1. `keyat(position)` gives the key of a
+  // position; entries that were there at the last search must not have changed since, unless by reset.
+  template <class tkey, class tkeyat>
+  std::int32_t find(std::int32_t count, const tkey& key, tkeyat keyat) {
+    if (count <= walkedcount || !enter(count, keyat)) return walk(count, key, keyat);
+    return search(key, keyat);
   }
 
-  // Enters the next position; one whose name is there already is passed over, so that the first one is found.
-  template <class tsame>
-  void add(std::uint32_t hash, tsame same) {
-    reserveone();
-    const std::int32_t position = fnext++;
-    if (find(hash, same) < 0) insert({hash, position});
-  }
-
-  // Passes over the next position, which no search may find.
-  void skip() noexcept { ++fnext; }
-
-  // Forgets everything and gives the memory back.
+  // To be called when positions change other than by adding at the end.
   void reset() noexcept;
 
  private:
+  // Up to this count a walk is as quick as the index and costs no memory.
+  static constexpr std::int32_t walkedcount = 8;
+
   struct tslot {
     std::uint32_t hash = 0;
     std::int32_t position = -1;
   };
 
+  template <class tkey, class tkeyat>
+  static std::int32_t walk(std::int32_t count, const tkey& key, tkeyat keyat) {
+    for (std::int32_t i = 0; i < count; ++i)
+      if (keyat(i) == key) return i;
+    return -1;
+  }
+
+  template <class tkey, class tkeyat>
+  std::int32_t search(const tkey& key, tkeyat keyat) const {
+    const std::uint32_t hash = key.hash();
+    for (std::size_t i = hash & mask();; i = (i + 1) & mask()) {
+      const tslot& slot = fslots[i];
+      if (slot.position < 0) return -1;
+      if (slot.hash == hash && keyat(slot.position) == key) return slot.position;
+    }
+  }
+
+  // Enters the positions that are not entered yet; of equal keys only the first. False without memory.
+  template <class tkeyat>
+  bool enter(std::int32_t count, tkeyat keyat) {
+    for (; fentered < count; ++fentered) {
+      if (!reserveone()) return false;
+      const auto key = keyat(fentered);
+      if (search(key, keyat) < 0) insert({key.hash(), fentered});
+    }
+    return true;
+  }
+
   std::size_t mask() const noexcept { return fslots.size() - 1; }
-  void reserveone();
+  bool reserveone() noexcept;
   void insert(tslot slot) noexcept;
 
   std::vector<tslot> fslots;  // a power of two of them, at most three quarters in use
   std::size_t fused = 0;
-  std::int32_t fnext = 0;
+  std::int32_t fentered = 0;
 };
 
 }  // namespace wexcorin

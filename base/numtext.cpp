@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <limits>
 
 #include "base/textcase.h"
 
@@ -71,8 +70,8 @@ namespace {
 
 constexpr int significantdigits = 15;
 
-// A finite number other than 0 as sign, significant digits without trailing zeros, and decimal exponent of the
-// first digit.
+// A finite number other than 0 as sign, significant digits without trailing zeros, and decimal exponent of
+// the first digit.
 struct tdecimal {
   bool negative;
   char digits[significantdigits];
@@ -179,8 +178,10 @@ bool istoolarge(std::string_view text) noexcept {
   const std::string_view exponent = withoutplus(text.substr(i + 1));
   std::int64_t value = 0;
   const auto result = std::from_chars(exponent.data(), exponent.data() + exponent.size(), value);
-  if (result.ec == std::errc::result_out_of_range) return exponent[0] != '-';
-  return first + value > 0;
+  // far beyond every number whose digits fit a text, so that adding cannot change the sign or overflow
+  constexpr std::int64_t huge = 1000000;
+  if (result.ec == std::errc::result_out_of_range) value = exponent[0] == '-' ? -huge : huge;
+  return first + std::clamp(value, -huge, huge) > 0;
 }
 
 // The whole text as a number in C notation.

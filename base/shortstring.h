@@ -1,6 +1,6 @@
 // Short strings: a value of 256 bytes, the length byte first, at most 255 characters: exactly the layout of
-// text at the interface. Appending cuts at 255. Meant for the buffers at the edge and for building one message;
-// everything between passes std::string_view.
+// text at the interface. Appending cuts at 255. Meant for the buffers at the edge and for building one
+// message; everything between passes std::string_view.
 #pragma once
 
 #include <cstddef>
@@ -42,6 +42,7 @@ class shortstring {
   void clear() noexcept { flength = 0; }
   std::size_t size() const noexcept { return flength; }
   bool empty() const noexcept { return flength == 0; }
+  bool full() const noexcept { return flength == capacity; }
   std::string_view view() const noexcept { return {ftext, flength}; }
   operator std::string_view() const noexcept { return view(); }
 

@@ -108,10 +108,11 @@ shortstring fillstr(char character, std::int32_t count) noexcept {
 shortstring blankstr(std::int32_t count) noexcept { return fillstr(' ', count); }
 
 shortstring padleft(std::string_view text, std::int32_t width) noexcept {
-  return blankstr(std::min<std::int32_t>(width, shortstring::capacity) - endof(text)).append(text);
+  const std::int32_t wanted = std::clamp<std::int32_t>(width, 0, shortstring::capacity);
+  return blankstr(wanted - endof(text)).append(text);
 }
 shortstring padright(std::string_view text, std::int32_t width) noexcept {
-  return shortstring(text).append(static_cast<std::size_t>(std::max(width - endof(text), 0)), ' ');
+  return shortstring(text).append(blankstr(std::max(width, 0) - endof(text)));
 }
 shortstring padrightmod(std::string_view text, std::int32_t width) noexcept {
   if (width < 1) return text;

@@ -16,8 +16,9 @@ using tcharset = std::bitset<256>;
 
 inline bool inset(const tcharset& set, char character) { return set[static_cast<unsigned char>(character)]; }
 
-// First and last position of a character; the forms with a start look at it and what follows it (lch) or comes
-// before it (rch). The "u" forms take upper and lower case for the same, the "set" forms any character of a set.
+// First and last position of a character; the forms with a start look at it and what follows it (lch) or
+// comes before it (rch). The "u" forms take upper and lower case for the same, the "set" forms any character
+// of a set.
 std::int32_t lchpos(char character, std::string_view text, std::int32_t start = 1) noexcept;
 std::int32_t rchpos(char character, std::string_view text) noexcept;
 std::int32_t rchpos(char character, std::string_view text, std::int32_t start) noexcept;
@@ -47,7 +48,8 @@ shortstring fillstr(char character, std::int32_t count) noexcept;
 std::string_view trim(std::string_view text) noexcept;
 std::string_view trimright(std::string_view text) noexcept;
 
-// The next word, ended by a blank or tab, from `position` (1-based) on, which moves behind it; empty at the end.
+// The next word, ended by a blank or tab, from `position` (1-based) on, which moves behind it; empty at the
+// end.
 std::string_view extracttoken(std::string_view text, std::int32_t& position) noexcept;
 
 // Compares names as a prefix (regardless of case) and a trailing number: iter2 comes before iter10. Negative,

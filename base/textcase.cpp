@@ -11,8 +11,8 @@ namespace {
 using tword = std::uint64_t;
 __extension__ using twideword = unsigned __int128;
 
-// Upper-cases the eight characters of a word at once. Adding moves a character's code past 127 exactly when it
-// is at least 'a' (or above 'z'), so the two sums mark the lower-case letters in each character's top bit.
+// Upper-cases the eight characters of a word at once. Adding moves a character's code past 127 exactly when
+// it is at least 'a' (or above 'z'), so the two sums mark the lower-case letters in each character's top bit.
 tword upperword(tword word) {
   constexpr tword each = 0x0101010101010101ULL;
   const tword low = word & (each * 0x7f);
@@ -40,6 +40,11 @@ tword mix(tword state, tword word) {
   return static_cast<tword>(product) ^ static_cast<tword>(product >> 64);
 }
 
+// Where the loader put the library: different in every process, and of no effect on any result.
+tword seed() { return 0x243F6A8885A308D3ULL ^ (reinterpret_cast<std::uintptr_t>(&detail::uppertable) >> 4); }
+
+std::uint32_t folded(tword state) { return static_cast<std::uint32_t>(state ^ (state >> 32)); }
+
 }  // namespace
 
 std::int32_t strucmp(std::string_view a, std::string_view b) noexcept {
@@ -61,12 +66,16 @@ bool struequal(std::string_view a, std::string_view b) noexcept {
 }
 
 std::uint32_t struhash(std::string_view text) noexcept {
-  tword state = 0x243F6A8885A308D3ULL + text.size();
+  tword state = seed() + text.size();
   std::size_t i = 0;
   for (; i + sizeof(tword) <= text.size(); i += sizeof(tword))
     state = mix(state, upperword(loadword(text.data() + i)));
   if (i < text.size()) state = mix(state, upperword(loadpart(text.data() + i, text.size() - i)));
-  return static_cast<std::uint32_t>(state ^ (state >> 32));
+  return folded(state);
+}
+
+std::uint32_t inthash(std::int32_t number) noexcept {
+  return folded(mix(seed(), static_cast<tword>(number)));
 }
 
 }  // namespace wexcorin

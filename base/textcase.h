@@ -38,7 +38,10 @@ std::int32_t strucmp(std::string_view a, std::string_view b) noexcept;
 // True when both texts are the same but for the case of letters.
 bool struequal(std::string_view a, std::string_view b) noexcept;
 
-// A hash that is equal for texts that are equal without regard to case.
+// A hash that is equal for texts that are equal without regard to case. It differs from process to process,
+// so that no file can be made up whose names all collide.
 std::uint32_t struhash(std::string_view text) noexcept;
+// The same for numbers.
+std::uint32_t inthash(std::int32_t number) noexcept;
 
 }  // namespace wexcorin

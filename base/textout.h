@@ -1,6 +1,6 @@
-// A text result: the caller's buffer in either of the two text forms of the interface, 256 bytes long. Of a short
-// string only the length byte and the characters are written, of a zero-terminated text the characters and the
-// zero byte.
+// A text result: the caller's buffer in either of the two text forms of the interface, 256 bytes long. Of a
+// short string only the length byte and the characters are written, of a zero-terminated text the characters
+// and the zero byte.
 #pragma once
 
 #include <cstddef>

@@ -37,11 +37,11 @@ tquicksortclass::trange tquicksortclass::partition(trange range) {
 
 // The parts of a split are sorted independently of each other, so the smaller one goes first and the stack
 // stays shallow whatever the order of the items.
-void tquicksortclass::sortn(std::int32_t n) {
+void tquicksortclass::quicksort(std::int32_t lo, std::int32_t hi) {
   constexpr std::size_t deepest = 32;  // each entry at most half as long as the one below it
   trange waiting[deepest];
   std::size_t depth = 0;
-  trange range{0, n - 1};
+  trange range{lo, hi};
   for (;;) {
     while (range.lo < range.hi) {
       const trange split = partition(range);
@@ -55,6 +55,8 @@ void tquicksortclass::sortn(std::int32_t n) {
     range = waiting[--depth];
   }
 }
+
+void tquicksortclass::sortn(std::int32_t n) { quicksort(0, n - 1); }
 
 std::int32_t txstrings::add(std::string_view text) {
   if (count() == capacity()) grow();

@@ -1,9 +1,10 @@
-// The growable lists under the option store: txlist (plain items), txstrings (texts) and txstringlist (texts with
-// one word of data each), all sortable through tquicksortclass. Indices count from 0 and are not checked.
+// The growable lists under the option store: txlist (plain items), txstrings (texts) and txstringlist (texts
+// with one word of data each), all sortable through tquicksortclass. Indices count from 0 and are not
+// checked.
 //
-// Growth is fast while a list is small (16, then eightfold) and by a quarter past a million entries. Nothing is
-// sorted or made unique on insertion. Owning lists override freeitem or freeobject and clear themselves in their
-// destructors; that is the one rule by which contents are freed.
+// Growth is fast while a list is small (16, then eightfold) and by a quarter past a million entries. Nothing
+// is sorted or made unique on insertion. Owning lists override freeitem or freeobject and clear themselves in
+// their destructors; that is the one rule by which contents are freed.
 #pragma once
 
 #include <cstdint>
@@ -40,6 +41,7 @@ class tquicksortclass {
     std::int32_t lo, hi;
   };
   trange partition(trange range);
+  void quicksort(std::int32_t lo, std::int32_t hi);
 };
 
 // The capacity that follows `capacity` when a list is full. Throws std::bad_alloc past 32 bits.
@@ -94,7 +96,8 @@ class tgrowarray {
   }
 
  private:
-  // Moves the items from `from` on to `to`, where the count is that of before an insertion or after a removal.
+  // Moves the items from `from` on to `to`, where the count is that of before an insertion or after a
+  // removal.
   void move(std::int32_t to, std::int32_t from) noexcept {
     const std::int32_t moved = fcount - (to < from ? to : from);
     if (moved > 0)
@@ -173,7 +176,9 @@ class txstrings : public txlist<char*> {
   // The first equal text regardless of case, or -1.
   std::int32_t indexof(std::string_view text) const noexcept;
 
-  std::int32_t compare(std::int32_t i, std::int32_t j) const override { return strucmp(get(i), get(j)); }
+  std::int32_t compare(std::int32_t i, std::int32_t j) const override {
+    return pstrucmp(txlist<char*>::get(i), txlist<char*>::get(j));
+  }
   void freeitem(std::int32_t index) override { disposestring(txlist<char*>::get(index)); }
 };
 
@@ -203,12 +208,7 @@ class txcustomstringlist : public tquicksortclass {
 
   // The first entry of that name regardless of case, or -1.
   std::int32_t indexof(std::string_view text) const {
-    if (count() <= walkedcount) return walk(text);
-    while (findex.indexedcount() < count()) {
-      const std::string_view name = getname(findex.indexedcount());
-      findex.add(struhash(name), named(name));
-    }
-    return findex.find(struhash(text), named(text));
+    return findex.find(count(), tnamekey{text}, [this](std::int32_t i) { return tnamekey{getname(i)}; });
   }
   std::int32_t indexofobject(tobject object) const noexcept {
     for (std::int32_t i = 0; i < count(); ++i)
@@ -231,7 +231,7 @@ class txcustomstringlist : public tquicksortclass {
     fentries[j] = kept;
   }
   std::int32_t compare(std::int32_t i, std::int32_t j) const override {
-    return strucmp(getname(i), getname(j));
+    return pstrucmp(fentries[i].text, fentries[j].text);
   }
   virtual void grow() { setcapacity(growncapacity(capacity())); }
   virtual void freeobject(std::int32_t) {}
@@ -241,17 +241,7 @@ class txcustomstringlist : public tquicksortclass {
     char* text;
     tobject object;
   };
-  // Up to this count a walk is as quick as the index and costs no memory.
-  static constexpr std::int32_t walkedcount = 8;
 
-  auto named(std::string_view text) const noexcept {
-    return [this, text](std::int32_t position) { return struequal(getname(position), text); };
-  }
-  std::int32_t walk(std::string_view text) const noexcept {
-    for (std::int32_t i = 0; i < count(); ++i)
-      if (struequal(getname(i), text)) return i;
-    return -1;
-  }
   void clearentries() {
     findex.reset();
     while (count() > 0) {

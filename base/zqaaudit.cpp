@@ -1,7 +1,6 @@
 // Release data and the audit line.
 #include "base/zqaaudit.h"
 
-#include <array>
 #include <cstdio>
 #include <ctime>
 #include <memory>
@@ -32,8 +31,8 @@ tauditstate& state() {
   return theone;
 }
 
-// Days from 1 January 1900 (day 1) to a day of the Gregorian calendar, the year beginning in March so that the
-// leap day is its last.
+// Days from 1 January 1900 (day 1) to a day of the Gregorian calendar, the year beginning in March so that
+// the leap day is its last.
 std::int32_t daynumber(std::int32_t year, std::int32_t month, std::int32_t day) {
   if (month <= 2) {
     --year;

@@ -1,5 +1,5 @@
-// Release data and the audit line: one fixed-width line that names the component, its release status and date,
-// version, build and platform. All of it is module state that the start of the unit sets.
+// Release data and the audit line: one fixed-width line that names the component, its release status and
+// date, version, build and platform. All of it is module state that the start of the unit sets.
 #pragma once
 
 #include <cstdint>
@@ -14,8 +14,8 @@ void zqaauditstop();
 // The audit line as the library registers it: 77 characters, a mark of six characters at either end included.
 std::string_view zqaauditregistration();
 
-// Store what lies between the first six and the last six characters, padded with blanks or cut to 78. The first
-// sets the library's line; the second sets the line that goes before it, and the system name with it.
+// Store what lies between the first six and the last six characters, padded with blanks or cut to 78. The
+// first sets the library's line; the second sets the line that goes before it, and the system name with it.
 void zqasetauditlinelib(std::string_view text);
 void zqasetauditline(std::string_view text);
 

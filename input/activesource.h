@@ -1,4 +1,5 @@
-// Makes a scanner the one that a store is being read with, for as long as this object lives; readings may nest.
+// Makes a scanner the one that a store is being read with, for as long as this object lives; readings may
+// nest.
 #pragma once
 
 #include "options/vksoptions.h"

@@ -1,5 +1,5 @@
-// Reads a definition file: lines, names, types and the fields of options. Continuation lines and the other kinds
-// of definitions are in definitionblocks.cpp.
+// Reads a definition file: lines, names, types and the fields of options. Continuation lines and the other
+// kinds of definitions are in definitionblocks.cpp.
 #include "input/definitionreader.h"
 
 #include <array>

@@ -6,8 +6,8 @@
 //   rest           = option | synonym | group | marks | indicator | lookup | eolcomm .
 //   option         = fields text { continuation } .
 //
-// Definitions begin in the first column; continuation lines begin with a blank. Empty lines and lines that begin
-// with "*" are passed over by the scanner.
+// Definitions begin in the first column; continuation lines begin with a blank. Empty lines and lines that
+// begin with "*" are passed over by the scanner.
 #pragma once
 
 #include <cstdint>
@@ -95,7 +95,6 @@ class tdefinitionreader {
   toptionhead head();
   template <class tclass, class... targuments>
   std::unique_ptr<tclass> make(const targuments&... arguments);
-  void adddefined(std::unique_ptr<toption> option);
 
   // Files a definition error with the name of the definition at its end.
   void error(std::string_view problem);
@@ -104,8 +103,8 @@ class tdefinitionreader {
   tminiparser& fscanner;
   bool fmore = false;  // the scanner stands on a line that is still to be read
 
-  // What was read last. Lines leave these fields as they are where a token is missing, so that the value of an
-  // earlier line stands.
+  // What was read last. Lines leave these fields as they are where a token is missing, so that the value of
+  // an earlier line stands.
   shortstring fname;
   tsubtype fmodifier = tsubtype::required;
   std::int32_t fusermap = 0;

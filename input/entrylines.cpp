@@ -4,6 +4,35 @@
 
 namespace wexcorin {
 
+namespace {
+
+// The entries that a line adds to a list: they are taken out again unless the line turns out well.
+template <class tlist>
+class taddedentries {
+ public:
+  explicit taddedentries(tlist& list) : flist(list), fbefore(list.count()) {}
+  taddedentries(const taddedentries&) = delete;
+  taddedentries& operator=(const taddedentries&) = delete;
+  ~taddedentries() {
+    if (!fkept) remove();
+  }
+
+  void keep() noexcept { fkept = true; }
+  // Returns the number of entries taken out.
+  std::int32_t remove() {
+    const std::int32_t added = flist.count() - fbefore;
+    while (flist.count() > fbefore) flist.remove(flist.count() - 1);
+    return added;
+  }
+
+ private:
+  tlist& flist;
+  std::int32_t fbefore;
+  bool fkept = false;
+};
+
+}  // namespace
+
 // ---- elements = "(" element { "," element } ")" , or in [] or {} .
 
 // Skips an opening bracket, if one comes next, and tells the one that closes it.
@@ -15,7 +44,8 @@ bool tparameterreader::opensbracket(char& closer) {
   return false;
 }
 
-// Steps over what follows an element. False at anything but a comma, after which there is more, or the closer.
+// Steps over what follows an element. False at anything but a comma, after which there is more, or the
+// closer.
 bool tparameterreader::nextelement(char closer, bool& more) {
   more = fscanner.skiptochar(',');
   return more || fscanner.skiptochar(closer);
@@ -36,13 +66,13 @@ bool tparameterreader::dotline() {
     error(concat("unknown .suffix ", quoted(suffix), " for key ", quoted(fkey)));
     return true;
   }
-  tdotobjlist& entries = fstore.dotoptions();
   const std::int32_t errorsbefore = fstore.errorcount();
-  const std::int32_t entriesbefore = entries.count();
+  taddedentries added(fstore.dotoptions());
   dotentry(index);
-  if (fstore.errorcount() > errorsbefore) {
-    for (; entries.count() > entriesbefore; fstore.countdoterror()) entries.remove(entries.count() - 1);
-  }
+  if (fstore.errorcount() > errorsbefore)
+    fstore.countdoterrors(added.remove());
+  else
+    added.keep();
   return true;
 }
 
@@ -83,20 +113,20 @@ bool tparameterreader::dotelements() {
 // ---- indicatorline = identifier [ elements ] "$" identifier [ elements ] [ "=" | ":=" ] boolean .
 
 bool tparameterreader::indicatorline() {
-  tindicatorlist& items = *fstore.indicators();
   const std::int32_t errorsbefore = fstore.errorcount();
-  const std::int32_t itemsbefore = items.count();
+  taddedentries added(*fstore.indicators());
   if (!indicatorentry()) fscanner.skiptolineend();
-  if (fstore.errorcount() > errorsbefore) {
-    for (; items.count() > itemsbefore; fstore.countindicatorerror()) items.remove(items.count() - 1);
-  }
+  if (fstore.errorcount() > errorsbefore)
+    fstore.countindicatorerrors(added.remove());
+  else
+    added.keep();
   return true;
 }
 
 // False when the rest of the line is to be discarded.
 bool tparameterreader::indicatorentry() {
   if (!equation()) return false;
-  const std::string_view name = fstore.indicators()->current().equation().name.view();
+  const std::string_view name = fstore.indicators()->current().equation().name();
   if (!fscanner.skiptochar('$')) {
     error(concat("$ expected after equation identifier ", quoted(name)));
     return false;
@@ -127,7 +157,7 @@ bool tparameterreader::variable() {
   }
   if (name.size() > maxidentifier) error(concat("Variable ", quoted(name), " is not a good identifier"));
   tindicatorlist& items = *fstore.indicators();
-  strassign(items.current().variable().name, name);
+  items.current().variable().setname(name);
   indicatorelements(name, [&](std::string_view element) { items.addvardim(element); });
   return true;
 }
@@ -150,7 +180,7 @@ void tparameterreader::indicatorelements(std::string_view name, taddelement adde
 
 bool tparameterreader::indicatorvalue() {
   tindicatoritem& item = fstore.indicators()->current();
-  const std::string_view equation = item.equation().name.view();
+  const std::string_view equation = item.equation().name();
   fscanner.skipbecomes();
   std::string_view text;
   if (!fscanner.nexttoken(text)) {

@@ -58,26 +58,34 @@ bool tlinereader::fill() noexcept {
 }
 
 bool tlinereader::next(char*& line, std::size_t& length) {
-  std::size_t searched = 0;  // characters of the unread part that hold no line feed
-  for (;;) {
-    char* begin = fblock.get() + fbegin;
-    const std::size_t unread = fend - fbegin;
-    const auto* feed = static_cast<char*>(
-        unread == searched ? nullptr : std::memchr(begin + searched, '\n', unread - searched));
-    if (feed == nullptr && unread < blocksize && fill()) {
-      searched = unread;
-      continue;
-    }
-    if (feed == nullptr && unread == 0) return false;
-    line = begin;
-    length = feed != nullptr ? static_cast<std::size_t>(feed - begin) : unread;
-    fbegin += feed != nullptr ? length + 1 : length;
-    const bool isbroken = feed == nullptr && !fatend;  // longer than a block
-    if (isbroken) skiprestofline();
-    if (!isbroken && length > 0 && begin[length - 1] == '\r') --length;
-    length = std::min(length, maxline);
-    return true;
+  const void* feed = findfeed(0);
+  for (std::size_t unread = fend - fbegin; feed == nullptr && unread < blocksize; unread = fend - fbegin) {
+    if (!fill()) break;
+    feed = findfeed(unread);
   }
+  line = fblock.get() + fbegin;  // filling may have moved it
+  if (feed != nullptr) {
+    length = static_cast<std::size_t>(static_cast<const char*>(feed) - line);
+    fbegin += length + 1;
+  } else {
+    length = fend - fbegin;
+    if (length == 0) return false;
+    fbegin = fend;
+    if (!fatend) {
+      skiprestofline();
+      length = maxline;
+      return true;
+    }
+  }
+  if (length > 0 && line[length - 1] == '\r') --length;
+  length = std::min(length, maxline);
+  return true;
+}
+
+// The first line feed of the unread part behind so many characters that hold none.
+const void* tlinereader::findfeed(std::size_t searched) const noexcept {
+  const std::size_t begin = fbegin + searched;
+  return begin == fend ? nullptr : std::memchr(fblock.get() + begin, '\n', fend - begin);
 }
 
 // Drops what is left of a line that fills the whole block, keeping its beginning, which is handed out.

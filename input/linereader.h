@@ -17,14 +17,14 @@ class tlinereader {
   tlinereader& operator=(const tlinereader&) = delete;
   ~tlinereader() { close(); }
 
-  // Opens the file and reads its first block. Returns 0, or the system's code when one of the two fails, as for
-  // a directory.
+  // Opens the file and reads its first block. Returns 0, or the system's code when one of the two fails, as
+  // for a directory.
   int open(std::string_view filename);
   void close() noexcept;
 
-  // Finds the next line; false at the end of the file. A line ends at a line feed; one carriage return directly
-  // before it, or at the very end of the file, is not part of the line. `line` and `length` describe characters
-  // that the caller may change, valid until the next call.
+  // Finds the next line; false at the end of the file. A line ends at a line feed; one carriage return
+  // directly before it, or at the very end of the file, is not part of the line. `line` and `length` describe
+  // characters that the caller may change, valid until the next call.
   bool next(char*& line, std::size_t& length);
 
   // The system's code of a read that failed after the file was opened, else 0. The file ends there.
@@ -35,6 +35,7 @@ class tlinereader {
 
   bool readmore() noexcept;
   bool fill() noexcept;
+  const void* findfeed(std::size_t searched) const noexcept;
   void skiprestofline() noexcept;
 
   int fdescriptor = -1;

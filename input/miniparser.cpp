@@ -66,7 +66,7 @@ bool tminiparser::nextfileline() {
       fch = endofinput;
       return false;
     }
-    ++flinenr;
+    if (flinenr < maxint) ++flinenr;
     flushecho({line, length});
     if (length == 0 || line[0] == '*') continue;
     flineend = line + length;
@@ -172,8 +172,8 @@ bool tminiparser::nexttoken(std::string_view& text) {
   return true;
 }
 
-// The token ends at a comma, blank or tab that follows a double quote, if the number of double quotes so far is
-// odd: a double quote that no separator follows stands for itself.
+// The token ends at a comma, blank or tab that follows a double quote, if the number of double quotes so far
+// is odd: a double quote that no separator follows stands for itself.
 bool tminiparser::nextquotedtoken(std::string_view& text) {
   nextch();
   bool odd = false;

@@ -1,8 +1,10 @@
-// The text scanner under both readers. It reads one source (a file, a short string or a zero-terminated text) line
-// by line, keeps a current character, and offers the small readers of tokens. It knows characters, no grammar.
+// The text scanner under both readers. It reads one source (a file, a short string or a zero-terminated text)
+// line by line, keeps a current character, and offers the small readers of tokens. It knows characters, no
+// grammar.
 //
-// Texts that it hands out are views of the current line, valid until the next line is read. A text of more than
-// 255 characters keeps its first 254 and its last one: once 255 are held, every further one takes the last place.
+// Texts that it hands out are views of the current line, valid until the next line is read. A text of more
+// than 255 characters keeps its first 254 and its last one: once 255 are held, every further one takes the
+// last place.
 #pragma once
 
 #include <cstdint>
@@ -23,8 +25,8 @@ class tminiparser final : public tlinesource {
   static constexpr char endofline = '\n';
   static constexpr char endofinput = '\x1a';
 
-  // `echolist` receives the lines while the echo switch is on; it is not owned. The characters of `commentset`
-  // start a comment that ends with the line.
+  // `echolist` receives the lines while the echo switch is on; it is not owned. The characters of
+  // `commentset` start a comment that ends with the line.
   tminiparser(txstringlist<tmsgkind>& echolist, bool echo, const tcharset& commentset);
 
   // ---- sources: one of these is called once
@@ -35,11 +37,11 @@ class tminiparser final : public tlinesource {
   void readfrompchar(const char* text);
 
   // ---- lines and characters
-  // Moves to the next line and makes its first character current. In a file, empty lines and lines whose first
-  // character is "*" are passed over; the one line of a text in memory is there unless it is empty.
+  // Moves to the next line and makes its first character current. In a file, empty lines and lines whose
+  // first character is "*" are passed over; the one line of a text in memory is there unless it is empty.
   bool nextline();
-  // The next character: after the last one of a line endofline, and after that, in a file, the first one of the
-  // next line, else endofinput, which stays.
+  // The next character: after the last one of a line endofline, and after that, in a file, the first one of
+  // the next line, else endofinput, which stays.
   void nextch();
   char ch() const noexcept { return fch; }
   bool atlineend() const noexcept { return fch == endofline || fch == endofinput; }
@@ -69,8 +71,8 @@ class tminiparser final : public tlinesource {
   void restofline(std::string_view& text);
   // Everything up to the end of the line or an end-of-line comment; nothing is skipped or trimmed.
   std::string_view untilcomment();
-  // The same behind a double quote that is the current character: a comment begins only where an odd number of
-  // further double quotes came before.
+  // The same behind a double quote that is the current character: a comment begins only where an odd number
+  // of further double quotes came before.
   std::string_view untilcommentafterquote();
 
   // ---- what the store asks

@@ -12,16 +12,25 @@ namespace {
 // Most parameter files that may be open within each other, the first one included.
 constexpr std::int32_t deepestnesting = 9;
 
+// Most parameter files that one call reads: files that include each other several times over would otherwise
+// be read many millions of times before the nesting ends them.
+constexpr std::int32_t mostfiles = 1000;
+
 class tnesting {
  public:
-  explicit tnesting(std::int32_t& level) noexcept : flevel(level) { ++flevel; }
+  tnesting(std::int32_t& level, std::int32_t& filesread) noexcept : flevel(level), ffilesread(filesread) {
+    if (flevel++ == 0) ffilesread = 0;
+    ++ffilesread;
+  }
   tnesting(const tnesting&) = delete;
   tnesting& operator=(const tnesting&) = delete;
   ~tnesting() { --flevel; }
   bool toodeep() const noexcept { return flevel > deepestnesting; }
+  bool toomany() const noexcept { return ffilesread > mostfiles; }
 
  private:
   std::int32_t& flevel;
+  std::int32_t& ffilesread;
 };
 
 shortstring errorcodetext(std::int32_t code) {
@@ -41,9 +50,11 @@ std::int32_t tvksoptions::optreadparameterfile(std::string_view filename) {
   }
   const tactivesource active(*this, scanner);
   addmessage(tmsgkind::fileenter, filename);
-  const tnesting nesting(fnestlevel);
+  const tnesting nesting(fnestlevel, ffilesread);
   if (nesting.toodeep())
     addmessage(tmsgkind::usererror, "File nesting level too deep; file ignored");
+  else if (nesting.toomany())
+    addmessage(tmsgkind::usererror, "Too many parameter files; file ignored");
   else
     tparameterreader(*this, scanner).parse();
   if (const std::int32_t code = scanner.readerror(); code != 0) {
@@ -100,13 +111,13 @@ bool tparameterreader::statement() {
     error(concat("Option keyword expected, saw ", quoted({&saw, fscanner.atlineend() ? 0U : 1U})));
     return droprest();
   }
-  fkey = concat(dashes >= 2 ? "--" : "", identifier);
   const char separator = fscanner.ch();
   if (!fscanner.atlineend() && separator != '.' && separator != ' ' && separator != '\t' &&
       separator != '=') {
-    error(concat("Bad separator after key ", quoted(fkey)));
+    error(concat("Bad separator after key ", quoted(identifier)));
     return droprest();
   }
+  fkey = concat(dashes >= 2 ? "--" : "", identifier);
   return dispatch(dashes);
 }
 
@@ -264,8 +275,8 @@ tparameterreader::tvalue tparameterreader::token() {
   return value;
 }
 
-// The rest of the line up to a comment. A text that begins with a double quote loses it and the one at its end;
-// where that is missing one is added, so that the setters refuse the text.
+// The rest of the line up to a comment. A text that begins with a double quote loses it and the one at its
+// end; where that is missing one is added, so that the setters refuse the text.
 tparameterreader::tvalue tparameterreader::restvalue() {
   tvalue value;
   if (!fscanner.skipbl()) return value;

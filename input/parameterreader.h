@@ -1,5 +1,5 @@
-// Reads parameter text into a store: a file, a short string or a zero-terminated text. Every problem is a message;
-// the reading goes on with the next statement or line.
+// Reads parameter text into a store: a file, a short string or a zero-terminated text. Every problem is a
+// message; the reading goes on with the next statement or line.
 //
 //   parametertext = { line } .
 //   line          = { statement } .
@@ -12,8 +12,8 @@
 //   indicatorline = identifier [ elements ] "$" identifier [ elements ] [ "=" | ":=" ] boolean .
 //   elements      = "(" element { "," element } ")" , or in [] or {} .
 //
-// In normal mode a value is one token and statements follow each other on a line; in end-of-line mode a value is
-// the rest of the line.
+// In normal mode a value is one token and statements follow each other on a line; in end-of-line mode a value
+// is the rest of the line.
 #pragma once
 
 #include <cstdint>
@@ -49,7 +49,6 @@ class tparameterreader {
   bool ordinary(toption& option);
   bool unknownkey();
 
-  void novalue(toption& option);
   void normalvalue(toption& option);
   void eolvalue(toption& option);
   bool remainder();

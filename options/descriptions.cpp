@@ -169,17 +169,8 @@ bool tvksoptions::optgetgroupnr(std::int32_t nr, ttextout& name, std::int32_t& g
 }
 
 std::int32_t tvksoptions::optgetgroupgrpnr(std::int32_t groupnumber) const {
-  const auto hash = [](std::int32_t number) { return static_cast<std::uint32_t>(number) * 0x9E3779B1U; };
-  const auto hasnumber = [this](std::int32_t number) {
-    return [this, number](std::int32_t position) {
-      return fgroups.getobject(position)->groupnumber() == number;
-    };
-  };
-  while (fgroupindex.indexedcount() < fgroups.count()) {
-    const std::int32_t number = fgroups.getobject(fgroupindex.indexedcount())->groupnumber();
-    fgroupindex.add(hash(number), hasnumber(number));
-  }
-  const std::int32_t position = fgroupindex.find(hash(groupnumber), hasnumber(groupnumber));
+  const auto keyat = [this](std::int32_t i) { return tnumberkey{fgroups.getobject(i)->groupnumber()}; };
+  const std::int32_t position = fgroupindex.find(fgroups.count(), tnumberkey{groupnumber}, keyat);
   return position >= 0 ? position + 1 : -1;
 }
 

@@ -36,7 +36,7 @@ void tdotobjlist::setvalue(std::string_view text) {
   fowner.setcuroptname(option.name());
   option.setasstring(text);
   if (option.opttype() == topttype::dbl)
-    entry->setvalue(as<tdbloption>(option).value(false));
+    entry->setvalue(as<tdbloption>(option).getasdouble());
   else if (option.holdsinteger())
     entry->setvalue(option.getasinteger());
 }

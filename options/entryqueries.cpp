@@ -46,10 +46,10 @@ bool tvksoptions::optgetindicatornr(std::int32_t nr, ttextout& equation, ttextou
                                     std::int32_t& equdims, std::int32_t& vardims, std::int32_t& value) const {
   const bool found = findicators != nullptr && isnumberin(*findicators, nr);
   const tindicatoritem* item = found ? findicators->get(nr - 1) : nullptr;
-  equation.set(found ? item->equation().name.view() : std::string_view());
-  variable.set(found ? item->variable().name.view() : std::string_view());
-  equdims = found ? item->equation().elements.count() : 0;
-  vardims = found ? item->variable().elements.count() : 0;
+  equation.set(found ? item->equation().name() : std::string_view());
+  variable.set(found ? item->variable().name() : std::string_view());
+  equdims = found ? item->equation().elements().count() : 0;
+  vardims = found ? item->variable().elements().count() : 0;
   value = found ? item->value() : 0;
   return found;
 }
@@ -59,11 +59,11 @@ namespace {
 bool getelement(const tindicatorlist* indicators, std::int32_t nr, std::int32_t dim,
                 const tsymbol& (tindicatoritem::*symbol)() const noexcept, ttextout& element) {
   if (indicators == nullptr || !isnumberin(*indicators, nr) ||
-      !isnumberin((indicators->get(nr - 1)->*symbol)().elements, dim)) {
+      !isnumberin((indicators->get(nr - 1)->*symbol)().elements(), dim)) {
     element.clear();
     return false;
   }
-  element.set((indicators->get(nr - 1)->*symbol)().elements.get(dim - 1));
+  element.set((indicators->get(nr - 1)->*symbol)().elements().get(dim - 1));
   return true;
 }
 

@@ -15,14 +15,19 @@ bool istoolong(std::string_view text) {
   return text.size() > (isquotedelement(text) ? maxidentifier + 2 : maxidentifier);
 }
 
-// Elements are texts as written: unlike names, they are compared with regard to case.
-bool contains(const txstrings& elements, std::string_view text) {
-  for (std::int32_t i = 0; i < elements.count(); ++i)
-    if (elements.get(i) == text) return true;
-  return false;
-}
+// A text that is compared with regard to case.
+struct texactkey {
+  std::string_view text;
+  std::uint32_t hash() const noexcept { return struhash(text); }
+  bool operator==(const texactkey& other) const noexcept { return text == other.text; }
+};
 
 }  // namespace
+
+bool tsymbol::haselement(std::string_view text) const {
+  const auto keyat = [this](std::int32_t i) { return texactkey{felements.get(i)}; };
+  return findex.find(felements.count(), texactkey{text}, keyat) >= 0;
+}
 
 void tindicatorlist::addentry(std::string_view equation) {
   auto item = std::make_unique<tindicatoritem>(equation);
@@ -34,25 +39,25 @@ void tindicatorlist::addentry(std::string_view equation) {
 
 void tindicatorlist::addequdim(std::string_view text) {
   tsymbol& equation = current().equation();
-  if (equation.elements.count() >= maxdimensions)
+  if (equation.elements().count() >= maxdimensions)
     fowner.addmessage(tmsgkind::usererror,
-                      concat("Too many dimensions for equation ", quoted(equation.name.view())));
+                      concat("Too many dimensions for equation ", quoted(equation.name())));
   if (istoolong(text))
-    fowner.addmessage(tmsgkind::usererror, concat("Bad Equation index = ", quoted(equation.name.view())));
-  equation.elements.add(text);
+    fowner.addmessage(tmsgkind::usererror, concat("Bad Equation index = ", quoted(equation.name())));
+  equation.addelement(text);
 }
 
 void tindicatorlist::addvardim(std::string_view text) {
   tsymbol& variable = current().variable();
-  if (variable.elements.count() >= maxdimensions)
+  if (variable.elements().count() >= maxdimensions)
     fowner.addmessage(tmsgkind::usererror,
-                      concat("Too many dimensions for variable ", quoted(variable.name.view())));
+                      concat("Too many dimensions for variable ", quoted(variable.name())));
   if (istoolong(text))
-    fowner.addmessage(tmsgkind::usererror, concat("Bad variable index = ", quoted(variable.name.view())));
-  else if (!isquotedelement(text) && !contains(current().equation().elements, text))
+    fowner.addmessage(tmsgkind::usererror, concat("Bad variable index = ", quoted(variable.name())));
+  else if (!isquotedelement(text) && !current().equation().haselement(text))
     fowner.addmessage(tmsgkind::usererror, concat("Index ", quoted(text), " not controled for variable ",
-                                                  quoted(variable.name.view())));
-  variable.elements.add(text);
+                                                  quoted(variable.name())));
+  variable.addelement(text);
 }
 
 }  // namespace wexcorin

@@ -13,14 +13,24 @@ namespace wexcorin {
 class tvksoptions;
 
 // A symbol and its elements, as they were written: quotes included.
-struct tsymbol {
-  heapstring name;
-  txstrings elements;
+class tsymbol {
+ public:
+  std::string_view name() const noexcept { return fname.view(); }
+  void setname(std::string_view name) { strassign(fname, name); }
+  const txstrings& elements() const noexcept { return felements; }
+  void addelement(std::string_view text) { felements.add(text); }
+  // Elements are texts as written: unlike names, they are compared with regard to case.
+  bool haselement(std::string_view text) const;
+
+ private:
+  heapstring fname;
+  txstrings felements;
+  mutable tnameindex findex;
 };
 
 class tindicatoritem {
  public:
-  explicit tindicatoritem(std::string_view equation) { strassign(fequation.name, equation); }
+  explicit tindicatoritem(std::string_view equation) { fequation.setname(equation); }
 
   const tsymbol& equation() const noexcept { return fequation; }
   const tsymbol& variable() const noexcept { return fvariable; }
@@ -35,8 +45,8 @@ class tindicatoritem {
   std::int32_t fvalue = 0;
 };
 
-// The indicators of a store in the order of reading. Whatever is wrong with an identifier or element becomes a
-// message; it is added all the same, and the reader then drops the whole item.
+// The indicators of a store in the order of reading. Whatever is wrong with an identifier or element becomes
+// a message; it is added all the same, and the reader then drops the whole item.
 class tindicatorlist final : public txlistobj<tindicatoritem> {
  public:
   explicit tindicatorlist(tvksoptions& owner) noexcept : fowner(owner) {}

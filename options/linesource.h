@@ -1,5 +1,5 @@
-// What the store needs to know of a scanner that reads for it: where the reading stands, for messages, and the
-// echo switch.
+// What the store needs to know of a scanner that reads for it: where the reading stands, for messages, and
+// the echo switch.
 #pragma once
 
 #include <cstdint>

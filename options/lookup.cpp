@@ -20,13 +20,16 @@ void tsignificantkey::append(std::string_view text) noexcept {
   for (const char character : text) fcharacters[flength++] = upchar(character);
 }
 
-// Three characters of every word, so the number of words shows in the length.
+// Three characters of every word, so the number of words shows in the length. Of a name that matches nothing
+// the whole name is kept, so that many such names do not crowd one place of an index.
 void tsignificantkey::addpath(std::string_view name) noexcept {
   constexpr std::size_t significant = 3;
   for (std::size_t begin = 0; begin <= name.size();) {
     const std::size_t end = std::min(name.find('_', begin), name.size());
     if (end - begin < significant) {
       fmatchable = false;
+      flength = 0;
+      append(name);
       return;
     }
     append(name.substr(begin, significant));
@@ -57,19 +60,8 @@ std::int32_t tlookup::find(tlookupmode mode, std::string_view name) const {
 }
 
 std::int32_t tlookup::findsignificant(tlookupmode mode, std::string_view name, tnameindex& index) const {
-  const auto keyof = [&](std::int32_t position) { return tsignificantkey(mode, foptions.getname(position)); };
-  const auto haskey = [&](const tsignificantkey& key) {
-    return [&](std::int32_t position) { return keyof(position).view() == key.view(); };
-  };
-  while (index.indexedcount() < foptions.count()) {
-    const tsignificantkey key = keyof(index.indexedcount());
-    if (key.matchable())
-      index.add(struhash(key.view()), haskey(key));
-    else
-      index.skip();
-  }
-  const tsignificantkey key(mode, name);
-  return key.matchable() ? index.find(struhash(key.view()), haskey(key)) : -1;
+  const auto keyat = [this, mode](std::int32_t i) { return tsignificantkey(mode, foptions.getname(i)); };
+  return index.find(foptions.count(), tsignificantkey(mode, name), keyat);
 }
 
 }  // namespace wexcorin

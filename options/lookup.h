@@ -22,16 +22,19 @@ class toption;
 class tsignificantkey {
  public:
   tsignificantkey(tlookupmode mode, std::string_view name) noexcept;
-  // False for a name that matches no name at all, not even itself.
-  bool matchable() const noexcept { return fmatchable; }
-  std::string_view view() const noexcept { return {fcharacters.data(), flength}; }
+  std::uint32_t hash() const noexcept { return struhash(view()); }
+  // A name with too short a word matches no name, not even itself.
+  bool operator==(const tsignificantkey& other) const noexcept {
+    return fmatchable && other.fmatchable && view() == other.view();
+  }
 
  private:
+  std::string_view view() const noexcept { return {fcharacters.data(), flength}; }
   void addpath(std::string_view name) noexcept;
   void addminos(std::string_view name) noexcept;
   void append(std::string_view text) noexcept;
 
-  std::array<char, 640> fcharacters;  // a name of 255 characters gives 260 at most
+  std::array<char, 264> fcharacters;  // a name of 255 characters gives 259 at most
   std::size_t flength = 0;
   bool fmatchable = true;
 };

@@ -7,8 +7,6 @@ namespace wexcorin {
 
 namespace {
 
-constexpr std::int32_t maxmessages = 5000;
-
 // Whether messages of this kind name the line at which a reader stands.
 bool hasline(tmsgkind kind) noexcept {
   switch (kind) {
@@ -40,7 +38,7 @@ void tmessagelist::add(tmsgkind kind, std::string_view text, std::int32_t linenr
     ftexts.remove(count() - 1);
   else if (count() == maxmessages)
     append(tmsgkind::toomanymsgs, concat("Maximum of ", inttostr(maxmessages).view(), " messages reached"));
-  else if (count() > maxmessages)
+  else if (full())
     return;
   else if (linenr != 0 && hasline(kind))
     append(kind, concat("line ", inttostr(linenr).view(), ": ", text));

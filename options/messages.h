@@ -1,5 +1,5 @@
-// The message list: everything that readers, setters and writers have to say, numbered in the order of filing.
-// Errors and warnings are counted as they are filed, so that asking costs nothing.
+// The message list: everything that readers, setters and writers have to say, numbered in the order of
+// filing. Errors and warnings are counted as they are filed, so that asking costs nothing.
 #pragma once
 
 #include <cstdint>
@@ -21,6 +21,8 @@ class tmessagelist {
   tmsgkind kind(std::int32_t nr) const noexcept;
 
   void clear();
+  // The list has reached its limit: what is added from now on is dropped.
+  bool full() const noexcept { return count() > maxmessages; }
   std::int32_t count() const noexcept { return ftexts.count(); }
   std::int32_t errors() const noexcept { return ferrors; }
   std::int32_t warnings() const noexcept { return fwarnings; }
@@ -31,6 +33,8 @@ class tmessagelist {
   txstringlist<tmsgkind>& echotarget() noexcept { return ftexts; }
 
  private:
+  static constexpr std::int32_t maxmessages = 5000;
+
   void append(tmsgkind kind, std::string_view text);
   bool cancelsenternote(tmsgkind kind, std::string_view text) const noexcept;
   bool isnumber(std::int32_t nr) const noexcept { return nr >= 1 && nr <= count(); }

@@ -64,8 +64,8 @@ std::int32_t tvksoptions::optgetfromliststr(std::string_view name, ttextout& val
   return list != nullptr ? 0 : notalist(option);
 }
 
-// A flag other than 0 asks for lists whose names begin with two dashes, 0 for the others. The name is that of the
-// last list looked at, taken or not.
+// A flag other than 0 asks for lists whose names begin with two dashes, 0 for the others. The name is that of
+// the last list looked at, taken or not.
 bool tvksoptions::optgetfromanystrlist(std::int32_t flag, ttextout& name, ttextout& value) {
   for (std::int32_t i = 0; i < getcount(); ++i) {
     auto* list = ifis<tstrlistoption>(foptions.getobject(i));

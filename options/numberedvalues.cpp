@@ -34,7 +34,7 @@ bool tvksoptions::optgetvaluesnr(std::int32_t nr, ttextout& name, std::int32_t& 
     case topttype::integer:
     case topttype::boolean:
     case topttype::enumint: ival = option->getasinteger(); return true;
-    case topttype::dbl: dval = as<tdbloption>(*option).value(false); return true;
+    case topttype::dbl: dval = as<tdbloption>(*option).getasdouble(); return true;
     case topttype::string:
     case topttype::enumstr: return true;
     case topttype::multilist:
@@ -62,14 +62,14 @@ bool tvksoptions::optgetint2nr(std::int32_t nr, std::int32_t& ival) const {
 bool tvksoptions::optgetdblnr(std::int32_t nr, double& dval) const {
   const auto* option = ifis<tdbloption>(optionat(nr));
   if (option == nullptr) return false;
-  dval = option->value(false);
+  dval = option->getasdouble();
   return true;
 }
 
 bool tvksoptions::optgetdbl2nr(std::int32_t nr, double& dval) const {
   const auto* option = ifis<tdbloption>(twovalueoption(nr));
   if (option == nullptr) return false;
-  dval = option->value(true);
+  dval = option->getasdouble2();
   return true;
 }
 
@@ -87,8 +87,8 @@ bool tvksoptions::optgetstr2nr(std::int32_t nr, ttextout& sval) const {
 
 // ---- setting
 
-// Runs the assignment, which answers false for an option that does not take it. True exactly when it took place
-// without a new error message.
+// Runs the assignment, which answers false for an option that does not take it. True exactly when it took
+// place without a new error message.
 template <class tassign>
 bool tvksoptions::assignednew(std::int32_t nr, bool second, tassign assign) {
   if (!checkoptnr(nr)) return false;

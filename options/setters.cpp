@@ -1,6 +1,6 @@
-// The typed setters: a value is checked against the option's bounds or legal values, stored, and marked; what is
-// wrong with it becomes messages. With bound checking off an illegal value is stored all the same, with the same
-// messages as warnings.
+// The typed setters: a value is checked against the option's bounds or legal values, stored, and marked; what
+// is wrong with it becomes messages. With bound checking off an illegal value is stored all the same, with
+// the same messages as warnings.
 #include "options/checkboolean.h"
 #include "options/toption.h"
 #include "options/vksoptions.h"
@@ -41,7 +41,7 @@ void markstored(toption& option, bool second, bool legal) {
 // The list follows after a second blank.
 shortstring possiblevalues(const txstringlistobj<toptionx>& items) {
   shortstring text = concat("   Possible values are ");
-  for (std::int32_t i = 0; i < items.count(); ++i) text.append(" ").append(items.getname(i));
+  for (std::int32_t i = 0; i < items.count() && !text.full(); ++i) text.append(" ").append(items.getname(i));
   return text;
 }
 

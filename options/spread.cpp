@@ -1,8 +1,8 @@
 // Options that stand for others: a multilist hands its words to its members, a macro its text to each member.
 //
 // Members may be such options again, to any depth, so the walk keeps its own stack. A definition can make a
-// single assignment stand for more assignments than any machine can do (macros of macros that name each member
-// twice); the walk gives up, with a message, after a million.
+// single assignment stand for more assignments than any machine can do (macros of macros that name each
+// member twice); the walk gives up, with a message, when there were far more than there are options.
 #include "options/spread.h"
 
 #include <algorithm>
@@ -33,7 +33,7 @@ namespace {
 
 class tspreader {
  public:
-  explicit tspreader(tvksoptions& owner) : fowner(owner) {}
+  explicit tspreader(tvksoptions& owner) : fowner(owner), fleft(owner.getcount() + 1000) {}
 
   void spread(const toption& option, std::string_view text) {
     fopen.push_back({&option, text, 0, 0});
@@ -42,7 +42,7 @@ class tspreader {
       std::string_view membertext;
       if (!nextmember(fopen.back(), member, membertext))
         fopen.pop_back();
-      else if (fassigned++ == maxassigned)
+      else if (fleft-- == 0)
         return fowner.addmessage(tmsgkind::valueerror,
                                  concat("Too many members for macro ", quoted(option.name())));
       else if (member != nullptr)
@@ -51,8 +51,6 @@ class tspreader {
   }
 
  private:
-  static constexpr std::int32_t maxassigned = 1000000;
-
   // A multilist or macro whose members are being assigned.
   struct topen {
     const toption* option;
@@ -93,7 +91,7 @@ class tspreader {
 
   tvksoptions& fowner;
   std::vector<topen> fopen;
-  std::int32_t fassigned = 0;
+  std::int32_t fleft;  // so many members may still be assigned
 };
 
 }  // namespace

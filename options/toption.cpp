@@ -86,10 +86,9 @@ void tenumintoption::additem(std::int32_t value, std::int32_t helpflag, std::str
   static_cast<void>(item.release());
 }
 
-bool tenumintoption::hasitem(std::int32_t value) const noexcept {
-  for (std::int32_t i = 0; i < fitems.count(); ++i)
-    if (fitems.get(i)->enumvalue() == value) return true;
-  return false;
+bool tenumintoption::hasitem(std::int32_t value) const {
+  const auto keyat = [this](std::int32_t i) { return tnumberkey{fitems.get(i)->enumvalue()}; };
+  return fitemindex.find(fitems.count(), tnumberkey{value}, keyat) >= 0;
 }
 
 shortstring tstrlistoption::takefirst() {

@@ -172,6 +172,8 @@ class tdbloption final : public toption {
   double lo() const noexcept { return flo; }
   double hi() const noexcept { return fhi; }
   double value(bool second) const noexcept { return fvalues.current(*this, second); }
+  double getasdouble() const noexcept { return value(false); }
+  double getasdouble2() const noexcept { return value(true); }
   void setasdouble(double value) { setasdouble12(false, value); }
   void setasdouble2(double value) { setasdouble12(true, value); }
   void setasdouble12(bool second, double value);
@@ -243,7 +245,7 @@ class tenumintoption final : public toption {
   // The permitted values and their help, in definition order.
   const txlistobj<tlistoptionx>& items() const noexcept { return fitems; }
   void additem(std::int32_t value, std::int32_t helpflag, std::string_view helptext);
-  bool hasitem(std::int32_t value) const noexcept;
+  bool hasitem(std::int32_t value) const;
   void setasinteger(std::int32_t value) { setasinteger12(false, value); }
   void setasinteger2(std::int32_t value) { setasinteger12(true, value); }
   void setasinteger12(bool second, std::int32_t value);
@@ -253,6 +255,7 @@ class tenumintoption final : public toption {
   friend class toption;
   tnumbervalues<std::int32_t> fvalues;
   txlistobj<tlistoptionx> fitems;
+  mutable tnameindex fitemindex;
 };
 
 // Hands its words to a list of options, one word each.
@@ -261,7 +264,8 @@ class tmultilistoption final : public toption {
   static constexpr topttype type = topttype::multilist;
   explicit tmultilistoption(const toptionhead& head) : toption(head, type) {}
   ~tmultilistoption() override { fitems.clear(); }
-  // Positions in the option list, counted from 0; -1 for a member that the definition names but nowhere defines.
+  // Positions in the option list, counted from 0; -1 for a member that the definition names but nowhere
+  // defines.
   const txlist<std::int32_t>& items() const noexcept { return fitems; }
   void additem(std::int32_t index) { fitems.add(index); }
   void setasstring(std::string_view text);
@@ -316,7 +320,7 @@ class timmediateoption final : public toption {
   timmkind fimmkind;
 };
 
-// The option as its class, which the type code must be that of; null stays null.
+// The option as its class, which the type code must be that of.
 template <class tclass>
 tclass& as(toption& option) noexcept {
   return static_cast<tclass&>(option);
@@ -326,7 +330,7 @@ const tclass& as(const toption& option) noexcept {
   return static_cast<const tclass&>(option);
 }
 
-// The option as its class if it is of that class, else null.
+// The option as its class if it is of that class, else null; null stays null.
 template <class tclass>
 tclass* ifis(toption* option) noexcept {
   return option != nullptr && option->opttype() == tclass::type ? static_cast<tclass*>(option) : nullptr;

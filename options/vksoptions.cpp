@@ -1,8 +1,6 @@
 // The option store: creation, its lists, lookup with synonyms, resetting, messages and switches.
 #include "options/vksoptions.h"
 
-#include <string>
-
 namespace wexcorin {
 
 tvksoptions::tvksoptions() : toptionx(0, {}) {}
@@ -21,10 +19,6 @@ toption* tvksoptions::getobjects(std::int32_t index) const noexcept {
 toption& tvksoptions::addoption(std::unique_ptr<toption> option) {
   foptions.addobject(option->name(), option.get());
   return *option.release();
-}
-
-std::int32_t tvksoptions::optionnumber(const toption& option) const noexcept {
-  return foptions.indexofobject(const_cast<toption*>(&option)) + 1;
 }
 
 void tvksoptions::addgroup(std::string_view name, std::unique_ptr<tgroupobj> group) {

@@ -1,14 +1,16 @@
-// The option store: the thin owner of everything that one handle stands for. What is done with it lives beside it:
-// lookup, messages, dot options and indicators in this folder, the readers in input/, the writers in output/.
+// The option store: the thin owner of everything that one handle stands for. What is done with it lives
+// beside it: lookup, messages, dot options and indicators in this folder, the readers in input/, the writers
+// in output/.
 //
-// The methods with an opt prefix are what the interface exports; option and message numbers count from 1 there.
-// Text results are written to the caller's buffer, and what a query leaves in its outputs on failure is part of
-// its contract.
+// The methods with an opt prefix are what the interface exports; option and message numbers count from 1
+// there. Text results are written to the caller's buffer, and what a query leaves in its outputs on failure
+// is part of its contract.
 #pragma once
 
 #include <cstdint>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "base/strutilx.h"
 #include "base/textout.h"
@@ -53,6 +55,8 @@ class tvksoptions : public toptionx {
   // The count that setters and readers compare before and after.
   std::int32_t errorcount() const noexcept { return fmessages.errorcount(); }
   tmessagelist& messages() noexcept { return fmessages; }
+  // Further messages are dropped.
+  bool messagesfull() const noexcept { return fmessages.full(); }
 
   // ---- resetting
   void optresetall();
@@ -149,15 +153,14 @@ class tvksoptions : public toptionx {
 
   // ---- the store's contents, for readers and writers; positions count from 0
   std::int32_t getcount() const noexcept { return foptions.count(); }
-  std::int32_t optsynonymcount() const noexcept { return fsynonyms.count(); }
   std::int32_t getgroupcount() const noexcept { return fgroups.count(); }
+  std::int32_t optsynonymcount() const noexcept { return fsynonyms.count(); }
   // Empty or null outside 0 .. count - 1.
   std::string_view getstrings(std::int32_t index) const noexcept;
   toption* getobjects(std::int32_t index) const noexcept;
   toption& addoption(std::unique_ptr<toption> option);
   // The first option of exactly this name, regardless of case and lookup mode; null if there is none.
   toption* exactoption(std::string_view name) const { return getobjects(foptions.indexof(name)); }
-  std::int32_t optionnumber(const toption& option) const noexcept;
 
   const txstringlist<std::int32_t>& synonyms() const noexcept { return fsynonyms; }
   void addsynonym(std::string_view synonym, std::int32_t index) { fsynonyms.addobject(synonym, index); }
@@ -174,8 +177,8 @@ class tvksoptions : public toptionx {
   tindicatorlist* indicators() const noexcept { return findicators.get(); }
   std::string_view dotname() const noexcept { return fdotname.view(); }
   void declareindicator(std::string_view keyword);
-  void countdoterror() noexcept { ++fdoterrors; }
-  void countindicatorerror() noexcept { ++findicatorerrors; }
+  void countdoterrors(std::int32_t rejected) noexcept { fdoterrors += rejected; }
+  void countindicatorerrors(std::int32_t rejected) noexcept { findicatorerrors += rejected; }
 
   std::string_view curoptname() const noexcept { return fcuroptname; }
   void setcuroptname(std::string_view name) noexcept { fcuroptname.assign(name); }
@@ -190,8 +193,8 @@ class tvksoptions : public toptionx {
   // The scanner that is being read, or null; exchanged by readers around each nested read.
   const tlinesource* activesource() const noexcept { return fparser; }
   tlinesource* exchangesource(tlinesource* source) noexcept { return std::exchange(fparser, source); }
-  std::int32_t& nestlevel() noexcept { return fnestlevel; }
-  // Where the last reading of a definition file ended; early when a line that nothing can begin with ended it.
+  // Where the last reading of a definition file ended; early when a line that nothing can begin with ended
+  // it.
   struct tdefinitionend {
     std::int32_t line = 0;
     bool early = false;
@@ -223,7 +226,8 @@ class tvksoptions : public toptionx {
   tlinesource* fparser = nullptr;
   tassignmentobserver* fobserver = nullptr;
   tdefinitionend fdefinitionend;
-  std::int32_t fnestlevel = 0;
+  std::int32_t fnestlevel = 0;  // parameter files that are open within each other
+  std::int32_t ffilesread = 0;  // parameter files read since the outermost one was opened
   shortstring fcuroptname;
   tdotobjlist fdotoptions{*this};
   heapstring fdotname;

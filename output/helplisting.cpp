@@ -35,6 +35,9 @@ void thelplisting::show(std::string_view request) {
     level = summarybit;
   }
   if (level < 1) level = defaultlevel;
+  const std::int32_t shown =
+      fstore.messagesfull() ? standardoutputbit : summarybit | alphabeticalbit | standardoutputbit;
+  if ((level & shown) == 0) return;
   collectnames();
   if ((level & summarybit) != 0) summary((level & marksbit) != 0);
   if ((level & alphabeticalbit) != 0) alphabetical();

@@ -94,10 +94,10 @@ void tparameterwriter::writeindicators() {
   const tindicatorlist* items = fstore.indicators();
   for (std::int32_t i = 0; items != nullptr && i < items->count(); ++i) {
     const tindicatoritem& item = *items->get(i);
-    ffile.write(fstore.dotname(), " ", item.equation().name.view());
-    writeelements(item.equation().elements);
-    ffile.write("$", item.variable().name.view());
-    writeelements(item.variable().elements);
+    ffile.write(fstore.dotname(), " ", item.equation().name());
+    writeelements(item.equation().elements());
+    ffile.write("$", item.variable().name());
+    writeelements(item.variable().elements());
     ffile.writeline("=", inttostr(item.value()));
   }
 }

@@ -1,5 +1,5 @@
-// Writes the settings of a store as a parameter file that the parameter reader takes back: a line for every value
-// that was set, in definition order, then the dot entries and indicators.
+// Writes the settings of a store as a parameter file that the parameter reader takes back: a line for every
+// value that was set, in definition order, then the dot entries and indicators.
 #pragma once
 
 #include <string_view>
@@ -9,8 +9,8 @@
 
 namespace wexcorin {
 
-// A value as it stands on a line of a definition or parameter file: in double quotes if it is empty or holds a
-// blank, tab or comma. Nothing inside is escaped.
+// A value as it stands on a line of a definition or parameter file: in double quotes if it is empty or holds
+// a blank, tab or comma. Nothing inside is escaped.
 shortstring strexternal(std::string_view text);
 
 class tparameterwriter {

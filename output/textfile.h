@@ -1,5 +1,5 @@
-// A text file that is written from beginning to end. Errors do not stop the writing; the first one is kept and told
-// at the end, when the data is with the system.
+// A text file that is written from beginning to end. Errors do not stop the writing; the first one is kept
+// and told at the end, when the data is with the system.
 #pragma once
 
 #include <cstddef>

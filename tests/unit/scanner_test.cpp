@@ -1,4 +1,5 @@
-// The text scanner: lines, characters, tokens and their limits. Echo is tested where its result can be fetched.
+// The text scanner: lines, characters, tokens and their limits. Echo is tested where its result can be
+// fetched.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -187,8 +188,8 @@ TEST(scanner, the_next_character_runs_across_the_lines_of_a_file_only) {
   EXPECT_EQ(text.linenr(), 0);
 }
 
-// Lines of every length around the limits, each ended in every way, so that line ends fall on all sides of the
-// blocks in which a file is read.
+// Lines of every length around the limits, each ended in every way, so that line ends fall on all sides of
+// the blocks in which a file is read.
 TEST(scanner, files_come_back_line_by_line_whatever_the_block_they_end_in) {
   const testsupport::ttempdir directory;
   for (const std::string end : {"\n", "\r\n"}) {
