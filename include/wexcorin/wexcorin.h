@@ -45,7 +45,8 @@
  * 10. Threads. Nothing is locked. A handle is used by one thread at a time; different handles may be used
  *     from different threads at the same time. The load path is one for the process and unguarded.
  *
- * 11. Out of memory. The call fails (null handle, result 0) and the handle stays usable.
+ * 11. Out of memory. The call fails and the handle stays usable. The result is then a null handle or 0, and
+ *     ENOMEM where it is the operating system's error code.
  *
  * 12. Locale. Numbers are read and written with a decimal point, whatever locale the process has set.
  *
@@ -183,7 +184,7 @@ WEXCORIN_API int32_t coptreadparameterfile(tvksoptions* handle, const char* file
 WEXCORIN_API void optreadfromstr(tvksoptions* handle, const optshortstring* text);
 WEXCORIN_API void coptreadfromstr(tvksoptions* handle, const char* text);
 
-/* The same for a text of any length. The notes name it "pchar". */
+/* The same for a text of any length; a line feed in it ends it. The notes name it "pchar". */
 WEXCORIN_API void optreadfrompchar(tvksoptions* handle, const char* text);
 
 /* Reads string number index of the strlist option called name (or with that synonym); the list is not

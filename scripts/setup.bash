@@ -1,0 +1,52 @@
+# Shared by the scripts of this folder, which read it with `source`: the repository's root, and the installation of
+# Debian packages that a script needs and the machine lacks.
+# shellcheck shell=bash
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+export root
+
+# What a build of the library, the tool and the tests takes.
+# shellcheck disable=SC2034  # used by the scripts
+build_packages=(binutils cmake g++ libcli11-dev libgmock-dev libgtest-dev ninja-build nlohmann-json3-dev)
+
+say() { printf '%s: %s\n' "${0##*/}" "$*" >&2; }
+
+die() {
+  say "$*"
+  exit 1
+}
+
+installed() {
+  [[ $(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]
+}
+
+# Installs those of the named packages that are missing. Says nothing where none is.
+need() {
+  local package missing=() become=()
+  if ! command -v dpkg-query >/dev/null; then
+    say "not a Debian system: going on as if the like of these packages were there: $*"
+    return
+  fi
+  for package in "$@"; do
+    installed "$package" || missing+=("$package")
+  done
+  if ((${#missing[@]} == 0)); then
+    return
+  fi
+  if ((EUID != 0)); then
+    command -v sudo >/dev/null ||
+      die "these packages are missing: ${missing[*]}; install them as root (apt-get install ${missing[*]}) and run this again"
+    become=(sudo)
+  fi
+  say "installing ${missing[*]}"
+  local log
+  log=$(mktemp)
+  if ! { "${become[@]}" apt-get update &&
+    "${become[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install --yes --no-install-recommends "${missing[@]}"; } \
+    </dev/null >"$log" 2>&1; then
+    cat "$log" >&2
+    rm -f "$log"
+    die "these packages could not be installed: ${missing[*]}; see above"
+  fi
+  rm -f "$log"
+}

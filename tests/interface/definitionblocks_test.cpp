@@ -1,0 +1,211 @@
+// A definition file as a whole: the lines that end its reading, blocks of continuation lines and what they do when the
+// options are used, comment characters, files that cannot be opened, and definitions of great depth.
+#include "interface/optiontext.h"
+
+namespace testsupport {
+namespace {
+
+// Reading ends, and says nothing, at a line that begins with anything but a letter or a period and a letter, unless
+// the line continues the one above it. Each of these is put between a line of its kind and another option.
+TEST(definitionblocks, linesthatendthereading) {
+  struct tstray {
+    int where;
+    std::string before;
+    std::string line;
+    bool ends;
+  };
+  const std::string option = "x strlist 1 0 0\n";
+  const tstray rows[] = {
+      {__LINE__, option, "5 strlist 1 0 0", true},
+      {__LINE__, option, "_y strlist 1 0 0", true},
+      {__LINE__, option, "\"y\" strlist 1 0 0", true},
+      {__LINE__, option, ". y strlist 1 0 0", true},
+      {__LINE__, option, "\xE9y strlist 1 0 0", true},
+      {__LINE__, option, std::string(1, '\0'), true},
+      {__LINE__, option, "\x1A", true},
+      {__LINE__, option, "\r y", true},
+      {__LINE__, option, "*y strlist 1 0 0", false},
+      {__LINE__, option, "\r", false},  // with its line feed an empty line
+      {__LINE__, option, "", false},
+      // After these lines nothing may be indented.
+      {__LINE__, option, " y strlist 1 0 0", true},
+      {__LINE__, "x string 1 t 0 0\n", " help", true},
+      {__LINE__, "x immediate Help 0 0\n", " help", true},
+      {__LINE__, option + "y synonym x\n", " help", true},
+      {__LINE__, "g group 1 0\n", " help", true},
+      {__LINE__, "ind indicator\n", " help", true},
+      {__LINE__, "path lookup\n", " help", true},
+      {__LINE__, "c eolcomm !\n", " help", true},
+      // Help, values and members; a tab is no indentation.
+      {__LINE__, "x integer 1 0 0 0 0 0\n", "\thelp", true},
+      {__LINE__, "x integer 1 0 0 0 0 0\n", " ", false},
+      {__LINE__, "x double 1 0 0 0 0 0\n", " 5", false},
+      {__LINE__, "x boolean 1 0 0 0\n", "* no help\n\n help", false},
+      {__LINE__, "x enumint 1 5 0 0\n 5 0\n", " 6 0", false},
+      {__LINE__, "x enumstr 1 v 0 0\n v 0\n", " w 0", false},
+      {__LINE__, "x enumstr 1 v 0 0\n v 0\n", " ", true},
+      {__LINE__, "x enumstr 1 v 0 0\n v 0\n", " \"\" 0", true},
+      {__LINE__, "x enumstr 1 v 0 0\n v 0\n", " , w 0", true},
+      {__LINE__, "x multilist 1 0 0\n", "  \t ", false},
+      {__LINE__, "x macro 0 0\n", " Help", false},
+      {__LINE__, "x macro 0 0\n", " \t ", true},
+      {__LINE__, "names deprecated\n", " Help", false},
+      {__LINE__, "names obsolete\n", " ", false},        // the block ends, the line is done with
+      {__LINE__, "names obsolete\n", " \n Help", true},  // and what follows is a line of its own
+  };
+  foreachrow(__FILE__, rows, [](thandle& h, const tstray& row) {
+    EXPECT_EQ(h.definition(row.before + row.line + "\nlast integer 1 0 0 0 0 0\n"), 0);
+    EXPECT_EQ(joined(h.messages()), "");
+    EXPECT_EQ(h.lookup("last") < 0, row.ends);
+  });
+}
+
+TEST(definitionblocks, longhelp) {
+  inbothforms([](thandle& h) {
+    h.definition(
+        "x integer 1 5 0 9 1 1 short\n   first  line  \n* left out\n\n \n second\ny boolean 1 0 1 1\n "
+        "long\n");
+    const std::string indent(24, ' ');
+    EXPECT_EQ(h.help("x"), (tlines{"x: short", indent + "integer,  range: 0 to 9 default: 5",
+                                   indent + "first  line", indent, indent + "second"}));
+    EXPECT_EQ(h.help("y"), (tlines{"y: ", indent + "boolean,  default: 0", indent + "long"}));
+  });
+}
+
+// What the words and members of a block do when the options are used.
+TEST(definitionblocks, blocksinuse) {
+  struct tuse {
+    int where;
+    const char* definition;
+    const char* text;
+    const char* settings;
+    const char* problems;
+  };
+  const char* const names = R"(x integer 1 0 0 9 0 0
+y integer 2 0 0 9 0 0
+sx synonym x
+sy synonym y
+names deprecated
+ x use z
+ sx use x
+names obsolete
+ y went away
+ sy use y
+names deprecated
+ X  use it   no more
+names obsolete
+ sx
+)";
+  const char* const lists = R"(x integer 1 0 0 9 0 0
+l strlist 1 0 0
+ml multilist 2 0 0
+ x, l
+ l ml x nowhere x
+one macro 0 0
+ x and what follows
+ l
+ x
+two macro 0 0
+ one
+ ml
+ two
+)";
+  const tuse rows[] = {
+      {__LINE__, names, "X 5", "x=5", R"(*** Warning deprecated option "X"; use it   no more)"},
+      {__LINE__, names, "sx 5", "", R"(*** Warning deprecated synonym "sx"; )"},
+      {__LINE__, names, "y 5", "", R"(*** Warning obsolete option "y"; went away)"},
+      {__LINE__, names, "SY 5", "", R"(*** Warning obsolete synonym "SY"; use y)"},
+      {__LINE__, lists, "ml 1:a:b:2:c:3", "x=3 l=[a]", ""},
+      {__LINE__, lists, "ml 1::b:x:c::", "x=1 l=[]",
+       R"(*** Value Error Integer expected, for option "ml" saw "x"
+*** Value Error Integer expected, for option "ml" saw "")"},
+      {__LINE__, lists, "ml 1:a:b:2:c:3:4", "x=3 l=[a]",
+       R"(*** Value Error Too many items for multilist "ml")"},
+      {__LINE__, lists, "one 5", "x=5 l=[5]", ""},
+      {__LINE__, lists, "two 50", "l=[50]", R"(*** Value Error Integer range error for option "two" saw "50"
+*** Value Error    Valid range is 0 to 9
+*** Value Error Integer range error for option "two" saw "50"
+*** Value Error    Valid range is 0 to 9
+*** Value Error Integer range error for option "two" saw "50"
+*** Value Error    Valid range is 0 to 9)"},
+  };
+  foreachrow(__FILE__, rows, [](thandle& h, const tuse& row) {
+    h.definition(row.definition);
+    optclearmessages(h.get());
+    h.string(row.text);
+    EXPECT_EQ(problems(h), row.problems);
+    EXPECT_EQ(settings(h), row.settings);
+  });
+}
+
+// Of all bytes those that the definition made a comment character end a parameter line.
+TEST(definitionblocks, commentcharacters) {
+  struct tcomment {
+    int where;
+    const char* lines;
+    const char* characters;
+  };
+  const tcomment rows[] = {
+      {__LINE__, "c eolcomm", ""},
+      {__LINE__, "c eolcomm #!", "!#"},
+      {__LINE__, "c eolcomm ! #", "!"},
+      {__LINE__, "c eolcomm x!", ""},
+      {__LINE__, "c eolcomm \xA7$%&()*,/:;<=>?@[\\]^_`{|}~", "$%&()*,/:;<=>?@[\\]^_`{|}~\xA7"},
+      {__LINE__, "c eolcomm !\"#", "!"},
+      {__LINE__, "c eolcomm !'#", "!"},
+      {__LINE__, "c eolcomm !+#", "!"},
+      {__LINE__, "c eolcomm !.#", "!"},
+      {__LINE__, "c eolcomm !\x01#", "!"},
+      {__LINE__, "c eolcomm !\nd eolcomm #", "#"},
+      {__LINE__, "c eolcomm !\nd eolcomm", ""},
+  };
+  foreachrow(__FILE__, rows, [](thandle& h, const tcomment& row) {
+    h.definition(std::string("flag integer.NV 1 0 0 9 0 0\n") + row.lines);
+    std::string found;
+    for (int code = 1; code < 256; ++code) {
+      if (code == '\t' || code == '\n' || code == 26 || code == ' ') continue;
+      h.string(std::string("flag ") + static_cast<char>(code));
+      if (h.takemessages().empty()) found += static_cast<char>(code);
+    }
+    EXPECT_EQ(found, row.characters);
+  });
+}
+
+TEST(definitionblocks, filesthatcannotbeopened) {
+  inbothforms([](thandle& h) {
+    EXPECT_EQ(h.readdefinition(h.directory().path("none")), 2);
+    EXPECT_EQ(h.readdefinition(h.directory().path("")), 21);
+    EXPECT_EQ(joined(h.messages()),
+              "*** Definition Error Cannot open option file \"none\"\n"
+              "*** Definition Error Error code = 2; No such file or directory\n"
+              "*** Definition Error Cannot open option file \"\"\n"
+              "*** Definition Error Error code = 21; Is a directory\n");
+    EXPECT_EQ(optcount(h.get()), 0);
+  });
+}
+
+// Sizes that no recursion survives: macros and multilists in chains of 100,000, and a macro that reaches its option on
+// 2^60 ways.
+TEST(definitionblocks, greatdepth) {
+  constexpr int depth = 100000;
+  thandle h;
+  std::string text =
+      "x integer 1 0 0 9 0 0\nm0 macro 0 0\n x\nl0 multilist 1 0 0\n x\nw0 macro 0 0\n x\n x\n";
+  for (int i = 1; i <= depth; ++i) {
+    const std::string nr = std::to_string(i);
+    const std::string before = std::to_string(i - 1) + '\n';
+    text += 'm' + nr + " macro 0 0\n m" + before + 'l' + nr + " multilist 1 0 0\n l" + before;
+    if (i <= 60) text += 'w' + nr + " macro 0 0\n w" + before + " w" + before;
+  }
+  h.definition(text);
+  EXPECT_EQ(h.messages(), tlines());
+  for (const char* const assignment : {"m100000 5", "l100000 6", "w60 7"}) {
+    h.string(assignment);
+    EXPECT_EQ(h.value("x"), std::string(1, std::string(assignment).back()));
+    EXPECT_EQ(optresetnr(h.get(), h.number(assignment[0] == 'w' ? "w60" : "m100000")), 1);
+    EXPECT_EQ(h.value("x"), "0");
+  }
+}
+
+}  // namespace
+}  // namespace testsupport

@@ -1,0 +1,244 @@
+// The message list: decoration by kind, numbers out of range, line prefixes, enter and leave notes that
+// cancel, the limit of 5,000, the two ways of counting and the cut at 255 characters.
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstring>
+#include <limits>
+
+#include "support/handle.h"
+
+namespace testsupport {
+namespace {
+
+constexpr const char* definitiontext = R"(maxit integer 1 5 0 10 1 1 Iteration limit
+note string 2 none 1 1
+old integer 3 5 0 10 1 1
+marks deprecated
+ old use maxit
+bounds immediate NoBounds 1 1
+include immediate ReadFile 1 1
+say immediate Message 1 1
+)";
+
+std::string counts(thandle& h) {
+  std::int32_t errors = -7;
+  std::int32_t warnings = -7;
+  opterrorcount(h.get(), &errors, &warnings);
+  return std::to_string(errors) + " errors, " + std::to_string(warnings) + " warnings";
+}
+
+std::string kinds(thandle& h) {
+  std::string result;
+  for (std::int32_t nr = 1; nr <= optmessagecount(h.get()); ++nr) {
+    std::string text;
+    std::int32_t kind = -7;
+    h.getmessage(nr, text, kind);
+    result += std::to_string(kind);
+  }
+  return result;
+}
+
+// One reading that files every kind but the limit. The echo comes when a source is opened or a line is read,
+// before what is said about the line; help lines, notes and echo bear no line number.
+TEST(messages, everykindhasitsdecoration) {
+  inbothforms([](thandle& h) {
+    h.definition(definitiontext + std::string("broken integer x 5 0 10 1 1\n"));
+    optechoset(h.get(), 1);
+    h.parameters("* comment\nmaxit 11\nbounds 1\nmaxit 11\n\nold 6\nhelp maxit\nnosuch 1\n");
+    optechoset(h.get(), 0);
+    h.addmessage("the client's own");
+    EXPECT_EQ(joined(h.messages()),
+              joined({R"(*** Definition Error line 9: Bad usermap value for option "broken")",
+                      R"(Reading parameter(s) from "OPT")",
+                      ">>  * comment",
+                      ">>  maxit 11",
+                      R"(*** Value Error line 2: Integer range error for option "maxit" saw "11")",
+                      "*** Value Error line 2:    Valid range is 0 to 10",
+                      ">>  bounds 1",
+                      ">>  maxit 11",
+                      R"(*** Warning line 4: Integer range error for option "maxit" saw "11")",
+                      "*** Warning line 4:    Valid range is 0 to 10",
+                      ">> ",
+                      ">>  old 6",
+                      R"(*** Warning line 6: deprecated option "old"; use maxit)",
+                      ">>  help maxit",
+                      "maxit: Iteration limit",
+                      "                        integer,  range: 0 to 10 default: 5",
+                      ">>  nosuch 1",
+                      R"(*** Error line 8: Unknown option "nosuch")",
+                      R"(Finished reading from "OPT")",
+                      "*** Error the client's own"}));
+    EXPECT_EQ(kinds(h), "26003300440050110979");
+    EXPECT_EQ(counts(h), "5 errors, 3 warnings");
+    optclearmessages(h.get());
+    EXPECT_EQ(optmessagecount(h.get()), 0);
+    EXPECT_EQ(counts(h), "0 errors, 0 warnings");
+  });
+}
+
+TEST(messages, numbersoutofrange) {
+  inbothforms([](thandle& h) {
+    h.addmessage("one");
+    struct trow {
+      int nr;
+      const char* text;
+    };
+    for (const auto& [nr, expected] : {trow{0, "Bad message number = -1"}, trow{2, "Bad message number = 1"},
+                                       trow{-5, "Bad message number = -6"}, trow{1, "*** Error one"}}) {
+      std::string text = "old";
+      std::int32_t kind = -7;
+      h.getmessage(nr, text, kind);
+      EXPECT_EQ(text, expected);
+      EXPECT_EQ(kind, 9);
+    }
+    std::string text;
+    std::int32_t kind = -7;
+    h.getmessage(std::numeric_limits<std::int32_t>::min(), text, kind);
+    EXPECT_EQ(text.substr(0, 21), "Bad message number = ");
+  });
+}
+
+// A source that gives rise to no message leaves no trace; notes of nested sources cancel from the inside out.
+TEST(messages, enterandleavenotes) {
+  struct trow {
+    int where;
+    void (*read)(thandle& h);
+    tlines messages;
+  };
+  const std::vector<trow> rows = {
+      {__LINE__, [](thandle& h) { h.parameters(""); }, {}},
+      {__LINE__, [](thandle& h) { h.parameters("maxit 3\n* nothing else\n"); }, {}},
+      {__LINE__, [](thandle& h) { h.string(""); }, {}},
+      {__LINE__, [](thandle& h) { h.pchar("maxit 3"); }, {}},
+      {__LINE__,
+       [](thandle& h) { h.string("say hello"); },
+       {R"(Reading parameter(s) from "string")", "*** Error hello", R"(Finished reading from "string")"}},
+      {__LINE__,
+       [](thandle& h) { h.pchar("say hello"); },
+       {R"(Reading parameter(s) from "pchar")", "*** Error hello", R"(Finished reading from "pchar")"}},
+      {__LINE__, [](thandle& h) { h.parameters("include %DIR%/quiet\ninclude %DIR%/quiet\n"); }, {}},
+      {__LINE__,
+       [](thandle& h) { h.parameters("\ninclude %DIR%/loud\n"); },
+       {R"(Reading parameter(s) from "OPT")", R"(Reading parameter(s) from "loud")",
+        "*** Error line 3: hello", R"(Finished reading from "loud")", R"(Finished reading from "OPT")"}},
+      {__LINE__,
+       [](thandle& h) { h.parameters("include %DIR%/quiet\nsay hello\ninclude %DIR%/quiet\n"); },
+       {R"(Reading parameter(s) from "OPT")", "*** Error line 2: hello", R"(Finished reading from "OPT")"}},
+      // The including file's own line number is back after the included one.
+      {__LINE__,
+       [](thandle& h) { h.string("include %DIR%/missing"); },
+       {R"(Reading parameter(s) from "string")", R"(*** Error Cannot open parameter file "missing")",
+        std::string("*** Error Error code = 2; ") + std::strerror(ENOENT),
+        R"(Finished reading from "string")"}},
+      {__LINE__,
+       [](thandle& h) { h.parameters("include %DIR%/loud\n\ninclude %DIR%/missing\n"); },
+       {R"(Reading parameter(s) from "OPT")", R"(Reading parameter(s) from "loud")",
+        "*** Error line 3: hello", R"(Finished reading from "loud")",
+        R"(*** Error line 3: Cannot open parameter file "missing")",
+        std::string("*** Error line 3: Error code = 2; ") + std::strerror(ENOENT),
+        R"(Finished reading from "OPT")"}},
+      {__LINE__,
+       [](thandle& h) { EXPECT_EQ(h.readparameterfile(h.directory().path("missing")), ENOENT); },
+       {R"(*** Error Cannot open parameter file "missing")",
+        std::string("*** Error Error code = 2; ") + std::strerror(ENOENT)}},
+      {__LINE__,
+       [](thandle& h) { EXPECT_EQ(h.readparameterfile(h.directory().path("")), EISDIR); },
+       {R"(*** Error Cannot open parameter file "")",
+        std::string("*** Error Error code = 21; ") + std::strerror(EISDIR)}},
+  };
+  foreachrow(__FILE__, rows, [](thandle& h, const trow& row) {
+    h.definition(definitiontext);
+    h.file("quiet", "maxit 3\n");
+    h.file("loud", "\n* a comment\nsay hello\n");
+    row.read(h);
+    EXPECT_EQ(joined(h.messages()), joined(row.messages));
+  });
+}
+
+void fill(thandle& h, int count) {
+  const tin text("filler");
+  while (optmessagecount(h.get()) < count) optaddmessage(h.get(), text.asshort());
+}
+
+std::string last(thandle& h) {
+  std::string text;
+  std::int32_t kind = -7;
+  h.getmessage(optmessagecount(h.get()), text, kind);
+  return std::to_string(kind) + " " + text;
+}
+
+TEST(messages, limitof5000) {
+  inbothforms([](thandle& h) {
+    h.definition(definitiontext);
+    fill(h, 4999);
+    h.string("maxit 3");  // its enter note is the 5000th message and goes again
+    EXPECT_EQ(optmessagecount(h.get()), 4999);
+    h.addmessage("the 5000th");
+    EXPECT_EQ(last(h), "9 *** Error the 5000th");
+    EXPECT_EQ(counts(h), "5000 errors, 0 warnings");
+    h.addmessage("one more");
+    EXPECT_EQ(last(h), "8 Maximum of 5000 messages reached");
+    h.addmessage("and another");
+    h.showhelp("maxit");
+    EXPECT_EQ(optmessagecount(h.get()), 5001);
+    EXPECT_EQ(counts(h), "5001 errors, 0 warnings");
+    // A setter counts the messages that were filed, and none is: the value is refused all the same.
+    EXPECT_EQ(optsetintnr(h.get(), h.number("maxit"), 11), 1);
+    EXPECT_EQ(h.value("maxit"), "3");
+    // A leave note that finds its enter note last cancels it even in a full list.
+    optclearmessages(h.get());
+    fill(h, 4998);
+    optechoset(h.get(), 1);
+    h.string("maxit 4");
+    EXPECT_EQ(optmessagecount(h.get()), 4999);
+    EXPECT_EQ(last(h), "0 >>  maxit 4");
+    fill(h, 5000);
+    h.string("nosuch 4");  // echo passes no limit, and takes the place of the limit message
+    EXPECT_EQ(optmessagecount(h.get()), 5001);
+    EXPECT_EQ(last(h), "0 >>  nosuch 4");
+    optechoset(h.get(), 0);
+    optclearmessages(h.get());
+    fill(h, 5000);
+    h.string("maxit 5");  // the enter note becomes the limit message, which the leave note does not cancel
+    EXPECT_EQ(last(h), "8 Maximum of 5000 messages reached");
+    EXPECT_EQ(optmessagecount(h.get()), 5001);
+    EXPECT_EQ(h.value("maxit"), "5");
+  });
+}
+
+// Help lines count for neither number, and a setter's answer does not depend on them.
+TEST(messages, helpisneithererrornorwarning) {
+  inbothforms([](thandle& h) {
+    h.definition(definitiontext);
+    h.showhelp("maxit");
+    EXPECT_EQ(kinds(h), "11");
+    EXPECT_EQ(counts(h), "0 errors, 0 warnings");
+    EXPECT_EQ(optsetintnr(h.get(), h.number("maxit"), 4), 1);
+    EXPECT_EQ(optsetintnr(h.get(), h.number("maxit"), 11), 0);
+    EXPECT_EQ(counts(h), "2 errors, 0 warnings");
+  });
+}
+
+// Stored text and decorated text are both cut at 255 characters.
+TEST(messages, cutat255) {
+  inbothforms([](thandle& h) {
+    h.definition(definitiontext);
+    const std::string text(254, 'x');
+    h.addmessage(text);
+    EXPECT_EQ(joined(h.takemessages()), "*** Error " + std::string(245, 'x') + "\n");
+    h.setstrnr(h.number("maxit"), text);
+    EXPECT_EQ(joined(h.takemessages()), ("*** Value Error "
+                                         R"(Integer expected, for option "maxit" saw ")" +
+                                         text)
+                                                .substr(0, 255) +
+                                            "\n");
+    h.parameters("maxit " + text + "\n");
+    EXPECT_EQ(
+        h.takemessages().at(1),
+        (R"(*** Value Error line 1: Integer expected, for option "maxit" saw ")" + text).substr(0, 255));
+  });
+}
+
+}  // namespace
+}  // namespace testsupport
