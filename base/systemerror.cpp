@@ -3,11 +3,17 @@
 
 #include <cstring>
 
+#include "base/numtext.h"
+
 namespace wexcorin {
 
 std::string_view systemerrortext(std::int32_t code) noexcept {
   const char* text = ::strerrordesc_np(code);
   return text != nullptr ? text : "Unknown error";
+}
+
+shortstring errorcodetext(std::int32_t code) noexcept {
+  return concat("Error code = ", inttostr(code).view(), "; ", systemerrortext(code));
 }
 
 }  // namespace wexcorin

@@ -4,8 +4,13 @@
 #include <cstdint>
 #include <string_view>
 
+#include "base/shortstring.h"
+
 namespace wexcorin {
 
 std::string_view systemerrortext(std::int32_t code) noexcept;
+
+// What messages say of a code: its number and its text.
+shortstring errorcodetext(std::int32_t code) noexcept;
 
 }  // namespace wexcorin

@@ -11,19 +11,18 @@ namespace wexcorin {
 
 std::int32_t tvksoptions::optreaddefinition(std::string_view filename) {
   setfilename(filename);
+  setdefinitionend({});
   tminiparser scanner(fmessages.echotarget(), fecho, tcharset());
   if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
     addmessage(tmsgkind::defineerror, concat("Cannot open option file ", quoted(filename)));
-    addmessage(tmsgkind::defineerror,
-               concat("Error code = ", inttostr(code).view(), "; ", systemerrortext(code)));
+    addmessage(tmsgkind::defineerror, errorcodetext(code));
     return code;
   }
   const tactivesource active(*this, scanner);
   tdefinitionreader(*this, scanner).read();
   if (const std::int32_t code = scanner.readerror(); code != 0) {
     addmessage(tmsgkind::defineerror, concat("Cannot read option file ", quoted(filename)));
-    addmessage(tmsgkind::defineerror,
-               concat("Error code = ", inttostr(code).view(), "; ", systemerrortext(code)));
+    addmessage(tmsgkind::defineerror, errorcodetext(code));
   }
   return 0;
 }
@@ -31,7 +30,6 @@ std::int32_t tvksoptions::optreaddefinition(std::string_view filename) {
 // definitionfile = { definition } .
 void tdefinitionreader::read() {
   addhelpoption();
-  fstore.setdefinitionend({});
   nextline();
   while (fmore) definition();
 }

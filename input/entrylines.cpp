@@ -37,11 +37,11 @@ class taddedentries {
 
 // Skips an opening bracket, if one comes next, and tells the one that closes it.
 bool tparameterreader::opensbracket(char& closer) {
-  for (const std::string_view brackets : {"()", "[]", "{}"}) {
-    closer = brackets[1];
-    if (fscanner.skiptochar(brackets[0])) return true;
-  }
-  return false;
+  static const tcharset openers = tcharset().set('(').set('[').set('{');
+  char opener = '\0';
+  if (!fscanner.skiptochars(openers, opener)) return false;
+  closer = opener == '(' ? ')' : opener == '[' ? ']' : '}';
+  return true;
 }
 
 // Steps over what follows an element. False at anything but a comma, after which there is more, or the

@@ -33,10 +33,6 @@ class tnesting {
   std::int32_t& ffilesread;
 };
 
-shortstring errorcodetext(std::int32_t code) {
-  return concat("Error code = ", inttostr(code).view(), "; ", systemerrortext(code));
-}
-
 }  // namespace
 
 // ---- sources

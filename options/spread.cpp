@@ -33,7 +33,9 @@ namespace {
 
 class tspreader {
  public:
-  explicit tspreader(tvksoptions& owner) : fowner(owner), fleft(owner.getcount() + 1000) {}
+  // `members` are those of the option itself; they all get their turn.
+  tspreader(tvksoptions& owner, std::int32_t members)
+      : fowner(owner), fleft(std::int64_t{1000} + owner.getcount() + members) {}
 
   void spread(const toption& option, std::string_view text) {
     fopen.push_back({&option, text, 0, 0});
@@ -44,7 +46,7 @@ class tspreader {
         fopen.pop_back();
       else if (fleft-- == 0)
         return fowner.addmessage(tmsgkind::valueerror,
-                                 concat("Too many members for macro ", quoted(option.name())));
+                                 concat("Too many members for option ", quoted(option.name())));
       else if (member != nullptr)
         assign(*member, membertext);
     }
@@ -91,13 +93,17 @@ class tspreader {
 
   tvksoptions& fowner;
   std::vector<topen> fopen;
-  std::int32_t fleft;  // so many members may still be assigned
+  std::int64_t fleft;  // so many members may still be assigned
 };
 
 }  // namespace
 
-void tmultilistoption::setasstring(std::string_view text) { tspreader(owner()).spread(*this, text); }
+void tmultilistoption::setasstring(std::string_view text) {
+  tspreader(owner(), fitems.count()).spread(*this, text);
+}
 
-void tmacrooption::setasstring(std::string_view text) { tspreader(owner()).spread(*this, text); }
+void tmacrooption::setasstring(std::string_view text) {
+  tspreader(owner(), fitems.count()).spread(*this, text);
+}
 
 }  // namespace wexcorin

@@ -148,7 +148,6 @@ class tvksoptions : public toptionx {
   bool optrecentenabled() const noexcept { return frecentenabled; }
   bool recentenabled() const noexcept { return frecentenabled; }
   bool eolonly() const noexcept { return feolonly; }
-  bool echo() const noexcept { return fecho; }
   bool nobounds() const noexcept { return fnobounds; }
 
   // ---- the store's contents, for readers and writers; positions count from 0

@@ -8,8 +8,7 @@ namespace wexcorin {
 std::int32_t tvksoptions::optwriteparameterfile(std::string_view filename) {
   const auto fileproblem = [&](std::int32_t code) {
     addmessage(tmsgkind::usererror, concat("Cannot write parameter file ", quoted(filename)));
-    addmessage(tmsgkind::usererror,
-               concat("   Error code = ", inttostr(code).view(), "; ", systemerrortext(code)));
+    addmessage(tmsgkind::usererror, concat("   ", errorcodetext(code).view()));
   };
   ttextfile file;
   if (const std::int32_t code = file.open(filename); code != 0) {
@@ -21,9 +20,11 @@ std::int32_t tvksoptions::optwriteparameterfile(std::string_view filename) {
   return 0;
 }
 
-shortstring strexternal(std::string_view text) {
-  if (text.empty() || text.find_first_of("\t ,") != std::string_view::npos) return concat(quoted(text));
-  return text;
+std::string strexternal(std::string_view text) {
+  std::string value(text);
+  if (text.empty() || text.find_first_of("\t ,") != std::string_view::npos)
+    value.append("\"").insert(0, "\"");
+  return value;
 }
 
 void tparameterwriter::write() {

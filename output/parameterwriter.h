@@ -2,6 +2,7 @@
 // value that was set, in definition order, then the dot entries and indicators.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "options/vksoptions.h"
@@ -11,7 +12,7 @@ namespace wexcorin {
 
 // A value as it stands on a line of a definition or parameter file: in double quotes if it is empty or holds
 // a blank, tab or comma. Nothing inside is escaped.
-shortstring strexternal(std::string_view text);
+std::string strexternal(std::string_view text);
 
 class tparameterwriter {
  public:

@@ -15,15 +15,17 @@ std::int32_t ttextfile::open(std::string_view filename) {
   close();
   if (fblock == nullptr) fblock = std::make_unique_for_overwrite<char[]>(blocksize);
   const std::string name(filename);
-  if (name.find('\0') != std::string::npos) return ENOENT;  // the system would open what comes before it
+  if (name.find('\0') != std::string::npos)
+    return ferror = ENOENT;  // the system would open what comes before it
   do fdescriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
   while (fdescriptor < 0 && errno == EINTR);
-  ferror = 0;
+  ferror = fdescriptor < 0 ? errno : 0;
   fused = 0;
-  return fdescriptor < 0 ? errno : 0;
+  return ferror;
 }
 
 void ttextfile::put(std::string_view text) noexcept {
+  if (fdescriptor < 0) return;
   while (!text.empty()) {
     const std::size_t length = std::min(text.size(), blocksize - fused);
     std::memcpy(fblock.get() + fused, text.data(), length);
@@ -36,8 +38,10 @@ void ttextfile::put(std::string_view text) noexcept {
 void ttextfile::flush() noexcept {
   for (std::size_t written = 0; written < fused && ferror == 0;) {
     const ssize_t count = ::write(fdescriptor, fblock.get() + written, fused - written);
-    if (count >= 0)
+    if (count > 0)
       written += static_cast<std::size_t>(count);
+    else if (count == 0)
+      ferror = EIO;
     else if (errno != EINTR)
       ferror = errno;
   }

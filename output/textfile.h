@@ -16,7 +16,7 @@ class ttextfile {
   ttextfile& operator=(const ttextfile&) = delete;
   ~ttextfile() { close(); }
 
-  // Creates or truncates the file. Returns 0 or the system's code.
+  // Creates or truncates the file. Returns 0 or the system's code; without an open file writing does nothing.
   std::int32_t open(std::string_view filename);
   // Writes the texts one after the other.
   template <class... ttexts>
@@ -28,7 +28,7 @@ class ttextfile {
     write(texts...);
     put("\n");
   }
-  // Writes what is left and closes. Returns 0 or the code of the first error since the file was opened.
+  // Writes what is left and closes. Returns 0 or the code of the first error, that of opening included.
   std::int32_t close() noexcept;
 
  private:

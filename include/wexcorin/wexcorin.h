@@ -166,12 +166,13 @@ WEXCORIN_API void xfree(tvksoptions** handle);
  * predefined immediate option "Help". The result is 0 when the file could be opened, whatever it holds,
  * and otherwise the operating system's error code, with two messages. Each mistake in the file is a
  * message of kind optMsgDefineError and does not stop the reading. A line that begins neither with a
- * letter nor with "." ends it, without a message. */
+ * letter nor with ".", and is not the continuation of a definition that takes one, ends it without a
+ * message; so does a continuation line without a word under an enumstr or macro option. */
 WEXCORIN_API int32_t optreaddefinition(tvksoptions* handle, const optshortstring* filename);
 WEXCORIN_API int32_t coptreaddefinition(tvksoptions* handle, const char* filename);
 
 /* Reads an option file: sets options, collects dot entries and indicators, acts on immediate options. An
- * immediate option may read further files, up to nine deep, this one counted. The result is 0 when the
+ * immediate option may read further files, up to nine deep and 1,000 in all, this one counted. The result is 0 when the
  * file could be opened, and otherwise the operating system's error code, with two messages of kind
  * optMsgUserError. Messages from within carry "line " and the line's number, between a note of kind
  * optMsgFileEnter and one of optMsgFileLeave with the file's name; a file without any message leaves no
@@ -282,7 +283,9 @@ WEXCORIN_API int32_t coptlookup(tvksoptions* handle, const char* name);
  * A getter is ok only when the number exists and the option has the kind of value that it asks for. A setter
  * checks the value against the option's bounds or list; its result is 1 exactly when it filed no error
  * message. It is 0 without a message for a bad number and for an option that does not have that kind of
- * value. A refused value leaves the option as it was. With tolerance of bounds on (optnoboundsset) the value
+ * value. A refused value leaves the option as it was; a multilist or macro option may have assigned the words
+ * or members before the one that was refused. Once the list of messages is full (see optgetmessage) a refusal
+ * can no longer be told from the result. With tolerance of bounds on (optnoboundsset) the value
  * is taken, the message is a warning and the result 1. The functions with a 2 in the name are for the second
  * value, and ok only for sub-type optsub2Values.
  */
@@ -512,7 +515,7 @@ WEXCORIN_API int32_t coptgetfromanystrlist(tvksoptions* handle, int32_t dashed, 
  */
 
 /* Dot entry number number: the symbol's name, the number of the dot option, how many index elements it has
- * (0 to 20) and its value. On failure empty, 0, 0, 0. */
+ * (0 to 20, unless the list of messages was full when the entry was read) and its value. On failure empty, 0, 0, 0. */
 WEXCORIN_API int32_t optgetdotoptnr(tvksoptions* handle, int32_t number, optshortstring* name,
                                     int32_t* option, int32_t* dimensions, double* value);
 WEXCORIN_API int32_t coptgetdotoptnr(tvksoptions* handle, int32_t number, char* name, int32_t* option,
