@@ -1,0 +1,149 @@
+// The command line of the tool: its commands with their arguments and help texts.
+#include "tools/arguments.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iostream>
+
+#include "release.h"
+#include "tools/commands.h"
+#include "tools/handle.h"
+#include "tools/text.h"
+
+namespace tool {
+
+namespace {
+
+constexpr std::size_t maxfilename = 254;  // what the library takes
+
+constexpr const char* notes =
+    "An input file named - is standard input, an output file named - standard output.\n"
+    "Exit codes: 0 clean, 1 problems found, 2 wrong use or a file that cannot be opened.";
+
+std::string versiontext() {
+  std::string line = thandle().version();
+  line.erase(line.find_last_not_of(' ') + 1);  // it is padded to its full width
+  return "wexcorin " + std::string(wexcorin::release::version) + "\n" + line;
+}
+
+std::string checkfilename(const std::string& name) {
+  if (name.size() <= maxfilename) return {};
+  return "file names may have at most " + std::to_string(maxfilename) + " characters";
+}
+
+void adddefinition(CLI::App& command, std::string& definition) {
+  command.add_option("DEF", definition, "Definition file of the solver's options")
+      ->required()
+      ->type_name("")
+      ->check(checkfilename);
+}
+
+void addinputs(CLI::App& command, tinputs& inputs, bool filesrequired) {
+  adddefinition(command, inputs.definition);
+  command.add_option("OPTFILE", inputs.optionfiles, "Option files, read in this order")
+      ->required(filesrequired)
+      ->type_name("")
+      ->check(checkfilename);
+  command
+      .add_option("--set", inputs.texts,
+                  "Option text to read after the files, as in --set iterlim=5; repeatable")
+      ->type_name("TEXT")
+      ->allow_extra_args(false);
+}
+
+CLI::App& addcommand(CLI::App& app, const char* name, const char* description) {
+  CLI::App& command = *app.add_subcommand(name, description);
+  command.group("Commands");
+  command.footer(notes);
+  return command;
+}
+
+const CLI::App& addcheck(CLI::App& app, tcheckarguments& arguments) {
+  CLI::App& command = addcommand(app, "check", "Report what is wrong in a definition and in option files");
+  addinputs(command, arguments.inputs, false);
+  command.add_flag("--json", arguments.json, "Print the findings as JSON");
+  command.add_flag("--warnings-as-errors", arguments.warningsaserrors,
+                   "Let warnings count for the exit code");
+  return command;
+}
+
+const CLI::App& addshow(CLI::App& app, tshowarguments& arguments) {
+  CLI::App& command = addcommand(app, "show", "List the options with their values");
+  addinputs(command, arguments.inputs, false);
+  command.add_flag("--changed", arguments.changedonly, "List only options that were set");
+  command.add_flag("--json", arguments.json, "Print the options as JSON");
+  return command;
+}
+
+const CLI::App& addhelp(CLI::App& app, thelparguments& arguments) {
+  CLI::App& command = addcommand(app, "help", "Print the help that a definition holds");
+  adddefinition(command, arguments.definition);
+  command
+      .add_option("REQUEST", arguments.request,
+                  "An option's name, or a sum of 1 (summary by group, the default), 2 (all in detail) and\n"
+                  "8 (mark deprecated options in the summary)")
+      ->type_name("");
+  return command;
+}
+
+const CLI::App& addwrite(CLI::App& app, twritearguments& arguments) {
+  CLI::App& command = addcommand(app, "write", "Write the settings of option files as one option file");
+  addinputs(command, arguments.inputs, true);
+  command.add_option("-o,--output", arguments.output, "File to write")
+      ->required()
+      ->type_name("FILE")
+      ->check(checkfilename);
+  return command;
+}
+
+std::string failuretext(const CLI::App* app, const CLI::Error& error) {
+  std::string command = app->get_name();
+  std::string problem = error.what();
+  if (!app->get_subcommands().empty())
+    command += " " + app->get_subcommands().front()->get_name();
+  else if (const std::vector<std::string> rest = app->remaining(); !rest.empty())
+    problem = "there is no command " + inquotes(rest.front());
+  return command + ": " + printable(problem) + "\nTry '" + command + " --help'.\n";
+}
+
+bool readsstandardinputtwice(const tinputs& inputs) {
+  return std::ranges::count(inputs.optionfiles, "-") + (inputs.definition == "-" ? 1 : 0) > 1;
+}
+
+template <class T>
+targuments accepted(const T& arguments) {
+  if (!readsstandardinputtwice(arguments.inputs)) return arguments;
+  std::cerr << "wexcorin: standard input can be read only once\n";
+  return exitunusable;
+}
+
+}  // namespace
+
+targuments parsearguments(int argc, char** argv) {
+  CLI::App app("Checks, shows, explains and writes the options of a solver.", "wexcorin");
+  app.footer(notes);
+  app.failure_message(failuretext);
+  app.set_version_flag("--version", versiontext);
+  app.require_subcommand(1);
+  app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+  app.get_formatter()->label("Positionals", "Arguments");
+  tcheckarguments check;
+  tshowarguments show;
+  thelparguments help;
+  twritearguments write;
+  const CLI::App& checkcommand = addcheck(app, check);
+  const CLI::App& showcommand = addshow(app, show);
+  const CLI::App& helpcommand = addhelp(app, help);
+  addwrite(app, write);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? exitclean : exitunusable;
+  }
+  if (checkcommand.parsed()) return accepted(check);
+  if (showcommand.parsed()) return accepted(show);
+  if (helpcommand.parsed()) return help;
+  return accepted(write);
+}
+
+}  // namespace tool

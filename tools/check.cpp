@@ -1,0 +1,100 @@
+// check: what is wrong in a definition and in option files, one line each, and a summary; or the same as
+// JSON.
+#include <unistd.h>
+
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "tools/assignments.h"
+#include "tools/commands.h"
+#include "tools/jsontext.h"
+#include "tools/reading.h"
+
+namespace tool {
+
+namespace {
+
+using nlohmann::ordered_json;
+
+struct tsummary {
+  std::size_t errors, warnings;
+  std::int32_t options, set;
+};
+
+tsummary summaryof(const treading& reading, const tfindings& findings) {
+  tsummary result = {countof(findings, tseverity::error), countof(findings, tseverity::warning),
+                     reading.handle().count(), 0};
+  for (std::int32_t number = 1; number <= result.options; ++number)
+    if (reading.handle().info(number).defined != 0) ++result.set;
+  return result;
+}
+
+ordered_json findingjson(const tfinding& finding) {
+  return {{"file", jsontext(finding.place.file)},
+          {"line", finding.place.line == 0 ? ordered_json() : ordered_json(finding.place.line)},
+          {"severity", finding.severity == tseverity::error ? "error" : "warning"},
+          {"text", jsontext(finding.text)},
+          {"details", jsontexts(finding.details)},
+          {"suggestions", jsontexts(finding.suggestions)}};
+}
+
+void printjson(const tfindings& findings, const tsummary& summary) {
+  ordered_json list = ordered_json::array();
+  ordered_json help = ordered_json::array();
+  for (const tfinding& finding : findings)
+    if (finding.severity == tseverity::plain)
+      help.push_back(jsontext(finding.text));
+    else
+      list.push_back(findingjson(finding));
+  const ordered_json document = {{"findings", list},
+                                 {"help", help},
+                                 {"summary",
+                                  {{"errors", summary.errors},
+                                   {"warnings", summary.warnings},
+                                   {"options", summary.options},
+                                   {"set", summary.set}}}};
+  std::cout << document.dump(2) << '\n';
+}
+
+std::string summarytext(const tsummary& summary) {
+  std::string result = "no problems";
+  if (summary.errors + summary.warnings != 0)
+    result = counted(summary.errors, "error") + ", " + counted(summary.warnings, "warning");
+  return result + "; " + counted(static_cast<std::size_t>(summary.options), "option") + ", " +
+         std::to_string(summary.set) + " set";
+}
+
+void printtext(const tfindings& findings, const tsummary& summary) {
+  const tpalette palette(STDOUT_FILENO);
+  for (const tfinding& finding : findings)
+    if (!finding.unopened) writefinding(std::cout, finding, palette);
+  std::cout << summarytext(summary) << '\n';
+}
+
+// A file that cannot be opened is a matter of the call rather than of what was checked.
+void reportunopened(const tfindings& findings) {
+  const tpalette palette(STDERR_FILENO);
+  for (const tfinding& finding : findings)
+    if (finding.unopened) writefinding(std::cerr, finding, palette);
+}
+
+}  // namespace
+
+int run(const tcheckarguments& arguments) {
+  treading reading;
+  if (reading.readdefinition(arguments.inputs.definition)) {
+    addearlyend(reading);
+    const tassignmentwatch watch(reading);
+    reading.readoptions(arguments.inputs);
+  }
+  const tfindings& findings = reading.finish();
+  const tsummary summary = summaryof(reading, findings);
+  reportunopened(findings);
+  if (arguments.json)
+    printjson(findings, summary);
+  else
+    printtext(findings, summary);
+  return exitcode(findings, arguments.warningsaserrors);
+}
+
+}  // namespace tool

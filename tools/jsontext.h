@@ -1,0 +1,21 @@
+// Texts of the library as JSON, which holds UTF-8 only.
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tools/text.h"
+
+namespace tool {
+
+inline nlohmann::ordered_json jsontext(std::string_view text) { return utf8(text); }
+
+inline nlohmann::ordered_json jsontexts(const std::vector<std::string>& texts) {
+  nlohmann::ordered_json result = nlohmann::ordered_json::array();
+  for (const std::string& text : texts) result.push_back(utf8(text));
+  return result;
+}
+
+}  // namespace tool

@@ -1,0 +1,34 @@
+// The command-line tool of the option library.
+#include <exception>
+#include <iostream>
+#include <type_traits>
+#include <variant>
+
+#include "tools/arguments.h"
+#include "tools/commands.h"
+
+namespace {
+
+int runcommand(const tool::targuments& arguments) {
+  return std::visit(
+      [](const auto& command) {
+        if constexpr (std::is_same_v<decltype(command), const int&>)
+          return command;
+        else
+          return tool::run(command);
+      },
+      arguments);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    const int code = runcommand(tool::parsearguments(argc, argv));
+    if (std::cout.flush()) return code;
+    std::cerr << "wexcorin: cannot write to standard output\n";
+  } catch (const std::exception& error) {
+    std::cerr << "wexcorin: " << error.what() << '\n';
+  }
+  return tool::exitunusable;
+}
