@@ -14,7 +14,7 @@ constexpr std::int32_t deepestnesting = 9;
 
 // Most parameter files that one call reads: files that include each other several times over would otherwise
 // be read many millions of times before the nesting ends them.
-constexpr std::int32_t mostfiles = 1000;
+constexpr std::int32_t mostfiles = 10000;
 
 class tnesting {
  public:

@@ -172,7 +172,7 @@ WEXCORIN_API int32_t optreaddefinition(tvksoptions* handle, const optshortstring
 WEXCORIN_API int32_t coptreaddefinition(tvksoptions* handle, const char* filename);
 
 /* Reads an option file: sets options, collects dot entries and indicators, acts on immediate options. An
- * immediate option may read further files, up to nine deep and 1,000 in all, this one counted. The result is 0 when the
+ * immediate option may read further files, up to nine deep and 10,000 in all, this one counted. The result is 0 when the
  * file could be opened, and otherwise the operating system's error code, with two messages of kind
  * optMsgUserError. Messages from within carry "line " and the line's number, between a note of kind
  * optMsgFileEnter and one of optMsgFileLeave with the file's name; a file without any message leaves no
