@@ -6,8 +6,8 @@
  *
  * Conventions
  *
- *  1. Handles. A handle comes from xcreate and ends with xfree. Every function except the four of the load
- *     path takes it first. It must not be null: only xfree looks.
+ *  1. Handles. A handle comes from xcreate and ends with xfree. Every function except those of the load
+ *     path and of the interface check takes it first. It must not be null: only xfree looks.
  *
  *  2. Two text forms. optxxx takes and fills short strings: a length byte and up to 255 characters, without a
  *     terminator. coptxxx, declared directly below it, is the same function for zero-terminated texts.
@@ -596,6 +596,30 @@ WEXCORIN_API void coptgetloadpath(char* path);
 /* Sets the load path. */
 WEXCORIN_API void optsetloadpath(const optshortstring* path);
 WEXCORIN_API void coptsetloadpath(const char* path);
+
+/* --------------------------------------------------------------------------
+ * Interface check
+ *
+ * For a client that loads the library at run time, before anything else: is this the library that it was
+ * written for? These functions take no handle and may be called from any thread.
+ */
+
+/* Compares the interface version that the client was written for, WEXCORIN_INTERFACE_VERSION of its header,
+ * with that of the library. The result is 1 when the two get along and 0 when they do not; *compat tells how:
+ * 0 not at all, 1 the same version, 2 an older client, 3 a newer client. message says it in words. */
+WEXCORIN_API int32_t xapiversion(int32_t version, optshortstring* message, int32_t* compat);
+WEXCORIN_API int32_t cxapiversion(int32_t version, char* message, int32_t* compat);
+
+/* Compares the client's declaration of one function with the library's. name is the function's name in mixed
+ * case, such as optGetNameNr; count the number of its arguments after the handle; signature holds count + 1
+ * codes, that of the result first: 0 no result, 3 integer, 4 integer output, 10 zero-terminated text, 11 short
+ * string, 12 short string output, 13 double, 14 double output. The codes are those of the optxxx form. The
+ * result is 1 when all agree, with an empty message, and 0 otherwise; message then names the first thing that
+ * differs: the name, the number of arguments, or every differing argument by its number, the result being 0.
+ * Of the codes no more than count + 1 are read, and none when the count differs. */
+WEXCORIN_API int32_t xcheck(const optshortstring* name, int32_t count, const int32_t* signature,
+                            optshortstring* message);
+WEXCORIN_API int32_t cxcheck(const char* name, int32_t count, const int32_t* signature, char* message);
 
 #ifdef __cplusplus
 }

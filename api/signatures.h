@@ -1,0 +1,69 @@
+// What an exported function takes and gives, as codes that a client can compare its own declarations with. The
+// compiler derives the codes from the function's own type, so that they cannot differ from the code.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "wexcorin/wexcorin.h"
+
+namespace wexcorin {
+
+// The code of a result or argument type; a type without a code does not compile.
+template <class ttype>
+struct tsignaturecode;
+template <std::int32_t number>
+struct tcode {
+  static constexpr std::int32_t value = number;
+};
+template <>
+struct tsignaturecode<void> : tcode<0> {};
+template <>
+struct tsignaturecode<std::int32_t> : tcode<3> {};
+template <>
+struct tsignaturecode<std::int32_t*> : tcode<4> {};
+template <>
+struct tsignaturecode<const char*> : tcode<10> {};
+template <>
+struct tsignaturecode<const optshortstring*> : tcode<11> {};
+template <>
+struct tsignaturecode<optshortstring*> : tcode<12> {};
+template <>
+struct tsignaturecode<double> : tcode<13> {};
+template <>
+struct tsignaturecode<double*> : tcode<14> {};
+
+class tsignature {
+ public:
+  static constexpr std::size_t maxarguments = 7;
+
+  template <class tresult, class... targuments>
+  constexpr tsignature(std::string_view name, tresult (*)(tvksoptions*, targuments...))
+      : fname(name),
+        fcount(sizeof...(targuments)),
+        fcodes{tsignaturecode<tresult>::value, tsignaturecode<targuments>::value...} {
+    static_assert(sizeof...(targuments) <= maxarguments);
+  }
+
+  // In mixed case, as clients know the function.
+  constexpr std::string_view name() const noexcept { return fname; }
+  // The arguments after the handle.
+  constexpr std::int32_t count() const noexcept { return fcount; }
+  // The code of the result, and of each argument after the handle.
+  constexpr std::span<const std::int32_t> codes() const noexcept {
+    return std::span(fcodes).first(static_cast<std::size_t>(fcount) + 1);
+  }
+
+ private:
+  std::string_view fname;
+  std::int32_t fcount;
+  std::array<std::int32_t, maxarguments + 1> fcodes;
+};
+
+// The signatures of all functions that can be checked, in the order of the interface's own list.
+std::span<const tsignature> signatures() noexcept;
+
+}  // namespace wexcorin

@@ -1,0 +1,160 @@
+// Writes a store as a definition file.
+#include "output/parameterwriter.h"
+#include "output/textfile.h"
+#include "output/vksoptionwriter.h"
+
+namespace wexcorin {
+
+namespace {
+
+class tdefinitionwriter {
+ public:
+  tdefinitionwriter(const tvksoptions& store, ttextfile& file) : fstore(store), ffile(file) {}
+
+  void write() {
+    for (std::int32_t i = 0; i < fstore.getcount(); ++i) {
+      const toption& option = *fstore.getobjects(i);
+      if (option.opttype() != topttype::strlist) writeoption(option);
+    }
+    writesynonyms();
+    writemarks("deprecated", {tdeprecation::deprecated, tdeprecation::deprecatedsynonym});
+    writemarks("obsolete", {tdeprecation::obsolete, tdeprecation::obsoletesynonym});
+  }
+
+ private:
+  void writeoption(const toption& option) {
+    ffile.write(option.name(), " ", opttypenames[ordinal(option.opttype())]);
+    if (option.subtype() != tsubtype::required) ffile.write(".", subtypemodifiers[ordinal(option.subtype())]);
+    ffile.write(" ");
+    if (option.opttype() != topttype::macro && option.opttype() != topttype::immediate)
+      ffile.write(inttostr(option.refnr()), " ");
+    writevalues(option);
+    ffile.writeline(inttostr(option.helpflag()), " ", inttostr(option.groupnr()), " ", option.helptext());
+    writecontinuation(option);
+  }
+
+  // What stands between the user map and the fields with which every option ends.
+  void writevalues(const toption& option) {
+    switch (option.opttype()) {
+      case topttype::integer: {
+        const auto& integer = as<tintoption>(option);
+        ffile.write(inttostrex(integer.defaultvalue()), " ", inttostrex(integer.lo()), " ",
+                    inttostrex(integer.hi()), " ");
+        break;
+      }
+      case topttype::dbl: {
+        const auto& dbl = as<tdbloption>(option);
+        ffile.write(dbltostrex(dbl.defaultvalue()), " ", dbltostrex(dbl.lo()), " ", dbltostrex(dbl.hi()),
+                    " ");
+        break;
+      }
+      case topttype::string: ffile.write(strexternal(as<tstringoption>(option).defaultvalue()), " "); break;
+      // two blanks follow the defaults of these three
+      case topttype::boolean: ffile.write(inttostr(as<tbooleanoption>(option).defaultvalue()), "  "); break;
+      case topttype::enumstr:
+        ffile.write(strexternal(as<tenumstroption>(option).defaultvalue()), "  ");
+        break;
+      case topttype::enumint: ffile.write(inttostr(as<tenumintoption>(option).defaultvalue()), "  "); break;
+      case topttype::immediate:
+        ffile.write(immkindnames[ordinal(as<timmediateoption>(option).immkind())], " ");
+        break;
+      case topttype::multilist:
+      case topttype::strlist:
+      case topttype::macro: break;
+    }
+  }
+
+  void writecontinuation(const toption& option) {
+    switch (option.opttype()) {
+      case topttype::integer:
+      case topttype::dbl: return writebigtext(option);
+      case topttype::enumstr: return writeitems(as<tenumstroption>(option));
+      case topttype::enumint: return writeitems(as<tenumintoption>(option));
+      case topttype::multilist: return writemembers(as<tmultilistoption>(option));
+      case topttype::macro: return writemembers(as<tmacrooption>(option));
+      case topttype::string:
+      case topttype::boolean:
+      case topttype::strlist:
+      case topttype::immediate: break;
+    }
+  }
+
+  void writebigtext(const toption& option) {
+    const txstrings* lines = option.bigtext();
+    for (std::int32_t i = 0; lines != nullptr && i < lines->count(); ++i)
+      ffile.writeline("   ", lines->get(i));
+  }
+
+  void writeitems(const tenumstroption& option) {
+    for (std::int32_t i = 0; i < option.items().count(); ++i) {
+      const toptionx& item = *option.items().getobject(i);
+      ffile.writeline(" ", option.items().getname(i), " ", inttostr(item.helpflag()), " ", item.helptext());
+    }
+  }
+
+  void writeitems(const tenumintoption& option) {
+    for (std::int32_t i = 0; i < option.items().count(); ++i) {
+      const tlistoptionx& item = *option.items().get(i);
+      ffile.writeline(" ", inttostrex(item.enumvalue()), " ", inttostr(item.helpflag()), " ",
+                      item.helptext());
+    }
+  }
+
+  // As many names as fit on lines of 80 characters; a member that the definition does not define has none.
+  void writemembers(const tmultilistoption& option) {
+    constexpr std::size_t linewidth = 80;
+    std::size_t used = 0;
+    for (std::int32_t i = 0; i < option.items().count(); ++i) {
+      const std::string_view name = fstore.getstrings(option.items().get(i));
+      if (name.empty()) continue;
+      if (used + name.size() + 1 > linewidth) {
+        ffile.write("\n");
+        used = 0;
+      }
+      ffile.write(" ", name);
+      used += name.size() + 1;
+    }
+    if (used != 0) ffile.write("\n");
+  }
+
+  void writemembers(const tmacrooption& option) {
+    for (std::int32_t i = 0; i < option.items().count(); ++i)
+      ffile.writeline(" ", option.items().get(i)->name());
+  }
+
+  void writesynonyms() {
+    const auto& synonyms = fstore.synonyms();
+    for (std::int32_t i = 0; i < synonyms.count(); ++i)
+      ffile.writeline(synonyms.getname(i), " synonym ", fstore.getstrings(synonyms.getobject(i)));
+  }
+
+  struct tmarks {
+    tdeprecation ownname, itssynonym;
+  };
+
+  // The line that opens the block is a definition line too, so that the file reads back.
+  void writemarks(std::string_view keyword, tmarks marks) {
+    bool isopen = false;
+    for (std::int32_t i = 0; i < fstore.getcount(); ++i) {
+      const toption& option = *fstore.getobjects(i);
+      if (!option.hasdeprecation(marks.ownname) && !option.hasdeprecation(marks.itssynonym)) continue;
+      if (!isopen) ffile.writeline("ver ", keyword, " options");
+      isopen = true;
+      ffile.writeline("   ", option.name(), "  ", option.deprecatedmsg());
+    }
+  }
+
+  const tvksoptions& fstore;
+  ttextfile& ffile;
+};
+
+}  // namespace
+
+std::int32_t tvksoptionwriter::writedefinition(std::string_view filename) const {
+  ttextfile file;
+  file.open(filename);
+  tdefinitionwriter(fstore, file).write();
+  return file.close();
+}
+
+}  // namespace wexcorin

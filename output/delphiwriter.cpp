@@ -1,0 +1,98 @@
+// Writes the options as a Pascal include file: for each kind of value an enumeration of their names and an array
+// that maps it to option numbers.
+#include <array>
+#include <vector>
+
+#include "base/strutilx.h"
+#include "base/zqaaudit.h"
+#include "output/textfile.h"
+#include "output/vksoptionwriter.h"
+
+namespace wexcorin {
+
+namespace {
+
+// The kinds of values by option type; the types from multilist on have no name of their own.
+constexpr std::array<std::string_view, 10> keynames = {"integer", "real", "string", "boolean", "enumstr",
+                                                       "enumint", "",     "",       "",        ""};
+
+// The list that options of a type go to; -1 for types that are left out.
+std::int32_t listoftype(topttype type) {
+  switch (type) {
+    case topttype::integer:
+    case topttype::boolean:
+    case topttype::enumint: return static_cast<std::int32_t>(topttype::integer);
+    case topttype::string:
+    case topttype::enumstr: return static_cast<std::int32_t>(topttype::string);
+    case topttype::dbl:
+    case topttype::macro: return static_cast<std::int32_t>(type);
+    case topttype::multilist:
+    case topttype::strlist:
+    case topttype::immediate: break;
+  }
+  return -1;
+}
+
+// How the items of a list stand on its lines.
+struct titemlayout {
+  std::int32_t width;
+  std::int32_t perline;
+};
+constexpr titemlayout keylayout = {14, 5};
+constexpr titemlayout numberlayout = {4, 10};
+
+// Writes one item; the counter tells the items on the line and is -1 before the first one.
+void writeitem(std::string_view item, titemlayout layout, ttextfile& file, std::int32_t& counter) {
+  if (counter == -1) {
+    file.write("       ");
+    counter = 0;
+  } else {
+    if (counter == layout.perline) {
+      file.write("\n");
+      counter = 0;
+    }
+    file.write("     , ");
+  }
+  file.write(padrightmod(item, layout.width));
+  ++counter;
+}
+
+using tlist = std::vector<std::int32_t>;  // positions of options, counted from 0
+
+void writekeys(const tvksoptions& store, std::string_view keyname, const tlist& list, ttextfile& file) {
+  file.writeline("\n   Tpf", keyname, "keys = (");
+  std::int32_t counter = -1;
+  for (const std::int32_t index : list)
+    writeitem(concat("pf", store.getstrings(index)), keylayout, file, counter);
+  file.writeline(");");
+}
+
+void writemap(std::string_view keyname, const tlist& list, ttextfile& file) {
+  file.writeline("\n   pf", keyname, "map: array[Tpf", keyname, "keys] of integer = (");
+  std::int32_t counter = -1;
+  for (const std::int32_t index : list) writeitem(inttostr(index + 1), numberlayout, file, counter);
+  file.writeline(" );");
+}
+
+}  // namespace
+
+std::int32_t tvksoptionwriter::writedelphiinc(std::string_view filename) const {
+  std::array<tlist, keynames.size()> lists;
+  for (std::int32_t i = 0; i < fstore.getcount(); ++i) {
+    const std::int32_t list = listoftype(fstore.getobjects(i)->opttype());
+    if (list >= 0) lists[static_cast<std::size_t>(list)].push_back(i);
+  }
+  ttextfile file;
+  file.open(filename);
+  file.writeline("// file created by ", zqagetauditline());
+  file.writeline("type");
+  for (std::size_t k = 0; k < lists.size(); ++k)
+    if (!lists[k].empty()) writekeys(fstore, keynames[k], lists[k], file);
+  file.write("\nconst\n");
+  for (std::size_t k = 0; k < lists.size(); ++k)
+    if (!lists[k].empty()) writemap(keynames[k], lists[k], file);
+  file.write("\n");
+  return file.close();
+}
+
+}  // namespace wexcorin
