@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
+#include <map>
 
 #include "release.h"
 #include "tools/commands.h"
@@ -86,13 +87,40 @@ const CLI::App& addhelp(CLI::App& app, thelparguments& arguments) {
   return command;
 }
 
-const CLI::App& addwrite(CLI::App& app, twritearguments& arguments) {
-  CLI::App& command = addcommand(app, "write", "Write the settings of option files as one option file");
-  addinputs(command, arguments.inputs, true);
-  command.add_option("-o,--output", arguments.output, "File to write")
+void addoutput(CLI::App& command, std::string& output) {
+  command.add_option("-o,--output", output, "File to write")
       ->required()
       ->type_name("FILE")
       ->check(checkfilename);
+}
+
+const CLI::App& addwrite(CLI::App& app, twritearguments& arguments) {
+  CLI::App& command = addcommand(app, "write", "Write the settings of option files as one option file");
+  addinputs(command, arguments.inputs, true);
+  addoutput(command, arguments.output);
+  return command;
+}
+
+const std::map<std::string, tdocform>& docforms() {
+  static const std::map<std::string, tdocform> forms = {
+      {"definition", tdocform::definition}, {"pascal", tdocform::pascal}, {"html", tdocform::html}};
+  return forms;
+}
+
+const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
+  CLI::App& command = addcommand(app, "doc", "Write a definition in another form");
+  command
+      .add_option_function<std::string>(
+          "FORM", [&arguments](const std::string& form) { arguments.form = docforms().at(form); },
+          "definition (a definition file), pascal (an include file with the option numbers) or\n"
+          "html (a table)")
+      ->required()
+      ->type_name("")
+      ->check([](const std::string& form) {
+        return docforms().contains(form) ? std::string() : "there is no form " + inquotes(form);
+      });
+  adddefinition(command, arguments.definition);
+  addoutput(command, arguments.output);
   return command;
 }
 
@@ -131,10 +159,12 @@ targuments parsearguments(int argc, char** argv) {
   tshowarguments show;
   thelparguments help;
   twritearguments write;
+  tdocarguments doc;
   const CLI::App& checkcommand = addcheck(app, check);
   const CLI::App& showcommand = addshow(app, show);
   const CLI::App& helpcommand = addhelp(app, help);
-  addwrite(app, write);
+  const CLI::App& writecommand = addwrite(app, write);
+  adddoc(app, doc);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -143,7 +173,8 @@ targuments parsearguments(int argc, char** argv) {
   if (checkcommand.parsed()) return accepted(check);
   if (showcommand.parsed()) return accepted(show);
   if (helpcommand.parsed()) return help;
-  return accepted(write);
+  if (writecommand.parsed()) return accepted(write);
+  return doc;
 }
 
 }  // namespace tool

@@ -36,8 +36,17 @@ struct twritearguments {
   std::string output;
 };
 
+enum class tdocform { definition, pascal, html };
+
+struct tdocarguments {
+  tdocform form = tdocform::definition;
+  std::string definition;
+  std::string output;
+};
+
 // An exit code: everything has been said, there is nothing left to do.
-using targuments = std::variant<int, tcheckarguments, tshowarguments, thelparguments, twritearguments>;
+using targuments =
+    std::variant<int, tcheckarguments, tshowarguments, thelparguments, twritearguments, tdocarguments>;
 
 targuments parsearguments(int argc, char** argv);
 

@@ -14,5 +14,6 @@ int run(const tcheckarguments& arguments);
 int run(const tshowarguments& arguments);
 int run(const thelparguments& arguments);
 int run(const twritearguments& arguments);
+int run(const tdocarguments& arguments);
 
 }  // namespace tool

@@ -115,6 +115,28 @@ TEST(write, settings) {
   EXPECT_EQ(unwritable.code, 2);
 }
 
+TEST(doc, forms) {
+  const ttool tool({{"solver.def", "iterlim integer 1 100 minint 1000 1 1 Limit\n"}});
+  struct {
+    std::string form;
+    std::string_view part;
+  } const rows[] = {
+      {"definition", "\niterlim integer 1 100 minint 1000 1 1 Limit\n"},
+      {"pascal", "\n   Tpfintegerkeys = (\n       pfiterlim     );\n"},
+      {"html", "<td> iterlim </td>\n<td> integer </td>\n"},
+  };
+  for (const auto& [form, part] : rows) {
+    const auto tostdout = tool.run({"doc", form, "solver.def", "-o", "-"});
+    EXPECT_NE(tostdout.out.find(part), std::string::npos) << tostdout.out;
+    EXPECT_EQ(tostdout.code, 0);
+    EXPECT_EQ(tool.run({"doc", form, "solver.def", "-o", "new"}).code, 0);
+    EXPECT_EQ(tool.contents("new"), tostdout.out);
+    const auto full = tool.run({"doc", form, "solver.def", "-o", "/dev/full"});
+    EXPECT_EQ(full.err, "/dev/full: error: cannot write the file: No space left on device\n");
+    EXPECT_EQ(full.code, 2);
+  }
+}
+
 TEST(tool, wrongUse) {
   const ttool tool({{"solver.def", definition}});
   struct {
@@ -125,6 +147,7 @@ TEST(tool, wrongUse) {
       {{"check"}, "wexcorin check: DEF is required\nTry 'wexcorin check --help'.\n"},
       {{"show", "solver.def", "--all"}, "--all"},
       {{"write", "solver.def", "-o", "new.opt"}, "OPTFILE"},
+      {{"doc", "pdf", "solver.def", "-o", "-"}, "there is no form \"pdf\""},
       {{"check", std::string(255, 'x')}, "file names may have at most 254 characters"},
   };
   for (const auto& [arguments, said] : rows) {
@@ -138,7 +161,7 @@ TEST(tool, wrongUse) {
 TEST(tool, explainsItself) {
   const ttool tool;
   EXPECT_EQ(tool.run({"--version"}).out.substr(0, 9), "wexcorin ");
-  for (const std::string command : {"check", "show", "help", "write"}) {
+  for (const std::string command : {"check", "show", "help", "write", "doc"}) {
     const auto result = tool.run({command, "--help"});
     EXPECT_NE(result.out.find("wexcorin " + command), std::string::npos) << result.out;
     EXPECT_NE(result.out.find("Exit codes:"), std::string::npos);
