@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <filesystem>
 
 namespace tooltest {
 
@@ -25,6 +26,10 @@ namespace {
 
 ttool::ttool(std::initializer_list<std::pair<std::string_view, std::string_view>> files) {
   for (const auto& [name, text] : files) fdirectory.write(name, text);
+}
+
+void ttool::linkexamples() const {
+  std::filesystem::create_directory_symlink(WEXCORIN_EXAMPLES, fdirectory.path("examples"));
 }
 
 tresult ttool::run(const std::vector<std::string>& arguments, std::string_view standardinput) const {

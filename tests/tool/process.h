@@ -24,6 +24,8 @@ class ttool {
   // Files by name and contents.
   explicit ttool(std::initializer_list<std::pair<std::string_view, std::string_view>> files = {});
 
+  // Makes the examples of the repository visible under the name that they have there.
+  void linkexamples() const;
   tresult run(const std::vector<std::string>& arguments, std::string_view standardinput = "") const;
   std::string contents(std::string_view name) const { return testsupport::readfile(fdirectory.path(name)); }
 
