@@ -8,6 +8,7 @@
 #include "api/units.h"
 #include "base/zqaaudit.h"
 #include "options/globals.h"
+#include "options/vksoptions.h"
 
 namespace wexcorin {
 namespace {
@@ -89,6 +90,15 @@ TEST_F(audit, release_values_agree_with_each_other) {
   EXPECT_TRUE(zqaisauditword("aUdIt"));
   EXPECT_FALSE(zqaisauditword("audit1"));
   EXPECT_FALSE(zqaauditrun());
+}
+
+// The reader adds an entry before its parts; parts without an entry would be a mistake in the library.
+TEST(dotoptions, parts_without_an_entry_are_told) {
+  tvksoptions store;
+  EXPECT_FALSE(store.dotoptions().addindex("'a'"));
+  store.dotoptions().setvalue("1");
+  EXPECT_EQ(store.messages().decorated(1).view(), "*** Error Cannot AddIndex to DotObj");
+  EXPECT_EQ(store.messages().decorated(2).view(), "*** Error Cannot SetValue to DotObj");
 }
 
 // The test program itself has loaded the library once; a second load and its unload change nothing.
