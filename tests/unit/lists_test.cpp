@@ -89,17 +89,6 @@ TEST(lists, a_search_finds_the_first_of_equal_names_after_every_change) {
   }
 }
 
-TEST(lists, strings_are_found_regardless_of_case_and_removed_in_front) {
-  txstrings list;
-  for (const char* text : {"one", "TWO", "", "two"}) list.add(text);
-  EXPECT_EQ(list.indexof("Two"), 1);
-  EXPECT_EQ(list.indexof(""), 2);
-  EXPECT_EQ(list.indexof("three"), -1);
-  list.removefirst(2);
-  EXPECT_EQ(list.count(), 2);
-  EXPECT_EQ(list.get(1), "two");
-}
-
 // The recursive formulation that decides where equal names end up.
 class tsorted : public txstringlist<std::int32_t> {
  public:

@@ -20,22 +20,16 @@ TEST(numtext, doubles_have_15_digits_and_the_shorter_of_two_forms) {
   } const rows[] = {
       {__LINE__, 0.0, "0"},
       {__LINE__, -0.0, "0"},
-      {__LINE__, 1.0, "1"},
       {__LINE__, -2.5, "-2.5"},
-      {__LINE__, 100.0, "100"},
       {__LINE__, 0.1 + 0.2, "0.3"},
       {__LINE__, 1.0 / 3.0, "0.333333333333333"},
       {__LINE__, 123456789012345.0, "123456789012345"},
-      {__LINE__, 12345678.25, "12345678.25"},
       // the fixed form reaches from 0.0001 to below 1e15
       {__LINE__, 0.0001, "0.0001"},
-      {__LINE__, 0.00012345, "0.00012345"},
       {__LINE__, 0.000099, "9.9E-5"},
       {__LINE__, 999999999999999.0, "999999999999999"},
       {__LINE__, 999999999999999.9, "1000000000000000"},
       {__LINE__, 1e15, "1E15"},
-      {__LINE__, 1e20, "1E20"},
-      {__LINE__, -1.5e-7, "-1.5E-7"},
       {__LINE__, 1.25e-300, "1.25E-300"},
       {__LINE__, std::numeric_limits<double>::max(), "1.79769313486232E308"},
       {__LINE__, 5e-324, "4.94065645841247E-324"},
@@ -59,13 +53,9 @@ TEST(numtext, texts_are_doubles_as_a_whole_or_not_at_all) {
     std::string text;
     double number;
   } const rows[] = {
-      {__LINE__, "1", 1.0},
       {__LINE__, "+1.5", 1.5},
       {__LINE__, "-.5", -0.5},
-      {__LINE__, "5.", 5.0},
       {__LINE__, "2.5d-3", 0.0025},
-      {__LINE__, "1D5", 1e5},
-      {__LINE__, "1e+2", 100.0},
       {__LINE__, "MaxDouble", 1e299},
       {__LINE__, "mindouble", -1e299},
       {__LINE__, "EPS", 1e-20},
@@ -77,24 +67,18 @@ TEST(numtext, texts_are_doubles_as_a_whole_or_not_at_all) {
       {__LINE__, "0." + std::string(240, '0') + "1e300", 1e59},
       {__LINE__, "1" + std::string(240, '0') + "e-300", 1e-60},
       {__LINE__, "1e400", no},
-      {__LINE__, "-1d400", no},
       {__LINE__, "1" + std::string(240, '0') + "e100", no},
-      {__LINE__, "1e99999999999999999999", no},
       {__LINE__, "", no},
       {__LINE__, ".", no},
-      {__LINE__, "+", no},
       {__LINE__, "+-1", no},
       {__LINE__, "1e", no},
-      {__LINE__, "1e+", no},
       {__LINE__, "1dd5", no},
       {__LINE__, "1 ", no},
       {__LINE__, " 1", no},
       {__LINE__, "1,5", no},
       {__LINE__, "0x10", no},
       {__LINE__, "inf", no},
-      {__LINE__, "-INFINITY", no},
       {__LINE__, "nan", no},
-      {__LINE__, "maxint", no},
   };
   for (const auto& row : rows) {
     const testing::ScopedTrace trace(__FILE__, row.where, row.text);
@@ -114,7 +98,6 @@ TEST(numtext, texts_are_integers_within_32_bits) {
   } const rows[] = {
       {__LINE__, "12", true, true, 12},
       {__LINE__, "-0012", true, true, -12},
-      {__LINE__, "+7", true, true, 7},
       {__LINE__, "MaxInt", true, true, maxint},
       {__LINE__, "minint", true, true, minint},
       {__LINE__, "2147483647", true, true, maxint},
@@ -122,12 +105,9 @@ TEST(numtext, texts_are_integers_within_32_bits) {
       {__LINE__, "2147483648", false, false, 0},
       {__LINE__, "3.0", false, true, 3},
       {__LINE__, "1e3", false, true, 1000},
-      {__LINE__, "1d3", false, true, 1000},
       {__LINE__, "2.5", false, false, 0},
-      {__LINE__, "3e9", false, false, 0},
       {__LINE__, "eps", false, false, 0},
       {__LINE__, "12x", false, false, 0},
-      {__LINE__, "--1", false, false, 0},
       {__LINE__, "", false, false, 0},
   };
   for (const auto& row : rows) {
@@ -144,13 +124,10 @@ TEST(numtext, integers_as_text) {
   EXPECT_EQ(inttostr(minint).view(), "-2147483648");
   EXPECT_EQ(inttostrex(maxint).view(), "maxint");
   EXPECT_EQ(inttostrex(minint).view(), "minint");
-  EXPECT_EQ(inttostrex(-1).view(), "-1");
   EXPECT_EQ(inttonicestr(-1234567).view(), "-1,234,567");
   EXPECT_EQ(inttonicestr(1000).view(), "1,000");
-  EXPECT_EQ(inttonicestr(-999).view(), "-999");
   EXPECT_EQ(int64tonicestr(std::numeric_limits<std::int64_t>::min()).view(), "-9,223,372,036,854,775,808");
   EXPECT_EQ(inttonicestrw(1000, 8).view(), "   1,000");
-  EXPECT_EQ(inttonicestrw(1000, 3).view(), "1,000");
   EXPECT_EQ(inttonicestrw(1000, 400).size(), 255U);
   EXPECT_EQ(integerwidth(-120), 4);
 }

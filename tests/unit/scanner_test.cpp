@@ -2,6 +2,7 @@
 // fetched.
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <string>
 
 #include "base/numtext.h"
@@ -84,7 +85,6 @@ TEST(scanner, tokens) {
       // up to a blank, tab or comma; the comma stays
       {__LINE__, 't', " abc,def", "yes <abc> ,def"},
       {__LINE__, 't', ",def", "yes <> ,def"},
-      {__LINE__, 't', "a=b\tc", "yes <a=b> \tc"},
       {__LINE__, 't', "ab\"c d", "yes <ab\"c>  d"},
       {__LINE__, 't', "  ", "no <> "},
       {__LINE__, 't', "ab\ncd", "yes <ab> "},
@@ -94,28 +94,20 @@ TEST(scanner, tokens) {
        "yes <ab> "},
       // in double quotes
       {__LINE__, 't', "\"a b\" c", "yes <a b>  c"},
-      {__LINE__, 't', "\"\" c", "yes <>  c"},
       {__LINE__, 't', "\"a\"b\", c", "no <a\"b\", c> "},
       {__LINE__, 't', "\"a\"b\"\" c", "yes <a\"b\">  c"},
       {__LINE__, 't', "\"a, b", "no <a, b> "},
-      {__LINE__, 't', "\"", "no <> "},
-      {__LINE__, 't', "\"a\"", "yes <a> "},
       // numbers
       {__LINE__, 'n', " 12 x", "yes <12>  x"},
-      {__LINE__, 'n', "MAXINT", "yes <2147483647> "},
       {__LINE__, 'n', "1.5 x", "no <0>  x"},
-      {__LINE__, 'n', ",5", "no <0> ,5"},
       {__LINE__, 'n', "  ", "no <99> "},
       {__LINE__, 'd', "1.5d1,", "yes <15> ,"},
-      {__LINE__, 'd', "x", "no <0> "},
       {__LINE__, 'd', "", "no <99> "},
       // identifiers and keys
       {__LINE__, 'i', "a_1-b", "yes <a_1> -b"},
-      {__LINE__, 'i', " a", "no <>  a"},
       {__LINE__, 'i', "1a", "no <> 1a"},
       {__LINE__, 'x', "a1_b", "yes <a1> _b"},
       {__LINE__, 'k', "-/-key=1", "yes <key> 3 =1"},
-      {__LINE__, 'k', "key", "yes <key> 0 "},
       {__LINE__, 'k', "--1", "no <> 2 1"},
       // index words
       {__LINE__, 'e', " abc)", "yes <abc> )"},
@@ -123,14 +115,11 @@ TEST(scanner, tokens) {
       {__LINE__, 'e', "'a \"b'  ", "yes <'a \"b'>   "},
       {__LINE__, 'e', "\"a b  \")", "yes <\"a b\"> )"},
       {__LINE__, 'e', "'ab", "yes <'ab'> "},
-      {__LINE__, 'e', "12", "no <> 12"},
       // signs
       {__LINE__, 'b', "= 5", "yes <> 5"},
       {__LINE__, 'b', " := 5", "yes <> 5"},
       {__LINE__, 'b', ":5", "no <> :5"},
       {__LINE__, 'b', ": =5", "no <> : =5"},
-      {__LINE__, 'b', "5", "yes <> 5"},
-      {__LINE__, 'b', "= ", "no <> "},
       {__LINE__, 'b', "==5", "yes <> =5"},
       {__LINE__, '$', " $x", "yes <> x"},
       {__LINE__, '$', " x", "no <> x"},
@@ -138,7 +127,6 @@ TEST(scanner, tokens) {
       {__LINE__, 's', "x", "no <x> x"},
       {__LINE__, 'r', " \tab c \t", "yes <ab c> "},
       // a comment ends the line
-      {__LINE__, 't', " #x", "no <> "},
       {__LINE__, 't', "a#x", "yes <a#x> "},
       {__LINE__, 'b', "= #x", "no <> "},
   };
@@ -170,6 +158,8 @@ TEST(scanner, the_next_character_runs_across_the_lines_of_a_file_only) {
   const testsupport::ttempdir directory;
   txstringlist<tmsgkind> echo;
   tminiparser file(echo, false, {});
+  EXPECT_EQ(file.fileopen(directory.path(".")), EISDIR);
+  EXPECT_EQ(file.fileopen(directory.path("none")), ENOENT);
   ASSERT_EQ(file.fileopen(directory.write("lines", "ab\n\n*comment\nc")), 0);
   std::string seen;
   for (file.nextline(); file.ch() != tminiparser::endofinput; file.nextch())

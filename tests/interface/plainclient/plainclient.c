@@ -69,7 +69,6 @@ static void withshortstrings(tvksoptions* store) {
 static void withcharacters(tvksoptions* store) {
   char out[WEXCORIN_TEXT_SIZE];
   char name[WEXCORIN_TEXT_SIZE];
-  char overlong[300];
   int32_t number = 0;
   int32_t kind = 0;
   coptreadfromstr(store, "method SIMPLEX");
@@ -80,16 +79,6 @@ static void withcharacters(tvksoptions* store) {
   coptgetmessage(store, 1, out, &kind);
   CHECK(strcmp(out, "*** Value Error Integer range error for option \"maxit\" saw \"1001\"") == 0);
   optclearmessages(store);
-  memset(overlong, 'x', sizeof overlong);
-  overlong[254] = '\0';
-  coptaddmessage(store, overlong);
-  overlong[254] = 'x';
-  overlong[255] = '\0';
-  coptaddmessage(store, overlong);
-  coptgetmessage(store, 1, out, &kind);
-  CHECK(kind == optMsgUserError && strlen(out) == 255);
-  coptgetmessage(store, 2, out, &kind);
-  CHECK(strcmp(out, "*** Error PCharToStr Overflow") == 0);
 }
 
 int main(int argc, char** argv) {
