@@ -3,7 +3,6 @@
 #include "api/conversion.h"
 
 using wexcorin::guarded;
-using wexcorin::in;
 using wexcorin::tout;
 
 // ---- info

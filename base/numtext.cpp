@@ -54,7 +54,7 @@ tnumbertext inttonicestr(std::int32_t number) noexcept { return int64tonicestr(n
 
 shortstring inttonicestrw(std::int32_t number, std::int32_t width) noexcept {
   const tnumbertext text = inttonicestr(number);
-  const std::size_t wanted = std::clamp<std::int32_t>(width, 0, shortstring::capacity);
+  const auto wanted = static_cast<std::size_t>(std::clamp<std::int32_t>(width, 0, shortstring::capacity));
   shortstring result;
   if (text.view().size() < wanted) result.append(wanted - text.view().size(), ' ');
   return result.append(text);

@@ -7,6 +7,7 @@
 // their destructors; that is the one rule by which contents are freed.
 #pragma once
 
+#include <cassert>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -79,8 +80,8 @@ class tgrowarray {
     fcapacity = capacity;
   }
 
-  // There must be room.
   void insert(std::int32_t index, const titem& item) noexcept {
+    assert(fentries != nullptr && fcount < fcapacity);
     move(index + 1, index);
     fentries[index] = item;
     ++fcount;

@@ -21,10 +21,9 @@ std::int32_t tvksoptions::optwriteparameterfile(std::string_view filename) {
 }
 
 std::string strexternal(std::string_view text) {
-  std::string value(text);
-  if (text.empty() || text.find_first_of("\t ,") != std::string_view::npos)
-    value.append("\"").insert(0, "\"");
-  return value;
+  if (!text.empty() && text.find_first_of("\t ,") == std::string_view::npos) return std::string(text);
+  std::string value(1, '"');
+  return value.append(text).append(1, '"');
 }
 
 void tparameterwriter::write() {
