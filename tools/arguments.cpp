@@ -103,7 +103,11 @@ const CLI::App& addwrite(CLI::App& app, twritearguments& arguments) {
 
 const std::map<std::string, tdocform>& docforms() {
   static const std::map<std::string, tdocform> forms = {
-      {"definition", tdocform::definition}, {"pascal", tdocform::pascal}, {"html", tdocform::html}};
+      {"definition", tdocform::definition},
+      {"pascal", tdocform::pascal},
+      {"html", tdocform::html},
+      {"json", tdocform::json},
+  };
   return forms;
 }
 
@@ -112,8 +116,8 @@ const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
   command
       .add_option_function<std::string>(
           "FORM", [&arguments](const std::string& form) { arguments.form = docforms().at(form); },
-          "definition (a definition file), pascal (an include file with the option numbers) or\n"
-          "html (a table)")
+          "definition (a definition file), pascal (an include file with the option numbers),\n"
+          "html (a table) or json (everything, for programs)")
       ->required()
       ->type_name("")
       ->check([](const std::string& form) {

@@ -36,7 +36,7 @@ struct twritearguments {
   std::string output;
 };
 
-enum class tdocform { definition, pascal, html };
+enum class tdocform { definition, pascal, html, json };
 
 struct tdocarguments {
   tdocform form = tdocform::definition;

@@ -1,10 +1,12 @@
-// doc: a definition in a form for those who maintain or program against it.
+// doc: a definition in another form: those of the library's writers for maintainers, and the tool's own documents.
 #include <iostream>
 
 #include "api/handle.h"
 #include "base/systemerror.h"
+#include "output/textfile.h"
 #include "output/vksoptionwriter.h"
 #include "tools/commands.h"
+#include "tools/documents.h"
 #include "tools/reading.h"
 #include "tools/text.h"
 
@@ -12,25 +14,35 @@ namespace tool {
 
 namespace {
 
-std::int32_t write(const wexcorin::tvksoptionwriter& writer, tdocform form, const std::string& path) {
+std::int32_t writetext(const std::string& path, const std::string& text) {
+  wexcorin::ttextfile file;
+  file.open(path);
+  file.write(text);
+  return file.close();
+}
+
+// 0, or the operating system's code of what went wrong with the file.
+std::int32_t write(const treading& reading, tdocform form, const std::string& path) {
+  const wexcorin::tvksoptions& store = *reading.handle().get();
+  const wexcorin::tvksoptionwriter writer(store);
   switch (form) {
     case tdocform::definition: return writer.writedefinition(path);
     case tdocform::pascal: return writer.writedelphiinc(path);
     case tdocform::html: return writer.writeashtml(path);
+    case tdocform::json: return writetext(path, jsondocument(describe(store, reading.definition())));
   }
   return 0;
 }
 
 // False when the file cannot be written; that has been said then.
 bool document(const treading& reading, const tdocarguments& arguments) {
-  const wexcorin::tvksoptionwriter writer(*reading.handle().get());
   std::int32_t code = 0;
   if (arguments.output == "-") {
     const ttemporaryfile file;
-    code = write(writer, arguments.form, file.path());
+    code = write(reading, arguments.form, file.path());
     if (code == 0) std::cout << file.contents();
   } else {
-    code = write(writer, arguments.form, arguments.output);
+    code = write(reading, arguments.form, arguments.output);
   }
   if (code != 0)
     std::cerr << printable(arguments.output)

@@ -2,18 +2,13 @@
 #pragma once
 
 #include <cstdint>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
 #include "tools/handle.h"
+#include "tools/shownvalue.h"
 
 namespace tool {
-
-struct tshownvalue {
-  std::string text;             // empty where there is none
-  nlohmann::ordered_json json;  // null where there is none
-};
 
 struct toptionrow {
   std::int32_t number;

@@ -1,0 +1,188 @@
+// The store's contents as plain values.
+#include "tools/reference.h"
+
+#include <array>
+#include <map>
+
+#include "tools/text.h"
+
+namespace tool {
+
+namespace {
+
+using namespace wexcorin;
+
+constexpr const char* othertitle = "Further options";
+constexpr const char* onlytitle = "Options";
+
+std::vector<std::string> linesof(const txstrings* texts) {
+  std::vector<std::string> result;
+  for (std::int32_t i = 0; texts != nullptr && i < texts->count(); ++i) result.push_back(utf8(texts->get(i)));
+  return result;
+}
+
+tnamestanding standingof(const toption& option, tdeprecation deprecated, tdeprecation obsolete,
+                         std::string_view reason) {
+  if (option.hasdeprecation(deprecated)) return {tstanding::deprecated, utf8(reason)};
+  if (option.hasdeprecation(obsolete)) return {tstanding::obsolete, utf8(reason)};
+  return {};
+}
+
+tshownvalue utf8value(std::string_view value) {
+  tshownvalue result = shown(value);
+  result.text = utf8(result.text);
+  return result;
+}
+
+// What only options of a type have.
+void addtyped(const tvksoptions& store, const toption& option, toptionreference& result) {
+  switch (option.opttype()) {
+    case topttype::integer: {
+      const auto& integer = as<tintoption>(option);
+      result.defaultvalue = shown(integer.defaultvalue());
+      result.low = shown(integer.lo());
+      result.high = shown(integer.hi());
+      break;
+    }
+    case topttype::dbl: {
+      const auto& dbl = as<tdbloption>(option);
+      result.defaultvalue = shown(dbl.defaultvalue());
+      result.low = shown(dbl.lo());
+      result.high = shown(dbl.hi());
+      break;
+    }
+    case topttype::string: result.defaultvalue = utf8value(as<tstringoption>(option).defaultvalue()); break;
+    case topttype::boolean:
+      result.defaultvalue = shownboolean(as<tbooleanoption>(option).defaultvalue());
+      break;
+    case topttype::enumstr: {
+      const auto& enumstr = as<tenumstroption>(option);
+      result.defaultvalue = utf8value(enumstr.defaultvalue());
+      for (std::int32_t i = 0; i < enumstr.items().count(); ++i) {
+        const toptionx& item = *enumstr.items().getobject(i);
+        result.values.push_back(
+            {utf8value(enumstr.items().getname(i)), utf8(item.helptext()), item.islisted()});
+      }
+      break;
+    }
+    case topttype::enumint: {
+      const auto& enumint = as<tenumintoption>(option);
+      result.defaultvalue = shownnumber(enumint.defaultvalue());
+      for (std::int32_t i = 0; i < enumint.items().count(); ++i) {
+        const tlistoptionx& item = *enumint.items().get(i);
+        result.values.push_back({shownnumber(item.enumvalue()), utf8(item.helptext()), item.islisted()});
+      }
+      break;
+    }
+    case topttype::multilist: {
+      const auto& members = as<tmultilistoption>(option).items();
+      for (std::int32_t i = 0; i < members.count(); ++i)
+        result.members.push_back(utf8(store.nounderscore(store.getstrings(members.get(i)))));
+      break;
+    }
+    case topttype::macro: {
+      const auto& members = as<tmacrooption>(option).items();
+      for (std::int32_t i = 0; i < members.count(); ++i)
+        result.members.push_back(utf8(members.get(i)->getname()));
+      break;
+    }
+    case topttype::immediate:
+      result.immediatekind = immkindnames[ordinal(as<timmediateoption>(option).immkind())];
+      break;
+    case topttype::strlist: break;
+  }
+}
+
+toptionreference describe(const tvksoptions& store, std::int32_t index) {
+  const toption& option = *store.getobjects(index);
+  toptionreference result = {
+      .number = index + 1,
+      .refnr = option.refnr(),
+      .name = utf8(option.getname()),
+      .type = option.opttype(),
+      .subtype = option.subtype(),
+      .group = option.groupnr(),
+      .listed = option.islisted(),
+      .help = utf8(option.helptext()),
+      .details = linesof(option.bigtext()),
+      .standing =
+          standingof(option, tdeprecation::deprecated, tdeprecation::obsolete, option.deprecatedmsg()),
+      .synonyms = {},
+      .synonymstanding = standingof(option, tdeprecation::deprecatedsynonym, tdeprecation::obsoletesynonym,
+                                    option.deprecatedmsg2()),
+      .defaultvalue = {},
+      .low = {},
+      .high = {},
+      .values = {},
+      .members = {},
+      .immediatekind = {}};
+  addtyped(store, option, result);
+  return result;
+}
+
+constexpr std::array<const char*, 10> typephrases = {"integer",
+                                                     "number",
+                                                     "text",
+                                                     "boolean",
+                                                     "choice",
+                                                     "choice of numbers",
+                                                     "list of values for several options",
+                                                     "text, may be given repeatedly",
+                                                     "sets several options",
+                                                     "acts when it is read"};
+constexpr std::array<const char*, 4> subtypephrases = {"", ", takes no value", ", the value may be left out",
+                                                       ", two values"};
+
+}  // namespace
+
+treference describe(const tvksoptions& store, const std::string& definition) {
+  treference result = {.definition = utf8(definition),
+                       .lookupmode = store.lookupmode(),
+                       .commentcharacters = {},
+                       .indicatorkeyword = utf8(store.dotname()),
+                       .groups = {},
+                       .options = {}};
+  for (std::size_t character = 0; character < store.eolcommset().size(); ++character)
+    if (store.eolcommset()[character]) result.commentcharacters.push_back(static_cast<char>(character));
+  result.commentcharacters = utf8(result.commentcharacters);
+  for (std::int32_t i = 0; i < store.groups().count(); ++i) {
+    const tgroupobj& group = *store.groups().getobject(i);
+    result.groups.push_back(
+        {group.groupnumber(), utf8(store.groups().getname(i)), utf8(group.helptext()), group.islisted()});
+  }
+  for (std::int32_t i = 0; i < store.getcount(); ++i) result.options.push_back(describe(store, i));
+  for (std::int32_t i = 0; i < store.synonyms().count(); ++i) {
+    const std::int32_t target = store.synonyms().getobject(i);
+    if (target >= 0)
+      result.options[static_cast<std::size_t>(target)].synonyms.push_back(
+          utf8(store.nounderscore(store.synonyms().getname(i))));
+  }
+  return result;
+}
+
+std::vector<tchapter> chapters(const treference& reference) {
+  std::vector<tchapter> result;
+  std::map<std::int32_t, std::size_t> chapterofgroup;
+  for (const tgroupreference& group : reference.groups)
+    if (group.listed && chapterofgroup.try_emplace(group.number, result.size()).second)
+      result.push_back({group.title, {}});
+  result.push_back({othertitle, {}});
+  for (const toptionreference& option : reference.options) {
+    if (!option.listed) continue;
+    const auto found = chapterofgroup.find(option.group);
+    result[found != chapterofgroup.end() ? found->second : result.size() - 1].options.push_back(&option);
+  }
+  std::erase_if(result, [](const tchapter& chapter) { return chapter.options.empty(); });
+  if (result.size() == 1 && result.front().title == othertitle) result.front().title = onlytitle;
+  return result;
+}
+
+std::string typephrase(const toptionreference& option) {
+  return std::string(typephrases[ordinal(option.type)]) + subtypephrases[ordinal(option.subtype)];
+}
+
+std::string rangephrase(const toptionreference& option) {
+  return option.low.text.empty() ? "" : option.low.text + " to " + option.high.text;
+}
+
+}  // namespace tool
