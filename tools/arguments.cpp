@@ -106,6 +106,8 @@ const std::map<std::string, tdocform>& docforms() {
       {"definition", tdocform::definition},
       {"pascal", tdocform::pascal},
       {"html", tdocform::html},
+      {"c", tdocform::c},
+      {"markdown", tdocform::markdown},
       {"json", tdocform::json},
   };
   return forms;
@@ -117,7 +119,8 @@ const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
       .add_option_function<std::string>(
           "FORM", [&arguments](const std::string& form) { arguments.form = docforms().at(form); },
           "definition (a definition file), pascal (an include file with the option numbers),\n"
-          "html (a table) or json (everything, for programs)")
+          "html (a table), c (a header with the numbers of options and values), markdown (a reference) or\n"
+          "json (everything, for programs)")
       ->required()
       ->type_name("")
       ->check([](const std::string& form) {

@@ -1,4 +1,5 @@
-// doc: a definition in another form: those of the library's writers for maintainers, and the tool's own documents.
+// doc: a definition in another form: those of the library's writers for maintainers, and the tool's own
+// documents.
 #include <iostream>
 
 #include "api/handle.h"
@@ -29,13 +30,15 @@ std::int32_t write(const treading& reading, tdocform form, const std::string& pa
     case tdocform::definition: return writer.writedefinition(path);
     case tdocform::pascal: return writer.writedelphiinc(path);
     case tdocform::html: return writer.writeashtml(path);
+    case tdocform::c: return writetext(path, cdocument(describe(store, reading.definition())));
+    case tdocform::markdown: return writetext(path, markdowndocument(describe(store, reading.definition())));
     case tdocform::json: return writetext(path, jsondocument(describe(store, reading.definition())));
   }
   return 0;
 }
 
 // False when the file cannot be written; that has been said then.
-bool document(const treading& reading, const tdocarguments& arguments) {
+bool writeoutput(const treading& reading, const tdocarguments& arguments) {
   std::int32_t code = 0;
   if (arguments.output == "-") {
     const ttemporaryfile file;
@@ -48,6 +51,16 @@ bool document(const treading& reading, const tdocarguments& arguments) {
     std::cerr << printable(arguments.output)
               << ": error: cannot write the file: " << wexcorin::systemerrortext(code) << '\n';
   return code == 0;
+}
+
+bool document(treading& reading, const tdocarguments& arguments) {
+  try {
+    return writeoutput(reading, arguments);
+  } catch (const trefuseddocument& refused) {
+    for (const std::string& reason : refused.reasons())
+      reading.add({{reading.definition()}, tseverity::error, reason});
+    return true;
+  }
 }
 
 }  // namespace

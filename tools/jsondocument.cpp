@@ -1,5 +1,5 @@
-// doc json: the whole definition as JSON, for dialogs, completion and bindings. docs/definition.schema.json describes
-// the form.
+// doc json: the whole definition as JSON, for dialogs, completion and bindings. docs/definition.schema.json
+// describes the form.
 #include <array>
 
 #include "tools/documents.h"

@@ -1,5 +1,6 @@
-// A definition as its documents describe it: for every option all that a reader or a program could want to know,
-// in plain values. The forms of `doc` that are the tool's own are written from this. All texts are UTF-8.
+// A definition as its documents describe it: for every option all that a reader or a program could want to
+// know, in plain values. The forms of `doc` that are the tool's own are written from this. All texts are
+// UTF-8.
 #pragma once
 
 #include <cstdint>
@@ -28,7 +29,7 @@ struct tvaluereference {
 
 struct toptionreference {
   std::int32_t number;  // from 1, as everywhere at the interface
-  std::int32_t refnr;   // the client's own
+  std::int32_t refnr;   // the client's own; macros have -1 and immediate options 0
   std::string name;
   wexcorin::topttype type;
   wexcorin::tsubtype subtype;

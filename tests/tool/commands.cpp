@@ -124,6 +124,9 @@ TEST(doc, forms) {
       {"definition", "\niterlim integer 1 100 minint 1000 1 1 Limit\n"},
       {"pascal", "\n   Tpfintegerkeys = (\n       pfiterlim     );\n"},
       {"html", "<td> iterlim </td>\n<td> integer </td>\n"},
+      {"c", "\n  solver_nr_iterlim = 2, /* Limit */\n"},
+      {"markdown", "\n### `iterlim`\n"},
+      {"json", "\n      \"name\": \"iterlim\",\n"},
   };
   for (const auto& [form, part] : rows) {
     const auto tostdout = tool.run({"doc", form, "solver.def", "-o", "-"});

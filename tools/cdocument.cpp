@@ -1,0 +1,157 @@
+// doc c: a header for C and C++ with the numbers, the reference numbers and the permitted values of all
+// options as enumerators. A name of the definition becomes its letters and digits with one underscore for
+// whatever stands between them; where two names become one, the header is refused.
+#include <algorithm>
+#include <limits>
+#include <map>
+
+#include "tools/documents.h"
+#include "tools/text.h"
+
+namespace tool {
+
+namespace {
+
+using namespace wexcorin;
+
+bool isdigit(char c) { return c >= '0' && c <= '9'; }
+bool isletter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+// A dot option is told apart from an option without the dot.
+std::string identifier(std::string_view name) {
+  std::string result = name.starts_with('.') ? "dot" : "";
+  bool between = !result.empty();
+  for (const char c : name) {
+    const bool belongs = isdigit(c) || isletter(c);
+    if (belongs && between && !result.empty()) result.push_back('_');
+    if (belongs) result.push_back(c);
+    between = !belongs;
+  }
+  return result;
+}
+
+// Numbers may be negative.
+std::string valueidentifier(const std::string& text) {
+  return text.starts_with('-') ? "minus_" + identifier(text) : identifier(text);
+}
+
+// From the name of the definition file, without folder and ending: solver.def gives "solver".
+std::string prefixof(const std::string& definition) {
+  const std::string name = definition.substr(definition.find_last_of('/') + 1);
+  const std::string prefix = identifier(name.substr(0, name.find_last_of('.')));
+  return prefix.empty() || isdigit(prefix.front()) ? "options_" + prefix : prefix;
+}
+
+// INT32_MIN has no literal in C.
+std::string literal(std::int32_t value) {
+  return value == std::numeric_limits<std::int32_t>::min() ? "-2147483647 - 1" : std::to_string(value);
+}
+
+// Printable ASCII that neither ends nor opens a comment; all else as \x: some characters steer how an editor
+// shows a line, and compilers warn of them.
+std::string commenttext(std::string_view text) {
+  static constexpr std::string_view hexdigits = "0123456789abcdef";
+  std::string result;
+  for (const char c : text) {
+    const auto code = static_cast<unsigned char>(c);
+    const char before = result.empty() ? ' ' : result.back();
+    if ((before == '*' && c == '/') || (before == '/' && c == '*') || (before == '?' && c == '?'))
+      result.push_back(' ');
+    if (code >= 0x20 && code < 0x7F)
+      result.push_back(c);
+    else
+      result.append("\\x").append({hexdigits[code >> 4], hexdigits[code & 15]});
+  }
+  if (result.ends_with('*') || result.ends_with('\\')) result.push_back(' ');
+  return result;
+}
+
+class theaderwriter {
+ public:
+  explicit theaderwriter(const treference& reference)
+      : freference(reference), fprefix(prefixof(reference.definition)) {}
+
+  std::string write() {
+    std::string guard = fprefix + "_options_h";
+    std::ranges::transform(guard, guard.begin(),
+                           [](char c) { return c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c; });
+    line("/* Options of " + commenttext(freference.definition) + ", written by \"wexcorin doc c\". */");
+    line("#ifndef " + guard);
+    line("#define " + guard);
+    numbers();
+    referencenumbers();
+    for (const toptionreference& option : freference.options) values(option);
+    line("");
+    line("#endif");
+    if (!fcollisions.empty()) throw trefuseddocument(fcollisions);
+    return ftext;
+  }
+
+ private:
+  void numbers() {
+    line("");
+    line(
+        "/* Numbers, as functions whose names end in nr take them. They hold for this definition file only. "
+        "*/");
+    line("enum {");
+    for (const toptionreference& option : freference.options)
+      enumerator(claimed("nr_" + identifier(option.name), nameof(option)), option.number, option.help);
+    line("};");
+  }
+
+  void referencenumbers() {
+    line("");
+    line("/* Reference numbers, which the definition file gives to its options. */");
+    line("enum {");
+    for (const toptionreference& option : freference.options)
+      enumerator("ref_" + identifier(option.name), option.refnr, {});
+    line("};");
+  }
+
+  // Of a word the item number, which optgetenumstrnr gives; of a number the number.
+  void values(const toptionreference& option) {
+    if (option.values.empty()) return;
+    const bool words = option.type == topttype::enumstr;
+    line("");
+    line("/* " + commenttext(option.name) +
+         (words ? ": items, as optgetenumstrnr gives them */" : ": values */"));
+    line("enum {");
+    std::int32_t item = 0;
+    for (const tvaluereference& value : option.values) {
+      ++item;
+      const std::string name = "value_" + identifier(option.name) + "_" + valueidentifier(value.value.text);
+      enumerator(claimed(name, "value " + value.value.text + " of " + nameof(option)),
+                 words ? item : value.value.json.get<std::int32_t>(), value.help);
+    }
+    line("};");
+  }
+
+  void enumerator(const std::string& name, std::int32_t value, std::string_view help) {
+    line("  " + fprefix + "_" + name + " = " + literal(value) + "," +
+         (help.empty() ? "" : " /* " + commenttext(help) + " */"));
+  }
+
+  // Keeps the name for what it stands for.
+  const std::string& claimed(const std::string& name, const std::string& origin) {
+    const auto [place, added] = forigins.try_emplace(name, origin);
+    if (!added)
+      fcollisions.push_back(place->second + " and " + origin + " would both be called " +
+                            inquotes(fprefix + "_" + name) + " in C; rename one of them");
+    return place->first;
+  }
+
+  static std::string nameof(const toptionreference& option) { return "option " + inquotes(option.name); }
+  void line(const std::string& text) { ftext.append(text).append("\n"); }
+
+  const treference& freference;
+  std::string fprefix;
+  std::string ftext;
+  std::map<std::string, std::string> forigins;  // what an enumerator stands for
+  std::vector<std::string> fcollisions;
+};
+
+}  // namespace
+
+std::string cdocument(const treference& reference) { return theaderwriter(reference).write(); }
+
+}  // namespace tool

@@ -1,0 +1,128 @@
+// doc markdown: a reference of the options that help lists, with a table and a section per option in each
+// group.
+#include <algorithm>
+
+#include "tools/documents.h"
+#include "tools/text.h"
+
+namespace tool {
+
+namespace {
+
+// What would be markup is escaped: some characters everywhere, some only where a line begins.
+std::string plain(std::string_view text) {
+  static constexpr std::string_view special = "\\`*_[]<>|&~$";
+  std::string result;
+  for (const char c : printable(text)) {
+    if (special.find(c) != std::string_view::npos) result.push_back('\\');
+    result.push_back(c);
+  }
+  result.erase(0, result.find_first_not_of(" \t"));
+  const std::size_t digits = std::min(result.find_first_not_of("0123456789"), result.size());
+  if (digits < result.size() &&
+      std::string_view(digits == 0 ? "#+-=" : ".)").find(result[digits]) != std::string::npos)
+    result.insert(digits, 1, '\\');
+  return result;
+}
+
+// Text between backticks, more of them than the text has in a row. A bar would end a cell of a table even
+// there, so it is written as an entity, outside of the code.
+std::string code(std::string_view text) {
+  const std::string shown = printable(text);
+  if (shown.find('|') != std::string::npos || shown.empty()) return plain(shown);
+  std::size_t longest = 0;
+  std::size_t row = 0;
+  for (const char c : shown) longest = std::max(longest, row = c == '`' ? row + 1 : 0);
+  const std::string fence(longest + 1, '`');
+  const std::string blank = longest == 0 ? "" : " ";
+  return fence + blank + shown + blank + fence;
+}
+
+std::string codes(const std::vector<std::string>& texts) {
+  std::string result;
+  for (const std::string& text : texts)
+    if (!text.empty()) result += (result.empty() ? "" : ", ") + code(text);
+  return result;
+}
+
+std::string standingtext(const char* before, const tnamestanding& standing, const char* after) {
+  switch (standing.standing) {
+    case tstanding::current: break;
+    case tstanding::deprecated: return before + ("deprecated; " + plain(standing.reason)) + after;
+    case tstanding::obsolete:
+      return before + ("obsolete, not taken any more; " + plain(standing.reason)) + after;
+  }
+  return {};
+}
+
+class tmarkdownwriter {
+ public:
+  std::string write(const treference& reference) {
+    paragraph("# Options of " + plain(reference.definition));
+    paragraph(lookuptext(reference.lookupmode));
+    for (const tchapter& chapter : chapters(reference)) {
+      paragraph("## " + plain(chapter.title));
+      summary(chapter);
+      for (const toptionreference* option : chapter.options) describe(*option);
+    }
+    return ftext;
+  }
+
+ private:
+  static std::string lookuptext(wexcorin::tlookupmode mode) {
+    switch (mode) {
+      case wexcorin::tlookupmode::normal: break;
+      case wexcorin::tlookupmode::path: return "Of a name, the first three characters of every word count.";
+      case wexcorin::tlookupmode::minos:
+        return "Of a name, the first three characters of the first word and four of each later one count.";
+    }
+    return "Names are typed in full, in upper or lower case.";
+  }
+
+  void summary(const tchapter& chapter) {
+    line("| Option | Default | |");
+    line("|---|---|---|");
+    for (const toptionreference* option : chapter.options)
+      line("| " + code(option->name) + " | " + code(option->defaultvalue.text) + " | " + plain(option->help) +
+           " |");
+    line("");
+  }
+
+  void describe(const toptionreference& option) {
+    paragraph("### " + code(option.name));
+    if (!option.help.empty()) paragraph(plain(option.help));
+    fact("Type", typephrase(option));
+    fact("Range", rangephrase(option));
+    fact("Default", code(option.defaultvalue.text));
+    fact("Options", codes(option.members));
+    fact("Synonyms", codes(option.synonyms) + standingtext(" (", option.synonymstanding, ")"));
+    fact("Standing", standingtext("", option.standing, ""));
+    line("");
+    for (const std::string& text : option.details) line(plain(text));
+    if (!option.details.empty()) line("");
+    values(option);
+  }
+
+  void values(const toptionreference& option) {
+    if (std::ranges::none_of(option.values, &tvaluereference::listed)) return;
+    line("| Value | |");
+    line("|---|---|");
+    for (const tvaluereference& value : option.values)
+      if (value.listed) line("| " + code(value.value.text) + " | " + plain(value.help) + " |");
+    line("");
+  }
+
+  void fact(const char* title, const std::string& text) {
+    if (!text.empty()) line(std::string("- ") + title + ": " + text);
+  }
+  void paragraph(const std::string& text) { ftext.append(text).append("\n\n"); }
+  void line(const std::string& text) { ftext.append(text).append("\n"); }
+
+  std::string ftext;
+};
+
+}  // namespace
+
+std::string markdowndocument(const treference& reference) { return tmarkdownwriter().write(reference); }
+
+}  // namespace tool
