@@ -2,6 +2,7 @@
 #include "base/numtext.h"
 
 #include <algorithm>
+#include <cfenv>
 #include <charconv>
 #include <cmath>
 
@@ -184,6 +185,22 @@ bool istoolarge(std::string_view text) noexcept {
   return first + std::clamp(value, -huge, huge) > 0;
 }
 
+// Rounds to nearest, whatever the process has set: from_chars multiplies short numbers in the current mode.
+class troundingtonearest {
+ public:
+  troundingtonearest() noexcept {
+    if (fmode != FE_TONEAREST) std::fesetround(FE_TONEAREST);
+  }
+  ~troundingtonearest() {
+    if (fmode != FE_TONEAREST) std::fesetround(fmode);
+  }
+  troundingtonearest(const troundingtonearest&) = delete;
+  troundingtonearest& operator=(const troundingtonearest&) = delete;
+
+ private:
+  int fmode = std::fegetround();
+};
+
 // The whole text as a number in C notation.
 bool parsedecimal(std::string_view text, double& number) noexcept {
   text = withoutplus(text);
@@ -191,6 +208,7 @@ bool parsedecimal(std::string_view text, double& number) noexcept {
   // keeps out the words for infinities and not-a-number, which from_chars takes
   if (unsignedtext.empty() || !(isdigit(unsignedtext[0]) || unsignedtext[0] == '.')) return false;
   double value = 0.0;
+  const troundingtonearest rounding;
   const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
   if (result.ptr != text.data() + text.size() || result.ec == std::errc::invalid_argument) return false;
   if (result.ec == std::errc::result_out_of_range) {

@@ -1,6 +1,8 @@
 // The typed setters: a value is checked against the option's bounds or legal values, stored, and marked; what
 // is wrong with it becomes messages. With bound checking off an illegal value is stored all the same, with
 // the same messages as warnings.
+#include <cmath>
+
 #include "options/checkboolean.h"
 #include "options/toption.h"
 #include "options/vksoptions.h"
@@ -77,7 +79,8 @@ void tintoption::setasstring12(bool second, std::string_view text) {
 // ---- double
 
 void tdbloption::setasdouble12(bool second, double value) {
-  const bool legal = value >= flo && fhi >= value;
+  // these comparisons do not raise an exception for what is not a number, which some hosts trap
+  const bool legal = std::isgreaterequal(value, flo) && std::islessequal(value, fhi);
   if (!legal &&
       !tolerated(*this, "Double out of range for option ", dbltostr(value),
                  concat("   Valid range is ", dbltostrex(flo).view(), " to ", dbltostrex(fhi).view())))
