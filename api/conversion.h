@@ -29,16 +29,22 @@ class tout : public ttextout {
 };
 
 // Runs the call and gives its result as the interface knows it: 1 and 0 for true and false. When the call
-// fails for want of memory the result is `failure`. Only what stores, reads or writes can fail so: questions
-// need no memory.
+// fails for want of memory the result is `failure`, and a message tells: not every function has a result. Only
+// what stores, reads or writes can fail so: questions need no memory.
 template <class tcall>
-auto guarded(tcall call, std::int32_t failure = 0) noexcept {
+auto guarded(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
   using tresult = std::conditional_t<std::is_void_v<decltype(call())>, void, std::int32_t>;
   try {
     return static_cast<tresult>(call());
   } catch (...) {
+    handle->messages().addoutofmemory();
     return static_cast<tresult>(failure);
   }
+}
+
+template <class tcall>
+auto guarded(tvksoptions* handle, tcall call) noexcept {
+  return guarded(handle, 0, call);
 }
 
 }  // namespace wexcorin

@@ -10,31 +10,31 @@ using wexcorin::tout;
 // ---- string lists
 
 int32_t optlistcountstr(tvksoptions* handle, const optshortstring* name) {
-  return guarded([&] { return handle->optlistcountstr(in(name)); });
+  return guarded(handle, [&] { return handle->optlistcountstr(in(name)); });
 }
 int32_t coptlistcountstr(tvksoptions* handle, const char* name) {
-  return guarded([&] { return handle->optlistcountstr(in(name)); });
+  return guarded(handle, [&] { return handle->optlistcountstr(in(name)); });
 }
 
 int32_t optgetfromliststr(tvksoptions* handle, const optshortstring* name, optshortstring* value) {
   tout valuetext(value);
-  return guarded([&] { return handle->optgetfromliststr(in(name), valuetext); });
+  return guarded(handle, [&] { return handle->optgetfromliststr(in(name), valuetext); });
 }
 int32_t coptgetfromliststr(tvksoptions* handle, const char* name, char* value) {
   tout valuetext(value);
-  return guarded([&] { return handle->optgetfromliststr(in(name), valuetext); });
+  return guarded(handle, [&] { return handle->optgetfromliststr(in(name), valuetext); });
 }
 
 int32_t optgetfromanystrlist(tvksoptions* handle, int32_t dashed, optshortstring* name,
                              optshortstring* value) {
   tout nametext(name);
   tout valuetext(value);
-  return guarded([&] { return handle->optgetfromanystrlist(dashed, nametext, valuetext); });
+  return guarded(handle, [&] { return handle->optgetfromanystrlist(dashed, nametext, valuetext); });
 }
 int32_t coptgetfromanystrlist(tvksoptions* handle, int32_t dashed, char* name, char* value) {
   tout nametext(name);
   tout valuetext(value);
-  return guarded([&] { return handle->optgetfromanystrlist(dashed, nametext, valuetext); });
+  return guarded(handle, [&] { return handle->optgetfromanystrlist(dashed, nametext, valuetext); });
 }
 
 // ---- dot options and indicators
@@ -42,28 +42,30 @@ int32_t coptgetfromanystrlist(tvksoptions* handle, int32_t dashed, char* name, c
 int32_t optgetdotoptnr(tvksoptions* handle, int32_t number, optshortstring* name, int32_t* option,
                        int32_t* dimensions, double* value) {
   tout nametext(name);
-  return guarded([&] { return handle->optgetdotoptnr(number, nametext, *option, *dimensions, *value); });
+  return guarded(handle,
+                 [&] { return handle->optgetdotoptnr(number, nametext, *option, *dimensions, *value); });
 }
 int32_t coptgetdotoptnr(tvksoptions* handle, int32_t number, char* name, int32_t* option, int32_t* dimensions,
                         double* value) {
   tout nametext(name);
-  return guarded([&] { return handle->optgetdotoptnr(number, nametext, *option, *dimensions, *value); });
+  return guarded(handle,
+                 [&] { return handle->optgetdotoptnr(number, nametext, *option, *dimensions, *value); });
 }
 
 int32_t optgetdotoptuel(tvksoptions* handle, int32_t number, int32_t index, optshortstring* element) {
   tout elementtext(element);
-  return guarded([&] { return handle->optgetdotoptuel(number, index, elementtext); });
+  return guarded(handle, [&] { return handle->optgetdotoptuel(number, index, elementtext); });
 }
 int32_t coptgetdotoptuel(tvksoptions* handle, int32_t number, int32_t index, char* element) {
   tout elementtext(element);
-  return guarded([&] { return handle->optgetdotoptuel(number, index, elementtext); });
+  return guarded(handle, [&] { return handle->optgetdotoptuel(number, index, elementtext); });
 }
 
 int32_t optgetindicatornr(tvksoptions* handle, int32_t number, optshortstring* equation,
                           optshortstring* variable, int32_t* equdims, int32_t* vardims, int32_t* value) {
   tout equationtext(equation);
   tout variabletext(variable);
-  return guarded([&] {
+  return guarded(handle, [&] {
     return handle->optgetindicatornr(number, equationtext, variabletext, *equdims, *vardims, *value);
   });
 }
@@ -71,62 +73,62 @@ int32_t coptgetindicatornr(tvksoptions* handle, int32_t number, char* equation, 
                            int32_t* equdims, int32_t* vardims, int32_t* value) {
   tout equationtext(equation);
   tout variabletext(variable);
-  return guarded([&] {
+  return guarded(handle, [&] {
     return handle->optgetindicatornr(number, equationtext, variabletext, *equdims, *vardims, *value);
   });
 }
 
 int32_t optgetequindicatornr(tvksoptions* handle, int32_t number, int32_t index, optshortstring* element) {
   tout elementtext(element);
-  return guarded([&] { return handle->optgetequindicatornr(number, index, elementtext); });
+  return guarded(handle, [&] { return handle->optgetequindicatornr(number, index, elementtext); });
 }
 int32_t coptgetequindicatornr(tvksoptions* handle, int32_t number, int32_t index, char* element) {
   tout elementtext(element);
-  return guarded([&] { return handle->optgetequindicatornr(number, index, elementtext); });
+  return guarded(handle, [&] { return handle->optgetequindicatornr(number, index, elementtext); });
 }
 
 int32_t optgetvarindicatornr(tvksoptions* handle, int32_t number, int32_t index, optshortstring* element) {
   tout elementtext(element);
-  return guarded([&] { return handle->optgetvarindicatornr(number, index, elementtext); });
+  return guarded(handle, [&] { return handle->optgetvarindicatornr(number, index, elementtext); });
 }
 int32_t coptgetvarindicatornr(tvksoptions* handle, int32_t number, int32_t index, char* element) {
   tout elementtext(element);
-  return guarded([&] { return handle->optgetvarindicatornr(number, index, elementtext); });
+  return guarded(handle, [&] { return handle->optgetvarindicatornr(number, index, elementtext); });
 }
 
 // ---- switches
 
 void optechoset(tvksoptions* handle, int32_t flag) {
-  guarded([&] { handle->optechoset(flag != 0); });
+  guarded(handle, [&] { handle->optechoset(flag != 0); });
 }
 
 void optnoboundsset(tvksoptions* handle, int32_t flag) {
-  guarded([&] { handle->optnoboundsset(flag != 0); });
+  guarded(handle, [&] { handle->optnoboundsset(flag != 0); });
 }
 
 void optrecentenabledset(tvksoptions* handle, int32_t flag) {
-  guarded([&] { handle->optrecentenabledset(flag != 0); });
+  guarded(handle, [&] { handle->optrecentenabledset(flag != 0); });
 }
 
 int32_t opteolonlyset(tvksoptions* handle, int32_t flag) {
-  return guarded([&] { return handle->opteolonlyset(flag != 0); });
+  return guarded(handle, [&] { return handle->opteolonlyset(flag != 0); });
 }
 
 int32_t optrecentenabled(tvksoptions* handle) {
-  return guarded([&] { return handle->optrecentenabled(); });
+  return guarded(handle, [&] { return handle->optrecentenabled(); });
 }
 
 // ---- reference numbers
 
 int32_t optsetrefnr(tvksoptions* handle, int32_t number, int32_t refnr) {
-  return guarded([&] { return handle->optsetrefnr(number, refnr); });
+  return guarded(handle, [&] { return handle->optsetrefnr(number, refnr); });
 }
 
 int32_t optsetrefnrstr(tvksoptions* handle, const optshortstring* name, int32_t refnr) {
-  return guarded([&] { return handle->optsetrefnrstr(in(name), refnr); });
+  return guarded(handle, [&] { return handle->optsetrefnrstr(in(name), refnr); });
 }
 int32_t coptsetrefnrstr(tvksoptions* handle, const char* name, int32_t refnr) {
-  return guarded([&] { return handle->optsetrefnrstr(in(name), refnr); });
+  return guarded(handle, [&] { return handle->optsetrefnrstr(in(name), refnr); });
 }
 
 // ---- load path

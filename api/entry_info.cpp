@@ -9,184 +9,186 @@ using wexcorin::tout;
 
 int32_t optgetinfonr(tvksoptions* handle, int32_t number, int32_t* defined, int32_t* definedr, int32_t* refnr,
                      int32_t* datatype, int32_t* opttype, int32_t* subtype) {
-  return guarded([&] {
+  return guarded(handle, [&] {
     return handle->optgetinfonr(number, *defined, *definedr, *refnr, *datatype, *opttype, *subtype);
   });
 }
 
 int32_t optgetdefinednr(tvksoptions* handle, int32_t number, int32_t* defined) {
-  return guarded([&] { return handle->optgetdefinednr(number, *defined); });
+  return guarded(handle, [&] { return handle->optgetdefinednr(number, *defined); });
 }
 
 int32_t optgetnamenr(tvksoptions* handle, int32_t number, optshortstring* name) {
   tout nametext(name);
-  return guarded([&] { return handle->optgetnamenr(number, nametext); });
+  return guarded(handle, [&] { return handle->optgetnamenr(number, nametext); });
 }
 int32_t coptgetnamenr(tvksoptions* handle, int32_t number, char* name) {
   tout nametext(name);
-  return guarded([&] { return handle->optgetnamenr(number, nametext); });
+  return guarded(handle, [&] { return handle->optgetnamenr(number, nametext); });
 }
 
 int32_t optgethelpnr(tvksoptions* handle, int32_t number, optshortstring* name, optshortstring* helptext) {
   tout nametext(name);
   tout helptexttext(helptext);
-  return guarded([&] { return handle->optgethelpnr(number, nametext, helptexttext); });
+  return guarded(handle, [&] { return handle->optgethelpnr(number, nametext, helptexttext); });
 }
 int32_t coptgethelpnr(tvksoptions* handle, int32_t number, char* name, char* helptext) {
   tout nametext(name);
   tout helptexttext(helptext);
-  return guarded([&] { return handle->optgethelpnr(number, nametext, helptexttext); });
+  return guarded(handle, [&] { return handle->optgethelpnr(number, nametext, helptexttext); });
 }
 
 int32_t optgetopthelpnr(tvksoptions* handle, int32_t number, optshortstring* name, int32_t* helpflag,
                         int32_t* group) {
   tout nametext(name);
-  return guarded([&] { return handle->optgetopthelpnr(number, nametext, *helpflag, *group); });
+  return guarded(handle, [&] { return handle->optgetopthelpnr(number, nametext, *helpflag, *group); });
 }
 int32_t coptgetopthelpnr(tvksoptions* handle, int32_t number, char* name, int32_t* helpflag, int32_t* group) {
   tout nametext(name);
-  return guarded([&] { return handle->optgetopthelpnr(number, nametext, *helpflag, *group); });
+  return guarded(handle, [&] { return handle->optgetopthelpnr(number, nametext, *helpflag, *group); });
 }
 
 int32_t optgetdefaultstr(tvksoptions* handle, int32_t number, optshortstring* text) {
   tout texttext(text);
-  return guarded([&] { return handle->optgetdefaultstr(number, texttext); });
+  return guarded(handle, [&] { return handle->optgetdefaultstr(number, texttext); });
 }
 int32_t coptgetdefaultstr(tvksoptions* handle, int32_t number, char* text) {
   tout texttext(text);
-  return guarded([&] { return handle->optgetdefaultstr(number, texttext); });
+  return guarded(handle, [&] { return handle->optgetdefaultstr(number, texttext); });
 }
 
 int32_t optgetboundsint(tvksoptions* handle, int32_t number, int32_t* low, int32_t* high,
                         int32_t* defaultvalue) {
-  return guarded([&] { return handle->optgetboundsint(number, *low, *high, *defaultvalue); });
+  return guarded(handle, [&] { return handle->optgetboundsint(number, *low, *high, *defaultvalue); });
 }
 
 int32_t optgetboundsdbl(tvksoptions* handle, int32_t number, double* low, double* high,
                         double* defaultvalue) {
-  return guarded([&] { return handle->optgetboundsdbl(number, *low, *high, *defaultvalue); });
+  return guarded(handle, [&] { return handle->optgetboundsdbl(number, *low, *high, *defaultvalue); });
 }
 
 int32_t optgetenumcount(tvksoptions* handle, int32_t number, int32_t* count) {
-  return guarded([&] { return handle->optgetenumcount(number, *count); });
+  return guarded(handle, [&] { return handle->optgetenumcount(number, *count); });
 }
 
 int32_t optgetenumhelp(tvksoptions* handle, int32_t number, int32_t item, int32_t* helpflag,
                        optshortstring* helptext) {
   tout helptexttext(helptext);
-  return guarded([&] { return handle->optgetenumhelp(number, item, *helpflag, helptexttext); });
+  return guarded(handle, [&] { return handle->optgetenumhelp(number, item, *helpflag, helptexttext); });
 }
 int32_t coptgetenumhelp(tvksoptions* handle, int32_t number, int32_t item, int32_t* helpflag,
                         char* helptext) {
   tout helptexttext(helptext);
-  return guarded([&] { return handle->optgetenumhelp(number, item, *helpflag, helptexttext); });
+  return guarded(handle, [&] { return handle->optgetenumhelp(number, item, *helpflag, helptexttext); });
 }
 
 int32_t optgetenumvalue(tvksoptions* handle, int32_t number, int32_t item, int32_t* ivalue,
                         optshortstring* svalue) {
   tout svaluetext(svalue);
-  return guarded([&] { return handle->optgetenumvalue(number, item, *ivalue, svaluetext); });
+  return guarded(handle, [&] { return handle->optgetenumvalue(number, item, *ivalue, svaluetext); });
 }
 int32_t coptgetenumvalue(tvksoptions* handle, int32_t number, int32_t item, int32_t* ivalue, char* svalue) {
   tout svaluetext(svalue);
-  return guarded([&] { return handle->optgetenumvalue(number, item, *ivalue, svaluetext); });
+  return guarded(handle, [&] { return handle->optgetenumvalue(number, item, *ivalue, svaluetext); });
 }
 
 int32_t optgetenumstrnr(tvksoptions* handle, int32_t number, optshortstring* svalue, int32_t* item) {
   tout svaluetext(svalue);
-  return guarded([&] { return handle->optgetenumstrnr(number, svaluetext, *item); });
+  return guarded(handle, [&] { return handle->optgetenumstrnr(number, svaluetext, *item); });
 }
 int32_t coptgetenumstrnr(tvksoptions* handle, int32_t number, char* svalue, int32_t* item) {
   tout svaluetext(svalue);
-  return guarded([&] { return handle->optgetenumstrnr(number, svaluetext, *item); });
+  return guarded(handle, [&] { return handle->optgetenumstrnr(number, svaluetext, *item); });
 }
 
 int32_t optgetsynonym(tvksoptions* handle, int32_t number, optshortstring* synonym, optshortstring* name) {
   tout synonymtext(synonym);
   tout nametext(name);
-  return guarded([&] { return handle->optgetsynonym(number, synonymtext, nametext); });
+  return guarded(handle, [&] { return handle->optgetsynonym(number, synonymtext, nametext); });
 }
 int32_t coptgetsynonym(tvksoptions* handle, int32_t number, char* synonym, char* name) {
   tout synonymtext(synonym);
   tout nametext(name);
-  return guarded([&] { return handle->optgetsynonym(number, synonymtext, nametext); });
+  return guarded(handle, [&] { return handle->optgetsynonym(number, synonymtext, nametext); });
 }
 
 int32_t optgetoptgroupnr(tvksoptions* handle, int32_t number) {
-  return guarded([&] { return handle->optgetoptgroupnr(number); });
+  return guarded(handle, [&] { return handle->optgetoptgroupnr(number); });
 }
 
 int32_t optgetgroupnr(tvksoptions* handle, int32_t position, optshortstring* name, int32_t* group,
                       int32_t* helpflag, optshortstring* helptext) {
   tout nametext(name);
   tout helptexttext(helptext);
-  return guarded([&] { return handle->optgetgroupnr(position, nametext, *group, *helpflag, helptexttext); });
+  return guarded(handle,
+                 [&] { return handle->optgetgroupnr(position, nametext, *group, *helpflag, helptexttext); });
 }
 int32_t coptgetgroupnr(tvksoptions* handle, int32_t position, char* name, int32_t* group, int32_t* helpflag,
                        char* helptext) {
   tout nametext(name);
   tout helptexttext(helptext);
-  return guarded([&] { return handle->optgetgroupnr(position, nametext, *group, *helpflag, helptexttext); });
+  return guarded(handle,
+                 [&] { return handle->optgetgroupnr(position, nametext, *group, *helpflag, helptexttext); });
 }
 
 int32_t optgetgroupgrpnr(tvksoptions* handle, int32_t group) {
-  return guarded([&] { return handle->optgetgroupgrpnr(group); });
+  return guarded(handle, [&] { return handle->optgetgroupgrpnr(group); });
 }
 
 int32_t optgetconstname(tvksoptions* handle, int32_t group, int32_t index, optshortstring* name) {
   tout nametext(name);
-  return guarded([&] { return handle->optgetconstname(group, index, nametext); });
+  return guarded(handle, [&] { return handle->optgetconstname(group, index, nametext); });
 }
 int32_t coptgetconstname(tvksoptions* handle, int32_t group, int32_t index, char* name) {
   tout nametext(name);
-  return guarded([&] { return handle->optgetconstname(group, index, nametext); });
+  return guarded(handle, [&] { return handle->optgetconstname(group, index, nametext); });
 }
 
 int32_t optgettypename(tvksoptions* handle, int32_t opttype, optshortstring* name) {
   tout nametext(name);
-  return guarded([&] { return handle->optgettypename(opttype, nametext); });
+  return guarded(handle, [&] { return handle->optgettypename(opttype, nametext); });
 }
 int32_t coptgettypename(tvksoptions* handle, int32_t opttype, char* name) {
   tout nametext(name);
-  return guarded([&] { return handle->optgettypename(opttype, nametext); });
+  return guarded(handle, [&] { return handle->optgettypename(opttype, nametext); });
 }
 
 void optdefinitionfile(tvksoptions* handle, optshortstring* filename) {
   tout filenametext(filename);
-  guarded([&] { handle->optdefinitionfile(filenametext); });
+  guarded(handle, [&] { handle->optdefinitionfile(filenametext); });
 }
 void coptdefinitionfile(tvksoptions* handle, char* filename) {
   tout filenametext(filename);
-  guarded([&] { handle->optdefinitionfile(filenametext); });
+  guarded(handle, [&] { handle->optdefinitionfile(filenametext); });
 }
 
 void optversion(tvksoptions* handle, optshortstring* line) {
   tout linetext(line);
-  guarded([&] { handle->optversion(linetext); });
+  guarded(handle, [&] { handle->optversion(linetext); });
 }
 void coptversion(tvksoptions* handle, char* line) {
   tout linetext(line);
-  guarded([&] { handle->optversion(linetext); });
+  guarded(handle, [&] { handle->optversion(linetext); });
 }
 
 // ---- counts
 
 int32_t optcount(tvksoptions* handle) {
-  return guarded([&] { return handle->getcount(); });
+  return guarded(handle, [&] { return handle->getcount(); });
 }
 
 int32_t optsynonymcount(tvksoptions* handle) {
-  return guarded([&] { return handle->optsynonymcount(); });
+  return guarded(handle, [&] { return handle->optsynonymcount(); });
 }
 
 int32_t optgroupcount(tvksoptions* handle) {
-  return guarded([&] { return handle->getgroupcount(); });
+  return guarded(handle, [&] { return handle->getgroupcount(); });
 }
 
 int32_t optdotoptcount(tvksoptions* handle, int32_t* rejected) {
-  return guarded([&] { return handle->optdotoptcount(*rejected); });
+  return guarded(handle, [&] { return handle->optdotoptcount(*rejected); });
 }
 
 int32_t optindicatorcount(tvksoptions* handle, int32_t* rejected) {
-  return guarded([&] { return handle->optindicatorcount(*rejected); });
+  return guarded(handle, [&] { return handle->optindicatorcount(*rejected); });
 }

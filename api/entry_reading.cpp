@@ -13,7 +13,11 @@ using wexcorin::tout;
 
 tvksoptions* xcreate(tvksoptions** handle) {
   *handle = nullptr;
-  guarded([&] { *handle = new tvksoptions; });
+  try {
+    *handle = new tvksoptions;
+  } catch (...) {
+    return nullptr;
+  }
   return *handle;
 }
 
@@ -25,100 +29,100 @@ void xfree(tvksoptions** handle) {
 // ---- reading
 
 int32_t optreaddefinition(tvksoptions* handle, const optshortstring* filename) {
-  return guarded([&] { return handle->optreaddefinition(in(filename)); }, ENOMEM);
+  return guarded(handle, ENOMEM, [&] { return handle->optreaddefinition(in(filename)); });
 }
 int32_t coptreaddefinition(tvksoptions* handle, const char* filename) {
-  return guarded([&] { return handle->optreaddefinition(in(filename)); }, ENOMEM);
+  return guarded(handle, ENOMEM, [&] { return handle->optreaddefinition(in(filename)); });
 }
 
 int32_t optreadparameterfile(tvksoptions* handle, const optshortstring* filename) {
-  return guarded([&] { return handle->optreadparameterfile(in(filename)); }, ENOMEM);
+  return guarded(handle, ENOMEM, [&] { return handle->optreadparameterfile(in(filename)); });
 }
 int32_t coptreadparameterfile(tvksoptions* handle, const char* filename) {
-  return guarded([&] { return handle->optreadparameterfile(in(filename)); }, ENOMEM);
+  return guarded(handle, ENOMEM, [&] { return handle->optreadparameterfile(in(filename)); });
 }
 
 void optreadfromstr(tvksoptions* handle, const optshortstring* text) {
-  guarded([&] { handle->optreadfromstr(in(text)); });
+  guarded(handle, [&] { handle->optreadfromstr(in(text)); });
 }
 void coptreadfromstr(tvksoptions* handle, const char* text) {
-  guarded([&] { handle->optreadfromstr(in(text)); });
+  guarded(handle, [&] { handle->optreadfromstr(in(text)); });
 }
 
 void optreadfrompchar(tvksoptions* handle, const char* text) {
-  guarded([&] { handle->optreadfrompchar(text); });
+  guarded(handle, [&] { handle->optreadfrompchar(text); });
 }
 
 int32_t optreadfromliststr(tvksoptions* handle, const optshortstring* name, int32_t index,
                            optshortstring* value) {
   tout valuetext(value);
-  return guarded([&] { return handle->optreadfromliststr(in(name), index, valuetext); });
+  return guarded(handle, [&] { return handle->optreadfromliststr(in(name), index, valuetext); });
 }
 int32_t coptreadfromliststr(tvksoptions* handle, const char* name, int32_t index, char* value) {
   tout valuetext(value);
-  return guarded([&] { return handle->optreadfromliststr(in(name), index, valuetext); });
+  return guarded(handle, [&] { return handle->optreadfromliststr(in(name), index, valuetext); });
 }
 
 // ---- writing
 
 int32_t optwriteparameterfile(tvksoptions* handle, const optshortstring* filename) {
-  return guarded([&] { return handle->optwriteparameterfile(in(filename)); }, ENOMEM);
+  return guarded(handle, ENOMEM, [&] { return handle->optwriteparameterfile(in(filename)); });
 }
 int32_t coptwriteparameterfile(tvksoptions* handle, const char* filename) {
-  return guarded([&] { return handle->optwriteparameterfile(in(filename)); }, ENOMEM);
+  return guarded(handle, ENOMEM, [&] { return handle->optwriteparameterfile(in(filename)); });
 }
 
 void optshowhelp(tvksoptions* handle, const optshortstring* request) {
-  guarded([&] { handle->optshowhelp(in(request)); });
+  guarded(handle, [&] { handle->optshowhelp(in(request)); });
 }
 void coptshowhelp(tvksoptions* handle, const char* request) {
-  guarded([&] { handle->optshowhelp(in(request)); });
+  guarded(handle, [&] { handle->optshowhelp(in(request)); });
 }
 
 // ---- messages
 
 void optaddmessage(tvksoptions* handle, const optshortstring* text) {
-  guarded([&] { handle->optaddmessage(in(text)); });
+  guarded(handle, [&] { handle->optaddmessage(in(text)); });
 }
 void coptaddmessage(tvksoptions* handle, const char* text) {
-  guarded([&] { handle->optaddmessage(in(text)); });
+  guarded(handle, [&] { handle->optaddmessage(in(text)); });
 }
 
 void optgetmessage(tvksoptions* handle, int32_t number, optshortstring* text, int32_t* kind) {
   tout texttext(text);
-  guarded([&] { handle->optgetmessage(number, texttext, *kind); });
+  guarded(handle, [&] { handle->optgetmessage(number, texttext, *kind); });
 }
 void coptgetmessage(tvksoptions* handle, int32_t number, char* text, int32_t* kind) {
   tout texttext(text);
-  guarded([&] { handle->optgetmessage(number, texttext, *kind); });
+  guarded(handle, [&] { handle->optgetmessage(number, texttext, *kind); });
 }
 
 void optclearmessages(tvksoptions* handle) {
-  guarded([&] { handle->optclearmessages(); });
+  guarded(handle, [&] { handle->optclearmessages(); });
 }
 
 int32_t optmessagecount(tvksoptions* handle) {
-  return guarded([&] { return handle->optmessagecount(); });
+  return guarded(handle, [&] { return handle->optmessagecount(); });
 }
 
 void opterrorcount(tvksoptions* handle, int32_t* errors, int32_t* warnings) {
-  guarded([&] { handle->opterrorcount(*errors, *warnings); });
+  guarded(handle, [&] { handle->opterrorcount(*errors, *warnings); });
 }
 
 // ---- resetting
 
 void optresetall(tvksoptions* handle) {
-  guarded([&] { handle->optresetall(); });
+  guarded(handle, [&] { handle->optresetall(); });
 }
 
 void optresetallrecent(tvksoptions* handle) {
-  guarded([&] { handle->optresetallrecent(); });
+  guarded(handle, [&] { handle->optresetallrecent(); });
 }
 
 void optresetrecentchanges(tvksoptions* handle) {
-  guarded([&] { handle->optresetrecentchanges(); });
+  guarded(handle, [&] { handle->optresetrecentchanges(); });
 }
 
 int32_t optresetnr(tvksoptions* handle, int32_t number) {
-  return guarded([&] { return handle->optresetnr(number); });
+  return guarded(handle, [&] { return handle->optresetnr(number); });
 }

@@ -9,17 +9,17 @@ using wexcorin::tout;
 // ---- lookup
 
 int32_t optfindstr(tvksoptions* handle, const optshortstring* name, int32_t* number, int32_t* refnr) {
-  return guarded([&] { return handle->optfindstr(in(name), *number, *refnr); });
+  return guarded(handle, [&] { return handle->optfindstr(in(name), *number, *refnr); });
 }
 int32_t coptfindstr(tvksoptions* handle, const char* name, int32_t* number, int32_t* refnr) {
-  return guarded([&] { return handle->optfindstr(in(name), *number, *refnr); });
+  return guarded(handle, [&] { return handle->optfindstr(in(name), *number, *refnr); });
 }
 
 int32_t optlookup(tvksoptions* handle, const optshortstring* name) {
-  return guarded([&] { return handle->optlookup(in(name)); });
+  return guarded(handle, [&] { return handle->optlookup(in(name)); });
 }
 int32_t coptlookup(tvksoptions* handle, const char* name) {
-  return guarded([&] { return handle->optlookup(in(name)); });
+  return guarded(handle, [&] { return handle->optlookup(in(name)); });
 }
 
 // ---- values by number
@@ -28,113 +28,115 @@ int32_t optgetvaluesnr(tvksoptions* handle, int32_t number, optshortstring* name
                        double* dvalue, optshortstring* svalue) {
   tout nametext(name);
   tout svaluetext(svalue);
-  return guarded([&] { return handle->optgetvaluesnr(number, nametext, *ivalue, *dvalue, svaluetext); });
+  return guarded(handle,
+                 [&] { return handle->optgetvaluesnr(number, nametext, *ivalue, *dvalue, svaluetext); });
 }
 int32_t coptgetvaluesnr(tvksoptions* handle, int32_t number, char* name, int32_t* ivalue, double* dvalue,
                         char* svalue) {
   tout nametext(name);
   tout svaluetext(svalue);
-  return guarded([&] { return handle->optgetvaluesnr(number, nametext, *ivalue, *dvalue, svaluetext); });
+  return guarded(handle,
+                 [&] { return handle->optgetvaluesnr(number, nametext, *ivalue, *dvalue, svaluetext); });
 }
 
 int32_t optsetvaluesnr(tvksoptions* handle, int32_t number, int32_t ivalue, double dvalue,
                        const optshortstring* svalue) {
-  return guarded([&] { return handle->optsetvaluesnr(number, ivalue, dvalue, in(svalue)); });
+  return guarded(handle, [&] { return handle->optsetvaluesnr(number, ivalue, dvalue, in(svalue)); });
 }
 int32_t coptsetvaluesnr(tvksoptions* handle, int32_t number, int32_t ivalue, double dvalue,
                         const char* svalue) {
-  return guarded([&] { return handle->optsetvaluesnr(number, ivalue, dvalue, in(svalue)); });
+  return guarded(handle, [&] { return handle->optsetvaluesnr(number, ivalue, dvalue, in(svalue)); });
 }
 
 int32_t optsetvalues2nr(tvksoptions* handle, int32_t number, int32_t ivalue, double dvalue,
                         const optshortstring* svalue) {
-  return guarded([&] { return handle->optsetvalues2nr(number, ivalue, dvalue, in(svalue)); });
+  return guarded(handle, [&] { return handle->optsetvalues2nr(number, ivalue, dvalue, in(svalue)); });
 }
 int32_t coptsetvalues2nr(tvksoptions* handle, int32_t number, int32_t ivalue, double dvalue,
                          const char* svalue) {
-  return guarded([&] { return handle->optsetvalues2nr(number, ivalue, dvalue, in(svalue)); });
+  return guarded(handle, [&] { return handle->optsetvalues2nr(number, ivalue, dvalue, in(svalue)); });
 }
 
 int32_t optgetintnr(tvksoptions* handle, int32_t number, int32_t* ivalue) {
-  return guarded([&] { return handle->optgetintnr(number, *ivalue); });
+  return guarded(handle, [&] { return handle->optgetintnr(number, *ivalue); });
 }
 
 int32_t optgetint2nr(tvksoptions* handle, int32_t number, int32_t* ivalue) {
-  return guarded([&] { return handle->optgetint2nr(number, *ivalue); });
+  return guarded(handle, [&] { return handle->optgetint2nr(number, *ivalue); });
 }
 
 int32_t optsetintnr(tvksoptions* handle, int32_t number, int32_t ivalue) {
-  return guarded([&] { return handle->optsetintnr(number, ivalue); });
+  return guarded(handle, [&] { return handle->optsetintnr(number, ivalue); });
 }
 
 int32_t optsetint2nr(tvksoptions* handle, int32_t number, int32_t ivalue) {
-  return guarded([&] { return handle->optsetint2nr(number, ivalue); });
+  return guarded(handle, [&] { return handle->optsetint2nr(number, ivalue); });
 }
 
 int32_t optgetdblnr(tvksoptions* handle, int32_t number, double* dvalue) {
-  return guarded([&] { return handle->optgetdblnr(number, *dvalue); });
+  return guarded(handle, [&] { return handle->optgetdblnr(number, *dvalue); });
 }
 
 int32_t optgetdbl2nr(tvksoptions* handle, int32_t number, double* dvalue) {
-  return guarded([&] { return handle->optgetdbl2nr(number, *dvalue); });
+  return guarded(handle, [&] { return handle->optgetdbl2nr(number, *dvalue); });
 }
 
 int32_t optsetdblnr(tvksoptions* handle, int32_t number, double dvalue) {
-  return guarded([&] { return handle->optsetdblnr(number, dvalue); });
+  return guarded(handle, [&] { return handle->optsetdblnr(number, dvalue); });
 }
 
 int32_t optsetdbl2nr(tvksoptions* handle, int32_t number, double dvalue) {
-  return guarded([&] { return handle->optsetdbl2nr(number, dvalue); });
+  return guarded(handle, [&] { return handle->optsetdbl2nr(number, dvalue); });
 }
 
 int32_t optgetstrnr(tvksoptions* handle, int32_t number, optshortstring* svalue) {
   tout svaluetext(svalue);
-  return guarded([&] { return handle->optgetstrnr(number, svaluetext); });
+  return guarded(handle, [&] { return handle->optgetstrnr(number, svaluetext); });
 }
 int32_t coptgetstrnr(tvksoptions* handle, int32_t number, char* svalue) {
   tout svaluetext(svalue);
-  return guarded([&] { return handle->optgetstrnr(number, svaluetext); });
+  return guarded(handle, [&] { return handle->optgetstrnr(number, svaluetext); });
 }
 
 int32_t optgetstr2nr(tvksoptions* handle, int32_t number, optshortstring* svalue) {
   tout svaluetext(svalue);
-  return guarded([&] { return handle->optgetstr2nr(number, svaluetext); });
+  return guarded(handle, [&] { return handle->optgetstr2nr(number, svaluetext); });
 }
 int32_t coptgetstr2nr(tvksoptions* handle, int32_t number, char* svalue) {
   tout svaluetext(svalue);
-  return guarded([&] { return handle->optgetstr2nr(number, svaluetext); });
+  return guarded(handle, [&] { return handle->optgetstr2nr(number, svaluetext); });
 }
 
 int32_t optsetstrnr(tvksoptions* handle, int32_t number, const optshortstring* svalue) {
-  return guarded([&] { return handle->optsetstrnr(number, in(svalue)); });
+  return guarded(handle, [&] { return handle->optsetstrnr(number, in(svalue)); });
 }
 int32_t coptsetstrnr(tvksoptions* handle, int32_t number, const char* svalue) {
-  return guarded([&] { return handle->optsetstrnr(number, in(svalue)); });
+  return guarded(handle, [&] { return handle->optsetstrnr(number, in(svalue)); });
 }
 
 int32_t optsetstr2nr(tvksoptions* handle, int32_t number, const optshortstring* svalue) {
-  return guarded([&] { return handle->optsetstr2nr(number, in(svalue)); });
+  return guarded(handle, [&] { return handle->optsetstr2nr(number, in(svalue)); });
 }
 int32_t coptsetstr2nr(tvksoptions* handle, int32_t number, const char* svalue) {
-  return guarded([&] { return handle->optsetstr2nr(number, in(svalue)); });
+  return guarded(handle, [&] { return handle->optsetstr2nr(number, in(svalue)); });
 }
 
 // ---- values by name
 
 int32_t optgetvalstr(tvksoptions* handle, const optshortstring* name, optshortstring* value) {
   tout valuetext(value);
-  return guarded([&] { return handle->optgetvalstr(in(name), valuetext); });
+  return guarded(handle, [&] { return handle->optgetvalstr(in(name), valuetext); });
 }
 int32_t coptgetvalstr(tvksoptions* handle, const char* name, char* value) {
   tout valuetext(value);
-  return guarded([&] { return handle->optgetvalstr(in(name), valuetext); });
+  return guarded(handle, [&] { return handle->optgetvalstr(in(name), valuetext); });
 }
 
 int32_t optgetval2str(tvksoptions* handle, const optshortstring* name, optshortstring* value) {
   tout valuetext(value);
-  return guarded([&] { return handle->optgetval2str(in(name), valuetext); });
+  return guarded(handle, [&] { return handle->optgetval2str(in(name), valuetext); });
 }
 int32_t coptgetval2str(tvksoptions* handle, const char* name, char* value) {
   tout valuetext(value);
-  return guarded([&] { return handle->optgetval2str(in(name), valuetext); });
+  return guarded(handle, [&] { return handle->optgetval2str(in(name), valuetext); });
 }

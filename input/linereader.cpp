@@ -2,6 +2,8 @@
 #include "input/linereader.h"
 
 #include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -11,21 +13,56 @@
 
 namespace wexcorin {
 
+namespace {
+
+constexpr int waitforwriter = 5000;  // milliseconds
+
+mode_t kindoffile(int descriptor) noexcept {
+  struct stat status {};
+  return ::fstat(descriptor, &status) == 0 ? status.st_mode : 0;
+}
+
+// Waits until there is something to read or the other end is closed. False when the time is over.
+bool becomesready(int descriptor) noexcept {
+  pollfd request = {descriptor, POLLIN, 0};
+  int result;
+  do result = ::poll(&request, 1, waitforwriter);
+  while (result < 0 && errno == EINTR);
+  return result != 0;
+}
+
+}  // namespace
+
 int tlinereader::open(std::string_view filename) {
   close();
   if (fblock == nullptr) fblock = std::make_unique_for_overwrite<char[]>(blocksize);
   const std::string name(filename);
   if (name.find('\0') != std::string::npos) return ENOENT;  // the system would open what comes before it
-  do fdescriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC);
+  do fdescriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   while (fdescriptor < 0 && errno == EINTR);
   if (fdescriptor < 0) return errno;
   freaderror = 0;
   fatend = false;
+  funread = maxfile;
   fbegin = 0;
   fend = 0;
-  fill();
+  begin();
   if (freaderror != 0) close();
   return freaderror;
+}
+
+// Reads the first block. To open a FIFO in the ordinary way would wait for a program that writes into it, for
+// ever if none comes; here it is given some time.
+void tlinereader::begin() noexcept {
+  const mode_t kind = kindoffile(fdescriptor);
+  if (S_ISFIFO(kind) && !becomesready(fdescriptor) && !readmore()) {
+    if (freaderror == 0) freaderror = ETIMEDOUT;  // nobody writes
+    if (freaderror != EAGAIN) return;
+    freaderror = 0;  // somebody does, but slowly
+    fatend = false;
+  }
+  if (!S_ISREG(kind)) ::fcntl(fdescriptor, F_SETFL, 0);  // from here on reading waits
+  if (fend == 0) readmore();
 }
 
 void tlinereader::close() noexcept {
@@ -41,10 +78,12 @@ bool tlinereader::readmore() noexcept {
   do count = ::read(fdescriptor, fblock.get() + fend, blocksize - fend);
   while (count < 0 && errno == EINTR);
   if (count < 0) freaderror = errno;
-  if (count <= 0) {
+  if (count > funread) freaderror = EFBIG;
+  if (count <= 0 || freaderror != 0) {
     fatend = true;
     return false;
   }
+  funread -= count;
   fend += static_cast<std::size_t>(count);
   return true;
 }

@@ -18,7 +18,7 @@ class tlinereader {
   ~tlinereader() { close(); }
 
   // Opens the file and reads its first block. Returns 0, or the system's code when one of the two fails, as
-  // for a directory.
+  // for a directory, or for a FIFO that no program opens for writing within some seconds (ETIMEDOUT).
   int open(std::string_view filename);
   void close() noexcept;
 
@@ -32,7 +32,10 @@ class tlinereader {
 
  private:
   static constexpr std::size_t blocksize = 64 * 1024;
+  // A file ends with the error EFBIG behind this: some devices never end. Lines can be counted in 32 bits.
+  static constexpr std::ptrdiff_t maxfile = 0x7FFFFFFF;
 
+  void begin() noexcept;
   bool readmore() noexcept;
   bool fill() noexcept;
   const void* findfeed(std::size_t searched) const noexcept;
@@ -41,6 +44,7 @@ class tlinereader {
   int fdescriptor = -1;
   int freaderror = 0;
   bool fatend = false;
+  std::ptrdiff_t funread = 0;  // how much may still come
   std::unique_ptr<char[]> fblock;
   std::size_t fbegin = 0;  // the unread part of the block
   std::size_t fend = 0;

@@ -33,7 +33,23 @@ bool tmessagelist::cancelsenternote(tmsgkind kind, std::string_view text) const 
   return ftexts.getobject(last) == tmsgkind::fileenter && ftexts.getname(last) == text;
 }
 
+void tmessagelist::addoutofmemory() noexcept {
+  try {
+    foutofmemory = true;
+    fileoutofmemory();
+  } catch (...) {
+    // it stays to be filed
+  }
+}
+
+void tmessagelist::fileoutofmemory() {
+  if (!foutofmemory) return;
+  if (count() < maxmessages) append(tmsgkind::usererror, "Out of memory");
+  foutofmemory = false;
+}
+
 void tmessagelist::add(tmsgkind kind, std::string_view text, std::int32_t linenr) {
+  fileoutofmemory();
   if (cancelsenternote(kind, text))
     ftexts.remove(count() - 1);
   else if (count() == maxmessages)
@@ -89,6 +105,7 @@ void tmessagelist::clear() {
   ferrors = 0;
   fwarnings = 0;
   fhelplines = 0;
+  foutofmemory = false;
 }
 
 }  // namespace wexcorin

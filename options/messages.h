@@ -14,6 +14,9 @@ class tmessagelist {
  public:
   // Files a message. `linenr`, if not 0, is the line to name in front of the text of errors and warnings.
   void add(tmsgkind kind, std::string_view text, std::int32_t linenr);
+  // Files that memory has run out. When there is none even for that, the error counts at once and the message
+  // comes in front of the next one.
+  void addoutofmemory() noexcept;
 
   // The text as the client sees it; a number outside 1 .. count gives a text that says so.
   shortstring decorated(std::int32_t nr) const;
@@ -24,10 +27,10 @@ class tmessagelist {
   // The list has reached its limit: what is added from now on is dropped.
   bool full() const noexcept { return count() > maxmessages; }
   std::int32_t count() const noexcept { return ftexts.count(); }
-  std::int32_t errors() const noexcept { return ferrors; }
+  std::int32_t errors() const noexcept { return ferrors + (foutofmemory ? 1 : 0); }
   std::int32_t warnings() const noexcept { return fwarnings; }
   // What the setters compare before and after: errors and lines of help.
-  std::int32_t errorcount() const noexcept { return ferrors + fhelplines; }
+  std::int32_t errorcount() const noexcept { return errors() + fhelplines; }
 
   // Where a scanner puts the lines that it echoes. They bypass filing and with it the limit.
   txstringlist<tmsgkind>& echotarget() noexcept { return ftexts; }
@@ -36,6 +39,7 @@ class tmessagelist {
   static constexpr std::int32_t maxmessages = 5000;
 
   void append(tmsgkind kind, std::string_view text);
+  void fileoutofmemory();
   bool cancelsenternote(tmsgkind kind, std::string_view text) const noexcept;
   bool isnumber(std::int32_t nr) const noexcept { return nr >= 1 && nr <= count(); }
 
@@ -43,6 +47,7 @@ class tmessagelist {
   std::int32_t ferrors = 0;
   std::int32_t fwarnings = 0;
   std::int32_t fhelplines = 0;
+  bool foutofmemory = false;  // the message that tells is still to be filed
 };
 
 }  // namespace wexcorin

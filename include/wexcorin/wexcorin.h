@@ -46,7 +46,8 @@
  *     from different threads at the same time. The load path is one for the process and unguarded.
  *
  * 11. Out of memory. The call fails and the handle stays usable. The result is then a null handle or 0, and
- *     ENOMEM where it is the operating system's error code.
+ *     ENOMEM where it is the operating system's error code; the message "Out of memory" is filed, as soon as
+ *     there is memory for it, and counts as an error at once.
  *
  * 12. Locale. Numbers are read and written with a decimal point, whatever locale the process has set.
  *
@@ -159,6 +160,11 @@ WEXCORIN_API void xfree(tvksoptions** handle);
 
 /* --------------------------------------------------------------------------
  * Reading
+ *
+ * Files are read by name, pipes and devices too. A FIFO that no program opens for writing within five seconds
+ * counts as a file that cannot be opened (ETIMEDOUT). A file that cannot be read to its end is reported: the
+ * two messages begin with "Cannot read", and what was read before counts. So is what goes on behind 2 GiB
+ * (EFBIG).
  */
 
 /* Reads a definition file: options, groups, synonyms and the rest of the solver's description. Meant to be
