@@ -1,0 +1,82 @@
+# Completion of wexcorin's command line in bash: commands, options, forms of doc, option names of the
+# definition that the line names (for `help` and --set), else file names. It needs nothing but bash itself.
+
+# Prints the option names of a definition; those that are typed with blanks are left out.
+_wexcorin_names() {
+  local definition=${2/#\~\//$HOME/}
+  [[ -f $definition ]] || return
+  "$1" show --json "$definition" 2>/dev/null | sed -n 's/^      "name": "\([A-Za-z][A-Za-z0-9_]*\)",*$/\1/p'
+}
+
+# Leaves the word to bash's own completion of file names.
+_wexcorin_files() {
+  compopt -o bashdefault -o default 2>/dev/null
+}
+
+_wexcorin_words() {
+  mapfile -t COMPREPLY < <(compgen -W "$2" -- "$1")
+}
+
+# Reads the words before the cursor: sets `command`, `arguments` (those that are no options), and `awaits` to
+# the option whose argument comes next. Bash makes words of their own of equals signs.
+_wexcorin_read() {
+  local i word
+  for ((i = 1; i < COMP_CWORD; ++i)); do
+    word=${COMP_WORDS[i]}
+    if [[ $word == = ]]; then
+      [[ -n $awaits ]] || ((++i))
+    elif [[ -n $awaits ]]; then
+      awaits=
+    elif [[ $word == --set || $word == -o || $word == --output ]]; then
+      awaits=$word
+    elif [[ $word == -?* ]]; then
+      continue
+    elif [[ -z $command ]]; then
+      command=$word
+    else
+      arguments+=("$word")
+    fi
+  done
+}
+
+_wexcorin() {
+  local cur=${COMP_WORDS[COMP_CWORD]} command='' awaits='' definition
+  local arguments=()
+  COMPREPLY=()
+  _wexcorin_read
+  if [[ $cur == = || ${COMP_WORDS[COMP_CWORD - 1]} == = ]]; then
+    [[ -n $awaits ]] || return 0 # the value of --set NAME=VALUE
+    cur=${cur#=}
+  fi
+  definition=${arguments[0]-}
+  [[ $command != doc ]] || definition=${arguments[1]-}
+
+  case $awaits:$cur in
+    --set:*)
+      compopt -o nospace 2>/dev/null
+      _wexcorin_words "$cur" "$(_wexcorin_names "$1" "$definition" | sed 's/$/=/')"
+      ;;
+    -*) _wexcorin_files ;;
+    *:-*)
+      case $command in
+        '') _wexcorin_words "$cur" '-h --help --version' ;;
+        check) _wexcorin_words "$cur" '-h --help --set --json --warnings-as-errors' ;;
+        show) _wexcorin_words "$cur" '-h --help --set --changed --json' ;;
+        help) _wexcorin_words "$cur" '-h --help' ;;
+        write) _wexcorin_words "$cur" '-h --help --set -o --output' ;;
+        doc) _wexcorin_words "$cur" '-h --help -o --output' ;;
+      esac
+      ;;
+    *)
+      case $command:${#arguments[@]} in
+        :*) _wexcorin_words "$cur" 'check show help write doc' ;;
+        doc:0) _wexcorin_words "$cur" 'definition pascal html c markdown page json' ;;
+        help:1) _wexcorin_words "$cur" "$(_wexcorin_names "$1" "$definition")" ;;
+        help:[!0]* | doc:[!1]*) ;;
+        *) _wexcorin_files ;;
+      esac
+      ;;
+  esac
+}
+
+complete -F _wexcorin wexcorin
