@@ -1,8 +1,12 @@
-# Installs the build into an empty directory and builds the example clients with what lies there alone: once with
-# the CMake package and once with pkg-config. The programs must print what is expected of them.
-# usage: install.sh CMAKE BUILD_DIRECTORY C_COMPILER CXX_COMPILER EXAMPLES; run in the directory above EXAMPLES
+# Installs the build into an empty directory, compares the files there with the list of what is installed, and
+# builds the example clients with what lies there alone: once with the CMake package and once with pkg-config.
+# The programs must print what is expected of them.
+# usage: install.sh CMAKE BUILD_DIRECTORY C_COMPILER CXX_COMPILER LIB ZSH VERSION; run in the repository's
+# root
 set -eu
-cmake=$1 build=$2 cc=$3 cxx=$4 examples=$5
+cmake=$1 build=$2 cc=$3 cxx=$4 lib=$5 zsh=$6 version=$7 examples=examples
+# shellcheck source=tests/build/listing.sh
+. tests/build/listing.sh
 outside=$(cd "$(dirname "$0")/outside" && pwd)
 
 work=$(mktemp -d)
@@ -10,12 +14,9 @@ trap 'rm -rf "$work"' EXIT
 prefix=$work/prefix
 
 "$cmake" --install "$build" --prefix "$prefix" >/dev/null
-package=$(find "$prefix" -name wexcorin.pc)
-if [ -z "$package" ]; then
-  echo "No wexcorin.pc among what was installed; see cmake/package.cmake:"
-  find "$prefix" ! -type d
-  exit 1
-fi
+expected_files "" "$lib" "$zsh" "$version" >"$work/expected"
+find "$prefix" -type f -printf '%P\n' -o -type l -printf '%P -> %l\n' | LC_ALL=C sort >"$work/found"
+compare_files "$work/expected" "$work/found" installed
 
 # prints_expected PROGRAM HOW
 prints_expected() {
@@ -41,11 +42,10 @@ if ! command -v pkg-config >/dev/null; then
   echo "pkg-config is not installed: wexcorin.pc stays untried"
   exit 0
 fi
-lib=$(dirname "$(dirname "$package")")
-flags=$(PKG_CONFIG_PATH=$lib/pkgconfig pkg-config --cflags --libs wexcorin)
+flags=$(PKG_CONFIG_PATH=$prefix/$lib/pkgconfig pkg-config --cflags --libs wexcorin)
 # shellcheck disable=SC2086  # flags are words
-"$cc" -std=c99 "$examples/client.c" $flags "-Wl,-rpath,$lib" -o "$work/plain_c"
+"$cc" -std=c99 "$examples/client.c" $flags "-Wl,-rpath,$prefix/$lib" -o "$work/plain_c"
 # shellcheck disable=SC2086
-"$cxx" -std=c++17 "$examples/client.cpp" $flags "-Wl,-rpath,$lib" -o "$work/plain_cpp"
+"$cxx" -std=c++17 "$examples/client.cpp" $flags "-Wl,-rpath,$prefix/$lib" -o "$work/plain_cpp"
 prints_expected "$work/plain_c" pkg-config
 prints_expected "$work/plain_cpp" pkg-config

@@ -1,0 +1,25 @@
+# Run by CPack on the trees that become the packages: strips the programs, finds out which packages they need,
+# and compresses manual page and changelogs. CPack's own search for what is needed would also add maintainer
+# scripts that call ldconfig, which the package system does by itself.
+cmake_policy(VERSION 3.25)
+file(GLOB_RECURSE files "${CPACK_TEMPORARY_DIRECTORY}/*")
+set(texts ${files})
+list(FILTER texts INCLUDE REGEX "/man1/[a-z]+\\.1$|/doc/[a-z0-9-]+/changelog$")
+execute_process(COMMAND gzip --best --no-name ${texts} COMMAND_ERROR_IS_FATAL ANY)
+
+set(work "${CPACK_TEMPORARY_DIRECTORY}/../needs")
+file(WRITE "${work}/debian/control" "Source: wexcorin\n\nPackage: wexcorin\nArchitecture: any\n")
+# finish(COMPONENT PATTERN): strips the one file that matches, and sets the dependencies of the component's
+# package
+function(finish component pattern)
+  set(program ${files})
+  list(FILTER program INCLUDE REGEX "${pattern}")
+  execute_process(COMMAND strip --strip-unneeded --remove-section=.comment ${program}
+    COMMAND_ERROR_IS_FATAL ANY)
+  execute_process(COMMAND dpkg-shlibdeps -O ${program} WORKING_DIRECTORY "${work}"
+    OUTPUT_VARIABLE needed OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  string(REPLACE "shlibs:Depends=" "" needed "${needed}")
+  set(CPACK_DEBIAN_${component}_PACKAGE_DEPENDS "${needed}" PARENT_SCOPE)
+endfunction()
+finish(LIBRARY "/libwexcorin\\.so\\.[0-9]+\\.[0-9.]+$")
+finish(TOOL "/bin/wexcorin$")
