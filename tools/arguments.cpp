@@ -108,6 +108,7 @@ const std::map<std::string, tdocform>& docforms() {
       {"html", tdocform::html},
       {"c", tdocform::c},
       {"markdown", tdocform::markdown},
+      {"page", tdocform::page},
       {"json", tdocform::json},
   };
   return forms;
@@ -119,8 +120,8 @@ const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
       .add_option_function<std::string>(
           "FORM", [&arguments](const std::string& form) { arguments.form = docforms().at(form); },
           "definition (a definition file), pascal (an include file with the option numbers),\n"
-          "html (a table), c (a header with the numbers of options and values), markdown (a reference) or\n"
-          "json (everything, for programs)")
+          "html (a table), c (a header with the numbers of options and values), markdown (a reference),\n"
+          "page (a reference to read and search, in HTML) or json (everything, for programs)")
       ->required()
       ->type_name("")
       ->check([](const std::string& form) {

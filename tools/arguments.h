@@ -36,7 +36,7 @@ struct twritearguments {
   std::string output;
 };
 
-enum class tdocform { definition, pascal, html, c, markdown, json };
+enum class tdocform { definition, pascal, html, c, markdown, page, json };
 
 struct tdocarguments {
   tdocform form = tdocform::definition;

@@ -33,6 +33,7 @@ std::int32_t write(const treading& reading, tdocform form, const std::string& pa
     case tdocform::c: return writetext(path, cdocument(describe(store, reading.definition())));
     case tdocform::markdown: return writetext(path, markdowndocument(describe(store, reading.definition())));
     case tdocform::json: return writetext(path, jsondocument(describe(store, reading.definition())));
+    case tdocform::page: return writetext(path, pagedocument(describe(store, reading.definition())));
   }
   return 0;
 }

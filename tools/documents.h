@@ -25,5 +25,6 @@ class trefuseddocument : public std::runtime_error {
 std::string cdocument(const treference& reference);  // trefuseddocument when two names become one
 std::string markdowndocument(const treference& reference);
 std::string jsondocument(const treference& reference);
+std::string pagedocument(const treference& reference);
 
 }  // namespace tool

@@ -27,6 +27,7 @@ class ttool {
   // Makes the examples of the repository visible under the name that they have there.
   void linkexamples() const;
   tresult run(const std::vector<std::string>& arguments, std::string_view standardinput = "") const;
+  std::string path(std::string_view name) const { return fdirectory.path(name); }
   std::string contents(std::string_view name) const { return testsupport::readfile(fdirectory.path(name)); }
 
  private:
