@@ -31,10 +31,7 @@ expect "wexcorin -" "$(flags "")"
 for command in $(commands); do
   expect "wexcorin $command -" "$(flags "$command")"
 done
-expect "wexcorin doc " "definition pascal html c markdown page json"
-for form in $(forms); do
-  expect "wexcorin doc $form" "$form"
-done
+expect "wexcorin doc " "$(forms)"
 
 # places on the line
 expect "wexcorin ch" check
