@@ -74,7 +74,8 @@ constexpr tcall calls[] = {
         c.pair.call(optaddmessage, coptaddmessage, ttextin("one of many"));
     },
     [](tcontext& c) {
-      c.pair.call(optgetmessage, coptgetmessage, c.input.number(c.pair.callone(optmessagecount)), c.text1, c.int1);
+      c.pair.call(optgetmessage, coptgetmessage, c.input.number(c.pair.callone(optmessagecount)), c.text1,
+                  c.int1);
     },
     [](tcontext& c) { c.pair.clearmessages(); },
     [](tcontext& c) { c.pair.callone(opterrorcount, c.int1, c.int2); },
@@ -95,7 +96,9 @@ constexpr tcall calls[] = {
       c.pair.call(optgetval2str, coptgetval2str, shared, shared);
     },
     // ---- values
-    [](tcontext& c) { c.pair.call(optgetvaluesnr, coptgetvaluesnr, c.option(), c.text1, c.int1, c.dbl1, c.text2); },
+    [](tcontext& c) {
+      c.pair.call(optgetvaluesnr, coptgetvaluesnr, c.option(), c.text1, c.int1, c.dbl1, c.text2);
+    },
     [](tcontext& c) {
       const std::int32_t option = c.option(), integer = c.input.integer();
       const double dbl = c.input.dbl();
@@ -177,7 +180,9 @@ constexpr tcall calls[] = {
       ttextresult shared(c.name());
       c.pair.call(optgetfromliststr, coptgetfromliststr, shared, shared);
     },
-    [](tcontext& c) { c.pair.call(optgetfromanystrlist, coptgetfromanystrlist, c.input.pick(2), c.text1, c.text2); },
+    [](tcontext& c) {
+      c.pair.call(optgetfromanystrlist, coptgetfromanystrlist, c.input.pick(2), c.text1, c.text2);
+    },
     // ---- dot options and indicators
     [](tcontext& c) {
       const std::int32_t number = c.input.number(5), index = c.input.number(5);
@@ -217,10 +222,12 @@ constexpr tcall calls[] = {
       const std::int32_t count = c.input.number(8);
       std::vector<std::int32_t> codes(count >= 0 && count < 100 ? static_cast<std::size_t>(count) + 1 : 0);
       for (std::int32_t& code : codes) code = c.input.pick(14);
-      constexpr std::array<std::string_view, 4> names = {"optGetNameNr", "optFindStr", "optGetInfoNr", "optResetAll"};
+      constexpr std::array<std::string_view, 4> names = {"optGetNameNr", "optFindStr", "optGetInfoNr",
+                                                         "optResetAll"};
       const std::size_t choice = c.input.byte() % 5;
       const std::string name = choice == 4 ? c.input.text() : std::string(names[choice]);
-      callfree(xcheck, cxcheck, ttextin(name), count, static_cast<const std::int32_t*>(codes.data()), c.text1);
+      callfree(xcheck, cxcheck, ttextin(name), count, static_cast<const std::int32_t*>(codes.data()),
+               c.text1);
     },
     // ---- files, and checks of everything
     [](tcontext& c) {

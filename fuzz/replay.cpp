@@ -24,7 +24,8 @@ int main(int count, char** arguments) {
   for (int i = 1; i < count; ++i) {
     std::vector<std::filesystem::path> paths;
     if (std::filesystem::is_directory(arguments[i]))
-      for (const auto& entry : std::filesystem::directory_iterator(arguments[i])) paths.push_back(entry.path());
+      for (const auto& entry : std::filesystem::directory_iterator(arguments[i]))
+        paths.push_back(entry.path());
     else
       paths.emplace_back(arguments[i]);
     for (const auto& path : paths) {

@@ -40,7 +40,8 @@ class tpagecheck {
     }
     constexpr std::array<std::string_view, 6> once = {"<html>",   "<body>",  "<table border>",
                                                       "</table>", "</body>", "</html>"};
-    constexpr std::array<std::string_view, 6> marks = {"(html", "(body", "(table", ")table", ")body", ")html"};
+    constexpr std::array<std::string_view, 6> marks = {"(html",  "(body", "(table",
+                                                       ")table", ")body", ")html"};
     for (std::size_t i = 0; i < once.size(); ++i) {
       if (frest.substr(0, once[i].size()) != once[i]) continue;
       ftags += marks[i];
@@ -51,7 +52,8 @@ class tpagecheck {
 
   void entity() {
     std::size_t length = 1;
-    while (length < frest.size() && (wexcorin::isletter(frest[length]) || wexcorin::isdigit(frest[length]))) ++length;
+    while (length < frest.size() && (wexcorin::isletter(frest[length]) || wexcorin::isdigit(frest[length])))
+      ++length;
     FUZZ_CHECK(fincell && length > 1 && length < frest.size() && frest[length] == ';', here());
     frest.remove_prefix(length + 1);
   }

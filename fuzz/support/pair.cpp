@@ -70,9 +70,9 @@ std::string ttextresult::shorttext(std::size_t form) const {
 void ttextresult::checkrest(std::size_t form, std::size_t used) const {
   const tbuffer& now = fbuffers[form];
   const tbuffer& before = fbefore[form];
-  const bool isclean =
-      std::equal(now.begin(), now.begin() + guardsize, before.begin()) &&
-      std::memcmp(now.data() + guardsize + used, before.data() + guardsize + used, now.size() - guardsize - used) == 0;
+  const bool isclean = std::equal(now.begin(), now.begin() + guardsize, before.begin()) &&
+                       std::memcmp(now.data() + guardsize + used, before.data() + guardsize + used,
+                                   now.size() - guardsize - used) == 0;
   FUZZ_CHECK(isclean, ftext);
 }
 

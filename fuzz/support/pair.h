@@ -103,8 +103,8 @@ struct targ {
   void finish(bool both) const { value.finish(both); }
 };
 template <class targument>
-  requires(std::is_arithmetic_v<std::remove_cv_t<targument>> || std::is_pointer_v<targument>)
-struct targ<targument> {
+requires(std::is_arithmetic_v<std::remove_cv_t<targument>> ||
+         std::is_pointer_v<targument>) struct targ<targument> {
   targument value;
   bool hasboth() const { return true; }
   auto asshort(int) const { return value; }

@@ -80,7 +80,8 @@ class tjudge {
     const bool isdashed = option.name().substr(0, 2) == "--";
     // Exception: an obsolete option, set through its synonym, a macro or the client, is written under its own name.
     if (option.hasdeprecation(wexcorin::tdeprecation::obsolete) && !isdashed) return false;
-    return islist ? listsurvives(wexcorin::as<wexcorin::tstrlistoption>(option), isdashed) : valuessurvive(option);
+    return islist ? listsurvives(wexcorin::as<wexcorin::tstrlistoption>(option), isdashed)
+                  : valuessurvive(option);
   }
 
   bool listsurvives(const wexcorin::tstrlistoption& list, bool isdashed) const {
@@ -142,10 +143,13 @@ class tjudge {
         islegal = dbl.lo() <= value && value <= dbl.hi();
         return true;
       }
-      case topttype::boolean: islegal = true; return text == "0" || text == "1";  // Exception: other integers.
+      case topttype::boolean:
+        islegal = true;
+        return text == "0" || text == "1";  // Exception: other integers.
       case topttype::enumint: {
         std::int32_t value = 0;
-        islegal = wexcorin::strasintex(text, value) && wexcorin::as<wexcorin::tenumintoption>(option).hasitem(value);
+        islegal = wexcorin::strasintex(text, value) &&
+                  wexcorin::as<wexcorin::tenumintoption>(option).hasitem(value);
         return true;
       }
       case topttype::enumstr: {
@@ -227,7 +231,8 @@ class tjudge {
     const auto* items = fstore.indicators();
     for (std::int32_t i = 0; items != nullptr && i < items->count(); ++i) {
       const auto& item = *items->get(i);
-      std::size_t length = fstore.dotname().size() + item.equation().name().size() + item.variable().name().size() + 10;
+      std::size_t length =
+          fstore.dotname().size() + item.equation().name().size() + item.variable().name().size() + 10;
       if (!elementssurvive(item.equation().elements(), length)) return false;
       if (!elementssurvive(item.variable().elements(), length) || length > longestline) return false;
     }
@@ -264,7 +269,9 @@ std::int32_t errors(tpair& pair) {
 
 }  // namespace
 
-bool isexpressible(wexcorin::tvksoptions& store, bool eolonly) { return tjudge(store, eolonly).isexpressible(); }
+bool isexpressible(wexcorin::tvksoptions& store, bool eolonly) {
+  return tjudge(store, eolonly).isexpressible();
+}
 
 void checkroundtrip(tpair& pair, bool eolonly) {
   const std::string first = written(pair, "out1");

@@ -18,12 +18,19 @@ std::int32_t onbit(bool condition) { return condition ? 1 : 0; }
 
 // What stands around the text of a message of each kind.
 bool fitskind(std::string_view text, std::int32_t kind) {
-  constexpr std::array<std::string_view, 10> prefixes = {
-      ">> ",         "",           "*** Definition Error ",     "*** Value Error ",       "*** Warning ",
-      "*** Warning ", "Reading parameter(s) from \"", "Finished reading from \"", "Maximum of 5000 messages reached",
-      "*** Error "};
-  return kind >= 0 && kind <= 9 && text.substr(0, prefixes[static_cast<std::size_t>(kind)].size()) ==
-                                       prefixes[static_cast<std::size_t>(kind)];
+  constexpr std::array<std::string_view, 10> prefixes = {">> ",
+                                                         "",
+                                                         "*** Definition Error ",
+                                                         "*** Value Error ",
+                                                         "*** Warning ",
+                                                         "*** Warning ",
+                                                         "Reading parameter(s) from \"",
+                                                         "Finished reading from \"",
+                                                         "Maximum of 5000 messages reached",
+                                                         "*** Error "};
+  return kind >= 0 && kind <= 9 &&
+         text.substr(0, prefixes[static_cast<std::size_t>(kind)].size()) ==
+             prefixes[static_cast<std::size_t>(kind)];
 }
 
 // ---- options
@@ -44,7 +51,8 @@ void checkvalues(tpair& pair, std::int32_t number, std::int32_t datatype, std::i
   FUZZ_CHECK(pair.callone(optgetint2nr, number, integer2) == onbit(isinteger && hastwo), at(number));
   const bool isdouble = datatype == optDataDouble;
   FUZZ_CHECK(pair.callone(optgetdblnr, number, dblalone) == onbit(isdouble), at(number));
-  FUZZ_CHECK(!isdouble || std::bit_cast<std::uint64_t>(dblalone.value()) == std::bit_cast<std::uint64_t>(dbl.value()),
+  FUZZ_CHECK(!isdouble ||
+                 std::bit_cast<std::uint64_t>(dblalone.value()) == std::bit_cast<std::uint64_t>(dbl.value()),
              at(number));
   FUZZ_CHECK(pair.callone(optgetdbl2nr, number, dbl2) == onbit(isdouble && hastwo), at(number));
 }
@@ -63,7 +71,8 @@ void checkname(tpair& pair, std::int32_t number, const std::string& name) {
   const std::int32_t hastwo = pair.call(optgetval2str, coptgetval2str, argument, second);
   const std::int32_t count = pair.call(optlistcountstr, coptlistcountstr, argument);
   if (isfound == 0) {
-    FUZZ_CHECK(found.value() == -1 && foundrefnr.value() == -1 && hastwo == 0 && count == -2, at(number, name));
+    FUZZ_CHECK(found.value() == -1 && foundrefnr.value() == -1 && hastwo == 0 && count == -2,
+               at(number, name));
     return;
   }
   pair.call(optgetstrnr, coptgetstrnr, found.value(), bynumber);
@@ -74,8 +83,9 @@ void checkname(tpair& pair, std::int32_t number, const std::string& name) {
   FUZZ_CHECK((count >= 0) == (opttype.value() == optTypeStrList), at(number, name));
   ttextresult text;
   for (std::int32_t i = 0; count >= 0 && i <= count + 1; ++i)
-    FUZZ_CHECK(pair.call(optreadfromliststr, coptreadfromliststr, argument, i, text) == onbit(i >= 1 && i <= count),
-               at(i, name));
+    FUZZ_CHECK(
+        pair.call(optreadfromliststr, coptreadfromliststr, argument, i, text) == onbit(i >= 1 && i <= count),
+        at(i, name));
 }
 
 void checkitems(tpair& pair, std::int32_t number, std::int32_t opttype) {
@@ -94,7 +104,8 @@ void checkitems(tpair& pair, std::int32_t number, std::int32_t opttype) {
   const std::int32_t istext = pair.call(optgetenumstrnr, coptgetenumstrnr, number, current, item);
   FUZZ_CHECK(istext == onbit(opttype == optTypeEnumStr), at(number));
   if (istext == 1 && item.value() != 0) {
-    FUZZ_CHECK(pair.call(optgetenumvalue, coptgetenumvalue, number, item.value(), integer, value) == 1, at(number));
+    FUZZ_CHECK(pair.call(optgetenumvalue, coptgetenumvalue, number, item.value(), integer, value) == 1,
+               at(number));
     FUZZ_CHECK(wexcorin::struequal(value.text(), current.text()), at(number, value.text()));
   }
 }
@@ -103,14 +114,17 @@ void checkitems(tpair& pair, std::int32_t number, std::int32_t opttype) {
 
 void checkoption(tpair& pair, std::int32_t number) {
   tintresult defined, recent, refnr, datatype, opttype, subtype, definedalone, helpflag, group;
-  FUZZ_CHECK(pair.callone(optgetinfonr, number, defined, recent, refnr, datatype, opttype, subtype) == 1, at(number));
+  FUZZ_CHECK(pair.callone(optgetinfonr, number, defined, recent, refnr, datatype, opttype, subtype) == 1,
+             at(number));
   FUZZ_CHECK(pair.callone(optgetdefinednr, number, definedalone) == 1, at(number));
   FUZZ_CHECK(definedalone.value() == defined.value() && (recent.value() & ~defined.value()) == 0, at(number));
   ttextresult name, rawname, helpname, help, defaulttext;
   FUZZ_CHECK(pair.call(optgetnamenr, coptgetnamenr, number, name) == 1, at(number));
   FUZZ_CHECK(pair.call(optgethelpnr, coptgethelpnr, number, rawname, help) == 1, at(number));
-  FUZZ_CHECK(pair.call(optgetopthelpnr, coptgetopthelpnr, number, helpname, helpflag, group) == 1, at(number));
-  FUZZ_CHECK(name.text() == helpname.text() && name.text().size() == rawname.text().size(), at(number, name.text()));
+  FUZZ_CHECK(pair.call(optgetopthelpnr, coptgetopthelpnr, number, helpname, helpflag, group) == 1,
+             at(number));
+  FUZZ_CHECK(name.text() == helpname.text() && name.text().size() == rawname.text().size(),
+             at(number, name.text()));
   FUZZ_CHECK(pair.callone(optgetoptgroupnr, number) == group.value(), at(number));
   FUZZ_CHECK(pair.call(optgetdefaultstr, coptgetdefaultstr, number, defaulttext) ==
                  onbit(opttype.value() == optTypeString),
@@ -169,7 +183,8 @@ void checksynonymsandgroups(tpair& pair) {
   tintresult group, helpflag;
   const std::int32_t synonyms = pair.callone(optsynonymcount);
   for (std::int32_t i = 0; i <= synonyms + 1; ++i)
-    FUZZ_CHECK(pair.call(optgetsynonym, coptgetsynonym, i, name, target) == onbit(i >= 1 && i <= synonyms), at(i));
+    FUZZ_CHECK(pair.call(optgetsynonym, coptgetsynonym, i, name, target) == onbit(i >= 1 && i <= synonyms),
+               at(i));
   const std::int32_t groups = pair.callone(optgroupcount);
   for (std::int32_t i = 0; i <= groups + 1; ++i) {
     const std::int32_t exists = pair.call(optgetgroupnr, coptgetgroupnr, i, name, group, helpflag, help);
@@ -186,7 +201,8 @@ void checkdotentries(tpair& pair) {
   tdblresult value;
   const std::int32_t count = pair.callone(optdotoptcount, rejected);
   for (std::int32_t i = 0; i <= count + 1; ++i) {
-    const std::int32_t exists = pair.call(optgetdotoptnr, coptgetdotoptnr, i, name, option, dimensions, value);
+    const std::int32_t exists =
+        pair.call(optgetdotoptnr, coptgetdotoptnr, i, name, option, dimensions, value);
     FUZZ_CHECK(exists == onbit(i >= 1 && i <= count), at(i));
     FUZZ_CHECK(exists == 0 || (option.value() >= 1 && option.value() <= pair.callone(optcount)), at(i));
     FUZZ_CHECK(dimensions.value() <= 20 || pair.wasfull(), at(i));
@@ -202,8 +218,8 @@ void checkindicators(tpair& pair) {
   tintresult equationdims, variabledims, value, rejected;
   const std::int32_t count = pair.callone(optindicatorcount, rejected);
   for (std::int32_t i = 0; i <= count + 1; ++i) {
-    const std::int32_t exists = pair.call(optgetindicatornr, coptgetindicatornr, i, equation, variable, equationdims,
-                                          variabledims, value);
+    const std::int32_t exists = pair.call(optgetindicatornr, coptgetindicatornr, i, equation, variable,
+                                          equationdims, variabledims, value);
     FUZZ_CHECK(exists == onbit(i >= 1 && i <= count), at(i));
     FUZZ_CHECK(value.value() == 0 || value.value() == 1, at(i));
     for (std::int32_t d = 0; d <= equationdims.value() + 1; ++d)
