@@ -1,4 +1,5 @@
-// The input is a definition file and, behind a line "%%", a parameter file, with two bytes of switches in front.
+// The input is a definition file and, behind a line "%%", a parameter file, with two bytes of switches in
+// front.
 #include "fuzz/support/roundtrip.h"
 #include "fuzz/support/state.h"
 #include "fuzz/support/target.h"

@@ -1,5 +1,5 @@
-// The input is a sequence of calls on several handles: a byte chooses the handle and one the call, its arguments follow.
-// Every exported function is among them.
+// The input is a sequence of calls on several handles: a byte chooses the handle and one the call, its
+// arguments follow. Every exported function is among them.
 #include <array>
 #include <optional>
 #include <vector>
@@ -255,7 +255,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   optsetloadpath(nullptr);
   for (const int mode : {0, 1, 2}) tfiles::get().write(std::to_string(mode), richdefinition(mode));
   for (int count = 0; !input.atend() && count < 1000; ++count) {
-    // Three bytes in four go on with the first handle; some of the others end a handle, and its place gets a new one.
+    // Three bytes in four go on with the first handle; some of the others end a handle, and its place gets a
+    // new one.
     const unsigned choice = input.byte();
     std::optional<tpair>& pair = pairs[choice < 192 ? 0 : choice % 3];
     if (choice > 250) pair.reset();

@@ -1,5 +1,5 @@
-// The input is a definition file. Whatever it defines is asked for, each option is set to the value that it has, and
-// the settings are written and read again.
+// The input is a definition file. Whatever it defines is asked for, each option is set to the value that it
+// has, and the settings are written and read again.
 #include "fuzz/support/roundtrip.h"
 #include "fuzz/support/state.h"
 #include "fuzz/support/target.h"

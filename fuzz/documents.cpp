@@ -1,5 +1,6 @@
-// The input is a definition file, a parameter file and requests for help, one a line, with a line "%%" between these
-// parts and two bytes of switches in front. Everything that can be written of the store is written.
+// The input is a definition file, a parameter file and requests for help, one a line, with a line "%%"
+// between these parts and two bytes of switches in front. Everything that can be written of the store is
+// written.
 #include "fuzz/support/html.h"
 #include "fuzz/support/roundtrip.h"
 #include "fuzz/support/state.h"

@@ -1,5 +1,5 @@
-// The input is a parameter file, read against a definition that has everything. Its first two bytes choose the lookup
-// mode, the way of reading and the switches.
+// The input is a parameter file, read against a definition that has everything. Its first two bytes choose
+// the lookup mode, the way of reading and the switches.
 #include "fuzz/support/roundtrip.h"
 #include "fuzz/support/state.h"
 #include "fuzz/support/target.h"

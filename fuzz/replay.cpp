@@ -1,5 +1,5 @@
-// Runs a target over inputs that are there already: the files that are named, and all files of folders. For builds
-// without the fuzzer's own main function.
+// Runs a target over inputs that are there already: the files that are named, and all files of folders. For
+// builds without the fuzzer's own main function.
 #include <cstdio>
 #include <filesystem>
 #include <fstream>

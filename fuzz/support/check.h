@@ -1,5 +1,5 @@
-// What a fuzz target asserts: a condition that does not hold ends the process, with the place and a word on what was
-// seen, so that the fuzzer keeps the input.
+// What a fuzz target asserts: a condition that does not hold ends the process, with the place and a word on
+// what was seen, so that the fuzzer keeps the input.
 #pragma once
 
 #include <string>

@@ -1,5 +1,5 @@
-// Turns the bytes of an input into numbers and texts, from the front to the back. At the end every number is 0 and every
-// text empty.
+// Turns the bytes of an input into numbers and texts, from the front to the back. At the end every number is
+// 0 and every text empty.
 #pragma once
 
 #include <bit>

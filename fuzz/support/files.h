@@ -1,9 +1,9 @@
-// The files that the library finds while an input runs: bytes in memory under names that the target chooses. The
-// library's calls of the system's open end here (the linker redirects them), so that no input reaches the file system,
-// whatever names it makes up.
+// The files that the library finds while an input runs: bytes in memory under names that the target chooses.
+// The library's calls of the system's open end here (the linker redirects them), so that no input reaches the
+// file system, whatever names it makes up.
 //
-// Besides the files there is "/", the directory that no read gets anything from, and "full", which takes no byte. Files
-// can be created under names that begin with "out". Any other name does not exist.
+// Besides the files there is "/", the directory that no read gets anything from, and "full", which takes no
+// byte. Files can be created under names that begin with "out". Any other name does not exist.
 #pragma once
 
 #include <string>
@@ -21,8 +21,8 @@ class tfiles {
   // Empty for a file that does not exist.
   std::string read(std::string_view name) const;
 
-  // Before each call of the library: so many files may be opened, then there are "too many open files". Files that
-  // include themselves take a bounded time.
+  // Before each call of the library: so many files may be opened, then there are "too many open files". Files
+  // that include themselves take a bounded time.
   void allowopens() noexcept { fopens = 48; }
 
   // What the library gets for its call of open.

@@ -1,5 +1,6 @@
-// Two handles in the same state, one for each text form: a call is made in both forms, and results, numbers and texts
-// that come out must agree. Text buffers lie between guard bytes, and what lies behind a text must stay as it was.
+// Two handles in the same state, one for each text form: a call is made in both forms, and results, numbers
+// and texts that come out must agree. Text buffers lie between guard bytes, and what lies behind a text must
+// stay as it was.
 #pragma once
 
 #include <array>
@@ -16,10 +17,10 @@
 
 namespace fuzzing {
 
-// ---- arguments: each knows what it is in either form; of two buffers the second is the zero-terminated form's
+// ---- arguments: each knows what it is in either form; the second of two buffers is the zero-terminated one
 
-// A text argument. A text with a zero byte and one of 255 characters have no zero-terminated form: the call is then
-// made in the short form twice. A longer text arrives as the interface says.
+// A text argument. A text with a zero byte and one of 255 characters have no zero-terminated form: the call
+// is then made in the short form twice. A longer text arrives as the interface says.
 class ttextin {
  public:
   explicit ttextin(std::string_view text);
@@ -186,8 +187,8 @@ class tpair {
   std::int32_t readparameters(std::string_view filename);
   void clearmessages();
 
-  // The bytes of the one definition file that was read when there was no option yet; null when it was none or not
-  // the only one.
+  // The bytes of the one definition file that was read when there was no option yet; null when it was none or
+  // not the only one.
   const std::string* definition() const noexcept { return fdefinitions == 1 ? &fdefinition : nullptr; }
   // When the list of messages is full, entries that have errors can no longer be told from good ones.
   bool wasfull() const noexcept;

@@ -52,7 +52,8 @@ class tjudge {
     return isminos && key.substr(0, 2) != "--" ? foundinwords(key) : fstore.optionasobj(key);
   }
 
-  // Up to four words, each beginning with a letter; the first words that name an option are taken for the key.
+  // Up to four words, each beginning with a letter; the first words that name an option are taken for the
+  // key.
   toption* foundinwords(std::string_view key) {
     std::string name;
     for (int words = 0; words < 4; ++words) {
@@ -75,10 +76,12 @@ class tjudge {
         option.opttype() == topttype::immediate)
       return true;  // not written
     if (islist && wexcorin::as<wexcorin::tstrlistoption>(option).itemcount() == 0) return true;
-    // Exception: names that stand for another option, as after a duplicate or where only parts of words count.
+    // Exception: names that stand for another option, as after a duplicate or where only parts of words
+    // count.
     if (found(islist ? option.name() : option.getname().view()) != &option) return false;
     const bool isdashed = option.name().substr(0, 2) == "--";
-    // Exception: an obsolete option, set through its synonym, a macro or the client, is written under its own name.
+    // Exception: an obsolete option, set through its synonym, a macro or the client, is written under its own
+    // name.
     if (option.hasdeprecation(wexcorin::tdeprecation::obsolete) && !isdashed) return false;
     return islist ? listsurvives(wexcorin::as<wexcorin::tstrlistoption>(option), isdashed)
                   : valuessurvive(option);
@@ -93,9 +96,10 @@ class tjudge {
     return true;
   }
 
-  // Values that were taken out of bounds stand between brackets that allow them. Exceptions: a definition without an
-  // option for these brackets; marks that reading the line would set in another way, as after one of two values was
-  // replaced by a good one, or the default taken over a bad one; a default that is not within the bounds.
+  // Values that were taken out of bounds stand between brackets that allow them. Exceptions: a definition
+  // without an option for these brackets; marks that reading the line would set in another way, as after one
+  // of two values was replaced by a good one, or the default taken over a bad one; a default that is not
+  // within the bounds.
   bool valuessurvive(toption& option) {
     const bool isbracketed = option.outofbounds() != 0;
     if (isbracketed && !hasbrackets()) return false;
@@ -126,7 +130,8 @@ class tjudge {
     return false;
   }
 
-  // Whether the option takes the text again as the same value; if so, `islegal` says whether it is within the bounds.
+  // Whether the option takes the text again as the same value; if so, `islegal` says whether it is within the
+  // bounds.
   bool valuesurvives(const toption& option, std::string_view text, bool toend, bool& islegal) const {
     switch (option.opttype()) {
       case topttype::integer: {
@@ -153,8 +158,8 @@ class tjudge {
         return true;
       }
       case topttype::enumstr: {
-        // Exceptions: a default that is none of the values or spelled in another way; a value that is none of them is
-        // kept as the empty text.
+        // Exceptions: a default that is none of the values or spelled in another way; a value that is none of
+        // them is kept as the empty text.
         const auto& items = wexcorin::as<wexcorin::tenumstroption>(option).items();
         const std::int32_t item = items.indexof(text);
         islegal = item >= 0;
@@ -190,14 +195,15 @@ class tjudge {
       // Exception: to the end of the line, blanks at either end are lost.
       return !toend || wexcorin::trim(text).size() == text.size();
     }
-    // Exceptions: a comment character at the beginning of a word or, to the end of the line, anywhere in it; a
-    // carriage return belongs to the end of the line.
+    // Exceptions: a comment character at the beginning of a word or, to the end of the line, anywhere in it;
+    // a carriage return belongs to the end of the line.
     return !hascomment(toend ? text : text.substr(0, 1)) && text.back() != '\r';
   }
 
   // ---- dot entries and indicators
 
-  // Exceptions: lines that became longer than what is read of a line, and elements cut so that the quote is missing.
+  // Exceptions: lines that became longer than what is read of a line, and elements cut so that the quote is
+  // missing.
   static bool elementssurvive(const wexcorin::txstrings& elements, std::size_t& length) {
     for (std::int32_t i = 0; i < elements.count(); ++i) {
       const std::string_view element = elements.get(i);
@@ -216,8 +222,8 @@ class tjudge {
       const wexcorin::tnumbertext text = wexcorin::dbltostr(entry.value());
       std::size_t length = entries.getname(i).size() + option.name().size() + text.view().size() + 10;
       bool islegal = false;
-      // Exceptions: options that are no numbers, whose values the entry does not hold, or that take no value; values
-      // out of bounds.
+      // Exceptions: options that are no numbers, whose values the entry does not hold, or that take no value;
+      // values out of bounds.
       if (option.name().size() > longestname || option.subtype() == tsubtype::novalue) return false;
       if (!option.holdsinteger() && option.opttype() != topttype::dbl) return false;
       if (fstore.optlookup(option.name()) != entry.optionindex()) return false;

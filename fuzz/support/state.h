@@ -1,5 +1,5 @@
-// Asks a pair of handles everything that the interface answers, and checks that the answers fit together: counts with
-// what can be fetched, names with numbers, values with values.
+// Asks a pair of handles everything that the interface answers, and checks that the answers fit together:
+// counts with what can be fetched, names with numbers, values with values.
 #pragma once
 
 #include "fuzz/support/pair.h"

@@ -1,5 +1,5 @@
-// What the targets share about their inputs: the definition that has everything, the switches that the first bytes of
-// an input choose, and the parts of a text.
+// What the targets share about their inputs: the definition that has everything, the switches that the first
+// bytes of an input choose, and the parts of a text.
 #pragma once
 
 #include <string>
@@ -10,8 +10,8 @@
 
 namespace fuzzing {
 
-// A definition with every type and sub-type, lists, macros, synonyms, groups, marks, dot options, immediate options of
-// each kind, an indicator keyword and comment characters, for lookup mode `mode` (0, 1, 2).
+// A definition with every type and sub-type, lists, macros, synonyms, groups, marks, dot options, immediate
+// options of each kind, an indicator keyword and comment characters, for lookup mode `mode` (0, 1, 2).
 std::string richdefinition(int mode);
 
 // The bits of one or two bytes; a printable byte serves, so that inputs can be written by hand.
