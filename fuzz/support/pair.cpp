@@ -15,7 +15,7 @@ constexpr std::size_t longestzero = 254;
 constexpr unsigned char filler = 0xA5;
 
 bool inbothforms(std::string_view text) {
-  return text.size() != longestshort && text.substr(0, longestshort).find('\0') == std::string_view::npos;
+  return text.size() != longestshort && text.find('\0') == std::string_view::npos;
 }
 
 }  // namespace
