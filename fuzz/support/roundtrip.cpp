@@ -120,7 +120,7 @@ class tjudge {
         if (!valuesurvives(option, text, feolonly && second == hastwo, islegal)) return false;
         if (hastwo && text.view() == "*") return false;  // Exception: it leaves the value as it is.
         if (!islegal && !isbracketed) return false;
-        isreadbracketed = islegal ? false : true;
+        isreadbracketed = !islegal;
       }
     }
     return isbracketed == isreadbracketed;

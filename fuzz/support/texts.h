@@ -19,7 +19,7 @@ class tswitches {
  public:
   // Takes them from the front of the input.
   explicit tswitches(std::string_view& input);
-  int lookupmode() const noexcept { return fbits % 4 % 3; }
+  int lookupmode() const noexcept { return static_cast<int>(fbits % 4 % 3); }
   bool eolonly() const noexcept { return (fbits & 4) == 0; }
   bool echo() const noexcept { return (fbits & 8) != 0; }
   bool nobounds() const noexcept { return (fbits & 16) != 0; }
