@@ -65,17 +65,20 @@ std::int32_t tvksoptions::optgetfromliststr(std::string_view name, ttextout& val
 }
 
 // A flag other than 0 asks for lists whose names begin with two dashes, 0 for the others. The name is that of
-// the last list looked at, taken or not.
+// the last list looked at, taken or not; it is written once, since a longer one before it would leave its end
+// behind the text.
 bool tvksoptions::optgetfromanystrlist(std::int32_t flag, ttextout& name, ttextout& value) {
-  for (std::int32_t i = 0; i < getcount(); ++i) {
+  tstrlistoption* last = nullptr;
+  bool found = false;
+  for (std::int32_t i = 0; i < getcount() && !found; ++i) {
     auto* list = ifis<tstrlistoption>(foptions.getobject(i));
     if (list == nullptr || list->itemcount() == 0) continue;
-    name.set(list->name());
-    if ((list->name().substr(0, 2) == "--") != (flag != 0)) continue;
-    value.set(list->takefirst());
-    return true;
+    last = list;
+    found = (list->name().substr(0, 2) == "--") == (flag != 0);
   }
-  return false;
+  if (last != nullptr) name.set(last->name());
+  if (found) value.set(last->takefirst());
+  return found;
 }
 
 }  // namespace wexcorin
