@@ -1,8 +1,9 @@
 // wexcorin.hpp: the interface of the option library for C++17 and later, on top of wexcorin.h.
 //
-// Header only. One class owns a handle; texts are std::string, results that may be missing are std::optional, and
-// what is numbered comes as ranges that read one element at a time. What a function does, and which rules hold for
-// texts, numbers and threads, is told in wexcorin.h at the function of the same name; here stands what differs.
+// Header only. One class owns a handle; texts are std::string, results that may be missing are std::optional,
+// and what is numbered comes as ranges that read one element at a time. What a function does, and which rules
+// hold for texts, numbers and threads, is told in wexcorin.h at the function of the same name; here stands
+// what differs.
 //
 //   wexcorin::options options("solver.def");
 //   options.readparameterfile("solver.opt");
@@ -11,18 +12,22 @@
 #ifndef WEXCORIN_WEXCORIN_HPP
 #define WEXCORIN_WEXCORIN_HPP
 
+#include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <iterator>
+#include <initializer_list>
 #include <new>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <type_traits>
 #include <utility>
+#include <vector>
 
+#include "wexcorin/range.hpp"
 #include "wexcorin/wexcorin.h"
 
 namespace wexcorin {
@@ -36,72 +41,55 @@ class interface_mismatch : public std::runtime_error {
 namespace detail {
 
 // A text argument. The library takes 255 characters; a longer text is an error of the caller, not to be cut.
-class textin {
+class textin : private optshortstring {
  public:
-  explicit textin(std::string_view text) {
-    if (text.size() > sizeof ftext.text)
+  explicit textin(std::string_view argument) {
+    if (argument.size() > sizeof text)
       throw std::length_error("wexcorin: a text has more than 255 characters");
-    ftext.length = static_cast<unsigned char>(text.size());
-    if (!text.empty()) std::memcpy(ftext.text, text.data(), text.size());
+    length = static_cast<unsigned char>(argument.size());
+    if (!argument.empty()) std::memcpy(text, argument.data(), argument.size());
   }
-  operator const optshortstring*() const noexcept { return &ftext; }
-
- private:
-  optshortstring ftext;
+  operator const optshortstring*() const noexcept { return this; }
 };
 
-class textout {
+class textout : private optshortstring {
  public:
-  textout() noexcept { ftext.length = 0; }
-  operator optshortstring*() noexcept { return &ftext; }
-  std::string text() const { return std::string(ftext.text, ftext.length); }
-
- private:
-  optshortstring ftext;
+  textout() noexcept { length = 0; }
+  operator optshortstring*() noexcept { return this; }
+  std::string str() const { return std::string(text, length); }
 };
 
-// The elements 1 .. size of something that the library numbers; `get(number)` reads one. The source must outlive the
-// range, and numbers may shift when what is numbered changes.
-template <class tget>
-class range {
- public:
-  using value_type = decltype(std::declval<const tget&>()(std::int32_t()));
-
-  class iterator {
-   public:
-    using iterator_category = std::input_iterator_tag;
-    using value_type = typename range::value_type;
-    using difference_type = std::ptrdiff_t;
-    using pointer = void;
-    using reference = value_type;
-
-    iterator(const tget* get, std::int32_t number) : fget(get), fnumber(number) {}
-    value_type operator*() const { return (*fget)(fnumber); }
-    iterator& operator++() {
-      ++fnumber;
-      return *this;
-    }
-    iterator operator++(int) { return iterator(fget, fnumber++); }
-    bool operator==(const iterator& other) const { return fnumber == other.fnumber; }
-    bool operator!=(const iterator& other) const { return fnumber != other.fnumber; }
-
-   private:
-    const tget* fget;
-    std::int32_t fnumber;
-  };
-
-  range(std::int32_t size, tget get) : fsize(size), fget(std::move(get)) {}
-  iterator begin() const { return iterator(&fget, 1); }
-  iterator end() const { return iterator(&fget, fsize + 1); }
-  std::size_t size() const { return static_cast<std::size_t>(fsize); }
-  bool empty() const { return fsize == 0; }
-
- private:
-  std::int32_t fsize;
-  tget fget;
-};
+// Options hold 32 bits; an integer beyond them is an error of the caller, not to be cut. The bounds and the
+// order of integers survive the conversion to double.
+template <class tinteger>
+std::int32_t int32(tinteger value) {
+  const auto wide = static_cast<double>(value);
+  if (wide < -2147483648.0 || wide > 2147483647.0)
+    throw std::out_of_range("wexcorin: an integer value has more than 32 bits");
+  return static_cast<std::int32_t>(value);
+}
 
 }  // namespace detail
+
+// An option, told by its number or by its name or synonym. A name is looked up at each call.
+class key {
+ public:
+  key(std::int32_t number) noexcept : fname(), fnumber(number) {}
+  template <class tname, std::enable_if_t<std::is_convertible_v<const tname&, std::string_view>, int> = 0>
+  key(const tname& name) : fname(std::string_view(name)), fnumber(0) {}
+
+  // 0, which no option has, when there is none of that name.
+  std::int32_t number(tvksoptions* handle) const {
+    if (!fname) return fnumber;
+    std::int32_t number = 0;
+    std::int32_t refnr = 0;
+    return optfindstr(handle, detail::textin(*fname), &number, &refnr) != 0 ? number : 0;
+  }
+
+ private:
+  std::optional<std::string_view> fname;
+  std::int32_t fnumber;
+};
 
 struct message {
   std::int32_t kind;  // optMsgInputEcho ...
@@ -110,9 +98,10 @@ struct message {
 
 struct option {
   std::int32_t number;
-  std::string name;
-  std::int32_t type;     // optTypeInteger ...
-  std::int32_t subtype;  // optsubRequired ...
+  std::string name;       // the definition's, which can be looked up in every lookup mode
+  std::int32_t datatype;  // optDataInteger ...
+  std::int32_t type;      // optTypeInteger ...
+  std::int32_t subtype;   // optsubRequired ...
   std::int32_t group;
   std::int32_t refnr;
   std::int32_t helpflag;
@@ -128,9 +117,14 @@ struct enumvalue {
   std::string help;
 };
 
+struct listtext {
+  std::string option;
+  std::string text;
+};
+
 struct synonym {
   std::string name;
-  std::string option;
+  std::string option;  // empty when the definition gave it an unknown one
 };
 
 struct group {
@@ -171,29 +165,35 @@ struct counts {
 
 class options {
  public:
-  // Throws interface_mismatch when the library found at run time does not suit, std::bad_alloc without memory.
+  // Throws interface_mismatch when the library found at run time does not suit, std::bad_alloc without
+  // memory.
   options() {
     detail::textout text;
     std::int32_t compat = 0;
     if (xapiversion(WEXCORIN_INTERFACE_VERSION, text, &compat) == 0 || compat == 3)
-      throw interface_mismatch("wexcorin: " + text.text());
+      throw interface_mismatch("wexcorin: " + text.str() + " The program needs interface version " +
+                               std::to_string(WEXCORIN_INTERFACE_VERSION) + (compat == 3 ? " or later" : "") +
+                               " of libwexcorin.");
     if (xcreate(&fhandle) == nullptr) throw std::bad_alloc();
   }
-  // Reads a definition file as well; throws std::system_error when it cannot be opened.
+  // Reads a definition file as well; throws std::system_error when it cannot be opened. Mistakes in the file
+  // are no exceptions: see errorcount() and messages().
   explicit options(std::string_view definitionfile) : options() {
     const std::int32_t code = readdefinition(definitionfile);
     if (code != 0) throw std::system_error(code, std::generic_category(), std::string(definitionfile));
   }
+  // A moved-from object may only be destroyed or assigned to.
   options(options&& other) noexcept : fhandle(std::exchange(other.fhandle, nullptr)) {}
   options& operator=(options&& other) noexcept {
-    std::swap(fhandle, other.fhandle);
+    options moved(std::move(other));
+    std::swap(fhandle, moved.fhandle);
     return *this;
   }
   options(const options&) = delete;
   options& operator=(const options&) = delete;
   ~options() { xfree(&fhandle); }
 
-  // The handle itself, for the functions of wexcorin.h; it stays owned here. Null only after a move.
+  // The handle itself, for the functions of wexcorin.h; it stays owned here. Null in a moved-from object.
   tvksoptions* get() const noexcept { return fhandle; }
 
   // ---- reading and writing; 0 or the operating system's code
@@ -203,24 +203,21 @@ class options {
   std::int32_t readparameterfile(std::string_view file) {
     return optreadparameterfile(fhandle, detail::textin(file));
   }
+  // EIO for a file that could be opened and not be written to its end, which the C function tells by messages
+  // alone. Once the list of messages is full (see optgetmessage) this cannot be told.
   std::int32_t writeparameterfile(std::string_view file) {
-    return optwriteparameterfile(fhandle, detail::textin(file));
+    const std::int32_t before = errorcount().errors;
+    const std::int32_t code = optwriteparameterfile(fhandle, detail::textin(file));
+    return code == 0 && errorcount().errors != before ? EIO : code;
   }
-  // Text of any length, up to the first zero byte.
-  void read(const std::string& text) { optreadfrompchar(fhandle, text.c_str()); }
+  // Text of any length, up to the first zero byte or line feed.
+  void read(std::string_view text) { optreadfrompchar(fhandle, std::string(text).c_str()); }
   void showhelp(std::string_view request) { optshowhelp(fhandle, detail::textin(request)); }
 
   // ---- messages
-  auto messages() const {
-    return detail::range(optmessagecount(fhandle), [handle = fhandle](std::int32_t number) {
-      detail::textout text;
-      message result{};
-      optgetmessage(handle, number, text, &result.kind);
-      result.text = text.text();
-      return result;
-    });
-  }
+  range<message> messages() const { return numbered<message>(optmessagecount(fhandle), readmessage); }
   void addmessage(std::string_view text) { optaddmessage(fhandle, detail::textin(text)); }
+  // A range of messages that was taken before reads "Bad message number" afterwards: take a new one.
   void clearmessages() { optclearmessages(fhandle); }
   counts errorcount() const {
     counts result{};
@@ -228,198 +225,282 @@ class options {
     return result;
   }
 
-  // ---- options
-  std::optional<std::int32_t> find(std::string_view name) const {
-    std::int32_t number = 0;
-    std::int32_t refnr = 0;
-    if (optfindstr(fhandle, detail::textin(name), &number, &refnr) == 0) return std::nullopt;
-    return number;
+  // ---- options; nothing for a key that is none or a type that does not fit
+  std::optional<std::int32_t> find(std::string_view name) const { return found(number(name), 0); }
+  range<option> all() const { return numbered<option>(optcount(fhandle), readoption); }
+  std::optional<option> describe(key which) const {
+    option result = readoption(fhandle, 0, number(which));
+    return result.type >= 0 ? std::optional(std::move(result)) : std::nullopt;
   }
-  std::optional<option> describe(std::int32_t number) const {
-    option result{};
-    std::int32_t datatype = 0;
-    if (optgetinfonr(fhandle, number, &result.defined, &result.recent, &result.refnr, &datatype, &result.type,
-                     &result.subtype) == 0)
-      return std::nullopt;
-    detail::textout name;
-    detail::textout help;
-    optgethelpnr(fhandle, number, name, help);
-    optgetopthelpnr(fhandle, number, name, &result.helpflag, &result.group);
-    result.number = number;
-    result.name = name.text();
-    result.help = help.text();
-    return result;
-  }
-  auto all() const {
-    return detail::range(optcount(fhandle), [this](std::int32_t number) { return *describe(number); });
-  }
-  auto enumvalues(std::int32_t number) const {
-    std::int32_t count = 0;
-    if (optgetenumcount(fhandle, number, &count) == 0) count = 0;
-    return detail::range(count, [handle = fhandle, number](std::int32_t item) {
-      detail::textout text;
-      detail::textout help;
-      enumvalue result{};
-      optgetenumvalue(handle, number, item, &result.integer, text);
-      optgetenumhelp(handle, number, item, &result.helpflag, help);
-      result.text = text.text();
-      result.help = help.text();
-      return result;
-    });
-  }
-  std::optional<bounds<std::int32_t>> integerbounds(std::int32_t number) const {
+  std::optional<bounds<std::int32_t>> integerbounds(key which) const {
     bounds<std::int32_t> result{};
-    if (optgetboundsint(fhandle, number, &result.low, &result.high, &result.defaultvalue) == 0)
-      return std::nullopt;
-    return result;
+    const auto ok = optgetboundsint(fhandle, number(which), &result.low, &result.high, &result.defaultvalue);
+    return ok != 0 ? std::optional(result) : std::nullopt;
   }
-  std::optional<bounds<double>> realbounds(std::int32_t number) const {
+  std::optional<bounds<double>> realbounds(key which) const {
     bounds<double> result{};
-    if (optgetboundsdbl(fhandle, number, &result.low, &result.high, &result.defaultvalue) == 0)
-      return std::nullopt;
+    const auto ok = optgetboundsdbl(fhandle, number(which), &result.low, &result.high, &result.defaultvalue);
+    return ok != 0 ? std::optional(result) : std::nullopt;
+  }
+  std::optional<std::string> defaulttext(key which) const { return text(optgetdefaultstr, which); }
+  range<enumvalue> enumvalues(key which) const {
+    const std::int32_t outer = number(which);
+    std::int32_t count = 0;
+    if (optgetenumcount(fhandle, outer, &count) == 0) count = 0;
+    return numbered<enumvalue>(count, readenumvalue, outer);
+  }
+  // The number of the item that an enumstr option has as its first value; nothing when it is none of the
+  // items.
+  std::optional<std::int32_t> enumitem(key which) const {
+    detail::textout text;
+    std::int32_t item = 0;
+    return optgetenumstrnr(fhandle, number(which), text, &item) != 0 ? found(item, 0) : std::nullopt;
+  }
+  bool setrefnr(key which, std::int32_t refnr) { return optsetrefnr(fhandle, number(which), refnr) != 0; }
+  range<synonym> synonyms() const { return numbered<synonym>(optsynonymcount(fhandle), readsynonym); }
+  range<group> groups() const { return numbered<group>(optgroupcount(fhandle), readgroup); }
+  // The group with a group number, as option::group holds it.
+  std::optional<group> findgroup(std::int32_t groupnumber) const {
+    const std::int32_t position = optgetgroupgrpnr(fhandle, groupnumber);
+    return position > 0 ? std::optional(readgroup(fhandle, 0, position)) : std::nullopt;
+  }
+
+  // ---- values; nothing for a key that is none or a type that does not fit
+  std::optional<std::int32_t> integer(key which) const { return value<std::int32_t>(optgetintnr, which); }
+  std::optional<std::int32_t> integer2(key which) const { return value<std::int32_t>(optgetint2nr, which); }
+  std::optional<double> real(key which) const { return value<double>(optgetdblnr, which); }
+  std::optional<double> real2(key which) const { return value<double>(optgetdbl2nr, which); }
+  std::optional<std::string> text(key which) const { return text(optgetstrnr, which); }
+  std::optional<std::string> text2(key which) const { return text(optgetstr2nr, which); }
+
+  // True when the value was taken without an error message. The kind of the argument is that of the option:
+  // an integer or unscoped enumerator, a floating-point number, or a text, which every option takes.
+  template <class tinteger, class = std::enable_if_t<
+                                (std::is_integral_v<tinteger> ||
+                                 std::is_enum_v<tinteger>)&&std::is_convertible_v<tinteger, std::int64_t>>>
+  bool set(key which, tinteger value) {
+    return optsetintnr(fhandle, number(which), detail::int32(value)) != 0;
+  }
+  bool set(key which, double value) { return optsetdblnr(fhandle, number(which), value) != 0; }
+  bool set(key which, std::string_view value) {
+    return optsetstrnr(fhandle, number(which), detail::textin(value)) != 0;
+  }
+  template <class tinteger, class = std::enable_if_t<
+                                (std::is_integral_v<tinteger> ||
+                                 std::is_enum_v<tinteger>)&&std::is_convertible_v<tinteger, std::int64_t>>>
+  bool set2(key which, tinteger value) {
+    return optsetint2nr(fhandle, number(which), detail::int32(value)) != 0;
+  }
+  bool set2(key which, double value) { return optsetdbl2nr(fhandle, number(which), value) != 0; }
+  bool set2(key which, std::string_view value) {
+    return optsetstr2nr(fhandle, number(which), detail::textin(value)) != 0;
+  }
+  bool reset(key which) { return optresetnr(fhandle, number(which)) != 0; }
+  void resetall() { optresetall(fhandle); }
+  void resetallrecent() { optresetallrecent(fhandle); }
+
+  // The texts of a string list as they are now; empty for a name that is none.
+  std::vector<std::string> list(std::string_view name) const {
+    const detail::textin key(name);
+    detail::textout text;
+    std::vector<std::string> result;
+    for (std::int32_t index = 1; optreadfromliststr(fhandle, key, index, text) == 1; ++index)
+      result.push_back(text.str());
     return result;
   }
-  auto synonyms() const {
-    return detail::range(optsynonymcount(fhandle), [handle = fhandle](std::int32_t number) {
-      detail::textout name;
-      detail::textout target;
-      optgetsynonym(handle, number, name, target);
-      return synonym{name.text(), target.text()};
-    });
-  }
-  auto groups() const {
-    return detail::range(optgroupcount(fhandle), [handle = fhandle](std::int32_t position) {
-      detail::textout name;
-      detail::textout help;
-      group result{};
-      optgetgroupnr(handle, position, name, &result.number, &result.helpflag, help);
-      result.name = name.text();
-      result.help = help.text();
-      return result;
-    });
-  }
-
-  // ---- values; nothing for a name, number or type that does not fit
-  std::optional<std::int32_t> integer(std::int32_t number) const {
-    std::int32_t value = 0;
-    return optgetintnr(fhandle, number, &value) != 0 ? std::optional(value) : std::nullopt;
-  }
-  std::optional<std::int32_t> integer2(std::int32_t number) const {
-    std::int32_t value = 0;
-    return optgetint2nr(fhandle, number, &value) != 0 ? std::optional(value) : std::nullopt;
-  }
-  std::optional<double> real(std::int32_t number) const {
-    double value = 0.0;
-    return optgetdblnr(fhandle, number, &value) != 0 ? std::optional(value) : std::nullopt;
-  }
-  std::optional<double> real2(std::int32_t number) const {
-    double value = 0.0;
-    return optgetdbl2nr(fhandle, number, &value) != 0 ? std::optional(value) : std::nullopt;
-  }
-  std::optional<std::string> text(std::int32_t number) const {
-    detail::textout value;
-    return optgetstrnr(fhandle, number, value) != 0 ? std::optional(value.text()) : std::nullopt;
-  }
-  std::optional<std::string> text2(std::int32_t number) const {
-    detail::textout value;
-    return optgetstr2nr(fhandle, number, value) != 0 ? std::optional(value.text()) : std::nullopt;
-  }
-  std::optional<std::int32_t> integer(std::string_view name) const { return integer(find(name).value_or(0)); }
-  std::optional<double> real(std::string_view name) const { return real(find(name).value_or(0)); }
-  std::optional<std::string> text(std::string_view name) const { return text(find(name).value_or(0)); }
-
-  // True when the value was taken without an error message.
-  bool set(std::int32_t number, std::int32_t value) { return optsetintnr(fhandle, number, value) != 0; }
-  bool set(std::int32_t number, double value) { return optsetdblnr(fhandle, number, value) != 0; }
-  bool set(std::int32_t number, std::string_view value) {
-    return optsetstrnr(fhandle, number, detail::textin(value)) != 0;
-  }
-  bool set2(std::int32_t number, std::int32_t value) { return optsetint2nr(fhandle, number, value) != 0; }
-  bool set2(std::int32_t number, double value) { return optsetdbl2nr(fhandle, number, value) != 0; }
-  bool set2(std::int32_t number, std::string_view value) {
-    return optsetstr2nr(fhandle, number, detail::textin(value)) != 0;
-  }
-  bool reset(std::int32_t number) { return optresetnr(fhandle, number) != 0; }
-  void resetall() { optresetall(fhandle); }
-
-  // The texts of a string list; empty for a name that is none. Taking one removes it.
-  auto list(std::string_view name) const {
-    const std::int32_t count = optlistcountstr(fhandle, detail::textin(name));
-    return detail::range(count > 0 ? count : 0,
-                         [handle = fhandle, name = std::string(name)](std::int32_t index) {
-                           detail::textout text;
-                           optreadfromliststr(handle, detail::textin(name), index, text);
-                           return text.text();
-                         });
-  }
+  // The first text of a list, taken out of it.
   std::optional<std::string> takefromlist(std::string_view name) {
     detail::textout text;
     if (optgetfromliststr(fhandle, detail::textin(name), text) != 1) return std::nullopt;
-    return text.text();
+    return text.str();
+  }
+  // The same for the first list that has one: among the options whose name begins with "--", or among the
+  // others.
+  std::optional<listtext> takefromanylist(bool dashed) {
+    detail::textout name;
+    detail::textout text;
+    if (optgetfromanystrlist(fhandle, dashed ? 1 : 0, name, text) != 1) return std::nullopt;
+    return listtext{name.str(), text.str()};
   }
 
   // ---- dot entries and indicators
-  auto dotentries() const {
+  range<dotentry> dotentries() const {
     std::int32_t rejected = 0;
-    return detail::range(optdotoptcount(fhandle, &rejected), [handle = fhandle](std::int32_t number) {
-      detail::textout symbol;
-      dotentry result{};
-      optgetdotoptnr(handle, number, symbol, &result.option, &result.dimensions, &result.value);
-      result.number = number;
-      result.symbol = symbol.text();
-      return result;
-    });
+    return numbered<dotentry>(optdotoptcount(fhandle, &rejected), readdotentry);
   }
-  auto indices(const dotentry& entry) const {
-    return detail::range(entry.dimensions, [handle = fhandle, number = entry.number](std::int32_t dimension) {
-      detail::textout text;
-      optgetdotoptuel(handle, number, dimension, text);
-      return text.text();
-    });
+  range<std::string> indices(const dotentry& entry) const {
+    return numbered<std::string>(entry.dimensions, readtext<optgetdotoptuel>, entry.number);
   }
-  auto indicators() const {
+  range<indicator> indicators() const {
     std::int32_t rejected = 0;
-    return detail::range(optindicatorcount(fhandle, &rejected), [handle = fhandle](std::int32_t number) {
-      detail::textout equation;
-      detail::textout variable;
-      indicator result{};
-      std::int32_t value = 0;
-      optgetindicatornr(handle, number, equation, variable, &result.equationdimensions,
-                        &result.variabledimensions, &value);
-      result.number = number;
-      result.equation = equation.text();
-      result.variable = variable.text();
-      result.value = value != 0;
-      return result;
-    });
+    return numbered<indicator>(optindicatorcount(fhandle, &rejected), readindicator);
   }
-  auto equationelements(const indicator& item) const {
-    return detail::range(item.equationdimensions,
-                         [handle = fhandle, number = item.number](std::int32_t dimension) {
-                           detail::textout text;
-                           optgetequindicatornr(handle, number, dimension, text);
-                           return text.text();
-                         });
+  range<std::string> equationelements(const indicator& item) const {
+    return numbered<std::string>(item.equationdimensions, readtext<optgetequindicatornr>, item.number);
   }
-  auto variableelements(const indicator& item) const {
-    return detail::range(item.variabledimensions,
-                         [handle = fhandle, number = item.number](std::int32_t dimension) {
-                           detail::textout text;
-                           optgetvarindicatornr(handle, number, dimension, text);
-                           return text.text();
-                         });
+  range<std::string> variableelements(const indicator& item) const {
+    return numbered<std::string>(item.variabledimensions, readtext<optgetvarindicatornr>, item.number);
+  }
+  // How many were read and discarded because their line had an error.
+  std::int32_t rejecteddotentries() const {
+    std::int32_t rejected = 0;
+    optdotoptcount(fhandle, &rejected);
+    return rejected;
+  }
+  std::int32_t rejectedindicators() const {
+    std::int32_t rejected = 0;
+    optindicatorcount(fhandle, &rejected);
+    return rejected;
+  }
+
+  // ---- names; nothing for a code that does not exist
+  std::optional<std::string> constantname(std::int32_t constants, std::int32_t code) const {
+    detail::textout text;
+    return optgetconstname(fhandle, constants, code, text) != 0 ? std::optional(text.str()) : std::nullopt;
+  }
+  std::optional<std::string> typekeyword(std::int32_t type) const {
+    detail::textout text;
+    return optgettypename(fhandle, type, text) != 0 ? std::optional(text.str()) : std::nullopt;
+  }
+  std::string definitionfile() const {
+    detail::textout text;
+    optdefinitionfile(fhandle, text);
+    return text.str();
+  }
+  std::string version() const {
+    detail::textout text;
+    optversion(fhandle, text);
+    return text.str();
   }
 
   // ---- switches
   void setecho(bool on) { optechoset(fhandle, on ? 1 : 0); }
   void setnobounds(bool on) { optnoboundsset(fhandle, on ? 1 : 0); }
   void setrecentenabled(bool on) { optrecentenabledset(fhandle, on ? 1 : 0); }
+  bool recentenabled() const { return optrecentenabled(fhandle) != 0; }
   // Returns the previous setting.
   bool seteolonly(bool on) { return opteolonlyset(fhandle, on ? 1 : 0) != 0; }
 
  private:
+  std::int32_t number(key which) const { return which.number(fhandle); }
+
+  static std::optional<std::int32_t> found(std::int32_t number, std::int32_t none) {
+    return number != none ? std::optional(number) : std::nullopt;
+  }
+
+  template <class tvalue>
+  std::optional<tvalue> value(std::int32_t (*getter)(tvksoptions*, std::int32_t, tvalue*), key which) const {
+    tvalue result{};
+    return getter(fhandle, number(which), &result) != 0 ? std::optional(result) : std::nullopt;
+  }
+  std::optional<std::string> text(std::int32_t (*getter)(tvksoptions*, std::int32_t, optshortstring*),
+                                  key which) const {
+    detail::textout result;
+    return getter(fhandle, number(which), result) != 0 ? std::optional(result.str()) : std::nullopt;
+  }
+
+  // ---- elements of ranges
+  template <class telement>
+  range<telement> numbered(std::int32_t count, telement (*reader)(tvksoptions*, std::int32_t, std::int32_t),
+                           std::int32_t outer = 0) const {
+    return range<telement>(count, detail::source<telement>{fhandle, reader, outer});
+  }
+
+  static message readmessage(tvksoptions* handle, std::int32_t, std::int32_t number) {
+    detail::textout text;
+    message result{};
+    optgetmessage(handle, number, text, &result.kind);
+    result.text = text.str();
+    return result;
+  }
+  static synonym readsynonym(tvksoptions* handle, std::int32_t, std::int32_t number) {
+    detail::textout name;
+    detail::textout target;
+    optgetsynonym(handle, number, name, target);
+    return synonym{name.str(), target.str()};
+  }
+  static option readoption(tvksoptions* handle, std::int32_t, std::int32_t number) {
+    option result{};
+    detail::textout name;
+    detail::textout blankname;  // in lookup mode Minos not the one that is looked up
+    detail::textout help;
+    optgetinfonr(handle, number, &result.defined, &result.recent, &result.refnr, &result.datatype,
+                 &result.type, &result.subtype);
+    optgethelpnr(handle, number, name, help);
+    optgetopthelpnr(handle, number, blankname, &result.helpflag, &result.group);
+    result.number = number;
+    result.name = name.str();
+    result.help = help.str();
+    return result;
+  }
+  static enumvalue readenumvalue(tvksoptions* handle, std::int32_t outer, std::int32_t item) {
+    detail::textout text;
+    detail::textout help;
+    enumvalue result{};
+    optgetenumvalue(handle, outer, item, &result.integer, text);
+    optgetenumhelp(handle, outer, item, &result.helpflag, help);
+    result.text = text.str();
+    result.help = help.str();
+    return result;
+  }
+  static group readgroup(tvksoptions* handle, std::int32_t, std::int32_t position) {
+    detail::textout name;
+    detail::textout help;
+    group result{};
+    optgetgroupnr(handle, position, name, &result.number, &result.helpflag, help);
+    result.name = name.str();
+    result.help = help.str();
+    return result;
+  }
+  static dotentry readdotentry(tvksoptions* handle, std::int32_t, std::int32_t number) {
+    detail::textout symbol;
+    dotentry result{};
+    optgetdotoptnr(handle, number, symbol, &result.option, &result.dimensions, &result.value);
+    result.number = number;
+    result.symbol = symbol.str();
+    return result;
+  }
+  static indicator readindicator(tvksoptions* handle, std::int32_t, std::int32_t number) {
+    detail::textout equation;
+    detail::textout variable;
+    indicator result{};
+    std::int32_t value = 0;
+    optgetindicatornr(handle, number, equation, variable, &result.equationdimensions,
+                      &result.variabledimensions, &value);
+    result.number = number;
+    result.equation = equation.str();
+    result.variable = variable.str();
+    result.value = value != 0;
+    return result;
+  }
+  template <std::int32_t (*getter)(tvksoptions*, std::int32_t, std::int32_t, optshortstring*)>
+  static std::string readtext(tvksoptions* handle, std::int32_t outer, std::int32_t number) {
+    detail::textout text;
+    getter(handle, outer, number, text);
+    return text.str();
+  }
+
   tvksoptions* fhandle = nullptr;
 };
+
+// ---- the whole process
+
+inline std::string loadpath() {
+  detail::textout path;
+  optgetloadpath(path);
+  return path.str();
+}
+inline void setloadpath(std::string_view path) { optsetloadpath(detail::textin(path)); }
+
+// What is wrong with a declaration of one of the library's functions, see xcheck; nothing when all agrees.
+// The codes are that of the result and those of the arguments after the handle.
+inline std::optional<std::string> mismatch(std::string_view function,
+                                           std::initializer_list<std::int32_t> signature) {
+  detail::textout message;
+  const auto count = static_cast<std::int32_t>(signature.size()) - 1;
+  if (xcheck(detail::textin(function), count, signature.begin(), message) != 0) return std::nullopt;
+  return message.str();
+}
 
 }  // namespace wexcorin
 

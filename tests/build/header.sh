@@ -3,13 +3,17 @@
 set -eu
 include=$1 cc=$2 cxx=$3
 
+# Advice on classes, which clients may have switched on; only g++ knows it.
+classes=
+if "$cxx" --version | grep -q 'Free Software Foundation'; then classes=-Weffc++; fi
+
 status=0
-# compiles HEADER COMPILER LANGUAGE STANDARD
+# compiles HEADER COMPILER LANGUAGE STANDARD [WARNING]
 compiles() {
   # Twice, so that a missing include guard shows.
   if printf '#include <wexcorin/%s>\n#include <wexcorin/%s>\n' "$1" "$1" |
     "$2" -x "$3" -std="$4" -fsyntax-only -I "$include" \
-      -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wundef -Werror -; then
+      -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wundef ${5:+"$5"} -Werror -; then
     echo "$1 compiles alone as $4"
   else
     echo "wexcorin/$1 does not compile alone as $4: mend what the compiler says above."
@@ -19,8 +23,7 @@ compiles() {
 
 compiles wexcorin.h "$cc" c c99
 compiles wexcorin.h "$cc" c c11
-compiles wexcorin.h "$cxx" c++ c++17
-compiles wexcorin.h "$cxx" c++ c++20
-compiles wexcorin.hpp "$cxx" c++ c++17
-compiles wexcorin.hpp "$cxx" c++ c++20
+for standard in c++17 c++20; do
+  for header in wexcorin.h range.hpp wexcorin.hpp; do compiles "$header" "$cxx" c++ "$standard" "$classes"; done
+done
 exit "$status"

@@ -1,6 +1,13 @@
 // The C++ header: ownership, optional results, ranges and errors.
 #include "wexcorin/wexcorin.hpp"
 
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <iterator>
+#include <limits>
+#include <ranges>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -22,12 +29,18 @@ most synonym limit
 )";
 
 template <class trange, class tshow>
-std::string shown(const trange& range, tshow show) {
+std::string shown(trange&& range, tshow show) {
   std::string text;
   for (const auto& element : range) text += (text.empty() ? "" : " ") + show(element);
   return text;
 }
 const auto itself = [](const std::string& text) { return text; };
+const auto nameof = [](const wexcorin::option& option) { return option.name; };
+
+using toptionrange = wexcorin::range<wexcorin::option>;
+static_assert(std::ranges::random_access_range<toptionrange> && std::ranges::sized_range<toptionrange>);
+static_assert(std::ranges::view<toptionrange> && std::ranges::borrowed_range<toptionrange>);
+static_assert(std::ranges::common_range<toptionrange>);
 
 TEST(wrapper, values_and_ranges) {
   const testsupport::ttempdir directory;
@@ -65,9 +78,12 @@ TEST(wrapper, values_and_ranges) {
   EXPECT_EQ(
       shown(options.synonyms(), [](const auto& synonym) { return synonym.name + ">" + synonym.option; }),
       "most>limit");
+  EXPECT_EQ(options.findgroup(3)->name, "main");
+  EXPECT_FALSE(options.findgroup(1));
   EXPECT_EQ(shown(options.list("notes"), itself), "one two words");
   EXPECT_EQ(options.takefromlist("notes"), "one");
-  EXPECT_EQ(options.list("notes").size(), 1U);
+  EXPECT_EQ(options.takefromanylist(false)->option, "notes");
+  EXPECT_EQ(options.takefromanylist(false).has_value(), false);
   for (const wexcorin::dotentry& entry : options.dotentries()) {
     EXPECT_EQ(entry.symbol + std::to_string(entry.option), "v6");
     EXPECT_EQ(entry.value, 2.0);
@@ -84,9 +100,55 @@ TEST(wrapper, values_and_ranges) {
   std::vector<std::string> texts;
   for (const wexcorin::message& message : options.messages()) texts.push_back(message.text);
   EXPECT_EQ(texts[1], "*** Value Error Double out of range for option \"tol\" saw \"2\"");
-  EXPECT_TRUE(options.set(4, "y"));
+}
+
+TEST(wrapper, sets_values_by_number_and_name_from_every_kind_of_argument) {
+  const testsupport::ttempdir directory;
+  wexcorin::options options(directory.write("def", definition));
+  enum { six = 6 };
+  EXPECT_TRUE(options.set(2, 1L) && options.set(2, 2U) && options.set(2, std::size_t{3}));
+  EXPECT_TRUE(options.set("limit", 4) && options.set(std::string("most"), short{5}) && options.set2(2, six));
+  EXPECT_EQ(options.integer("limit"), 5);
+  EXPECT_EQ(options.integer2("MOST"), 6);
   EXPECT_FALSE(options.set(2, 11));
-  EXPECT_TRUE(options.set2(2, 1));
+  EXPECT_FALSE(options.set("nosuch", 1));
+  EXPECT_THROW(options.set(2, std::numeric_limits<std::uint64_t>::max()), std::out_of_range);
+  EXPECT_THROW(options.set(2, -2147483649LL), std::out_of_range);
+  EXPECT_TRUE(options.set("tol", 0.25F) && options.set("word", "y"));
+  EXPECT_EQ(options.text("tol"), "0.25");
+  EXPECT_EQ(options.enumitem("word"), 2);
+  EXPECT_EQ(options.enumitem("limit"), std::nullopt);
+  EXPECT_TRUE(options.setrefnr("limit", 70));
+  EXPECT_EQ(options.describe("limit")->refnr, 70);
+  EXPECT_EQ(options.describe("limit")->datatype, optDataInteger);
+  options.read(std::string_view("v.prior(1) 101\nunread"));
+  EXPECT_EQ(options.dotentries().size(), 0U);
+  EXPECT_EQ(options.rejecteddotentries(), 1);
+}
+
+TEST(wrapper, ranges_are_views_that_survive_a_move) {
+  const testsupport::ttempdir directory;
+  wexcorin::options options(directory.write("def", definition));
+  const auto all = options.all();
+  const wexcorin::options moved = std::move(options);
+  EXPECT_EQ(std::ranges::count_if(all, [](const auto& option) { return option.group == 3; }), 5);
+#if !defined(__clang__) || __clang_major__ >= 16  // earlier ones cannot compile the views of libstdc++
+  auto grouped = all | std::views::filter([](const auto& option) { return option.group == 3; });
+  EXPECT_EQ(shown(grouped | std::views::take(2) | std::views::transform(nameof), itself), "limit tol");
+  EXPECT_EQ(shown(all | std::views::reverse | std::views::take(2), nameof), ".prior notes");
+#endif
+  const auto tol = std::ranges::find(moved.all(), "tol", nameof);  // outlives the range that it came from
+  EXPECT_EQ(tol->help + (tol - 1)->name + all[2].name, "A tolerancelimittol");
+  EXPECT_EQ(all.end() - all.begin(), 6);
+}
+
+TEST(wrapper, a_described_name_is_found_in_every_lookup_mode) {
+  const testsupport::ttempdir directory;
+  const wexcorin::options options(
+      directory.write("def", "Minos lookup\nfeas_tolerance double 1 0 0 1 1 1\n"));
+  ASSERT_EQ(options.errorcount().errors, 0);
+  EXPECT_EQ(options.describe(2)->name, "feas_tolerance");
+  EXPECT_EQ(options.find(options.describe(2)->name), 2);
 }
 
 TEST(wrapper, owns_its_handle_and_throws_what_callers_expect) {
@@ -100,6 +162,17 @@ TEST(wrapper, owns_its_handle_and_throws_what_callers_expect) {
   EXPECT_EQ(first.messages().size(), 1U);
   EXPECT_THROW(first.addmessage(std::string(256, 'x')), std::length_error);
   EXPECT_THROW(wexcorin::options("/no/such/file"), std::system_error);
+  first.read("--any text");
+  EXPECT_EQ(first.takefromanylist(true)->text, "text");
+  first.read("--any text");
+  EXPECT_EQ(first.writeparameterfile("/dev/full"), EIO);
+  EXPECT_EQ(first.writeparameterfile("/dev/null"), 0);
+  EXPECT_EQ(first.writeparameterfile("/no/such/file"), ENOENT);
+  wexcorin::setloadpath("path");
+  EXPECT_EQ(wexcorin::loadpath(), "path");
+  wexcorin::setloadpath("");
+  EXPECT_EQ(wexcorin::mismatch("optCount", {3}), std::nullopt);
+  EXPECT_THAT(wexcorin::mismatch("optCount", {3, 3}).value_or(""), testing::HasSubstr("optCount"));
 }
 
 }  // namespace
