@@ -122,7 +122,7 @@ enum {
   optMsgHelp = 1,         /* nothing: a line of optshowhelp */
   optMsgDefineError = 2,  /* "*** Definition Error ": the definition file; an error */
   optMsgValueError = 3,   /* "*** Value Error ": a value was refused; an error */
-  optMsgValueWarning = 4, /* "*** Warning ": a value was taken although out of bounds; a warning */
+  optMsgValueWarning = 4, /* "*** Warning ": a value out of bounds was taken, see optnoboundsset; a warning */
   optMsgDeprecated = 5,   /* "*** Warning ": a deprecated or obsolete name was used; a warning */
   optMsgFileEnter = 6,    /* "Reading parameter(s) from ", the name in double quotes */
   optMsgFileLeave = 7,    /* "Finished reading from ", the name in double quotes */
@@ -178,16 +178,16 @@ WEXCORIN_API int32_t optreaddefinition(tvksoptions* handle, const optshortstring
 WEXCORIN_API int32_t coptreaddefinition(tvksoptions* handle, const char* filename);
 
 /* Reads an option file: sets options, collects dot entries and indicators, acts on immediate options. An
- * immediate option may read further files, up to nine deep and 10,000 in all, this one counted. The result is 0 when the
- * file could be opened, and otherwise the operating system's error code, with two messages of kind
+ * immediate option may read further files, up to nine deep and 10,000 in all, this one counted. The result is
+ * 0 when the file could be opened, and otherwise the operating system's error code, with two messages of kind
  * optMsgUserError. Messages from within carry "line " and the line's number, between a note of kind
  * optMsgFileEnter and one of optMsgFileLeave with the file's name; a file without any message leaves no
  * notes. */
 WEXCORIN_API int32_t optreadparameterfile(tvksoptions* handle, const optshortstring* filename);
 WEXCORIN_API int32_t coptreadparameterfile(tvksoptions* handle, const char* filename);
 
-/* Reads one line of option text; see opteolonlyset for how many statements it may hold. The notes name it
- * "string". */
+/* Reads one line of option text; a line feed in it ends it. See opteolonlyset for how many statements it may
+ * hold. The notes name it "string". */
 WEXCORIN_API void optreadfromstr(tvksoptions* handle, const optshortstring* text);
 WEXCORIN_API void coptreadfromstr(tvksoptions* handle, const char* text);
 
@@ -270,7 +270,8 @@ WEXCORIN_API int32_t optresetnr(tvksoptions* handle, int32_t number);
  * Lookup
  *
  * Names are compared without regard to case, as much of them as the definition's lookup mode asks for. A
- * synonym is always compared whole.
+ * synonym is always compared whole. In lookup mode Minos the form with blanks that optgetnamenr gives is not
+ * found; the one that optgethelpnr gives is.
  */
 
 /* Finds an option by name or synonym: its number and its reference number. ok; on failure both are -1. */
@@ -292,8 +293,8 @@ WEXCORIN_API int32_t coptlookup(tvksoptions* handle, const char* name);
  * value. A refused value leaves the option as it was; a multilist or macro option may have assigned the words
  * or members before the one that was refused. Once the list of messages is full (see optgetmessage) a refusal
  * can no longer be told from the result. With tolerance of bounds on (optnoboundsset) the value
- * is taken, the message is a warning and the result 1. The functions with a 2 in the name are for the second
- * value, and ok only for sub-type optsub2Values.
+ * is taken, the message is a warning and the result 1; but see optnoboundsset for enumstr. The functions with
+ * a 2 in the name are for the second value, and ok only for sub-type optsub2Values.
  */
 
 /* The option's name and first value. In lookup mode Minos the name's underscores come as blanks. svalue is
@@ -346,7 +347,9 @@ WEXCORIN_API int32_t coptgetstr2nr(tvksoptions* handle, int32_t number, char* sv
 
 /* Sets any option from text, as a line of an option file does: converts it, appends it to a strlist, hands
  * it on for a multilist or macro; nothing happens for an immediate option, and an option of sub-type
- * optsubNoValue only becomes defined. A text with a double quote in it is refused. */
+ * optsubNoValue only becomes defined. Of an option with two values only the first is set, and the text is one
+ * value. A text with a double quote in it is refused (not so with optsubNoValue, whose text is not looked
+ * at). */
 WEXCORIN_API int32_t optsetstrnr(tvksoptions* handle, int32_t number, const optshortstring* svalue);
 WEXCORIN_API int32_t coptsetstrnr(tvksoptions* handle, int32_t number, const char* svalue);
 
@@ -381,7 +384,8 @@ WEXCORIN_API int32_t optgetinfonr(tvksoptions* handle, int32_t number, int32_t* 
 /* The defined bits. On failure 0. */
 WEXCORIN_API int32_t optgetdefinednr(tvksoptions* handle, int32_t number, int32_t* defined);
 
-/* The option's name; in lookup mode Minos with blanks for underscores. On failure empty. */
+/* The option's name; in lookup mode Minos with blanks for underscores, which optfindstr does not find: look
+ * up what optgethelpnr gives. On failure empty. */
 WEXCORIN_API int32_t optgetnamenr(tvksoptions* handle, int32_t number, optshortstring* name);
 WEXCORIN_API int32_t coptgetnamenr(tvksoptions* handle, int32_t number, char* name);
 
@@ -426,8 +430,9 @@ WEXCORIN_API int32_t optgetenumvalue(tvksoptions* handle, int32_t number, int32_
 WEXCORIN_API int32_t coptgetenumvalue(tvksoptions* handle, int32_t number, int32_t item, int32_t* ivalue,
                                       char* svalue);
 
-/* The first value of an enumstr option and its item number, 0 when it is none of the items; other types
- * fail. On failure empty and -1. */
+/* The first value of an enumstr option and its item number, 0 when it is none of the items: svalue is then
+ * empty when the value was set (see optnoboundsset), or the default that the definition left out of its list.
+ * Other types fail. On failure empty and -1. */
 WEXCORIN_API int32_t optgetenumstrnr(tvksoptions* handle, int32_t number, optshortstring* svalue,
                                      int32_t* item);
 WEXCORIN_API int32_t coptgetenumstrnr(tvksoptions* handle, int32_t number, char* svalue, int32_t* item);
@@ -460,7 +465,8 @@ WEXCORIN_API int32_t coptgetconstname(tvksoptions* handle, int32_t group, int32_
 WEXCORIN_API int32_t optgettypename(tvksoptions* handle, int32_t opttype, optshortstring* name);
 WEXCORIN_API int32_t coptgettypename(tvksoptions* handle, int32_t opttype, char* name);
 
-/* The name of the definition file without its directories; empty before one was read. */
+/* The name, without its directories, of the file last given to optreaddefinition, whether it could be opened
+ * or not; empty before. */
 WEXCORIN_API void optdefinitionfile(tvksoptions* handle, optshortstring* filename);
 WEXCORIN_API void coptdefinitionfile(tvksoptions* handle, char* filename);
 
@@ -521,7 +527,8 @@ WEXCORIN_API int32_t coptgetfromanystrlist(tvksoptions* handle, int32_t dashed, 
  */
 
 /* Dot entry number number: the symbol's name, the number of the dot option, how many index elements it has
- * (0 to 20, unless the list of messages was full when the entry was read) and its value. On failure empty, 0, 0, 0. */
+ * (0 to 20, unless the list of messages was full when the entry was read) and its value. On failure empty, 0,
+ * 0, 0. */
 WEXCORIN_API int32_t optgetdotoptnr(tvksoptions* handle, int32_t number, optshortstring* name,
                                     int32_t* option, int32_t* dimensions, double* value);
 WEXCORIN_API int32_t coptgetdotoptnr(tvksoptions* handle, int32_t number, char* name, int32_t* option,
@@ -562,14 +569,16 @@ WEXCORIN_API int32_t coptgetvarindicatornr(tvksoptions* handle, int32_t number, 
 WEXCORIN_API void optechoset(tvksoptions* handle, int32_t flag);
 
 /* Whether values out of bounds, and values that are none of an enumeration's, are taken with a warning.
- * Off at first. An immediate option in option text switches it too. */
+ * A word that is none of an enumstr's items is not kept: the option is then set to the empty text. Off at
+ * first. An immediate option in option text switches it too. */
 WEXCORIN_API void optnoboundsset(tvksoptions* handle, int32_t flag);
 
 /* Whether setting a value sets its recent bit. On at first. */
 WEXCORIN_API void optrecentenabledset(tvksoptions* handle, int32_t flag);
 
 /* End-of-line mode of the readers: on, a line holds one statement and a value is the rest of the line;
- * off, a line may hold several, and a value is one word. On at first. The result is the previous value. */
+ * off, a line may hold several, and a value is one word. On at first. The result is the previous value, 1
+ * or 0. */
 WEXCORIN_API int32_t opteolonlyset(tvksoptions* handle, int32_t flag);
 
 /* The recent flag, 1 or 0. */
@@ -611,18 +620,21 @@ WEXCORIN_API void coptsetloadpath(const char* path);
  */
 
 /* Compares the interface version that the client was written for, WEXCORIN_INTERFACE_VERSION of its header,
- * with that of the library. The result is 1 when the two get along and 0 when they do not; *compat tells how:
- * 0 not at all, 1 the same version, 2 an older client, 3 a newer client. message says it in words. */
+ * with that of the library. The result is 1 for every version from 1 on, a newer client included, and 0 below
+ * 1; *compat tells more: 0 not at all, 1 the same version, 2 an older client, 3 a newer client: functions
+ * that it knows may be missing. message says it in words. */
 WEXCORIN_API int32_t xapiversion(int32_t version, optshortstring* message, int32_t* compat);
 WEXCORIN_API int32_t cxapiversion(int32_t version, char* message, int32_t* compat);
 
 /* Compares the client's declaration of one function with the library's. name is the function's name in mixed
  * case, such as optGetNameNr; count the number of its arguments after the handle; signature holds count + 1
- * codes, that of the result first: 0 no result, 3 integer, 4 integer output, 10 zero-terminated text, 11 short
- * string, 12 short string output, 13 double, 14 double output. The codes are those of the optxxx form. The
- * result is 1 when all agree, with an empty message, and 0 otherwise; message then names the first thing that
- * differs: the name, the number of arguments, or every differing argument by its number, the result being 0.
- * Of the codes no more than count + 1 are read, and none when the count differs. */
+ * codes, that of the result first: 0 no result, 3 integer, 4 integer output, 10 zero-terminated text, 11
+ * short string, 12 short string output, 13 double, 14 double output. The codes are those of the optxxx form.
+ * Known are the functions that take a handle, other than xfree, by their optXxx names; for a coptxxx function
+ * check the optXxx name. The result is 1 when all agree, with an empty message, and 0 otherwise; message then
+ * names the first thing that differs: the name, the number of arguments (first the library's, then the
+ * client's), or every differing argument by its number, the result being 0. Of the codes no more than count +
+ * 1 are read, and none when the name is unknown or the count differs: signature may then be null. */
 WEXCORIN_API int32_t xcheck(const optshortstring* name, int32_t count, const int32_t* signature,
                             optshortstring* message);
 WEXCORIN_API int32_t cxcheck(const char* name, int32_t count, const int32_t* signature, char* message);
