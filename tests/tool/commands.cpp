@@ -137,6 +137,11 @@ TEST(doc, forms) {
     const auto full = tool.run({"doc", form, "solver.def", "-o", "/dev/full"});
     EXPECT_EQ(full.err, "/dev/full: error: cannot write the file: No space left on device\n");
     EXPECT_EQ(full.code, 2);
+    const auto directory = tool.run({"doc", form, "solver.def", "-o", "."});
+    EXPECT_EQ(directory.err, ".: error: cannot write the file: Is a directory\n");
+    EXPECT_EQ(directory.code, 2);
+    EXPECT_EQ(tool.run({"doc", form, "none.def", "-o", "new"}).code, 2);
+    EXPECT_EQ(tool.contents("new"), tostdout.out);  // what was there stays
   }
 }
 

@@ -102,19 +102,79 @@ TEST(definitionwriter, reading_and_writing_again_changes_nothing_but_help) {
             "Help immediate.OPT Help 0 0 \nHelp immediate Help 0 0 \n" + first.substr(first.find('\n') + 1));
 }
 
-TEST(definitionwriter, packs_members_into_lines_of_80_characters) {
-  std::string definition;
-  std::string members;
-  for (int i = 10; i < 20; ++i) {
-    const std::string name =
-        "option_" + std::to_string(i);  // ten of them and a blank each make 100 characters
-    definition += name + " boolean 1 0 1 1\n";
-    members += " " + name;
+TEST(definitionwriter, breaks_a_line_where_a_name_would_pass_80_characters) {
+  const auto name = [](std::size_t length, char letter) { return std::string(length, letter); };
+  const struct {
+    std::vector<std::string> names;
+    std::string lines;
+  } rows[] = {
+      {{name(39, 'a'), name(39, 'b')}, " " + name(39, 'a') + " " + name(39, 'b') + "\n"},
+      {{name(39, 'a'), name(40, 'b')}, " " + name(39, 'a') + "\n " + name(40, 'b') + "\n"},
+      {{name(79, 'a')}, " " + name(79, 'a') + "\n"},
+      {{name(80, 'a')}, "\n " + name(80, 'a') + "\n"},  // the line before it is empty then
+  };
+  for (const auto& [names, lines] : rows) {
+    std::string definition;
+    std::string members;
+    for (const std::string& member : names) {
+      definition += member + " boolean 1 0 1 1\n";
+      members += " " + member;
+    }
+    const std::string written = tloaded(definition + "list multilist 1 1 1 t\n" + members + "\n")
+                                    .written(&tvksoptionwriter::writedefinition);
+    EXPECT_EQ(written.substr(written.find("list")), "list multilist 1 1 1 t\n" + lines);
   }
-  const std::string written = tloaded(definition + "list multilist 1 1 1 t\n" + members + "\n")
-                                  .written(&tvksoptionwriter::writedefinition);
-  EXPECT_EQ(written.substr(written.find("list")),
-            "list multilist 1 1 1 t\n" + members.substr(0, 80) + "\n" + members.substr(80) + "\n");
+}
+
+// Extreme numbers are words where they are values of an integer, and plain where they are an enumint's default, a
+// help flag or a group; the HTML table has a word for the group.
+constexpr const char* extremes = R"(big integer 1 maxint minint maxint 1 1 t
+low integer 2 minint minint maxint maxint maxint t
+code enumint 3 maxint 1 1 t
+ maxint 1 most
+ minint 1 least
+tiny double.OPT 4 1e-20 0 1 1 1 t
+word enumstr.TWO 5 x 1 1 t
+ x 1 one
+.prior double 6 1 0 maxdouble 1 1 t
+bare enumint 7 1 1 1 t
+synu synonym nosuch
+)";
+
+TEST(definitionwriter, writes_extreme_numbers_subtypes_and_unknown_names) {
+  EXPECT_EQ(tloaded(extremes).written(&tvksoptionwriter::writedefinition), R"(Help immediate.OPT Help 0 0 
+big integer 1 maxint minint maxint 1 1 t
+low integer 2 minint minint maxint 2147483647 2147483647 t
+code enumint 3 2147483647  1 1 t
+ maxint 1 most
+ minint 1 least
+tiny double.OPT 4 1E-20 0 1 1 1 t
+word enumstr.TWO 5 x  1 1 t
+ x 1 one
+.prior double 6 1 0 maxdouble 1 1 t
+bare enumint 7 1  1 1 t
+synu synonym 
+)");
+}
+
+TEST(delphiwriter, breaks_lines_cuts_names_and_leaves_out_what_is_empty) {
+  const std::string head = "// file created by " + std::string(zqagetauditline()) + "\ntype\n";
+  EXPECT_EQ(tloaded("texts strlist 1 1 1\n").written(&tvksoptionwriter::writedelphiinc),
+            head + "\nconst\n\n");
+
+  const std::string name(254, 'n');  // with "pf" longer than a text can be: cut, and not padded any more
+  EXPECT_EQ(tloaded(name + " double 1 0 0 1 1 1\n").written(&tvksoptionwriter::writedelphiinc),
+            head + "\n   Tpfrealkeys = (\n       pf" + name.substr(0, 253) + ");\n\nconst\n\n" +
+                "   pfrealmap: array[Tpfrealkeys] of integer = (\n       2    );\n\n");
+
+  std::string definition;
+  for (int i = 2; i <= 12; ++i) definition += "d" + std::to_string(i) + " double 1 0 0 1 1 1\n";
+  const std::string written = tloaded(definition).written(&tvksoptionwriter::writedelphiinc);
+  EXPECT_EQ(written.substr(written.find("of integer = (")), R"(of integer = (
+       2        , 3        , 4        , 5        , 6        , 7        , 8        , 9        , 10       , 11  
+     , 12   );
+
+)");
 }
 
 TEST(delphiwriter, lists_names_and_numbers_by_kind_of_value) {
@@ -198,6 +258,17 @@ TEST(optiontable, has_a_row_for_every_option_and_item) {
   EXPECT_EQ(tloaded(everytype).written(&tvksoptionwriter::writeashtml), expected);
 }
 
+TEST(optiontable, has_words_for_groups_and_keeps_rows_open) {
+  const std::string written = tloaded(extremes).written(&tvksoptionwriter::writeashtml);
+  const std::string rows[] = {
+      row({"big", "integer", "1", "maxint", "minint", "maxint", "1", "1", "t"}),
+      row({"low", "integer", "2", "minint", "minint", "maxint", "maxint", "2147483647", "t"}),
+      row({"code", "enumint", "3", "2147483647", "", "", "1", "1", "t"}),
+      row({"bare", "enumint", "7", "1", "", "", "1", "1", "t"}) + "\n<tr>\n" + row({"synu", "synonym", ""}),
+  };
+  for (const std::string& part : rows) EXPECT_NE(written.find(part), std::string::npos) << part << written;
+}
+
 TEST(docwriters, tell_what_could_not_be_opened_or_written) {
   tloaded loaded(everytype);
   const tvksoptionwriter writer(*loaded);
@@ -224,6 +295,21 @@ std::string html(toperation operation) {
   return text.substr(begin.size(), text.size() - begin.size() - end.size());
 }
 
+TEST(htmlwr, upper_bytes_have_names) {
+  std::string bytes;
+  for (int byte = 160; byte < 256; ++byte) bytes += static_cast<char>(byte);
+  EXPECT_EQ(
+      html([&](thtmlwrite& page) { page.writehtmlstr(bytes); }),
+      "&nbsp;&iexcl;&cent;&pound;&curren;&yen;&brvbar;&sect;&uml;&copy;&ordf;&laquo;&not;&shy;&reg;&macr;"
+      "&deg;&plusmn;&sup2;&sup3;&acute;&micro;&para;&middot;&cedille;&sup1;&ordm;&raquo;&frac14;&frac12;"
+      "&frac34;&iquest;&Agrave;&Aacute;&Acirc;&Atilde;&Auml;&Aring;&AElig;&Ccedil;&Egrave;&Eacute;&Ecirc;"
+      "&Euml;&Igrave;&Iacute;&Icirc;&Iuml;&ETH;&Ntilde;&Ograve;&Oacute;&Ocirc;&Otilde;&Ouml;&times;"
+      "&Oslash;&Ugrave;&Uacute;&Ucirc;&Uuml;&Yacute;&THORN;&szlig;&agrave;&aacute;&acirc;&atilde;&auml;"
+      "&aring;&aelig;&ccedil;&egrave;&eacute;&ecirc;&euml;&igrave;&iacute;&icirc;&iuml;&eth;&ntilde;"
+      "&ograve;&oacute;&ocirc;&otilde;&ouml;&divide;&oslash;&ugrave;&uacute;&ucirc;&uuml;&yacute;&thorn;"
+      "&yuml;");
+}
+
 TEST(htmlwr, operations_write_their_markup) {
   using thtml = thtmlwrite;
   struct {
@@ -232,8 +318,7 @@ TEST(htmlwr, operations_write_their_markup) {
     const char* markup;
   } const rows[] = {
       {__LINE__, [](thtml& h) { h.writehtmlstr("a<b & \"c\">"); }, "a&lt;b &amp; \"c\"&gt;"},
-      {__LINE__, [](thtml& h) { h.writehtmlstr("\xA0\xA1\xB8\xFF\x9F"); },
-       "&nbsp;&iexcl;&cedille;&yuml;\x9F"},
+      {__LINE__, [](thtml& h) { h.writehtmlstr("\x9F"); }, "\x9F"},
       {__LINE__, [](thtml& h) { h.addtext("<"); }, "&lt; "},
       {__LINE__, [](thtml& h) { h.passhtml("<hr>"); }, "<hr>\n"},
       {__LINE__, [](thtml& h) { h.addbreak(); }, "<br>"},
@@ -244,6 +329,7 @@ TEST(htmlwr, operations_write_their_markup) {
       {__LINE__, [](thtml& h) { h.startrow(); }, "\n<tr>\n"},
       {__LINE__, [](thtml& h) { h.endrow(); }, "</tr>\n"},
       {__LINE__, [](thtml& h) { h.addcell("a<b & c"); }, "<td> a&lt;b &amp; c </td>\n"},
+      {__LINE__, [](thtml& h) { h.addcell(""); }, "<td>  </td>\n"},
       {__LINE__, [](thtml& h) { h.startcellaligned(thtml::talign::center); }, "<td align=Center>"},
       {__LINE__, [](thtml& h) { h.startcellcolor(255, 16, 0); }, "<td BGCOLOR=\"FF1000\">"},
       {__LINE__, [](thtml& h) { h.fgcolor(1, 2, 171); }, "<COLOR=\"0102AB\">"},

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "api/pchutil.h"
+#include "api/signatures.h"
 #include "api/units.h"
 #include "base/zqaaudit.h"
 #include "options/globals.h"
@@ -103,6 +104,9 @@ TEST(units, start_with_the_first_load_and_stop_after_the_exit_procedures) {
   EXPECT_EQ(charpath(), ':');
   EXPECT_EQ(zqagetauditline().substr(0, 10), "Option Lib");
 }
+
+// A function that is added to the interface has to be added to the check.
+TEST(library, every_function_with_a_handle_can_be_checked) { EXPECT_EQ(signatures().size(), 75U); }
 
 }  // namespace
 }  // namespace wexcorin
