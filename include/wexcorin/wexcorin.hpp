@@ -226,7 +226,7 @@ class options {
   }
 
   // ---- options; nothing for a key that is none or a type that does not fit
-  std::optional<std::int32_t> find(std::string_view name) const { return found(number(name), 0); }
+  std::optional<std::int32_t> find(std::string_view name) const { return found(number(name)); }
   range<option> all() const { return numbered<option>(optcount(fhandle), readoption); }
   std::optional<option> describe(key which) const {
     option result = readoption(fhandle, 0, number(which));
@@ -254,7 +254,7 @@ class options {
   std::optional<std::int32_t> enumitem(key which) const {
     detail::textout text;
     std::int32_t item = 0;
-    return optgetenumstrnr(fhandle, number(which), text, &item) != 0 ? found(item, 0) : std::nullopt;
+    return optgetenumstrnr(fhandle, number(which), text, &item) != 0 ? found(item) : std::nullopt;
   }
   bool setrefnr(key which, std::int32_t refnr) { return optsetrefnr(fhandle, number(which), refnr) != 0; }
   range<synonym> synonyms() const { return numbered<synonym>(optsynonymcount(fhandle), readsynonym); }
@@ -384,8 +384,8 @@ class options {
  private:
   std::int32_t number(key which) const { return which.number(fhandle); }
 
-  static std::optional<std::int32_t> found(std::int32_t number, std::int32_t none) {
-    return number != none ? std::optional(number) : std::nullopt;
+  static std::optional<std::int32_t> found(std::int32_t number) {
+    return number > 0 ? std::optional(number) : std::nullopt;
   }
 
   template <class tvalue>
