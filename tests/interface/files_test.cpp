@@ -1,0 +1,174 @@
+// Files of every shape: how lines end, what is no ordinary file, what changes while it is read, and definitions and
+// files that name themselves.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <thread>
+
+#include "interface/optiontext.h"
+
+namespace testsupport {
+namespace {
+
+using namespace std::string_literals;
+
+constexpr const char* options =
+    "a integer 1 0 0 9 1 1\nl strlist 2 1 1\nread immediate ReadFile 1 1\nmany multilist 3 1 1\n many a\n "
+    "l\n";
+
+struct trow {
+  int where;
+  std::string text;
+  std::string settings;
+  std::string told = "";
+};
+
+// A zero-terminated message ends at a NUL that it quotes.
+std::string nulmessage(const thandle& h) {
+  return h.form() == tform::shortstring ? "+OPT | E1 Option keyword expected, saw \"\0\" | -OPT"s
+                                        : "+OPT | E1 Option keyword expected, saw \" | -OPT";
+}
+
+TEST(files, lineends) {
+  const trow rows[] = {
+      {__LINE__, "", ""},
+      {__LINE__, "\n", ""},
+      {__LINE__, "\r", ""},
+      {__LINE__, "\r\n\r\n", ""},
+      {__LINE__, "a 1", "a=1"},
+      {__LINE__, "a 1\r", "a=1"},
+      {__LINE__, "a 1\r\nl x\r\nl y", "a=1 l=[x|y]"},
+      {__LINE__, "a 1\n\nl x\n", "a=1 l=[x]"},
+      {__LINE__, "l x\r\r\n", "l=[x\r]"},
+      {__LINE__, "\0 a 1\na 2"s, "a=2", "?"},
+      {__LINE__,
+       "\xEF\xBB\xBF"
+       "a 1\na 2",
+       "a=2", "+OPT | E1 Option keyword expected, saw \"\xEF\" | -OPT"},
+  };
+  foreachrow(__FILE__, rows, [](thandle& h, const trow& row) {
+    h.definition(options);
+    h.parameters(row.text);
+    EXPECT_EQ(told(h), row.told == "?" ? nulmessage(h) : row.told);
+    EXPECT_EQ(settings(h), row.settings);
+    // A definition file ends its lines in the same ways.
+    thandle other(h.form());
+    std::string definition(options);
+    for (std::size_t at = definition.find('\n'); at != std::string::npos; at = definition.find('\n', at + 2))
+      definition.replace(at, 1, "\r\n");
+    other.definition(definition.substr(0, definition.size() - 2));
+    EXPECT_EQ(other.dump(), (optresetall(h.get()), h.dump()));
+  });
+}
+
+// A file that reads itself ends with the nesting, a multilist that stands for itself passes a word by.
+TEST(files, selves) {
+  const trow rows[] = {
+      {__LINE__, "a 1\nl x\nread %DIR%/OPT\na 2", "a=2 l=[x|x|x|x|x|x|x|x|x]",
+       "+OPT | +OPT | +OPT | +OPT | +OPT | +OPT | +OPT | +OPT | +OPT | +OPT | E File nesting level too deep; "
+       "file "
+       "ignored | -OPT | -OPT | -OPT | -OPT | -OPT | -OPT | -OPT | -OPT | -OPT | -OPT"},
+      {__LINE__, "many x:7:y", "a=7 l=[y]"},
+      {__LINE__, "many x:7:y:z", "a=7 l=[y]", R"(+OPT | V1 Too many items for multilist "many" | -OPT)"},
+  };
+  foreachrow(__FILE__, rows, [](thandle& h, const trow& row) {
+    h.definition(options);
+    optclearmessages(h.get());
+    h.parameters(row.text);
+    EXPECT_EQ(told(h), row.told);
+    EXPECT_EQ(settings(h), row.settings);
+  });
+}
+
+// What a definition and a parameter file of that name are told; nothing is read.
+TEST(files, noordinaryfiles) {
+  const trow rows[] = {
+      {__LINE__, "%DIR%", "", "Error code = 21; Is a directory"},
+      {__LINE__, "%DIR%/none", "", "Error code = 2; No such file or directory"},
+      {__LINE__, "", "", "Error code = 2; No such file or directory"},
+      {__LINE__, "/dev/null", ""},
+  };
+  foreachrow(__FILE__, rows, [](thandle& h, const trow& row) {
+    std::string name = row.text;
+    if (name.substr(0, 5) == "%DIR%") name.replace(0, 5, h.directory().path(""));
+    EXPECT_EQ(h.readdefinition(name) != 0, row.told != "");
+    EXPECT_EQ(h.readparameterfile(name) != 0, row.told != "");
+    const tlines all = h.messages();
+    ASSERT_EQ(all.size(), row.told.empty() ? 0u : 4u);
+    if (row.told.empty()) return;
+    EXPECT_EQ(all[1], "*** Definition Error " + row.told);
+    EXPECT_EQ(all[3], "*** Error " + row.told);
+  });
+}
+
+// A device that has no end is one that is too large.
+TEST(files, endless) {
+  thandle h;
+  EXPECT_EQ(h.readparameterfile("/dev/zero"), 0);
+  EXPECT_EQ(
+      told(h),
+      "+/dev/zero | E1 Option keyword expected, saw \"\0\" | E1 Cannot read parameter file \"/dev/zero\" | "
+      "E1 Error code = 27; File too large | -/dev/zero"s);
+}
+
+TEST(files, fifos) {
+  thandle h;
+  h.definition(options);
+  const std::string path = h.directory().path("fifo");
+  ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+  EXPECT_EQ(h.readparameterfile(path), 110);
+  EXPECT_EQ(told(h), "E Cannot open parameter file \"fifo\" | E Error code = 110; Connection timed out");
+  optclearmessages(h.get());
+  // A program that comes late, writes slowly and ends in the middle of a line.
+  std::thread writer([&] {
+    usleep(100'000);
+    const int descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    for (const std::string_view part : {"a ", "7\nl", " x\n", "l y"}) {
+      usleep(20'000);
+      EXPECT_EQ(write(descriptor, part.data(), part.size()), static_cast<ssize_t>(part.size()));
+    }
+    close(descriptor);
+  });
+  EXPECT_EQ(h.readparameterfile(path), 0);
+  writer.join();
+  EXPECT_EQ(told(h), "");
+  EXPECT_EQ(settings(h), "a=7 l=[x|y]");
+}
+
+// Lines that are added during the reading are read or not, one by one; so are files that come and go.
+TEST(files, changes) {
+  constexpr int n = 1000;
+  thandle h;
+  h.definition(options);
+  std::string text;
+  for (int i = 0; i < n; ++i) text += "read %DIR%/inner\nread %DIR%/grows\n";
+  h.file("grows", "");
+  const std::string inner = h.directory().path("inner");
+  const std::string grows = h.directory().path("grows");
+  std::thread other([&] {
+    const int descriptor = open(grows.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
+    for (int i = 0; i < n / 10; ++i) {
+      close(open(inner.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+      EXPECT_EQ(write(descriptor, "l x\n", 4), 4);
+      unlink(inner.c_str());
+    }
+    close(descriptor);
+  });
+  h.parameters(text);
+  other.join();
+  std::int32_t errors = 0, warnings = 0;
+  opterrorcount(h.get(), &errors, &warnings);
+  for (const std::string& message : h.takemessages())
+    EXPECT_TRUE(message.find("No such file or directory") != std::string::npos ||
+                message.find("Cannot open parameter file \"inner\"") != std::string::npos ||
+                message.find("\"OPT\"") != std::string::npos)
+        << message;
+  EXPECT_LE(errors, 2 * n);
+  optresetall(h.get());
+  h.readparameterfile(grows);
+  EXPECT_EQ(h.listcountstr("l"), n / 10);
+}
+
+}  // namespace
+}  // namespace testsupport
