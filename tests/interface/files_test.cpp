@@ -1,5 +1,5 @@
-// Files of every shape: how lines end, what is no ordinary file, what changes while it is read, and definitions and
-// files that name themselves.
+// Files of every shape: how lines end, what is no ordinary file, what changes while it is read, and
+// definitions and files that name themselves.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>

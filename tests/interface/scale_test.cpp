@@ -1,5 +1,5 @@
-// Inputs of a size that nobody writes by hand, and of bytes that nobody types. Work that grew faster than the input
-// would take hours here instead of seconds.
+// Inputs of a size that nobody writes by hand, and of bytes that nobody types. Work that grew faster than the
+// input would take hours here instead of seconds.
 #include <algorithm>
 
 #include "interface/optiontext.h"

@@ -2,7 +2,6 @@
 // recent flags, the out-of-bounds marks (visible as the brackets of the written file) and the resets. A locale with
 // a decimal comma changes none of it.
 #include <clocale>
-#include <cstdlib>
 #include <limits>
 
 #include "interface/optiontext.h"
@@ -296,23 +295,6 @@ TEST(values, flagsandresets) {
     EXPECT_EQ(told(h), "V Too many items for multilist \"words\"");
     EXPECT_EQ(h.value("maxit"), "1");
   });
-}
-
-// Switches the process to a locale with a decimal comma: an installed one, else one made here.
-bool setcommalocale() {
-  for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8", "nl_NL.UTF-8"})
-    if (std::setlocale(LC_ALL, name) != nullptr) return true;
-  const ttempdir directory;
-  directory.write("source",
-                  "comment_char %\nescape_char /\nLC_NUMERIC\ndecimal_point \",\"\n"
-                  "thousands_sep \".\"\ngrouping 3;3\nEND LC_NUMERIC\n");
-  const std::string command = "cd '" + directory.path("") +
-                              "' && localedef -c --no-archive -f ANSI_X3.4-1968 -i source ./comma >out 2>&1";
-  if (std::system(command.c_str()) == -1) return false;
-  setenv("LOCPATH", directory.path("").c_str(), 1);
-  std::setlocale(LC_NUMERIC, "comma");
-  unsetenv("LOCPATH");
-  return *std::localeconv()->decimal_point == ',';
 }
 
 TEST(values, decimalcommaofthehostchangesnothing) {

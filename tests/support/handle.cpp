@@ -5,6 +5,8 @@
 #include <stdlib.h>
 
 #include <algorithm>
+#include <clocale>
+#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <iterator>
@@ -86,6 +88,22 @@ std::string ttempdir::path(std::string_view name) const { return (fpath / name).
 std::string ttempdir::write(std::string_view name, std::string_view bytes) const {
   std::ofstream(path(name), std::ios::binary) << bytes;
   return path(name);
+}
+
+bool setcommalocale() {
+  for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8", "nl_NL.UTF-8"})
+    if (std::setlocale(LC_ALL, name) != nullptr) return true;
+  const ttempdir directory;
+  directory.write("source",
+                  "comment_char %\nescape_char /\nLC_NUMERIC\ndecimal_point \",\"\n"
+                  "thousands_sep \".\"\ngrouping 3;3\nEND LC_NUMERIC\n");
+  const std::string command = "cd '" + directory.path("") +
+                              "' && localedef -c --no-archive -f ANSI_X3.4-1968 -i source ./comma >out 2>&1";
+  if (std::system(command.c_str()) == -1) return false;
+  setenv("LOCPATH", directory.path("").c_str(), 1);
+  std::setlocale(LC_NUMERIC, "comma");
+  unsetenv("LOCPATH");
+  return *std::localeconv()->decimal_point == ',';
 }
 
 tin::tin(std::string_view text) : fchars(text) {

@@ -40,6 +40,9 @@ class ttempdir {
   std::filesystem::path fpath;
 };
 
+// Switches the process to a locale with a decimal comma: an installed one, else one made here.
+bool setcommalocale();
+
 // A text argument in both forms.
 class tin {
  public:

@@ -1,0 +1,140 @@
+// What a host program may be like: how it rounds, what it traps, how little stack it gives, what it has
+// closed, on how many threads it works, whether it forks. Nothing of it changes a byte of what the library
+// answers or writes. Each case is a process of its own.
+#include <fenv.h>
+#include <pthread.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <clocale>
+#include <cstdlib>
+#include <thread>
+
+#include "host/job.h"
+#include "support/handle.h"
+
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr std::size_t tinystack = 512 * 1024;  // sanitizers have frames several times as large
+#else
+constexpr std::size_t tinystack = 64 * 1024;
+#endif
+
+class host : public testing::Test {
+ private:
+  testsupport::ttempdir fdirectory;
+
+ protected:
+  std::string file(const std::string& name) const { return fdirectory.path(name); }
+  // What the job answers where nothing is unusual.
+  const std::string expected = ::host::dojob(file("expected"));
+  // The job in the state that `enter` makes.
+  template <class tenter, class tleave>
+  void same(tenter enter, tleave leave) {
+    ASSERT_GT(expected.size(), 50'000u);
+    enter();
+    const std::string result = ::host::dojob(file("written"));
+    leave();
+    EXPECT_TRUE(result == expected) << result;
+  }
+};
+
+TEST_F(host, rounding) {
+  for (const int mode : {FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
+    same([&] { fesetround(mode); },
+         [&] {
+           EXPECT_EQ(fegetround(), mode);  // left as it was
+           fesetround(FE_TONEAREST);
+         });
+  }
+}
+
+TEST_F(host, traps) {
+  constexpr int trapped = FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW;
+  feclearexcept(FE_ALL_EXCEPT);
+  same([&] { feenableexcept(trapped); },
+       [&] {
+         EXPECT_EQ(fegetexcept(), trapped);
+         fedisableexcept(trapped);
+       });
+}
+
+TEST_F(host, decimalComma) {
+  if (!testsupport::setcommalocale()) GTEST_SKIP() << "no locale with a decimal comma can be had here";
+  same([] {}, [] { std::setlocale(LC_ALL, "C"); });
+}
+
+struct tthreadjob {
+  std::string written;
+  std::string result;
+};
+
+void* runjob(void* argument) {
+  tthreadjob& job = *static_cast<tthreadjob*>(argument);
+  job.result = ::host::dojob(job.written);
+  return nullptr;
+}
+
+TEST_F(host, tinyStack) {
+  pthread_attr_t attributes;
+  pthread_t thread;
+  tthreadjob job = {file("written"), {}};
+  pthread_attr_init(&attributes);
+  ASSERT_EQ(pthread_attr_setstacksize(&attributes, tinystack), 0);
+  ASSERT_EQ(pthread_create(&thread, &attributes, runjob, &job), 0);
+  pthread_join(thread, nullptr);
+  pthread_attr_destroy(&attributes);
+  EXPECT_TRUE(job.result == expected) << job.result;
+}
+
+// The library's files then get the numbers of the standard files. A listing that goes to standard output
+// finds none.
+TEST_F(host, closedStandardFiles) {
+  for (const int last : {STDOUT_FILENO, STDERR_FILENO}) {
+    const int first = last == STDOUT_FILENO ? STDOUT_FILENO : STDIN_FILENO;
+    int kept[] = {-1, -1, -1};
+    same(
+        [&] {
+          std::fflush(nullptr);
+          for (int number = first; number <= last; ++number) kept[number] = dup(number);
+          for (int number = first; number <= last; ++number) close(number);
+          tvksoptions* handle = ::host::begin();
+          coptshowhelp(handle, "4");
+          coptreadfromstr(handle, "describe 4");
+          xfree(&handle);
+        },
+        [&] {
+          std::fflush(nullptr);
+          std::clearerr(stdout);
+          for (int number = first; number <= last; ++number) dup2(kept[number], number), close(kept[number]);
+        });
+  }
+}
+
+TEST_F(host, threads) {
+  std::array<tthreadjob, 8> jobs;
+  std::vector<std::thread> threads;
+  for (tthreadjob& job : jobs) {
+    job.written = file(std::to_string(&job - jobs.data()));
+    threads.emplace_back([&job] {
+      for (int time = 0; time < 3; ++time) runjob(&job);
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  for (const tthreadjob& job : jobs) EXPECT_TRUE(job.result == expected) << job.result;
+}
+
+// Both processes go on with the handle.
+TEST_F(host, fork) {
+  tvksoptions* handle = ::host::begin();
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) _exit(::host::finish(handle, file("child")) == expected ? 0 : 1);
+  EXPECT_TRUE(::host::finish(handle, file("parent")) == expected);
+  int status = -1;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  EXPECT_EQ(status, 0);
+}
+
+}  // namespace

@@ -1,0 +1,91 @@
+// A process that is not linked with the library but loads it, or libraries that are linked with it, and
+// unloads them, over and over.
+//
+//   loader client-library other-client-library scratch-directory
+#include <dlfcn.h>
+#include <malloc.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+namespace {
+
+using trunclient = std::size_t (*)(const char* written, char* text, std::size_t size);
+
+void require(bool holds, const char* what) {
+  if (holds) return;
+  const char* const reason = dlerror();
+  std::fprintf(stderr, "loader: not true: %s (%s)\n", what,
+               reason != nullptr ? reason : "no error of the loader");
+  std::exit(1);
+}
+
+class tclient {
+ public:
+  explicit tclient(const char* path) : flibrary(dlopen(path, RTLD_NOW | RTLD_LOCAL)) {
+    require(flibrary != nullptr, "the library can be loaded");
+    frun = reinterpret_cast<trunclient>(dlsym(flibrary, "runclient"));
+    require(frun != nullptr, "the client can be called");
+  }
+  ~tclient() { require(dlclose(flibrary) == 0, "the library can be unloaded"); }
+  tclient(const tclient&) = delete;
+  tclient& operator=(const tclient&) = delete;
+
+  void touch() const { frun(nullptr, nullptr, 0); }
+  std::string dojob(const std::string& written) const {
+    std::string text(4 << 20, '\0');
+    text.resize(frun(written.c_str(), text.data(), text.size()));
+    return text;
+  }
+
+ private:
+  void* flibrary;
+  trunclient frun;
+};
+
+bool isloaded() {
+  std::ifstream maps("/proc/self/maps");
+  for (std::string line; std::getline(maps, line);)
+    if (line.find("libwexcorin.so") != std::string::npos) return true;
+  return false;
+}
+
+// Pages that the process has, and bytes that it has allocated.
+struct tsize {
+  long pages = 0;
+  std::size_t bytes = mallinfo2().uordblks;
+  tsize() { std::ifstream("/proc/self/statm") >> pages; }
+};
+
+}  // namespace
+
+int main(int, char** arguments) {
+  const std::string written = std::string(arguments[3]) + "/written";
+  std::string expected;
+  {
+    const tclient client(arguments[1]);
+    expected = client.dojob(written);
+    require(expected.size() > 50'000, "the job was done");
+    // Both are linked with the same library; it stays as long as one of them does.
+    {
+      const tclient other(arguments[2]);
+      require(other.dojob(written) == expected, "another client has the same answers");
+    }
+    require(isloaded() && client.dojob(written) == expected,
+            "the answers stay when another client is unloaded");
+  }
+  require(!isloaded(), "the library is unloaded with its last client");
+  for (int time = 1; time <= 100; ++time) tclient(arguments[1 + time % 2]).touch();
+  const tsize before;
+  for (int time = 101; time <= 1000; ++time) tclient(arguments[1 + time % 2]).touch();
+  const tsize after;
+#if !defined(__SANITIZE_ADDRESS__)  // which keeps memory of its own for every loading
+  std::printf("%ld pages, %zu bytes; later %ld pages, %zu bytes\n", before.pages, before.bytes, after.pages,
+              after.bytes);
+  require(after.bytes <= before.bytes && after.pages <= before.pages, "loading leaves nothing behind");
+#endif
+  require(tclient(arguments[1]).dojob(written) == expected, "the answers are the same after 1,000 times");
+  return 0;
+}
