@@ -29,8 +29,8 @@ class tout : public ttextout {
 };
 
 // Runs the call and gives its result as the interface knows it: 1 and 0 for true and false. When the call
-// fails for want of memory the result is `failure`, and a message tells: not every function has a result. Only
-// what stores, reads or writes can fail so: questions need no memory.
+// fails for want of memory the result is `failure`, and a message tells: not every function has a result.
+// Only what stores, reads or writes can fail so: questions need no memory.
 template <class tcall>
 auto guarded(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
   using tresult = std::conditional_t<std::is_void_v<decltype(call())>, void, std::int32_t>;

@@ -1,5 +1,5 @@
-// What an exported function takes and gives, as codes that a client can compare its own declarations with. The
-// compiler derives the codes from the function's own type, so that they cannot differ from the code.
+// What an exported function takes and gives, as codes that a client can compare its own declarations with.
+// The compiler derives the codes from the function's own type, so that they cannot differ from the code.
 #pragma once
 
 #include <array>

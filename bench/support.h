@@ -45,8 +45,8 @@ double seconds();
 // What processorseconds shows for no work at all.
 double emptyseconds();
 
-// Times work(object) for objects that setup makes, and checks them. The clock is that of the thread: what other
-// programs do to the machine meanwhile does not count.
+// Times work(object) for objects that setup makes, and checks them. The clock is that of the thread: what
+// other programs do to the machine meanwhile does not count.
 template <class tsetup, class twork, class tcheck>
 void timed(benchmark::State& state, std::int64_t items, tsetup setup, twork work, tcheck check) {
   for ([[maybe_unused]] auto _ : state) {

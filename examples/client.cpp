@@ -1,5 +1,6 @@
-// client.cpp: the same client in C++17. The handle frees itself; texts go through both forms of the interface:
-// names and values as short strings, files and messages as zero-terminated texts. It prints what client.c prints.
+// client.cpp: the same client in C++17. The handle frees itself; texts go through both forms of the
+// interface: names and values as short strings, files and messages as zero-terminated texts. It prints what
+// client.c prints.
 //
 //   client examples/solver.def examples/solver.opt
 

@@ -1,5 +1,5 @@
-// Writes the options as a Pascal include file: for each kind of value an enumeration of their names and an array
-// that maps it to option numbers.
+// Writes the options as a Pascal include file: for each kind of value an enumeration of their names and an
+// array that maps it to option numbers.
 #include <array>
 #include <vector>
 

@@ -1,5 +1,5 @@
-// A small streaming writer of HTML files. Each operation writes its markup at once; there is no document tree.
-// Texts are escaped; raw markup, anchor names and link targets are written as they are.
+// A small streaming writer of HTML files. Each operation writes its markup at once; there is no document
+// tree. Texts are escaped; raw markup, anchor names and link targets are written as they are.
 #pragma once
 
 #include <cstdint>
@@ -13,8 +13,8 @@ class thtmlwrite {
  public:
   enum class talign : std::uint8_t { left, right, center };
 
-  // Opens the file (created or truncated) and begins the page. Whether that went well is told by close(); on a
-  // file that is not open the operations do nothing.
+  // Opens the file (created or truncated) and begins the page. Whether that went well is told by close(); on
+  // a file that is not open the operations do nothing.
   explicit thtmlwrite(std::string_view filename);
   thtmlwrite(const thtmlwrite&) = delete;
   thtmlwrite& operator=(const thtmlwrite&) = delete;

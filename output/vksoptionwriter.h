@@ -1,5 +1,5 @@
-// Turns a loaded store back into text for those who maintain a solver's options: the definition file, a Pascal
-// include file with enumerations and maps of the options, and an HTML table.
+// Turns a loaded store back into text for those who maintain a solver's options: the definition file, a
+// Pascal include file with enumerations and maps of the options, and an HTML table.
 #pragma once
 
 #include <cstdint>

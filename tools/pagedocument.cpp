@@ -1,5 +1,5 @@
-// doc page: the reference of the options as one HTML file that needs nothing else. Its frame, looks and search are
-// the files in page/; here the definition's own texts are put in, all of them escaped.
+// doc page: the reference of the options as one HTML file that needs nothing else. Its frame, looks and
+// search are the files in page/; here the definition's own texts are put in, all of them escaped.
 #include <array>
 #include <filesystem>
 #include <map>

@@ -1,6 +1,6 @@
-// What happens when memory runs out, or the system refuses a file, at every single point of a sequence of calls that
-// touches every family of functions: no crash, no leak, the handle goes on answering, and nothing is lost without a
-// word. The leaks are found by the sanitizer build.
+// What happens when memory runs out, or the system refuses a file, at every single point of a sequence of
+// calls that touches every family of functions: no crash, no leak, the handle goes on answering, and nothing
+// is lost without a word. The leaks are found by the sanitizer build.
 #include "faults/injection.h"
 #include "support/handle.h"
 
@@ -170,8 +170,8 @@ toutcome outcome(toperation operation, teffect effect, int which) {
   return result;
 }
 
-// Plays with the effect at every point in turn until the sequence ends before it; `told` says whether an outcome that
-// differs from the usual one was reported.
+// Plays with the effect at every point in turn until the sequence ends before it; `told` says whether an
+// outcome that differs from the usual one was reported.
 template <class tcheck>
 void ateverypoint(toperation operation, teffect effect, tcheck told) {
   const tscene scene;

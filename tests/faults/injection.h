@@ -1,5 +1,6 @@
-// Lets the library run out of memory, or the system refuse it a file, at a chosen point. The program is linked with
-// the library's objects; operator new is replaced, and the linker hands the calls of the C library to here.
+// Lets the library run out of memory, or the system refuse it a file, at a chosen point. The program is
+// linked with the library's objects; operator new is replaced, and the linker hands the calls of the C
+// library to here.
 #pragma once
 
 namespace faults {
@@ -10,7 +11,8 @@ enum class teffect {
   interrupted  // reading and writing only: part of it is done, or nothing with EINTR
 };
 
-// The next operations of this kind that are met while armed count from 1; number `which` has the effect, 0 none.
+// The next operations of this kind that are met while armed count from 1; number `which` has the effect, 0
+// none.
 void plan(toperation operation, teffect effect, int which);
 // How many have been met, and whether the planned one was among them.
 int met();

@@ -1,5 +1,5 @@
-// The lines of a definition file: what each kind of line makes, every message, fields that a line takes from the lines
-// before it, odd bytes and lengths. A helper describes all that was made as text.
+// The lines of a definition file: what each kind of line makes, every message, fields that a line takes from
+// the lines before it, odd bytes and lengths. A helper describes all that was made as text.
 #include <algorithm>
 #include <sstream>
 
@@ -37,9 +37,9 @@ std::string describeoption(thandle& h, int nr) {
   return text.str();
 }
 
-// All that a definition made, the predefined option left out, with " | " between: an option is "name type default in
-// low..high (user-map help-flag group) text", then "+ value help-flag text" for each of its values, a synonym
-// "name -> option", a group "[name] number help-flag text".
+// All that a definition made, the predefined option left out, with " | " between: an option is "name type
+// default in low..high (user-map help-flag group) text", then "+ value help-flag text" for each of its
+// values, a synonym "name -> option", a group "[name] number help-flag text".
 std::string describe(thandle& h) {
   std::ostringstream text;
   std::string name, other;
@@ -51,7 +51,8 @@ std::string describe(thandle& h) {
   return text.str().substr(std::min<std::size_t>(text.str().size(), 3));
 }
 
-// Messages by line and option, "1 x: text; text" for two of the form "*** Definition Error line 1: text for option "x"".
+// Messages by line and option, "1 x: text; text" for two of the form "*** Definition Error line 1: text for
+// option "x"".
 std::string definitionerrors(thandle& h) {
   static const std::regex form(R"~(\*\*\* Definition Error line (\d+): ([^]*?)(?: for option "([^"]*)")?)~");
   std::string result, before;
@@ -207,7 +208,8 @@ TEST(definition, failedchecks) {
        "2 " + i64 + ": Indicator redefined; Indicator \"" + i64 + "\" not a good identifier", ""},
       {__LINE__, "normal lookup\nPATH lookup x\nMinos lookup\nFoo lookup",
        R"(4 Foo: Unknown lookup code "Foo")", ""},
-      // The mode of looking up names holds for the lines after it; a macro's members are exact names all the same.
+      // The mode of looking up names holds for the lines after it; a macro's members are exact names all the
+      // same.
       {__LINE__,
        "Path lookup\nconv_tolerance strlist 1 0 0\nconvergence_tol strlist 2 0 0\nm_one multilist 1 0 0\n"
        " con_tol\nmac macro 0 0\n con_tol\nsyn synonym con_tol",

@@ -1,12 +1,13 @@
-// A definition file as a whole: the lines that end its reading, blocks of continuation lines and what they do when the
-// options are used, comment characters, files that cannot be opened, and definitions of great depth.
+// A definition file as a whole: the lines that end its reading, blocks of continuation lines and what they do
+// when the options are used, comment characters, files that cannot be opened, and definitions of great depth.
 #include "interface/optiontext.h"
 
 namespace testsupport {
 namespace {
 
-// Reading ends, and says nothing, at a line that begins with anything but a letter or a period and a letter, unless
-// the line continues the one above it. Each of these is put between a line of its kind and another option.
+// Reading ends, and says nothing, at a line that begins with anything but a letter or a period and a letter,
+// unless the line continues the one above it. Each of these is put between a line of its kind and another
+// option.
 TEST(definitionblocks, linesthatendthereading) {
   struct tstray {
     int where;
@@ -120,8 +121,8 @@ TEST(definitionblocks, commentcharacters) {
   });
 }
 
-// Sizes that no recursion survives: macros and multilists in chains of 100,000, and a macro that reaches its option on
-// 2^60 ways.
+// Sizes that no recursion survives: macros and multilists in chains of 100,000, and a macro that reaches its
+// option on 2^60 ways.
 TEST(definitionblocks, greatdepth) {
   constexpr int depth = 100000;
   thandle h;

@@ -1,5 +1,5 @@
-// Dot option lines: the value of a dot option for a name and its indices, brackets, what is rejected and counted, the
-// limits of 20 indices and 63 characters, and where the line goes on after each error.
+// Dot option lines: the value of a dot option for a name and its indices, brackets, what is rejected and
+// counted, the limits of 20 indices and 63 characters, and where the line goes on after each error.
 #include "interface/optiontext.h"
 
 namespace testsupport {
@@ -129,7 +129,8 @@ TEST(dotoptions, many) {
   h.parameters(text);
   std::int32_t rejected = 0;
   const int kept = optdotoptcount(h.get(), &rejected);
-  // Two messages for a rejected value, until the list of messages is full; from then on nothing counts as an error.
+  // Two messages for a rejected value, until the list of messages is full; from then on nothing counts as an
+  // error.
   EXPECT_EQ(optmessagecount(h.get()), 5001);
   EXPECT_EQ(rejected, 2500);
   EXPECT_EQ(kept, 97501);

@@ -1,5 +1,5 @@
-// Echoed lines: one message per piece of 130 characters, the marks where a line was cut, the order of echo and notes,
-// and what is echoed of strings, buffers and definitions.
+// Echoed lines: one message per piece of 130 characters, the marks where a line was cut, the order of echo
+// and notes, and what is echoed of strings, buffers and definitions.
 #include "interface/optiontext.h"
 
 namespace testsupport {

@@ -1,5 +1,5 @@
-// The help listing, line by line: the summary by group with its column, the alphabetical listing, the description of
-// one option by type, what a request selects, and the order of the names.
+// The help listing, line by line: the summary by group with its column, the alphabetical listing, the
+// description of one option by type, what a request selects, and the order of the names.
 #include "interface/optiontext.h"
 
 namespace testsupport {
@@ -11,8 +11,8 @@ struct trow {
   std::string lines;
 };
 
-// The lines with "|" after each; ">" stands for the 24 blanks that the lines of a description begin with, "<" for the
-// 22 blanks before a text that has no room beside its name.
+// The lines with "|" after each; ">" stands for the 24 blanks that the lines of a description begin with, "<"
+// for the 22 blanks before a text that has no room beside its name.
 std::string shown(const tlines& lines) {
   std::string text;
   for (const std::string& line : lines) {
@@ -31,8 +31,8 @@ void check(const char* definition, const std::vector<trow>& rows) {
   });
 }
 
-// Groups appear in the order of their lines. Not shown: a group with help flag 0 and its options, an option with help
-// flag 0 or without group; the alphabetical listing asks only the option.
+// Groups appear in the order of their lines. Not shown: a group with help flag 0 and its options, an option
+// with help flag 0 or without group; the alphabetical listing asks only the option.
 constexpr const char* groupsdefinition =
     "late group 2 1 Late options\nhidden group 3 0 Hidden options\nearly group 1 1\n"
     "empty group 4 1 Nothing here\niter10 integer 1 5 0 10 1 1 Tenth\n More about the tenth,\n"
@@ -139,8 +139,8 @@ TEST(help, descriptionbytype) {
        {__LINE__, "act", "act: Act|>immediate, |"}});
 }
 
-// A prefix without regard to case, then the number at the end. Names that are equal in both fall as the sort swaps
-// them: options as defined, then synonyms, is where it starts.
+// A prefix without regard to case, then the number at the end. Names that are equal in both fall as the sort
+// swaps them: options as defined, then synonyms, is where it starts.
 TEST(help, orderofnames) {
   const auto order = [](const std::vector<const char*>& names) {
     std::string definition = "g group 1 1 G\n";
@@ -164,7 +164,8 @@ TEST(help, orderofnames) {
           "e01                   : |e1                    : |"}});
 }
 
-// With names of words the request may be typed with blanks or underscores; blanks are what names are shown with.
+// With names of words the request may be typed with blanks or underscores; blanks are what names are shown
+// with.
 TEST(help, lookupmodeminos) {
   const std::string block = "major iterations: Limit|>integer,  range: 0 to 10 default: 5|";
   const std::string synonym = " is a synonym for major iterations|" + block;

@@ -1,5 +1,5 @@
-// Indicator lines: an equation, a variable and a boolean word, with elements in brackets; what is rejected and counted,
-// the limits of 20 elements and 63 characters, and what becomes of the rest of the line.
+// Indicator lines: an equation, a variable and a boolean word, with elements in brackets; what is rejected
+// and counted, the limits of 20 elements and 63 characters, and what becomes of the rest of the line.
 #include "interface/optiontext.h"
 
 namespace testsupport {
@@ -112,7 +112,8 @@ TEST(indicators, lines) {
   });
 }
 
-// After a good line the statement is over in both reading modes; a comment or a rejected line leaves nothing over.
+// After a good line the statement is over in both reading modes; a comment or a rejected line leaves nothing
+// over.
 TEST(indicators, endoflinereading) {
   inbothforms([](thandle& h) {
     h.definition(options);

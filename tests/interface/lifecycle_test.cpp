@@ -67,7 +67,8 @@ TEST(lifecycle, loadpath) {
   isinbothforms("");
 }
 
-// Zero-terminated texts arrive whole up to 254 characters; a short string holds 255, and zero bytes like any other.
+// Zero-terminated texts arrive whole up to 254 characters; a short string holds 255, and zero bytes like any
+// other.
 TEST(lifecycle, longtexts) {
   thandle h(tform::zeroterminated);
   h.definition(everytype);
@@ -179,7 +180,8 @@ TEST(lifecycle, resultoverargument) {
   }
 }
 
-// The line is 78 characters wide: component, status, date, version, platform and builds, build code and system.
+// The line is 78 characters wide: component, status, date, version, platform and builds, build code and
+// system.
 TEST(lifecycle, versionline) {
   inbothforms([](thandle& h) {
     const std::string line = h.version();

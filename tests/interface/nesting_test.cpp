@@ -1,5 +1,5 @@
-// Files that read files: where reading goes on afterwards, what is passed on and what is not, the notes on entering and
-// leaving, files that cannot be opened, and the limit of nine files in one another.
+// Files that read files: where reading goes on afterwards, what is passed on and what is not, the notes on
+// entering and leaving, files that cannot be opened, and the limit of nine files in one another.
 #include "interface/optiontext.h"
 
 namespace testsupport {

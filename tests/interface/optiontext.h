@@ -1,5 +1,5 @@
-// What the reader tests compare after a piece of option text was read: the messages without the notes on entering
-// and leaving a source, and the options that hold a value of their own.
+// What the reader tests compare after a piece of option text was read: the messages without the notes on
+// entering and leaving a source, and the options that hold a value of their own.
 #pragma once
 
 #include <algorithm>
@@ -23,8 +23,9 @@ inline constexpr const char* everytype =
     "free immediate NoBounds 1 1\n.prior double 14 1 0 100 1 1\n.mark integer 15 1 0 9 1 1\n"
     "indic indicator\n";
 
-// A message in few characters: "E3 text" is "*** Error line 3: text", "E text" one without a line; V is a value error,
-// W a warning, D a definition error. "+name" and "-name" are the notes on entering and leaving a source.
+// A message in few characters: "E3 text" is "*** Error line 3: text", "E text" one without a line; V is a
+// value error, W a warning, D a definition error. "+name" and "-name" are the notes on entering and leaving a
+// source.
 inline std::string brief(const std::string& message) {
   static const std::regex head(
       R"(\*\*\* (?:(E)rror|(V)alue Error|(W)arning|(D)efinition Error) (?:line (\d+): )?)");
@@ -54,8 +55,8 @@ inline std::string told(thandle& handle, bool notes = true) {
 
 inline std::string problems(thandle& handle) { return told(handle, false); }
 
-// "name=value" for each option with a defined value, in definition order: "a=1 two=3,- l=[x|y]". A second value
-// stands after a comma; "-" is a value that was not set.
+// "name=value" for each option with a defined value, in definition order: "a=1 two=3,- l=[x|y]". A second
+// value stands after a comma; "-" is a value that was not set.
 inline std::string settings(thandle& handle) {
   std::string result;
   for (std::int32_t nr = 1; nr <= optcount(handle.get()); ++nr) {

@@ -1,6 +1,6 @@
-// Option text: keys, values and what may follow them on a line in both reading modes, every message of the reader,
-// values that take the rest of a line, deprecated names, immediate options, keys that make a list, joined words,
-// and sources of odd bytes and sizes.
+// Option text: keys, values and what may follow them on a line in both reading modes, every message of the
+// reader, values that take the rest of a line, deprecated names, immediate options, keys that make a list,
+// joined words, and sources of odd bytes and sizes.
 #include "interface/optiontext.h"
 
 namespace testsupport {

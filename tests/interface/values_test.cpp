@@ -1,6 +1,6 @@
-// Values: what the setters take from text and numbers, what they store, the words they refuse with, the defined and
-// recent flags, the out-of-bounds marks (visible as the brackets of the written file) and the resets. A locale with
-// a decimal comma changes none of it.
+// Values: what the setters take from text and numbers, what they store, the words they refuse with, the
+// defined and recent flags, the out-of-bounds marks (visible as the brackets of the written file) and the
+// resets. A locale with a decimal comma changes none of it.
 #include <clocale>
 #include <limits>
 
@@ -58,8 +58,8 @@ const std::vector<ttextrow> textrows = {
     {__LINE__, "limits", "1", ""},
 };
 
-// A value outside is stored with the same words as a warning; text that does not parse is refused as before. An
-// enumerated string has no entry to store and becomes empty.
+// A value outside is stored with the same words as a warning; text that does not parse is refused as before.
+// An enumerated string has no entry to store and becomes empty.
 const std::vector<ttextrow> freerows = {
     {__LINE__, "maxit", "11", "11", R"(W Integer range error for @ saw "11" | W    Valid range is 0 to 10)"},
     {__LINE__, "big_step", "-2", "-2",
@@ -179,7 +179,8 @@ TEST(values, numberedsetters) {
   });
 }
 
-// Text for an option without value only marks it; its own value stays what it was created with, not the default.
+// Text for an option without value only marks it; its own value stays what it was created with, not the
+// default.
 TEST(values, novalueoptionsonlybecomedefined) {
   inbothforms([](thandle& h) {
     define(h);

@@ -35,7 +35,8 @@ TEST(writer, bytes) {
       {__LINE__, "free on\nmaxit 11\npair 3 12",
        "limits 1\nmaxit=11\nlimits 0\nlimits 1\npair=3 12\nlimits 0\n"},
       {__LINE__, "free on\nmaxit 11\nmaxit 9", "maxit=9\n"},
-      // Dot options and indicators follow all options, in the order of reading; a dot option is no line of its own.
+      // Dot options and indicators follow all options, in the order of reading; a dot option is no line of
+      // its own.
       {__LINE__, "x.prior('a',\"b\",*) = 2.5\nindic eq(i,'j') $ var(i) 0\ny.mark 3\nindic e$v yes\nmaxit 2",
        "maxit=2\nx.prior('a',\"b\",*) = 2.5\ny.mark = 3\nindic eq(i,'j')$var(i)=0\nindic e$v=1\n"},
       {__LINE__, "free on x.prior 200", "x.prior = 200\n"},

@@ -1,5 +1,5 @@
-// The writers for maintainers (definition file, Pascal include file, HTML table) and the HTML writer under them,
-// byte for byte.
+// The writers for maintainers (definition file, Pascal include file, HTML table) and the HTML writer under
+// them, byte for byte.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -126,8 +126,8 @@ TEST(definitionwriter, breaks_a_line_where_a_name_would_pass_80_characters) {
   }
 }
 
-// Extreme numbers are words where they are values of an integer, and plain where they are an enumint's default, a
-// help flag or a group; the HTML table has a word for the group.
+// Extreme numbers are words where they are values of an integer, and plain where they are an enumint's
+// default, a help flag or a group; the HTML table has a word for the group.
 constexpr const char* extremes = R"(big integer 1 maxint minint maxint 1 1 t
 low integer 2 minint minint maxint maxint maxint t
 code enumint 3 maxint 1 1 t
