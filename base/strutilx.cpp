@@ -126,14 +126,6 @@ namespace {
 constexpr std::string_view blanks = " \t";
 }
 
-std::string_view trimright(std::string_view text) noexcept {
-  return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
-
-std::string_view trim(std::string_view text) noexcept {
-  return trimright(text.substr(std::min(text.find_first_not_of(blanks), text.size())));
-}
-
 std::string_view extracttoken(std::string_view text, std::int32_t& position) noexcept {
   const std::size_t from = static_cast<std::size_t>(std::max(position, 1)) - 1;
   const std::size_t first = std::min(text.find_first_not_of(blanks, from), text.size());

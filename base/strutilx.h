@@ -45,8 +45,15 @@ shortstring blankstr(std::int32_t count) noexcept;
 shortstring fillstr(char character, std::int32_t count) noexcept;
 
 // Without the blanks and tabs at either end.
-std::string_view trim(std::string_view text) noexcept;
-std::string_view trimright(std::string_view text) noexcept;
+constexpr bool isblank(char character) { return character == ' ' || character == '\t'; }
+constexpr std::string_view trimright(std::string_view text) noexcept {
+  while (!text.empty() && isblank(text.back())) text.remove_suffix(1);
+  return text;
+}
+constexpr std::string_view trim(std::string_view text) noexcept {
+  while (!text.empty() && isblank(text.front())) text.remove_prefix(1);
+  return trimright(text);
+}
 
 // The next word, ended by a blank or tab, from `position` (1-based) on, which moves behind it; empty at the
 // end.

@@ -56,13 +56,12 @@ std::int32_t strucmp(std::string_view a, std::string_view b) noexcept {
   return static_cast<std::int32_t>(a.size()) - static_cast<std::int32_t>(b.size());
 }
 
-bool struequal(std::string_view a, std::string_view b) noexcept {
-  if (a.size() != b.size()) return false;
+bool detail::equalcharacters(const char* a, const char* b, std::size_t count) noexcept {
   std::size_t i = 0;
-  for (; i + sizeof(tword) <= a.size(); i += sizeof(tword))
-    if (upperword(loadword(a.data() + i)) != upperword(loadword(b.data() + i))) return false;
-  const std::size_t rest = a.size() - i;
-  return rest == 0 || upperword(loadpart(a.data() + i, rest)) == upperword(loadpart(b.data() + i, rest));
+  for (; i + sizeof(tword) <= count; i += sizeof(tword))
+    if (upperword(loadword(a + i)) != upperword(loadword(b + i))) return false;
+  const std::size_t rest = count - i;
+  return rest == 0 || upperword(loadpart(a + i, rest)) == upperword(loadpart(b + i, rest));
 }
 
 std::uint32_t struhash(std::string_view text) noexcept {

@@ -36,7 +36,12 @@ constexpr bool isdigit(char character) { return character >= '0' && character <=
 std::int32_t strucmp(std::string_view a, std::string_view b) noexcept;
 
 // True when both texts are the same but for the case of letters.
-bool struequal(std::string_view a, std::string_view b) noexcept;
+namespace detail {
+bool equalcharacters(const char* a, const char* b, std::size_t count) noexcept;
+}
+inline bool struequal(std::string_view a, std::string_view b) noexcept {
+  return a.size() == b.size() && detail::equalcharacters(a.data(), b.data(), a.size());
+}
 
 // A hash that is equal for texts that are equal without regard to case. It differs from process to process,
 // so that no file can be made up whose names all collide.

@@ -35,7 +35,7 @@ bool becomesready(int descriptor) noexcept {
 
 int tlinereader::open(std::string_view filename) {
   close();
-  if (fblock == nullptr) fblock = std::make_unique_for_overwrite<char[]>(blocksize);
+  if (fblock == nullptr) fblock = std::make_unique_for_overwrite<char[]>(blocksize + 1);
   const std::string name(filename);
   if (name.find('\0') != std::string::npos) return ENOENT;  // the system would open what comes before it
   do fdescriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);

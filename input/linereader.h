@@ -24,7 +24,7 @@ class tlinereader {
 
   // Finds the next line; false at the end of the file. A line ends at a line feed; one carriage return
   // directly before it, or at the very end of the file, is not part of the line. `line` and `length` describe
-  // characters that the caller may change, valid until the next call.
+  // characters that the caller may change, and with them the one behind, valid until the next call.
   bool next(char*& line, std::size_t& length);
 
   // The system's code of a read that failed after the file was opened, else 0. The file ends there.

@@ -8,20 +8,25 @@
 
 namespace wexcorin {
 
-namespace {
-
-bool isblank(char character) { return character == ' ' || character == '\t'; }
-bool isline(char character) {
-  return character != tminiparser::endofline && character != tminiparser::endofinput;
+constexpr tminiparser::tclasses tminiparser::classesofcharacters() {
+  tclasses classes{};
+  for (unsigned char code = 'A'; code <= 'Z'; ++code) classes[code] = letter;
+  for (unsigned char code = 'a'; code <= 'z'; ++code) classes[code] = letter;
+  for (unsigned char code = '0'; code <= '9'; ++code) classes[code] = digit;
+  classes['_'] = underscore;
+  classes[' '] = classes['\t'] = blank;
+  classes[','] = comma;
+  classes[endofline] = classes[endofinput] = lineend;
+  return classes;
 }
-bool isidentifier(char character) { return isletter(character) || isdigit(character) || character == '_'; }
-bool isidentifierx(char character) { return isletter(character) || isdigit(character); }
-bool istoken(char character) { return isline(character) && character != ',' && !isblank(character); }
-
-}  // namespace
 
 tminiparser::tminiparser(txstringlist<tmsgkind>& echolist, bool echo, const tcharset& commentset)
-    : fechoflag(echo), fecholist(echolist), fcommentset(commentset) {}
+    : fechoflag(echo), fecholist(echolist) {
+  static constexpr tclasses classes = classesofcharacters();
+  fclasses = classes;
+  for (std::size_t code = 0; commentset.any() && code < commentset.size(); ++code)
+    if (commentset[code]) fclasses[code] |= comment;
+}
 
 // ---- sources
 
@@ -45,6 +50,7 @@ void tminiparser::setsource(tmode mode, std::string_view name, std::string_view 
   strassign(fsourcename, name);
   ftext = std::make_unique_for_overwrite<char[]>(text.size() + 1);
   std::copy(text.begin(), text.end(), ftext.get());
+  ftext[text.size()] = endofline;
   ftextlength = text.size();
   fmode = mode;
   flinenr = 0;
@@ -55,7 +61,7 @@ void tminiparser::setsource(tmode mode, std::string_view name, std::string_view 
 
 void tminiparser::moveto(char* position) noexcept {
   fposition = position;
-  fch = position < flineend ? *position : endofline;
+  fch = *position;
 }
 
 bool tminiparser::nextfileline() {
@@ -70,6 +76,7 @@ bool tminiparser::nextfileline() {
     flushecho({line, length});
     if (length == 0 || line[0] == '*') continue;
     flineend = line + length;
+    *flineend = endofline;
     moveto(line);
     return true;
   }
@@ -96,7 +103,19 @@ void tminiparser::nextch() {
     fch = endofinput;
 }
 
-void tminiparser::skiptolineend() { collect(isline); }
+// The end of the line, or the character in it that ends it before. Such a character is rare: it is looked for
+// by itself.
+char* tminiparser::endofrest() const noexcept {
+  const auto length = static_cast<std::size_t>(flineend - fposition);
+  void* end = std::memchr(fposition, endofline, length);
+  const std::size_t before = end == nullptr ? length : static_cast<std::size_t>(static_cast<char*>(end) - fposition);
+  if (void* input = std::memchr(fposition, endofinput, before)) end = input;
+  return end == nullptr ? flineend : static_cast<char*>(end);
+}
+
+void tminiparser::skiptolineend() {
+  if (!atlineend()) moveto(endofrest());
+}
 
 // ---- echo
 
@@ -123,38 +142,53 @@ void tminiparser::flushecho(std::string_view line) {
 
 // ---- tokens
 
-// The text of so many characters from `begin` on, all of them passed already, cut in place to 255.
-std::string_view tminiparser::taken(char* begin, std::size_t length) noexcept {
+// The text between the two, which is passed: the characters behind it come next. It is cut in place to 255.
+std::string_view tminiparser::taken(char* begin, char* end) noexcept {
   constexpr std::size_t longest = shortstring::capacity;
+  moveto(end);
+  const auto length = static_cast<std::size_t>(end - begin);
   if (length <= longest) return {begin, length};
   begin[longest - 1] = begin[length - 1];
   return {begin, longest};
 }
 
-// Takes the characters that belong, from the current one on.
-template <class tbelongs>
-std::string_view tminiparser::collect(tbelongs belongs) {
+// Takes the characters of the classes, from the current one on; of the end of a line there is none.
+std::string_view tminiparser::collect(unsigned classes) {
   if (atlineend()) return {};
-  char* begin = fposition;
-  char* end = begin;
-  while (end < flineend && belongs(*end)) ++end;
-  moveto(end);
-  return taken(begin, static_cast<std::size_t>(end - begin));
+  char* end = fposition;
+  while (is(*end, classes)) ++end;
+  return taken(fposition, end);
 }
 
-bool tminiparser::skipbl() {
-  collect(isblank);
-  if (!atlineend() && inset(fcommentset, fch)) skiptolineend();
-  return !atlineend();
+// Takes the characters that are not of the classes, among which the end of the line must be.
+std::string_view tminiparser::collectuntil(unsigned classes) {
+  if (atlineend()) return {};
+  char* end = fposition;
+  while (!is(*end, classes)) ++end;
+  return taken(fposition, end);
+}
+
+// Takes the characters that belong by more than their class, up to the end of the line.
+template <class tbelongs>
+std::string_view tminiparser::collectwhile(tbelongs belongs) {
+  if (atlineend()) return {};
+  char* end = fposition;
+  while (!is(*end, lineend) && belongs(*end)) ++end;
+  return taken(fposition, end);
+}
+
+void tminiparser::skipblanksandcomment() {
+  collect(blank);
+  if (is(fch, comment)) skiptolineend();
 }
 
 bool tminiparser::nextident(std::string_view& text) {
-  text = isletter(fch) ? collect(isidentifier) : std::string_view();
+  text = is(fch, letter) ? collect(letter | digit | underscore) : std::string_view();
   return !text.empty();
 }
 
 bool tminiparser::nextidentx(std::string_view& text) {
-  text = isletter(fch) ? collect(isidentifierx) : std::string_view();
+  text = is(fch, letter) ? collect(letter | digit) : std::string_view();
   return !text.empty();
 }
 
@@ -168,7 +202,7 @@ bool tminiparser::nexttoken(std::string_view& text) {
   text = {};
   if (!skipbl()) return false;
   if (fch == '"') return nextquotedtoken(text);
-  text = collect(istoken);
+  text = collectuntil(lineend | blank | comma);
   return true;
 }
 
@@ -178,8 +212,8 @@ bool tminiparser::nextquotedtoken(std::string_view& text) {
   nextch();
   bool odd = false;
   bool afterquote = false;
-  text = collect([&](char character) {
-    if (!isline(character) || (afterquote && odd && !istoken(character))) return false;
+  text = collectwhile([&](char character) {
+    if (afterquote && odd && is(character, blank | comma)) return false;
     afterquote = character == '"';
     if (afterquote) odd = !odd;
     return true;
@@ -202,7 +236,7 @@ bool tminiparser::nextdouble(double& number) {
 bool tminiparser::nextindex(shortstring& text) {
   text.clear();
   if (!skipbl()) return false;
-  if (isletter(fch)) {
+  if (is(fch, letter)) {
     std::string_view identifier;
     nextident(identifier);
     text.assign(identifier);
@@ -215,8 +249,7 @@ bool tminiparser::nextindex(shortstring& text) {
     text.assign("*");
     return true;
   }
-  std::string_view inside =
-      collect([first](char character) { return isline(character) && character != first; });
+  std::string_view inside = collectwhile([first](char character) { return character != first; });
   if (fch == first) nextch();
   inside = inside.substr(0, inside.find_last_not_of(' ') + 1);
   text = concat(std::string_view(&first, 1), inside, std::string_view(&first, 1));
@@ -230,7 +263,7 @@ bool tminiparser::skipbecomes() {
     return skipbl();
   }
   if (fch != ':') return true;
-  if (fposition + 1 >= flineend || fposition[1] != '=') return false;
+  if (fposition[1] != '=') return false;
   nextch();
   nextch();
   return skipbl();
@@ -252,18 +285,16 @@ bool tminiparser::skiptochars(const tcharset& set, char& found) {
 }
 
 void tminiparser::restofline(std::string_view& text) {
-  text = skipbl() ? trimright(collect(isline)) : std::string_view();
+  text = skipbl() ? trimright(taken(fposition, endofrest())) : std::string_view();
 }
 
-std::string_view tminiparser::untilcomment() {
-  return collect([this](char character) { return isline(character) && !inset(fcommentset, character); });
-}
+std::string_view tminiparser::untilcomment() { return collectuntil(lineend | comment); }
 
 std::string_view tminiparser::untilcommentafterquote() {
   nextch();
   bool odd = false;
-  return collect([&](char character) {
-    if (!isline(character) || (odd && inset(fcommentset, character))) return false;
+  return collectwhile([&](char character) {
+    if (odd && is(character, comment)) return false;
     if (character == '"') odd = !odd;
     return true;
   });

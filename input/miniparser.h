@@ -7,6 +7,7 @@
 // last place.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string_view>
@@ -44,12 +45,15 @@ class tminiparser final : public tlinesource {
   // the next line, else endofinput, which stays.
   void nextch();
   char ch() const noexcept { return fch; }
-  bool atlineend() const noexcept { return fch == endofline || fch == endofinput; }
+  bool atlineend() const noexcept { return is(fch, lineend); }
   void skiptolineend();
 
   // ---- tokens, in the order of their complexity; the results say whether something was read
   // Skips blanks, tabs and a comment. False at the end of the line.
-  bool skipbl();
+  bool skipbl() {
+    if (is(fch, blank | comment)) skipblanksandcomment();
+    return !atlineend();
+  }
   // Letter { letter | digit | "_" }, or without the "_"; blanks are not skipped.
   bool nextident(std::string_view& text);
   bool nextidentx(std::string_view& text);
@@ -85,26 +89,40 @@ class tminiparser final : public tlinesource {
  private:
   enum class tmode : std::uint8_t { file, shortstring, pchar };
 
+  // What a character belongs to, as bits: one look tells whether it is one of several kinds.
+  static constexpr std::uint8_t letter = 1, digit = 2, underscore = 4, blank = 8, comma = 16, lineend = 32;
+  static constexpr std::uint8_t comment = 64;
+  using tclasses = std::array<std::uint8_t, 256>;
+  static constexpr tclasses classesofcharacters();
+
+  bool is(char character, unsigned classes) const noexcept {
+    return (fclasses[static_cast<unsigned char>(character)] & classes) != 0;
+  }
+
+  void skipblanksandcomment();
   void flushecho(std::string_view line);
   void setsource(tmode mode, std::string_view name, std::string_view text);
   bool nextfileline();
   void moveto(char* position) noexcept;
+  std::string_view collect(unsigned classes);
+  std::string_view collectuntil(unsigned classes);
   template <class tbelongs>
-  std::string_view collect(tbelongs belongs);
-  std::string_view taken(char* begin, std::size_t length) noexcept;
+  std::string_view collectwhile(tbelongs belongs);
+  char* endofrest() const noexcept;
+  std::string_view taken(char* begin, char* end) noexcept;
   bool nextquotedtoken(std::string_view& text);
 
   tlinereader ffile;
   std::unique_ptr<char[]> ftext;  // the line of a text in memory
   std::size_t ftextlength = 0;
   char* fposition = nullptr;  // of the current character in the line
-  char* flineend = nullptr;
+  char* flineend = nullptr;   // where an endofline stands, so that no loop has to look for the end
   std::int32_t flinenr = 0;
   tmode fmode = tmode::file;
   char fch = endofinput;
   bool fechoflag;
   txstringlist<tmsgkind>& fecholist;
-  tcharset fcommentset;
+  tclasses fclasses;
   heapstring fsourcename;
 };
 
