@@ -1,4 +1,4 @@
-// Heap short strings: a length byte and at most 255 characters in a block of exactly that size. The empty
+// Heap short strings: a length byte and at most 255 characters in a block of their own. The empty
 // text is held as no pointer, never as an empty block. newstring, disposestring, strassign and getstring are
 // the primitives; classes hold a heapstring by value, so that their destructors write themselves.
 #pragma once
@@ -47,11 +47,12 @@ class heapstring {
   std::string_view view() const noexcept { return getstring(fblock); }
   bool empty() const noexcept { return fblock == nullptr; }
 
+  // Replaces the text held, in its block if that is of the right size. The new text may be the old one or a
+  // part of it.
+  friend void strassign(heapstring& target, std::string_view text);
+
  private:
   char* fblock = nullptr;
 };
-
-// Replaces the text held. The new text may be the old one or a part of it.
-inline void strassign(heapstring& target, std::string_view text) { target = heapstring(text); }
 
 }  // namespace wexcorin

@@ -28,11 +28,22 @@ tword loadword(const char* text) {
   return word;
 }
 
-// The last, partly filled word of a text of `count` (1 to 7) characters.
-tword loadpart(const char* text, std::size_t count) {
-  tword word = 0;
-  std::memcpy(&word, text, count);
-  return word;
+// The characters of a text of `count` (1 to 7) characters, some of them twice: equal for equal texts of one length.
+tword loadfew(const char* text, std::size_t count) {
+  if (count >= 4) {
+    std::uint32_t first;
+    std::uint32_t last;
+    std::memcpy(&first, text, sizeof first);
+    std::memcpy(&last, text + count - sizeof last, sizeof last);
+    return (tword{first} << 32) | last;
+  }
+  const auto code = [text](std::size_t i) { return tword{static_cast<unsigned char>(text[i])}; };
+  return (code(0) << 16) | (code(count / 2) << 8) | code(count - 1);
+}
+
+// What follows the full words of a text of `count` characters. The word reaches back into the last full one.
+tword loadrest(const char* text, std::size_t count) {
+  return count > sizeof(tword) ? loadword(text + count - sizeof(tword)) : loadfew(text, count);
 }
 
 tword mix(tword state, tword word) {
@@ -60,8 +71,7 @@ bool detail::equalcharacters(const char* a, const char* b, std::size_t count) no
   std::size_t i = 0;
   for (; i + sizeof(tword) <= count; i += sizeof(tword))
     if (upperword(loadword(a + i)) != upperword(loadword(b + i))) return false;
-  const std::size_t rest = count - i;
-  return rest == 0 || upperword(loadpart(a + i, rest)) == upperword(loadpart(b + i, rest));
+  return i == count || upperword(loadrest(a, count)) == upperword(loadrest(b, count));
 }
 
 std::uint32_t struhash(std::string_view text) noexcept {
@@ -69,7 +79,7 @@ std::uint32_t struhash(std::string_view text) noexcept {
   std::size_t i = 0;
   for (; i + sizeof(tword) <= text.size(); i += sizeof(tword))
     state = mix(state, upperword(loadword(text.data() + i)));
-  if (i < text.size()) state = mix(state, upperword(loadpart(text.data() + i, text.size() - i)));
+  if (i < text.size()) state = mix(state, upperword(loadrest(text.data(), text.size())));
   return folded(state);
 }
 

@@ -113,15 +113,20 @@ bool tparameterreader::statement() {
     error(concat("Bad separator after key ", quoted(identifier)));
     return droprest();
   }
-  fkey = concat(dashes >= 2 ? "--" : "", identifier);
+  setkey(identifier, dashes);
   return dispatch(dashes);
+}
+
+void tparameterreader::setkey(std::string_view identifier, std::int32_t dashes) {
+  fkey = dashes >= 2 ? fkeytext.assign("--").append(identifier).view() : identifier;
 }
 
 bool tparameterreader::dispatch(std::int32_t dashes) {
   if (dashes == 0 && fscanner.ch() == '.') return dotline();
   if (dashes == 0 && !fstore.dotname().empty() && struequal(fkey, fstore.dotname())) return indicatorline();
   toption* option = findoption();
-  if (fkey.view().substr(0, 2) == "--") {
+  fstore.setcuroptname(fkey);
+  if (dashes >= 2) {
     if (option == nullptr)
       option = &fstore.addoption(std::make_unique<tstrlistoption>(toptionhead{fkey, &fstore, 0, 0, 0, {}}));
     return listvalue(*option);
@@ -134,7 +139,7 @@ bool tparameterreader::dispatch(std::int32_t dashes) {
 toption* tparameterreader::findoption() {
   if (fstore.lookupmode() != tlookupmode::minos) return fstore.optionasobj(fkey);
   // names are typed with blanks in this mode
-  if (fkey.view().find('_') != std::string_view::npos) return nullptr;
+  if (fkey.find('_') != std::string_view::npos) return nullptr;
   toption* option = fstore.optionasobj(fkey);
   return option != nullptr ? option : findjoined();
 }
@@ -145,7 +150,7 @@ toption* tparameterreader::findjoined() {
   for (int words = 0; words < 3 && option == nullptr; ++words) {
     std::string_view word;
     if (!fscanner.skipbl() || !fscanner.nextidentx(word)) break;  // a sign, digit or period ends the key
-    fkey.append("_").append(word);
+    fkey = fkeytext.assign(fkey).append("_").append(word);
     option = fstore.optionasobj(fkey);
   }
   return option;

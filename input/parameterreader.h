@@ -53,6 +53,7 @@ class tparameterreader {
   void eolvalue(toption& option);
   bool remainder();
 
+  void setkey(std::string_view identifier, std::int32_t dashes);
   toption* findoption();
   toption* findjoined();
   bool allowsdeprecated(const toption& option);
@@ -78,8 +79,10 @@ class tparameterreader {
   tvksoptions& fstore;
   tminiparser& fscanner;
   bool feolonly;          // the running mode; an immediate option may change it
-  shortstring fkey;       // of the statement, without signs or with exactly two dashes
-  shortstring fresttext;  // a value of the statement that is not part of the line as it stands
+  std::string_view fkey;  // of the statement, without signs or with exactly two dashes
+  // What is not part of the line as it stands: a key, and a value.
+  shortstring fkeytext;
+  shortstring fresttext;
 };
 
 }  // namespace wexcorin

@@ -22,6 +22,7 @@ tvaluetext tvksoptions::getasstring(std::string_view name) {
 }
 
 void tvksoptions::setasstring(std::string_view name, std::string_view text) {
+  setcuroptname(name);
   if (toption* option = optionasobj(name)) option->setasstring(text);
 }
 

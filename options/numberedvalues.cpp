@@ -6,7 +6,7 @@ namespace wexcorin {
 // Makes the option's name the one that messages quote; "?" for a bad number.
 bool tvksoptions::checkoptnr(std::int32_t nr) noexcept {
   const toption* option = optionat(nr);
-  fcuroptname.assign(option != nullptr ? option->name() : "?");
+  setcuroptname(option != nullptr ? option->name() : "?");
   return option != nullptr;
 }
 

@@ -19,16 +19,24 @@ shortstring refusal(const toption& option, std::string_view head, std::string_vi
 }
 
 void fileparseerror(const toption& option, std::string_view head, std::string_view saw) {
-  option.owner().addmessage(tmsgkind::valueerror, refusal(option, head, saw));
+  option.owner().addbuiltmessage(tmsgkind::valueerror, [&] { return refusal(option, head, saw); });
 }
 
-// Files the two messages about an illegal value. True when it is to be stored nevertheless.
-bool tolerated(const toption& option, std::string_view head, std::string_view saw, std::string_view legal) {
+// Files the two messages about an illegal value, of which `legal` builds the second. True when it is to be
+// stored nevertheless.
+template <class tsaw, class tlegal>
+bool tolerated(const toption& option, std::string_view head, tsaw saw, tlegal legal) {
   tvksoptions& owner = option.owner();
   const tmsgkind kind = owner.nobounds() ? tmsgkind::valuewarning : tmsgkind::valueerror;
-  owner.addmessage(kind, refusal(option, head, saw));
-  owner.addmessage(kind, legal);
+  owner.addbuiltmessage(kind, [&] { return refusal(option, head, saw()); });
+  owner.addbuiltmessage(kind, legal);
   return owner.nobounds();
+}
+
+// The range of an option that has bounds; `bound` gives the text of one.
+template <class tvalue, class tbound>
+shortstring validrange(tvalue lo, tvalue hi, tbound bound) {
+  return concat("   Valid range is ", bound(lo).view(), " to ", bound(hi).view());
 }
 
 // Marks a value that was just stored. A legal one clears the marks of both values.
@@ -49,7 +57,7 @@ shortstring possiblevalues(const txstringlistobj<toptionx>& items) {
 
 shortstring possiblevalues(const txlistobj<tlistoptionx>& items) {
   shortstring text = concat("   Possible values are ");
-  for (std::int32_t i = 0; i < items.count(); ++i)
+  for (std::int32_t i = 0; i < items.count() && !text.full(); ++i)
     text.append(" ").append(inttostr(items.get(i)->enumvalue()));
   return text;
 }
@@ -61,8 +69,9 @@ shortstring possiblevalues(const txlistobj<tlistoptionx>& items) {
 void tintoption::setasinteger12(bool second, std::int32_t value) {
   const bool legal = flo <= value && value <= fhi;
   if (!legal &&
-      !tolerated(*this, "Integer range error for option ", inttostr(value),
-                 concat("   Valid range is ", inttostrex(flo).view(), " to ", inttostrex(fhi).view())))
+      !tolerated(
+          *this, "Integer range error for option ", [&] { return inttostr(value); },
+          [&] { return validrange(flo, fhi, inttostrex); }))
     return;
   fvalues.store(second, value);
   markstored(*this, second, legal);
@@ -82,8 +91,9 @@ void tdbloption::setasdouble12(bool second, double value) {
   // these comparisons do not raise an exception for what is not a number, which some hosts trap
   const bool legal = std::isgreaterequal(value, flo) && std::islessequal(value, fhi);
   if (!legal &&
-      !tolerated(*this, "Double out of range for option ", dbltostr(value),
-                 concat("   Valid range is ", dbltostrex(flo).view(), " to ", dbltostrex(fhi).view())))
+      !tolerated(
+          *this, "Double out of range for option ", [&] { return dbltostr(value); },
+          [&] { return validrange(flo, fhi, dbltostrex); }))
     return;
   fvalues.store(second, value);
   markstored(*this, second, legal);
@@ -109,7 +119,9 @@ void tstringoption::setasstring12(bool second, std::string_view text) {
 void tbooleanoption::setasinteger12(bool second, std::int32_t value) {
   const bool legal = value == 0 || value == 1;
   if (!legal &&
-      !tolerated(*this, "Boolean out of range for option ", inttostr(value), "   Valid values are 0 or 1"))
+      !tolerated(
+          *this, "Boolean out of range for option ", [&] { return inttostr(value); },
+          [] { return "   Valid values are 0 or 1"; }))
     return;
   fvalues.store(second, value);
   markstored(*this, second, legal);
@@ -128,7 +140,10 @@ void tbooleanoption::setasstring12(bool second, std::string_view text) {
 void tenumstroption::setasstring12(bool second, std::string_view text) {
   const std::int32_t item = fitems.indexof(text);
   const bool legal = item >= 0;
-  if (!legal && !tolerated(*this, "Unknown value for option ", text, possiblevalues(fitems))) return;
+  if (!legal &&
+      !tolerated(
+          *this, "Unknown value for option ", [&] { return text; }, [&] { return possiblevalues(fitems); }))
+    return;
   // the list's own spelling; a value that it does not know has none
   fvalues.store(second, legal ? fitems.getname(item) : std::string_view());
   markstored(*this, second, legal);
@@ -138,7 +153,10 @@ void tenumstroption::setasstring12(bool second, std::string_view text) {
 
 void tenumintoption::setasinteger12(bool second, std::int32_t value) {
   const bool legal = hasitem(value);
-  if (!legal && !tolerated(*this, "Unknown value for option ", inttostr(value), possiblevalues(fitems)))
+  if (!legal &&
+      !tolerated(
+          *this, "Unknown value for option ", [&] { return inttostr(value); },
+          [&] { return possiblevalues(fitems); }))
     return;
   fvalues.store(second, value);
   markstored(*this, second, legal);

@@ -34,15 +34,14 @@ void tvksoptions::declareindicator(std::string_view keyword) {
 
 // ---- lookup
 
-std::int32_t tvksoptions::optionindex(std::string_view name) {
-  fcuroptname.assign(name);
+std::int32_t tvksoptions::optionindex(std::string_view name) const {
   const std::int32_t index = optlookup(name);
   if (index >= 0) return index;
   const std::int32_t synonym = fsynonyms.indexof(name);
   return synonym >= 0 ? fsynonyms.getobject(synonym) : -1;
 }
 
-bool tvksoptions::optfindstr(std::string_view name, std::int32_t& nr, std::int32_t& refnr) {
+bool tvksoptions::optfindstr(std::string_view name, std::int32_t& nr, std::int32_t& refnr) const {
   const std::int32_t index = optionindex(name);
   const toption* option = getobjects(index);
   nr = option != nullptr ? index + 1 : -1;

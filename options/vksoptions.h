@@ -47,6 +47,11 @@ class tvksoptions : public toptionx {
 
   // ---- messages
   void addmessage(tmsgkind kind, std::string_view text);
+  // The same for a text that costs something to put together: not done when it would be dropped.
+  template <class tbuild>
+  void addbuiltmessage(tmsgkind kind, tbuild build) {
+    addmessage(kind, messagesfull() ? std::string_view() : std::string_view(build()));
+  }
   void optaddmessage(std::string_view text) { addmessage(tmsgkind::usererror, text); }
   void optgetmessage(std::int32_t nr, ttextout& text, std::int32_t& kind) const;
   void optclearmessages() { fmessages.clear(); }
@@ -68,9 +73,9 @@ class tvksoptions : public toptionx {
   // ---- lookup
   // The position of an option, counted from 0, or -1; synonyms are not looked at.
   std::int32_t optlookup(std::string_view name) const { return flookup.find(flookupmode, name); }
-  // The option of a name or synonym, or null; the name becomes the current option name.
-  toption* optionasobj(std::string_view name) { return getobjects(optionindex(name)); }
-  bool optfindstr(std::string_view name, std::int32_t& nr, std::int32_t& refnr);
+  // The option of a name or synonym, or null.
+  toption* optionasobj(std::string_view name) const { return getobjects(optionindex(name)); }
+  bool optfindstr(std::string_view name, std::int32_t& nr, std::int32_t& refnr) const;
   // With blanks for underscores in lookup mode "Minos", else as it is.
   shortstring nounderscore(std::string_view name) const;
 
@@ -179,8 +184,10 @@ class tvksoptions : public toptionx {
   void countdoterrors(std::int32_t rejected) noexcept { fdoterrors += rejected; }
   void countindicatorerrors(std::int32_t rejected) noexcept { findicatorerrors += rejected; }
 
+  // The name that messages quote for the option whose value is being set, and only then: a view of what the
+  // client or a line gave.
   std::string_view curoptname() const noexcept { return fcuroptname; }
-  void setcuroptname(std::string_view name) noexcept { fcuroptname.assign(name); }
+  void setcuroptname(std::string_view name) noexcept { fcuroptname = name; }
   std::string_view filename() const noexcept { return ffilename.view(); }
   void setfilename(std::string_view filename) { strassign(ffilename, filename); }
   tlookupmode lookupmode() const noexcept { return flookupmode; }
@@ -207,7 +214,7 @@ class tvksoptions : public toptionx {
   }
 
  private:
-  std::int32_t optionindex(std::string_view name);
+  std::int32_t optionindex(std::string_view name) const;
   bool checkoptnr(std::int32_t nr) noexcept;
   toption* optionat(std::int32_t nr) const noexcept { return nr >= 1 ? getobjects(nr - 1) : nullptr; }
   const toption* twovalueoption(std::int32_t nr) const noexcept;
@@ -227,7 +234,7 @@ class tvksoptions : public toptionx {
   tdefinitionend fdefinitionend;
   std::int32_t fnestlevel = 0;  // parameter files that are open within each other
   std::int32_t ffilesread = 0;  // parameter files read since the outermost one was opened
-  shortstring fcuroptname;
+  std::string_view fcuroptname;
   tdotobjlist fdotoptions{*this};
   heapstring fdotname;
   std::unique_ptr<tindicatorlist> findicators;
