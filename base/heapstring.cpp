@@ -4,8 +4,6 @@
 #include <cstring>
 #include <new>
 
-#include "base/shortstring.h"
-
 namespace wexcorin {
 
 namespace {
@@ -18,24 +16,24 @@ std::size_t blocksize(std::size_t length) noexcept {
   return length + 1 <= smallest ? smallest : smallest + (length + 1 - smallest + step - 1) / step * step;
 }
 
-char* fill(char* block, std::string_view text) noexcept {
+}  // namespace
+
+char* fillstring(char* block, std::string_view text) noexcept {
   std::memmove(block + 1, text.data(), text.size());
   block[0] = static_cast<char>(text.size());
   return block;
 }
 
-}  // namespace
-
 char* newstring(std::string_view text) {
   if (text.empty()) return nullptr;
-  const std::string_view kept = text.substr(0, shortstring::capacity);
-  return fill(static_cast<char*>(::operator new(blocksize(kept.size()))), kept);
+  const std::string_view kept = shortened(text);
+  return fillstring(static_cast<char*>(::operator new(blocksize(kept.size()))), kept);
 }
 
 void strassign(heapstring& target, std::string_view text) {
-  text = text.substr(0, shortstring::capacity);
+  text = shortened(text);
   if (!text.empty() && !target.empty() && blocksize(text.size()) == blocksize(target.view().size()))
-    fill(target.fblock, text);
+    fillstring(target.fblock, text);
   else
     target = heapstring(text);
 }

@@ -17,6 +17,12 @@ inline std::string_view getstring(const char* block) noexcept {
                           : std::string_view(block + 1, static_cast<unsigned char>(block[0]));
 }
 
+// The first 255 characters.
+inline std::string_view shortened(std::string_view text) noexcept { return text.substr(0, 255); }
+
+// Makes the text, of at most 255 characters, that of a block with room for it, which the text may lie in.
+char* fillstring(char* block, std::string_view text) noexcept;
+
 // A new block with the first 255 characters of text, or null for the empty text. Throws std::bad_alloc.
 char* newstring(std::string_view text);
 

@@ -237,7 +237,27 @@ bool parsedoubleword(std::string_view text, double& number) noexcept {
 
 }  // namespace
 
+namespace {
+
+// A text of up to nine digits with or without a minus sign, as most numbers are: no 32 bits can overflow.
+bool parseshortinteger(std::string_view text, std::int32_t& number) noexcept {
+  constexpr std::size_t longest = 9;
+  const bool negative = !text.empty() && text[0] == '-';
+  if (negative) text.remove_prefix(1);
+  if (text.empty() || text.size() > longest) return false;
+  std::int32_t value = 0;
+  for (const char character : text) {
+    if (!isdigit(character)) return false;
+    value = 10 * value + (character - '0');
+  }
+  number = negative ? -value : value;
+  return true;
+}
+
+}  // namespace
+
 bool strasintex(std::string_view text, std::int32_t& number) noexcept {
+  if (parseshortinteger(text, number)) return true;
   number = 0;
   const std::string_view digits = withoutplus(text);
   std::int32_t value = 0;

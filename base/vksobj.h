@@ -15,6 +15,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "base/arena.h"
 #include "base/heapstring.h"
 #include "base/nameindex.h"
 #include "base/shortstring.h"
@@ -219,7 +220,7 @@ class txcustomstringlist : public tquicksortclass {
   // The "delete" of the list; the word is taken in this language.
   void remove(std::int32_t index) {
     findex.reset();
-    disposestring(fentries[index].text);
+    freetext(fentries[index].text);
     freeobject(index);
     fentries.remove(index);
   }
@@ -235,7 +236,15 @@ class txcustomstringlist : public tquicksortclass {
     return pstrucmp(fentries[i].text, fentries[j].text);
   }
   virtual void grow() { setcapacity(growncapacity(capacity())); }
+  virtual void freetext(char* text) { disposestring(text); }
   virtual void freeobject(std::int32_t) {}
+
+ protected:
+  // Adds a text that is in a block already.
+  void addblock(char* text, tobject object) {
+    if (fentries.full()) grow();
+    fentries.insert(count(), {text, object});
+  }
 
  private:
   struct tentry {
@@ -246,7 +255,7 @@ class txcustomstringlist : public tquicksortclass {
   void clearentries() {
     findex.reset();
     while (count() > 0) {
-      disposestring(fentries[count() - 1].text);
+      freetext(fentries[count() - 1].text);
       freeobject(count() - 1);
       fentries.removelast();
     }
@@ -273,6 +282,15 @@ class txstringlistobj : public txstringlist<tobject*> {
  public:
   ~txstringlistobj() override { this->clear(); }
   void freeobject(std::int32_t index) override { delete this->getobject(index); }
+};
+
+// The same, but the texts lie in an arena.
+template <class tobject>
+class tstoredlistobj : public txstringlistobj<tobject> {
+ public:
+  ~tstoredlistobj() override { this->clear(); }
+  void addstored(tstoredtext text, tobject* object) { this->addblock(text.block(), object); }
+  void freetext(char*) override {}
 };
 
 }  // namespace wexcorin

@@ -116,7 +116,8 @@ void tdefinitionreader::group() {
   if (fstore.optgetgroupgrpnr(fgroup) >= 1) error("Group number not unique");
   std::string_view text;
   fscanner.restofline(text);
-  fstore.addgroup(fname, std::make_unique<tgroupobj>(fgroup, fhc, text));
+  tarena& arena = fstore.arena();
+  fstore.addgroup(fname, std::unique_ptr<tgroupobj>(new (arena) tgroupobj(fgroup, fhc, arena.text(text))));
   nextline();
 }
 

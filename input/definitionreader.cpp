@@ -36,7 +36,8 @@ void tdefinitionreader::read() {
 
 // The one option that every definition has.
 void tdefinitionreader::addhelpoption() {
-  auto help = std::make_unique<timmediateoption>(toptionhead{"Help", &fstore, 0, 0, 0, {}}, timmkind::help);
+  const toptionhead head{"Help", &fstore, 0, 0, 0, {}};
+  std::unique_ptr<toption> help(new (fstore.arena()) timmediateoption(head, timmkind::help));
   help->setsubtype(tsubtype::optional);
   fstore.addoption(std::move(help));
 }
@@ -170,7 +171,7 @@ toptionhead tdefinitionreader::head() {
 // Makes the option of the line whose fields have been read; the text is read last.
 template <class tclass, class... targuments>
 std::unique_ptr<tclass> tdefinitionreader::make(const targuments&... arguments) {
-  return std::make_unique<tclass>(head(), arguments...);
+  return std::unique_ptr<tclass>(new (fstore.arena()) tclass(head(), arguments...));
 }
 
 // ---- option = fields text { continuation } .

@@ -127,9 +127,7 @@ bool tparameterreader::dispatch(std::int32_t dashes) {
   toption* option = findoption();
   fstore.setcuroptname(fkey);
   if (dashes >= 2) {
-    if (option == nullptr)
-      option = &fstore.addoption(std::make_unique<tstrlistoption>(toptionhead{fkey, &fstore, 0, 0, 0, {}}));
-    return listvalue(*option);
+    return listvalue(option != nullptr ? *option : addlist());
   }
   if (option == nullptr) return unknownkey();
   if (const auto* immediateoption = ifis<timmediateoption>(option)) return immediate(*immediateoption);
@@ -154,6 +152,12 @@ toption* tparameterreader::findjoined() {
     option = fstore.optionasobj(fkey);
   }
   return option;
+}
+
+// A key with two dashes that is no option becomes one.
+toption& tparameterreader::addlist() {
+  const toptionhead head{fkey, &fstore, 0, 0, 0, {}};
+  return fstore.addoption(std::unique_ptr<toption>(new (fstore.arena()) tstrlistoption(head)));
 }
 
 bool tparameterreader::unknownkey() {

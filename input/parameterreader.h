@@ -56,6 +56,7 @@ class tparameterreader {
   void setkey(std::string_view identifier, std::int32_t dashes);
   toption* findoption();
   toption* findjoined();
+  toption& addlist();
   bool allowsdeprecated(const toption& option);
   void settwovalues(toption& option, const tvalue& first, const tvalue& second);
   tvalue token();

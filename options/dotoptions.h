@@ -16,6 +16,17 @@ inline constexpr std::int32_t maxdimensions = 20;
 // Most characters of an identifier or of a quoted element without its quotes.
 inline constexpr std::size_t maxidentifier = 63;
 
+// The indices or elements of one identifier: mostly one or two, of which there may be millions.
+class telements final : public txstrings {
+ public:
+  void grow() override {
+    if (capacity() == 0)
+      setcapacity(2);
+    else
+      txstrings::grow();
+  }
+};
+
 class tdotobj {
  public:
   explicit tdotobj(std::int32_t optionindex) noexcept : foptionindex(optionindex) {}
@@ -31,7 +42,7 @@ class tdotobj {
  private:
   std::int32_t foptionindex;
   double fvalue = 0.0;
-  txstrings findices;
+  telements findices;
 };
 
 // The dot entries of a store in the order of reading, each under its symbol's name.

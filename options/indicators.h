@@ -24,7 +24,7 @@ class tsymbol {
 
  private:
   heapstring fname;
-  txstrings felements;
+  telements felements;
   mutable tnameindex findex;
 };
 

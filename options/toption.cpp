@@ -9,13 +9,19 @@
 
 namespace wexcorin {
 
+// The name is stored first: it lies beside the object, and a search looks at both.
 toption::toption(const toptionhead& head, topttype opttype)
-    : toptionx(head.helpflag, head.helptext),
+    : toption(head, opttype, head.owner->arena().text(head.name)) {}
+
+toption::toption(const toptionhead& head, topttype opttype, tstoredtext name)
+    : toptionx(head.helpflag, head.owner->arena().text(head.helptext)),
       fowner(head.owner),
-      fname(head.name),
+      fname(name),
       fgroupnr(head.groupnr),
       frefnr(head.refnr),
       fopttype(opttype) {}
+
+tstoredtext toption::stored(std::string_view text) const { return fowner->arena().text(text); }
 
 shortstring toption::getname() const { return fowner->nounderscore(name()); }
 
@@ -32,7 +38,7 @@ void toption::setdefined(std::int32_t bits) {
 
 void toption::setdeprecated(tdeprecation kind, std::string_view text) {
   const bool ownname = kind == tdeprecation::deprecated || kind == tdeprecation::obsolete;
-  strassign(ownname ? fdeprecatedmsg : fdeprecatedmsg2, text);
+  (ownname ? fdeprecatedmsg : fdeprecatedmsg2) = stored(text);
   fdeprecation |= deprecationbit(kind);
 }
 
@@ -75,13 +81,13 @@ void tmacrooption::reset() {
 // ---- items
 
 void tenumstroption::additem(std::string_view value, std::int32_t helpflag, std::string_view helptext) {
-  auto item = std::make_unique<toptionx>(helpflag, helptext);
-  fitems.addobject(value, item.get());
+  std::unique_ptr<toptionx> item(new (owner().arena()) tenumstritem(helpflag, stored(helptext)));
+  fitems.addstored(stored(value), item.get());
   static_cast<void>(item.release());
 }
 
 void tenumintoption::additem(std::int32_t value, std::int32_t helpflag, std::string_view helptext) {
-  auto item = std::make_unique<tlistoptionx>(value, helpflag, helptext);
+  std::unique_ptr<tlistoptionx> item(new (owner().arena()) tlistoptionx(value, helpflag, stored(helptext)));
   fitems.add(item.get());
   static_cast<void>(item.release());
 }

@@ -38,9 +38,10 @@ struct toptionhead {
   std::string_view helptext;
 };
 
-class toption : public toptionx {
+class toption : public toptionx, public tinarena {
  public:
   std::string_view name() const noexcept { return fname.view(); }
+  tstoredtext storedname() const noexcept { return fname; }
   // The name as it is handed out: with blanks for underscores in lookup mode "Minos".
   shortstring getname() const;
 
@@ -94,8 +95,11 @@ class toption : public toptionx {
 
  protected:
   toption(const toptionhead& head, topttype opttype);
+  // A copy that stays as long as the option.
+  tstoredtext stored(std::string_view text) const;
 
  private:
+  toption(const toptionhead& head, topttype opttype, tstoredtext name);
   static constexpr std::uint8_t deprecationbit(tdeprecation kind) {
     return static_cast<std::uint8_t>(1U << ordinal(kind));
   }
@@ -104,9 +108,9 @@ class toption : public toptionx {
   void setvaluefromtext(bool second, std::string_view text);
 
   tvksoptions* fowner;
-  heapstring fname;
-  heapstring fdeprecatedmsg;
-  heapstring fdeprecatedmsg2;
+  tstoredtext fname;
+  tstoredtext fdeprecatedmsg;
+  tstoredtext fdeprecatedmsg2;
   std::int32_t fgroupnr;
   std::int32_t frefnr;
   std::int32_t fdefined = 0;
@@ -132,13 +136,14 @@ struct tnumbervalues {
 
 // The same for texts.
 struct ttextvalues {
-  heapstring fdefault;
+  tstoredtext fdefault;
   heapstring fvalue;
   heapstring fvalue2;
 
   void store(bool second, std::string_view value) { strassign(second ? fvalue2 : fvalue, value); }
   std::string_view current(const toption& option, bool second) const noexcept {
-    return (!option.isdefined(valuebit(second)) ? fdefault : second ? fvalue2 : fvalue).view();
+    if (!option.isdefined(valuebit(second))) return fdefault.view();
+    return (second ? fvalue2 : fvalue).view();
   }
 };
 
@@ -190,7 +195,7 @@ class tstringoption final : public toption {
  public:
   static constexpr topttype type = topttype::string;
   tstringoption(const toptionhead& head, std::string_view defaultvalue)
-      : toption(head, type), fvalues{heapstring(defaultvalue), {}, {}} {}
+      : toption(head, type), fvalues{stored(defaultvalue), {}, {}} {}
   std::string_view defaultvalue() const noexcept { return fvalues.fdefault.view(); }
   std::string_view value(bool second) const noexcept { return fvalues.current(*this, second); }
   void setasstring12(bool second, std::string_view text);
@@ -221,7 +226,7 @@ class tenumstroption final : public toption {
  public:
   static constexpr topttype type = topttype::enumstr;
   tenumstroption(const toptionhead& head, std::string_view defaultvalue)
-      : toption(head, type), fvalues{heapstring(defaultvalue), {}, {}} {}
+      : toption(head, type), fvalues{stored(defaultvalue), {}, {}} {}
   std::string_view defaultvalue() const noexcept { return fvalues.fdefault.view(); }
   std::string_view value(bool second) const noexcept { return fvalues.current(*this, second); }
   // The permitted values and their help, in definition order.
@@ -232,7 +237,7 @@ class tenumstroption final : public toption {
  private:
   friend class toption;
   ttextvalues fvalues;
-  txstringlistobj<toptionx> fitems;
+  tstoredlistobj<toptionx> fitems;
 };
 
 class tenumintoption final : public toption {

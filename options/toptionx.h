@@ -5,14 +5,14 @@
 #include <memory>
 #include <string_view>
 
-#include "base/heapstring.h"
+#include "base/arena.h"
 #include "base/vksobj.h"
 
 namespace wexcorin {
 
 class toptionx {
  public:
-  toptionx(std::int32_t helpflag, std::string_view helptext) : fhelpflag(helpflag), fhelptext(helptext) {}
+  toptionx(std::int32_t helpflag, tstoredtext helptext) : fhelpflag(helpflag), fhelptext(helptext) {}
   toptionx(const toptionx&) = delete;
   toptionx& operator=(const toptionx&) = delete;
   virtual ~toptionx() = default;
@@ -31,14 +31,14 @@ class toptionx {
 
  private:
   std::int32_t fhelpflag;
-  heapstring fhelptext;
+  tstoredtext fhelptext;
   std::unique_ptr<txstrings> fbigtext;
 };
 
 // A group of options.
-class tgroupobj final : public toptionx {
+class tgroupobj final : public toptionx, public tinarena {
  public:
-  tgroupobj(std::int32_t groupnumber, std::int32_t helpflag, std::string_view helptext)
+  tgroupobj(std::int32_t groupnumber, std::int32_t helpflag, tstoredtext helptext)
       : toptionx(helpflag, helptext), fgroupnumber(groupnumber) {}
   std::int32_t groupnumber() const noexcept { return fgroupnumber; }
 
@@ -46,10 +46,16 @@ class tgroupobj final : public toptionx {
   std::int32_t fgroupnumber;
 };
 
-// One permitted value of an enumint option.
-class tlistoptionx final : public toptionx {
+// One permitted value of an enumstr option; the list that it is in has the value.
+class tenumstritem final : public toptionx, public tinarena {
  public:
-  tlistoptionx(std::int32_t value, std::int32_t helpflag, std::string_view helptext)
+  using toptionx::toptionx;
+};
+
+// One permitted value of an enumint option.
+class tlistoptionx final : public toptionx, public tinarena {
+ public:
+  tlistoptionx(std::int32_t value, std::int32_t helpflag, tstoredtext helptext)
       : toptionx(helpflag, helptext), fenumvalue(value) {}
   std::int32_t enumvalue() const noexcept { return fenumvalue; }
 

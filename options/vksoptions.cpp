@@ -17,7 +17,7 @@ toption* tvksoptions::getobjects(std::int32_t index) const noexcept {
 }
 
 toption& tvksoptions::addoption(std::unique_ptr<toption> option) {
-  foptions.addobject(option->name(), option.get());
+  foptions.addstored(option->storedname(), option.get());
   return *option.release();
 }
 

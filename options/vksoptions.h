@@ -163,6 +163,8 @@ class tvksoptions : public toptionx {
   std::string_view getstrings(std::int32_t index) const noexcept;
   toption* getobjects(std::int32_t index) const noexcept;
   toption& addoption(std::unique_ptr<toption> option);
+  // Where options and what else a definition holds are made.
+  tarena& arena() noexcept { return farena; }
   // The first option of exactly this name, regardless of case and lookup mode; null if there is none.
   toption* exactoption(std::string_view name) const { return getobjects(foptions.indexof(name)); }
 
@@ -222,8 +224,9 @@ class tvksoptions : public toptionx {
   bool assignednew(std::int32_t nr, bool second, tassign assign);
   bool setvalues(std::int32_t nr, bool second, std::int32_t ival, double dval, std::string_view sval);
 
+  tarena farena;
   heapstring ffilename;
-  txstringlistobj<toption> foptions;
+  tstoredlistobj<toption> foptions;
   tlookup flookup{foptions};
   txstringlist<std::int32_t> fsynonyms;  // synonym and position of its option, negative for none
   txstringlistobj<tgroupobj> fgroups;

@@ -1,0 +1,35 @@
+// Blocks of the arena.
+#include "base/arena.h"
+
+#include <algorithm>
+#include <new>
+
+namespace wexcorin {
+
+tarena::~tarena() {
+  while (fblocks != nullptr) {
+    tblock* block = fblocks;
+    fblocks = block->previous;
+    ::operator delete(block);
+  }
+}
+
+// Blocks double, so that few are needed, up to a size of which the unused rest does not count.
+void tarena::addblock(std::size_t size) {
+  constexpr std::size_t smallest = 1024;
+  constexpr std::size_t largest = 16 * 1024;
+  const std::size_t blocksize =
+      std::max(sizeof(tblock) + size, std::clamp(2 * fblocksize, smallest, largest));
+  fblocks = ::new (::operator new(blocksize)) tblock{fblocks};
+  fblocksize = blocksize;
+  fnext = reinterpret_cast<char*>(fblocks + 1);
+  fend = reinterpret_cast<char*>(fblocks) + blocksize;
+}
+
+tstoredtext tarena::text(std::string_view text) {
+  if (text.empty()) return {};
+  const std::string_view kept = shortened(text);
+  return tstoredtext(fillstring(take(kept.size() + 1), kept));
+}
+
+}  // namespace wexcorin

@@ -1,0 +1,72 @@
+// Memory for what definitions say: texts and objects that stay as long as the store that they belong to. It
+// is taken from the system in large blocks and given back as a whole.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "base/heapstring.h"
+
+namespace wexcorin {
+
+// A text in an arena, in the form of heap short strings: the empty text is no block.
+class tstoredtext {
+ public:
+  tstoredtext() noexcept = default;
+  explicit tstoredtext(char* block) noexcept : fblock(block) {}
+  std::string_view view() const noexcept { return getstring(fblock); }
+  char* block() const noexcept { return fblock; }
+
+ private:
+  char* fblock = nullptr;
+};
+
+class tarena {
+ public:
+  tarena() noexcept = default;
+  tarena(const tarena&) = delete;
+  tarena& operator=(const tarena&) = delete;
+  ~tarena();
+
+  // Room for an object. Throws std::bad_alloc.
+  void* allocate(std::size_t size) {
+    fnext += -reinterpret_cast<std::uintptr_t>(fnext) % alignment;
+    return take(size);
+  }
+  // A copy of the first 255 characters. Throws std::bad_alloc.
+  tstoredtext text(std::string_view text);
+
+ private:
+  static constexpr std::size_t alignment = alignof(double);
+  struct tblock {
+    tblock* previous;
+  };
+
+  char* take(std::size_t size) {
+    if (fnext > fend || size > static_cast<std::size_t>(fend - fnext)) addblock(size);
+    char* room = fnext;
+    fnext += size;
+    return room;
+  }
+  void addblock(std::size_t size);
+
+  tblock* fblocks = nullptr;
+  std::size_t fblocksize = 0;
+  char* fnext = nullptr;  // the room that is left
+  char* fend = nullptr;
+};
+
+// The base of objects that are made in an arena. They are deleted like any others, but their memory stays.
+class tinarena {
+ public:
+  static void* operator new(std::size_t size, tarena& arena) { return arena.allocate(size); }
+  static void operator delete(void*, tarena&) noexcept {}
+  static void operator delete(void*) noexcept {}
+
+ protected:
+  tinarena() noexcept = default;
+  ~tinarena() = default;
+};
+
+}  // namespace wexcorin
