@@ -35,7 +35,7 @@ class tnameindex {
   template <class tkey, class tkeyat>
   std::int32_t find(std::int32_t count, const tkey& key, tkeyat keyat) {
     if (count <= walkedcount || !enter(count, keyat)) return walk(count, key, keyat);
-    return search(key, keyat);
+    return fslots[slotof(key, key.hash(), keyat)].position;
   }
 
   // To be called when positions change other than by adding at the end.
@@ -57,14 +57,13 @@ class tnameindex {
     return -1;
   }
 
+  // The slot of the key, or the empty one where it belongs. There must be slots.
   template <class tkey, class tkeyat>
-  std::int32_t search(const tkey& key, tkeyat keyat) const {
-    const std::uint32_t hash = key.hash();
-    for (std::size_t i = hash & mask();; i = (i + 1) & mask()) {
-      const tslot& slot = fslots[i];
-      if (slot.position < 0) return -1;
-      if (slot.hash == hash && keyat(slot.position) == key) return slot.position;
-    }
+  std::size_t slotof(const tkey& key, std::uint32_t hash, tkeyat keyat) const {
+    std::size_t i = hash & mask();
+    while (fslots[i].position >= 0 && !(fslots[i].hash == hash && keyat(fslots[i].position) == key))
+      i = (i + 1) & mask();
+    return i;
   }
 
   // Enters the positions that are not entered yet; of equal keys only the first. False without memory.
@@ -73,14 +72,18 @@ class tnameindex {
     for (; fentered < count; ++fentered) {
       if (!reserveone()) return false;
       const auto key = keyat(fentered);
-      if (search(key, keyat) < 0) insert({key.hash(), fentered});
+      const std::uint32_t hash = key.hash();
+      tslot& slot = fslots[slotof(key, hash, keyat)];
+      if (slot.position >= 0) continue;
+      slot = {hash, fentered};
+      ++fused;
     }
     return true;
   }
 
   std::size_t mask() const noexcept { return fslots.size() - 1; }
-  bool reserveone() noexcept;
-  void insert(tslot slot) noexcept;
+  bool reserveone() noexcept { return 4 * (fused + 1) <= 3 * fslots.size() || grow(); }
+  bool grow() noexcept;
 
   std::vector<tslot> fslots;  // a power of two of them, at most three quarters in use
   std::size_t fused = 0;

@@ -155,6 +155,21 @@ std::string_view withoutplus(std::string_view text) noexcept {
   return text.size() > 1 && text[0] == '+' && text[1] != '-' ? text.substr(1) : text;
 }
 
+// A text of up to nine digits with or without a minus sign, as most numbers are: no 32 bits can overflow.
+bool parseshortinteger(std::string_view text, std::int32_t& number) noexcept {
+  constexpr std::size_t longest = 9;
+  const bool negative = !text.empty() && text[0] == '-';
+  if (negative) text.remove_prefix(1);
+  if (text.empty() || text.size() > longest) return false;
+  std::int32_t value = 0;
+  for (const char character : text) {
+    if (!isdigit(character)) return false;
+    value = 10 * value + (character - '0');
+  }
+  number = negative ? -value : value;
+  return true;
+}
+
 // Whether a syntactically good number that no double can hold is too large rather than too small: decided by
 // the decimal exponent of its first digit that is not zero.
 bool istoolarge(std::string_view text) noexcept {
@@ -237,25 +252,6 @@ bool parsedoubleword(std::string_view text, double& number) noexcept {
 
 }  // namespace
 
-namespace {
-
-// A text of up to nine digits with or without a minus sign, as most numbers are: no 32 bits can overflow.
-bool parseshortinteger(std::string_view text, std::int32_t& number) noexcept {
-  constexpr std::size_t longest = 9;
-  const bool negative = !text.empty() && text[0] == '-';
-  if (negative) text.remove_prefix(1);
-  if (text.empty() || text.size() > longest) return false;
-  std::int32_t value = 0;
-  for (const char character : text) {
-    if (!isdigit(character)) return false;
-    value = 10 * value + (character - '0');
-  }
-  number = negative ? -value : value;
-  return true;
-}
-
-}  // namespace
-
 bool strasintex(std::string_view text, std::int32_t& number) noexcept {
   if (parseshortinteger(text, number)) return true;
   number = 0;
@@ -285,6 +281,11 @@ bool strasintex2(std::string_view text, std::int32_t& number) noexcept {
 }
 
 bool strasdoubleex(std::string_view text, double& number) noexcept {
+  std::int32_t whole = 0;
+  if (parseshortinteger(text, whole) && whole != 0) {  // of zero the sign counts
+    number = whole;
+    return true;
+  }
   number = 0.0;
   if (parsedecimal(text, number) || parsedoubleword(text, number)) return true;
   shortstring withe;

@@ -42,9 +42,12 @@ tword loadfew(const char* text, std::size_t count) {
 }
 
 // What follows the full words of a text of `count` characters. The word reaches back into the last full one.
-tword loadrest(const char* text, std::size_t count) {
+inline tword loadrest(const char* text, std::size_t count) {
   return count > sizeof(tword) ? loadword(text + count - sizeof(tword)) : loadfew(text, count);
 }
+
+// Most names are written the same way everywhere.
+inline bool equalwords(tword a, tword b) { return a == b || upperword(a) == upperword(b); }
 
 tword mix(tword state, tword word) {
   const auto product = static_cast<twideword>(state ^ word) * 0x9E3779B97F4A7C15ULL;
@@ -70,8 +73,8 @@ std::int32_t strucmp(std::string_view a, std::string_view b) noexcept {
 bool detail::equalcharacters(const char* a, const char* b, std::size_t count) noexcept {
   std::size_t i = 0;
   for (; i + sizeof(tword) <= count; i += sizeof(tword))
-    if (upperword(loadword(a + i)) != upperword(loadword(b + i))) return false;
-  return i == count || upperword(loadrest(a, count)) == upperword(loadrest(b, count));
+    if (!equalwords(loadword(a + i), loadword(b + i))) return false;
+  return i == count || equalwords(loadrest(a, count), loadrest(b, count));
 }
 
 std::uint32_t struhash(std::string_view text) noexcept {

@@ -54,15 +54,10 @@ void tminiparser::setsource(tmode mode, std::string_view name, std::string_view 
   ftextlength = text.size();
   fmode = mode;
   flinenr = 0;
-  flushecho(text);
+  if (fechoflag) flushecho(text);
 }
 
 // ---- lines and characters
-
-void tminiparser::moveto(char* position) noexcept {
-  fposition = position;
-  fch = *position;
-}
 
 bool tminiparser::nextfileline() {
   for (;;) {
@@ -73,7 +68,7 @@ bool tminiparser::nextfileline() {
       return false;
     }
     if (flinenr < maxint) ++flinenr;
-    flushecho({line, length});
+    if (fechoflag) flushecho({line, length});
     if (length == 0 || line[0] == '*') continue;
     flineend = line + length;
     *flineend = endofline;
@@ -108,7 +103,8 @@ void tminiparser::nextch() {
 char* tminiparser::endofrest() const noexcept {
   const auto length = static_cast<std::size_t>(flineend - fposition);
   void* end = std::memchr(fposition, endofline, length);
-  const std::size_t before = end == nullptr ? length : static_cast<std::size_t>(static_cast<char*>(end) - fposition);
+  const std::size_t before =
+      end == nullptr ? length : static_cast<std::size_t>(static_cast<char*>(end) - fposition);
   if (void* input = std::memchr(fposition, endofinput, before)) end = input;
   return end == nullptr ? flineend : static_cast<char*>(end);
 }
@@ -122,7 +118,6 @@ void tminiparser::skiptolineend() {
 void tminiparser::flushecho(std::string_view line) {
   constexpr std::size_t width = 130;
   constexpr char broken = static_cast<char>(187);  // in place of the leading blank where a line is cut
-  if (!fechoflag) return;
   if (line.empty()) {
     fecholist.add({});
     return;
@@ -223,7 +218,23 @@ bool tminiparser::nextquotedtoken(std::string_view& text) {
   return true;
 }
 
+// Most numbers are a token of a few digits, read in one go. Nothing is passed when this is none.
+bool tminiparser::shortinteger(std::int32_t& number) noexcept {
+  constexpr std::ptrdiff_t longest = 9;  // cannot overflow
+  const bool negative = fch == '-';
+  char* first = negative ? fposition + 1 : fposition;
+  char* end = first;
+  std::int32_t value = 0;
+  for (; is(*end, digit) && end - first < longest; ++end) value = 10 * value + (*end - '0');
+  if (end == first || !is(*end, lineend | blank | comma)) return false;
+  moveto(end);
+  number = negative ? -value : value;
+  return true;
+}
+
 bool tminiparser::nextinteger(std::int32_t& number) {
+  if (!skipbl()) return false;
+  if (shortinteger(number)) return true;
   std::string_view text;
   return nexttoken(text) && strasintex(text, number);
 }

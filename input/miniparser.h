@@ -51,6 +51,7 @@ class tminiparser final : public tlinesource {
   // ---- tokens, in the order of their complexity; the results say whether something was read
   // Skips blanks, tabs and a comment. False at the end of the line.
   bool skipbl() {
+    if (is(fch, blank)) moveto(fposition + 1);  // mostly there is one
     if (is(fch, blank | comment)) skipblanksandcomment();
     return !atlineend();
   }
@@ -103,12 +104,16 @@ class tminiparser final : public tlinesource {
   void flushecho(std::string_view line);
   void setsource(tmode mode, std::string_view name, std::string_view text);
   bool nextfileline();
-  void moveto(char* position) noexcept;
+  void moveto(char* position) noexcept {
+    fposition = position;
+    fch = *position;
+  }
   std::string_view collect(unsigned classes);
   std::string_view collectuntil(unsigned classes);
   template <class tbelongs>
   std::string_view collectwhile(tbelongs belongs);
   char* endofrest() const noexcept;
+  bool shortinteger(std::int32_t& number) noexcept;
   std::string_view taken(char* begin, char* end) noexcept;
   bool nextquotedtoken(std::string_view& text);
 

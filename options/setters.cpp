@@ -68,10 +68,9 @@ shortstring possiblevalues(const txlistobj<tlistoptionx>& items) {
 
 void tintoption::setasinteger12(bool second, std::int32_t value) {
   const bool legal = flo <= value && value <= fhi;
-  if (!legal &&
-      !tolerated(
-          *this, "Integer range error for option ", [&] { return inttostr(value); },
-          [&] { return validrange(flo, fhi, inttostrex); }))
+  if (!legal && !tolerated(
+                    *this, "Integer range error for option ", [&] { return inttostr(value); },
+                    [&] { return validrange(flo, fhi, inttostrex); }))
     return;
   fvalues.store(second, value);
   markstored(*this, second, legal);
@@ -90,10 +89,9 @@ void tintoption::setasstring12(bool second, std::string_view text) {
 void tdbloption::setasdouble12(bool second, double value) {
   // these comparisons do not raise an exception for what is not a number, which some hosts trap
   const bool legal = std::isgreaterequal(value, flo) && std::islessequal(value, fhi);
-  if (!legal &&
-      !tolerated(
-          *this, "Double out of range for option ", [&] { return dbltostr(value); },
-          [&] { return validrange(flo, fhi, dbltostrex); }))
+  if (!legal && !tolerated(
+                    *this, "Double out of range for option ", [&] { return dbltostr(value); },
+                    [&] { return validrange(flo, fhi, dbltostrex); }))
     return;
   fvalues.store(second, value);
   markstored(*this, second, legal);
@@ -118,10 +116,9 @@ void tstringoption::setasstring12(bool second, std::string_view text) {
 
 void tbooleanoption::setasinteger12(bool second, std::int32_t value) {
   const bool legal = value == 0 || value == 1;
-  if (!legal &&
-      !tolerated(
-          *this, "Boolean out of range for option ", [&] { return inttostr(value); },
-          [] { return "   Valid values are 0 or 1"; }))
+  if (!legal && !tolerated(
+                    *this, "Boolean out of range for option ", [&] { return inttostr(value); },
+                    [] { return "   Valid values are 0 or 1"; }))
     return;
   fvalues.store(second, value);
   markstored(*this, second, legal);
@@ -153,10 +150,9 @@ void tenumstroption::setasstring12(bool second, std::string_view text) {
 
 void tenumintoption::setasinteger12(bool second, std::int32_t value) {
   const bool legal = hasitem(value);
-  if (!legal &&
-      !tolerated(
-          *this, "Unknown value for option ", [&] { return inttostr(value); },
-          [&] { return possiblevalues(fitems); }))
+  if (!legal && !tolerated(
+                    *this, "Unknown value for option ", [&] { return inttostr(value); },
+                    [&] { return possiblevalues(fitems); }))
     return;
   fvalues.store(second, value);
   markstored(*this, second, legal);
