@@ -98,26 +98,45 @@ bool tlinereader::fill() noexcept {
 
 bool tlinereader::next(char*& line, std::size_t& length) {
   const void* feed = findfeed(0);
+  if (feed == nullptr) return nextbyreading(line, length);
+  takeline(feed, line, length);
+  return true;
+}
+
+// The line up to the feed, which is in the block.
+void tlinereader::takeline(const void* feed, char*& line, std::size_t& length) noexcept {
+  line = fblock.get() + fbegin;
+  length = static_cast<std::size_t>(static_cast<const char*>(feed) - line);
+  fbegin += length + 1;
+  trimline(line, length);
+}
+
+void tlinereader::trimline(const char* line, std::size_t& length) noexcept {
+  if (length > 0 && line[length - 1] == '\r') --length;
+  length = std::min(length, maxline);
+}
+
+// The next line where the block does not hold its end.
+bool tlinereader::nextbyreading(char*& line, std::size_t& length) {
+  const void* feed = nullptr;
   for (std::size_t unread = fend - fbegin; feed == nullptr && unread < blocksize; unread = fend - fbegin) {
     if (!fill()) break;
     feed = findfeed(unread);
   }
-  line = fblock.get() + fbegin;  // filling may have moved it
   if (feed != nullptr) {
-    length = static_cast<std::size_t>(static_cast<const char*>(feed) - line);
-    fbegin += length + 1;
-  } else {
-    length = fend - fbegin;
-    if (length == 0) return false;
-    fbegin = fend;
-    if (!fatend) {
-      skiprestofline();
-      length = maxline;
-      return true;
-    }
+    takeline(feed, line, length);
+    return true;
   }
-  if (length > 0 && line[length - 1] == '\r') --length;
-  length = std::min(length, maxline);
+  line = fblock.get() + fbegin;
+  length = fend - fbegin;
+  if (length == 0) return false;
+  fbegin = fend;
+  if (fatend) {
+    trimline(line, length);
+  } else {
+    skiprestofline();
+    length = maxline;
+  }
   return true;
 }
 

@@ -38,6 +38,9 @@ class tlinereader {
   void begin() noexcept;
   bool readmore() noexcept;
   bool fill() noexcept;
+  bool nextbyreading(char*& line, std::size_t& length);
+  void takeline(const void* feed, char*& line, std::size_t& length) noexcept;
+  static void trimline(const char* line, std::size_t& length) noexcept;
   const void* findfeed(std::size_t searched) const noexcept;
   void skiprestofline() noexcept;
 

@@ -102,19 +102,28 @@ bool tparameterreader::statement() {
   }
   std::string_view identifier;
   std::int32_t dashes = 0;
-  if (!fscanner.nextkey(identifier, dashes)) {
-    const char saw = fscanner.ch();
-    error(concat("Option keyword expected, saw ", quoted({&saw, fscanner.atlineend() ? 0U : 1U})));
-    return droprest();
-  }
+  if (!fscanner.nextkey(identifier, dashes)) return nokey();
   const char separator = fscanner.ch();
-  if (!fscanner.atlineend() && separator != '.' && separator != ' ' && separator != '\t' &&
-      separator != '=') {
-    error(concat("Bad separator after key ", quoted(identifier)));
-    return droprest();
-  }
+  if (!fscanner.atlineend() && separator != '.' && separator != ' ' && separator != '\t' && separator != '=')
+    return badseparator(identifier);
   setkey(identifier, dashes);
   return dispatch(dashes);
+}
+
+// The messages are put together in functions of their own, so that good lines do not pay for their room.
+bool tparameterreader::nokey() {
+  const char saw = fscanner.ch();
+  error(concat("Option keyword expected, saw ", quoted({&saw, fscanner.atlineend() ? 0U : 1U})));
+  return droprest();
+}
+
+bool tparameterreader::badseparator(std::string_view key) {
+  error(concat("Bad separator after key ", quoted(key)));
+  return droprest();
+}
+
+void tparameterreader::novalue(const toption& option) {
+  error(concat("Value expected for key ", quoted(option.name())));
 }
 
 void tparameterreader::setkey(std::string_view identifier, std::int32_t dashes) {
@@ -209,7 +218,7 @@ bool tparameterreader::ordinary(toption& option) {
   if (subtype == tsubtype::novalue || (subtype == tsubtype::optional && !fscanner.skipbl())) {
     if (allowsdeprecated(option)) option.usedefined();
   } else if (!fscanner.skipbecomes()) {
-    error(concat("Value expected for key ", quoted(option.name())));
+    novalue(option);
   } else if (feolonly) {
     eolvalue(option);
   } else {
@@ -254,10 +263,7 @@ void tparameterreader::settwovalues(toption& option, const tvalue& first, const 
   if (second.isread && second.text != "*") option.setasstring2(second.text);
 }
 
-// Files a warning when the option's name, or its synonyms, as whichever it was called, are on their way out.
-// False when the name or the synonyms are obsolete: the value is not taken.
-bool tparameterreader::allowsdeprecated(const toption& option) {
-  if (!option.hasdeprecation()) return true;
+bool tparameterreader::warnsofdeprecated(const toption& option) {
   const bool ownname = struequal(fkey, option.name());
   const bool isdeprecated =
       option.hasdeprecation(ownname ? tdeprecation::deprecated : tdeprecation::deprecatedsynonym);

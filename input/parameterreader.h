@@ -53,11 +53,19 @@ class tparameterreader {
   void eolvalue(toption& option);
   bool remainder();
 
+  bool nokey();
+  bool badseparator(std::string_view key);
+  void novalue(const toption& option);
   void setkey(std::string_view identifier, std::int32_t dashes);
   toption* findoption();
   toption* findjoined();
   toption& addlist();
-  bool allowsdeprecated(const toption& option);
+  // Files a warning when the option's name, or its synonyms, as whichever it was called, are on their way
+  // out. False when the name or the synonyms are obsolete: the value is not taken.
+  bool allowsdeprecated(const toption& option) {
+    return !option.hasdeprecation() || warnsofdeprecated(option);
+  }
+  bool warnsofdeprecated(const toption& option);
   void settwovalues(toption& option, const tvalue& first, const tvalue& second);
   tvalue token();
   tvalue restvalue();
