@@ -15,7 +15,7 @@
 
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef WEXCORIN_SANITIZED
 constexpr std::size_t tinystack = 512 * 1024;  // sanitizers have frames several times as large
 #else
 constexpr std::size_t tinystack = 64 * 1024;

@@ -81,7 +81,7 @@ int main(int, char** arguments) {
   const tsize before;
   for (int time = 101; time <= 1000; ++time) tclient(arguments[1 + time % 2]).touch();
   const tsize after;
-#if !defined(__SANITIZE_ADDRESS__)  // which keeps memory of its own for every loading
+#ifndef WEXCORIN_SANITIZED  // sanitizers keep memory of their own for every loading
   std::printf("%ld pages, %zu bytes; later %ld pages, %zu bytes\n", before.pages, before.bytes, after.pages,
               after.bytes);
   require(after.bytes <= before.bytes && after.pages <= before.pages, "loading leaves nothing behind");

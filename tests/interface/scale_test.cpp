@@ -9,7 +9,7 @@ namespace {
 
 using namespace std::string_literals;
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef WEXCORIN_SANITIZED
 constexpr int scale = 10;
 #else
 constexpr int scale = 1;
