@@ -35,24 +35,53 @@ tquicksortclass::trange tquicksortclass::partition(trange range) {
   return {i, j};
 }
 
+// Moves the item at `root` of the heap lo .. hi down until none below belongs behind it.
+void tquicksortclass::siftdown(trange heap, std::int32_t root) {
+  while (root - heap.lo < heap.hi - root) {
+    const std::int32_t left = root + (root - heap.lo) + 1;
+    const std::int32_t child = left < heap.hi && compare(left, left + 1) < 0 ? left + 1 : left;
+    if (compare(root, child) >= 0) return;
+    exchange(root, child);
+    root = child;
+  }
+}
+
+void tquicksortclass::heapsort(trange range) {
+  for (std::int32_t root = range.lo + (range.hi - range.lo) / 2; root >= range.lo; --root)
+    siftdown(range, root);
+  while (range.lo < range.hi) {
+    exchange(range.lo, range.hi);
+    --range.hi;
+    siftdown(range, range.lo);
+  }
+}
+
 // The parts of a split are sorted independently of each other, so the smaller one goes first and the stack
-// stays shallow whatever the order of the items.
+// stays shallow whatever the order of the items. An order made to meet bad pivots would take quadratic time:
+// what has been split far more often than halving needs goes to the heap sort.
 void tquicksortclass::quicksort(std::int32_t lo, std::int32_t hi) {
   constexpr std::size_t deepest = 32;  // each entry at most half as long as the one below it
-  trange waiting[deepest];
+  struct tpart {
+    trange range;
+    int splits;  // that are left
+  } waiting[deepest];
   std::size_t depth = 0;
-  trange range{lo, hi};
+  tpart part{{lo, hi}, 4 * std::numeric_limits<std::int32_t>::digits};
   for (;;) {
-    while (range.lo < range.hi) {
-      const trange split = partition(range);
-      trange left{range.lo, split.hi};
-      trange right{split.lo, range.hi};
+    while (part.range.lo < part.range.hi) {
+      if (part.splits-- == 0) {
+        heapsort(part.range);
+        break;
+      }
+      const trange split = partition(part.range);
+      trange left{part.range.lo, split.hi};
+      trange right{split.lo, part.range.hi};
       if (left.hi - left.lo > right.hi - right.lo) std::swap(left, right);
-      waiting[depth++] = right;
-      range = left;
+      waiting[depth++] = {right, part.splits};
+      part.range = left;
     }
     if (depth == 0) return;
-    range = waiting[--depth];
+    part = waiting[--depth];
   }
 }
 

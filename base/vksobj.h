@@ -35,7 +35,8 @@ class tquicksortclass {
   // Negative, zero or positive as item i belongs before, with or after item j.
   virtual std::int32_t compare(std::int32_t i, std::int32_t j) const = 0;
 
-  // Sorts items 0 .. n - 1. Not stable: equal items come out in the order that the pivots give them.
+  // Sorts items 0 .. n - 1 in at most n log n steps. Not stable: equal items come out in the order that the
+  // pivots give them.
   void sortn(std::int32_t n);
 
  private:
@@ -43,6 +44,8 @@ class tquicksortclass {
     std::int32_t lo, hi;
   };
   trange partition(trange range);
+  void siftdown(trange heap, std::int32_t root);
+  void heapsort(trange range);
   void quicksort(std::int32_t lo, std::int32_t hi);
 };
 

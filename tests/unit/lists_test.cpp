@@ -138,4 +138,37 @@ TEST(lists, sorting_puts_equal_names_where_the_pivots_do) {
 }
 
 }  // namespace
+// Decides only when it is asked how its items are ordered, so that every pivot is among the least.
+class tadversary : public tquicksortclass {
+ public:
+  explicit tadversary(std::int32_t count) : fvalues(static_cast<std::size_t>(count), undecided) {}
+  void exchange(std::int32_t i, std::int32_t j) override { std::swap(value(i), value(j)); }
+  std::int32_t compare(std::int32_t i, std::int32_t j) const override {
+    ++fcompared;
+    if (value(i) == undecided && value(j) == undecided) value(i == fpivot ? i : j) = fnext++;
+    if (value(i) == undecided) fpivot = i;
+    if (value(j) == undecided) fpivot = j;
+    return value(i) < value(j) ? -1 : i == j ? 0 : 1;
+  }
+  std::int64_t compared() const { return fcompared; }
+  bool issorted() const { return std::is_sorted(fvalues.begin(), fvalues.end()); }
+
+ private:
+  static constexpr std::int32_t undecided = std::numeric_limits<std::int32_t>::max();
+  std::int32_t& value(std::int32_t i) const { return fvalues[static_cast<std::size_t>(i)]; }
+
+  mutable std::vector<std::int32_t> fvalues;
+  mutable std::int32_t fnext = 0;
+  mutable std::int32_t fpivot = -1;
+  mutable std::int64_t fcompared = 0;
+};
+
+TEST(lists, sorting_takes_no_quadratic_time_whatever_the_order) {
+  constexpr std::int32_t count = 20000;
+  tadversary list(count);
+  list.sortn(count);
+  EXPECT_TRUE(list.issorted());
+  EXPECT_LT(list.compared(), 400 * count) << "the pivots alone would take " << count << " to the square";
+}
+
 }  // namespace wexcorin
