@@ -1,11 +1,12 @@
 // The input is a definition file, a parameter file and requests for help, one a line, with a line "%%"
-// between these parts and two bytes of switches in front. Everything that can be written of the store is
-// written.
+// between these parts and two bytes of switches in front. Everything that the library can write of the store
+// is written, and the documents of the tool.
 #include "fuzz/support/html.h"
 #include "fuzz/support/roundtrip.h"
 #include "fuzz/support/state.h"
 #include "fuzz/support/target.h"
 #include "fuzz/support/texts.h"
+#include "fuzz/tooldocuments.h"
 
 #include "api/handle.h"
 #include "output/vksoptionwriter.h"
@@ -50,6 +51,11 @@ void checkdocument(const tpair& pair, const tdocument& document) {
   document.check(bytes[0]);
 }
 
+void checktooldocuments(const tpair& pair) {
+  const std::vector<std::string> written = checkeddocuments(*pair.handle(0));
+  FUZZ_CHECK(written == checkeddocuments(*pair.handle(1)), written.front());
+}
+
 void checkhelp(tpair& pair, std::string_view request) {
   pair.clearmessages();
   pair.call(optshowhelp, coptshowhelp, ttextin(request));
@@ -72,6 +78,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   switches.apply(pair);
   switches.read(pair, parameters);
   for (const tdocument& document : documents) checkdocument(pair, document);
+  checktooldocuments(pair);
   checkroundtrip(pair, switches.writeeolonly());
   for (const std::string_view request : {"", "11", "2"}) checkhelp(pair, request);
   for (int count = 0; count < 20 && !requests.empty(); ++count) checkhelp(pair, nextline(requests));
