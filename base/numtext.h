@@ -22,6 +22,7 @@ class tnumbertext {
  public:
   static constexpr std::size_t capacity = 39;
 
+  // cppcheck-suppress uninitMemberVar ; only the first flength characters are read
   tnumbertext() noexcept = default;
   tnumbertext(std::string_view text) noexcept { append(text); }
   void append(std::string_view text) noexcept;

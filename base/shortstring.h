@@ -13,6 +13,7 @@ class shortstring {
  public:
   static constexpr std::size_t capacity = 255;
 
+  // cppcheck-suppress uninitMemberVar ; only the first flength characters are read
   shortstring() noexcept : flength(0) {}
   shortstring(std::string_view text) noexcept : flength(0) { append(text); }
   shortstring(const shortstring& other) noexcept : flength(0) { append(other.view()); }

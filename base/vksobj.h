@@ -239,6 +239,7 @@ class txcustomstringlist : public tquicksortclass {
     return pstrucmp(fentries[i].text, fentries[j].text);
   }
   virtual void grow() { setcapacity(growncapacity(capacity())); }
+  // cppcheck-suppress virtualCallInConstructor ; each owning list clears itself in its own destructor
   virtual void freetext(char* text) { disposestring(text); }
   virtual void freeobject(std::int32_t) {}
 
