@@ -50,7 +50,7 @@ namespace {
 
 // The dynamic loader makes this object when it loads the library and destroys it when it unloads it.
 struct tlibrary {
-  tlibrary() { libraryload(); }
+  tlibrary() noexcept { libraryload(); }
   ~tlibrary() { libraryunload(); }
 };
 const tlibrary library;

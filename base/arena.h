@@ -62,7 +62,7 @@ class tinarena {
  public:
   static void* operator new(std::size_t size, tarena& arena) { return arena.allocate(size); }
   static void operator delete(void*, tarena&) noexcept {}
-  static void operator delete(void*) noexcept {}
+  static void operator delete(void*) noexcept {}  // NOLINT(cert-dcl54-cpp): there is no new without arena
 
  protected:
   tinarena() noexcept = default;

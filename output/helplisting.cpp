@@ -206,7 +206,8 @@ void thelplisting::addbigtext(const toption& option) {
 
 // ---- debugging
 
-// The one output of the library that goes to the process's standard output: who asks for it wants just that.
+// The one output of the library that goes to the process's standard output: who asks for it wants just that,
+// and what becomes of it there is the host's own affair.
 void thelplisting::tostandardoutput() const {
   std::string text = "\n";
   for (std::int32_t i = 0; i < fnames.count(); ++i) {

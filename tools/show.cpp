@@ -20,8 +20,6 @@ using nlohmann::ordered_json;
 constexpr std::size_t columncount = 7;
 using tcells = std::array<std::string, columncount>;
 
-const tcells titles = {"Nr", "Name", "Type", "Set", "Value", "Default", "Range or values"};
-
 std::string legaltext(const toptionrow& row) {
   if (!row.low.text.empty()) return row.low.text + " to " + row.high.text;
   std::string result;
@@ -50,7 +48,7 @@ std::string aligned(const tcells& cells, const std::array<std::size_t, columncou
 }
 
 void printtable(const std::vector<toptionrow>& rows) {
-  std::vector<tcells> lines = {titles};
+  std::vector<tcells> lines = {tcells{"Nr", "Name", "Type", "Set", "Value", "Default", "Range or values"}};
   for (const toptionrow& row : rows) lines.push_back(cellsof(row));
   std::array<std::size_t, columncount> widths{};
   for (const tcells& cells : lines)

@@ -44,8 +44,10 @@ bool iscontrol(std::string_view character) {
 }
 
 bool colourwanted(int descriptor) {
+  // NOLINTBEGIN(concurrency-mt-unsafe): the tool has one thread
   const char* forbidden = std::getenv("NO_COLOR");
   const char* terminal = std::getenv("TERM");
+  // NOLINTEND(concurrency-mt-unsafe)
   return isatty(descriptor) == 1 && (forbidden == nullptr || *forbidden == '\0') && terminal != nullptr &&
          std::string_view(terminal) != "dumb";
 }
