@@ -69,7 +69,9 @@ bool tdefinitionreader::name() {
   if (isdotted) fscanner.nextch();
   std::string_view identifier;
   if (!fscanner.nextident(identifier)) return false;
-  fname = concat(isdotted ? "." : "", identifier);
+  fname.clear();
+  if (isdotted) fname.append(".");
+  fname.append(identifier);
   if (isdotted && identifier.size() > maxidentifier) error("Identifier too long");
   return true;
 }
@@ -147,14 +149,6 @@ void tdefinitionreader::option(tkeyword keyword) {
 }
 
 // ---- fields
-
-void tdefinitionreader::integerfield(std::int32_t& field, std::string_view problem) {
-  if (!fscanner.nextinteger(field)) error(problem);
-}
-
-void tdefinitionreader::doublefield(double& field, std::string_view problem) {
-  if (!fscanner.nextdouble(field)) error(problem);
-}
 
 // The fields with which every option ends.
 void tdefinitionreader::hcandgroup(std::string_view hcproblem) {

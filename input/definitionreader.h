@@ -89,8 +89,12 @@ class tdefinitionreader {
   void eolcomm();
 
   // ---- fields
-  void integerfield(std::int32_t& field, std::string_view problem);
-  void doublefield(double& field, std::string_view problem);
+  void integerfield(std::int32_t& field, std::string_view problem) {
+    if (!fscanner.nextinteger(field)) error(problem);
+  }
+  void doublefield(double& field, std::string_view problem) {
+    if (!fscanner.nextdouble(field)) error(problem);
+  }
   void hcandgroup(std::string_view hcproblem);
   toptionhead head();
   template <class tclass, class... targuments>

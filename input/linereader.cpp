@@ -44,8 +44,7 @@ int tlinereader::open(std::string_view filename) {
   freaderror = 0;
   fatend = false;
   funread = maxfile;
-  fbegin = 0;
-  fend = 0;
+  fbegin = fend = fblock.get();
   begin();
   if (freaderror != 0) close();
   return freaderror;
@@ -62,7 +61,7 @@ void tlinereader::begin() noexcept {
     fatend = false;
   }
   if (!S_ISREG(kind)) ::fcntl(fdescriptor, F_SETFL, 0);  // from here on reading waits
-  if (fend == 0) readmore();
+  if (unread() == 0) readmore();
 }
 
 void tlinereader::close() noexcept {
@@ -75,7 +74,7 @@ void tlinereader::close() noexcept {
 bool tlinereader::readmore() noexcept {
   if (fatend) return false;
   ssize_t count;
-  do count = ::read(fdescriptor, fblock.get() + fend, blocksize - fend);
+  do count = ::read(fdescriptor, fend, static_cast<std::size_t>(fblock.get() + blocksize - fend));
   while (count < 0 && errno == EINTR);
   if (count < 0) freaderror = errno;
   if (count > funread) freaderror = EFBIG;
@@ -84,76 +83,39 @@ bool tlinereader::readmore() noexcept {
     return false;
   }
   funread -= count;
-  fend += static_cast<std::size_t>(count);
+  fend += count;
   return true;
 }
 
 // Moves the unread part to the front of the block and reads behind it.
 bool tlinereader::fill() noexcept {
-  if (fbegin != 0) std::memmove(fblock.get(), fblock.get() + fbegin, fend - fbegin);
-  fend -= fbegin;
-  fbegin = 0;
+  const std::size_t kept = unread();
+  std::memmove(fblock.get(), fbegin, kept);
+  fbegin = fblock.get();
+  fend = fbegin + kept;
   return readmore();
 }
 
-bool tlinereader::next(char*& line, std::size_t& length) {
-  const void* feed = findfeed(0);
-  if (feed == nullptr) return nextbyreading(line, length);
-  takeline(feed, line, length);
-  return true;
-}
-
-// The line up to the feed, which is in the block.
-void tlinereader::takeline(const void* feed, char*& line, std::size_t& length) noexcept {
-  line = fblock.get() + fbegin;
-  length = static_cast<std::size_t>(static_cast<const char*>(feed) - line);
-  fbegin += length + 1;
-  trimline(line, length);
-}
-
-void tlinereader::trimline(const char* line, std::size_t& length) noexcept {
-  if (length > 0 && line[length - 1] == '\r') --length;
-  length = std::min(length, maxline);
-}
-
 // The next line where the block does not hold its end.
-bool tlinereader::nextbyreading(char*& line, std::size_t& length) {
-  const void* feed = nullptr;
-  for (std::size_t unread = fend - fbegin; feed == nullptr && unread < blocksize; unread = fend - fbegin) {
-    if (!fill()) break;
-    feed = findfeed(unread);
-  }
-  if (feed != nullptr) {
-    takeline(feed, line, length);
-    return true;
-  }
-  line = fblock.get() + fbegin;
-  length = fend - fbegin;
-  if (length == 0) return false;
+tlinereader::tline tlinereader::nextbyreading() {
+  for (std::size_t searched = unread(); searched < blocksize && fill(); searched = unread())
+    if (char* feed = findfeed(searched)) return takeline(feed);
+  char* const line = fbegin;
+  const std::size_t length = unread();
+  if (length == 0) return {};
   fbegin = fend;
-  if (fatend) {
-    trimline(line, length);
-  } else {
-    skiprestofline();
-    length = maxline;
-  }
-  return true;
-}
-
-// The first line feed of the unread part behind so many characters that hold none.
-const void* tlinereader::findfeed(std::size_t searched) const noexcept {
-  const std::size_t begin = fbegin + searched;
-  return begin == fend ? nullptr : std::memchr(fblock.get() + begin, '\n', fend - begin);
+  if (fatend) return trimmed(line, length);
+  skiprestofline();
+  return {line, maxline};
 }
 
 // Drops what is left of a line that fills the whole block, keeping its beginning, which is handed out.
 void tlinereader::skiprestofline() noexcept {
   for (;;) {
-    fbegin = maxline;
-    fend = maxline;
+    fbegin = fend = fblock.get() + maxline;
     if (!readmore()) return;
-    if (const void* feed = std::memchr(fblock.get() + fbegin, '\n', fend - fbegin)) {
-      fbegin = static_cast<std::size_t>(static_cast<const char*>(feed) - fblock.get()) + 1;
+    if (char* feed = findfeed(0)) {
+      fbegin = feed + 1;
       return;
     }
   }

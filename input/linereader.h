@@ -1,8 +1,9 @@
 // Reads a text file in blocks and hands it out line by line. Only the beginning of a very long line is kept.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
-#include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string_view>
 
@@ -22,10 +23,18 @@ class tlinereader {
   int open(std::string_view filename);
   void close() noexcept;
 
-  // Finds the next line; false at the end of the file. A line ends at a line feed; one carriage return
-  // directly before it, or at the very end of the file, is not part of the line. `line` and `length` describe
-  // characters that the caller may change, and with them the one behind, valid until the next call.
-  bool next(char*& line, std::size_t& length);
+  // Characters that may be changed, and with them the one behind, until the next line is asked for.
+  struct tline {
+    char* text = nullptr;
+    std::size_t length = 0;
+  };
+
+  // The next line; at the end of the file one without text. A line ends at a line feed; one carriage return
+  // directly before it, or at the very end of the file, is not part of the line.
+  tline next() {
+    char* const feed = findfeed(0);
+    return feed != nullptr ? takeline(feed) : nextbyreading();
+  }
 
   // The system's code of a read that failed after the file was opened, else 0. The file ends there.
   int readerror() const noexcept { return freaderror; }
@@ -38,19 +47,32 @@ class tlinereader {
   void begin() noexcept;
   bool readmore() noexcept;
   bool fill() noexcept;
-  bool nextbyreading(char*& line, std::size_t& length);
-  void takeline(const void* feed, char*& line, std::size_t& length) noexcept;
-  static void trimline(const char* line, std::size_t& length) noexcept;
-  const void* findfeed(std::size_t searched) const noexcept;
+  tline nextbyreading();
   void skiprestofline() noexcept;
+
+  std::size_t unread() const noexcept { return static_cast<std::size_t>(fend - fbegin); }
+  // The first line feed of the unread part behind so many characters that hold none.
+  char* findfeed(std::size_t searched) const noexcept {
+    return static_cast<char*>(std::memchr(fbegin + searched, '\n', unread() - searched));
+  }
+  static tline trimmed(char* line, std::size_t length) noexcept {
+    if (length > 0 && line[length - 1] == '\r') --length;
+    return {line, std::min(length, maxline)};
+  }
+  // The line up to the feed, which is in the block.
+  tline takeline(char* feed) noexcept {
+    char* const line = fbegin;
+    fbegin = feed + 1;
+    return trimmed(line, static_cast<std::size_t>(feed - line));
+  }
 
   int fdescriptor = -1;
   int freaderror = 0;
   bool fatend = false;
   std::ptrdiff_t funread = 0;  // how much may still come
   std::unique_ptr<char[]> fblock;
-  std::size_t fbegin = 0;  // the unread part of the block
-  std::size_t fend = 0;
+  char* fbegin = nullptr;  // the unread part of the block
+  char* fend = nullptr;
 };
 
 }  // namespace wexcorin

@@ -33,7 +33,6 @@ tminiparser::tminiparser(txstringlist<tmsgkind>& echolist, bool echo, const tcha
 std::int32_t tminiparser::fileopen(std::string_view filename) {
   strassign(fsourcename, filename);
   fmode = tmode::file;
-  fch = endofinput;
   flinenr = 0;
   return ffile.open(filename);
 }
@@ -61,56 +60,54 @@ void tminiparser::setsource(tmode mode, std::string_view name, std::string_view 
 
 bool tminiparser::nextfileline() {
   for (;;) {
-    char* line = nullptr;
-    std::size_t length = 0;
-    if (!ffile.next(line, length)) {
-      fch = endofinput;
+    const tlinereader::tline line = ffile.next();
+    if (line.text == nullptr) {
+      endinput();
       return false;
     }
     if (flinenr < maxint) ++flinenr;
-    if (fechoflag) flushecho({line, length});
-    if (length == 0 || line[0] == '*') continue;
-    flineend = line + length;
+    if (fechoflag) flushecho({line.text, line.length});
+    if (line.length == 0 || line.text[0] == '*') continue;
+    fposition = line.text;
+    flineend = line.text + line.length;
     *flineend = endofline;
-    moveto(line);
     return true;
   }
 }
 
-bool tminiparser::nextline() {
-  if (fmode == tmode::file) return nextfileline();
-  if (fposition != nullptr) {
-    fch = endofinput;
+bool tminiparser::nexttextline() {
+  if (flineend != nullptr) {
+    endinput();
     return false;
   }
-  flineend = ftext.get() + ftextlength;
-  moveto(ftext.get());
+  fposition = ftext.get();
+  flineend = fposition + ftextlength;
   return ftextlength != 0;
 }
 
+void tminiparser::endinput() noexcept { fposition = &fnothing; }
+
 void tminiparser::nextch() {
-  if (fch == endofinput) return;
+  if (ch() == endofinput) return;
   if (fposition < flineend)
-    moveto(fposition + 1);
+    ++fposition;
   else if (fmode == tmode::file)
     nextfileline();
   else
-    fch = endofinput;
+    endinput();
 }
 
 // The end of the line, or the character in it that ends it before. Such a character is rare: it is looked for
 // by itself.
 char* tminiparser::endofrest() const noexcept {
-  const auto length = static_cast<std::size_t>(flineend - fposition);
-  void* end = std::memchr(fposition, endofline, length);
-  const std::size_t before =
-      end == nullptr ? length : static_cast<std::size_t>(static_cast<char*>(end) - fposition);
-  if (void* input = std::memchr(fposition, endofinput, before)) end = input;
-  return end == nullptr ? flineend : static_cast<char*>(end);
-}
-
-void tminiparser::skiptolineend() {
-  if (!atlineend()) moveto(endofrest());
+  char* end = flineend;
+  const auto endat = [&](char character) {
+    void* found = std::memchr(fposition, character, static_cast<std::size_t>(end - fposition));
+    if (found != nullptr) end = static_cast<char*>(found);
+  };
+  if (fmode != tmode::file) endat(endofline);
+  endat(endofinput);
+  return end;
 }
 
 // ---- echo
@@ -137,66 +134,24 @@ void tminiparser::flushecho(std::string_view line) {
 
 // ---- tokens
 
-// The text between the two, which is passed: the characters behind it come next. It is cut in place to 255.
-std::string_view tminiparser::taken(char* begin, char* end) noexcept {
-  constexpr std::size_t longest = shortstring::capacity;
-  moveto(end);
-  const auto length = static_cast<std::size_t>(end - begin);
-  if (length <= longest) return {begin, length};
-  begin[longest - 1] = begin[length - 1];
-  return {begin, longest};
-}
-
-// Takes the characters of the classes, from the current one on; of the end of a line there is none.
-std::string_view tminiparser::collect(unsigned classes) {
-  if (atlineend()) return {};
-  char* end = fposition;
-  while (is(*end, classes)) ++end;
-  return taken(fposition, end);
-}
-
-// Takes the characters that are not of the classes, among which the end of the line must be.
-std::string_view tminiparser::collectuntil(unsigned classes) {
-  if (atlineend()) return {};
-  char* end = fposition;
-  while (!is(*end, classes)) ++end;
-  return taken(fposition, end);
-}
-
 // Takes the characters that belong by more than their class, up to the end of the line.
 template <class tbelongs>
 std::string_view tminiparser::collectwhile(tbelongs belongs) {
   if (atlineend()) return {};
   char* end = fposition;
   while (!is(*end, lineend) && belongs(*end)) ++end;
-  return taken(fposition, end);
+  return taken(end);
 }
 
 void tminiparser::skipblanksandcomment() {
   collect(blank);
-  if (is(fch, comment)) skiptolineend();
-}
-
-bool tminiparser::nextident(std::string_view& text) {
-  text = is(fch, letter) ? collect(letter | digit | underscore) : std::string_view();
-  return !text.empty();
-}
-
-bool tminiparser::nextidentx(std::string_view& text) {
-  text = is(fch, letter) ? collect(letter | digit) : std::string_view();
-  return !text.empty();
-}
-
-bool tminiparser::nextkey(std::string_view& text, std::int32_t& dashes) {
-  dashes = 0;
-  for (; fch == '-' || fch == '/'; nextch()) ++dashes;
-  return nextident(text);
+  if (is(ch(), comment)) skiptolineend();
 }
 
 bool tminiparser::nexttoken(std::string_view& text) {
   text = {};
   if (!skipbl()) return false;
-  if (fch == '"') return nextquotedtoken(text);
+  if (ch() == '"') return nextquotedtoken(text);
   text = collectuntil(lineend | blank | comma);
   return true;
 }
@@ -219,22 +174,25 @@ bool tminiparser::nextquotedtoken(std::string_view& text) {
 }
 
 // Most numbers are a token of a few digits, read in one go. Nothing is passed when this is none.
-bool tminiparser::shortinteger(std::int32_t& number) noexcept {
+inline bool tminiparser::shortinteger(std::int32_t& number) noexcept {
   constexpr std::ptrdiff_t longest = 9;  // cannot overflow
-  const bool negative = fch == '-';
-  char* first = negative ? fposition + 1 : fposition;
+  const bool negative = ch() == '-';
+  char* const first = fposition + (negative ? 1 : 0);
   char* end = first;
-  std::int32_t value = 0;
-  for (; is(*end, digit) && end - first < longest; ++end) value = 10 * value + (*end - '0');
-  if (end == first || !is(*end, lineend | blank | comma)) return false;
-  moveto(end);
-  number = negative ? -value : value;
+  std::uint32_t value = 0;
+  for (; is(*end, digit); ++end) value = 10 * value + static_cast<std::uint32_t>(*end - '0');
+  if (end == first || end - first > longest || !is(*end, lineend | blank | comma)) return false;
+  fposition = end;
+  number = static_cast<std::int32_t>(negative ? -value : value);
   return true;
 }
 
 bool tminiparser::nextinteger(std::int32_t& number) {
-  if (!skipbl()) return false;
-  if (shortinteger(number)) return true;
+  if (is(ch(), blank)) ++fposition;  // mostly there is one
+  return shortinteger(number) || longinteger(number);
+}
+
+bool tminiparser::longinteger(std::int32_t& number) {
   std::string_view text;
   return nexttoken(text) && strasintex(text, number);
 }
@@ -247,13 +205,13 @@ bool tminiparser::nextdouble(double& number) {
 bool tminiparser::nextindex(shortstring& text) {
   text.clear();
   if (!skipbl()) return false;
-  if (is(fch, letter)) {
+  if (is(ch(), letter)) {
     std::string_view identifier;
     nextident(identifier);
     text.assign(identifier);
     return true;
   }
-  const char first = fch;
+  const char first = ch();
   if (first != '*' && first != '\'' && first != '"') return false;
   nextch();
   if (first == '*') {
@@ -261,45 +219,30 @@ bool tminiparser::nextindex(shortstring& text) {
     return true;
   }
   std::string_view inside = collectwhile([first](char character) { return character != first; });
-  if (fch == first) nextch();
+  if (ch() == first) nextch();
   inside = inside.substr(0, inside.find_last_not_of(' ') + 1);
   text = concat(std::string_view(&first, 1), inside, std::string_view(&first, 1));
   return true;
 }
 
-bool tminiparser::skipbecomes() {
-  if (!skipbl()) return false;
-  if (fch == '=') {
-    nextch();
-    return skipbl();
-  }
-  if (fch != ':') return true;
-  if (fposition[1] != '=') return false;
-  nextch();
-  nextch();
-  return skipbl();
-}
-
 bool tminiparser::skiptochar(char character) {
   skipbl();
-  if (fch != character) return false;
+  if (ch() != character) return false;
   nextch();
   return true;
 }
 
 bool tminiparser::skiptochars(const tcharset& set, char& found) {
   skipbl();
-  found = fch;
-  if (!inset(set, fch)) return false;
+  found = ch();
+  if (!inset(set, ch())) return false;
   nextch();
   return true;
 }
 
 void tminiparser::restofline(std::string_view& text) {
-  text = skipbl() ? trimright(taken(fposition, endofrest())) : std::string_view();
+  text = skipbl() ? trimright(taken(endofrest())) : std::string_view();
 }
-
-std::string_view tminiparser::untilcomment() { return collectuntil(lineend | comment); }
 
 std::string_view tminiparser::untilcommentafterquote() {
   nextch();

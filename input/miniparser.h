@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "base/strutilx.h"
 #include "base/vksobj.h"
@@ -40,26 +41,38 @@ class tminiparser final : public tlinesource {
   // ---- lines and characters
   // Moves to the next line and makes its first character current. In a file, empty lines and lines whose
   // first character is "*" are passed over; the one line of a text in memory is there unless it is empty.
-  bool nextline();
+  bool nextline() { return fmode == tmode::file ? nextfileline() : nexttextline(); }
   // The next character: after the last one of a line endofline, and after that, in a file, the first one of
   // the next line, else endofinput, which stays.
   void nextch();
-  char ch() const noexcept { return fch; }
-  bool atlineend() const noexcept { return is(fch, lineend); }
-  void skiptolineend();
+  char ch() const noexcept { return *fposition; }
+  bool atlineend() const noexcept { return is(ch(), lineend); }
+  void skiptolineend() {
+    if (!atlineend()) fposition = endofrest();
+  }
 
   // ---- tokens, in the order of their complexity; the results say whether something was read
   // Skips blanks, tabs and a comment. False at the end of the line.
   bool skipbl() {
-    if (is(fch, blank)) moveto(fposition + 1);  // mostly there is one
-    if (is(fch, blank | comment)) skipblanksandcomment();
+    if (is(ch(), blank)) ++fposition;  // mostly there is one
+    if (is(ch(), blank | comment)) skipblanksandcomment();
     return !atlineend();
   }
   // Letter { letter | digit | "_" }, or without the "_"; blanks are not skipped.
-  bool nextident(std::string_view& text);
-  bool nextidentx(std::string_view& text);
+  bool nextident(std::string_view& text) {
+    text = is(ch(), letter) ? collect(letter | digit | underscore) : std::string_view();
+    return !text.empty();
+  }
+  bool nextidentx(std::string_view& text) {
+    text = is(ch(), letter) ? collect(letter | digit) : std::string_view();
+    return !text.empty();
+  }
   // { "-" | "/" } identifier, with the number of signs.
-  bool nextkey(std::string_view& text, std::int32_t& dashes);
+  bool nextkey(std::string_view& text, std::int32_t& dashes) {
+    dashes = 0;
+    for (; ch() == '-' || ch() == '/'; ++fposition) ++dashes;
+    return nextident(text);
+  }
   // Up to a blank, tab or comma, or a text in double quotes. Empty and true before a comma, which stays.
   bool nexttoken(std::string_view& text);
   // A token as a number. Without a token the number stays as it was; a token that is none makes it 0.
@@ -68,14 +81,25 @@ class tminiparser final : public tlinesource {
   // An identifier, "*", or a quoted text with its quotes.
   bool nextindex(shortstring& text);
   // An optional "=" or ":=". False when nothing follows it on the line, or at a ":" without "=".
-  bool skipbecomes();
+  bool skipbecomes() {
+    if (!skipbl()) return false;
+    if (ch() == '=')
+      ++fposition;
+    else if (ch() != ':')
+      return true;
+    else if (fposition[1] == '=')
+      fposition += 2;
+    else
+      return false;
+    return skipbl();
+  }
   // Skips the character, or one of the set, if it comes next after blanks.
   bool skiptochar(char character);
   bool skiptochars(const tcharset& set, char& found);
   // Everything up to the end of the line, without blanks and tabs at either end.
   void restofline(std::string_view& text);
   // Everything up to the end of the line or an end-of-line comment; nothing is skipped or trimmed.
-  std::string_view untilcomment();
+  std::string_view untilcomment() { return collectuntil(lineend | comment); }
   // The same behind a double quote that is the current character: a comment begins only where an odd number
   // of further double quotes came before.
   std::string_view untilcommentafterquote();
@@ -104,27 +128,47 @@ class tminiparser final : public tlinesource {
   void flushecho(std::string_view line);
   void setsource(tmode mode, std::string_view name, std::string_view text);
   bool nextfileline();
-  void moveto(char* position) noexcept {
-    fposition = position;
-    fch = *position;
+  bool nexttextline();
+  void endinput() noexcept;
+
+  // The text from the current character up to another, which becomes the current one. It is cut in place to
+  // 255 characters.
+  std::string_view taken(char* end) noexcept {
+    constexpr std::size_t longest = shortstring::capacity;
+    char* const begin = std::exchange(fposition, end);
+    const auto length = static_cast<std::size_t>(end - begin);
+    if (length <= longest) return {begin, length};
+    begin[longest - 1] = begin[length - 1];
+    return {begin, longest};
   }
-  std::string_view collect(unsigned classes);
-  std::string_view collectuntil(unsigned classes);
+  // Takes the characters of the classes, among which the end of the line is not.
+  std::string_view collect(unsigned classes) {
+    char* end = fposition;
+    while (is(*end, classes)) ++end;
+    return taken(end);
+  }
+  // Takes the characters that are not of the classes, among which the end of the line must be.
+  std::string_view collectuntil(unsigned classes) {
+    char* end = fposition;
+    while (!is(*end, classes)) ++end;
+    return taken(end);
+  }
   template <class tbelongs>
   std::string_view collectwhile(tbelongs belongs);
   char* endofrest() const noexcept;
-  bool shortinteger(std::int32_t& number) noexcept;
-  std::string_view taken(char* begin, char* end) noexcept;
   bool nextquotedtoken(std::string_view& text);
+
+  bool shortinteger(std::int32_t& number) noexcept;
+  bool longinteger(std::int32_t& number);
 
   tlinereader ffile;
   std::unique_ptr<char[]> ftext;  // the line of a text in memory
   std::size_t ftextlength = 0;
-  char* fposition = nullptr;  // of the current character in the line
-  char* flineend = nullptr;   // where an endofline stands, so that no loop has to look for the end
+  char fnothing = endofinput;   // the current character where there is no line
+  char* fposition = &fnothing;  // of the current character in the line
+  char* flineend = nullptr;     // where an endofline stands, so that no loop has to look for the end
   std::int32_t flinenr = 0;
   tmode fmode = tmode::file;
-  char fch = endofinput;
   bool fechoflag;
   txstringlist<tmsgkind>& fecholist;
   tclasses fclasses;

@@ -219,48 +219,36 @@ bool tparameterreader::ordinary(toption& option) {
     if (allowsdeprecated(option)) option.usedefined();
   } else if (!fscanner.skipbecomes()) {
     novalue(option);
-  } else if (feolonly) {
-    eolvalue(option);
+  } else if (subtype == tsubtype::twovalues) {
+    twovalues(option);
   } else {
-    normalvalue(option);
+    onevalue(option);
   }
-  return feolonly ? remainder() : true;
+  return !feolonly || (fscanner.skipbl() && remainder());
 }
 
-// In normal mode a value is a token.
-void tparameterreader::normalvalue(toption& option) {
+// A value is a token in normal mode, and the rest of the line in end-of-line mode.
+void tparameterreader::onevalue(toption& option) {
+  const tvalue value = feolonly ? restvalue() : token();
+  if (allowsdeprecated(option) && value.isread()) option.setasstring(value.text);
+}
+
+// The first of two is a token in both modes. A value of "*" leaves that value as it is; a single value sets
+// both.
+void tparameterreader::twovalues(toption& option) {
   const tvalue first = token();
-  if (option.subtype() == tsubtype::twovalues)
-    settwovalues(option, first, fscanner.skipbl() ? token() : tvalue());
-  else if (allowsdeprecated(option) && first.isread)
+  const tvalue second = feolonly ? restvalue() : token();
+  if (!allowsdeprecated(option)) return;
+  if (first.isread() && first.text != "*") {
     option.setasstring(first.text);
-}
-
-// In end-of-line mode a value, or the second of two, is the rest of the line.
-void tparameterreader::eolvalue(toption& option) {
-  if (option.subtype() == tsubtype::twovalues) {
-    const tvalue first = token();
-    settwovalues(option, first, restvalue());
-  } else {
-    const tvalue value = restvalue();
-    if (allowsdeprecated(option) && value.isread) option.setasstring(value.text);
+    if (!second.isread()) option.setasstring2(first.text);
   }
+  if (second.isread() && second.text != "*") option.setasstring2(second.text);
 }
 
 bool tparameterreader::remainder() {
-  if (!fscanner.skipbl()) return false;
   error("Remainder of line ignored");
   return droprest();
-}
-
-// A value of "*" leaves that value as it is; a single value sets both.
-void tparameterreader::settwovalues(toption& option, const tvalue& first, const tvalue& second) {
-  if (!allowsdeprecated(option)) return;
-  if (first.isread && first.text != "*") {
-    option.setasstring(first.text);
-    if (!second.isread) option.setasstring2(first.text);
-  }
-  if (second.isread && second.text != "*") option.setasstring2(second.text);
 }
 
 bool tparameterreader::warnsofdeprecated(const toption& option) {
@@ -281,29 +269,27 @@ bool tparameterreader::warnsofdeprecated(const toption& option) {
 // ---- values
 
 tparameterreader::tvalue tparameterreader::token() {
-  tvalue value;
-  value.isread = fscanner.nexttoken(value.text);
-  return value;
+  std::string_view text;
+  return fscanner.nexttoken(text) ? tvalue{text} : tvalue();
 }
 
-// The rest of the line up to a comment. A text that begins with a double quote loses it and the one at its
-// end; where that is missing one is added, so that the setters refuse the text.
+// The rest of the line up to a comment.
 tparameterreader::tvalue tparameterreader::restvalue() {
-  tvalue value;
-  if (!fscanner.skipbl()) return value;
-  value.isread = true;
-  if (fscanner.ch() != '"') {
-    value.text = trim(fscanner.untilcomment());
-  } else {
-    std::string_view text = trim(fscanner.untilcommentafterquote());
-    if (!text.empty() && text.back() == '"')
-      text.remove_suffix(1);
-    else
-      text = fresttext.assign(text).append("\"");
-    value.text = trim(text);
-  }
+  if (!fscanner.skipbl()) return {};
+  const std::string_view text = fscanner.ch() == '"' ? quotedrest() : trimright(fscanner.untilcomment());
   fscanner.skiptolineend();
-  return value;
+  return {text};
+}
+
+// A text that begins with a double quote loses it and the one at its end; where that is missing one is added,
+// so that the setters refuse the text.
+std::string_view tparameterreader::quotedrest() {
+  std::string_view text = trim(fscanner.untilcommentafterquote());
+  if (!text.empty() && text.back() == '"')
+    text.remove_suffix(1);
+  else
+    text = fresttext.assign(text).append("\"");
+  return trim(text);
 }
 
 }  // namespace wexcorin

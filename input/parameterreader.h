@@ -33,10 +33,10 @@ class tparameterreader {
   void parse();
 
  private:
-  // A value that may not be there; there and empty is not the same as not there.
+  // A value that may not be there, which is no text at all; there and empty is not the same.
   struct tvalue {
-    bool isread = false;
     std::string_view text;
+    bool isread() const noexcept { return text.data() != nullptr; }
   };
 
   // ---- the grammar: each answers whether the statements of the line go on
@@ -49,8 +49,8 @@ class tparameterreader {
   bool ordinary(toption& option);
   bool unknownkey();
 
-  void normalvalue(toption& option);
-  void eolvalue(toption& option);
+  void onevalue(toption& option);
+  void twovalues(toption& option);
   bool remainder();
 
   bool nokey();
@@ -66,9 +66,9 @@ class tparameterreader {
     return !option.hasdeprecation() || warnsofdeprecated(option);
   }
   bool warnsofdeprecated(const toption& option);
-  void settwovalues(toption& option, const tvalue& first, const tvalue& second);
   tvalue token();
   tvalue restvalue();
+  std::string_view quotedrest();
 
   // ---- dot lines and indicator lines (entrylines.cpp)
   void dotentry(std::int32_t optionindex);
