@@ -5,6 +5,7 @@
 #include <cfenv>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 
 #include "base/textcase.h"
 
@@ -156,7 +157,7 @@ std::string_view withoutplus(std::string_view text) noexcept {
 }
 
 // A text of up to nine digits with or without a minus sign, as most numbers are: no 32 bits can overflow.
-bool parseshortinteger(std::string_view text, std::int32_t& number) noexcept {
+inline bool parseshortinteger(std::string_view text, std::int32_t& number) noexcept {
   constexpr std::size_t longest = 9;
   const bool negative = !text.empty() && text[0] == '-';
   if (negative) text.remove_prefix(1);
@@ -166,6 +167,34 @@ bool parseshortinteger(std::string_view text, std::int32_t& number) noexcept {
     if (!isdigit(character)) return false;
     value = 10 * value + (character - '0');
   }
+  number = negative ? -value : value;
+  return true;
+}
+
+// A text of at most fifteen digits, with or without a minus sign and a point, as most numbers are: the digits
+// and the power of ten are exact, so that dividing them rounds as it must.
+bool parseshortdecimal(std::string_view text, double& number) noexcept {
+  static constexpr double powersoften[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6, 1e7,
+                                           1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
+  const bool negative = !text.empty() && text[0] == '-';
+  if (negative) text.remove_prefix(1);
+  if (text.size() > std::size(powersoften)) return false;
+  std::int64_t digits = 0;
+  std::size_t decimals = 0;
+  bool point = false;
+  for (const char character : text) {
+    if (isdigit(character)) {
+      digits = 10 * digits + (character - '0');
+      if (point) ++decimals;
+    } else if (character == '.' && !point) {
+      point = true;
+    } else {
+      return false;
+    }
+  }
+  if (text.size() == (point ? 1 : 0)) return false;  // no digit
+  if (decimals != 0 && std::fegetround() != FE_TONEAREST) return false;
+  const double value = static_cast<double>(digits) / powersoften[decimals];
   number = negative ? -value : value;
   return true;
 }
@@ -281,11 +310,7 @@ bool strasintex2(std::string_view text, std::int32_t& number) noexcept {
 }
 
 bool strasdoubleex(std::string_view text, double& number) noexcept {
-  std::int32_t whole = 0;
-  if (parseshortinteger(text, whole) && whole != 0) {  // of zero the sign counts
-    number = whole;
-    return true;
-  }
+  if (parseshortdecimal(text, number)) return true;
   number = 0.0;
   if (parsedecimal(text, number) || parsedoubleword(text, number)) return true;
   shortstring withe;
