@@ -2,6 +2,7 @@
 #include "base/arena.h"
 
 #include <algorithm>
+#include <cstring>
 #include <new>
 
 namespace wexcorin {
@@ -29,7 +30,10 @@ void tarena::addblock(std::size_t size) {
 tstoredtext tarena::text(std::string_view text) {
   if (text.empty()) return {};
   const std::string_view kept = shortened(text);
-  return tstoredtext(fillstring(take(kept.size() + 1), kept));
+  char* const block = take(kept.size() + 1);
+  block[0] = static_cast<char>(kept.size());
+  std::memcpy(block + 1, kept.data(), kept.size());
+  return tstoredtext(block);
 }
 
 }  // namespace wexcorin

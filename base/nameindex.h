@@ -34,7 +34,7 @@ class tnameindex {
   // position; entries that were there at the last search must not have changed since, unless by reset.
   template <class tkey, class tkeyat>
   std::int32_t find(std::int32_t count, const tkey& key, tkeyat keyat) {
-    if (count <= walkedcount || !enter(count, keyat)) return walk(count, key, keyat);
+    if (count <= walkedcount || (fentered < count && !enter(count, keyat))) return walk(count, key, keyat);
     return fslots[slotof(key, key.hash(), keyat)].position;
   }
 
@@ -51,11 +51,7 @@ class tnameindex {
   };
 
   template <class tkey, class tkeyat>
-  static std::int32_t walk(std::int32_t count, const tkey& key, tkeyat keyat) {
-    for (std::int32_t i = 0; i < count; ++i)
-      if (keyat(i) == key) return i;
-    return -1;
-  }
+  static std::int32_t walk(std::int32_t count, const tkey& key, tkeyat keyat);
 
   // The slot of the key, or the empty one where it belongs. There must be slots.
   template <class tkey, class tkeyat>
@@ -68,18 +64,7 @@ class tnameindex {
 
   // Enters the positions that are not entered yet; of equal keys only the first. False without memory.
   template <class tkeyat>
-  bool enter(std::int32_t count, tkeyat keyat) {
-    for (; fentered < count; ++fentered) {
-      if (!reserveone()) return false;
-      const auto key = keyat(fentered);
-      const std::uint32_t hash = key.hash();
-      tslot& slot = fslots[slotof(key, hash, keyat)];
-      if (slot.position >= 0) continue;
-      slot = {hash, fentered};
-      ++fused;
-    }
-    return true;
-  }
+  bool enter(std::int32_t count, tkeyat keyat);
 
   std::size_t mask() const noexcept { return fslots.size() - 1; }
   bool reserveone() noexcept { return 4 * (fused + 1) <= 3 * fslots.size() || grow(); }
@@ -89,5 +74,28 @@ class tnameindex {
   std::size_t fused = 0;
   std::int32_t fentered = 0;
 };
+
+// Out of the class, so that every search that finds does not hold a copy of them.
+
+template <class tkey, class tkeyat>
+std::int32_t tnameindex::walk(std::int32_t count, const tkey& key, tkeyat keyat) {
+  for (std::int32_t i = 0; i < count; ++i)
+    if (keyat(i) == key) return i;
+  return -1;
+}
+
+template <class tkeyat>
+bool tnameindex::enter(std::int32_t count, tkeyat keyat) {
+  for (; fentered < count; ++fentered) {
+    if (!reserveone()) return false;
+    const auto key = keyat(fentered);
+    const std::uint32_t hash = key.hash();
+    tslot& slot = fslots[slotof(key, hash, keyat)];
+    if (slot.position >= 0) continue;
+    slot = {hash, fentered};
+    ++fused;
+  }
+  return true;
+}
 
 }  // namespace wexcorin

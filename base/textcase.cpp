@@ -47,9 +47,6 @@ inline tword loadrest(const char* text, std::size_t count) {
   return count > sizeof(tword) ? loadword(text + count - sizeof(tword)) : loadfew(text, count);
 }
 
-// Most names are written the same way everywhere.
-inline bool equalwords(tword a, tword b) { return a == b || upperword(a) == upperword(b); }
-
 tword mix(tword state, tword word) {
   const auto product = static_cast<twideword>(state ^ word) * 0x9E3779B97F4A7C15ULL;
   return static_cast<tword>(product) ^ static_cast<tword>(product >> 64);
@@ -71,11 +68,26 @@ std::int32_t strucmp(std::string_view a, std::string_view b) noexcept {
   return static_cast<std::int32_t>(a.size()) - static_cast<std::int32_t>(b.size());
 }
 
-bool detail::equalcharacters(const char* a, const char* b, std::size_t count) noexcept {
+namespace {
+
+bool equalanycase(const char* a, const char* b, std::size_t count) {
   std::size_t i = 0;
   for (; i + sizeof(tword) <= count; i += sizeof(tword))
-    if (!equalwords(loadword(a + i), loadword(b + i))) return false;
-  return i == count || equalwords(loadrest(a, count), loadrest(b, count));
+    if (upperword(loadword(a + i)) != upperword(loadword(b + i))) return false;
+  return i == count || upperword(loadrest(a, count)) == upperword(loadrest(b, count));
+}
+
+}  // namespace
+
+// Most names are written the same way everywhere, and most that differ do so by more than case.
+bool detail::equalcharacters(const char* a, const char* b, std::size_t count) noexcept {
+  constexpr tword casebits = 0x2020202020202020ULL;
+  std::size_t i = 0;
+  tword difference = 0;
+  for (; i + sizeof(tword) <= count && difference == 0; i += sizeof(tword))
+    difference = loadword(a + i) ^ loadword(b + i);
+  if (difference == 0 && i != count) difference = loadrest(a, count) ^ loadrest(b, count);
+  return difference == 0 || ((difference & ~casebits) == 0 && equalanycase(a, b, count));
 }
 
 std::uint32_t struhash(std::string_view text) noexcept {

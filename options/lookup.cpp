@@ -50,16 +50,8 @@ void tsignificantkey::addminos(std::string_view name) noexcept {
   }
 }
 
-std::int32_t tlookup::find(tlookupmode mode, std::string_view name) const {
-  switch (mode) {
-    case tlookupmode::normal: return foptions.indexof(name);
-    case tlookupmode::path: return findsignificant(mode, name, fpathindex);
-    case tlookupmode::minos: return findsignificant(mode, name, fminosindex);
-  }
-  return -1;
-}
-
-std::int32_t tlookup::findsignificant(tlookupmode mode, std::string_view name, tnameindex& index) const {
+std::int32_t tlookup::findsignificant(tlookupmode mode, std::string_view name) const {
+  tnameindex& index = mode == tlookupmode::path ? fpathindex : fminosindex;
   const auto keyat = [this, mode](std::int32_t i) { return tsignificantkey(mode, foptions.getname(i)); };
   return index.find(foptions.count(), tsignificantkey(mode, name), keyat);
 }

@@ -45,10 +45,12 @@ class tlookup {
 
   // The position (from 0) of the first option that matches, or -1. Options may be added between calls, not
   // removed or moved.
-  std::int32_t find(tlookupmode mode, std::string_view name) const;
+  std::int32_t find(tlookupmode mode, std::string_view name) const {
+    return mode == tlookupmode::normal ? foptions.indexof(name) : findsignificant(mode, name);
+  }
 
  private:
-  std::int32_t findsignificant(tlookupmode mode, std::string_view name, tnameindex& index) const;
+  std::int32_t findsignificant(tlookupmode mode, std::string_view name) const;
 
   const txstringlistobj<toption>& foptions;
   mutable tnameindex fpathindex;

@@ -9,6 +9,17 @@
 
 namespace wexcorin {
 
+void toption::setdefined(std::int32_t bits) {
+  if (bits == 0) {
+    fdefined = 0;
+    fdefinedr = 0;
+    return;
+  }
+  fdefined |= bits;
+  if (fowner->recentenabled()) fdefinedr |= bits;
+  fowner->notifyassigned(*this, bits);
+}
+
 namespace {
 
 // ---- what the setters share

@@ -25,17 +25,6 @@ tstoredtext toption::stored(std::string_view text) const { return fowner->arena(
 
 shortstring toption::getname() const { return fowner->nounderscore(name()); }
 
-void toption::setdefined(std::int32_t bits) {
-  if (bits == 0) {
-    fdefined = 0;
-    fdefinedr = 0;
-    return;
-  }
-  fdefined |= bits;
-  if (fowner->recentenabled()) fdefinedr |= bits;
-  fowner->notifyassigned(*this, bits);
-}
-
 void toption::setdeprecated(tdeprecation kind, std::string_view text) {
   const bool ownname = kind == tdeprecation::deprecated || kind == tdeprecation::obsolete;
   (ownname ? fdeprecatedmsg : fdeprecatedmsg2) = stored(text);

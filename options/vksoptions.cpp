@@ -8,14 +8,6 @@ tvksoptions::~tvksoptions() = default;
 
 // ---- lists
 
-std::string_view tvksoptions::getstrings(std::int32_t index) const noexcept {
-  return index >= 0 && index < getcount() ? foptions.getname(index) : std::string_view();
-}
-
-toption* tvksoptions::getobjects(std::int32_t index) const noexcept {
-  return index >= 0 && index < getcount() ? foptions.getobject(index) : nullptr;
-}
-
 toption& tvksoptions::addoption(std::unique_ptr<toption> option) {
   foptions.addstored(option->storedname(), option.get());
   return *option.release();
@@ -34,9 +26,8 @@ void tvksoptions::declareindicator(std::string_view keyword) {
 
 // ---- lookup
 
-std::int32_t tvksoptions::optionindex(std::string_view name) const {
-  const std::int32_t index = optlookup(name);
-  if (index >= 0) return index;
+// The position of the option that a synonym stands for, or -1.
+std::int32_t tvksoptions::synonymindex(std::string_view name) const {
   const std::int32_t synonym = fsynonyms.indexof(name);
   return synonym >= 0 ? fsynonyms.getobject(synonym) : -1;
 }

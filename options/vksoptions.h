@@ -160,8 +160,12 @@ class tvksoptions : public toptionx {
   std::int32_t getgroupcount() const noexcept { return fgroups.count(); }
   std::int32_t optsynonymcount() const noexcept { return fsynonyms.count(); }
   // Empty or null outside 0 .. count - 1.
-  std::string_view getstrings(std::int32_t index) const noexcept;
-  toption* getobjects(std::int32_t index) const noexcept;
+  std::string_view getstrings(std::int32_t index) const noexcept {
+    return index >= 0 && index < getcount() ? foptions.getname(index) : std::string_view();
+  }
+  toption* getobjects(std::int32_t index) const noexcept {
+    return index >= 0 && index < getcount() ? foptions.getobject(index) : nullptr;
+  }
   toption& addoption(std::unique_ptr<toption> option);
   // Where options and what else a definition holds are made.
   tarena& arena() noexcept { return farena; }
@@ -216,7 +220,11 @@ class tvksoptions : public toptionx {
   }
 
  private:
-  std::int32_t optionindex(std::string_view name) const;
+  std::int32_t optionindex(std::string_view name) const {
+    const std::int32_t index = optlookup(name);
+    return index >= 0 ? index : synonymindex(name);
+  }
+  std::int32_t synonymindex(std::string_view name) const;
   bool checkoptnr(std::int32_t nr) noexcept;
   toption* optionat(std::int32_t nr) const noexcept { return nr >= 1 ? getobjects(nr - 1) : nullptr; }
   const toption* twovalueoption(std::int32_t nr) const noexcept;
