@@ -22,6 +22,22 @@ struct tnamekey {
   bool operator==(const tnamekey& other) const noexcept { return struequal(text, other.text); }
 };
 
+// A name that is looked for, in more than one list or before it is added: its hash is taken once, when it is
+// first asked for.
+class tsoughtname : public tnamekey {
+ public:
+  explicit tsoughtname(std::string_view name) noexcept : tnamekey{name} {}
+  std::uint32_t hash() const noexcept {
+    if (!fishashed) fhash = tnamekey::hash();
+    fishashed = true;
+    return fhash;
+  }
+
+ private:
+  mutable std::uint32_t fhash = 0;
+  mutable bool fishashed = false;
+};
+
 struct tnumberkey {
   std::int32_t number;
   std::uint32_t hash() const noexcept { return inthash(number); }
@@ -36,6 +52,13 @@ class tnameindex {
   std::int32_t find(std::int32_t count, const tkey& key, tkeyat keyat) {
     if (count <= walkedcount || (fentered < count && !enter(count, keyat))) return walk(count, key, keyat);
     return fslots[slotof(key, key.hash(), keyat)].position;
+  }
+
+  // Enters the entry that was just added, which makes `count`, if those before it are: with its key at hand
+  // that is cheaper than by the next search.
+  template <class tkey, class tkeyat>
+  void added(std::int32_t count, const tkey& key, tkeyat keyat) {
+    if (count > walkedcount && fentered == count - 1 && reserveone()) enternext(key, keyat);
   }
 
   // To be called when positions change other than by adding at the end.
@@ -65,6 +88,17 @@ class tnameindex {
   // Enters the positions that are not entered yet; of equal keys only the first. False without memory.
   template <class tkeyat>
   bool enter(std::int32_t count, tkeyat keyat);
+  // Enters the first position that is not entered yet; there must be room.
+  template <class tkey, class tkeyat>
+  void enternext(const tkey& key, tkeyat keyat) {
+    const std::uint32_t hash = key.hash();
+    tslot& slot = fslots[slotof(key, hash, keyat)];
+    if (slot.position < 0) {
+      slot = {hash, fentered};
+      ++fused;
+    }
+    ++fentered;
+  }
 
   std::size_t mask() const noexcept { return fslots.size() - 1; }
   bool reserveone() noexcept { return 4 * (fused + 1) <= 3 * fslots.size() || grow(); }
@@ -86,14 +120,9 @@ std::int32_t tnameindex::walk(std::int32_t count, const tkey& key, tkeyat keyat)
 
 template <class tkeyat>
 bool tnameindex::enter(std::int32_t count, tkeyat keyat) {
-  for (; fentered < count; ++fentered) {
+  while (fentered < count) {
     if (!reserveone()) return false;
-    const auto key = keyat(fentered);
-    const std::uint32_t hash = key.hash();
-    tslot& slot = fslots[slotof(key, hash, keyat)];
-    if (slot.position >= 0) continue;
-    slot = {hash, fentered};
-    ++fused;
+    enternext(keyat(fentered), keyat);
   }
   return true;
 }

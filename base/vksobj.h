@@ -212,9 +212,8 @@ class txcustomstringlist : public tquicksortclass {
   void putobject(std::int32_t index, tobject object) noexcept { fentries[index].object = object; }
 
   // The first entry of that name regardless of case, or -1.
-  std::int32_t indexof(std::string_view text) const {
-    return findex.find(count(), tnamekey{text}, [this](std::int32_t i) { return tnamekey{getname(i)}; });
-  }
+  std::int32_t indexof(std::string_view text) const { return findex.find(count(), tnamekey{text}, keyat()); }
+  std::int32_t indexof(const tsoughtname& name) const { return findex.find(count(), name, keyat()); }
   std::int32_t indexofobject(tobject object) const noexcept {
     for (std::int32_t i = 0; i < count(); ++i)
       if (fentries[i].object == object) return i;
@@ -249,6 +248,8 @@ class txcustomstringlist : public tquicksortclass {
     if (fentries.full()) grow();
     fentries.insert(count(), {text, object});
   }
+  // The text just added, as it was searched for before.
+  void addedname(const tsoughtname& name) { findex.added(count(), name, keyat()); }
 
  private:
   struct tentry {
@@ -256,6 +257,9 @@ class txcustomstringlist : public tquicksortclass {
     tobject object;
   };
 
+  auto keyat() const noexcept {
+    return [this](std::int32_t i) { return tnamekey{getname(i)}; };
+  }
   void clearentries() {
     findex.reset();
     while (count() > 0) {
@@ -294,6 +298,10 @@ class tstoredlistobj : public txstringlistobj<tobject> {
  public:
   ~tstoredlistobj() override { this->clear(); }
   void addstored(tstoredtext text, tobject* object) { this->addblock(text.block(), object); }
+  void addstored(tstoredtext text, tobject* object, const tsoughtname& name) {
+    addstored(text, object);
+    this->addedname(name);
+  }
   void freetext(char*) override {}
 };
 

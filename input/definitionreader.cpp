@@ -87,7 +87,8 @@ tdefinitionreader::tkeyword tdefinitionreader::type() {
   const tkeyword keyword = findkeyword(word.substr(0, period));
   if (fmodifier != tsubtype::required && keyword > tkeyword::enumint) error("Type modifier not allowed");
   if (keyword <= tkeyword::immediate) {
-    if (fstore.optionasobj(fname) != nullptr) error("Duplicate option");
+    fsoughtname = tsoughtname(fname);
+    if (fstore.optionasobj(fsoughtname) != nullptr) error("Duplicate option");
     if (keyword == tkeyword::macro || keyword == tkeyword::immediate)
       fusermap = -1;
     else
@@ -178,7 +179,7 @@ void tdefinitionreader::integeroption() {
   if (!(flow <= fdefault && fdefault <= fhigh)) error("Default not in range");
   auto option = make<tintoption>(fdefault, flow, fhigh);
   option->setsubtype(fmodifier);
-  helplines(fstore.addoption(std::move(option)));
+  helplines(add(std::move(option)));
 }
 
 void tdefinitionreader::dbloption() {
@@ -189,7 +190,7 @@ void tdefinitionreader::dbloption() {
   if (!(fdbldefault >= fdbllow && fdblhigh >= fdbldefault)) error("Default not in range");
   auto option = make<tdbloption>(fdbldefault, fdbllow, fdblhigh);
   option->setsubtype(fmodifier);
-  helplines(fstore.addoption(std::move(option)));
+  helplines(add(std::move(option)));
 }
 
 // A default that is missing is the empty text.
@@ -197,7 +198,7 @@ void tdefinitionreader::stringoption() {
   std::string_view word;
   fscanner.nexttoken(word);
   hcandgroup("Bad HC");
-  fstore.addoption(make<tstringoption>(word));
+  add(make<tstringoption>(word));
   nextline();
 }
 
@@ -206,7 +207,7 @@ void tdefinitionreader::booleanoption() {
   hcandgroup("Bad HC");
   auto option = make<tbooleanoption>(fdefault);
   option->setsubtype(fmodifier);
-  helplines(fstore.addoption(std::move(option)));
+  helplines(add(std::move(option)));
 }
 
 void tdefinitionreader::enumstroption() {
@@ -215,7 +216,7 @@ void tdefinitionreader::enumstroption() {
   hcandgroup("Bad HC");
   auto option = make<tenumstroption>(word);
   option->setsubtype(fmodifier);
-  enumstrvalues(as<tenumstroption>(fstore.addoption(std::move(option))));
+  enumstrvalues(as<tenumstroption>(add(std::move(option))));
 }
 
 // Added to the store only after its values.
@@ -225,17 +226,17 @@ void tdefinitionreader::enumintoption() {
   auto option = make<tenumintoption>(fdefault);
   option->setsubtype(fmodifier);
   enumintvalues(*option);
-  fstore.addoption(std::move(option));
+  add(std::move(option));
 }
 
 void tdefinitionreader::multilistoption() {
   hcandgroup("Bad HC");
-  multilistmembers(as<tmultilistoption>(fstore.addoption(make<tmultilistoption>())));
+  multilistmembers(as<tmultilistoption>(add(make<tmultilistoption>())));
 }
 
 void tdefinitionreader::strlistoption() {
   hcandgroup("Bad HC");
-  fstore.addoption(make<tstrlistoption>());
+  add(make<tstrlistoption>());
   nextline();
 }
 
@@ -244,7 +245,7 @@ void tdefinitionreader::macrooption() {
   hcandgroup("Bad HC");
   auto option = make<tmacrooption>();
   macromembers(*option);
-  fstore.addoption(std::move(option));
+  add(std::move(option));
 }
 
 void tdefinitionreader::immediateoption() {
@@ -254,7 +255,7 @@ void tdefinitionreader::immediateoption() {
   bool isknown = false;
   for (std::size_t kind = 0; kind < immkindnames.size() && !isknown; ++kind) {
     isknown = struequal(word, immkindnames[kind]);
-    if (isknown) fstore.addoption(make<timmediateoption>(static_cast<timmkind>(kind)));
+    if (isknown) add(make<timmediateoption>(static_cast<timmkind>(kind)));
   }
   if (!isknown) error("Unknown immediate option");
   nextline();

@@ -99,6 +99,7 @@ class tdefinitionreader {
   toptionhead head();
   template <class tclass, class... targuments>
   std::unique_ptr<tclass> make(const targuments&... arguments);
+  toption& add(std::unique_ptr<toption> option) { return fstore.addoption(std::move(option), fsoughtname); }
 
   // Files a definition error with the name of the definition at its end.
   void error(std::string_view problem);
@@ -110,6 +111,7 @@ class tdefinitionreader {
   // What was read last. Lines leave these fields as they are where a token is missing, so that the value of
   // an earlier line stands.
   shortstring fname;
+  tsoughtname fsoughtname{{}};  // the same, of an option
   tsubtype fmodifier = tsubtype::required;
   std::int32_t fusermap = 0;
   std::int32_t fdefault = 0;

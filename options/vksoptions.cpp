@@ -8,8 +8,8 @@ tvksoptions::~tvksoptions() = default;
 
 // ---- lists
 
-toption& tvksoptions::addoption(std::unique_ptr<toption> option) {
-  foptions.addstored(option->storedname(), option.get());
+toption& tvksoptions::addoption(std::unique_ptr<toption> option, const tsoughtname& name) {
+  foptions.addstored(option->storedname(), option.get(), name);
   return *option.release();
 }
 
@@ -27,13 +27,13 @@ void tvksoptions::declareindicator(std::string_view keyword) {
 // ---- lookup
 
 // The position of the option that a synonym stands for, or -1.
-std::int32_t tvksoptions::synonymindex(std::string_view name) const {
+std::int32_t tvksoptions::synonymindex(const tsoughtname& name) const {
   const std::int32_t synonym = fsynonyms.indexof(name);
   return synonym >= 0 ? fsynonyms.getobject(synonym) : -1;
 }
 
 bool tvksoptions::optfindstr(std::string_view name, std::int32_t& nr, std::int32_t& refnr) const {
-  const std::int32_t index = optionindex(name);
+  const std::int32_t index = optionindex(tsoughtname(name));
   const toption* option = getobjects(index);
   nr = option != nullptr ? index + 1 : -1;
   refnr = option != nullptr ? option->refnr() : -1;

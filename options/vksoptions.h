@@ -72,9 +72,10 @@ class tvksoptions : public toptionx {
 
   // ---- lookup
   // The position of an option, counted from 0, or -1; synonyms are not looked at.
-  std::int32_t optlookup(std::string_view name) const { return flookup.find(flookupmode, name); }
+  std::int32_t optlookup(std::string_view name) const { return flookup.find(flookupmode, tsoughtname(name)); }
   // The option of a name or synonym, or null.
-  toption* optionasobj(std::string_view name) const { return getobjects(optionindex(name)); }
+  toption* optionasobj(std::string_view name) const { return optionasobj(tsoughtname(name)); }
+  toption* optionasobj(const tsoughtname& name) const { return getobjects(optionindex(name)); }
   bool optfindstr(std::string_view name, std::int32_t& nr, std::int32_t& refnr) const;
   // With blanks for underscores in lookup mode "Minos", else as it is.
   shortstring nounderscore(std::string_view name) const;
@@ -166,7 +167,12 @@ class tvksoptions : public toptionx {
   toption* getobjects(std::int32_t index) const noexcept {
     return index >= 0 && index < getcount() ? foptions.getobject(index) : nullptr;
   }
-  toption& addoption(std::unique_ptr<toption> option);
+  toption& addoption(std::unique_ptr<toption> option) {
+    const tsoughtname name(option->name());
+    return addoption(std::move(option), name);
+  }
+  // The same for an option whose name has been looked for.
+  toption& addoption(std::unique_ptr<toption> option, const tsoughtname& name);
   // Where options and what else a definition holds are made.
   tarena& arena() noexcept { return farena; }
   // The first option of exactly this name, regardless of case and lookup mode; null if there is none.
@@ -220,11 +226,11 @@ class tvksoptions : public toptionx {
   }
 
  private:
-  std::int32_t optionindex(std::string_view name) const {
-    const std::int32_t index = optlookup(name);
+  std::int32_t optionindex(const tsoughtname& name) const {
+    const std::int32_t index = flookup.find(flookupmode, name);
     return index >= 0 ? index : synonymindex(name);
   }
-  std::int32_t synonymindex(std::string_view name) const;
+  std::int32_t synonymindex(const tsoughtname& name) const;
   bool checkoptnr(std::int32_t nr) noexcept;
   toption* optionat(std::int32_t nr) const noexcept { return nr >= 1 ? getobjects(nr - 1) : nullptr; }
   const toption* twovalueoption(std::int32_t nr) const noexcept;
