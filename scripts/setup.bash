@@ -50,3 +50,23 @@ need() {
   fi
   rm -f "$log"
 }
+
+# Of the columns of llvm-cov's report: lines and branches, for each source of the library's folders and for each
+# folder.
+percentages() {
+  awk '
+    function row(name, lines, missed, branches, missedbranches) {
+      printf "%-32s %5d lines %6.1f %% %6d branches %6.1f %%\n", name, lines, 100 - 100 * missed / (lines + !lines),
+        branches, 100 - 100 * missedbranches / (branches + !branches)
+    }
+    $1 ~ /^(api|base|input|options|output)\// {
+      row($1, $8, $9, $11, $12)
+      split($1, path, "/")
+      count[1] = path[1] "/"; count[2] = "all"
+      for (i in count) {
+        f = count[i]
+        lines[f] += $8; missed[f] += $9; branches[f] += $11; missedbranches[f] += $12
+      }
+    }
+    END { for (f in lines) row(f, lines[f], missed[f], branches[f], missedbranches[f]) }'
+}
