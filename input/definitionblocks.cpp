@@ -74,29 +74,6 @@ void tdefinitionreader::macromembers(tmacrooption& option) {
 
 // ---- the other definitions
 
-void tdefinitionreader::rest(tkeyword keyword) {
-  switch (keyword) {
-    case tkeyword::synonym: return synonym();
-    case tkeyword::group: return group();
-    case tkeyword::deprecated: return marks(tdeprecation::deprecated, tdeprecation::deprecatedsynonym);
-    case tkeyword::obsolete: return marks(tdeprecation::obsolete, tdeprecation::obsoletesynonym);
-    case tkeyword::indicator: return indicator();
-    case tkeyword::lookup: return lookup();
-    case tkeyword::eolcomm: return eolcomm();
-    case tkeyword::unknown:
-    case tkeyword::integer:
-    case tkeyword::dbl:
-    case tkeyword::string:
-    case tkeyword::boolean:
-    case tkeyword::enumstr:
-    case tkeyword::enumint:
-    case tkeyword::multilist:
-    case tkeyword::strlist:
-    case tkeyword::macro:
-    case tkeyword::immediate: break;
-  }
-}
-
 // synonym = optionname .
 void tdefinitionreader::synonym() {
   if (fstore.synonyms().indexof(fname) >= 0) error("Duplicate synonym");

@@ -49,18 +49,14 @@ void tdefinitionreader::endearly() {
 }
 
 void tdefinitionreader::error(std::string_view problem) {
-  const bool namesoption = !fname.empty() && problem.find("synonym") == std::string_view::npos;
+  const bool namesoption = problem.find("synonym") == std::string_view::npos;
   fstore.addmessage(tmsgkind::defineerror, concat(problem, namesoption ? " for option " : "", quoted(fname)));
 }
 
 // definition = [ "." ] name type [ "." modifier ] rest .
 void tdefinitionreader::definition() {
   if (!name()) return endearly();
-  const tkeyword keyword = type();
-  if (keyword <= tkeyword::immediate)
-    option(keyword);
-  else
-    rest(keyword);
+  rest(type());
 }
 
 // A name that begins with a period is that of a dot option.
@@ -125,7 +121,7 @@ tdefinitionreader::tkeyword tdefinitionreader::findkeyword(std::string_view word
 }
 
 // Every branch moves on to the line after the definition.
-void tdefinitionreader::option(tkeyword keyword) {
+void tdefinitionreader::rest(tkeyword keyword) {
   switch (keyword) {
     case tkeyword::integer: return integeroption();
     case tkeyword::dbl: return dbloption();
@@ -137,16 +133,15 @@ void tdefinitionreader::option(tkeyword keyword) {
     case tkeyword::strlist: return strlistoption();
     case tkeyword::macro: return macrooption();
     case tkeyword::immediate: return immediateoption();
-    case tkeyword::unknown:
-    case tkeyword::synonym:
-    case tkeyword::group:
-    case tkeyword::deprecated:
-    case tkeyword::obsolete:
-    case tkeyword::indicator:
-    case tkeyword::lookup:
-    case tkeyword::eolcomm: break;
+    case tkeyword::synonym: return synonym();
+    case tkeyword::group: return group();
+    case tkeyword::deprecated: return marks(tdeprecation::deprecated, tdeprecation::deprecatedsynonym);
+    case tkeyword::obsolete: return marks(tdeprecation::obsolete, tdeprecation::obsoletesynonym);
+    case tkeyword::indicator: return indicator();
+    case tkeyword::lookup: return lookup();
+    case tkeyword::eolcomm: return eolcomm();
+    case tkeyword::unknown: nextline();
   }
-  nextline();
 }
 
 // ---- fields

@@ -62,7 +62,6 @@ class tdefinitionreader {
   bool name();
   tkeyword type();
   void modifier(std::string_view word);
-  void option(tkeyword keyword);
   void rest(tkeyword keyword);
 
   void integeroption();
