@@ -3,8 +3,6 @@
 // Members may be such options again, to any depth, so the walk keeps its own stack. A definition can make a
 // single assignment stand for more assignments than any machine can do (macros of macros that name each
 // member twice); the walk gives up, with a message, when there were far more than there are options.
-#include "options/spread.h"
-
 #include <algorithm>
 #include <vector>
 
@@ -14,22 +12,19 @@
 
 namespace wexcorin {
 
-bool nextlistword(std::string_view text, char separator, std::size_t& position,
-                  std::string_view& word) noexcept {
+namespace {
+
+// Finds the next word from `position` (counted from 0) on, which moves behind the word and its separator. Words
+// are ended by the path-list separator, not by blanks. False when there is no further word.
+bool nextlistword(std::string_view text, std::size_t& position, std::string_view& word) noexcept {
   position = std::min(text.find_first_not_of(" \t", position), text.size());
   if (position == text.size()) return false;
-  const bool isquoted = text[position] == '"';
-  if (isquoted) ++position;
   const std::size_t begin = position;
-  while (position < text.size() && text[position] != separator && !(isquoted && text[position] == '"'))
-    ++position;
+  position = std::min(text.find(charpath(), begin), text.size());
   word = text.substr(begin, position - begin);
-  if (position == text.size()) return !word.empty();
-  ++position;
+  if (position < text.size()) ++position;
   return true;
 }
-
-namespace {
 
 class tspreader {
  public:
@@ -73,7 +68,7 @@ class tspreader {
   }
 
   bool nextlistmember(const tmultilistoption& list, topen& open, toption*& member, std::string_view& word) {
-    if (!nextlistword(open.text, charpath(), open.position, word)) return false;
+    if (!nextlistword(open.text, open.position, word)) return false;
     if (open.next == list.items().count()) {
       fowner.addmessage(tmsgkind::valueerror,
                         concat("Too many items for multilist ", quoted(fowner.curoptname())));

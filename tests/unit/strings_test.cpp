@@ -5,7 +5,6 @@
 
 #include "base/heapstring.h"
 #include "base/strutilx.h"
-#include "options/spread.h"
 
 namespace wexcorin {
 namespace {
@@ -24,6 +23,7 @@ TEST(shortstrings, appending_cuts_at_255) {
 TEST(heapstrings, the_empty_text_is_no_block) {
   EXPECT_EQ(newstring(""), nullptr);
   EXPECT_EQ(getstring(nullptr), "");
+  EXPECT_TRUE(pstruequal(nullptr, nullptr));
   heapstring text(std::string(300, 'x'));
   EXPECT_EQ(text.view().size(), 255U);
   strassign(text, text.view().substr(0, 3));
@@ -96,6 +96,7 @@ TEST(texts, positions_count_from_1) {
 
 TEST(texts, replacing_filling_and_splitting) {
   EXPECT_EQ(replacestr("an", "x", "banana").view(), "bxxa");
+  EXPECT_EQ(replacestr("", "x", "banana").view(), "banana");
   EXPECT_EQ(replacechar('a', 'o', "banana").view(), "bonono");
   EXPECT_EQ(deletechar('a', "banana").view(), "bnn");
   EXPECT_EQ(lowercase("AbC\xC4").view(), "abc\xC4");
@@ -105,6 +106,7 @@ TEST(texts, replacing_filling_and_splitting) {
   EXPECT_EQ(padright("abcde", 4).view(), "abcde");
   EXPECT_EQ(padrightmod("abcde", 4).view(), "abcde   ");
   EXPECT_EQ(padrightmod("abcd", 4).view(), "abcd");
+  EXPECT_EQ(padrightmod("abcd", 0).view(), "abcd");
   EXPECT_EQ(fillstr('-', 3).view(), "---");
   EXPECT_EQ(trim(" \t a b\t "), "a b");
   EXPECT_EQ(trim("  "), "");
