@@ -8,7 +8,7 @@
 
 namespace wexcorin {
 
-constexpr tminiparser::tclasses tminiparser::classesofcharacters() {
+consteval tminiparser::tclasses tminiparser::classesofcharacters() {
   tclasses classes{};
   for (unsigned char code = 'A'; code <= 'Z'; ++code) classes[code] = letter;
   for (unsigned char code = 'a'; code <= 'z'; ++code) classes[code] = letter;

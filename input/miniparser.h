@@ -118,7 +118,7 @@ class tminiparser final : public tlinesource {
   static constexpr std::uint8_t letter = 1, digit = 2, underscore = 4, blank = 8, comma = 16, lineend = 32;
   static constexpr std::uint8_t comment = 64;
   using tclasses = std::array<std::uint8_t, 256>;
-  static constexpr tclasses classesofcharacters();
+  static consteval tclasses classesofcharacters();
 
   bool is(char character, unsigned classes) const noexcept {
     return (fclasses[static_cast<unsigned char>(character)] & classes) != 0;
