@@ -41,7 +41,6 @@ class heapstring {
  public:
   heapstring() noexcept = default;
   explicit heapstring(std::string_view text) : fblock(newstring(text)) {}
-  heapstring(heapstring&& other) noexcept : fblock(std::exchange(other.fblock, nullptr)) {}
   heapstring& operator=(heapstring&& other) noexcept {
     std::swap(fblock, other.fblock);
     return *this;

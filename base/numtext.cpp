@@ -254,7 +254,7 @@ bool parsedecimal(std::string_view text, double& number) noexcept {
   double value = 0.0;
   const troundingtonearest rounding;
   const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (result.ptr != text.data() + text.size() || result.ec == std::errc::invalid_argument) return false;
+  if (result.ptr != text.data() + text.size()) return false;
   if (result.ec == std::errc::result_out_of_range) {
     if (istoolarge(text)) return false;
     value = 0.0;

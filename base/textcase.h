@@ -10,7 +10,7 @@
 namespace wexcorin {
 
 namespace detail {
-constexpr std::array<unsigned char, 256> makeuppertable() {
+consteval std::array<unsigned char, 256> makeuppertable() {
   std::array<unsigned char, 256> table{};
   for (std::size_t code = 0; code < table.size(); ++code)
     table[code] = static_cast<unsigned char>(code >= 'a' && code <= 'z' ? code - 'a' + 'A' : code);

@@ -18,8 +18,9 @@ namespace {
 constexpr int waitforwriter = 5000;  // milliseconds
 
 mode_t kindoffile(int descriptor) noexcept {
-  struct stat status {};
-  return ::fstat(descriptor, &status) == 0 ? status.st_mode : 0;
+  struct stat status {};  // stays so when the system cannot tell
+  ::fstat(descriptor, &status);
+  return status.st_mode;
 }
 
 // Waits until there is something to read or the other end is closed. False when the time is over.

@@ -33,7 +33,7 @@ bool tvksoptions::optgetdotoptuel(std::int32_t nr, std::int32_t dim, ttextout& u
     return false;
   }
   const std::string_view index = fdotoptions.getobject(nr - 1)->indices().get(dim - 1);
-  uel.set(index == "*" || index.size() < 2 ? index : index.substr(1, index.size() - 2));
+  uel.set(index == "*" ? index : index.substr(1, index.size() - 2));
   return true;
 }
 

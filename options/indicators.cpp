@@ -9,7 +9,7 @@ namespace wexcorin {
 
 namespace {
 
-bool isquotedelement(std::string_view text) { return !text.empty() && (text[0] == '\'' || text[0] == '"'); }
+bool isquotedelement(std::string_view text) { return text.starts_with('\'') || text.starts_with('"'); }
 
 bool istoolong(std::string_view text) {
   return text.size() > (isquotedelement(text) ? maxidentifier + 2 : maxidentifier);

@@ -19,7 +19,7 @@ bool hasline(tmsgkind kind) noexcept {
     case tmsgkind::valueerror:
     case tmsgkind::valuewarning:
     case tmsgkind::deprecated:
-    case tmsgkind::usererror: return true;
+    case tmsgkind::usererror: break;
   }
   return true;
 }

@@ -187,15 +187,9 @@ void toption::setvaluefromtext(bool second, std::string_view text) {
     case topttype::boolean: as<tbooleanoption>(*this).setasstring12(second, text); break;
     case topttype::enumstr: as<tenumstroption>(*this).setasstring12(second, text); break;
     case topttype::enumint: as<tenumintoption>(*this).setasstring12(second, text); break;
-    case topttype::strlist:
-      if (!second) as<tstrlistoption>(*this).setasstring(text);
-      break;
-    case topttype::multilist:
-      if (!second) as<tmultilistoption>(*this).setasstring(text);
-      break;
-    case topttype::macro:
-      if (!second) as<tmacrooption>(*this).setasstring(text);
-      break;
+    case topttype::strlist: as<tstrlistoption>(*this).setasstring(text); break;
+    case topttype::multilist: as<tmultilistoption>(*this).setasstring(text); break;
+    case topttype::macro: as<tmacrooption>(*this).setasstring(text); break;
     case topttype::immediate: break;
   }
 }

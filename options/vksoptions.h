@@ -200,7 +200,6 @@ class tvksoptions : public toptionx {
   // client or a line gave.
   std::string_view curoptname() const noexcept { return fcuroptname; }
   void setcuroptname(std::string_view name) noexcept { fcuroptname = name; }
-  std::string_view filename() const noexcept { return ffilename.view(); }
   void setfilename(std::string_view filename) { strassign(ffilename, filename); }
   tlookupmode lookupmode() const noexcept { return flookupmode; }
   void setlookupmode(tlookupmode mode) noexcept { flookupmode = mode; }

@@ -28,7 +28,7 @@ constexpr std::size_t firstupper = 160;
 static_assert(upperentities[184 - firstupper] == "cedille" && upperentities.back() == "yuml");
 
 // The entity name of each byte; empty for a byte that stands for itself.
-constexpr std::array<std::string_view, 256> makehtmlcharmap() {
+consteval std::array<std::string_view, 256> makehtmlcharmap() {
   std::array<std::string_view, 256> map{};
   map['&'] = "amp";
   map['<'] = "lt";

@@ -13,7 +13,7 @@ namespace wexcorin {
 
 std::int32_t ttextfile::open(std::string_view filename) {
   close();
-  if (fblock == nullptr) fblock = std::make_unique_for_overwrite<char[]>(blocksize);
+  fblock = std::make_unique_for_overwrite<char[]>(blocksize);
   const std::string name(filename);
   if (name.find('\0') != std::string::npos)
     return ferror = ENOENT;  // the system would open what comes before it
