@@ -2,6 +2,13 @@
 // calls that touches every family of functions: no crash, no leak, the handle goes on answering, and nothing
 // is lost without a word. The leaks are found by the sanitizer build.
 #include "faults/injection.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <thread>
+
 #include "support/handle.h"
 
 namespace {
@@ -192,9 +199,10 @@ void ateverypoint(toperation operation, teffect effect, tcheck told) {
 bool contains(const std::string& text, std::string_view part) { return text.find(part) != std::string::npos; }
 
 TEST(faults, outOfMemoryAtEveryAllocation) {
-  ateverypoint(toperation::allocation, teffect::fails, [](const toutcome& outcome) {
-    return outcome.results == "no handle" || contains(outcome.messages, "*** Error Out of memory\n");
-  });
+  for (const teffect effect : {teffect::fails, teffect::failsforgood})
+    ateverypoint(toperation::allocation, effect, [](const toutcome& outcome) {
+      return outcome.results == "no handle" || contains(outcome.messages, "*** Error Out of memory\n");
+    });
 }
 
 TEST(faults, filesThatCannotBeOpened) {
@@ -228,8 +236,57 @@ TEST(faults, fullDisk) {
 
 // Signals and devices that do part of the work at a time change nothing.
 TEST(faults, interruptions) {
-  for (const toperation operation : {toperation::open, toperation::read, toperation::write})
+  for (const toperation operation :
+       {toperation::open, toperation::read, toperation::write, toperation::close})
     ateverypoint(operation, teffect::interrupted, [](const toutcome&) { return false; });
+}
+
+// A FIFO is waited for: not for ever, whatever interrupts the waiting, and longer when somebody is about to write.
+TEST(faults, fifos) {
+  struct trow {
+    int where;
+    teffect effect;
+    bool isopen;         // for writing
+    const char* before;  // written before the reading begins
+    const char* later;   // and while it waits
+    int result;
+    const char* name;
+  };
+  const trow rows[] = {
+      {__LINE__, teffect::fails, false, "", "", ETIMEDOUT, "a name"},
+      {__LINE__, teffect::fails, true, "name x\n", "", 0, "x"},
+      {__LINE__, teffect::fails, true, "", "name y\n", 0, "y"},
+      {__LINE__, teffect::interrupted, true, "", "name z\n", 0, "z"},
+  };
+  for (const trow& row : rows) {
+    const testing::ScopedTrace trace(__FILE__, row.where, "row");
+    const tscene scene;
+    ASSERT_EQ(mkfifo("fifo", 0600), 0);
+    const int fifo = row.isopen ? open("fifo", O_RDWR | O_CLOEXEC) : -1;
+    const auto put = [fifo](std::string_view text) {
+      EXPECT_EQ(write(fifo, text.data(), text.size()), static_cast<ssize_t>(text.size()));
+    };
+    if (row.isopen) put(row.before);
+    std::thread writer([&] {
+      usleep(50'000);
+      if (row.isopen) put(row.later), close(fifo);
+    });
+    tvksoptions* handle = nullptr;
+    xcreate(&handle);
+    coptreaddefinition(handle, "test.def");
+    plan(toperation::poll, row.effect, 1);
+    {
+      const tarmed armed;
+      EXPECT_EQ(coptreadparameterfile(handle, "fifo"), row.result);
+    }
+    EXPECT_TRUE(happened());
+    writer.join();
+    std::array<char, 256> value{};
+    coptgetvalstr(handle, "name", value.data());
+    EXPECT_STREQ(value.data(), row.name);
+    EXPECT_EQ(contains(tscene::messages(handle), "Error code = 110; Connection timed out"), row.result != 0);
+    xfree(&handle);
+  }
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The replaced functions. Each asks whether it is its turn to fail, and else does what the original does.
 #include "faults/injection.h"
 
+#include <poll.h>
 #include <sys/types.h>
 
 #include <algorithm>
@@ -21,7 +22,8 @@ bool armed = false;
 
 bool isturn(toperation operation) {
   if (!armed || operation != plannedoperation) return false;
-  return ++count == plannednumber;
+  ++count;
+  return plannedeffect == teffect::failsforgood ? count >= plannednumber : count == plannednumber;
 }
 
 ssize_t failed(int error) {
@@ -92,7 +94,7 @@ ssize_t __wrap_read(int descriptor, void* buffer, std::size_t size) {
 ssize_t __real_write(int, const void*, std::size_t);
 ssize_t __wrap_write(int descriptor, const void* buffer, std::size_t size) {
   if (!isturn(toperation::write)) return __real_write(descriptor, buffer, size);
-  if (plannedeffect == teffect::fails) return failed(ENOSPC);
+  if (plannedeffect == teffect::fails) return plannednumber % 2 == 0 ? 0 : failed(ENOSPC);
   return plannednumber % 2 == 0 ? failed(EINTR)
                                 : __real_write(descriptor, buffer, std::min<std::size_t>(size, 3));
 }
@@ -102,7 +104,14 @@ int __real_close(int);
 int __wrap_close(int descriptor) {
   const bool turn = isturn(toperation::close);
   const int result = __real_close(descriptor);
-  return turn ? static_cast<int>(failed(EIO)) : result;
+  return turn ? static_cast<int>(failed(plannedeffect == teffect::fails ? EIO : EINTR)) : result;
+}
+
+// Fails by its time being over.
+int __real_poll(pollfd*, nfds_t, int);
+int __wrap_poll(pollfd* requests, nfds_t length, int patience) {
+  if (!isturn(toperation::poll)) return __real_poll(requests, length, patience);
+  return plannedeffect == teffect::fails ? 0 : static_cast<int>(failed(EINTR));
 }
 
 }  // extern "C"

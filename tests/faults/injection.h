@@ -5,10 +5,11 @@
 
 namespace faults {
 
-enum class toperation { allocation, open, read, write, close };
+enum class toperation { allocation, open, read, write, close, poll };
 enum class teffect {
-  fails,       // with what the system reports where memory, a disk or a device is at its end
-  interrupted  // reading and writing only: part of it is done, or nothing with EINTR
+  fails,         // with what the system reports where memory, a disk or a device is at its end
+  failsforgood,  // so do all after it
+  interrupted    // not of memory: part of it is done, or nothing with EINTR
 };
 
 // The next operations of this kind that are met while armed count from 1; number `which` has the effect, 0

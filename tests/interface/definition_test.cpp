@@ -130,6 +130,9 @@ TEST(definition, failedchecks) {
        "1 x: Bad usermap value; Bad default value; Bad low value; Bad high value; Bad HC value; "
        "Bad Group value",
        "x integer 0 in 0..0 (0 0 0)"},
+      {__LINE__, "x integer 1 \"5 0 9 2 3\ny integer 2 0 0 9 2 3",
+       "1 x: Bad default value; Bad low value; Bad high value; Bad HC value; Bad Group value",
+       "x integer 0 in 0..0 (1 0 0) | y integer 0 in 0..9 (2 2 3)"},
       {__LINE__, "x double 1 b c d e 3 t", "1 x: Bad default value; Bad low value; Bad high value; Bad HC",
        "x double 0 in 0..0 (1 0 3) t"},
       {__LINE__, "x string 1 \"a b 2 3 t ", "1 x: Bad HC; Bad Group value",

@@ -106,6 +106,7 @@ TEST(definitionblocks, commentcharacters) {
       {__LINE__, "c eolcomm \xA7$%&()*,/:;<=>?@[\\]^_`{|}~", "$%&()*,/:;<=>?@[\\]^_`{|}~\xA7"},
       {__LINE__, "c eolcomm !\"#", "!"},
       {__LINE__, "c eolcomm !'#", "!"},
+      {__LINE__, "c eolcomm !1#", "!"},
       {__LINE__, "c eolcomm !+#", "!"},
       {__LINE__, "c eolcomm !\nd eolcomm #", "#"},
   };

@@ -86,6 +86,10 @@ TEST(help, debugginglist) {
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
               "\niter2 \niter10 \nloop *****Nil = Syn\nplain \nsecret \n");
     EXPECT_EQ(shown(lines), alphabet);
+    h.takemessages();
+    h.string("help");  // without a request
+    EXPECT_EQ(shown(h.messages()),
+              "Reading parameter(s) from \"string\"|" + summary + "Finished reading from \"string\"|");
   });
 }
 
@@ -120,7 +124,8 @@ TEST(help, descriptionbytype) {
       "iter integer.two 3 minint -5 maxint 1 1 Two\nflag boolean.nv 4 1 1 1 Flag\n About the flag\n\n"
       "  closing words\nnote string 5 \"\" 1 1 Note\nmethod enumstr 6 auto 1 1 Method\n"
       " auto 1 Automatic choice\n Primal 0\n \"two words\" 1 Two\nlevel enumint 7 minint 1 1 Level\n"
-      " minint 1 Lowest\n 99 1 Highest\n 7 1\nbare enumint 9 7 1 1 No items\nwords multilist 10 1 1 Words\n"
+      " minint 1 Lowest\n 99 1 Highest\n 7 1\nsteps enumint 8 7 1 1\n 7 1\n 100 1 Most\nbare enumint 9 7 1 1 "
+      "No items\nwords multilist 10 1 1 Words\n"
       "names strlist 11 1 1 Names\nall macro 1 1 All\nact immediate Message 1 1 Act\n",
       {{__LINE__, "gap", "gap: Gap|>double,  range: 0 to maxdouble default: 0.1|>Relative gap|"},
        {__LINE__, "any", "any: |>double,  range: mindouble to 1E20 default: 1.5E-7|"},
@@ -132,6 +137,7 @@ TEST(help, descriptionbytype) {
         ">   two words  Two|"},
        {__LINE__, "level",
         "level: Level|>enumint,  default: minint|>    -2147483648 Lowest|>    99 Highest|>     7 |"},
+       {__LINE__, "steps", "steps: |>enumint,  default: 7|>      7 |>    100 Most|"},
        {__LINE__, "bare", "bare: No items|>enumint,  default: 7|"},
        {__LINE__, "words", "words: Words|>multilist, |"},
        {__LINE__, "names", "names: Names|>strlist, |"},

@@ -143,6 +143,7 @@ TEST(messages, limitof5000) {
     EXPECT_EQ(last(h), "8 Maximum of 5000 messages reached");
     h.addmessage("and another");
     h.showhelp("maxit");
+    h.showhelp("3");
     EXPECT_EQ(optmessagecount(h.get()), 5001);
     EXPECT_EQ(counts(h), "5001 errors, 0 warnings");
     // A setter counts the messages that were filed, and none is: the value is refused all the same.

@@ -15,6 +15,7 @@ constexpr const char* options =
     "opt integer.OPT 8 8 0 9 1 1\nflag boolean.NV 9 1 1 1\ntwo integer.TWO 10 1 0 9 1 1\n"
     "color enumstr.TWO 11 red 1 1\n red 1\n blue 1\nalias synonym a\nold integer 12 0 0 9 1 1\n"
     "gone integer 14 0 0 9 1 1\ngonetwo integer.TWO 14 1 0 9 1 1\ngoneflag boolean.NV 15 1 1 1\n"
+    "shape enumstr.NV 16 box 1 1\n box 1\nlevel enumint.OPT 17 5 1 1\n 5 1\n"
     "mixed integer 17 0 0 9 1 1\nwas synonym mixed\nlately synonym b\nnames deprecated\n old use a\n"
     " mixed use b\n lately b is shorter\nnames obsolete\n gone left in release 3\n gonetwo left as well\n"
     " goneflag left, too\n was never more\nLines immediate EolFlag 0 0\nRead immediate ReadFile 0 0\n"
@@ -71,6 +72,7 @@ TEST(parameters, valuesandwhatfollows) {
       {__LINE__, normal, R"(s "a"b"c" b 2)", "b=2", R"(V1 Bad double-quote in value)"},
       // A quote that nothing closes is no value; a second quote inside a value opens a third.
       {__LINE__, normal, "s \"x y b 2\ns \"a\"b\" b 2\nb 3", "b=3", ""},
+      {__LINE__, normal, "s \"\ntwo \"3\nb 3", "b=3", ""},
       {__LINE__, normal, "s , b 2\na , t 1", "b=2 s= t=1", R"(V2 Integer expected, for option "a" saw "")"},
       {__LINE__, normal, "s x!y # z", "s=x!y", ""},
       {__LINE__, normal, "l x l \"y z\",l \"\" l w", "l=[x|y z||w]", ""},
@@ -86,6 +88,7 @@ TEST(parameters, valuesandwhatfollows) {
       {__LINE__, eolonly, "nv\nflag b 2\nflag =\nb 2", "b=2 nv=7 flag=1",
        R"(E2 E3 Remainder of line ignored)"},
       {__LINE__, normal, "b 2 opt", "b=2 opt=8", ""},
+      {__LINE__, normal, "shape b 2 level", "b=2 shape=box level=5", ""},
       {__LINE__, normal, "opt b 2\nopt =\nopt , b 3", "b=3",
        R"(V1 Integer expected, for option "opt" saw "b" | E1 Option keyword expected, saw "2" | )"
        R"(E2 Value expected for key "opt" | V3 Integer expected, for option "opt" saw "")"},

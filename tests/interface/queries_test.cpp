@@ -122,13 +122,17 @@ const std::vector<trow> rows = {
     {__LINE__, boundsdbl, 3, "1|0|1|0.5", 2, "0|-7.5|-7.5|-7.5"},
     {__LINE__, enumcount, 6, "1|2", 5, "0|-1"},
     {__LINE__, enumvalue<2>, 6, "1|0|Primal", 5, "0|-1|"},
+    {__LINE__, enumvalue<0>, 6, "0|-1|", 5, "0|-1|"},
     {__LINE__, enumvalue<2>, 7, "1|1|1", 2, "0|-1|"},
     {__LINE__, enumhelp<1>, 6, "1|1|Automatic", 5, "0|-1|"},
     {__LINE__, enumhelp<2>, 7, "1|-1|", 5, "0|-1|"},
+    {__LINE__, enumhelp<3>, 7, "0|-1|", 5, "0|-1|"},
+    {__LINE__, enumhelp<0>, 7, "0|-1|", 5, "0|-1|"},
     {__LINE__, enumstr, 14, "1|y|2", 7, "0||-1"},
     {__LINE__, enumstr, 15, "1|other|0", 7, "0||-1"},  // a default outside the list
     {__LINE__, getint, 2, "1|3", 3, "0|-7"},
     {__LINE__, getint2, 12, "1|4", 2, "0|-7"},
+    {__LINE__, getint2, 12, "1|4", 13, "0|-7"},
     {__LINE__, getdbl, 3, "1|0.5", 2, "0|-7.5"},
     {__LINE__, getdbl2, 13, "1|2.5", 3, "0|-7.5"},
     {__LINE__, getstr, 2, "1|3", 17, "0|"},
@@ -150,6 +154,10 @@ const std::vector<trow> rows = {
 
 TEST(queries, bynumber) {
   foreachrow(__FILE__, rows, [](thandle& h, const trow& row) {
+    touts none;
+    if (row.call != typenamenr) {
+      EXPECT_EQ(row.call(h, none, 1), row.failed) << "without a definition";
+    }
     define(h);
     h.string("maxit 3");
     optsetint2nr(h.get(), h.number("pair"), 4);

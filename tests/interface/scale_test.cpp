@@ -86,6 +86,9 @@ TEST(scale, definitions) {
   EXPECT_EQ(h.value("base"), "8");
   EXPECT_EQ(problems(h), "W1 deprecated synonym \"s" + last + "\"; gone");
   optclearmessages(h.get());
+  EXPECT_EQ(h.setstrnr(3, "none") + h.setstrnr(4, "-1"), 0);
+  for (const int nr : {2, 4}) EXPECT_EQ(h.messages().at(static_cast<std::size_t>(nr) - 1).size(), 255u);
+  optclearmessages(h.get());
   EXPECT_EQ(h.help("long").size(), 5001u);
 }
 

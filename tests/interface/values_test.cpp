@@ -134,6 +134,7 @@ const std::vector<tcallrow> callrows = {
      R"(V Boolean out of range for @ saw "-1" | V    Valid values are 0 or 1)"},
     {__LINE__, intnr, "level", 2, "", 1, "2"},
     {__LINE__, intnr, "big_step", 1, "", 0, "0.5"},
+    {__LINE__, intnr, "limits", 1, "", 0, ""},
     {__LINE__, int2nr, "pair", 7, "", 1, "1|7"},
     {__LINE__, int2nr, "pair", 77, "", 0, "1|1",
      R"(V Integer range error for @ saw "77" | V    Valid range is 0 to 10)"},

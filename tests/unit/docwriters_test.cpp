@@ -136,6 +136,8 @@ code enumint 3 maxint 1 1 t
 tiny double.OPT 4 1e-20 0 1 1 1 t
 word enumstr.TWO 5 x 1 1 t
  x 1 one
+void multilist 8 1 1 t
+ nosuch
 .prior double 6 1 0 maxdouble 1 1 t
 bare enumint 7 1 1 1 t
 synu synonym nosuch
@@ -151,6 +153,7 @@ code enumint 3 2147483647  1 1 t
 tiny double.OPT 4 1E-20 0 1 1 1 t
 word enumstr.TWO 5 x  1 1 t
  x 1 one
+void multilist 8 1 1 t
 .prior double 6 1 0 maxdouble 1 1 t
 bare enumint 7 1  1 1 t
 synu synonym 

@@ -3,13 +3,16 @@
 
 #include <cstring>
 #include <string>
+#include <type_traits>
 
 #include "api/pchutil.h"
 #include "api/signatures.h"
 #include "api/units.h"
+#include "base/systemerror.h"
 #include "base/zqaaudit.h"
 #include "options/globals.h"
 #include "options/vksoptions.h"
+#include "support/handle.h"
 
 namespace wexcorin {
 namespace {
@@ -68,6 +71,8 @@ TEST_F(audit, release_values_agree_with_each_other) {
   EXPECT_EQ(zqagetblddat().size(), 12U);
   EXPECT_EQ(zqagethdr(), "x86_64/Linux          ");
   EXPECT_EQ(zqagetcpr().size(), 70U);
+  EXPECT_EQ(zqagetbldcod().size(), 3U);
+  EXPECT_EQ(zqagetrel(), "02.0");
   EXPECT_EQ(std::string(zqagetvid()), std::string(zqagetcod()) + "020-020");
   EXPECT_EQ(zqagetver(), 20.0);
   EXPECT_EQ(zqagetjul(), 46346);  // 21 November 2026
@@ -86,6 +91,49 @@ TEST(dotoptions, parts_without_an_entry_are_told) {
   EXPECT_EQ(store.messages().decorated(2).view(), "*** Error Cannot SetValue to DotObj");
 }
 
+// What the library has for the programs that are built with its objects, and the echo that is switched on while a
+// file is read.
+TEST(store, values_by_class_and_name) {
+  class techo : public tassignmentobserver {
+   public:
+    explicit techo(tvksoptions& store) : fstore(store) {}
+    void assigned(const toption&, std::int32_t) override { fstore.optechoset(true); }
+
+   private:
+    tvksoptions& fstore;
+  };
+  const testsupport::ttempdir directory;
+  tvksoptions store;
+  store.optreaddefinition(directory.write("def",
+                                          "i integer.TWO 1 0 0 9 1 1\nb boolean.TWO 2 0 1 1\n"
+                                          "e enumint.TWO 3 5 1 1\n 5 1\n 6 1\nd double.TWO 4 0 0 9 1 1\n"
+                                          "l strlist 5 1 1\n"));
+  const auto set = [&]<class tclass>(tclass& option, auto first, auto second) {
+    if constexpr (std::is_same_v<tclass, tdbloption>)
+      option.setasdouble(first), option.setasdouble2(second);
+    else
+      option.setasinteger(first), option.setasinteger2(second);
+    return std::string(option.getasstring()) + std::string(option.getasstring2());
+  };
+  EXPECT_EQ(set(as<tintoption>(*store.getobjects(1)), 3, 4), "34");
+  EXPECT_EQ(set(as<tbooleanoption>(*store.getobjects(2)), 1, 0), "10");
+  EXPECT_EQ(set(as<tenumintoption>(*store.getobjects(3)), 6, 5), "65");
+  EXPECT_EQ(set(as<tdbloption>(*store.getobjects(4)), 2.5, 1), "2.51");
+  store.setasstring("L", "x");
+  store.setasstring("none", "x");
+  EXPECT_EQ(std::string(as<tstrlistoption>(*store.getobjects(5)).getasstring()), "1");
+  EXPECT_EQ(std::string(store.getasstring("i")) + std::string(store.getasstring("none")), "3");
+  techo echo(store);
+  store.setobserver(&echo);
+  store.optreadparameterfile(directory.write("opt", "i 1 2\ni 3 4\n"));
+  EXPECT_EQ(store.messages().decorated(2).view(), ">>  i 3 4");
+}
+
+TEST(systemerrors, have_the_system_s_words_if_there_are_any) {
+  EXPECT_EQ(errorcodetext(2).view(), "Error code = 2; No such file or directory");
+  EXPECT_EQ(errorcodetext(99999).view(), "Error code = 99999; Unknown error");
+}
+
 // The test program itself has loaded the library once; a second load and its unload change nothing.
 TEST(units, start_with_the_first_load_and_stop_after_the_exit_procedures) {
   static std::string told;
@@ -94,6 +142,9 @@ TEST(units, start_with_the_first_load_and_stop_after_the_exit_procedures) {
   EXPECT_EQ(loadpath(), "/somewhere");
   EXPECT_TRUE(registerexitprocedure([] { told.append("first, load path ").append(loadpath()); }));
   EXPECT_TRUE(registerexitprocedure([] { told.append("second; "); }));
+  int further = 0;
+  while (registerexitprocedure([] {})) ++further;
+  EXPECT_GT(further, 0);
   libraryunload();
   EXPECT_EQ(told, "");
   libraryunload();

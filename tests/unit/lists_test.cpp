@@ -57,6 +57,20 @@ TEST(lists, owning_lists_free_what_they_lose_and_clear_from_the_end) {
   EXPECT_EQ(told, "bdcaxye");
 }
 
+TEST(lists, of_texts_are_searched_and_sorted_without_regard_to_case) {
+  txstrings texts;
+  for (const char* text : {"b", "C", "A"}) texts.add(text);
+  EXPECT_EQ(texts.indexof("a"), 2);
+  EXPECT_EQ(texts.indexof("d"), -1);
+  texts.sortn(3);
+  EXPECT_EQ(std::string(texts.get(0)) + std::string(texts.get(1)) + std::string(texts.get(2)), "AbC");
+  txlist<std::int32_t> numbers;  // have no order
+  for (const std::int32_t number : {2, 1}) numbers.add(number);
+  numbers.sortn(2);
+  EXPECT_EQ(numbers.indexof(2), 1);
+  EXPECT_EQ(numbers.indexof(3), -1);
+}
+
 // A search by walking, to compare the index with.
 std::int32_t walked(const txstringlist<std::int32_t>& list, std::string_view name) {
   for (std::int32_t i = 0; i < list.count(); ++i)

@@ -67,6 +67,10 @@ TEST(numtext, texts_are_doubles_as_a_whole_or_not_at_all) {
       {__LINE__, "0." + std::string(240, '0') + "1e300", 1e59},
       {__LINE__, "1" + std::string(240, '0') + "e-300", 1e-60},
       {__LINE__, "1e400", no},
+      {__LINE__, "1e99999999999999999999", no},
+      {__LINE__, "1" + std::string(400, '0'), no},
+      {__LINE__, "0." + std::string(400, '0') + "1", 0.0},
+      {__LINE__, "1d0" + std::string(300, '0'), no},
       {__LINE__, "1" + std::string(240, '0') + "e100", no},
       {__LINE__, "", no},
       {__LINE__, ".", no},
@@ -129,6 +133,7 @@ TEST(numtext, integers_as_text) {
   EXPECT_EQ(int64tonicestr(std::numeric_limits<std::int64_t>::min()).view(), "-9,223,372,036,854,775,808");
   EXPECT_EQ(inttonicestrw(1000, 8).view(), "   1,000");
   EXPECT_EQ(inttonicestrw(1000, 400).size(), 255U);
+  EXPECT_EQ(inttonicestrw(1000, 3).view(), "1,000");
   EXPECT_EQ(integerwidth(-120), 4);
 }
 
