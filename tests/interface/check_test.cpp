@@ -1,4 +1,6 @@
 // The check of interface version and function signatures.
+#include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -8,18 +10,13 @@ namespace {
 
 using testsupport::bothforms;
 using testsupport::formname;
+using testsupport::invoke;
 using testsupport::tform;
-using testsupport::tin;
-using testsupport::tout;
 
-int check(tform form, const std::string& name, int count, const std::vector<std::int32_t>& codes,
-          std::string& message) {
-  const tin in(name);
-  tout out(message);
-  const int ok = form == tform::shortstring ? xcheck(in.asshort(), count, codes.data(), out.asshort())
-                                            : cxcheck(in.aschars(), count, codes.data(), out.aschars());
-  out.finish(form);
-  return ok;
+using tcodes = std::vector<std::int32_t>;
+
+int check(tform form, const std::string& name, const tcodes& codes, std::string& message) {
+  return invoke(form, xcheck, cxcheck, name, static_cast<int>(codes.size()) - 1, codes.data(), message);
 }
 
 TEST(versioncheck, compares_the_client_s_version_with_the_library_s) {
@@ -42,116 +39,59 @@ TEST(versioncheck, compares_the_client_s_version_with_the_library_s) {
       const testing::ScopedTrace trace(__FILE__, row.where, formname(form));
       std::string message = "old";
       std::int32_t compat = -1;
-      tout out(message);
-      const int result = form == tform::shortstring ? xapiversion(row.version, out.asshort(), &compat)
-                                                    : cxapiversion(row.version, out.aschars(), &compat);
-      out.finish(form);
-      EXPECT_EQ(result, row.result);
+      EXPECT_EQ(invoke(form, xapiversion, cxapiversion, row.version, message, compat), row.result);
       EXPECT_EQ(compat, row.compat);
       EXPECT_EQ(message, row.message);
     }
   }
 }
 
-// What clients declare: result, then the arguments after the handle. Changing a row breaks every client that
-// was built before; add a function under a new name instead.
-struct tdeclared {
-  const char* name;
-  std::vector<std::int32_t> codes;
-};
-const tdeclared declared[] = {
-    {"optReadDefinition", {3, 11}},
-    {"optReadParameterFile", {3, 11}},
-    {"optReadFromStr", {0, 11}},
-    {"optWriteParameterFile", {3, 11}},
-    {"optClearMessages", {0}},
-    {"optAddMessage", {0, 11}},
-    {"optGetMessage", {0, 3, 12, 4}},
-    {"optResetAll", {0}},
-    {"optResetAllRecent", {0}},
-    {"optResetRecentChanges", {0}},
-    {"optShowHelp", {0, 11}},
-    {"optResetNr", {3, 3}},
-    {"optFindStr", {3, 11, 4, 4}},
-    {"optGetInfoNr", {3, 3, 4, 4, 4, 4, 4, 4}},
-    {"optGetValuesNr", {3, 3, 12, 4, 14, 12}},
-    {"optSetValuesNr", {3, 3, 3, 13, 11}},
-    {"optSetValues2Nr", {3, 3, 3, 13, 11}},
-    {"optVersion", {0, 12}},
-    {"optDefinitionFile", {0, 12}},
-    {"optGetFromAnyStrList", {3, 3, 12, 12}},
-    {"optGetFromListStr", {3, 11, 12}},
-    {"optListCountStr", {3, 11}},
-    {"optReadFromListStr", {3, 11, 3, 12}},
-    {"optSynonymCount", {3}},
-    {"optGetSynonym", {3, 3, 12, 12}},
-    {"optEchoSet", {0, 3}},
-    {"optEOLOnlySet", {3, 3}},
-    {"optNoBoundsSet", {0, 3}},
-    {"optErrorCount", {0, 4, 4}},
-    {"optGetBoundsInt", {3, 3, 4, 4, 4}},
-    {"optGetBoundsDbl", {3, 3, 14, 14, 14}},
-    {"optGetDefaultStr", {3, 3, 12}},
-    {"optGetIntNr", {3, 3, 4}},
-    {"optGetInt2Nr", {3, 3, 4}},
-    {"optSetIntNr", {3, 3, 3}},
-    {"optSetInt2Nr", {3, 3, 3}},
-    {"optGetStrNr", {3, 3, 12}},
-    {"optGetOptHelpNr", {3, 3, 12, 4, 4}},
-    {"optGetEnumHelp", {3, 3, 3, 4, 12}},
-    {"optGetEnumStrNr", {3, 3, 12, 4}},
-    {"optGetEnumCount", {3, 3, 4}},
-    {"optGetEnumValue", {3, 3, 3, 4, 12}},
-    {"optGetStr2Nr", {3, 3, 12}},
-    {"optSetStrNr", {3, 3, 11}},
-    {"optSetStr2Nr", {3, 3, 11}},
-    {"optGetDblNr", {3, 3, 14}},
-    {"optGetDbl2Nr", {3, 3, 14}},
-    {"optSetDblNr", {3, 3, 13}},
-    {"optSetDbl2Nr", {3, 3, 13}},
-    {"optGetValStr", {3, 11, 12}},
-    {"optGetVal2Str", {3, 11, 12}},
-    {"optGetNameNr", {3, 3, 12}},
-    {"optGetDefinedNr", {3, 3, 4}},
-    {"optGetHelpNr", {3, 3, 12, 12}},
-    {"optGetGroupNr", {3, 3, 12, 4, 4, 12}},
-    {"optGetGroupGrpNr", {3, 3}},
-    {"optGetOptGroupNr", {3, 3}},
-    {"optGetDotOptNr", {3, 3, 12, 4, 4, 14}},
-    {"optGetDotOptUel", {3, 3, 3, 12}},
-    {"optGetIndicatorNr", {3, 3, 12, 12, 4, 4, 4}},
-    {"optGetEquIndicatorNr", {3, 3, 3, 12}},
-    {"optGetVarIndicatorNr", {3, 3, 3, 12}},
-    {"optIndicatorCount", {3, 4}},
-    {"optDotOptCount", {3, 4}},
-    {"optSetRefNr", {3, 3, 3}},
-    {"optSetRefNrStr", {3, 11, 3}},
-    {"optGetConstName", {3, 3, 3, 12}},
-    {"optGetTypeName", {3, 3, 12}},
-    {"optLookUp", {3, 11}},
-    {"optReadFromPChar", {0, 10}},
-    {"optCount", {3}},
-    {"optMessageCount", {3}},
-    {"optGroupCount", {3}},
-    {"optRecentEnabled", {3}},
-    {"optRecentEnabledSet", {0, 3}},
-};
+// What clients declare: result, then the arguments after the handle. A change breaks every client that was built
+// before; add a function under a new name instead.
+constexpr const char* declared =
+    "optReadDefinition 3 11; optReadParameterFile 3 11; optReadFromStr 0 11; optWriteParameterFile 3 11; "
+    "optClearMessages 0; optAddMessage 0 11; optGetMessage 0 3 12 4; optResetAll 0; optResetAllRecent 0; "
+    "optResetRecentChanges 0; optShowHelp 0 11; optResetNr 3 3; optFindStr 3 11 4 4; "
+    "optGetInfoNr 3 3 4 4 4 4 4 4; optGetValuesNr 3 3 12 4 14 12; optSetValuesNr 3 3 3 13 11; "
+    "optSetValues2Nr 3 3 3 13 11; optVersion 0 12; optDefinitionFile 0 12; "
+    "optGetFromAnyStrList 3 3 12 12; optGetFromListStr 3 11 12; optListCountStr 3 11; "
+    "optReadFromListStr 3 11 3 12; optSynonymCount 3; optGetSynonym 3 3 12 12; optEchoSet 0 3; "
+    "optEOLOnlySet 3 3; optNoBoundsSet 0 3; optErrorCount 0 4 4; optGetBoundsInt 3 3 4 4 4; "
+    "optGetBoundsDbl 3 3 14 14 14; optGetDefaultStr 3 3 12; optGetIntNr 3 3 4; optGetInt2Nr 3 3 4; "
+    "optSetIntNr 3 3 3; optSetInt2Nr 3 3 3; optGetStrNr 3 3 12; optGetOptHelpNr 3 3 12 4 4; "
+    "optGetEnumHelp 3 3 3 4 12; optGetEnumStrNr 3 3 12 4; optGetEnumCount 3 3 4; "
+    "optGetEnumValue 3 3 3 4 12; optGetStr2Nr 3 3 12; optSetStrNr 3 3 11; optSetStr2Nr 3 3 11; "
+    "optGetDblNr 3 3 14; optGetDbl2Nr 3 3 14; optSetDblNr 3 3 13; optSetDbl2Nr 3 3 13; "
+    "optGetValStr 3 11 12; optGetVal2Str 3 11 12; optGetNameNr 3 3 12; optGetDefinedNr 3 3 4; "
+    "optGetHelpNr 3 3 12 12; optGetGroupNr 3 3 12 4 4 12; optGetGroupGrpNr 3 3; optGetOptGroupNr 3 3; "
+    "optGetDotOptNr 3 3 12 4 4 14; optGetDotOptUel 3 3 3 12; optGetIndicatorNr 3 3 12 12 4 4 4; "
+    "optGetEquIndicatorNr 3 3 3 12; optGetVarIndicatorNr 3 3 3 12; optIndicatorCount 3 4; "
+    "optDotOptCount 3 4; optSetRefNr 3 3 3; optSetRefNrStr 3 11 3; optGetConstName 3 3 3 12; "
+    "optGetTypeName 3 3 12; optLookUp 3 11; optReadFromPChar 0 10; optCount 3; optMessageCount 3; "
+    "optGroupCount 3; optRecentEnabled 3; optRecentEnabledSet 0 3;";
 
 TEST(signaturecheck, every_function_is_as_clients_declare_it) {
-  ASSERT_EQ(std::size(declared), 75U);
-  for (const auto& [name, codes] : declared) {
-    std::string message = "old";
-    for (const tform form : bothforms)
-      EXPECT_EQ(check(form, name, static_cast<int>(codes.size()) - 1, codes, message), 1) << name;
-    EXPECT_EQ(message, "");
+  std::istringstream functions(declared);
+  int count = 0;
+  for (std::string function; std::getline(functions >> std::ws, function, ';'); ++count) {
+    std::istringstream words(function);
+    std::string name;
+    words >> name;
+    const tcodes codes{std::istream_iterator<std::int32_t>(words), {}};
+    for (const tform form : bothforms) {
+      std::string message = "old";
+      EXPECT_EQ(check(form, name, codes, message), 1) << name;
+      EXPECT_EQ(message, "");
+    }
   }
+  EXPECT_EQ(count, 75);
 }
 
 TEST(signaturecheck, tells_what_differs) {
   struct {
     int where;
     std::string name;
-    std::vector<std::int32_t> codes;
+    tcodes codes;
     std::string message;
   } const rows[] = {
       {__LINE__, "optreaddefinition", {3, 11}, "optreaddefinition cannot be found in wexcorin."},
@@ -173,7 +113,7 @@ TEST(signaturecheck, tells_what_differs) {
     for (const auto& row : rows) {
       const testing::ScopedTrace trace(__FILE__, row.where, formname(form));
       std::string message = "old";
-      EXPECT_EQ(check(form, row.name, static_cast<int>(row.codes.size()) - 1, row.codes, message), 0);
+      EXPECT_EQ(check(form, row.name, row.codes, message), 0);
       EXPECT_EQ(message, row.message);
     }
   }

@@ -20,12 +20,12 @@ std::string items(thandle& h) {
     const auto add = [&](const std::string& name, int dims, auto get) {
       result += name;
       for (int dim = 1; dim <= dims; ++dim) {
-        EXPECT_EQ((h.*get)(nr, dim, element), 1);
+        EXPECT_EQ(get(dim), 1);
         result += (dim > 1 ? "," : "(") + element + (dim == dims ? ")" : "");
       }
     };
-    add((nr > 1 ? " " : "") + equ, equdims, &thandle::getequindicatornr);
-    add('$' + var, vardims, &thandle::getvarindicatornr);
+    add((nr > 1 ? " " : "") + equ, equdims, [&](int dim) { return h.getequindicatornr(nr, dim, element); });
+    add('$' + var, vardims, [&](int dim) { return h.getvarindicatornr(nr, dim, element); });
     result += '=' + std::to_string(value);
     for (const int dim : {-1, 0, 21}) {
       EXPECT_EQ(h.getequindicatornr(nr, dim, element) + h.getvarindicatornr(nr, dim, element), 0);

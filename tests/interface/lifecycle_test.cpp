@@ -7,12 +7,7 @@ namespace {
 
 std::string loadpath(tform form) {
   std::string path = "old";
-  tout out(path);
-  if (form == tform::shortstring)
-    optgetloadpath(out.asshort());
-  else
-    coptgetloadpath(out.aschars());
-  out.finish(form);
+  invoke(form, optgetloadpath, coptgetloadpath, path);
   return path;
 }
 
@@ -54,16 +49,17 @@ TEST(lifecycle, loadpath) {
   const auto isinbothforms = [](const std::string& expected) {
     for (const tform form : bothforms) EXPECT_EQ(loadpath(form), expected) << formname(form);
   };
+  const auto set = [](tform form, auto path) { invoke(form, optsetloadpath, coptsetloadpath, path); };
   const std::string longest(255, 'p');
-  optsetloadpath(tin(longest).asshort());
+  set(tform::shortstring, longest);
   isinbothforms(longest);
-  coptsetloadpath(longest.c_str());
+  set(tform::zeroterminated, longest);
   isinbothforms("PCharToStr Overflow");
-  coptsetloadpath(nullptr);
+  set(tform::zeroterminated, nullptr);
   isinbothforms("");
-  coptsetloadpath("lib");
+  set(tform::zeroterminated, "lib");
   isinbothforms("lib");
-  optsetloadpath(nullptr);
+  set(tform::shortstring, nullptr);
   isinbothforms("");
 }
 
@@ -86,9 +82,7 @@ TEST(lifecycle, longtexts) {
     EXPECT_EQ(s.value("note"), text);
   }
   std::string chars;
-  tout out(chars);
-  EXPECT_EQ(coptgetstrnr(s.get(), note, out.aschars()), 1);
-  out.finish(tform::zeroterminated);
+  EXPECT_EQ(invoke(tform::zeroterminated, optgetstrnr, coptgetstrnr, s.get(), note, chars), 1);
   EXPECT_EQ(chars, longest);
   // A character buffer is no short string: it is one line of any length.
   h.pchar("note " + std::string(400, ' ') + "end");
@@ -97,46 +91,35 @@ TEST(lifecycle, longtexts) {
 }
 
 TEST(lifecycle, nulltextsareempty) {
-  const auto check = [](thandle& h, auto null, auto readdefinition, auto readparameters, auto readstr,
-                        auto write, auto addmessage, auto showhelp, auto lookup, auto findstr, auto setstr,
-                        auto setstr2, auto setvalues, auto listcount, auto setrefnr) {
+  inbothforms([](thandle& h) {
     h.definition(everytype);
-    tvksoptions* const raw = h.get();
-    EXPECT_EQ(readdefinition(raw, null), 2);
-    EXPECT_EQ(readparameters(raw, null), 2);
-    readstr(raw, null);
-    optreadfrompchar(raw, nullptr);
-    EXPECT_EQ(write(raw, null), 2);
-    addmessage(raw, null);
-    showhelp(raw, null);  // the summary, which has no group to show here
+    EXPECT_EQ(h.readdefinition(nullptr), 2);
+    EXPECT_EQ(h.readparameterfile(nullptr), 2);
+    invoke(h.form(), optreadfromstr, coptreadfromstr, h.get(), nullptr);
+    optreadfrompchar(h.get(), nullptr);
+    EXPECT_EQ(h.writeparameterfile(nullptr), 2);
+    h.addmessage(nullptr);
+    h.showhelp(nullptr);  // the summary, which has no group to show here
     EXPECT_EQ(told(h),
               R"(D Cannot open option file "" | D Error code = 2; No such file or directory | )"
               R"(E Cannot open parameter file "" | E Error code = 2; No such file or directory | )"
               R"(E Cannot write parameter file "" | E    Error code = 2; No such file or directory | E  | )");
-    optclearmessages(raw);
+    optclearmessages(h.get());
     std::int32_t nr = -7, refnr = -7;
-    EXPECT_EQ(lookup(raw, null), -1);
-    EXPECT_EQ(findstr(raw, null, &nr, &refnr), 0);
+    EXPECT_EQ(h.lookup(nullptr), -1);
+    EXPECT_EQ(h.findstr(nullptr, nr, refnr), 0);
     EXPECT_EQ(nr, -1);
-    EXPECT_EQ(listcount(raw, null), -2);
-    EXPECT_EQ(setrefnr(raw, null, 1), 0);
-    EXPECT_EQ(setstr(raw, h.number("note"), null), 1);
+    EXPECT_EQ(h.listcountstr(nullptr), -2);
+    EXPECT_EQ(h.setrefnrstr(nullptr, 1), 0);
+    EXPECT_EQ(h.setstrnr(h.number("note"), nullptr), 1);
     EXPECT_EQ(h.value("note"), "");
-    EXPECT_EQ(setstr2(raw, h.number("pair"), null), 0);
-    EXPECT_EQ(setvalues(raw, h.number("method"), 1, 1.0, null), 0);
+    EXPECT_EQ(h.setstr2nr(h.number("pair"), nullptr), 0);
+    EXPECT_EQ(h.setvaluesnr(h.number("method"), 1, 1.0, nullptr), 0);
     EXPECT_EQ(
         told(h),
         R"(V Integer expected, for option "pair" saw "" | )"
         R"(V Unknown value for option "method" saw "" | V    Possible values are  auto Primal two words)");
-  };
-  thandle shorts(tform::shortstring);
-  check(shorts, static_cast<const optshortstring*>(nullptr), optreaddefinition, optreadparameterfile,
-        optreadfromstr, optwriteparameterfile, optaddmessage, optshowhelp, optlookup, optfindstr, optsetstrnr,
-        optsetstr2nr, optsetvaluesnr, optlistcountstr, optsetrefnrstr);
-  thandle chars(tform::zeroterminated);
-  check(chars, static_cast<const char*>(nullptr), coptreaddefinition, coptreadparameterfile, coptreadfromstr,
-        coptwriteparameterfile, coptaddmessage, coptshowhelp, coptlookup, coptfindstr, coptsetstrnr,
-        coptsetstr2nr, coptsetvaluesnr, coptlistcountstr, coptsetrefnrstr);
+  });
 }
 
 // The name may stand in the buffer that receives the text.
@@ -164,19 +147,18 @@ TEST(lifecycle, resultoverargument) {
   };
   for (const trow& row : rows) {
     const testing::ScopedTrace trace(__FILE__, row.where, row.name);
-    for (const tform form : bothforms) {
-      std::string text = row.name;
-      tout buffer(text);
-      if (form == tform::shortstring) {
-        optshortstring* const shared = buffer.asshort();
-        row.shortform(h.get(), shared, shared);
-      } else {
-        char* const shared = buffer.aschars();
-        row.charform(h.get(), shared, shared);
-      }
-      buffer.finish(form);
-      EXPECT_EQ(text, row.expected);
+    std::string text = row.name;
+    {
+      targument<optshortstring*> buffer(text);
+      row.shortform(h.get(), buffer.pass(), buffer.pass());
     }
+    EXPECT_EQ(text, row.expected);
+    text = row.name;
+    {
+      targument<char*> buffer(text);
+      row.charform(h.get(), buffer.pass(), buffer.pass());
+    }
+    EXPECT_EQ(text, row.expected);
   }
 }
 

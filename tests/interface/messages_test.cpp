@@ -119,8 +119,7 @@ TEST(messages, enterandleavenotes) {
 }
 
 void fill(thandle& h, int count) {
-  const tin text("filler");
-  while (optmessagecount(h.get()) < count) optaddmessage(h.get(), text.asshort());
+  while (optmessagecount(h.get()) < count) h.addmessage("filler");
 }
 
 std::string last(thandle& h) {

@@ -6,10 +6,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "wexcorin/wexcorin.h"
@@ -43,36 +45,104 @@ class ttempdir {
 // Switches the process to a locale with a decimal comma: an installed one, else one made here.
 bool setcommalocale();
 
-// A text argument in both forms.
-class tin {
+// What a function of either form takes for an argument, by the parameter's type: numbers and handles as they are.
+template <class tparameter>
+class targument {
  public:
-  explicit tin(std::string_view text);
-  const optshortstring* asshort() const { return &fshort; }
-  const char* aschars() const { return fchars.c_str(); }
+  explicit targument(tparameter value) : fvalue(value) {}
+  tparameter pass() { return fvalue; }
 
  private:
-  optshortstring fshort{};
-  std::string fchars;
+  tparameter fvalue;
 };
 
-// A text output: the 256-byte buffer starts with the caller's text, the caller's text is replaced after the
-// call.
-class tout {
+// A number output.
+template <class tnumber>
+class tnumberout {
  public:
-  explicit tout(std::string& text) : ftext(text) {}
-  optshortstring* asshort();
-  char* aschars();
-  void finish(tform form);
+  explicit tnumberout(tnumber& number) : fnumber(&number) {}
+  tnumber* pass() { return fnumber; }
 
  private:
+  tnumber* fnumber;
+};
+template <>
+class targument<std::int32_t*> : public tnumberout<std::int32_t> {
+  using tnumberout::tnumberout;
+};
+template <>
+class targument<double*> : public tnumberout<double> {
+  using tnumberout::tnumberout;
+};
+
+// A text, or null.
+template <>
+class targument<const char*> {
+ public:
+  explicit targument(std::string_view text) : ftext(text) {}
+  explicit targument(std::nullptr_t) : fisnull(true) {}
+  const char* pass() { return fisnull ? nullptr : ftext.c_str(); }
+
+ private:
+  std::string ftext;
+  bool fisnull = false;
+};
+template <>
+class targument<const optshortstring*> {
+ public:
+  explicit targument(std::string_view text);
+  explicit targument(std::nullptr_t) : fisnull(true) {}
+  const optshortstring* pass() { return fisnull ? nullptr : &ftext; }
+
+ private:
+  optshortstring ftext{};
+  bool fisnull = false;
+};
+
+// A text output: the 256-byte buffer starts with the caller's text, and the caller's text is replaced at the end.
+class ttextout {
+ public:
+  ttextout(std::string& text, tform form);
+  ttextout(const ttextout&) = delete;
+  ttextout& operator=(const ttextout&) = delete;
+  ~ttextout();
+
+ protected:
   static constexpr std::size_t guardsize = 64;
-  void fill();
+  unsigned char* buffer() { return fbuffer.data() + guardsize; }
+
+ private:
   std::string& ftext;
+  tform fform;
   std::array<unsigned char, guardsize + 256 + guardsize> fbuffer{};
 };
+template <>
+class targument<char*> : ttextout {
+ public:
+  explicit targument(std::string& text) : ttextout(text, tform::zeroterminated) {}
+  char* pass() { return reinterpret_cast<char*>(buffer()); }
+};
+template <>
+class targument<optshortstring*> : ttextout {
+ public:
+  explicit targument(std::string& text) : ttextout(text, tform::shortstring) {}
+  optshortstring* pass() { return reinterpret_cast<optshortstring*>(buffer()); }
+};
+
+template <class tresult, class... tparameters, class... targuments>
+tresult call(tresult (*function)(tparameters...), targuments&... arguments) {
+  std::tuple<targument<tparameters>...> passed(arguments...);
+  return std::apply([&](auto&... each) { return function(each.pass()...); }, passed);
+}
+
+// Calls the function in that form and hands the outputs back.
+template <class tshortform, class tcharform, class... targuments>
+auto invoke(tform form, tshortform shortform, tcharform charform, targuments&&... arguments) {
+  return form == tform::shortstring ? call(shortform, arguments...) : call(charform, arguments...);
+}
 
 // Owns one store. The methods bear the names of the exported functions without "opt" and take their arguments
-// in the same order. A text output that a function leaves untouched keeps what the caller's string held
+// in the same order, texts and outputs as what they are. A text output that a function leaves untouched keeps what the caller's string held
 // before, in the short-string form; the zero-terminated form empties it.
 class thandle {
  public:
@@ -104,47 +174,52 @@ class thandle {
   std::string value(const std::string& name);   // optGetValStr, "?" for an unknown name
   std::string value2(const std::string& name);  // optGetVal2Str, "?" where there is none
 
-  int readdefinition(const std::string& filename);
-  int readparameterfile(const std::string& filename);
-  int readfromliststr(const std::string& name, int index, std::string& text);
-  int writeparameterfile(const std::string& filename);
-  void showhelp(const std::string& request);
-  void addmessage(const std::string& text);
-  void getmessage(int nr, std::string& text, std::int32_t& kind);
-  int findstr(const std::string& name, std::int32_t& nr, std::int32_t& refnr);
-  int lookup(const std::string& name);
-  int getvaluesnr(int nr, std::string& name, std::int32_t& i, double& d, std::string& s);
-  int setvaluesnr(int nr, std::int32_t i, double d, const std::string& s);
-  int setvalues2nr(int nr, std::int32_t i, double d, const std::string& s);
-  int getstrnr(int nr, std::string& s);
-  int getstr2nr(int nr, std::string& s);
-  int setstrnr(int nr, const std::string& s);
-  int setstr2nr(int nr, const std::string& s);
-  int getvalstr(const std::string& name, std::string& s);
-  int getval2str(const std::string& name, std::string& s);
-  int getnamenr(int nr, std::string& name);
-  int gethelpnr(int nr, std::string& name, std::string& help);
-  int getopthelpnr(int nr, std::string& name, std::int32_t& helpflag, std::int32_t& group);
-  int getdefaultstr(int nr, std::string& s);
-  int getenumhelp(int nr, int item, std::int32_t& helpflag, std::string& help);
-  int getenumvalue(int nr, int item, std::int32_t& i, std::string& s);
-  int getenumstrnr(int nr, std::string& s, std::int32_t& item);
-  int getsynonym(int nr, std::string& synonym, std::string& name);
-  int getgroupnr(int nr, std::string& name, std::int32_t& group, std::int32_t& helpflag, std::string& help);
-  int getconstname(int group, int index, std::string& name);
-  int gettypename(int code, std::string& name);
-  std::string definitionfile();
-  std::string version();
-  int listcountstr(const std::string& name);
-  int getfromliststr(const std::string& name, std::string& s);
-  int getfromanystrlist(int flag, std::string& name, std::string& s);
-  int getdotoptnr(int nr, std::string& name, std::int32_t& optnr, std::int32_t& dimensions, double& value);
-  int getdotoptuel(int nr, int dim, std::string& uel);
-  int getindicatornr(int nr, std::string& equ, std::string& var, std::int32_t& equdims, std::int32_t& vardims,
-                     std::int32_t& value);
-  int getequindicatornr(int nr, int dim, std::string& element);
-  int getvarindicatornr(int nr, int dim, std::string& element);
-  int setrefnrstr(const std::string& name, int refnr);
+  std::string definitionfile() const;
+  std::string version() const;
+#define WEXCORIN_METHOD(name)                                           \
+  template <class... targuments>                                        \
+  auto name(targuments&&... arguments) const {                          \
+    return invoke(fform, opt##name, copt##name, fhandle, arguments...); \
+  }
+  WEXCORIN_METHOD(readdefinition)
+  WEXCORIN_METHOD(readparameterfile)
+  WEXCORIN_METHOD(readfromliststr)
+  WEXCORIN_METHOD(writeparameterfile)
+  WEXCORIN_METHOD(showhelp)
+  WEXCORIN_METHOD(addmessage)
+  WEXCORIN_METHOD(getmessage)
+  WEXCORIN_METHOD(findstr)
+  WEXCORIN_METHOD(lookup)
+  WEXCORIN_METHOD(getvaluesnr)
+  WEXCORIN_METHOD(setvaluesnr)
+  WEXCORIN_METHOD(setvalues2nr)
+  WEXCORIN_METHOD(getstrnr)
+  WEXCORIN_METHOD(getstr2nr)
+  WEXCORIN_METHOD(setstrnr)
+  WEXCORIN_METHOD(setstr2nr)
+  WEXCORIN_METHOD(getvalstr)
+  WEXCORIN_METHOD(getval2str)
+  WEXCORIN_METHOD(getnamenr)
+  WEXCORIN_METHOD(gethelpnr)
+  WEXCORIN_METHOD(getopthelpnr)
+  WEXCORIN_METHOD(getdefaultstr)
+  WEXCORIN_METHOD(getenumhelp)
+  WEXCORIN_METHOD(getenumvalue)
+  WEXCORIN_METHOD(getenumstrnr)
+  WEXCORIN_METHOD(getsynonym)
+  WEXCORIN_METHOD(getgroupnr)
+  WEXCORIN_METHOD(getconstname)
+  WEXCORIN_METHOD(gettypename)
+  WEXCORIN_METHOD(listcountstr)
+  WEXCORIN_METHOD(getfromliststr)
+  WEXCORIN_METHOD(getfromanystrlist)
+  WEXCORIN_METHOD(getdotoptnr)
+  WEXCORIN_METHOD(getdotoptuel)
+  WEXCORIN_METHOD(getindicatornr)
+  WEXCORIN_METHOD(getequindicatornr)
+  WEXCORIN_METHOD(getvarindicatornr)
+  WEXCORIN_METHOD(setrefnrstr)
+#undef WEXCORIN_METHOD
 
  private:
   std::string expanded(std::string_view text) const;
