@@ -21,12 +21,26 @@ void tnumbertext::append(std::size_t count, char character) noexcept {
   while (count-- != 0) append({&character, 1});
 }
 
+void tnumbertext::append(std::int64_t number) noexcept {
+  const auto result = std::to_chars(ftext + flength, std::end(ftext), number);
+  if (result.ec == std::errc()) flength = static_cast<unsigned char>(result.ptr - ftext);
+}
+
+namespace {
+
+// from_chars knows no plus sign; a sign after it is no number.
+std::string_view withoutplus(std::string_view text) noexcept {
+  return text.size() > 1 && text[0] == '+' && text[1] != '-' ? text.substr(1) : text;
+}
+
+}  // namespace
+
 // ---- integers to text
 
 tnumbertext inttostr(std::int64_t number) noexcept {
-  char digits[24];
-  const auto result = std::to_chars(std::begin(digits), std::end(digits), number);
-  return std::string_view(digits, static_cast<std::size_t>(result.ptr - digits));
+  tnumbertext text;
+  text.append(number);
+  return text;
 }
 
 tnumbertext inttostrex(std::int32_t number) noexcept {
@@ -81,19 +95,29 @@ struct tdecimal {
   int exponent;
 };
 
+// Where the shortest text that only this number has is of so few digits, its digits are those to which the
+// number rounds, and they are found sooner. Below the normal numbers that is not so.
 tdecimal todecimal(double number) noexcept {
-  char text[32];  // d.ddddddddddddddE+ddd
-  const auto result = std::to_chars(std::begin(text), std::end(text), std::fabs(number),
-                                    std::chars_format::scientific, significantdigits - 1);
+  constexpr std::size_t longest = significantdigits + 1;  // the digits and the point
+  char text[32];                                          // d.ddddddddddddddE+ddd
+  const auto written = [&](const std::to_chars_result& result) {
+    return std::string_view(text, static_cast<std::size_t>(result.ptr - text));
+  };
+  const double magnitude = std::fabs(number);
+  constexpr auto format = std::chars_format::scientific;
+  std::string_view scientific = written(std::to_chars(std::begin(text), std::end(text), magnitude, format));
+  if (scientific.find('e') > longest || !std::isnormal(number))
+    scientific =
+        written(std::to_chars(std::begin(text), std::end(text), magnitude, format, significantdigits - 1));
+  const std::size_t mark = scientific.find('e');
   tdecimal decimal{};
   decimal.negative = number < 0;
   decimal.digits[0] = text[0];
-  std::copy_n(text + 2, significantdigits - 1, decimal.digits + 1);
-  decimal.count = significantdigits;
+  decimal.count = 1;
+  if (mark > 2) decimal.count += scientific.copy(decimal.digits + 1, mark - 2, 2);
   while (decimal.count > 1 && decimal.digits[decimal.count - 1] == '0') --decimal.count;
-  const char* exponent = text + significantdigits + 2;
-  if (*exponent == '+') ++exponent;
-  std::from_chars(exponent, result.ptr, decimal.exponent);
+  const std::string_view exponent = withoutplus(scientific.substr(mark + 1));
+  std::from_chars(exponent.data(), exponent.data() + exponent.size(), decimal.exponent);
   return decimal;
 }
 
@@ -120,7 +144,7 @@ void appendscientific(tnumbertext& target, std::string_view digits, int exponent
   target.append(digits.substr(0, 1));
   appendfraction(target, digits.substr(1));
   target.append("E");
-  target.append(inttostr(exponent));
+  target.append(std::int64_t{exponent});
 }
 
 }  // namespace
@@ -150,11 +174,6 @@ tnumbertext dbltostrex(double number) noexcept {
 // ---- text to numbers
 
 namespace {
-
-// from_chars knows no plus sign; a sign after it is no number.
-std::string_view withoutplus(std::string_view text) noexcept {
-  return text.size() > 1 && text[0] == '+' && text[1] != '-' ? text.substr(1) : text;
-}
 
 // A text of up to nine digits with or without a minus sign, as most numbers are: no 32 bits can overflow.
 inline bool parseshortinteger(std::string_view text, std::int32_t& number) noexcept {

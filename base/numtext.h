@@ -27,6 +27,7 @@ class tnumbertext {
   tnumbertext(std::string_view text) noexcept { append(text); }
   void append(std::string_view text) noexcept;
   void append(std::size_t count, char character) noexcept;
+  void append(std::int64_t number) noexcept;
   std::string_view view() const noexcept { return {ftext, flength}; }
   operator std::string_view() const noexcept { return view(); }
 
