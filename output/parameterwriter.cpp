@@ -1,6 +1,8 @@
 // Writes the settings of a store as a parameter file.
 #include "output/parameterwriter.h"
 
+#include <algorithm>
+
 #include "base/systemerror.h"
 
 namespace wexcorin {
@@ -21,7 +23,8 @@ std::int32_t tvksoptions::optwriteparameterfile(std::string_view filename) {
 }
 
 std::string strexternal(std::string_view text) {
-  if (!text.empty() && text.find_first_of("\t ,") == std::string_view::npos) return std::string(text);
+  const auto separates = [](char character) { return isblank(character) || character == ','; };
+  if (!text.empty() && std::none_of(text.begin(), text.end(), separates)) return std::string(text);
   std::string value(1, '"');
   return value.append(text).append(1, '"');
 }
@@ -64,7 +67,8 @@ void tparameterwriter::writeoption(const toption& option) {
 }
 
 void tparameterwriter::writevalue(const toption& option) {
-  const shortstring name = option.getname();
+  const bool isminos = fstore.lookupmode() == tlookupmode::minos;
+  const std::string_view name = isminos ? fname.assign(option.getname()).view() : option.name();
   switch (option.subtype()) {
     case tsubtype::required:
     case tsubtype::optional: ffile.writeline(name, "=", strexternal(option.getasstring())); break;

@@ -33,6 +33,7 @@ class tparameterwriter {
   const tvksoptions& fstore;
   ttextfile& ffile;
   std::string_view fboundsswitch;
+  shortstring fname;  // where it is not written as it is held
 };
 
 }  // namespace wexcorin

@@ -20,37 +20,41 @@ std::int32_t ttextfile::open(std::string_view filename) {
   do fdescriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
   while (fdescriptor < 0 && errno == EINTR);
   ferror = fdescriptor < 0 ? errno : 0;
-  fused = 0;
-  return ferror;
+  if (ferror != 0) return ferror;
+  fnext = fblock.get();
+  fend = fnext + blocksize;
+  return 0;
 }
 
-void ttextfile::put(std::string_view text) noexcept {
+// What fills the block, or does not fit it.
+void ttextfile::putinparts(std::string_view text) noexcept {
   if (fdescriptor < 0) return;
   while (!text.empty()) {
-    const std::size_t length = std::min(text.size(), blocksize - fused);
-    std::memcpy(fblock.get() + fused, text.data(), length);
-    fused += length;
+    const std::size_t length = std::min(text.size(), static_cast<std::size_t>(fend - fnext));
+    std::memcpy(fnext, text.data(), length);
+    fnext += length;
     text.remove_prefix(length);
-    if (fused == blocksize) flush();
+    if (fnext == fend) flush();
   }
 }
 
 void ttextfile::flush() noexcept {
-  for (std::size_t written = 0; written < fused && ferror == 0;) {
-    const ssize_t count = ::write(fdescriptor, fblock.get() + written, fused - written);
+  for (const char* unwritten = fblock.get(); unwritten < fnext && ferror == 0;) {
+    const ssize_t count = ::write(fdescriptor, unwritten, static_cast<std::size_t>(fnext - unwritten));
     if (count > 0)
-      written += static_cast<std::size_t>(count);
+      unwritten += count;
     else if (count == 0)
       ferror = EIO;
     else if (errno != EINTR)
       ferror = errno;
   }
-  fused = 0;
+  fnext = fblock.get();
 }
 
 std::int32_t ttextfile::close() noexcept {
   if (fdescriptor < 0) return ferror;
   flush();
+  fnext = fend = nullptr;
   const int descriptor = fdescriptor;
   fdescriptor = -1;
   if (::close(descriptor) != 0 && ferror == 0 && errno != EINTR) ferror = errno;

@@ -2,6 +2,7 @@
 // and told at the end, when the data is with the system.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -34,13 +35,18 @@ class ttextfile {
  private:
   static constexpr std::size_t blocksize = 64 * 1024;
 
-  void put(std::string_view text) noexcept;
+  void put(std::string_view text) noexcept {
+    if (text.size() >= static_cast<std::size_t>(fend - fnext)) return putinparts(text);
+    fnext = std::copy(text.begin(), text.end(), fnext);
+  }
+  void putinparts(std::string_view text) noexcept;
   void flush() noexcept;
 
   int fdescriptor = -1;
   std::int32_t ferror = 0;
   std::unique_ptr<char[]> fblock;
-  std::size_t fused = 0;
+  char* fnext = nullptr;  // the room that is left in the block; none unless a file is open
+  char* fend = nullptr;
 };
 
 }  // namespace wexcorin
