@@ -67,12 +67,11 @@ bool tparameterreader::dotline() {
     return true;
   }
   const std::int32_t errorsbefore = fstore.errorcount();
-  taddedentries added(fstore.dotoptions());
   dotentry(index);
   if (fstore.errorcount() > errorsbefore)
-    fstore.countdoterrors(added.remove());
+    fstore.countdoterror();
   else
-    added.keep();
+    fstore.dotoptions().keepentry();
   return true;
 }
 

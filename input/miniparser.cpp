@@ -221,7 +221,7 @@ bool tminiparser::nextindex(shortstring& text) {
   std::string_view inside = collectwhile([first](char character) { return character != first; });
   if (ch() == first) nextch();
   inside = inside.substr(0, inside.find_last_not_of(' ') + 1);
-  text = concat(std::string_view(&first, 1), inside, std::string_view(&first, 1));
+  text.append(1, first).append(inside).append(1, first);
   return true;
 }
 

@@ -1,8 +1,6 @@
 // Dot entries.
 #include "options/dotoptions.h"
 
-#include <memory>
-
 #include "options/vksoptions.h"
 
 namespace wexcorin {
@@ -10,35 +8,45 @@ namespace wexcorin {
 void tdotobjlist::addentry(std::string_view key, std::int32_t optionindex) {
   if (key.size() > maxidentifier)
     fowner.addmessage(tmsgkind::usererror, concat(".Option ID too long ", quoted(key)));
-  auto entry = std::make_unique<tdotobj>(optionindex);
-  addobject(key, entry.get());
-  static_cast<void>(entry.release());
+  fbegun = true;
+  fname.assign(key);
+  foptionindex = optionindex;
+  fvalue = 0.0;
+  findices.clear();
 }
 
-// The entry being built. The parameter reader adds one first, so its absence is an error inside the library.
-tdotobj* tdotobjlist::last(std::string_view without) {
-  if (count() > 0) return getobject(count() - 1);
-  fowner.addmessage(tmsgkind::usererror, without);
-  return nullptr;
+// The parameter reader begins an entry before its parts, so its absence is an error inside the library.
+bool tdotobjlist::hasentry(std::string_view without) {
+  if (!fbegun) fowner.addmessage(tmsgkind::usererror, without);
+  return fbegun;
 }
 
 bool tdotobjlist::addindex(std::string_view text) {
-  tdotobj* entry = last("Cannot AddIndex to DotObj");
-  if (entry == nullptr) return false;
-  entry->addindex(text);
-  return entry->indices().count() <= maxdimensions;
+  if (!hasentry("Cannot AddIndex to DotObj")) return false;
+  findices.add(text);
+  return findices.count() <= maxdimensions;
 }
 
 void tdotobjlist::setvalue(std::string_view text) {
-  tdotobj* entry = last("Cannot SetValue to DotObj");
-  if (entry == nullptr) return;
-  toption& option = *fowner.getobjects(entry->optionindex());
+  if (!hasentry("Cannot SetValue to DotObj")) return;
+  toption& option = *fowner.getobjects(foptionindex);
   fowner.setcuroptname(option.name());
   option.setasstring(text);
   if (option.opttype() == topttype::dbl)
-    entry->setvalue(as<tdbloption>(option).getasdouble());
+    fvalue = as<tdbloption>(option).getasdouble();
   else if (option.holdsinteger())
-    entry->setvalue(option.getasinteger());
+    fvalue = option.getasinteger();
+}
+
+void tdotobjlist::keepentry() {
+  if (fentries.full()) fentries.setcapacity(growncapacity(fentries.capacity()));
+  tdotobj entry;
+  entry.fname = farena.text(fname);
+  entry.findices = findices.pack(farena);
+  entry.fvalue = fvalue;
+  entry.foptionindex = foptionindex;
+  fentries.insert(count(), entry);
+  fbegun = false;
 }
 
 }  // namespace wexcorin

@@ -193,7 +193,7 @@ class tvksoptions : public toptionx {
   tindicatorlist* indicators() const noexcept { return findicators.get(); }
   std::string_view dotname() const noexcept { return fdotname.view(); }
   void declareindicator(std::string_view keyword);
-  void countdoterrors(std::int32_t rejected) noexcept { fdoterrors += rejected; }
+  void countdoterror() noexcept { ++fdoterrors; }
   void countindicatorerrors(std::int32_t rejected) noexcept { findicatorerrors += rejected; }
 
   // The name that messages quote for the option whose value is being set, and only then: a view of what the

@@ -84,6 +84,12 @@ void tparameterwriter::writelist(const tstrlistoption& list) {
     ffile.writeline(list.name(), "=", strexternal(list.item(i)));
 }
 
+template <class tlist>
+void tparameterwriter::writeelements(const tlist& elements) {
+  for (std::int32_t i = 0; i < elements.count(); ++i) ffile.write(i == 0 ? "(" : ",", elements.get(i));
+  if (elements.count() > 0) ffile.write(")");
+}
+
 void tparameterwriter::writedotentries() {
   const tdotobjlist& entries = fstore.dotoptions();
   for (std::int32_t i = 0; i < entries.count(); ++i) {
@@ -104,11 +110,6 @@ void tparameterwriter::writeindicators() {
     writeelements(item.variable().elements());
     ffile.writeline("=", inttostr(item.value()));
   }
-}
-
-void tparameterwriter::writeelements(const txstrings& elements) {
-  for (std::int32_t i = 0; i < elements.count(); ++i) ffile.write(i == 0 ? "(" : ",", elements.get(i));
-  if (elements.count() > 0) ffile.write(")");
 }
 
 }  // namespace wexcorin

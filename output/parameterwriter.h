@@ -27,7 +27,8 @@ class tparameterwriter {
   void writelist(const tstrlistoption& list);
   void writedotentries();
   void writeindicators();
-  void writeelements(const txstrings& elements);
+  template <class tlist>
+  void writeelements(const tlist& elements);
   std::string_view boundsswitchname() const;
 
   const tvksoptions& fstore;

@@ -210,7 +210,8 @@ class tjudge {
 
   // Exceptions: lines that became longer than what is read of a line, and elements cut so that the quote is
   // missing.
-  static bool elementssurvive(const wexcorin::txstrings& elements, std::size_t& length) {
+  template <class tlist>
+  static bool elementssurvive(const tlist& elements, std::size_t& length) {
     for (std::int32_t i = 0; i < elements.count(); ++i) {
       const std::string_view element = elements.get(i);
       length += element.size() + 1;
