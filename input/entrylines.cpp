@@ -4,35 +4,6 @@
 
 namespace wexcorin {
 
-namespace {
-
-// The entries that a line adds to a list: they are taken out again unless the line turns out well.
-template <class tlist>
-class taddedentries {
- public:
-  explicit taddedentries(tlist& list) : flist(list), fbefore(list.count()) {}
-  taddedentries(const taddedentries&) = delete;
-  taddedentries& operator=(const taddedentries&) = delete;
-  ~taddedentries() {
-    if (!fkept) remove();
-  }
-
-  void keep() noexcept { fkept = true; }
-  // Returns the number of entries taken out.
-  std::int32_t remove() {
-    const std::int32_t added = flist.count() - fbefore;
-    while (flist.count() > fbefore) flist.remove(flist.count() - 1);
-    return added;
-  }
-
- private:
-  tlist& flist;
-  std::int32_t fbefore;
-  bool fkept = false;
-};
-
-}  // namespace
-
 // ---- elements = "(" element { "," element } ")" , or in [] or {} .
 
 // Skips an opening bracket, if one comes next, and tells the one that closes it.
@@ -112,22 +83,22 @@ bool tparameterreader::dotelements() {
 // ---- indicatorline = identifier [ elements ] "$" identifier [ elements ] [ "=" | ":=" ] boolean .
 
 bool tparameterreader::indicatorline() {
+  tindicatorlist& items = *fstore.indicators();
   const std::int32_t errorsbefore = fstore.errorcount();
-  taddedentries added(*fstore.indicators());
+  items.dropentry();
   if (!indicatorentry()) fscanner.skiptolineend();
   if (fstore.errorcount() > errorsbefore)
-    fstore.countindicatorerrors(added.remove());
+    fstore.countindicatorerrors(items.dropentry());
   else
-    added.keep();
+    items.keepentry();
   return true;
 }
 
 // False when the rest of the line is to be discarded.
 bool tparameterreader::indicatorentry() {
   if (!equation()) return false;
-  const std::string_view name = fstore.indicators()->current().equation().name();
   if (!fscanner.skiptochar('$')) {
-    error(concat("$ expected after equation identifier ", quoted(name)));
+    error(concat("$ expected after equation identifier ", quoted(fstore.indicators()->equation())));
     return false;
   }
   return variable() && indicatorvalue();
@@ -156,7 +127,7 @@ bool tparameterreader::variable() {
   }
   if (name.size() > maxidentifier) error(concat("Variable ", quoted(name), " is not a good identifier"));
   tindicatorlist& items = *fstore.indicators();
-  items.current().variable().setname(name);
+  items.setvariable(name);
   indicatorelements(name, [&](std::string_view element) { items.addvardim(element); });
   return true;
 }
@@ -178,8 +149,8 @@ void tparameterreader::indicatorelements(std::string_view name, taddelement adde
 }
 
 bool tparameterreader::indicatorvalue() {
-  tindicatoritem& item = fstore.indicators()->current();
-  const std::string_view equation = item.equation().name();
+  tindicatorlist& items = *fstore.indicators();
+  const std::string_view equation = items.equation();
   fscanner.skipbecomes();
   std::string_view text;
   if (!fscanner.nexttoken(text)) {
@@ -191,7 +162,7 @@ bool tparameterreader::indicatorvalue() {
     error(concat("Boolean value expected for equation indicator ", quoted(equation), ", Saw ", quoted(text)));
     return false;
   }
-  item.setvalue(word == tbooleanword::yes);
+  items.setvalue(word == tbooleanword::yes);
   return true;
 }
 

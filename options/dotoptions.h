@@ -19,17 +19,6 @@ inline constexpr std::int32_t maxdimensions = 20;
 // Most characters of an identifier or of a quoted element without its quotes.
 inline constexpr std::size_t maxidentifier = 63;
 
-// The indices or elements of one identifier: mostly one or two, of which there may be millions.
-class telements final : public txstrings {
- public:
-  void grow() override {
-    if (capacity() == 0)
-      setcapacity(2);
-    else
-      txstrings::grow();
-  }
-};
-
 class tdotobj {
  public:
   std::string_view name() const noexcept { return fname.view(); }

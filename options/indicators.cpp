@@ -1,8 +1,6 @@
 // Indicators.
 #include "options/indicators.h"
 
-#include <memory>
-
 #include "options/vksoptions.h"
 
 namespace wexcorin {
@@ -24,40 +22,64 @@ struct texactkey {
 
 }  // namespace
 
-bool tsymbol::haselement(std::string_view text) const {
+void tsymbolparts::clear() noexcept {
+  fname.clear();
+  felements.clear();
+  findex.reset();
+}
+
+bool tsymbolparts::haselement(std::string_view text) {
   const auto keyat = [this](std::int32_t i) { return texactkey{felements.get(i)}; };
   return findex.find(felements.count(), texactkey{text}, keyat) >= 0;
 }
 
+tsymbol tsymbolparts::pack(tarena& arena) const {
+  tsymbol symbol;
+  symbol.fname = arena.text(fname);
+  symbol.felements = felements.pack(arena);
+  return symbol;
+}
+
 void tindicatorlist::addentry(std::string_view equation) {
-  auto item = std::make_unique<tindicatoritem>(equation);
-  add(item.get());
-  static_cast<void>(item.release());
+  fbegun = true;
+  fvalue = 0;
+  fequation.clear();
+  fvariable.clear();
+  fequation.setname(equation);
   if (equation.size() > maxidentifier)
     fowner.addmessage(tmsgkind::usererror, concat("Not a good equation identifier ", quoted(equation)));
 }
 
+void tindicatorlist::keepentry() {
+  if (!fbegun) return;
+  if (fitems.full()) fitems.setcapacity(growncapacity(fitems.capacity()));
+  tindicatoritem item;
+  item.fequation = fequation.pack(farena);
+  item.fvariable = fvariable.pack(farena);
+  item.fvalue = fvalue;
+  fitems.insert(count(), item);
+  fbegun = false;
+}
+
 void tindicatorlist::addequdim(std::string_view text) {
-  tsymbol& equation = current().equation();
-  if (equation.elements().count() >= maxdimensions)
+  if (fequation.elements().count() >= maxdimensions)
     fowner.addmessage(tmsgkind::usererror,
-                      concat("Too many dimensions for equation ", quoted(equation.name())));
+                      concat("Too many dimensions for equation ", quoted(fequation.name())));
   if (istoolong(text))
-    fowner.addmessage(tmsgkind::usererror, concat("Bad Equation index = ", quoted(equation.name())));
-  equation.addelement(text);
+    fowner.addmessage(tmsgkind::usererror, concat("Bad Equation index = ", quoted(fequation.name())));
+  fequation.addelement(text);
 }
 
 void tindicatorlist::addvardim(std::string_view text) {
-  tsymbol& variable = current().variable();
-  if (variable.elements().count() >= maxdimensions)
+  if (fvariable.elements().count() >= maxdimensions)
     fowner.addmessage(tmsgkind::usererror,
-                      concat("Too many dimensions for variable ", quoted(variable.name())));
+                      concat("Too many dimensions for variable ", quoted(fvariable.name())));
   if (istoolong(text))
-    fowner.addmessage(tmsgkind::usererror, concat("Bad variable index = ", quoted(variable.name())));
-  else if (!isquotedelement(text) && !current().equation().haselement(text))
+    fowner.addmessage(tmsgkind::usererror, concat("Bad variable index = ", quoted(fvariable.name())));
+  else if (!isquotedelement(text) && !fequation.haselement(text))
     fowner.addmessage(tmsgkind::usererror, concat("Index ", quoted(text), " not controled for variable ",
-                                                  quoted(variable.name())));
-  variable.addelement(text);
+                                                  quoted(fvariable.name())));
+  fvariable.addelement(text);
 }
 
 }  // namespace wexcorin

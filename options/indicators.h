@@ -3,10 +3,13 @@
 
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
-#include "base/heapstring.h"
+#include "base/arena.h"
+#include "base/nameindex.h"
+#include "base/packedtexts.h"
+#include "base/shortstring.h"
 #include "base/vksobj.h"
-#include "options/dotoptions.h"
 
 namespace wexcorin {
 
@@ -16,52 +19,76 @@ class tvksoptions;
 class tsymbol {
  public:
   std::string_view name() const noexcept { return fname.view(); }
-  void setname(std::string_view name) { strassign(fname, name); }
-  const txstrings& elements() const noexcept { return felements; }
-  void addelement(std::string_view text) { felements.add(text); }
-  // Elements are texts as written: unlike names, they are compared with regard to case.
-  bool haselement(std::string_view text) const;
+  const tpackedtexts& elements() const noexcept { return felements; }
 
  private:
-  heapstring fname;
-  telements felements;
-  mutable tnameindex findex;
+  friend class tsymbolparts;
+  tstoredtext fname;
+  tpackedtexts felements;
+};
+
+// A symbol that is being read.
+class tsymbolparts {
+ public:
+  void clear() noexcept;
+  std::string_view name() const noexcept { return fname.view(); }
+  void setname(std::string_view name) noexcept { fname.assign(name); }
+  const ttextpacker& elements() const noexcept { return felements; }
+  void addelement(std::string_view text) { felements.add(text); }
+  // Elements are texts as written: unlike names, they are compared with regard to case.
+  bool haselement(std::string_view text);
+  tsymbol pack(tarena& arena) const;
+
+ private:
+  shortstring fname;
+  ttextpacker felements;
+  tnameindex findex;
 };
 
 class tindicatoritem {
  public:
-  explicit tindicatoritem(std::string_view equation) { fequation.setname(equation); }
-
   const tsymbol& equation() const noexcept { return fequation; }
   const tsymbol& variable() const noexcept { return fvariable; }
-  tsymbol& equation() noexcept { return fequation; }
-  tsymbol& variable() noexcept { return fvariable; }
   std::int32_t value() const noexcept { return fvalue; }
-  void setvalue(bool value) noexcept { fvalue = value ? 1 : 0; }
 
  private:
+  friend class tindicatorlist;
   tsymbol fequation;
   tsymbol fvariable;
-  std::int32_t fvalue = 0;
+  std::int32_t fvalue;
 };
 
-// The indicators of a store in the order of reading. Whatever is wrong with an identifier or element becomes
-// a message; it is added all the same, and the reader then drops the whole item.
-class tindicatorlist final : public txlistobj<tindicatoritem> {
+// The indicators of a store in the order of reading. An item is collected from its parts and in the list only
+// when it is kept. Whatever is wrong with an identifier or element becomes a message; it is added all the same,
+// and the reader then drops the whole item.
+class tindicatorlist {
  public:
   explicit tindicatorlist(tvksoptions& owner) noexcept : fowner(owner) {}
 
-  // A new item, which becomes the current one.
-  void addentry(std::string_view equation);
-  // The item being built: the last one. There must be one.
-  tindicatoritem& current() noexcept { return *get(count() - 1); }
+  std::int32_t count() const noexcept { return fitems.count(); }
+  const tindicatoritem* get(std::int32_t index) const noexcept { return &fitems[index]; }
 
-  // Add an element to the current item's equation or variable.
+  // Begins an item. What follows is about the one that was begun.
+  void addentry(std::string_view equation);
+  std::string_view equation() const noexcept { return fequation.name(); }
   void addequdim(std::string_view text);
+  void setvariable(std::string_view name) noexcept { fvariable.setname(name); }
   void addvardim(std::string_view text);
+  void setvalue(bool value) noexcept { fvalue = value ? 1 : 0; }
+  // Does nothing if none was begun.
+  void keepentry();
+  // Returns the number of items dropped: none or one.
+  std::int32_t dropentry() noexcept { return std::exchange(fbegun, false) ? 1 : 0; }
 
  private:
   tvksoptions& fowner;
+  tarena farena;
+  tgrowarray<tindicatoritem> fitems;
+  // What is known of the item that was begun.
+  bool fbegun = false;
+  std::int32_t fvalue = 0;
+  tsymbolparts fequation;
+  tsymbolparts fvariable;
 };
 
 }  // namespace wexcorin
