@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <limits>
+#include <sstream>
 
 namespace host {
 namespace {
@@ -13,37 +14,20 @@ namespace {
 using tbuffer = std::array<char, WEXCORIN_TEXT_SIZE>;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double numbers[] = {0.1,
-                              -0.0,
-                              1e15 / 3,
-                              2.0 / 3,
-                              1e-320,
-                              1.7976931348623157e308,
-                              123456.75,
-                              1e22 + 1.,
-                              infinity,
-                              -infinity,
-                              std::numeric_limits<double>::quiet_NaN()};
-constexpr const char* texts[] = {"0.1",
-                                 "1e400",
-                                 "-1e400",
-                                 "1e-400",
-                                 "0.30000000000000004",
-                                 "2.5d-7",
-                                 "123456789012345678901234567890",
-                                 "1,5",
-                                 "nan",
-                                 "inf",
-                                 "-0",
-                                 "9007199254740993",
-                                 "4.9e-324",
-                                 "maxdouble",
-                                 "1e-05",
-                                 "1.",
-                                 ".5",
-                                 "+3",
-                                 "2147483648",
-                                 "-2147483649"};
+const double numbers[] = {0.1,
+                          -0.0,
+                          1e15 / 3,
+                          2.0 / 3,
+                          1e-320,
+                          1.7976931348623157e308,
+                          123456.75,
+                          1e22 + 1.,
+                          infinity,
+                          -infinity,
+                          std::numeric_limits<double>::quiet_NaN()};
+constexpr const char* texts =
+    "0.1 1e400 -1e400 1e-400 0.30000000000000004 2.5d-7 123456789012345678901234567890 1,5 nan inf -0 "
+    "9007199254740993 4.9e-324 maxdouble 1e-05 1. .5 +3 2147483648 -2147483649";
 
 void add(std::string& log, const char* text) { log.append(text).append(1, '\n'); }
 void add(std::string& log, std::int32_t number) { log.append(std::to_string(number)).append(1, '\n'); }
@@ -97,7 +81,8 @@ void adddotentries(std::string& log, tvksoptions* handle) {
 void setall(std::string& log, tvksoptions* handle) {
   for (std::int32_t number = 1; number <= optcount(handle); number += 7) {
     for (const double value : numbers) add(log, optsetdblnr(handle, number, value));
-    for (const char* text : texts) add(log, coptsetstrnr(handle, number, text));
+    std::istringstream words(texts);
+    for (std::string text; words >> text;) add(log, coptsetstrnr(handle, number, text.c_str()));
     add(log, optsetint2nr(handle, number, -1));
     addmessages(log, handle);
   }

@@ -162,6 +162,8 @@ TEST(help, orderofnames) {
   EXPECT_EQ(order({"b", "A", "c", "aa", "B_"}), "A aa b B_ c ");
   EXPECT_EQ(order({"iter10", "Iter2", "iter2a", "x", "ITER02", "iter", "a2", "iter002"}),
             "a2 iter ITER02 iter002 Iter2 iter10 iter2a x ");
+  EXPECT_EQ(order({"x10000000000000000000", "b1", "x_1", "x0", "x9999999999999999999", "x", "a99"}),
+            "a99 b1 x x0 x9999999999999999999 x10000000000000000000 x_1 ");
   EXPECT_EQ(order({"eq1", "b", "eq01", "a", "eq001", "eq0001", "c", "eq00001"}),
             "a b c eq0001 eq00001 eq01 eq1 eq001 ");
   check("g group 1 1 G\ne01 string 1 x 1 1\ne1 string 1 x 1 1\ne001 synonym e1\ne0001 synonym e01\n",

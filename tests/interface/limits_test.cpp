@@ -35,20 +35,6 @@ TEST(limits, a_macro_sets_all_its_members) {
   EXPECT_EQ(handle.listcountstr("texts"), 5000);
 }
 
-// A chain of macros or multilists of any length is walked, not recursed into.
-TEST(limits, chains_of_any_length) {
-  std::string definition = "texts strlist 1 1 1\nc0 macro 1 1\n texts\n";
-  for (int link = 1; link < 800; ++link)
-    definition += "c" + std::to_string(link) + (link % 2 == 0 ? " macro 1 1\n" : " multilist 1 1 1\n") +
-                  " c" + std::to_string(link - 1) + "\n";
-  thandle handle;
-  handle.definition(definition);
-  handle.string("c799 x");
-  EXPECT_EQ(handle.listcountstr("texts"), 1);
-  optresetnr(handle.get(), handle.number("c0"));
-  EXPECT_EQ(handle.listcountstr("texts"), 0);
-}
-
 // Files that include each other several times over would otherwise be read many millions of times.
 TEST(limits, one_call_reads_ten_thousand_files) {
   thandle handle;

@@ -154,7 +154,8 @@ TEST(parameters, dashedkeys) {
   foreachrow(__FILE__, rows, check);
   thandle h;  // the option that is made has nothing but its name
   h.string("--New text");
-  EXPECT_EQ(h.dump(), "1 --New strlist = \"text\" set 1\n");
+  EXPECT_EQ(settings(h), "--New=[text]");
+  EXPECT_EQ(joined(h.help("--New")), "--New: \n" + std::string(24, ' ') + "strlist, \n");
 }
 
 TEST(parameters, immediateoptions) {

@@ -14,7 +14,6 @@ namespace testsupport {
 namespace {
 
 constexpr unsigned char guardbyte = 0xA5;
-constexpr std::array modifiernames = {"", ".NV", ".OPT", ".TWO"};
 
 void replaceall(std::string& text, std::string_view from, std::string_view to) {
   for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
@@ -158,47 +157,6 @@ std::string thandle::written() {
   const std::string path = fdirectory.path("WRITTEN");
   EXPECT_EQ(writeparameterfile(path), 0);
   return readfile(path);
-}
-
-std::string thandle::dumpvalues(int nr, const std::string& rawname, int opttype, int subtype) {
-  const bool quoted = opttype == 2 || opttype == 4 || opttype == 7;
-  const auto shown = [quoted](const std::string& s) { return quoted ? " \"" + s + '"' : ' ' + s; };
-  std::string text;
-  std::string result = " =";
-  if (opttype <= 5) {
-    getstrnr(nr, text);
-    result += shown(text);
-    if (getstr2nr(nr, text) != 0) result += shown(text);
-    EXPECT_EQ(subtype == 3, getstr2nr(nr, text) != 0) << "option " << nr;
-    return result;
-  }
-  if (opttype != 7) return "";
-  for (int index = 1; readfromliststr(rawname, index, text) == 1; ++index) result += shown(text);
-  return result;
-}
-
-std::string thandle::dump() {
-  std::string result;
-  for (std::int32_t nr = 1; nr <= optcount(fhandle); ++nr) {
-    std::int32_t defined = 0;
-    std::int32_t recent = 0;
-    std::int32_t refnr = 0;
-    std::int32_t datatype = 0;
-    std::int32_t opttype = 0;
-    std::int32_t subtype = 0;
-    EXPECT_EQ(optgetinfonr(fhandle, nr, &defined, &recent, &refnr, &datatype, &opttype, &subtype), 1);
-    std::string name;
-    std::string helptext;
-    std::string type;
-    gethelpnr(nr, name, helptext);
-    gettypename(opttype, type);
-    result += std::to_string(nr) + ' ' + name + ' ' + type +
-              modifiernames.at(static_cast<std::size_t>(subtype)) + dumpvalues(nr, name, opttype, subtype);
-    if (defined != 0) result += " set " + std::to_string(defined);
-    if (recent != defined) result += " recent " + std::to_string(recent);
-    result += '\n';
-  }
-  return result;
 }
 
 int thandle::number(const std::string& name) {

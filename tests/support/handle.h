@@ -164,12 +164,8 @@ class thandle {
 
   tlines messages();      // as optGetMessage gives them; names of the temporary directory without it
   tlines takemessages();  // the same, and clears them
-  tlines help(const std::string& request);  // what one request adds to the messages
-  std::string written();                    // the bytes that optWriteParameterFile writes
-  // One line per option, "number name type.modifier = value value set bits": a modifier and the second value
-  // only where there is one, strings in double quotes, "set" only where a value was set, followed by " recent
-  // bits" only where these differ. Lists show all their strings; types without a value end after the type.
-  std::string dump();
+  tlines help(const std::string& request);      // what one request adds to the messages
+  std::string written();                        // the bytes that optWriteParameterFile writes
   int number(const std::string& name);          // through optFindStr, -1 for an unknown name
   std::string value(const std::string& name);   // optGetValStr, "?" for an unknown name
   std::string value2(const std::string& name);  // optGetVal2Str, "?" where there is none
@@ -224,7 +220,6 @@ class thandle {
  private:
   std::string expanded(std::string_view text) const;
   std::string shortened(std::string text) const;
-  std::string dumpvalues(int nr, const std::string& rawname, int opttype, int subtype);
 
   tvksoptions* fhandle = nullptr;
   tform fform;

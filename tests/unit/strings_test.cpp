@@ -55,29 +55,6 @@ TEST(comparison, only_letters_of_the_alphabet_have_a_case) {
   EXPECT_FALSE(struequal("abc", "abcd"));
 }
 
-TEST(comparison, names_end_in_numbers) {
-  struct {
-    int where;
-    const char* smaller;
-    const char* larger;
-  } const rows[] = {
-      {__LINE__, "iter2", "iter10"},
-      {__LINE__, "ITER", "iter1"},
-      {__LINE__, "a99", "b1"},
-      {__LINE__, "9", "10"},
-      {__LINE__, "x99999999999999999999", "x100000000000000000000"},
-      {__LINE__, "x", "x_1"},
-      {__LINE__, "2nd", "iter"},
-  };
-  for (const auto& row : rows) {
-    const testing::ScopedTrace trace(__FILE__, row.where, row.smaller);
-    EXPECT_LT(strucmpnum(row.smaller, row.larger), 0);
-    EXPECT_GT(strucmpnum(row.larger, row.smaller), 0);
-  }
-  EXPECT_EQ(strucmpnum("Iter2", "iter02"), 0);
-  EXPECT_EQ(strucmpnum("x", "x0"), 0);
-}
-
 TEST(texts, positions_count_from_1) {
   const std::string_view text = "banana";
   EXPECT_EQ(lchpos('a', text), 2);
