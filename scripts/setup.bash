@@ -1,5 +1,5 @@
-# Shared by the scripts of this folder, which read it with `source`: the repository's root, and the installation of
-# Debian packages that a script needs and the machine lacks.
+# Shared by the scripts of this folder, which read it with `source`: the repository's root, the installation of
+# Debian packages that a script needs and the machine lacks, and the table of what tests or inputs reach.
 # shellcheck shell=bash
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)

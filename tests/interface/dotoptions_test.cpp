@@ -49,6 +49,7 @@ struct trow {
 TEST(dotoptions, lines) {
   const std::string n63(63, 'n');
   const std::string n64(64, 'n');
+  const std::string i254(254, 'i');
   std::string list20 = "'1'";
   std::string uels20 = "1";
   for (int i = 2; i <= 20; ++i) {
@@ -98,6 +99,7 @@ TEST(dotoptions, lines) {
       // Limits. What is over them is stored all the same before the entry goes.
       {__LINE__, n63 + ".prior 5\n" + n64 + ".prior 6 a 1", n63 + ".prior=5 rejected 1",
        "E2 .Option ID too long \"" + n64 + '"', "a=1 .prior=6"},
+      {__LINE__, "x.prior('" + i254 + "jk', 'l') 5", "x.prior(" + i254.substr(1) + ",l)=5", "", ".prior=5"},
       {__LINE__, "x.prior(" + list20 + ") 5", "x.prior(" + uels20 + ")=5", "", ".prior=5"},
       {__LINE__, "x.prior(" + list20 + ",*,'22') 5 a 1", " rejected 1",
        R"~(E1 E1 Too many dimensions for .option "x")~", "a=1 .prior=5"},

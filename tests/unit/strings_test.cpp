@@ -53,6 +53,7 @@ TEST(comparison, only_letters_of_the_alphabet_have_a_case) {
   EXPECT_LT(strucmp("abc", "ABCD"), 0);
   EXPECT_EQ(strucmp("abc", "ABC"), 0);
   EXPECT_FALSE(struequal("abc", "abcd"));
+  EXPECT_LT(strucmpnum("9", "10"), 0);
 }
 
 TEST(texts, positions_count_from_1) {
