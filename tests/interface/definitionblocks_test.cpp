@@ -122,27 +122,43 @@ TEST(definitionblocks, commentcharacters) {
   });
 }
 
-// Sizes that no recursion survives: macros and multilists in chains of 100,000, and a macro that reaches its
-// option on 2^60 ways.
+// Sizes that no recursion survives: macros and multilists in chains of 100,000.
 TEST(definitionblocks, greatdepth) {
   constexpr int depth = 100000;
   thandle h;
-  std::string text =
-      "x integer 1 0 0 9 0 0\nm0 macro 0 0\n x\nl0 multilist 1 0 0\n x\nw0 macro 0 0\n x\n x\n";
+  std::string text = "x integer 1 0 0 9 0 0\nm0 macro 0 0\n x\nl0 multilist 1 0 0\n x\n";
   for (int i = 1; i <= depth; ++i) {
     const std::string nr = std::to_string(i);
     const std::string before = std::to_string(i - 1) + '\n';
     text += 'm' + nr + " macro 0 0\n m" + before + 'l' + nr + " multilist 1 0 0\n l" + before;
-    if (i <= 60) text += 'w' + nr + " macro 0 0\n w" + before + " w" + before;
   }
   h.definition(text);
   EXPECT_EQ(h.messages(), tlines());
-  for (const char* const assignment : {"m100000 5", "l100000 6", "w60 7"}) {
+  for (const char* const assignment : {"m100000 5", "l100000 6"}) {
     h.string(assignment);
     EXPECT_EQ(h.value("x"), std::string(1, std::string(assignment).back()));
-    EXPECT_EQ(optresetnr(h.get(), h.number(assignment[0] == 'w' ? "w60" : "m100000")), 1);
+    EXPECT_EQ(optresetnr(h.get(), h.number("m100000")), 1);
     EXPECT_EQ(h.value("x"), "0");
   }
+}
+
+// Macros of macros that name each member twice: every level doubles the assignments.
+TEST(definitionblocks, a_macro_of_macros_gives_up_past_the_number_of_options) {
+  std::string definition = "texts strlist 1 1 1\nm0 macro 1 1\n texts\n texts\n";
+  for (int level = 1; level < 40; ++level) {
+    const std::string below = " m" + std::to_string(level - 1) + "\n";
+    definition += "m" + std::to_string(level) + " macro 1 1\n" + below + below;
+  }
+  thandle h;
+  h.definition(definition);
+  h.string("m8 x");
+  EXPECT_EQ(h.listcountstr("texts"), 512);
+  EXPECT_EQ(optmessagecount(h.get()), 0);
+  h.string("m39 x");
+  EXPECT_EQ(h.messages()[1], "*** Value Error Too many members for option \"m39\"");
+  EXPECT_LT(h.listcountstr("texts"), 2000);
+  EXPECT_EQ(optresetnr(h.get(), h.number("m39")), 1);
+  EXPECT_EQ(h.listcountstr("texts"), 0);
 }
 
 }  // namespace

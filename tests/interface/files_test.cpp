@@ -1,5 +1,5 @@
-// Files of every shape: how lines end, what is no ordinary file, what changes while it is read, and
-// definitions and files that name themselves.
+// Files of every shape: what is no ordinary file, what changes while it is read, and definitions that name
+// themselves.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -23,44 +23,6 @@ struct trow {
   std::string settings;
   std::string told = "";
 };
-
-// A zero-terminated message ends at a NUL that it quotes.
-std::string nulmessage(const thandle& h) {
-  return h.form() == tform::shortstring ? "+OPT | E1 Option keyword expected, saw \"\0\" | -OPT"s
-                                        : "+OPT | E1 Option keyword expected, saw \" | -OPT";
-}
-
-TEST(files, lineends) {
-  const trow rows[] = {
-      {__LINE__, "", ""},
-      {__LINE__, "\n", ""},
-      {__LINE__, "\r", ""},
-      {__LINE__, "\r\n\r\n", ""},
-      {__LINE__, "a 1", "a=1"},
-      {__LINE__, "a 1\r", "a=1"},
-      {__LINE__, "a 1\r\nl x\r\nl y", "a=1 l=[x|y]"},
-      {__LINE__, "a 1\n\nl x\n", "a=1 l=[x]"},
-      {__LINE__, "l x\r\r\n", "l=[x\r]"},
-      {__LINE__, "\0 a 1\na 2"s, "a=2", "?"},
-      {__LINE__,
-       "\xEF\xBB\xBF"
-       "a 1\na 2",
-       "a=2", "+OPT | E1 Option keyword expected, saw \"\xEF\" | -OPT"},
-  };
-  foreachrow(__FILE__, rows, [](thandle& h, const trow& row) {
-    h.definition(options);
-    h.parameters(row.text);
-    EXPECT_EQ(told(h), row.told == "?" ? nulmessage(h) : row.told);
-    EXPECT_EQ(settings(h), row.settings);
-    // A definition file ends its lines in the same ways.
-    thandle other(h.form());
-    std::string definition(options);
-    for (std::size_t at = definition.find('\n'); at != std::string::npos; at = definition.find('\n', at + 2))
-      definition.replace(at, 1, "\r\n");
-    other.definition(definition.substr(0, definition.size() - 2));
-    EXPECT_EQ(other.help("2"), (optclearmessages(h.get()), h.help("2")));
-  });
-}
 
 // A multilist that stands for itself passes a word by.
 TEST(files, selves) {

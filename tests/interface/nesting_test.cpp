@@ -68,5 +68,26 @@ TEST(nesting, tenfiles) {
   });
 }
 
+// Files that include each other several times over would otherwise be read many millions of times.
+TEST(nesting, one_call_reads_ten_thousand_files) {
+  thandle h;
+  h.definition("read immediate ReadFile 1 1\nnote strlist 1 1 1\n");
+  h.file("f5", "note x\n");
+  for (const std::string name : {"f4", "f3", "f2", "f1"}) {
+    std::string lines;
+    for (int line = 0; line < 11; ++line) lines += "read %DIR%/f" + std::to_string(name[1] - '0' + 1) + "\n";
+    h.file(name, lines);
+  }
+  EXPECT_EQ(h.parameters("read %DIR%/f1\n"), 0);  // would read f5 14,641 times
+  EXPECT_LT(h.listcountstr("note"), 10000);
+  std::string innermost;
+  for (const std::string& message : h.takemessages())
+    if (message.find("Error") != std::string::npos) innermost = message;
+  EXPECT_EQ(innermost, "*** Error Too many parameter files; file ignored");
+  // the next call has its own count
+  EXPECT_EQ(h.parameters("read %DIR%/f4\n"), 0);
+  EXPECT_EQ(optmessagecount(h.get()), 0);
+}
+
 }  // namespace
 }  // namespace testsupport

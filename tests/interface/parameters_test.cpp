@@ -240,6 +240,8 @@ TEST(parameters, endsoflines) {
   const trow rows[] = {
       {__LINE__, eolonly, "a 1\r\n\r\nb 2\r\nnv\r\nd 1\r", "a=1 b=2 d=1 nv=7", ""},
       {__LINE__, normal, "s x\ry\r\r\nb 2", "b=2 s=x\ry\r", ""},
+      {__LINE__, normal, "\r", "", ""},
+      {__LINE__, normal, "\xEF\xBB\xBF\nb 2", "b=2", "E1 Option keyword expected, saw \"\xEF\""},
       {__LINE__, normal, "a 1\x1A b 3\nb\n2", "a=1",
        R"(E2 Value expected for key "b" | E3 Option keyword expected, saw "2")"},
       {__LINE__, eolonly, "s x y\x1A z\na\x1A 5\nnv\x1A\n\x1A\nb 2", "b=2 s=x y nv=7",
@@ -271,6 +273,9 @@ TEST(parameters, stringsandbuffers) {
     EXPECT_EQ(
         told(h),
         R"(+string | E Option keyword expected, saw "*" | -string | +pchar | E Unknown option "bad" | -pchar)");
+    optclearmessages(h.get());
+    h.parameters(std::string(1, '\0'));  // which ends the message, zero-terminated
+    EXPECT_EQ(h.messages()[1].size(), h.form() == tform::shortstring ? 50u : 48u);
     opteolonlyset(h.get(), 0);
     h.pchar("b 2" + std::string(1000000, ' ') + "t 1");  // a buffer's length has no limit
     EXPECT_EQ(h.value("t"), "1");
