@@ -78,6 +78,11 @@ TEST(definitionblocks, blocksinuse) {
       {__LINE__, lists, "ml 1::b:x:c::", "x=1 l=[]",
        R"(V Integer expected, for option "ml" saw "x" | V Integer expected, for option "ml" saw "")"},
       {__LINE__, lists, "ml 1:a:b:2:c:3:4", "x=3 l=[a]", R"(V Too many items for multilist "ml")"},
+      // A word ends at the path-list separator, not at a blank.
+      {__LINE__, lists, "ml 1: \ta b :c", "x=1 l=[a b ]", ""},
+      {__LINE__, lists, "ml 1 :b", "l=[b]", R"(V Integer expected, for option "ml" saw "1 ")"},
+      {__LINE__, lists, "ml \" \t \"", "", ""},
+      {__LINE__, lists, "ml 1:", "x=1", ""},
       {__LINE__, lists, "mix 5:b:c", "x=5 l=[5|b]", R"(V Too many items for multilist "mix")"},
       {__LINE__, lists, "two 50", "l=[50]",
        R"(V Integer range error for option "two" saw "50" | V    Valid range is 0 to 9 | )"

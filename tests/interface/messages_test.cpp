@@ -85,39 +85,6 @@ TEST(messages, numbersoutofrange) {
   });
 }
 
-// A source that gives rise to no message leaves no trace; notes of nested sources cancel from the inside out.
-TEST(messages, enterandleavenotes) {
-  struct trow {
-    int where;
-    char source;  // f a file, s a string, p a buffer
-    const char* text;
-    const char* told;
-  };
-  const trow rows[] = {
-      {__LINE__, 'f', "", ""},
-      {__LINE__, 'f', "maxit 3\n* nothing else\n", ""},
-      {__LINE__, 's', "", ""},
-      {__LINE__, 'p', "maxit 3", ""},
-      {__LINE__, 's', "say hello", "+string | E hello | -string"},
-      {__LINE__, 'p', "say hello", "+pchar | E hello | -pchar"},
-      {__LINE__, 'f', "include %DIR%/quiet\ninclude %DIR%/quiet\n", ""},
-      {__LINE__, 'f', "include %DIR%/quiet\nsay hello\ninclude %DIR%/quiet\n", "+OPT | E2 hello | -OPT"},
-      {__LINE__, 's', "include %DIR%/missing",
-       R"(+string | E Cannot open parameter file "missing" | E Error code = 2; No such file or directory | -string)"},
-      // The including file's own line number is back after the included one.
-      {__LINE__, 'f', "include %DIR%/loud\n\nsay bye\n", "+OPT | +loud | E3 hello | -loud | E3 bye | -OPT"},
-  };
-  foreachrow(__FILE__, rows, [](thandle& h, const trow& row) {
-    h.definition(definitiontext);
-    h.file("quiet", "maxit 3\n");
-    h.file("loud", "\n* a comment\nsay hello\n");
-    if (row.source == 'f') h.parameters(row.text);
-    if (row.source == 's') h.string(row.text);
-    if (row.source == 'p') h.pchar(row.text);
-    EXPECT_EQ(told(h), row.told);
-  });
-}
-
 void fill(thandle& h, int count) {
   while (optmessagecount(h.get()) < count) h.addmessage("filler");
 }

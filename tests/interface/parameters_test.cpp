@@ -270,9 +270,11 @@ TEST(parameters, stringsandbuffers) {
     EXPECT_EQ(h.messages(), tlines());
     h.string("* a 2");
     h.pchar("bad");
-    EXPECT_EQ(
-        told(h),
-        R"(+string | E Option keyword expected, saw "*" | -string | +pchar | E Unknown option "bad" | -pchar)");
+    h.string("read none");
+    EXPECT_EQ(told(h),
+              R"(+string | E Option keyword expected, saw "*" | -string | +pchar | E Unknown option "bad" | )"
+              R"(-pchar | +string | E Cannot open parameter file "none" | )"
+              R"(E Error code = 2; No such file or directory | -string)");
     optclearmessages(h.get());
     h.parameters(std::string(1, '\0'));  // which ends the message, zero-terminated
     EXPECT_EQ(h.messages()[1].size(), h.form() == tform::shortstring ? 50u : 48u);

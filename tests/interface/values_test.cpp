@@ -55,6 +55,7 @@ const std::vector<ttextrow> textrows = {
     {__LINE__, "level", "3", "1", R"(V Unknown value for @ saw "3" | V    Possible values are  1 2)"},
     {__LINE__, "level", "1.0", "1", R"(V Integer expected, for @ saw "1.0")"},
     {__LINE__, "limits", "1", ""},
+    {__LINE__, "quiet", "any \" text", "0"},  // only marks it; its own value is not the default
 };
 
 // A value outside is stored with the same words as a warning; text that does not parse is refused as before.
@@ -179,19 +180,6 @@ TEST(values, numberedsetters) {
   });
 }
 
-// Text for an option without value only marks it; its own value stays what it was created with, not the
-// default.
-TEST(values, novalueoptionsonlybecomedefined) {
-  inbothforms([](thandle& h) {
-    define(h);
-    EXPECT_EQ(h.value("quiet"), "1");
-    EXPECT_EQ(h.setstrnr(h.number("quiet"), "any \" text"), 1);
-    EXPECT_EQ(h.value("quiet"), "0");
-    EXPECT_EQ(h.written(), "quiet\n");
-    EXPECT_EQ(told(h), "");
-  });
-}
-
 TEST(values, outofboundsmarks) {
   inbothforms([](thandle& h) {
     definefree(h);
@@ -218,35 +206,6 @@ TEST(values, outofboundsmarks) {
     EXPECT_EQ(h.written(), "flag=1\nquiet\n");
     optnoboundsset(h.get(), 0);
     EXPECT_EQ(optsetintnr(h.get(), h.number("maxit"), 11), 0);
-  });
-}
-
-// A multilist deals its words out to its members; a word ends at the path-list separator, not at a blank.
-TEST(values, multilistwords) {
-  struct trow {
-    int where;
-    const char* text;
-    const char* members;  // maxit and note
-    const char* told = "";
-  };
-  const trow rows[] = {
-      {__LINE__, " \t ", "5|none"},
-      {__LINE__, "3:", "3|none"},
-      {__LINE__, "3:a b ", "3|a b "},
-      {__LINE__, " 3: \ta", "3|a"},
-      {__LINE__, ":a", "5|a", R"(V Integer expected, for option "words" saw "")"},
-      {__LINE__, "3 :a", "5|a", R"(V Integer expected, for option "words" saw "3 ")"},
-      {__LINE__, "3:a:b:c", "3|a", R"(V Too many items for multilist "words")"},
-      {__LINE__, "\"3\":a", "5|none", "V Bad double-quote in value"},
-  };
-  foreachrow(__FILE__, rows, [](thandle& h, const trow& row) {
-    define(h);
-    EXPECT_EQ(h.setstrnr(h.number("words"), row.text), *row.told == 0 ? 1 : 0);
-    EXPECT_EQ(h.value("maxit") + '|' + h.value("note"), row.members);
-    std::int32_t defined = -7;
-    EXPECT_EQ(optgetdefinednr(h.get(), h.number("words"), &defined), 1);
-    EXPECT_EQ(defined, 0);
-    EXPECT_EQ(told(h), row.told);
   });
 }
 

@@ -23,16 +23,4 @@ TEST(examples, mistakes_are_reported_where_they_are) {
   EXPECT_EQ(result.code, 1);
 }
 
-TEST(examples, settings_that_are_written_read_back_the_same) {
-  const ttool tool;
-  tool.linkexamples();
-  for (const char* options : {"examples/solver.opt", "examples/solver_priorities.opt"}) {
-    tool.run({"write", definition, options, "-o", "first.opt"});
-    const auto result = tool.run({"write", definition, "first.opt", "-o", "second.opt"});
-    EXPECT_EQ(result.code, 0) << result.err;
-    EXPECT_FALSE(tool.contents("first.opt").empty());
-    EXPECT_EQ(tool.contents("second.opt"), tool.contents("first.opt"));
-  }
-}
-
 }  // namespace
