@@ -221,23 +221,31 @@ bool tparameterreader::ordinary(toption& option) {
     novalue(option);
   } else if (subtype == tsubtype::twovalues) {
     twovalues(option);
+  } else if (feolonly) {
+    restasvalue(option);
+    return false;
   } else {
-    onevalue(option);
+    tokenasvalue(option);
   }
   return !feolonly || (fscanner.skipbl() && remainder());
 }
 
 // A value is a token in normal mode, and the rest of the line in end-of-line mode.
-void tparameterreader::onevalue(toption& option) {
-  const tvalue value = feolonly ? restvalue() : token();
+void tparameterreader::tokenasvalue(toption& option) {
+  const tvalue value = token();
   if (allowsdeprecated(option) && value.isread()) option.setasstring(value.text);
+}
+
+void tparameterreader::restasvalue(toption& option) {
+  const std::string_view text = restvalue();
+  if (allowsdeprecated(option)) option.setasstring(text);
 }
 
 // The first of two is a token in both modes. A value of "*" leaves that value as it is; a single value sets
 // both.
 void tparameterreader::twovalues(toption& option) {
   const tvalue first = token();
-  const tvalue second = feolonly ? restvalue() : token();
+  const tvalue second = !feolonly ? token() : fscanner.skipbl() ? tvalue{restvalue()} : tvalue();
   if (!allowsdeprecated(option)) return;
   if (first.isread() && first.text != "*") {
     option.setasstring(first.text);
@@ -273,12 +281,11 @@ tparameterreader::tvalue tparameterreader::token() {
   return fscanner.nexttoken(text) ? tvalue{text} : tvalue();
 }
 
-// The rest of the line up to a comment.
-tparameterreader::tvalue tparameterreader::restvalue() {
-  if (!fscanner.skipbl()) return {};
+// The rest of the line, of which there is some, up to a comment.
+std::string_view tparameterreader::restvalue() {
   const std::string_view text = fscanner.ch() == '"' ? quotedrest() : trimright(fscanner.untilcomment());
   fscanner.skiptolineend();
-  return {text};
+  return text;
 }
 
 // A text that begins with a double quote loses it and the one at its end; where that is missing one is added,

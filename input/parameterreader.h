@@ -49,7 +49,8 @@ class tparameterreader {
   bool ordinary(toption& option);
   bool unknownkey();
 
-  void onevalue(toption& option);
+  void tokenasvalue(toption& option);
+  void restasvalue(toption& option);
   void twovalues(toption& option);
   bool remainder();
 
@@ -67,7 +68,7 @@ class tparameterreader {
   }
   bool warnsofdeprecated(const toption& option);
   tvalue token();
-  tvalue restvalue();
+  std::string_view restvalue();
   std::string_view quotedrest();
 
   // ---- dot lines and indicator lines (entrylines.cpp)
