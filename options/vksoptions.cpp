@@ -84,6 +84,7 @@ bool tvksoptions::optresetnr(std::int32_t nr) {
 // ---- messages and switches
 
 void tvksoptions::addmessage(tmsgkind kind, std::string_view text) {
+  if (fmessages.ignores(kind)) return;
   fmessages.add(kind, text, fparser != nullptr ? fparser->linenr() : 0);
 }
 

@@ -50,7 +50,7 @@ class tvksoptions : public toptionx {
   // The same for a text that costs something to put together: not done when it would be dropped.
   template <class tbuild>
   void addbuiltmessage(tmsgkind kind, tbuild build) {
-    addmessage(kind, messagesfull() ? std::string_view() : std::string_view(build()));
+    if (!fmessages.ignores(kind)) addmessage(kind, build());
   }
   void optaddmessage(std::string_view text) { addmessage(tmsgkind::usererror, text); }
   void optgetmessage(std::int32_t nr, ttextout& text, std::int32_t& kind) const;
