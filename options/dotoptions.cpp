@@ -40,11 +40,11 @@ void tdotobjlist::setvalue(std::string_view text) {
 
 void tdotobjlist::keepentry() {
   if (fentries.full()) fentries.setcapacity(growncapacity(fentries.capacity()));
-  tdotobj entry;
-  entry.fname = farena.text(fname);
-  entry.findices = findices.pack(farena);
-  entry.fvalue = fvalue;
-  entry.foptionindex = foptionindex;
+  auto* entry = new (farena) tdotobj;
+  entry->fname = farena.text(fname);
+  entry->findices = findices.pack(farena);
+  entry->fvalue = fvalue;
+  entry->foptionindex = foptionindex;
   fentries.insert(count(), entry);
   fbegun = false;
 }

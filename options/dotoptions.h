@@ -19,7 +19,7 @@ inline constexpr std::int32_t maxdimensions = 20;
 // Most characters of an identifier or of a quoted element without its quotes.
 inline constexpr std::size_t maxidentifier = 63;
 
-class tdotobj {
+class tdotobj : public tinarena {
  public:
   std::string_view name() const noexcept { return fname.view(); }
   // Position of the dot option in the option list, counted from 0.
@@ -43,8 +43,8 @@ class tdotobjlist {
   explicit tdotobjlist(tvksoptions& owner) noexcept : fowner(owner) {}
 
   std::int32_t count() const noexcept { return fentries.count(); }
-  std::string_view getname(std::int32_t index) const noexcept { return fentries[index].name(); }
-  const tdotobj* getobject(std::int32_t index) const noexcept { return &fentries[index]; }
+  std::string_view getname(std::int32_t index) const noexcept { return fentries[index]->name(); }
+  const tdotobj* getobject(std::int32_t index) const noexcept { return fentries[index]; }
 
   // Begins an entry; one that was not kept is forgotten.
   void addentry(std::string_view key, std::int32_t optionindex);
@@ -59,7 +59,7 @@ class tdotobjlist {
 
   tvksoptions& fowner;
   tarena farena;
-  tgrowarray<tdotobj> fentries;
+  tgrowarray<const tdotobj*> fentries;
   // What is known of the entry that was begun.
   bool fbegun = false;
   std::int32_t foptionindex = 0;

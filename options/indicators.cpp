@@ -53,10 +53,10 @@ void tindicatorlist::addentry(std::string_view equation) {
 void tindicatorlist::keepentry() {
   if (!fbegun) return;
   if (fitems.full()) fitems.setcapacity(growncapacity(fitems.capacity()));
-  tindicatoritem item;
-  item.fequation = fequation.pack(farena);
-  item.fvariable = fvariable.pack(farena);
-  item.fvalue = fvalue;
+  auto* item = new (farena) tindicatoritem;
+  item->fequation = fequation.pack(farena);
+  item->fvariable = fvariable.pack(farena);
+  item->fvalue = fvalue;
   fitems.insert(count(), item);
   fbegun = false;
 }

@@ -45,7 +45,7 @@ class tsymbolparts {
   tnameindex findex;
 };
 
-class tindicatoritem {
+class tindicatoritem : public tinarena {
  public:
   const tsymbol& equation() const noexcept { return fequation; }
   const tsymbol& variable() const noexcept { return fvariable; }
@@ -66,7 +66,7 @@ class tindicatorlist {
   explicit tindicatorlist(tvksoptions& owner) noexcept : fowner(owner) {}
 
   std::int32_t count() const noexcept { return fitems.count(); }
-  const tindicatoritem* get(std::int32_t index) const noexcept { return &fitems[index]; }
+  const tindicatoritem* get(std::int32_t index) const noexcept { return fitems[index]; }
 
   // Begins an item. What follows is about the one that was begun.
   void addentry(std::string_view equation);
@@ -83,7 +83,7 @@ class tindicatorlist {
  private:
   tvksoptions& fowner;
   tarena farena;
-  tgrowarray<tindicatoritem> fitems;
+  tgrowarray<const tindicatoritem*> fitems;
   // What is known of the item that was begun.
   bool fbegun = false;
   std::int32_t fvalue = 0;
