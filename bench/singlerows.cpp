@@ -1,8 +1,10 @@
 // What has a target but no floor: making a handle, a whole process, a million dot lines or faulty lines, help
 // and parameter writing, and getters by number. The documentation writers are in writers.cpp.
+#include <fcntl.h>
 #include <malloc.h>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
 #include <filesystem>
@@ -149,6 +151,21 @@ void writeparameters(benchmark::State& state, std::int64_t size) {
   state.counters["bytes"] = static_cast<double>(std::filesystem::file_size(path));
 }
 
+// What the system alone takes to put as many bytes into a file of that name.
+void writebytes(benchmark::State& state, std::int64_t size) {
+  const std::string bytes(static_cast<std::size_t>(27 * size), 'x');
+  const std::string path = pathof("bytes");
+  timed(
+      state, size,
+      [&] {
+        const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+        const bool iswritten = ::write(file, bytes.data(), bytes.size()) > 0;
+        if (::close(file) != 0 || !iswritten) state.SkipWithError("cannot write");
+      },
+      [&] { return std::filesystem::file_size(path) == bytes.size(); });
+  state.counters["bytes"] = static_cast<double>(bytes.size());
+}
+
 }  // namespace
 
 void addsinglerows() {
@@ -175,6 +192,7 @@ void addsinglerows() {
   add("output", "descriptions", 500,
       [](benchmark::State& state, std::int64_t size) { help(state, size, "2"); });
   for (const std::int64_t size : {500, 100000}) add("output", "parameters", size, writeparameters);
+  add("output", "file", 500, writebytes);
 }
 
 }  // namespace bench
