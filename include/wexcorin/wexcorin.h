@@ -488,11 +488,11 @@ WEXCORIN_API int32_t optsynonymcount(tvksoptions* handle);
 /* The number of groups. */
 WEXCORIN_API int32_t optgroupcount(tvksoptions* handle);
 
-/* The number of dot entries. rejected: how many were read and discarded because their line had an error. */
+/* The number of dot entries. rejected: how many were read and discarded because their line had an error. Once
+ * the list of messages is full errors no longer count: entries with errors then stay. */
 WEXCORIN_API int32_t optdotoptcount(tvksoptions* handle, int32_t* rejected);
 
-/* The number of indicators, and of those discarded; 0 and 0 when the definition declares no indicator
- * keyword. */
+/* The same of indicators; 0 and 0 when the definition declares no indicator keyword. */
 WEXCORIN_API int32_t optindicatorcount(tvksoptions* handle, int32_t* rejected);
 
 /* --------------------------------------------------------------------------
@@ -515,7 +515,7 @@ WEXCORIN_API int32_t coptgetfromliststr(tvksoptions* handle, const char* name, c
 /* Takes the first string out of the first list that has one, and tells the option's name: among the
  * options whose name begins with "--" when dashed is not 0, among the others when it is. The result is 1;
  * 0 when no such list holds a string: value is then untouched, and name holds the last option looked at
- * that has strings, or is untouched. */
+ * that has strings, or is untouched. Each call goes through the options in front of that list. */
 WEXCORIN_API int32_t optgetfromanystrlist(tvksoptions* handle, int32_t dashed, optshortstring* name,
                                           optshortstring* value);
 WEXCORIN_API int32_t coptgetfromanystrlist(tvksoptions* handle, int32_t dashed, char* name, char* value);
