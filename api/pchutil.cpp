@@ -12,14 +12,15 @@ namespace {
 constexpr std::size_t overlong = 255;
 
 std::string_view converted(const char* text, std::string_view overflow) noexcept {
-  if (text == nullptr) return {};
   const std::size_t length = ::strnlen(text, overlong);
   return length < overlong ? std::string_view(text, length) : overflow;
 }
 
 }  // namespace
 
-std::string_view pchartostr(const char* text) noexcept { return converted(text, "PCharToStr Overflow"); }
+std::string_view pchartostr(const char* text) noexcept {
+  return text == nullptr ? std::string_view() : converted(text, "PCharToStr Overflow");
+}
 
 void convertpchar(char* buffer) noexcept {
   const shortstring text = converted(buffer, "ConvertPChar Overflow");

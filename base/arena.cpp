@@ -19,8 +19,9 @@ tarena::~tarena() {
 void tarena::addblock(std::size_t size) {
   constexpr std::size_t smallest = 1024;
   constexpr std::size_t largest = 16 * 1024;
-  const std::size_t blocksize =
-      std::max(sizeof(tblock) + size, std::clamp(2 * fblocksize, smallest, largest));
+  // a block ends aligned, so that aligning does not lead out of it
+  const std::size_t wanted = (sizeof(tblock) + size + alignment - 1) / alignment * alignment;
+  const std::size_t blocksize = std::max(wanted, std::clamp(2 * fblocksize, smallest, largest));
   fblocks = ::new (::operator new(blocksize)) tblock{fblocks};
   fblocksize = blocksize;
   fnext = reinterpret_cast<char*>(fblocks + 1);

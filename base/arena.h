@@ -44,7 +44,7 @@ class tarena {
   };
 
   char* take(std::size_t size) {
-    if (fnext > fend || size > static_cast<std::size_t>(fend - fnext)) addblock(size);
+    if (size > static_cast<std::size_t>(fend - fnext)) addblock(size);
     char* room = fnext;
     fnext += size;
     return room;
@@ -60,8 +60,10 @@ class tarena {
 // The base of objects that are made in an arena. They are deleted like any others, but their memory stays.
 class tinarena {
  public:
-  static void* operator new(std::size_t size, tarena& arena) { return arena.allocate(size); }
-  static void operator delete(void*, tarena&) noexcept {}
+  // When a constructor throws there is nothing to give back: the arena keeps the memory.
+  static void* operator new(std::size_t size, tarena& arena) {  // NOLINT(cert-dcl54-cpp)
+    return arena.allocate(size);
+  }
   static void operator delete(void*) noexcept {}  // NOLINT(cert-dcl54-cpp): there is no new without arena
 
  protected:

@@ -13,7 +13,7 @@ namespace wexcorin {
 
 // The text of a block; empty for no block.
 inline std::string_view getstring(const char* block) noexcept {
-  return block == nullptr ? std::string_view()
+  return block == nullptr ? std::string_view("", 0)
                           : std::string_view(block + 1, static_cast<unsigned char>(block[0]));
 }
 

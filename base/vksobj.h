@@ -61,7 +61,7 @@ class tgrowarray {
   tgrowarray() noexcept = default;
   tgrowarray(const tgrowarray&) = delete;
   tgrowarray& operator=(const tgrowarray&) = delete;
-  ~tgrowarray() { std::free(fentries); }
+  ~tgrowarray() { release(); }
 
   std::int32_t count() const noexcept { return fcount; }
   std::int32_t capacity() const noexcept { return fcapacity; }
@@ -72,16 +72,19 @@ class tgrowarray {
   void setcapacity(std::int32_t capacity) {
     if (capacity < fcount) capacity = fcount;
     if (capacity == fcapacity) return;
-    if (capacity == 0) {
-      std::free(fentries);
-      fentries = nullptr;
-    } else {
-      void* block =
-          std::realloc(static_cast<void*>(fentries), static_cast<std::size_t>(capacity) * sizeof(titem));
-      if (block == nullptr) throw std::bad_alloc();
-      fentries = static_cast<titem*>(block);
-    }
+    if (capacity == 0) return release();
+    void* block =
+        std::realloc(static_cast<void*>(fentries), static_cast<std::size_t>(capacity) * sizeof(titem));
+    if (block == nullptr) throw std::bad_alloc();
+    fentries = static_cast<titem*>(block);
     fcapacity = capacity;
+  }
+
+  // Without items and without memory, as at first.
+  void release() noexcept {
+    std::free(fentries);
+    fentries = nullptr;
+    fcount = fcapacity = 0;
   }
 
   void insert(std::int32_t index, const titem& item) noexcept {
@@ -155,7 +158,7 @@ class txlist : public tquicksortclass {
       freeitem(count() - 1);
       fitems.removelast();
     }
-    setcapacity(0);
+    fitems.release();
   }
 
   void exchange(std::int32_t i, std::int32_t j) override {
@@ -267,7 +270,7 @@ class txcustomstringlist : public tquicksortclass {
       freeobject(count() - 1);
       fentries.removelast();
     }
-    setcapacity(0);
+    fentries.release();
   }
 
   tgrowarray<tentry> fentries;

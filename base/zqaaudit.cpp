@@ -118,11 +118,10 @@ double zqagetver() {
 
 bool zqaisauditword(std::string_view parameter) { return struequal(parameter, "AUDIT"); }
 
-bool zqaauditrun() {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen("/proc/self/cmdline", "rb"),
-                                                             std::fclose);
+bool zqaauditrun(const char* commandline) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(commandline, "rb"), std::fclose);
   if (file == nullptr) return false;
-  // parameters end in a zero byte each; the first one is the program's own name
+  // the first one is the program's own name
   std::string parameter;
   std::int32_t index = 0;
   for (int character = std::getc(file.get()); character != EOF; character = std::getc(file.get())) {

@@ -29,7 +29,7 @@ bool tdotobjlist::addindex(std::string_view text) {
 
 void tdotobjlist::setvalue(std::string_view text) {
   if (!hasentry("Cannot SetValue to DotObj")) return;
-  toption& option = *fowner.getobjects(foptionindex);
+  toption& option = fowner.option(foptionindex);
   fowner.setcuroptname(option.name());
   option.setasstring(text);
   if (option.opttype() == topttype::dbl)

@@ -26,11 +26,10 @@ bool hasline(tmsgkind kind) noexcept {
 
 }  // namespace
 
-// A note of leaving that directly follows its note of entering: reading what says nothing leaves no trace.
-bool tmessagelist::cancelsenternote(tmsgkind kind, std::string_view text) const noexcept {
-  if (kind != tmsgkind::fileleave || count() == 0) return false;
-  const std::int32_t last = count() - 1;
-  return ftexts.getobject(last) == tmsgkind::fileenter && ftexts.getname(last) == text;
+// A note of leaving that directly follows its note of entering: reading what says nothing leaves no trace. The
+// notes nest, so a note of leaving has messages before it, and an enter note that comes last is its own.
+bool tmessagelist::cancelsenternote(tmsgkind kind) const noexcept {
+  return kind == tmsgkind::fileleave && ftexts.getobject(count() - 1) == tmsgkind::fileenter;
 }
 
 void tmessagelist::addoutofmemory() noexcept {
@@ -44,13 +43,17 @@ void tmessagelist::addoutofmemory() noexcept {
 
 void tmessagelist::fileoutofmemory() {
   if (!foutofmemory) return;
-  if (count() < maxmessages) append(tmsgkind::usererror, "Out of memory");
+  file(tmsgkind::usererror, "Out of memory", 0);
   foutofmemory = false;
 }
 
 void tmessagelist::add(tmsgkind kind, std::string_view text, std::int32_t linenr) {
   fileoutofmemory();
-  if (cancelsenternote(kind, text))
+  file(kind, text, linenr);
+}
+
+void tmessagelist::file(tmsgkind kind, std::string_view text, std::int32_t linenr) {
+  if (cancelsenternote(kind))
     ftexts.remove(count() - 1);
   else if (count() == maxmessages)
     append(tmsgkind::toomanymsgs, concat("Maximum of ", inttostr(maxmessages).view(), " messages reached"));

@@ -42,9 +42,10 @@ class tmessagelist {
  private:
   static constexpr std::int32_t maxmessages = 5000;
 
+  void file(tmsgkind kind, std::string_view text, std::int32_t linenr);
   void append(tmsgkind kind, std::string_view text);
   void fileoutofmemory();
-  bool cancelsenternote(tmsgkind kind, std::string_view text) const noexcept;
+  bool cancelsenternote(tmsgkind kind) const noexcept;
   bool isnumber(std::int32_t nr) const noexcept { return nr >= 1 && nr <= count(); }
 
   txstringlist<tmsgkind> ftexts;

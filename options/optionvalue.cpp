@@ -20,19 +20,9 @@ tvaluetext toption::valuetext(bool second) const {
 }
 
 std::int32_t toption::integervalue(bool second) const {
-  switch (fopttype) {
-    case topttype::integer: return as<tintoption>(*this).value(second);
-    case topttype::boolean: return as<tbooleanoption>(*this).value(second);
-    case topttype::enumint: return as<tenumintoption>(*this).value(second);
-    case topttype::dbl:
-    case topttype::string:
-    case topttype::enumstr:
-    case topttype::multilist:
-    case topttype::strlist:
-    case topttype::macro:
-    case topttype::immediate: break;
-  }
-  return 0;
+  if (const auto* integer = ifis<tintoption>(this)) return integer->value(second);
+  if (const auto* boolean = ifis<tbooleanoption>(this)) return boolean->value(second);
+  return as<tenumintoption>(*this).value(second);
 }
 
 namespace {

@@ -81,7 +81,7 @@ class toption : public toptionx, public tinarena {
   // The value as text: the value that was set, else the default; empty for types without a value.
   tvaluetext getasstring() const { return valuetext(false); }
   tvaluetext getasstring2() const { return valuetext(true); }
-  // The value as a number, for the types that hold an integer (integer, boolean, enumint); 0 for the others.
+  // The value as a number, of an option that holds an integer.
   std::int32_t getasinteger() const { return integervalue(false); }
   std::int32_t getasinteger2() const { return integervalue(true); }
   bool holdsinteger() const noexcept { return datatype() == tdatatype::integer; }

@@ -167,6 +167,8 @@ class tvksoptions : public toptionx {
   toption* getobjects(std::int32_t index) const noexcept {
     return index >= 0 && index < getcount() ? foptions.getobject(index) : nullptr;
   }
+  // Of an index that is known to be one.
+  toption& option(std::int32_t index) const noexcept { return *foptions.getobject(index); }
   toption& addoption(std::unique_ptr<toption> option) {
     const tsoughtname name(option->name());
     return addoption(std::move(option), name);

@@ -13,7 +13,7 @@ class tdefinitionwriter {
 
   void write() {
     for (std::int32_t i = 0; i < fstore.getcount(); ++i) {
-      const toption& option = *fstore.getobjects(i);
+      const toption& option = fstore.option(i);
       if (option.opttype() != topttype::strlist) writeoption(option);
     }
     writesynonyms();
@@ -136,7 +136,7 @@ class tdefinitionwriter {
   void writemarks(std::string_view keyword, tmarks marks) {
     bool isopen = false;
     for (std::int32_t i = 0; i < fstore.getcount(); ++i) {
-      const toption& option = *fstore.getobjects(i);
+      const toption& option = fstore.option(i);
       if (!option.hasdeprecation(marks.ownname) && !option.hasdeprecation(marks.itssynonym)) continue;
       if (!isopen) ffile.writeline("ver ", keyword, " options");
       isopen = true;

@@ -16,7 +16,7 @@ class ttablewriter {
     fpage.startrow();
     cells("Option", "Type", "UserMap", "Default", "Low", "High", "Group", "Hc", "Help Text");
     fpage.endrow();
-    for (std::int32_t i = 0; i < fstore.getcount(); ++i) writeoption(*fstore.getobjects(i));
+    for (std::int32_t i = 0; i < fstore.getcount(); ++i) writeoption(fstore.option(i));
     writesynonyms();
     fpage.endtable();
   }

@@ -57,7 +57,8 @@ std::int32_t ttextfile::close() noexcept {
   fnext = fend = nullptr;
   const int descriptor = fdescriptor;
   fdescriptor = -1;
-  if (::close(descriptor) != 0 && ferror == 0 && errno != EINTR) ferror = errno;
+  const int error = ::close(descriptor) == 0 || errno == EINTR ? 0 : errno;
+  if (ferror == 0) ferror = error;
   return ferror;
 }
 
