@@ -22,8 +22,9 @@ void tnumbertext::append(std::size_t count, char character) noexcept {
 }
 
 void tnumbertext::append(std::int64_t number) noexcept {
-  const auto result = std::to_chars(ftext + flength, std::end(ftext), number);
-  if (result.ec == std::errc()) flength = static_cast<unsigned char>(result.ptr - ftext);
+  char digits[20];  // enough for any
+  const char* const end = std::to_chars(digits, std::end(digits), number).ptr;
+  append({digits, static_cast<std::size_t>(end - digits)});
 }
 
 namespace {

@@ -20,7 +20,7 @@ tquicksortclass::trange tquicksortclass::partition(trange range) {
   std::int32_t i = range.lo;
   std::int32_t j = range.hi;
   std::int32_t pivot = i + (j - i) / 2;
-  do {
+  while (i <= j) {
     while (compare(i, pivot) < 0) ++i;
     while (compare(j, pivot) > 0) --j;
     if (i > j) break;
@@ -31,7 +31,7 @@ tquicksortclass::trange tquicksortclass::partition(trange range) {
       pivot = i;
     ++i;
     --j;
-  } while (i <= j);
+  }
   return {i, j};
 }
 

@@ -65,7 +65,7 @@ bool tminiparser::nextfileline() {
       endinput();
       return false;
     }
-    if (flinenr < maxint) ++flinenr;
+    ++flinenr;  // a file is cut off before its lines can no longer be counted
     if (fechoflag) flushecho({line.text, line.length});
     if (line.length == 0 || line.text[0] == '*') continue;
     fposition = line.text;

@@ -88,12 +88,8 @@ void tparameterreader::parse() {
     while (statement()) continue;
 }
 
-bool tparameterreader::droprest() {
-  fscanner.skiptolineend();
-  return false;
-}
-
 // statement = [ "," ] key ( dotline | indicatorline | listvalue | immediate | ordinary ) .
+// False when the rest of the line is to be dropped.
 bool tparameterreader::statement() {
   if (!fscanner.skipbl()) return false;
   if (fscanner.ch() == ',') {
@@ -114,12 +110,12 @@ bool tparameterreader::statement() {
 bool tparameterreader::nokey() {
   const char saw = fscanner.ch();
   error(concat("Option keyword expected, saw ", quoted({&saw, fscanner.atlineend() ? 0U : 1U})));
-  return droprest();
+  return false;
 }
 
 bool tparameterreader::badseparator(std::string_view key) {
   error(concat("Bad separator after key ", quoted(key)));
-  return droprest();
+  return false;
 }
 
 void tparameterreader::novalue(const toption& option) {
@@ -171,7 +167,7 @@ toption& tparameterreader::addlist() {
 
 bool tparameterreader::unknownkey() {
   error(concat("Unknown option ", quoted(fkey)));
-  if (feolonly) return droprest();
+  if (feolonly) return false;
   std::string_view discarded;
   fscanner.nexttoken(discarded);
   return true;
@@ -227,7 +223,8 @@ bool tparameterreader::ordinary(toption& option) {
   } else {
     tokenasvalue(option);
   }
-  return !feolonly || (fscanner.skipbl() && remainder());
+  if (feolonly && fscanner.skipbl()) error("Remainder of line ignored");
+  return !feolonly;
 }
 
 // A value is a token in normal mode, and the rest of the line in end-of-line mode.
@@ -252,11 +249,6 @@ void tparameterreader::twovalues(toption& option) {
     if (!second.isread()) option.setasstring2(first.text);
   }
   if (second.isread() && second.text != "*") option.setasstring2(second.text);
-}
-
-bool tparameterreader::remainder() {
-  error("Remainder of line ignored");
-  return droprest();
 }
 
 bool tparameterreader::warnsofdeprecated(const toption& option) {

@@ -52,7 +52,6 @@ class tparameterreader {
   void tokenasvalue(toption& option);
   void restasvalue(toption& option);
   void twovalues(toption& option);
-  bool remainder();
 
   bool nokey();
   bool badseparator(std::string_view key);
@@ -83,7 +82,6 @@ class tparameterreader {
   template <class taddelement>
   void indicatorelements(std::string_view name, taddelement addelement);
 
-  bool droprest();
   void error(std::string_view text) { fstore.addmessage(tmsgkind::usererror, text); }
 
   tvksoptions& fstore;

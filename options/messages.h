@@ -27,9 +27,7 @@ class tmessagelist {
   // The list has reached its limit: what is added from now on is dropped.
   bool full() const noexcept { return count() > maxmessages; }
   // Adding such a message would leave everything as it is.
-  bool ignores(tmsgkind kind) const noexcept {
-    return full() && kind != tmsgkind::fileleave && !foutofmemory;
-  }
+  bool ignores(tmsgkind kind) const noexcept { return full() && kind != tmsgkind::fileleave; }
   std::int32_t count() const noexcept { return ftexts.count(); }
   std::int32_t errors() const noexcept { return ferrors + (foutofmemory ? 1 : 0); }
   std::int32_t warnings() const noexcept { return fwarnings; }

@@ -162,7 +162,8 @@ class tvksoptions : public toptionx {
   std::int32_t optsynonymcount() const noexcept { return fsynonyms.count(); }
   // Empty or null outside 0 .. count - 1.
   std::string_view getstrings(std::int32_t index) const noexcept {
-    return index >= 0 && index < getcount() ? foptions.getname(index) : std::string_view();
+    const toption* option = getobjects(index);
+    return option != nullptr ? option->name() : std::string_view();
   }
   toption* getobjects(std::int32_t index) const noexcept {
     return index >= 0 && index < getcount() ? foptions.getobject(index) : nullptr;
