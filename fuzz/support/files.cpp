@@ -1,106 +1,98 @@
-// Files in memory, and the function that the linker puts in the place of the system's open.
-#include "fuzz/support/files.h"
-
+// Files in memory, the function that the linker puts in the place of the system's open, and what stands
+// around an input.
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdarg>
 #include <cstdio>
+#include <cstdlib>
+#include <map>
 
-#include "fuzz/support/check.h"
+#include "fuzz/support/target.h"
 
-// The names that the linker's --wrap makes of "open".
-extern "C" int __real_open(const char* name, int flags, ...);
-extern "C" int __wrap_open(const char* name, int flags, ...);
-
-extern "C" int __wrap_open(const char* name, int flags, ...) {
-  if (fuzzing::tfiles::get().active()) return fuzzing::tfiles::get().open(name, flags);
-  mode_t mode = 0;
-  if ((flags & O_CREAT) != 0) {
-    va_list arguments;
-    va_start(arguments, flags);
-    mode = va_arg(arguments, mode_t);
-    va_end(arguments);
-  }
-  return __real_open(name, flags, mode);
-}
+// The names that the linker's --wrap makes of "open"; where it got no mode, none is looked at.
+extern "C" int __real_open(const char* name, int flags, mode_t mode);
+extern "C" int __wrap_open(const char* name, int flags, mode_t mode);
 
 namespace fuzzing {
 
-tfiles& tfiles::get() {
-  static tfiles files;
-  return files;
-}
+namespace {
 
-const tfiles::tfile* tfiles::find(std::string_view name) const {
-  for (const tfile& file : ffiles)
-    if (file.exists && file.name == name) return &file;
-  return nullptr;
-}
+std::map<std::string, int, std::less<>> files;  // the descriptor of each
+std::vector<int> spare;                         // those of earlier inputs
+int opens = 0;
+bool isrunning = false;
 
 // An empty file, in the place of one of that name.
-const tfiles::tfile& tfiles::create(std::string_view name) {
-  for (tfile& file : ffiles) {
-    if (file.exists && file.name != name) continue;
-    file.name = name;
-    file.exists = true;
-    FUZZ_CHECK(::ftruncate(file.descriptor, 0) == 0, file.name);
-    return file;
+int created(std::string_view name) {
+  int& file = files.try_emplace(std::string(name), -1).first->second;
+  if (file < 0 && !spare.empty()) {
+    file = spare.back();
+    spare.pop_back();
   }
-  const int descriptor = ::memfd_create("fuzz", MFD_CLOEXEC);
-  FUZZ_CHECK(descriptor >= 0, "no file in memory: errno " + std::to_string(errno));
-  return ffiles.emplace_back(tfile{std::string(name), descriptor, true});
+  if (file < 0) file = ::memfd_create("fuzz", MFD_CLOEXEC);
+  HOLDS(file >= 0 && ::ftruncate(file, 0) == 0, name, errno);
+  return file;
 }
 
-void tfiles::clear() {
-  for (tfile& file : ffiles) file.exists = false;
+int failed(int code) {
+  errno = code;
+  return -1;
 }
 
-void tfiles::write(std::string_view name, std::string_view bytes) {
-  const tfile& file = create(name);
-  const ssize_t written = ::pwrite(file.descriptor, bytes.data(), bytes.size(), 0);
-  FUZZ_CHECK(written == static_cast<ssize_t>(bytes.size()), file.name);
+int open(std::string_view name, int flags) {
+  if (opens-- <= 0) return failed(EMFILE);
+  const bool iswriting = (flags & O_ACCMODE) != O_RDONLY;
+  if (name == "/") return __real_open("/", flags & ~O_CREAT, 0);
+  if (name == "full" && iswriting) return __real_open("/dev/full", O_WRONLY | O_CLOEXEC, 0);
+  if (!files.contains(name) && iswriting && name.starts_with("out")) created(name);
+  const auto file = files.find(name);
+  if (file == files.end()) return failed(iswriting ? EACCES : ENOENT);
+  return __real_open(("/proc/self/fd/" + std::to_string(file->second)).c_str(), flags & ~O_CREAT, 0);
 }
 
-std::string tfiles::read(std::string_view name) const {
-  const tfile* file = find(name);
+}  // namespace
+
+void fail(const char* file, int line, const char* condition, std::initializer_list<tseen> seen) {
+  std::fprintf(stderr, "%s:%d: does not hold: %s\n", file, line, condition);
+  for (const tseen& each : seen) std::fprintf(stderr, "%s\n", each.text.c_str());
+  std::fflush(stderr);
+  std::abort();
+}
+
+void allowopens() { opens = 48; }
+
+void writefile(std::string_view name, std::string_view bytes) {
+  const ssize_t written = ::pwrite(created(name), bytes.data(), bytes.size(), 0);
+  HOLDS(written == static_cast<ssize_t>(bytes.size()), name);
+}
+
+std::string readfile(std::string_view name) {
+  const auto file = files.find(name);
   struct stat status {};
-  if (file == nullptr || ::fstat(file->descriptor, &status) != 0) return {};
+  if (file == files.end() || ::fstat(file->second, &status) != 0) return {};
   std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
-  FUZZ_CHECK(::pread(file->descriptor, bytes.data(), bytes.size(), 0) == status.st_size, file->name);
+  HOLDS(::pread(file->second, bytes.data(), bytes.size(), 0) == status.st_size, name);
   return bytes;
 }
 
-int tfiles::open(const char* name, int flags) {
-  const auto failed = [](int code) {
-    errno = code;
-    return -1;
-  };
-  if (fopens-- <= 0) return failed(EMFILE);
-  const std::string_view wanted(name);
-  const bool iswriting = (flags & O_ACCMODE) != O_RDONLY;
-  if (wanted == "/") return __real_open(name, flags & ~O_CREAT);
-  if (wanted == "full" && iswriting) return __real_open("/dev/full", O_WRONLY | O_CLOEXEC);
-  const tfile* file = find(wanted);
-  if (file == nullptr && iswriting && wanted.substr(0, 3) == "out") file = &create(wanted);
-  if (file == nullptr) return failed(iswriting ? EACCES : ENOENT);
-  return __real_open(("/proc/self/fd/" + std::to_string(file->descriptor)).c_str(), flags & ~O_CREAT);
-}
-
-tinputscope::tinputscope() {
-  tfiles& files = tfiles::get();
-  files.clear();
-  static const bool issilent = [] {
-    const int nowhere = __real_open("/dev/null", O_WRONLY | O_CLOEXEC);
-    return nowhere >= 0 && ::dup2(nowhere, STDOUT_FILENO) >= 0 && ::close(nowhere) == 0;
-  }();
-  FUZZ_CHECK(issilent, "standard output");
-  files.factive = true;
-}
-
-tinputscope::~tinputscope() { tfiles::get().factive = false; }
-
 }  // namespace fuzzing
+
+int __wrap_open(const char* name, int flags, mode_t mode) {
+  return fuzzing::isrunning ? fuzzing::open(name, flags) : __real_open(name, flags, mode);
+}
+
+// Begins without files, and what the library prints goes nowhere.
+int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  using namespace fuzzing;
+  static const int nowhere = ::dup2(__real_open("/dev/null", O_WRONLY | O_CLOEXEC, 0), STDOUT_FILENO);
+  HOLDS(nowhere == STDOUT_FILENO, "standard output");
+  isrunning = true;
+  run({reinterpret_cast<const char*>(bytes), size});
+  isrunning = false;
+  for (const auto& [name, file] : files) spare.push_back(file);
+  files.clear();
+  return 0;
+}

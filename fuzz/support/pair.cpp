@@ -1,112 +1,82 @@
-// Text arguments and results in both forms, and the two handles.
-#include "fuzz/support/pair.h"
-
+// Texts in both forms, and the two handles.
 #include <algorithm>
 #include <cstring>
 
 #include "api/handle.h"
+#include "fuzz/support/target.h"
 
 namespace fuzzing {
 
 namespace {
 
-constexpr std::size_t longestshort = 255;
-constexpr std::size_t longestzero = 254;
-constexpr unsigned char filler = 0xA5;
-
-bool inbothforms(std::string_view text) {
-  return text.size() != longestshort && text.find('\0') == std::string_view::npos;
-}
+constexpr std::size_t longest = 255;
 
 }  // namespace
 
-ttextin::ttextin(std::string_view text) : fhasboth(inbothforms(text)) {
-  if (text.find('\0') != std::string_view::npos) text = text.substr(0, longestshort);
-  const std::string_view arriving = text.size() > longestshort ? "PCharToStr Overflow" : text;
-  fshort.length = static_cast<unsigned char>(arriving.size());
-  std::copy(arriving.begin(), arriving.end(), fshort.text);
-  fzero = std::make_unique<char[]>(text.size() + 1);  // of exactly its length, so that reading on is noticed
-  std::copy(text.begin(), text.end(), fzero.get());
+ttext::ttext(std::string_view text, bool takesresult) : fhasinitial(true), ftakesresult(takesresult) {
+  const bool iscut = takesresult || text.find('\0') != std::string_view::npos;
+  finitial = iscut ? text.substr(0, longest) : text;
 }
 
-bool ttextresult::hasboth() const noexcept {
-  return finitial.size() <= longestzero && finitial.find('\0') == std::string::npos;
-}
+bool ttext::hasboth() const { return finitial.size() != longest && finitial.find('\0') == std::string::npos; }
 
-void ttextresult::prepare() {
-  for (tbuffer& buffer : fbuffers) buffer.fill(filler);
-  if (fhasinitial) {
-    const std::size_t length = std::min(finitial.size(), longestshort);
-    for (int form = 0; form < (hasboth() ? 1 : 2); ++form) {
-      asshort(form)->length = static_cast<unsigned char>(length);
-      std::copy_n(finitial.data(), length, asshort(form)->text);
-    }
-    if (hasboth()) *std::copy_n(finitial.data(), length, aszero()) = '\0';
+void ttext::prepare(bool both) {
+  for (const std::size_t form : {0U, 1U}) {
+    const bool isshort = form == 0 || !both;
+    const std::string text = isshort && finitial.size() > longest ? "PCharToStr Overflow" : finitial;
+    fbuffers[form] = std::vector<unsigned char>(
+        guards + (ftakesresult ? WEXCORIN_TEXT_SIZE + guards : text.size() + 1), 0xA5);
+    if (!fhasinitial) continue;
+    const std::string bytes = isshort ? static_cast<char>(text.size()) + text : text + '\0';
+    std::copy(bytes.begin(), bytes.end(), fbuffers[form].begin() + guards);
   }
   fbefore = fbuffers;
 }
 
-void ttextresult::finish(bool both) {
-  ftext = fbuffers[0] == fbefore[0] ? std::string() : shorttext(0);
-  if (!both) {
-    FUZZ_CHECK(fbuffers[0] == fbuffers[1], ftext);
-    return checkrest(0, ftext.size() + 1);
-  }
-  checkrest(0, static_cast<std::size_t>(asshort(0)->length) + 1);
+void ttext::finish(bool both) {
+  if (!ftakesresult) return HOLDS(fbuffers == fbefore, finitial);
+  const auto shorttext = fbuffers[0].begin() + guards;
+  const unsigned char* const zero = fbuffers[1].data() + guards;
+  ftext.assign(shorttext + 1, shorttext + 1 + *shorttext);
   // a text that is left untouched comes back empty in the second form
-  const bool isempty = aszero()[0] == '\0';
-  if (fbuffers[0] == fbefore[0] && isempty) return checkrest(1, 1);
-  ftext = shorttext(0);
-  FUZZ_CHECK(std::memcmp(aszero(), ftext.data(), ftext.size()) == 0 && aszero()[ftext.size()] == '\0', ftext);
-  checkrest(1, ftext.size() + 1);
-}
-
-std::string ttextresult::shorttext(std::size_t form) const {
-  const unsigned char* begin = fbuffers[form].data() + guardsize;
-  return {begin + 1, begin + 1 + *begin};
-}
-
-// Nothing but so many bytes of the buffer may differ from what was there before.
-void ttextresult::checkrest(std::size_t form, std::size_t used) const {
-  const tbuffer& now = fbuffers[form];
-  const tbuffer& before = fbefore[form];
-  const bool isclean = std::equal(now.begin(), now.begin() + guardsize, before.begin()) &&
-                       std::memcmp(now.data() + guardsize + used, before.data() + guardsize + used,
-                                   now.size() - guardsize - used) == 0;
-  FUZZ_CHECK(isclean, ftext);
+  if (fbuffers[0] == fbefore[0] && (!both || *zero == 0)) ftext.clear();
+  if (both)
+    HOLDS(std::memcmp(zero, ftext.c_str(), ftext.size() + 1) == 0, ftext);
+  else
+    HOLDS(fbuffers[0] == fbuffers[1], ftext);
+  for (const std::size_t form : {0U, 1U}) {
+    const auto now = fbuffers[form].begin();
+    const auto rest = guards + static_cast<std::ptrdiff_t>(ftext.size()) + 1;
+    HOLDS(std::equal(now, now + guards, fbefore[form].begin()), ftext);
+    HOLDS(std::equal(now + rest, fbuffers[form].end(), fbefore[form].begin() + rest), ftext);
+  }
 }
 
 tpair::tpair() {
-  for (tvksoptions*& handle : fhandles.handles)
-    FUZZ_CHECK(xcreate(&handle) == handle && handle != nullptr, "no handle");
+  for (tvksoptions*& handle : fhandles) HOLDS(xcreate(&handle) == handle && handle != nullptr, "no handle");
 }
 
 tpair::~tpair() {
-  for (tvksoptions*& handle : fhandles.handles) {
+  for (tvksoptions*& handle : fhandles) {
     xfree(&handle);
-    FUZZ_CHECK(handle == nullptr, "a handle is left");
+    HOLDS(handle == nullptr, "a handle is left");
   }
 }
 
 std::int32_t tpair::readdefinition(std::string_view filename) {
-  const bool isfirst = callone(optcount) == 0;
-  fdefinitions += isfirst ? 1 : 2;
-  const std::string bytes = tfiles::get().read(filename);
-  const std::int32_t code = call(optreaddefinition, coptreaddefinition, ttextin(filename));
+  const bool isfirst = one(optcount) == 0;
+  const std::string bytes = readfile(filename);
+  const std::int32_t code = call(BOTH(readdefinition), ttext(filename));
+  if (code == 0) fdefinitions += isfirst ? 1 : 2;
   if (code == 0 && isfirst) fdefinition = bytes;
-  if (code != 0) fdefinitions += isfirst ? -1 : -2;
   return code;
-}
-
-std::int32_t tpair::readparameters(std::string_view filename) {
-  return call(optreadparameterfile, coptreadparameterfile, ttextin(filename));
 }
 
 void tpair::clearmessages() {
   fwasfull = wasfull();
-  callone(optclearmessages);
+  one(optclearmessages);
 }
 
-bool tpair::wasfull() const noexcept { return fwasfull || handle(0)->messagesfull(); }
+bool tpair::wasfull() const { return fwasfull || handle(0)->messagesfull(); }
 
 }  // namespace fuzzing

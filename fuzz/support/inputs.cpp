@@ -1,7 +1,7 @@
 // The definition that has everything, and the parts of an input.
-#include "fuzz/support/texts.h"
-
 #include <algorithm>
+
+#include "fuzz/support/target.h"
 
 namespace fuzzing {
 
@@ -94,30 +94,25 @@ marks obsolete
 )";
 }
 
-tswitches::tswitches(std::string_view& input) : fbits(next(input)), fmore(next(input)) {}
-
-unsigned tswitches::next(std::string_view& input) {
-  if (input.empty()) return 0;
-  const auto byte = static_cast<unsigned char>(input.front());
-  input.remove_prefix(1);
-  return byte;
-}
-
-void tswitches::apply(tpair& pair) const {
-  pair.callone(opteolonlyset, eolonly() ? 1 : 0);
-  pair.callone(optechoset, echo() ? 1 : 0);
-  pair.callone(optnoboundsset, nobounds() ? 1 : 0);
-  pair.callone(optrecentenabledset, recent() ? 1 : 0);
+tswitches::tswitches(std::string_view& input) {
+  for (unsigned* const bits : {&fbits, &fmore}) {
+    *bits = input.empty() ? 0 : static_cast<unsigned char>(input.front());
+    input.remove_prefix(input.empty() ? 0 : 1);
+  }
 }
 
 void tswitches::read(tpair& pair, std::string_view text) const {
-  tfiles::get().write("opt", text);
+  pair.one(opteolonlyset, (fbits & 4) == 0 ? 1 : 0);
+  pair.one(optechoset, (fbits & 8) != 0 ? 1 : 0);
+  pair.one(optnoboundsset, (fbits & 16) != 0 ? 1 : 0);
+  pair.one(optrecentenabledset, (fmore & 8) == 0 ? 1 : 0);
+  writefile("opt", text);
   switch (fmore % 4) {
-    case 0: pair.callone(optreadfrompchar, std::string(text).c_str()); break;
+    case 0: pair.one(optreadfrompchar, std::string(text).c_str()); break;
     case 1:
-      while (!text.empty()) pair.call(optreadfromstr, coptreadfromstr, ttextin(nextline(text)));
+      while (!text.empty()) pair.call(BOTH(readfromstr), ttext(nextline(text)));
       break;
-    default: pair.readparameters("opt"); break;
+    default: pair.call(BOTH(readparameterfile), ttext("opt")); break;
   }
 }
 
