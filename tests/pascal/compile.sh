@@ -4,9 +4,9 @@
 set -eu
 library=$1 source=$2 output=$3
 
-if ! fpc -v0ewn -Sewn -Fupascal "-Fi$output" "-FE$output" "-Fl$library" -k-rpath "-k$library" "$source" \
-  >"$output/log" 2>&1; then
+fpc -v0ewn -Sewn -Fupascal "-Fi$output" "-FE$output" "-Fl$library" -k-rpath "-k$library" "$source" \
+  >"$output/log" 2>&1 || {
   cat "$output/log"
   echo "$source does not compile, see above."
   exit 1
-fi
+}

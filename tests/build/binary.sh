@@ -1,0 +1,50 @@
+# The library as clients get it: names, types, what it needs, and the protections of a release build.
+# usage: binary.sh LIBRARY NM ABI_PROGRAM [READELF [TOOL]]; with READELF what the library needs is looked at, with TOOL
+# the protections, too
+. tests/build/common.sh
+library=$1 nm=$2 abi=$3 readelf=${4-} tool=${5-}
+
+# Everything that the library defines for others, whatever its kind: functions, data, weak template instances.
+"$nm" --dynamic --defined-only --format=posix "$library" | cut -d ' ' -f 1 | sort >"$work/exported"
+sort api/exports.txt | diff -U0 - "$work/exported" ||
+  fail "Names marked - are in api/exports.txt, but not exported: define each in api/ with the declaration of" \
+    "wexcorin.h, or take it off the list. Those marked + are exported, but not listed: add each if clients are to" \
+    "call it; if not, see why the version script let it through."
+! grep '[^a-z0-9]' api/exports.txt || fail "Names in api/exports.txt are lower case, one a line, without blanks."
+
+# Functions with their types, layouts, numbers of constants.
+header=include/wexcorin/wexcorin.h
+{
+  "$abi"
+  sed -n 's/^  \(opt[A-Za-z0-9]*\) = \(-\{0,1\}[0-9][0-9]*\),\{0,1\}\( .*\)\{0,1\}$/\1 = \2/p' "$header"
+  sed -n 's/^#define \(WEXCORIN_[A-Z_]*\) \([0-9][0-9]*\)$/\1 = \2/p' "$header"
+} | diff api/abi.txt - ||
+  fail "What stands behind < was promised to clients and has changed or is gone: programs that are installed would" \
+    "call it wrongly. Keep it as it is and add a function beside it. If it has to go, raise the project's first" \
+    "version number and WEXCORIN_INTERFACE_VERSION (the soname follows), say so in CHANGELOG.md, then take over the" \
+    "new list. What stands behind > is new: put it into api/abi.txt. docs/compatibility.md says what that means."
+
+if [ -n "$readelf" ]; then
+  "$readelf" --dynamic --wide "$library" |
+    sed -n 's/.*(\(SONAME\|NEEDED\|RPATH\|RUNPATH\)).*\[\(.*\)\].*/\1 \2/p' >"$work/dynamic"
+  for entry in 'SONAME libwexcorin.so.2' 'NEEDED libc.so.6'; do
+    grep -qxF "$entry" "$work/dynamic" || fail "The library says nothing of $entry: see the target wexcorin."
+  done
+  ! grep -vxE 'SONAME libwexcorin.so.2|NEEDED lib(stdc\+\+\.so\.6|m\.so\.6|gcc_s\.so\.1|c\.so\.6)|NEEDED ld-linux.*' \
+    "$work/dynamic" || fail "The library has what is above: it may need nothing but the C++ and C runtime (other" \
+    "dependencies belong to wexcorin_tool), and no search path of its own."
+fi
+
+# protected PATTERN WHAT: the pattern must be in $work/facts
+protected() { grep -qE "$1" "$work/facts" || fail "$program has $2. See wexcorin_harden in cmake/targets.cmake."; }
+for program in ${tool:+"$library" "$tool"}; do
+  "$readelf" --wide --file-header --program-headers --dynamic --dyn-syms "$program" >"$work/facts"
+  protected 'Type: +DYN' 'a fixed address'
+  protected 'GNU_STACK .* RW ' 'an executable stack'
+  protected 'GNU_RELRO' 'no read-only relocations'
+  protected 'BIND_NOW|Flags:.* NOW' 'relocations that stay writable'
+  protected '__stack_chk_fail' 'no stack protector'
+  # the library is built alike, but the compiler finds no call in it that could be checked
+  [ "$program" = "$library" ] || protected '__[a-z]+_chk(@|$)' 'no checked functions of the C library'
+done
+finish "$(wc -l <"$work/exported") names, as listed"

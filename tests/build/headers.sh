@@ -1,0 +1,38 @@
+# Compiles each public header, and what `doc c` writes of a definition, twice in one file, in every language that
+# clients write, with all warnings as errors; of the latter the compiler compares an enumerator of each kind with what
+# the tool prints.
+# usage: headers.sh C_COMPILER CXX_COMPILER [TOOL]
+. tests/build/common.sh
+cc=$1 cxx=$2 tool=${3-}
+
+# Advice on classes, which clients may have switched on; only g++ knows it.
+classes=
+if "$cxx" --version | grep -q 'Free Software Foundation'; then classes=-Weffc++; fi
+
+# compiles HEADER COMPILER LANGUAGE STANDARD [WARNING]; what stands behind the header comes from standard input
+compiles() {
+  { printf '#include <%s>\n' "$1" "$1" && cat; } |
+    "$2" -x "$3" -std="$4" -fsyntax-only -I include -I "$work" \
+      -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wundef ${5:+"$5"} -Werror - ||
+    fail "$1 does not compile alone as $4: mend what the compiler says above."
+}
+
+compiles wexcorin/wexcorin.h "$cc" c c99 </dev/null
+compiles wexcorin/wexcorin.h "$cc" c c11 </dev/null
+for standard in c++17 c++20; do
+  for header in wexcorin.h range.hpp wexcorin.hpp; do
+    compiles "wexcorin/$header" "$cxx" c++ "$standard" "$classes" </dev/null
+  done
+done
+
+if [ -n "$tool" ]; then
+  "$tool" doc c examples/solver.def -o "$work/options.h"
+  number=$("$tool" show examples/solver.def | sed -n 's/^ *\([0-9]*\)  profile .*/\1/p')
+  echo "#include <assert.h>
+    static_assert(solver_nr_profile == $number && solver_ref_profile == 102, \"numbers of an option\");
+    static_assert(solver_value_profile_10 == 10 && solver_value_method_dual == 3, \"a value, an item number\");
+    static_assert(solver_nr_dot_prior > 0, \"a dot option\");" >"$work/client"
+  compiles options.h "$cc" c c11 <"$work/client"
+  compiles options.h "$cxx" c++ c++20 <"$work/client"
+fi
+finish "every header compiles alone"
