@@ -1,11 +1,16 @@
-{ Asks the library whether the unit's declarations are its own. The calls of signature and constant are made
-  from the unit's text (declarations.awk); what the library cannot be asked for is tried. }
+{ Asks the library whether the unit's declarations are its own, and whether it has the options of an include file
+  that `wexcorin doc pascal` wrote at the numbers there. The calls of signature, constant and mapped are made by
+  unit.py; what the library cannot be asked for is tried.
+
+    unit definition-file }
 program unittest;
 
 {$mode objfpc}{$H-}
 
 uses
   wexcorin;
+
+{$I solver.inc}
 
 var
   options: tvksoptions;
@@ -35,6 +40,14 @@ begin
   Inc(constants[group]);
 end;
 
+procedure mapped(constref name: ShortString; number: LongInt);
+var
+  found, refnr: LongInt;
+begin
+  optFindStr(options, name, found, refnr);
+  expect(found = number, name + ' is mapped to another number than the library has it at');
+end;
+
 var
   group, compat: LongInt;
   text: ShortString;
@@ -47,7 +60,8 @@ begin
     'optSignatureFits takes any signature');
 
   expect((xCreate(options) = options) and (options <> nil), 'xCreate gives no handle');
-{$I declarations.inc}
+  optReadDefinition(options, ParamStr(1));
+{$I statements.inc}
   for group := 1 to 4 do
   begin
     optGetConstName(options, group, constants[group], text);
