@@ -1,6 +1,6 @@
-{ Asks the library whether the unit's declarations are its own, and whether it has the options of an include file
-  that `wexcorin doc pascal` wrote at the numbers there. The calls of signature, constant and mapped are made by
-  unit.py; what the library cannot be asked for is tried.
+{ Asks the library whether the unit's declarations are its own, and whether it has the options of an include
+  file that `wexcorin doc pascal` wrote at the numbers there. The calls of signature, constant and mapped are
+  made by unit.py; what the library cannot be asked for is tried.
 
     unit definition-file }
 program unittest;

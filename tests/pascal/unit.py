@@ -1,5 +1,5 @@
-"""Compares pascal/wexcorin.pas with the library: every short-string function and nothing else, each declared as
-the library's own signature says, and the constants. What is compared is read from the unit's text and becomes
+"""Compares pascal/wexcorin.pas with the library: every short-string function and nothing else, each declared
+as the library's own signature says, and the constants. What is compared is read from the unit's text and becomes
 statements of unit.pas; so do the options in the maps of an include file that `doc pascal` wrote.
 usage: unit.py LIBRARY_DIRECTORY [TOOL]; run in the repository's root; exit code 77: fpc is missing"""
 import re, shutil, subprocess, sys, tempfile
@@ -24,7 +24,8 @@ def codes(result, arguments):
         sys.exit(f"{UNIT}: not understood: ({arguments}): {result}")
     yield CODES[result] if result else 0
     for parameter in parameters:
-        modifier, names, kind = re.fullmatch(r"((?:var|const|constref|out) )?(.*): (\w+)", parameter).groups("")
+        form = re.fullmatch(r"((?:var|const|constref|out) )?(.*): (\w+)", parameter)
+        modifier, names, kind = form.groups("")
         if modifier + kind not in CODES:
             sys.exit(f"{UNIT}: no code for the parameter {parameter}")
         yield from [CODES[modifier + kind]] * (names.count(",") + 1)
