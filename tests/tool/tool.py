@@ -72,39 +72,33 @@ x deprecated
  logfreq use verbosity
 """)
 
-# ---- check: what it says of an option file main.opt, and of sub.opt where that is read
+# ---- check: what it says of an option file main.opt, and of others that this one reads; the library's own messages
+# are in the examples: one file is clean, in the other each planted mistake is reported at its line
 
+runs("check examples/solver.def examples/solver.opt --warnings-as-errors", None)
+mistakes = "examples/solver_mistakes"
+runs(f"check examples/solver.def {mistakes}.opt", read(f"{mistakes}.expected"), code=1)
 write("sub.opt", "\ntol x\n")
 write("six.opt", "method dual\niterlim 6\n")
 write("good.opt", "tol 1\n")
-UNKNOWN = 'main.opt:1: error: Unknown option "%s"%s\n'
 TWICE = 'Option "iterlim" is set to %d, but was set to %d at %s\n'
 INTEGER = 'main.opt:%d: error: Integer expected, for option "iterlim" saw "x"\n'
 for options, findings, code in (
-        # messages of the library: the line, the kind, further messages as notes
         ("iterlim 5\ntol 0.5\n", "", 0),
-        ("\n* comment\niterlim 1001\n",
-         'main.opt:3: error: Integer range error for option "iterlim" saw "1001"\n'
-         "main.opt:3: note: Valid range is minint to 1000\n", 1),
-        ("logfreq 5\n", 'main.opt:1: warning: deprecated option "logfreq"; use verbosity\n', 0),
-        ("= 5\n", 'main.opt:1: error: Option keyword expected, saw "="\n', 1),
         # nested files, also such as leave no notes
         ("readfile sub.opt\niterlim x\n", 'sub.opt:2: error: Double expected for option "tol" saw "x"\n' +
          INTEGER % 2, 1),
         ("readfile good.opt\nreadfile good.opt\niterlim x\n", INTEGER % 3, 1),
-        ("readfile none.opt\n", 'main.opt:1: error: Cannot open parameter file "none.opt"\n'
-         "main.opt:1: note: Error code = 2; No such file or directory\n", 1),
         # suggestions: options and synonyms, nearest first; dot options; enumerated values
-        ("iterlmi 5\n", UNKNOWN % ("iterlmi", '; did you mean "iterlim"?'), 1),
-        ("ITER 5\n", UNKNOWN % ("ITER", '; did you mean "iterlim" or "iterations"?'), 1),
-        ("iterlim_max 5\n", UNKNOWN % ("iterlim_max", '; did you mean "iterlim"?'), 1),
-        ("zzz 5\n", UNKNOWN % ("zzz", ""), 1),
-        ("x.piror\n", 'main.opt:1: error: unknown .suffix ".piror" for key "x"; did you mean ".prior"?\n', 1),
-        ("method daul\n",
-         'main.opt:1: error: Unknown value for option "method" saw "daul"; did you mean "dual"?\n'
-         "main.opt:1: note: Possible values are  primal dual\n", 1),
-        ("level 11\n", 'main.opt:1: error: Unknown value for option "level" saw "11"\n'
-         "main.opt:1: note: Possible values are  10 20\n", 1),
+        ("iterlmi 5\nITER 5\niterlim_max 5\nzzz 5\nx.piror\nmethod daul\n", """\
+main.opt:1: error: Unknown option "iterlmi"; did you mean "iterlim"?
+main.opt:2: error: Unknown option "ITER"; did you mean "iterlim" or "iterations"?
+main.opt:3: error: Unknown option "iterlim_max"; did you mean "iterlim"?
+main.opt:4: error: Unknown option "zzz"
+main.opt:5: error: unknown .suffix ".piror" for key "x"; did you mean ".prior"?
+main.opt:6: error: Unknown value for option "method" saw "daul"; did you mean "dual"?
+main.opt:6: note: Possible values are  primal dual
+""", 1),
         # set twice: only another value matters, by whatever name and through whatever file it comes
         ("iterlim 5\niterlim 5\ntol 1e-3\ntol 0.001\n", "", 0),
         ("iterlim 5\niterations 6\n", "main.opt:2: warning: " + TWICE % (6, 5, "main.opt:1"), 0),
@@ -159,11 +153,6 @@ runs("check none.def main.opt", None, None, 2)
 runs("check solver.def - --warnings-as-errors", None, "", 1, "logfreq 5\n")
 expect_part("message limit", run("check solver.def -", 6000 * "zzz 1\n")[0],
             '\n<stdin>:4999: error: Unknown option "zzz"\n<stdin>: error: Maximum of 5000 messages reached\n')
-
-# the examples: one file is clean, in the other each planted mistake is reported at its line
-runs("check examples/solver.def examples/solver.opt --warnings-as-errors", None)
-mistakes = "examples/solver_mistakes"
-runs(f"check examples/solver.def {mistakes}.opt", read(f"{mistakes}.expected"), code=1)
 
 # JSON; a byte that is no UTF-8 stands for the character of ISO 8859-1
 write("main.opt", "method \udce4ä\nmethdo 1\nhelp tol\n")
@@ -454,11 +443,6 @@ for command, said in (
     expect_part(command, err, said)
     expect(command, (out, code), ("", 2))
 expect("version", run("--version")[0][:9], "wexcorin ")
-for command in "check", "show", "help", "write", "doc":
-    out, err, code = run(f"{command} --help")
-    expect_part(f"{command} --help", out, f"wexcorin {command}")
-    expect_part(f"{command} --help", out, "Exit codes:")
-    expect(f"{command} --help", code, 0)
 
 # ---- the schemas; each is also tried on documents that are broken in one place: one that takes everything
 # would prove nothing
@@ -489,6 +473,6 @@ for schema, kind, key, value in (
         ("settings", "immediate", "value", 0)):
     broken = copy.deepcopy(documents[schema])
     next(each for each in broken["options"] if each["type"] == kind)[key] = value
-    if not problems(schema, broken):
-        failures.append(f"docs/{schema}.schema.json takes {key} = {value!r} for an option of type {kind}")
+    what = f"docs/{schema}.schema.json refuses {key} = {value!r} for {kind}"
+    expect(what, len(problems(schema, broken)) > 0, True)
 sys.exit("\n".join(failures) or 0)
