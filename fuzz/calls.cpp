@@ -90,6 +90,12 @@ struct tcontext : tdecoder {
     const std::string argument = text();
     return argument == "\x01" ? ttext(nullptr) : ttext(argument);
   }
+  // With a name and the text that comes out in one buffer.
+  template <class tfirst, class tsecond>
+  void callshared(tfirst first, tsecond second) {
+    ttext shared(name(), true);
+    pair->call(first, second, shared, shared);
+  }
   std::string filename() {
     constexpr std::array<const char*, 8> names = {"0", "1", "2", "3", "out", "full", "/", "absent"};
     const auto choice = static_cast<std::size_t>(pick(8));
@@ -112,15 +118,13 @@ using tcall = void (*)(tcontext&);
 constexpr tcall calls[] = {
     // ---- reading and writing
     [](tcontext& c) { c.pair->readdefinition(c.filename()); },
-    CALL(BOTH(readparameterfile), ttext(c.filename())),
-    CALL(BOTH(readfromstr), c.argument()),
+    CALL(BOTH(readparameterfile), ttext(c.filename())), CALL(BOTH(readfromstr), c.argument()),
     [](tcontext& c) {
       const std::string text(c.longtext());
       c.pair->one(optreadfrompchar, text == "\x01" ? nullptr : text.c_str());
     },
     CALL(BOTH(readfromliststr), ttext(c.name()), c.number(2), c.text1),
-    CALL(BOTH(writeparameterfile), ttext(c.filename())),
-    CALL(BOTH(showhelp), c.argument()),
+    CALL(BOTH(writeparameterfile), ttext(c.filename())), CALL(BOTH(showhelp), c.argument()),
     CALL(BOTH(showhelp), ttext(c.name())),
     // ---- messages
     CALL(BOTH(addmessage), c.argument()),
@@ -129,40 +133,23 @@ constexpr tcall calls[] = {
         c.pair->call(BOTH(addmessage), ttext("one of many"));
     },
     CALL(BOTH(getmessage), c.number(c.pair->one(optmessagecount)), c.text1, c.int1),
-    [](tcontext& c) { c.pair->clearmessages(); },
-    CALL(ONE(opterrorcount), c.int1, c.int2),
+    [](tcontext& c) { c.pair->clearmessages(); }, CALL(ONE(opterrorcount), c.int1, c.int2),
     // ---- resetting
-    CALL(ONE(optresetall)),
-    CALL(ONE(optresetallrecent)),
-    CALL(ONE(optresetrecentchanges)),
+    CALL(ONE(optresetall)), CALL(ONE(optresetallrecent)), CALL(ONE(optresetrecentchanges)),
     CALL(ONE(optresetnr), c.option()),
-    // ---- lookup; text in and out may share a buffer
-    CALL(BOTH(findstr), ttext(c.name()), c.int1, c.int2),
-    CALL(BOTH(lookup), c.argument()),
-    [](tcontext& c) {
-      ttext shared(c.name(), true);
-      c.pair->call(BOTH(getvalstr), shared, shared);
-    },
-    [](tcontext& c) {
-      ttext shared(c.name(), true);
-      c.pair->call(BOTH(getval2str), shared, shared);
-    },
+    // ---- lookup
+    CALL(BOTH(findstr), ttext(c.name()), c.int1, c.int2), CALL(BOTH(lookup), c.argument()),
+    [](tcontext& c) { c.callshared(BOTH(getvalstr)); }, [](tcontext& c) { c.callshared(BOTH(getval2str)); },
     // ---- values
     CALL(BOTH(getvaluesnr), c.option(), c.text1, c.int1, c.dbl1, c.text2),
     CALL(BOTH(setvaluesnr), c.option(), c.integer(), c.dbl(), c.argument()),
     CALL(BOTH(setvalues2nr), c.option(), c.integer(), c.dbl(), c.argument()),
-    CALL(ONE(optsetintnr), c.option(), c.integer()),
-    CALL(ONE(optsetint2nr), c.option(), c.integer()),
-    CALL(ONE(optsetdblnr), c.option(), c.dbl()),
-    CALL(ONE(optsetdbl2nr), c.option(), c.dbl()),
-    CALL(BOTH(setstrnr), c.option(), c.argument()),
-    CALL(BOTH(setstr2nr), c.option(), c.argument()),
-    CALL(ONE(optgetintnr), c.option(), c.int1),
-    CALL(ONE(optgetint2nr), c.option(), c.int1),
-    CALL(ONE(optgetdblnr), c.option(), c.dbl1),
-    CALL(ONE(optgetdbl2nr), c.option(), c.dbl1),
-    CALL(BOTH(getstrnr), c.option(), c.text1),
-    CALL(BOTH(getstr2nr), c.option(), c.text1),
+    CALL(ONE(optsetintnr), c.option(), c.integer()), CALL(ONE(optsetint2nr), c.option(), c.integer()),
+    CALL(ONE(optsetdblnr), c.option(), c.dbl()), CALL(ONE(optsetdbl2nr), c.option(), c.dbl()),
+    CALL(BOTH(setstrnr), c.option(), c.argument()), CALL(BOTH(setstr2nr), c.option(), c.argument()),
+    CALL(ONE(optgetintnr), c.option(), c.int1), CALL(ONE(optgetint2nr), c.option(), c.int1),
+    CALL(ONE(optgetdblnr), c.option(), c.dbl1), CALL(ONE(optgetdbl2nr), c.option(), c.dbl1),
+    CALL(BOTH(getstrnr), c.option(), c.text1), CALL(BOTH(getstr2nr), c.option(), c.text1),
     // ---- information
     [](tcontext& c) {
       tcalled{c, ONE(optgetinfonr), c.option(), c.int1, c.int2, c.int3, c.int4, c.int5, c.int6};
@@ -199,11 +186,7 @@ constexpr tcall calls[] = {
       tcalled{c, ONE(optindicatorcount), c.int1};
     },
     // ---- string lists
-    CALL(BOTH(listcountstr), c.argument()),
-    [](tcontext& c) {
-      ttext shared(c.name(), true);
-      c.pair->call(BOTH(getfromliststr), shared, shared);
-    },
+    CALL(BOTH(listcountstr), c.argument()), [](tcontext& c) { c.callshared(BOTH(getfromliststr)); },
     CALL(BOTH(getfromanystrlist), c.pick(2), c.text1, c.text2),
     // ---- dot options and indicators
     [](tcontext& c) {
@@ -215,8 +198,7 @@ constexpr tcall calls[] = {
       tcalled{c, BOTH(getvarindicatornr), number, index, c.text1};
     },
     // ---- flags
-    CALL(ONE(optechoset), c.integer()),
-    CALL(ONE(optnoboundsset), c.integer()),
+    CALL(ONE(optechoset), c.integer()), CALL(ONE(optnoboundsset), c.integer()),
     CALL(ONE(opteolonlyset), c.integer()),
     [](tcontext& c) {
       const std::int32_t flag = c.integer();
@@ -224,8 +206,7 @@ constexpr tcall calls[] = {
       HOLDS(c.pair->one(optrecentenabled) == (flag != 0 ? 1 : 0), flag);
     },
     // ---- reference numbers
-    CALL(ONE(optsetrefnr), c.option(), c.integer()),
-    CALL(BOTH(setrefnrstr), ttext(c.name()), c.integer()),
+    CALL(ONE(optsetrefnr), c.option(), c.integer()), CALL(BOTH(setrefnrstr), ttext(c.name()), c.integer()),
     // ---- without a handle
     [](tcontext& c) {
       call(BOTH(setloadpath), c.argument());
@@ -240,8 +221,7 @@ constexpr tcall calls[] = {
       constexpr std::array<const char*, 4> names = {"optGetNameNr", "optFindStr", "optGetInfoNr",
                                                     "optResetAll"};
       const std::size_t choice = c.byte() % 5;
-      call(xcheck, cxcheck, ttext(choice == 4 ? c.text() : names[choice]), count,
-           static_cast<const std::int32_t*>(codes.data()), c.text1);
+      call(xcheck, cxcheck, ttext(choice == 4 ? c.text() : names[choice]), count, codes.data(), c.text1);
     },
     // ---- files, and checks of everything
     [](tcontext& c) {
@@ -249,8 +229,7 @@ constexpr tcall calls[] = {
       writefile(name, c.longtext());
     },
     [](tcontext& c) { checkstate(*c.pair, tscope::whatisset); },
-    [](tcontext& c) { checkroundtrip(*c.pair, c.pick(1) != 0); },
-};
+    [](tcontext& c) { checkroundtrip(*c.pair, c.pick(1) != 0); }};
 
 }  // namespace
 }  // namespace fuzzing

@@ -86,52 +86,20 @@ class ttext {
   std::array<std::vector<unsigned char>, 2> fbuffers, fbefore;  // a buffer for each form
 };
 
-// An argument, by the type of its parameter in the short form: numbers and pointers as they are, ...
-template <class tparameter>
+// An argument in both forms: a text, a number that comes out, or what is the same in both, but for the handles.
 struct tslot {
-  tparameter value;
   bool hasboth() const { return true; }
   void prepare(bool) const {}
   void finish(bool) const {}
-  template <class>
-  tparameter pass(int) const {
-    return value;
-  }
 };
-// ... one handle for each form, ...
-template <>
-struct tslot<tvksoptions*> : tslot<const std::array<tvksoptions*, 2>&> {
-  template <class>
-  tvksoptions* pass(int form) const {
-    return value[static_cast<std::size_t>(form)];
-  }
-};
-// ... texts ...
-template <>
-struct tslot<const optshortstring*> {
-  ttext& value;
-  bool hasboth() const { return value.hasboth(); }
-  void prepare(bool both) const { value.prepare(both); }
-  void finish(bool both) const { value.finish(both); }
-  template <class tpointer>
-  tpointer pass(int form) const {
-    return value.pass<tpointer>(form);
-  }
-};
-template <>
-struct tslot<optshortstring*> : tslot<const optshortstring*> {};
-// ... and numbers that come out.
 inline constexpr int untouched = -77777;
 template <class tnumber>
-requires(std::is_arithmetic_v<tnumber> && !std::is_const_v<tnumber>) struct tslot<tnumber*> {
+struct tresultslot : tslot {
   tnumber& value;
   std::array<tnumber, 2> values = {untouched, untouched};
-  bool hasboth() const { return true; }
-  void prepare(bool) const {}
   void finish(bool) {
     using tbits = std::conditional_t<sizeof(tnumber) == 8, std::uint64_t, std::uint32_t>;
-    HOLDS(std::bit_cast<tbits>(values[0]) == std::bit_cast<tbits>(values[1]), std::to_string(values[0]),
-          std::to_string(values[1]));
+    HOLDS(std::bit_cast<tbits>(values[0]) == std::bit_cast<tbits>(values[1]), values[0], values[1]);
     value = values[0];
   }
   template <class>
@@ -139,6 +107,26 @@ requires(std::is_arithmetic_v<tnumber> && !std::is_const_v<tnumber>) struct tslo
     return &values[static_cast<std::size_t>(form)];
   }
 };
+template <class tvalue>
+struct tvalueslot : tslot {
+  const tvalue& value;
+  template <class tparameter>
+  tparameter pass(int form) const {
+    if constexpr (std::is_same_v<tvalue, std::array<tvksoptions*, 2>>)
+      return value[static_cast<std::size_t>(form)];
+    else
+      return value;
+  }
+};
+template <class tparameter, class targument>
+decltype(auto) slot(targument& argument) {
+  if constexpr (std::is_same_v<targument, ttext>)
+    return (argument);
+  else if constexpr (std::is_same_v<tparameter, targument*>)
+    return tresultslot<targument>{{}, argument};
+  else
+    return tvalueslot<targument>{{}, argument};
+}
 
 // The result of both; 0 when they have none.
 template <class tfirst, class tsecond>
@@ -157,7 +145,7 @@ std::int32_t agreed(tfirst first, tsecond second) {
 // A function without handle, in both forms.
 template <class tresult, class... tfirst, class... tsecond, class... targuments>
 std::int32_t call(tresult (*first)(tfirst...), tresult (*second)(tsecond...), targuments&&... arguments) {
-  const auto made = [&](auto... slots) {
+  const auto made = [&](auto&&... slots) {
     const bool both = (slots.hasboth() && ...);
     (slots.prepare(both), ...);
     const std::int32_t result = agreed([&] { return first(slots.template pass<tfirst>(0)...); },
@@ -168,7 +156,7 @@ std::int32_t call(tresult (*first)(tfirst...), tresult (*second)(tsecond...), ta
     (slots.finish(both), ...);
     return result;
   };
-  return made(tslot<tfirst>{arguments}...);
+  return made(slot<tfirst>(arguments)...);
 }
 
 class tpair {
