@@ -10,8 +10,7 @@ namespace {
 
 // Turns the bytes of an input into numbers and texts, from the front to the back. At the end every number is
 // 0 and every text empty.
-class tdecoder {
- public:
+struct tdecoder {
   explicit tdecoder(std::string_view input) : finput(input) {}
 
   bool atend() const { return finput.empty(); }

@@ -37,12 +37,8 @@ int created(std::string_view name) {
   return file;
 }
 
-int failed(int code) {
-  errno = code;
-  return -1;
-}
-
 int open(std::string_view name, int flags) {
+  const auto failed = [](int code) { return errno = code, -1; };
   if (opens-- <= 0) return failed(EMFILE);
   const bool iswriting = (flags & O_ACCMODE) != O_RDONLY;
   if (name == "/") return __real_open("/", flags & ~O_CREAT, 0);

@@ -7,11 +7,7 @@
 
 namespace fuzzing {
 
-namespace {
-
 constexpr std::size_t longest = 255;
-
-}  // namespace
 
 ttext::ttext(std::string_view text, bool takesresult) : fhasinitial(true), ftakesresult(takesresult) {
   const bool iscut = takesresult || text.find('\0') != std::string_view::npos;

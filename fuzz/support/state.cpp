@@ -148,23 +148,16 @@ std::string messages(tpair& pair) {
 
 void checkmessages(tpair& pair) {
   // how a message of each kind begins
-  constexpr const char* prefixes[] = {">> ",
-                                      "",
-                                      "*** Definition Error ",
-                                      "*** Value Error ",
-                                      "*** Warning ",
-                                      "*** Warning ",
-                                      "Reading parameter(s) from \"",
-                                      "Finished reading from \"",
-                                      "Maximum of 5000 messages reached",
-                                      "*** Error "};
+  constexpr const char* starts[] = {
+      ">> ",          "",         "*** Definition ", "*** Value ", "*** Warning ",
+      "*** Warning ", "Reading ", "Finished ",       "Maximum ",   "*** Error "};
   const std::int32_t count = pair.one(optmessagecount);
   ttext text;
   std::int32_t kind{}, errors{}, warnings{};
   std::array<std::int32_t, 10> kinds{};
   for (std::int32_t i = 1; i <= count; ++i) {
     pair.call(BOTH(getmessage), i, text, kind);
-    HOLDS(kind >= 0 && kind <= 9 && text.text().starts_with(prefixes[kind]), kind, text.text());
+    HOLDS(kind >= 0 && kind <= 9 && text.text().starts_with(starts[kind]), kind, text.text());
     ++kinds[static_cast<std::size_t>(kind)];
   }
   for (const std::int32_t beyond : {0, count + 1}) {
@@ -173,9 +166,8 @@ void checkmessages(tpair& pair) {
     HOLDS(kind == optMsgUserError, kind);
   }
   pair.one(opterrorcount, errors, warnings);
-  HOLDS(errors == kinds[optMsgDefineError] + kinds[optMsgValueError] + kinds[optMsgTooManyMsgs] +
-                      kinds[optMsgUserError],
-        errors);
+  const std::int32_t raised = kinds[optMsgDefineError] + kinds[optMsgValueError] + kinds[optMsgUserError];
+  HOLDS(errors == raised + kinds[optMsgTooManyMsgs], errors, raised);
   HOLDS(warnings == kinds[optMsgValueWarning] + kinds[optMsgDeprecated], warnings);
   HOLDS(kinds[optMsgTooManyMsgs] <= 1 && count - kinds[optMsgInputEcho] <= 5001, count);
 }
