@@ -1,6 +1,6 @@
 """Compares pascal/wexcorin.pas with the library: every short-string function and nothing else, each declared
-as the library's own signature says, and the constants. What is compared is read from the unit's text and becomes
-statements of unit.pas; so do the options in the maps of an include file that `doc pascal` wrote.
+as the library's own signature says, and the constants. What is compared is read from the unit's text and
+becomes statements of unit.pas; so do the options in the maps of an include file that `doc pascal` wrote.
 usage: unit.py LIBRARY_DIRECTORY [TOOL]; run in the repository's root; exit code 77: fpc is missing"""
 import re, shutil, subprocess, sys, tempfile
 

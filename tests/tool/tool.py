@@ -72,7 +72,7 @@ x deprecated
  logfreq use verbosity
 """)
 
-# ---- check: what it says of an option file main.opt, and of others that this one reads; the library's own messages
+# ---- check: what it says of an option file main.opt, and of others that this one reads; the library's messages
 # are in the examples: one file is clean, in the other each planted mistake is reported at its line
 
 runs("check examples/solver.def examples/solver.opt --warnings-as-errors", None)
@@ -128,13 +128,13 @@ for text, out, code in (
          "this line and all that follow are not read\n0 errors, 1 warning; 2 options, 0 set\n", 0)):
     runs("check -", out, code=code, stdin=text)
 
-# Names are suggested as the definition's lookup mode wants them typed, and never the one that was typed.
+# Names are suggested, nearest first, as the lookup mode wants them typed, and never the one that was typed.
 write("minos.def", "Minos lookup\nmajor_iterations integer 1 5 0 9 1 1 A\nmethod string 1 a 1 1 A\n")
-write("path.def", "Path lookup\ntol_x integer 1 5 0 9 1 1 A\ntol_xy integer 1 5 0 9 1 1 A\n")
+write("path.def", "Path lookup\n" + "".join(f"tol_{name} string 1 a 1 1 A\n" for name in ("x", "xyz", "xy")))
 for definition, option, suggestion in (
         ("minos", "major_iterations 5", "major iterations"),
         ("minos", "major itrations 5", "major iterations"),
-        ("minos", "mtehod slow", "method"), ("path", "tol_x 5", "tol_xy")):
+        ("minos", "mtehod slow", "method"), ("path", "tol_x 5", 'tol_xy" or "tol_xyz')):
     expect_part(option, run(f"check {definition}.def -", option)[0], f'; did you mean "{suggestion}"?\n')
 
 # --set after the files; standard input; files that cannot be opened; warnings as errors; many messages
