@@ -72,7 +72,7 @@ x deprecated
  logfreq use verbosity
 """)
 
-# ---- check: what it says of an option file main.opt, and of others that this one reads; the library's messages
+# ---- check: what it says of an option file main.opt, and of others that it reads; the library's messages
 # are in the examples: one file is clean, in the other each planted mistake is reported at its line
 
 runs("check examples/solver.def examples/solver.opt --warnings-as-errors", None)
