@@ -1,53 +1,41 @@
 // The check of interface version and function signatures.
 #include <iterator>
 #include <sstream>
-#include <string>
-#include <vector>
 
 #include "support/handle.h"
 
+namespace testsupport {
 namespace {
 
-using testsupport::bothforms;
-using testsupport::formname;
-using testsupport::invoke;
-using testsupport::tform;
-
-using tcodes = std::vector<std::int32_t>;
-
-int check(tform form, const std::string& name, const tcodes& codes, std::string& message) {
-  return invoke(form, xcheck, cxcheck, name, static_cast<int>(codes.size()) - 1, codes.data(), message);
-}
-
+// The client's version, the result, the kind of agreement, and the message.
 TEST(versioncheck, compares_the_client_s_version_with_the_library_s) {
-  struct {
-    int where;
-    int version;
-    int result;
-    int compat;
-    const char* message;
-  } const rows[] = {
-      {__LINE__, 2, 1, 1, "API version and library version are the same."},
-      {__LINE__, 3, 1, 3, "API version is newer than this library."},
-      {__LINE__, 2147483647, 1, 3, "API version is newer than this library."},
-      {__LINE__, 1, 1, 2, "Client version is compatible to this version of the library."},
-      {__LINE__, 0, 0, 0, "The API is too old for the used library, API version: 0, library version: 2"},
-      {__LINE__, -1, 0, 0, "The API is too old for the used library, API version: -1, library version: 2"},
-  };
-  for (const tform form : bothforms) {
-    for (const auto& row : rows) {
-      const testing::ScopedTrace trace(__FILE__, row.where, formname(form));
-      std::string message = "old";
-      std::int32_t compat = -1;
-      EXPECT_EQ(invoke(form, xapiversion, cxapiversion, row.version, message, compat), row.result);
-      EXPECT_EQ(compat, row.compat);
-      EXPECT_EQ(message, row.message);
-    }
-  }
+  foreachrow(R"(
+    2 => 1 1 => API version and library version are the same.
+    3 => 1 3 => API version is newer than this library.
+    2147483647 => 1 3 => API version is newer than this library.
+    1 => 1 2 => Client version is compatible to this version of the library.
+    0 => 0 0 => The API is too old for the used library, API version: 0, library version: 2
+    -1 => 0 0 => The API is too old for the used library, API version: -1, library version: 2
+  )",
+             [](thandle& h, const tcolumns& row) {
+               std::string message = "old";
+               std::int32_t compat = -1;
+               const int result =
+                   invoke(h.form(), xapiversion, cxapiversion, std::stoi(row[0]), message, compat);
+               EXPECT_EQ(std::to_string(result) + ' ' + std::to_string(compat), row[1]);
+               EXPECT_EQ(message, row[2]);
+             });
 }
 
-// What clients declare: result, then the arguments after the handle. A change breaks every client that was built
-// before; add a function under a new name instead.
+// The function as a client declares it: its name, the result's code, then those of the arguments after the handle.
+int check(tform form, const std::string& declared, std::string& message) {
+  std::istringstream words(declared.substr(declared.find(' ')));
+  const std::vector<std::int32_t> codes{std::istream_iterator<std::int32_t>(words), {}};
+  const int count = static_cast<int>(codes.size()) - 1;
+  return invoke(form, xcheck, cxcheck, declared.substr(0, declared.find(' ')), count, codes.data(), message);
+}
+
+// What clients declare. A change breaks every client that was built before; add a function under a new name instead.
 constexpr const char* declared =
     "optReadDefinition 3 11; optReadParameterFile 3 11; optReadFromStr 0 11; optWriteParameterFile 3 11; "
     "optClearMessages 0; optAddMessage 0 11; optGetMessage 0 3 12 4; optResetAll 0; optResetAllRecent 0; "
@@ -73,50 +61,32 @@ constexpr const char* declared =
 TEST(signaturecheck, every_function_is_as_clients_declare_it) {
   std::istringstream functions(declared);
   int count = 0;
-  for (std::string function; std::getline(functions >> std::ws, function, ';'); ++count) {
-    std::istringstream words(function);
-    std::string name;
-    words >> name;
-    const tcodes codes{std::istream_iterator<std::int32_t>(words), {}};
+  for (std::string function; std::getline(functions >> std::ws, function, ';'); ++count)
     for (const tform form : bothforms) {
       std::string message = "old";
-      EXPECT_EQ(check(form, name, codes, message), 1) << name;
+      EXPECT_EQ(check(form, function, message), 1) << function;
       EXPECT_EQ(message, "");
     }
-  }
   EXPECT_EQ(count, 75);
 }
 
 TEST(signaturecheck, tells_what_differs) {
-  struct {
-    int where;
-    std::string name;
-    tcodes codes;
-    std::string message;
-  } const rows[] = {
-      {__LINE__, "optreaddefinition", {3, 11}, "optreaddefinition cannot be found in wexcorin."},
-      {__LINE__, "", {3}, " cannot be found in wexcorin."},
-      {__LINE__, "xCreate", {3}, "xCreate cannot be found in wexcorin."},
-      {__LINE__, std::string(254, 'x'), {3}, std::string(254, 'x') + " "},
-      {__LINE__,
-       "optCount",
-       {3, 3},
-       "optCount has wrong number of arguments, the API expects 0 but it has 1 in the library."},
-      {__LINE__,
-       "optGetValuesNr",
-       {3, 3, 12, 4, 13, 12},
-       "optGetValuesNr has wrong argument type for argument 4"},
-      {__LINE__, "optFindStr", {0, 11, 3, 4}, "optFindStr has wrong argument type for argument 0,2"},
-      {__LINE__, "optFindStr", {0, 0, 0, 0}, "optFindStr has wrong argument type for argument 0,1,2,3"},
-  };
-  for (const tform form : bothforms) {
-    for (const auto& row : rows) {
-      const testing::ScopedTrace trace(__FILE__, row.where, formname(form));
-      std::string message = "old";
-      EXPECT_EQ(check(form, row.name, row.codes, message), 0);
-      EXPECT_EQ(message, row.message);
-    }
-  }
+  foreachrow(R"(
+    optreaddefinition 3 11 => optreaddefinition cannot be found in wexcorin.
+    \e 3 => \x20cannot be found in wexcorin.
+    xCreate 3 => xCreate cannot be found in wexcorin.
+    <254x> 3 => <254x>\x20
+    optCount 3 3 => optCount has wrong number of arguments, the API expects 0 but it has 1 in the library.
+    optGetValuesNr 3 3 12 4 13 12 => optGetValuesNr has wrong argument type for argument 4
+    optFindStr 0 11 3 4 => optFindStr has wrong argument type for argument 0,2
+    optFindStr 0 0 0 0 => optFindStr has wrong argument type for argument 0,1,2,3
+  )",
+             [](thandle& h, const tcolumns& row) {
+               std::string message = "old";
+               EXPECT_EQ(check(h.form(), row[0], message), 0);
+               EXPECT_EQ(message, row[1]);
+             });
 }
 
 }  // namespace
+}  // namespace testsupport

@@ -6,125 +6,97 @@ namespace testsupport {
 namespace {
 
 // Reading ends, and says nothing, at a line that begins with anything but a letter or a period and a letter,
-// unless the line continues the one above it. Each of these is put between a line of its kind and another
-// option.
+// unless the line continues the one above it. Another option follows, and is not read where reading ends.
 TEST(definitionblocks, linesthatendthereading) {
-  struct tstray {
-    int where;
-    std::string before;
-    std::string line;
-    bool ends;
-  };
-  const std::string option = "x strlist 1 0 0\n";
-  const tstray rows[] = {
-      {__LINE__, option, "5 strlist 1 0 0", true},
-      {__LINE__, option, ". y strlist 1 0 0", true},
-      {__LINE__, option, "\x1A", true},
-      {__LINE__, option, "\r", false},  // with its line feed an empty line
-      // After these lines nothing may be indented.
-      {__LINE__, option, " y strlist 1 0 0", true},
-      {__LINE__, "x string 1 t 0 0\n", " help", true},
-      {__LINE__, "ind indicator\n", " help", true},
-      // Help, values and members; a tab is no indentation.
-      {__LINE__, "x integer 1 0 0 0 0 0\n", "\thelp", true},
-      {__LINE__, "x integer 1 0 0 0 0 0\n", " ", false},
-      {__LINE__, "x boolean 1 0 0 0\n", "* no help\n\n help", false},
-      {__LINE__, "x enumint 1 5 0 0\n 5 0\n", " 6 0", false},
-      {__LINE__, "x enumstr 1 v 0 0\n v 0\n", " ", true},
-      {__LINE__, "x enumstr 1 v 0 0\n v 0\n", " \"\" 0", true},
-      {__LINE__, "x enumstr 1 v 0 0\n v 0\n", " , w 0", true},
-      {__LINE__, "x macro 0 0\n", " \t ", true},
-      {__LINE__, "names obsolete\n", " ", false},        // the block ends, the line is done with
-      {__LINE__, "names obsolete\n", " \n Help", true},  // and what follows is a line of its own
-  };
-  foreachrow(__FILE__, rows, [](thandle& h, const tstray& row) {
-    EXPECT_EQ(h.definition(row.before + row.line + "\nlast integer 1 0 0 0 0 0\n"), 0);
-    EXPECT_EQ(told(h), "");
-    EXPECT_EQ(h.lookup("last") < 0, row.ends);
-  });
-}
-
-TEST(definitionblocks, longhelp) {
-  inbothforms([](thandle& h) {
-    h.definition("x boolean 1 0 1 1 short\n   first  line  \n* left out\n\n \n second\n");
-    const std::string indent(24, ' ');
-    EXPECT_EQ(h.help("x"), (tlines{"x: short", indent + "boolean,  default: 0", indent + "first  line",
-                                   indent, indent + "second"}));
-  });
+  foreachrow(R"(
+    x strlist 1 0 0\n5 strlist 1 0 0 => ends
+    x strlist 1 0 0\n. y strlist 1 0 0 => ends
+    x strlist 1 0 0\n\x1A => ends
+    // with its line feed an empty line
+    x strlist 1 0 0\n\r
+    // After these lines nothing may be indented.
+    x strlist 1 0 0\n y strlist 1 0 0 => ends
+    x string 1 t 0 0\n help => ends
+    ind indicator\n help => ends
+    // Help, values and members; a tab is no indentation.
+    x integer 1 0 0 0 0 0\n\thelp => ends
+    x integer 1 0 0 0 0 0\n\x20
+    x boolean 1 0 0 0\n* no help\n\n help
+    x enumint 1 5 0 0\n 5 0\n 6 0
+    x enumstr 1 v 0 0\n v 0\n\x20 => ends
+    x enumstr 1 v 0 0\n v 0\n "" 0 => ends
+    x enumstr 1 v 0 0\n v 0\n , w 0 => ends
+    x macro 0 0\n \t\x20 => ends
+    // the block ends, the line is done with
+    names obsolete\n\x20
+    // and what follows is a line of its own
+    names obsolete\n \n Help => ends
+  )",
+             [](thandle& h, const tcolumns& row) {
+               EXPECT_EQ(h.definition(row[0] + "\nlast integer 1 0 0 0 0 0\n"), 0);
+               EXPECT_EQ(told(h), "");
+               EXPECT_EQ(h.lookup("last") < 0 ? "ends" : "", row[1]);
+             });
 }
 
 // What the words and members of a block do when the options are used.
 TEST(definitionblocks, blocksinuse) {
-  struct tuse {
-    int where;
-    const char* definition;
-    const char* text;
-    const char* settings;
-    const char* problems;
-  };
-  const char* const names =
+  checkreading(
       "x integer 1 0 0 9 0 0\ny integer 2 0 0 9 0 0\nsx synonym x\nsy synonym y\nnames deprecated\n"
       " x use z\n sx use x\nnames obsolete\n y went away\n sy use y\nnames deprecated\n"
-      " X  use it   no more\nnames obsolete\n sx\n";
-  const char* const lists =
+      " X  use it   no more\nnames obsolete\n sx\n",
+      R"(
+    eol => X 5 => x=5 => W1 deprecated option "X"; use it   no more
+    eol => sx 5 => => W1 deprecated synonym "sx";\x20
+    eol => y 5 => => W1 obsolete option "y"; went away
+    eol => SY 5 => => W1 obsolete synonym "SY"; use y
+  )");
+  checkreading(
       "x integer 1 0 0 9 0 0\nl strlist 1 0 0\nml multilist 2 0 0\n x, l\n l ml x nowhere x\n"
       "one macro 0 0\n x and what follows\n l\n x\ntwo macro 0 0\n one\n ml\n two\nmix multilist 3 0 0\n"
-      " one l\n";
-  const tuse rows[] = {
-      {__LINE__, names, "X 5", "x=5", R"(W deprecated option "X"; use it   no more)"},
-      {__LINE__, names, "sx 5", "", R"(W deprecated synonym "sx"; )"},
-      {__LINE__, names, "y 5", "", R"(W obsolete option "y"; went away)"},
-      {__LINE__, names, "SY 5", "", R"(W obsolete synonym "SY"; use y)"},
-      {__LINE__, lists, "ml 1::b:x:c::", "x=1 l=[]",
-       R"(V Integer expected, for option "ml" saw "x" | V Integer expected, for option "ml" saw "")"},
-      {__LINE__, lists, "ml 1:a:b:2:c:3:4", "x=3 l=[a]", R"(V Too many items for multilist "ml")"},
-      // A word ends at the path-list separator, not at a blank.
-      {__LINE__, lists, "ml 1: \ta b :c", "x=1 l=[a b ]", ""},
-      {__LINE__, lists, "ml 1 :b", "l=[b]", R"(V Integer expected, for option "ml" saw "1 ")"},
-      {__LINE__, lists, "ml \" \t \"", "", ""},
-      {__LINE__, lists, "ml 1:", "x=1", ""},
-      {__LINE__, lists, "mix 5:b:c", "x=5 l=[5|b]", R"(V Too many items for multilist "mix")"},
-      {__LINE__, lists, "two 50", "l=[50]",
-       R"(V Integer range error for option "two" saw "50" | V    Valid range is 0 to 9 | )"
-       R"(V Integer range error for option "two" saw "50" | V    Valid range is 0 to 9 | )"
-       R"(V Integer range error for option "two" saw "50" | V    Valid range is 0 to 9)"},
-  };
-  foreachrow(__FILE__, rows, [](thandle& h, const tuse& row) {
-    h.definition(row.definition);
-    optclearmessages(h.get());
-    h.string(row.text);
-    EXPECT_EQ(problems(h), row.problems);
-    EXPECT_EQ(settings(h), row.settings);
-  });
+      " one l\nmany multilist 3 0 0\n many x\n l\n",
+      R"(
+    eol => ml 1::b:x:c:: => x=1 l=[]
+      => V1 Integer expected, for option "ml" saw "x" | V1 Integer expected, for option "ml" saw ""
+    eol => ml 1:a:b:2:c:3:4 => x=3 l=[a] => V1 Too many items for multilist "ml"
+    // A word ends at the path-list separator, not at a blank.
+    eol => ml 1: \ta b :c => x=1 l=[a b ]
+    eol => ml 1 :b => l=[b] => V1 Integer expected, for option "ml" saw "1 "
+    eol => ml " \t "
+    eol => ml 1: => x=1
+    eol => mix 5:b:c => x=5 l=[5|b] => V1 Too many items for multilist "mix"
+    eol => two 50 => l=[50]
+      => V1 Integer range error for option "two" saw "50" | V1    Valid range is 0 to 9
+      | V1 Integer range error for option "two" saw "50" | V1    Valid range is 0 to 9
+      | V1 Integer range error for option "two" saw "50" | V1    Valid range is 0 to 9
+    // One that stands for itself passes a word by.
+    eol => many y:7:z => x=7 l=[z]
+    eol => many y:7:z:z => x=7 l=[z] => V1 Too many items for multilist "many"
+  )");
 }
 
 // Of all bytes those that the definition made a comment character end a parameter line.
 TEST(definitionblocks, commentcharacters) {
-  struct tcomment {
-    int where;
-    const char* lines;
-    const char* characters;
-  };
-  const tcomment rows[] = {
-      {__LINE__, "c eolcomm ! #", "!"},
-      {__LINE__, "c eolcomm x!", ""},
-      {__LINE__, "c eolcomm \xA7$%&()*,/:;<=>?@[\\]^_`{|}~", "$%&()*,/:;<=>?@[\\]^_`{|}~\xA7"},
-      {__LINE__, "c eolcomm !\"#", "!"},
-      {__LINE__, "c eolcomm !'#", "!"},
-      {__LINE__, "c eolcomm !1#", "!"},
-      {__LINE__, "c eolcomm !+#", "!"},
-      {__LINE__, "c eolcomm !\nd eolcomm #", "#"},
-  };
-  foreachrow(__FILE__, rows, [](thandle& h, const tcomment& row) {
-    h.definition(std::string("flag integer.NV 1 0 0 9 0 0\n") + row.lines);
-    std::string found;
-    for (int code = 1; code < 256; ++code) {
-      if (code == '\t' || code == '\n' || code == 26 || code == ' ') continue;
-      h.string(std::string("flag ") + static_cast<char>(code));
-      if (h.takemessages().empty()) found += static_cast<char>(code);
-    }
-    EXPECT_EQ(found, row.characters);
-  });
+  foreachrow(R"(
+    c eolcomm ! # => !
+    c eolcomm x!
+    c eolcomm \xA7$%&()*,/:;<\x3D>?@[\\]^_`{|}~ => $%&()*,/:;<\x3D>?@[\\]^_`{|}~\xA7
+    c eolcomm !"# => !
+    c eolcomm !'# => !
+    c eolcomm !1# => !
+    c eolcomm !+# => !
+    c eolcomm !\nd eolcomm # => #
+  )",
+             [](thandle& h, const tcolumns& row) {
+               h.definition("flag integer.NV 1 0 0 9 0 0\n" + row[0]);
+               std::string found;
+               for (int code = 1; code < 256; ++code) {
+                 if (code == '\t' || code == '\n' || code == 26 || code == ' ') continue;
+                 h.string(std::string("flag ") + static_cast<char>(code));
+                 if (h.takemessages().empty()) found += static_cast<char>(code);
+               }
+               EXPECT_EQ(found, row[1]);
+             });
 }
 
 // Sizes that no recursion survives: macros and multilists in chains of 100,000.

@@ -10,43 +10,36 @@ constexpr const char* options =
     "Read immediate ReadFile 0 0\nFree immediate NoBounds 0 0\nSay immediate Message 0 0\n"
     "marks eolcomm !\n";
 
-struct trow {
-  int where;
-  std::string inner;  // the file "inner"
-  std::string text;
-  std::string settings;
-  std::string told;
-};
-
+// The file "inner", the text that names it, what both set and say.
 TEST(nesting, includes) {
-  const trow rows[] = {
-      {__LINE__, "a 1\n", "read %DIR%/inner\r\nb 2", "a=1 b=2", ""},
-      {__LINE__, "", "read = \"%DIR%/inner\" b 2\na 1", "a=1 b=2", ""},
-      // Line numbers are those of each file, before and after.
-      {__LINE__, "\na x\n", "* first\nread %DIR%/inner b y\nbad 1", "",
-       R"(+OPT | +inner | V2 Integer expected, for option "a" saw "x" | -inner | V2 Integer expected, for option "b" saw "y" | E3 Unknown option "bad" | -OPT)"},
-      // The notes of a file with nothing to say go; those around it stay when there is something else to say.
-      {__LINE__, "a 1", "say one\nread %DIR%/inner say two", "a=1", R"(+OPT | E1 one | E2 two | -OPT)"},
-      {__LINE__, "say inside", "read %DIR%/inner", "", R"(+OPT | +inner | E1 inside | -inner | -OPT)"},
-      // The reading mode is each reading's own, checking of bounds is not.
-      {__LINE__, "s x, a 1\nlines off", "lines off read %DIR%/inner b 2 a 3\nb 4 a 5", "a=5 b=4 s=x, a 1",
-       ""},
-      {__LINE__, "lines off a 1 b 2", "read %DIR%/inner s x, a 3", "a=1 b=2 s=x, a 3", ""},
-      {__LINE__, "free on", "read %DIR%/inner a 50", "a=50",
-       R"(+OPT | W1 Integer range error for option "a" saw "50" | W1    Valid range is 0 to 9 | -OPT)"},
-      // Failures are told where the including file stands.
-      {__LINE__, "", "\nread %DIR%/. a 1\nread %DIR%/inner/x", "a=1",
-       R"(+OPT | E2 Cannot open parameter file "." | E2 Error code = 21; Is a directory | )"
-       R"(E3 Cannot open parameter file "inner/x" | E3 Error code = 20; Not a directory | -OPT)"},
-  };
-  foreachrow(__FILE__, rows, [](thandle& h, const trow& row) {
-    h.definition(options);
-    EXPECT_EQ(told(h), "");
-    h.file("inner", row.inner);
-    EXPECT_EQ(h.parameters(row.text), 0);
-    EXPECT_EQ(told(h), row.told);
-    EXPECT_EQ(settings(h), row.settings);
-  });
+  foreachrow(R"(
+    a 1\n => read %DIR%/inner\r\nb 2 => a=1 b=2
+    \e => read = "%DIR%/inner" b 2\na 1 => a=1 b=2
+    // Line numbers are those of each file, before and after.
+    \e\na x\n => * first\nread %DIR%/inner b y\nbad 1 =>
+      => +OPT | +inner | V2 Integer expected, for option "a" saw "x" | -inner
+      | V2 Integer expected, for option "b" saw "y" | E3 Unknown option "bad" | -OPT
+    // The notes of a file with nothing to say go; those around it stay when there is something else to say.
+    a 1 => say one\nread %DIR%/inner say two => a=1 => +OPT | E1 one | E2 two | -OPT
+    say inside => read %DIR%/inner => => +OPT | +inner | E1 inside | -inner | -OPT
+    // The reading mode is each reading's own, checking of bounds is not.
+    s x, a 1\nlines off => lines off read %DIR%/inner b 2 a 3\nb 4 a 5 => a=5 b=4 s=x, a 1
+    lines off a 1 b 2 => read %DIR%/inner s x, a 3 => a=1 b=2 s=x, a 3
+    free on => read %DIR%/inner a 50 => a=50
+      => +OPT | W1 Integer range error for option "a" saw "50" | W1    Valid range is 0 to 9 | -OPT
+    // Failures are told where the including file stands.
+    \e => \nread %DIR%/. a 1\nread %DIR%/inner/x => a=1
+      => +OPT | E2 Cannot open parameter file "." | E2 Error code = 21; Is a directory
+      | E3 Cannot open parameter file "inner/x" | E3 Error code = 20; Not a directory | -OPT
+  )",
+             [](thandle& h, const tcolumns& row) {
+               h.definition(options);
+               EXPECT_EQ(told(h), "");
+               h.file("inner", row[0]);
+               EXPECT_EQ(h.parameters(row[1]), 0);
+               EXPECT_EQ(settings(h), row[2]);
+               EXPECT_EQ(told(h), row[3]);
+             });
 }
 
 // A file that reads itself ends with the tenth; strings do not count, and the depth is back where it was.

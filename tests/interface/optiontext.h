@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <regex>
+#include <sstream>
 #include <string>
 
 #include "support/handle.h"
@@ -80,6 +81,19 @@ inline std::string settings(thandle& handle) {
     result += ',' + ((defined & 2) != 0 ? text : "-");
   }
   return result;
+}
+
+// Rows of a file that is read with the definition, what it sets, and what is told; before it "eol" for end-of-line
+// reading, "any" for both, else a word.
+inline void checkreading(const char* definition, const char* table, bool notes = false) {
+  foreachrow(table, [&](thandle& h, const tcolumns& row) {
+    EXPECT_EQ(h.definition(definition), 0);
+    optclearmessages(h.get());
+    opteolonlyset(h.get(), row[0] == "eol" ? 1 : 0);
+    EXPECT_EQ(h.parameters(row[1]), 0);
+    EXPECT_EQ(settings(h), row[2]);
+    EXPECT_EQ(told(h, notes), row[3]);
+  });
 }
 
 }  // namespace testsupport

@@ -6,9 +6,6 @@
 namespace testsupport {
 namespace {
 
-constexpr treading eolonly = treading::eolonly;
-constexpr treading normal = treading::normal;
-
 constexpr const char* options =
     "a integer 1 0 -100 100 1 1 an integer\nb integer 2 0 0 9 1 1\nd double 3 0 0 1 1 1\n"
     "s string 4 none 1 1\nt boolean 5 0 1 1\nl strlist 6 1 1\nnv integer.NV 7 7 0 9 1 1\n"
@@ -21,163 +18,125 @@ constexpr const char* options =
     " goneflag left, too\n was never more\nLines immediate EolFlag 0 0\nRead immediate ReadFile 0 0\n"
     "Say immediate Message 0 0\nFree immediate NoBounds 0 0\nmarks eolcomm !#\n";
 
-struct trow {
-  int where;
-  treading reading;
-  std::string text;  // a file
-  std::string settings;
-  std::string problems;
-};
+TEST(parameters, keysandvalues) {
+  checkreading(options, R"(
+    normal => , \tALIAS\t=\t1 ,-b=2 /d 0.5 -/-s x => a=1 b=2 d=0.5 --s=[x]
+    normal => -d.5 => d=0.5
+    // after a dash the period belongs to the value
+    normal => \x20,, a 1\nb 2 => b=2 => E1 Option keyword expected, saw ","
+    normal => a 1 , \n, ! b 3\n,\nb 2 => a=1 b=2
+    normal => - a 1\n-\nb 2 => b=2
+      => E1 Option keyword expected, saw " " | E2 Option keyword expected, saw ""
+    normal => a:=1 b 2\nb, 2\nnv! b 3\n--zz:5 => => E1 Bad separator after key "a"
+      | E2 Bad separator after key "b" | E3 Bad separator after key "nv" | E4 Bad separator after key "zz"
+    normal => * a 1\n\n * a 1\n\t! a 1\nb 2 ! a 1 => b=2 => E3 Option keyword expected, saw "*"
+    normal => bad , a 3 bad "x y" b 2\nbad=1 a 4\nbad = 1 a 5 => a=4 b=2
+      => E1 E1 E2 E3 Unknown option "bad" | E3 Option keyword expected, saw "1"
+    eol => ,a 1\n,b 2, => a=1 => V2 Integer expected, for option "b" saw "2,"
+    eol => \ta = 1 \nb := 2 # two => a=1 b=2
+    eol => a 1, b 2\ns 1, b 2 => s=1, b 2 => V1 Integer expected, for option "a" saw "1, b 2"
+    // Messages on values quote the key as typed.
+    normal => Alias 101 /B x => => V1 Integer range error for option "Alias" saw "101"
+      | V1    Valid range is -100 to 100 | V1 Integer expected, for option "B" saw "x"
 
-void check(thandle& h, const trow& row) {
-  h.definition(options);
-  EXPECT_EQ(joined(h.messages()), "");
-  opteolonlyset(h.get(), row.reading == eolonly ? 1 : 0);
-  EXPECT_EQ(h.parameters(row.text), 0);
-  EXPECT_EQ(settings(h), row.settings);
-  EXPECT_EQ(problems(h), row.problems);
-}
+    // Normal reading: one token.
+    normal => s "x y" b 2 => b=2 s=x y
+    normal => s "a"b"c" b 2 => b=2 => V1 Bad double-quote in value
+    // A quote that nothing closes is no value; a second quote inside a value opens a third.
+    normal => s "x y b 2\ns "a"b" b 2\nb 3 => b=3
+    normal => s "\ntwo "3\nb 3 => b=3
+    normal => s , b 2\na , t 1 => b=2 s= t=1 => V2 Integer expected, for option "a" saw ""
+    normal => s x!y # z => s=x!y
+    normal => l x l "y z",l "" l w => l=[x|y z||w]
+    normal => ALIAS\na :5\nb 2 => b=2
+      => E1 E2 Value expected for key "a" | E2 Option keyword expected, saw ":"
+    eol => t = \na ! 5\na :5\nb 2 => b=2
+      => E1 Value expected for key "t" | E2 E3 Value expected for key "a" | E3 Remainder of line ignored
+    // Options without a value or with one at will.
+    normal => nv flag b 2 => b=2 nv=7 flag=1
+    normal => nv 5 b 2\nflag=1 => nv=7 flag=1
+      => E1 Option keyword expected, saw "5" | E2 Option keyword expected, saw "="
+    eol => nv\nflag b 2\nflag =\nb 2 => b=2 nv=7 flag=1 => E2 E3 Remainder of line ignored
+    normal => b 2 opt => b=2 opt=8
+    normal => shape b 2 level => b=2 shape=box level=5
+    normal => opt b 2\nopt =\nopt , b 3 => b=3
+      => V1 Integer expected, for option "opt" saw "b" | E1 Option keyword expected, saw "2"
+      | E2 Value expected for key "opt" | V3 Integer expected, for option "opt" saw ""
+    // Two values: one sets both, "*" leaves a value as it is.
+    normal => two 3 4 b 2 => b=2 two=3,4
+    normal => two 3 => two=3,3
+    normal => two 3 * => two=3,-
+    normal => two 3, b 2 => b=2 two=3,- => V1 Integer expected, for option "two" saw ""
+    normal => two x => => V1 V1 Integer expected, for option "two" saw "x"
+    normal => two\ncolor red blue s x => s=x color=red,blue => E1 Value expected for key "two"
+    eol => two 3 4 5\ntwo 6,7 => two=6,-
+      => V1 Integer expected, for option "two" saw "4 5" | V2 Integer expected, for option "two" saw ",7"
+    eol => two * "4" # five => two=-,4
+    eol => color blue red wine => color=blue,-
+      => V1 Unknown value for option "color" saw "red wine" | V1    Possible values are  red blue
+    eol => l x, y\nl "z"\nl "" => l=[x, y|z|]
 
-TEST(parameters, keysandseparators) {
-  const trow rows[] = {
-      {__LINE__, normal, ", \tALIAS\t=\t1 ,-b=2 /d 0.5 -/-s x", "a=1 b=2 d=0.5 --s=[x]", ""},
-      {__LINE__, normal, "-d.5", "d=0.5", ""},  // after a dash the period belongs to the value
-      {__LINE__, normal, " ,, a 1\nb 2", "b=2", R"(E1 Option keyword expected, saw ",")"},
-      {__LINE__, normal, "a 1 , \n, ! b 3\n,\nb 2", "a=1 b=2", ""},
-      {__LINE__, normal, "- a 1\n-\nb 2", "b=2",
-       R"(E1 Option keyword expected, saw " " | E2 Option keyword expected, saw "")"},
-      {__LINE__, normal, "a:=1 b 2\nb, 2\nnv! b 3\n--zz:5", "",
-       R"(E1 Bad separator after key "a" | E2 Bad separator after key "b" | )"
-       R"(E3 Bad separator after key "nv" | E4 Bad separator after key "zz")"},
-      {__LINE__, normal, "* a 1\n\n * a 1\n\t! a 1\nb 2 ! a 1", "b=2",
-       R"(E3 Option keyword expected, saw "*")"},
-      {__LINE__, normal, "bad , a 3 bad \"x y\" b 2\nbad=1 a 4\nbad = 1 a 5", "a=4 b=2",
-       R"(E1 E1 E2 E3 Unknown option "bad" | E3 Option keyword expected, saw "1")"},
-      {__LINE__, eolonly, ",a 1\n,b 2,", "a=1", R"(V2 Integer expected, for option "b" saw "2,")"},
-      {__LINE__, eolonly, "\ta = 1 \nb := 2 # two", "a=1 b=2", ""},
-      {__LINE__, eolonly, "a 1, b 2\ns 1, b 2", "s=1, b 2",
-       R"(V1 Integer expected, for option "a" saw "1, b 2")"},
-      // Messages on values quote the key as typed.
-      {__LINE__, normal, "Alias 101 /B x", "",
-       R"(V1 Integer range error for option "Alias" saw "101" | V1    Valid range is -100 to 100 | )"
-       R"(V1 Integer expected, for option "B" saw "x")"},
-  };
-  foreachrow(__FILE__, rows, check);
-}
+    // The rest of a line.
+    eol => s  x  y \t ! z => s=x  y
+    eol => s "x ! y" # "z" => s=x ! y
+    eol => s "  x  " => s=x
+    eol => s "x y => => V1 Bad double-quote in value
+    eol => s "x" y => => V1 Bad double-quote in value
+    eol => a "5" ! five => a=5
+    // 255 characters are held; each further one takes the place of the last.
+    eol => s <254v>wxyz => s=<254v>z
+    eol => s <254v>wx  ! c => s=<254v>
+    eol => s "<254v>wxyz" ! c => => V1 Bad double-quote in value
+    normal => s "<254v>wxyz" b 2 => b=2 s=<254v>
 
-TEST(parameters, valuesandwhatfollows) {
-  const trow rows[] = {
-      // Normal reading: one token.
-      {__LINE__, normal, R"(s "x y" b 2)", "b=2 s=x y", ""},
-      {__LINE__, normal, R"(s "a"b"c" b 2)", "b=2", R"(V1 Bad double-quote in value)"},
-      // A quote that nothing closes is no value; a second quote inside a value opens a third.
-      {__LINE__, normal, "s \"x y b 2\ns \"a\"b\" b 2\nb 3", "b=3", ""},
-      {__LINE__, normal, "s \"\ntwo \"3\nb 3", "b=3", ""},
-      {__LINE__, normal, "s , b 2\na , t 1", "b=2 s= t=1", R"(V2 Integer expected, for option "a" saw "")"},
-      {__LINE__, normal, "s x!y # z", "s=x!y", ""},
-      {__LINE__, normal, "l x l \"y z\",l \"\" l w", "l=[x|y z||w]", ""},
-      {__LINE__, normal, "ALIAS\na :5\nb 2", "b=2",
-       R"(E1 E2 Value expected for key "a" | E2 Option keyword expected, saw ":")"},
-      {__LINE__, eolonly, "t = \na ! 5\na :5\nb 2", "b=2",
-       R"(E1 Value expected for key "t" | E2 E3 Value expected for key "a" | )"
-       R"(E3 Remainder of line ignored)"},
-      // Options without a value or with one at will.
-      {__LINE__, normal, "nv flag b 2", "b=2 nv=7 flag=1", ""},
-      {__LINE__, normal, "nv 5 b 2\nflag=1", "nv=7 flag=1",
-       R"(E1 Option keyword expected, saw "5" | E2 Option keyword expected, saw "=")"},
-      {__LINE__, eolonly, "nv\nflag b 2\nflag =\nb 2", "b=2 nv=7 flag=1",
-       R"(E2 E3 Remainder of line ignored)"},
-      {__LINE__, normal, "b 2 opt", "b=2 opt=8", ""},
-      {__LINE__, normal, "shape b 2 level", "b=2 shape=box level=5", ""},
-      {__LINE__, normal, "opt b 2\nopt =\nopt , b 3", "b=3",
-       R"(V1 Integer expected, for option "opt" saw "b" | E1 Option keyword expected, saw "2" | )"
-       R"(E2 Value expected for key "opt" | V3 Integer expected, for option "opt" saw "")"},
-      // Two values: one sets both, "*" leaves a value as it is.
-      {__LINE__, normal, "two 3 4 b 2", "b=2 two=3,4", ""},
-      {__LINE__, normal, "two 3", "two=3,3", ""},
-      {__LINE__, normal, "two 3 *", "two=3,-", ""},
-      {__LINE__, normal, "two 3, b 2", "b=2 two=3,-", R"(V1 Integer expected, for option "two" saw "")"},
-      {__LINE__, normal, "two x", "", R"(V1 V1 Integer expected, for option "two" saw "x")"},
-      {__LINE__, normal, "two\ncolor red blue s x", "s=x color=red,blue",
-       R"(E1 Value expected for key "two")"},
-      {__LINE__, eolonly, "two 3 4 5\ntwo 6,7", "two=6,-",
-       R"(V1 Integer expected, for option "two" saw "4 5" | )"
-       R"(V2 Integer expected, for option "two" saw ",7")"},
-      {__LINE__, eolonly, "two * \"4\" # five", "two=-,4", ""},
-      {__LINE__, eolonly, "color blue red wine", "color=blue,-",
-       R"(V1 Unknown value for option "color" saw "red wine" | V1    Possible values are  red blue)"},
-      {__LINE__, eolonly, "l x, y\nl \"z\"\nl \"\"", "l=[x, y|z|]", ""},
-  };
-  foreachrow(__FILE__, rows, check);
-}
+    // Deprecated names.
+    normal => OLD 3 b 2 => b=2 old=3 => W1 deprecated option "OLD"; use a
+    eol => gone 3 4\ngoneflag 1 => => W1 obsolete option "gone"; left in release 3
+      | W2 obsolete option "goneflag"; left, too | E2 Remainder of line ignored
+    normal => gonetwo 3 4 b 2 => b=2 => W1 obsolete option "gonetwo"; left as well
+    normal => lately 3 b 4 => b=4 => W1 deprecated synonym "lately"; b is shorter
+    // The word is that of all marks together, the text and the consequence those of the name that was used.
+    normal => mixed 3 was 4 => mixed=3
+      => W1 deprecated option "mixed"; use b | W1 deprecated synonym "was"; never more
 
-TEST(parameters, restofline) {
-  const char* const bad = "V1 Bad double-quote in value";
-  const std::string v254(254, 'v');
-  const trow rows[] = {
-      {__LINE__, eolonly, "s  x  y \t ! z", "s=x  y", ""},
-      {__LINE__, eolonly, R"(s "x ! y" # "z")", "s=x ! y", ""},
-      {__LINE__, eolonly, R"(s "  x  ")", "s=x", ""},
-      {__LINE__, eolonly, R"(s "x y)", "", bad},
-      {__LINE__, eolonly, R"(s "x" y)", "", bad},
-      {__LINE__, eolonly, R"(a "5" ! five)", "a=5", ""},
-      // 255 characters are held; each further one takes the place of the last.
-      {__LINE__, eolonly, "s " + v254 + "wxyz", "s=" + v254 + "z", ""},
-      {__LINE__, eolonly, "s " + v254 + "wx  ! c", "s=" + v254, ""},
-      {__LINE__, eolonly, "s \"" + v254 + "wxyz\" ! c", "", bad},
-      {__LINE__, normal, "s \"" + v254 + "wxyz\" b 2", "b=2 s=" + v254, ""},
-  };
-  foreachrow(__FILE__, rows, check);
-}
+    // Keys that make a list.
+    eol => --zz = a, b ! c\n//ZZ\n-/b 2 => --zz=[a, b ! c|] --b=[2]
+    normal => --zz = x y 1 --zz "a b",---zz :x => --zz=[x|a b|:x] => E1 Unknown option "y"
+    eol => --zz "a b"\n--zz ! => --zz=[] => V1 Bad double-quote in value
 
-TEST(parameters, deprecatednames) {
-  const trow rows[] = {
-      {__LINE__, normal, "OLD 3 b 2", "b=2 old=3", R"(W1 deprecated option "OLD"; use a)"},
-      {__LINE__, eolonly, "gone 3 4\ngoneflag 1", "",
-       R"(W1 obsolete option "gone"; left in release 3 | W2 obsolete option "goneflag"; left, too | )"
-       R"(E2 Remainder of line ignored)"},
-      {__LINE__, normal, "gonetwo 3 4 b 2", "b=2", R"(W1 obsolete option "gonetwo"; left as well)"},
-      {__LINE__, normal, "lately 3 b 4", "b=4", R"(W1 deprecated synonym "lately"; b is shorter)"},
-      // The word is that of all marks together, the text and the consequence those of the name that was used.
-      {__LINE__, normal, "mixed 3 was 4", "mixed=3",
-       R"(W1 deprecated option "mixed"; use b | W1 deprecated synonym "was"; never more)"},
-  };
-  foreachrow(__FILE__, rows, check);
-}
+    // Immediate options.
+    eol => Lines = OFF, a 1\nd 1 lines on s x, b 2\ns y z => a=1 d=1 s=y z
+    normal => lines perhaps s x y => s=x y
+    normal => LINES\nlines "no\nSay =\nread\nfree !\nsay , b 2 => b=2
+      => E1 Value expected for immediate option "LINES" | E2 Value expected for immediate option "lines"
+      | E3 Value expected for immediate option "Say" | E4 Value expected for immediate option "read"
+      | E5 Value expected for immediate option "free" | E6\x20
+    eol => say "hello there" say = you a 1 => a=1 => E1 hello there | E1 you
+    normal => free 1 b 50 free 0 a 500 => b=50
+      => W1 Integer range error for option "b" saw "50" | W1    Valid range is 0 to 9
+      | V1 Integer range error for option "a" saw "500" | V1    Valid range is -100 to 100
+    eol => help a b 2 => b=2
+      => a: an integer |                         integer,  range: -100 to 100 default: 0
+    eol => read "" b 2 => b=2
+      => E1 Cannot open parameter file "" | E1 Error code = 2; No such file or directory
 
-TEST(parameters, dashedkeys) {
-  const trow rows[] = {
-      {__LINE__, eolonly, "--zz = a, b ! c\n//ZZ\n-/b 2", "--zz=[a, b ! c|] --b=[2]", ""},
-      {__LINE__, normal, "--zz = x y 1 --zz \"a b\",---zz :x", "--zz=[x|a b|:x]", R"(E1 Unknown option "y")"},
-      {__LINE__, eolonly, "--zz \"a b\"\n--zz !", "--zz=[]", R"(V1 Bad double-quote in value)"},
-  };
-  foreachrow(__FILE__, rows, check);
+    // Carriage returns, code 26 and the 1,020 characters of a line that are read.
+    eol => a 1\r\n\r\nb 2\r\nnv\r\nd 1\r => a=1 b=2 d=1 nv=7
+    normal => s x\ry\r\r\nb 2 => b=2 s=x\ry\r
+    normal => \r
+    normal => \xEF\xBB\xBF\nb 2 => b=2 => E1 Option keyword expected, saw "\xEF"
+    normal => a 1\x1A b 3\nb\n2 => a=1
+      => E2 Value expected for key "b" | E3 Option keyword expected, saw "2"
+    eol => s x y\x1A z\na\x1A 5\nnv\x1A\n\x1A\nb 2 => b=2 s=x y nv=7 => E2 Value expected for key "a"
+    eol => s "x\x1A y"\nb 2 => b=2 => V1 Bad double-quote in value
+    eol => s <1017v>wxy\nb 2 => b=2 s=<254v>w
+    normal => s x<1015 >b 2\nt 1 => s=x t=1 => E1 Value expected for key "b"
+    eol => *<1000000v>\nb 2 => b=2
+  )");
   thandle h;  // the option that is made has nothing but its name
   h.string("--New text");
   EXPECT_EQ(settings(h), "--New=[text]");
   EXPECT_EQ(joined(h.help("--New")), "--New: \n" + std::string(24, ' ') + "strlist, \n");
-}
-
-TEST(parameters, immediateoptions) {
-  const trow rows[] = {
-      {__LINE__, eolonly, "Lines = OFF, a 1\nd 1 lines on s x, b 2\ns y z", "a=1 d=1 s=y z", ""},
-      {__LINE__, normal, "lines perhaps s x y", "s=x y", ""},
-      {__LINE__, normal, "LINES\nlines \"no\nSay =\nread\nfree !\nsay , b 2", "b=2",
-       R"(E1 Value expected for immediate option "LINES" | )"
-       R"(E2 Value expected for immediate option "lines" | )"
-       R"(E3 Value expected for immediate option "Say" | )"
-       R"(E4 Value expected for immediate option "read" | )"
-       R"(E5 Value expected for immediate option "free" | E6 )"},
-      {__LINE__, eolonly, "say \"hello there\" say = you a 1", "a=1", R"(E1 hello there | E1 you)"},
-      {__LINE__, normal, "free 1 b 50 free 0 a 500", "b=50",
-       R"(W1 Integer range error for option "b" saw "50" | W1    Valid range is 0 to 9 | )"
-       R"(V1 Integer range error for option "a" saw "500" | V1    Valid range is -100 to 100)"},
-      {__LINE__, eolonly, "help a b 2", "b=2",
-       "a: an integer |                         integer,  range: -100 to 100 default: 0"},
-      {__LINE__, eolonly, "read \"\" b 2", "b=2",
-       R"(E1 Cannot open parameter file "" | E1 Error code = 2; No such file or directory)"},
-  };
-  foreachrow(__FILE__, rows, check);
 }
 
 // An immediate option changes the mode of one reading, the exported switch that of all later ones.
@@ -198,61 +157,26 @@ TEST(parameters, readingmode) {
   });
 }
 
-// Definitions in which names are abbreviated or take several words.
+// Names that are abbreviated or take several words.
 TEST(parameters, lookupmodes) {
-  struct tlookup {
-    int where;
-    treading reading;
-    const char* mode;
-    const char* text;
-    const char* settings;
-    const char* problems;
-  };
-  const char* const names =
+  const std::string names =
       "major_iterations_limit integer 1 0 0 99 0 0\nscale_option strlist 2 0 0\nfast integer 3 0 0 99 0 0\n"
       "one_two_three_four integer 4 0 0 99 0 0\nnames deprecated\n major_iterations_limit too long\n";
-  const tlookup rows[] = {
-      {__LINE__, normal, "Path", "majXX_iter_lim 7 fas 3", "major_iterations_limit=7 fast=3", ""},
-      {__LINE__, normal, "Path", "--ab x --abcd y --aXb z --Xb w", "--ab=[x|y|z] --Xb=[w]", ""},
-      {__LINE__, normal, "Minos", "Major Iterations Limit 7 fas 3", "major_iterations_limit=7 fast=3",
-       R"(W deprecated option "Major_Iterations_Limit"; too long)"},
-      {__LINE__, normal, "Minos", "MAJX iterX limiXX=100", "",
-       R"(V Integer range error for option "MAJX_iterX_limiXX" saw "100" | V    Valid range is 0 to 99)"},
-      {__LINE__, eolonly, "Minos", "scale option x y", "scale_option=[x y]", ""},
-      {__LINE__, normal, "Minos", "scale -5 fast 3\n", "fast=3", R"(E Unknown option "scale")"},
-      {__LINE__, normal, "Minos", "one two three fox five one two three four 7", "one_two_three_four=7",
-       R"(E Unknown option "one_two_three_fox")"},
-      {__LINE__, normal, "Minos", "--zz y 1", "--zz_y=[1]", ""},
-  };
-  foreachrow(__FILE__, rows, [&](thandle& h, const tlookup& row) {
-    h.definition(std::string(row.mode) + " lookup\n" + names);
-    optclearmessages(h.get());
-    opteolonlyset(h.get(), row.reading == eolonly ? 1 : 0);
-    h.string(row.text);
-    EXPECT_EQ(settings(h), row.settings);
-    EXPECT_EQ(problems(h), row.problems);
-  });
-}
-
-// Carriage returns, code 26 and the 1,020 characters of a line that are read.
-TEST(parameters, endsoflines) {
-  const std::string v1017(1017, 'v');
-  const trow rows[] = {
-      {__LINE__, eolonly, "a 1\r\n\r\nb 2\r\nnv\r\nd 1\r", "a=1 b=2 d=1 nv=7", ""},
-      {__LINE__, normal, "s x\ry\r\r\nb 2", "b=2 s=x\ry\r", ""},
-      {__LINE__, normal, "\r", "", ""},
-      {__LINE__, normal, "\xEF\xBB\xBF\nb 2", "b=2", "E1 Option keyword expected, saw \"\xEF\""},
-      {__LINE__, normal, "a 1\x1A b 3\nb\n2", "a=1",
-       R"(E2 Value expected for key "b" | E3 Option keyword expected, saw "2")"},
-      {__LINE__, eolonly, "s x y\x1A z\na\x1A 5\nnv\x1A\n\x1A\nb 2", "b=2 s=x y nv=7",
-       R"(E2 Value expected for key "a")"},
-      {__LINE__, eolonly, "s \"x\x1A y\"\nb 2", "b=2", "V1 Bad double-quote in value"},
-      {__LINE__, eolonly, "s " + v1017 + "wxy\nb 2", "b=2 s=" + v1017.substr(0, 254) + "w", ""},
-      {__LINE__, normal, "s x" + std::string(1015, ' ') + "b 2\nt 1", "s=x t=1",
-       R"(E1 Value expected for key "b")"},
-      {__LINE__, eolonly, "*" + std::string(1000000, 'v') + "\nb 2", "b=2", ""},
-  };
-  foreachrow(__FILE__, rows, check);
+  checkreading(("Path lookup\n" + names).c_str(), R"(
+    normal => majXX_iter_lim 7 fas 3 => major_iterations_limit=7 fast=3
+    normal => --ab x --abcd y --aXb z --Xb w => --ab=[x|y|z] --Xb=[w]
+  )");
+  checkreading(("Minos lookup\n" + names).c_str(), R"(
+    normal => Major Iterations Limit 7 fas 3 => major_iterations_limit=7 fast=3
+      => W1 deprecated option "Major_Iterations_Limit"; too long
+    normal => MAJX iterX limiXX=100 => => V1 Integer range error for option "MAJX_iterX_limiXX" saw "100"
+      | V1    Valid range is 0 to 99
+    eol => scale option x y => scale_option=[x y]
+    normal => scale -5 fast 3\n => fast=3 => E1 Unknown option "scale"
+    normal => one two three fox five one two three four 7 => one_two_three_four=7
+      => E1 Unknown option "one_two_three_fox"
+    normal => --zz y 1 => --zz_y=[1]
+  )");
 }
 
 // A string and a buffer are one line each, without number; a line feed ends it, and nothing after it is read.

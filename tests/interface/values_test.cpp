@@ -1,7 +1,8 @@
 // Values: what the setters take from text and numbers, what they store, the words they refuse with, the
 // defined and recent flags, the out-of-bounds marks (visible as the brackets of the written file) and the
 // resets.
-#include <limits>
+#include <cmath>
+#include <cstdlib>
 
 #include "interface/optiontext.h"
 
@@ -13,77 +14,58 @@ void define(thandle& h) {
   ASSERT_EQ(told(h), "");
 }
 
-// Without checking of bounds.
-void definefree(thandle& h) {
-  define(h);
-  optnoboundsset(h.get(), 1);
-}
-
-struct ttextrow {
-  int where;
-  const char* option;
-  const char* text;
-  const char* value;      // afterwards
-  const char* told = "";  // with "@" for the name of the option
-};
-
+// The messages, with "@" for the option with its name.
 std::string toldof(thandle& h, const std::string& option) {
   return std::regex_replace(told(h), std::regex("option \"" + option + '"'), "@");
 }
 
-const std::vector<ttextrow> textrows = {
-    {__LINE__, "maxit", "0", "0"},
-    {__LINE__, "maxit", "1e1", "10"},
-    {__LINE__, "maxit", "-1", "5", R"(V Integer range error for @ saw "-1" | V    Valid range is 0 to 10)"},
-    {__LINE__, "maxit", "MaxInt", "5",
-     R"(V Integer range error for @ saw "2147483647" | V    Valid range is 0 to 10)"},
-    {__LINE__, "maxit", "2.5", "5", R"(V Integer expected, for @ saw "2.5")"},
-    {__LINE__, "big_step", "2.5d-1", "0.25"},
-    {__LINE__, "big_step", "-2", "0.5",
-     R"(V Double out of range for @ saw "-2" | V    Valid range is 0 to 1E20)"},
-    {__LINE__, "big_step", "1,5", "0.5", R"(V Double expected for @ saw "1,5")"},
-    {__LINE__, "span", "1e300", "0",
-     R"(V Double out of range for @ saw "1E300" | V    Valid range is mindouble to maxdouble)"},
-    {__LINE__, "note", "a, b", "a, b"},
-    {__LINE__, "note", "say \"hi", "none", "V Bad double-quote in value"},
-    {__LINE__, "maxit", "\"3\"", "5", "V Bad double-quote in value"},
-    {__LINE__, "flag", "2", "0", R"(V Boolean value expected for @ saw "2")"},
-    {__LINE__, "method", "Two Words", "two words"},
-    {__LINE__, "method", "prim", "auto",
-     R"(V Unknown value for @ saw "prim" | V    Possible values are  auto Primal two words)"},
-    {__LINE__, "level", "2", "2"},
-    {__LINE__, "level", "3", "1", R"(V Unknown value for @ saw "3" | V    Possible values are  1 2)"},
-    {__LINE__, "level", "1.0", "1", R"(V Integer expected, for @ saw "1.0")"},
-    {__LINE__, "limits", "1", ""},
-    {__LINE__, "quiet", "any \" text", "0"},  // only marks it; its own value is not the default
-};
-
-// A value outside is stored with the same words as a warning; text that does not parse is refused as before.
-// An enumerated string has no entry to store and becomes empty.
-const std::vector<ttextrow> freerows = {
-    {__LINE__, "maxit", "11", "11", R"(W Integer range error for @ saw "11" | W    Valid range is 0 to 10)"},
-    {__LINE__, "big_step", "-2", "-2",
-     R"(W Double out of range for @ saw "-2" | W    Valid range is 0 to 1E20)"},
-    {__LINE__, "level", "12", "12", R"(W Unknown value for @ saw "12" | W    Possible values are  1 2)"},
-    {__LINE__, "method", "prim", "",
-     R"(W Unknown value for @ saw "prim" | W    Possible values are  auto Primal two words)"},
-    {__LINE__, "maxit", "x", "5", R"(V Integer expected, for @ saw "x")"},
-    {__LINE__, "note", "\"", "none", "V Bad double-quote in value"},
-};
-
-void checktexts(const std::vector<ttextrow>& rows, void (*prepare)(thandle& h)) {
-  foreachrow(__FILE__, rows, [&](thandle& h, const ttextrow& row) {
-    prepare(h);
-    EXPECT_EQ(h.setstrnr(h.number(row.option), row.text), *row.told == 'V' ? 0 : 1);
-    EXPECT_EQ(h.value(row.option), row.value);
-    EXPECT_EQ(toldof(h, row.option), row.told);
+// An option, the text it is set to, its value then, and what is told.
+void checktexts(bool checkbounds, const char* table) {
+  foreachrow(table, [&](thandle& h, const tcolumns& row) {
+    define(h);
+    optnoboundsset(h.get(), checkbounds ? 0 : 1);
+    EXPECT_EQ(h.setstrnr(h.number(row[0]), row[1]), row[3][0] == 'V' ? 0 : 1);
+    EXPECT_EQ(h.value(row[0]), row[2]);
+    EXPECT_EQ(toldof(h, row[0]), row[3]);
   });
 }
 
-TEST(values, textisparsedandchecked) { checktexts(textrows, define); }
-TEST(values, textwithoutboundchecking) { checktexts(freerows, definefree); }
-
-TEST(values, booleanwords) {
+TEST(values, texts) {
+  checktexts(true, R"(
+    maxit => 0 => 0
+    maxit => 1e1 => 10
+    maxit => -1 => 5 => V Integer range error for @ saw "-1" | V    Valid range is 0 to 10
+    maxit => MaxInt => 5 => V Integer range error for @ saw "2147483647" | V    Valid range is 0 to 10
+    maxit => 2.5 => 5 => V Integer expected, for @ saw "2.5"
+    big_step => 2.5d-1 => 0.25
+    big_step => -2 => 0.5 => V Double out of range for @ saw "-2" | V    Valid range is 0 to 1E20
+    big_step => 1,5 => 0.5 => V Double expected for @ saw "1,5"
+    span => 1e300 => 0
+      => V Double out of range for @ saw "1E300" | V    Valid range is mindouble to maxdouble
+    note => a, b => a, b
+    note => say "hi => none => V Bad double-quote in value
+    maxit => "3" => 5 => V Bad double-quote in value
+    flag => 2 => 0 => V Boolean value expected for @ saw "2"
+    method => Two Words => two words
+    method => prim => auto
+      => V Unknown value for @ saw "prim" | V    Possible values are  auto Primal two words
+    level => 2 => 2
+    level => 3 => 1 => V Unknown value for @ saw "3" | V    Possible values are  1 2
+    level => 1.0 => 1 => V Integer expected, for @ saw "1.0"
+    limits => 1
+    // only marks it; its own value is not the default
+    quiet => any " text => 0
+  )");
+  // Without checking of bounds a value outside is stored with the same words as a warning; text that does not parse is
+  // refused as before. An enumerated string has no entry to store and becomes empty.
+  checktexts(false, R"(
+    maxit => 11 => 11 => W Integer range error for @ saw "11" | W    Valid range is 0 to 10
+    big_step => -2 => -2 => W Double out of range for @ saw "-2" | W    Valid range is 0 to 1E20
+    level => 12 => 12 => W Unknown value for @ saw "12" | W    Possible values are  1 2
+    method => prim => => W Unknown value for @ saw "prim" | W    Possible values are  auto Primal two words
+    maxit => x => 5 => V Integer expected, for @ saw "x"
+    note => " => none => V Bad double-quote in value
+  )");
   inbothforms([](thandle& h) {
     define(h);
     for (const std::string word : {"1", "0", "y", "N", "Yes", "no", "ON", "Off", "true", "FALSE", "T", "f"}) {
@@ -95,94 +77,78 @@ TEST(values, booleanwords) {
   });
 }
 
-enum class tsetter { intnr, int2nr, dblnr, dbl2nr, str2nr, valuesnr, values2nr };
-using enum tsetter;
-
-int apply(thandle& h, tsetter setter, int nr, double number, const char* text) {
-  const auto integer = [number] { return static_cast<std::int32_t>(number); };
-  switch (setter) {
-    case intnr: return optsetintnr(h.get(), nr, integer());
-    case int2nr: return optsetint2nr(h.get(), nr, integer());
-    case dblnr: return optsetdblnr(h.get(), nr, number);
-    case dbl2nr: return optsetdbl2nr(h.get(), nr, number);
-    case str2nr: return h.setstr2nr(nr, text);
-    case valuesnr: return h.setvaluesnr(nr, integer(), number, text);
-    case values2nr: return h.setvalues2nr(nr, integer(), number, text);
-  }
-  return -1;
+// The setter is called with the number, which is cut where it takes an integer, and the text behind it.
+int apply(thandle& h, const std::string& setter, int nr, const std::string& argument) {
+  const double number = std::strtod(argument.c_str(), nullptr);
+  const auto integer = std::isnan(number) ? 0 : static_cast<std::int32_t>(number);
+  const std::string text = argument.substr(argument.find(' ') + 1);
+  if (setter == "intnr") return optsetintnr(h.get(), nr, integer);
+  if (setter == "int2nr") return optsetint2nr(h.get(), nr, integer);
+  if (setter == "dblnr") return optsetdblnr(h.get(), nr, number);
+  if (setter == "dbl2nr") return optsetdbl2nr(h.get(), nr, number);
+  if (setter == "str2nr") return h.setstr2nr(nr, argument);
+  return setter == "valuesnr" ? h.setvaluesnr(nr, integer, number, text)
+                              : h.setvalues2nr(nr, integer, number, text);
 }
 
-struct tcallrow {
-  int where;
-  tsetter setter;
-  const char* option;
-  double number;  // cut to an integer where the setter takes one
-  const char* text;
-  int ok;
-  const char* value;  // first value, and for two-value options a bar and the second
-  const char* told = "";
-};
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-
-// A setter that does not fit the option's type or number of values answers 0 and says nothing.
-const std::vector<tcallrow> callrows = {
-    {__LINE__, intnr, "maxit", 10, "", 1, "10"},
-    {__LINE__, intnr, "maxit", 11, "", 0, "5",
-     R"(V Integer range error for @ saw "11" | V    Valid range is 0 to 10)"},
-    {__LINE__, intnr, "flag", -1, "", 0, "0",
-     R"(V Boolean out of range for @ saw "-1" | V    Valid values are 0 or 1)"},
-    {__LINE__, intnr, "level", 2, "", 1, "2"},
-    {__LINE__, intnr, "big_step", 1, "", 0, "0.5"},
-    {__LINE__, intnr, "limits", 1, "", 0, ""},
-    {__LINE__, int2nr, "pair", 7, "", 1, "1|7"},
-    {__LINE__, int2nr, "pair", 77, "", 0, "1|1",
-     R"(V Integer range error for @ saw "77" | V    Valid range is 0 to 10)"},
-    {__LINE__, int2nr, "maxit", 7, "", 0, "5"},
-    {__LINE__, int2nr, "span", 7, "", 0, "0|0"},
-    {__LINE__, dblnr, "big_step", 0.25, "", 1, "0.25"},
-    {__LINE__, dblnr, "big_step", nan, "", 0, "0.5",
-     R"(V Double out of range for @ saw "NAN" | V    Valid range is 0 to 1E20)"},
-    {__LINE__, dblnr, "maxit", 1, "", 0, "5"},
-    {__LINE__, dbl2nr, "span", 2.5, "", 1, "0|2.5"},
-    {__LINE__, dbl2nr, "big_step", 0.5, "", 0, "0.5"},
-    {__LINE__, str2nr, "pair", 0, "8", 1, "1|8"},
-    {__LINE__, str2nr, "both", 0, "\"", 0, "a|a", "V Bad double-quote in value"},
-    {__LINE__, str2nr, "note", 0, "x", 0, "none"},
-    // Of the three values the one of the option's type counts; a string option takes a double quote this way.
-    {__LINE__, valuesnr, "maxit", 3.5, "x", 1, "3"},
-    {__LINE__, valuesnr, "big_step", 0.5, "x", 1, "0.5"},
-    {__LINE__, valuesnr, "note", 3.5, "a\"b", 1, "a\"b"},
-    {__LINE__, valuesnr, "flag", 1.5, "off", 1, "1"},
-    {__LINE__, valuesnr, "method", 3.5, "primal", 1, "Primal"},
-    {__LINE__, valuesnr, "method", 3.5, "\"", 0, "auto",
-     R"(V Unknown value for @ saw """ | V    Possible values are  auto Primal two words)"},
-    {__LINE__, valuesnr, "level", 2.5, "1", 1, "2"},
-    {__LINE__, valuesnr, "words", 3.5, "3", 0, ""},
-    {__LINE__, valuesnr, "all", 3.5, "1", 0, ""},
-    {__LINE__, values2nr, "pair", 3.5, "x", 1, "1|3"},
-    {__LINE__, values2nr, "span", 3.5, "x", 1, "0|3.5"},
-    {__LINE__, values2nr, "both", 3.5, "B C", 1, "a|b c"},
-    {__LINE__, values2nr, "maxit", 3.5, "x", 0, "5"},
-};
-
+// The setter and the option, what it is called with, its result, and the option's value, or both of them. A setter that
+// does not fit the option's type or number of values answers 0 and says nothing.
 TEST(values, numberedsetters) {
-  foreachrow(__FILE__, callrows, [](thandle& h, const tcallrow& row) {
-    define(h);
-    EXPECT_EQ(apply(h, row.setter, h.number(row.option), row.number, row.text), row.ok);
-    const std::string second = h.value2(row.option);
-    EXPECT_EQ(h.value(row.option) + (second == "?" ? "" : "|" + second), row.value);
-    const std::string before = settings(h);
-    for (const int bad : {0, -1, optcount(h.get()) + 1})
-      EXPECT_EQ(apply(h, row.setter, bad, row.number, row.text), 0) << bad;
-    EXPECT_EQ(settings(h), before);
-    EXPECT_EQ(toldof(h, row.option), row.told);
-  });
+  foreachrow(R"(
+    intnr maxit => 10 => 1 => 10
+    intnr maxit => 11 => 0 => 5 => V Integer range error for @ saw "11" | V    Valid range is 0 to 10
+    intnr flag => -1 => 0 => 0 => V Boolean out of range for @ saw "-1" | V    Valid values are 0 or 1
+    intnr level => 2 => 1 => 2
+    intnr big_step => 1 => 0 => 0.5
+    intnr limits => 1 => 0
+    int2nr pair => 7 => 1 => 1|7
+    int2nr pair => 77 => 0 => 1|1 => V Integer range error for @ saw "77" | V    Valid range is 0 to 10
+    int2nr maxit => 7 => 0 => 5
+    int2nr span => 7 => 0 => 0|0
+    dblnr big_step => 0.25 => 1 => 0.25
+    dblnr big_step => nan => 0 => 0.5
+      => V Double out of range for @ saw "NAN" | V    Valid range is 0 to 1E20
+    dblnr maxit => 1 => 0 => 5
+    dbl2nr span => 2.5 => 1 => 0|2.5
+    dbl2nr big_step => 0.5 => 0 => 0.5
+    str2nr pair => 8 => 1 => 1|8
+    str2nr both => " => 0 => a|a => V Bad double-quote in value
+    str2nr note => x => 0 => none
+    // Of the three values the one of the option's type counts; a string option takes a double quote this way.
+    valuesnr maxit => 3.5 x => 1 => 3
+    valuesnr big_step => 0.5 x => 1 => 0.5
+    valuesnr note => 3.5 a"b => 1 => a"b
+    valuesnr flag => 1.5 off => 1 => 1
+    valuesnr method => 3.5 primal => 1 => Primal
+    valuesnr method => 3.5 " => 0 => auto
+      => V Unknown value for @ saw """ | V    Possible values are  auto Primal two words
+    valuesnr level => 2.5 1 => 1 => 2
+    valuesnr words => 3.5 3 => 0
+    valuesnr all => 3.5 1 => 0
+    values2nr pair => 3.5 x => 1 => 1|3
+    values2nr span => 3.5 x => 1 => 0|3.5
+    values2nr both => 3.5 B C => 1 => a|b c
+    values2nr maxit => 3.5 x => 0 => 5
+  )",
+             [](thandle& h, const tcolumns& row) {
+               define(h);
+               const std::string setter = row[0].substr(0, row[0].find(' '));
+               const std::string option = row[0].substr(setter.size() + 1);
+               EXPECT_EQ(std::to_string(apply(h, setter, h.number(option), row[1])), row[2]);
+               const std::string second = h.value2(option);
+               EXPECT_EQ(h.value(option) + (second == "?" ? "" : "|" + second), row[3]);
+               const std::string before = settings(h);
+               for (const int bad : {0, -1, optcount(h.get()) + 1})
+                 EXPECT_EQ(apply(h, setter, bad, row[1]), 0) << bad;
+               EXPECT_EQ(settings(h), before);
+               EXPECT_EQ(toldof(h, option), row[4]);
+             });
 }
 
 TEST(values, outofboundsmarks) {
   inbothforms([](thandle& h) {
-    definefree(h);
+    define(h);
+    optnoboundsset(h.get(), 1);
     EXPECT_EQ(optsetintnr(h.get(), h.number("flag"), -3), 1);
     EXPECT_EQ(told(h), R"(W Boolean out of range for option "flag" saw "-3" | W    Valid values are 0 or 1)");
     optsetint2nr(h.get(), h.number("pair"), 77);

@@ -14,6 +14,7 @@
 #include <tuple>
 #include <vector>
 
+#include "support/table.h"
 #include "wexcorin/wexcorin.h"
 
 namespace testsupport {
@@ -249,6 +250,17 @@ void foreachrow(const char* file, const Rows& rows, Check check) {
       const testing::ScopedTrace trace(file, row.where, formname(form));
       thandle handle(form);
       check(handle, row);
+    }
+}
+
+// check(handle, columns) for each row of the table, with a fresh handle of each form.
+template <class Check>
+void foreachrow(const char* table, Check check) {
+  for (const tform form : bothforms)
+    for (const std::string& row : rowsof(table)) {
+      SCOPED_TRACE(std::string(formname(form)) + ": " + row);
+      thandle handle(form);
+      check(handle, columnsof(row));
     }
 }
 

@@ -1,0 +1,191 @@
+// Lines on parts of a model: dot options, with the value for a name and its indices, and indicators, with an equation,
+// a variable and a boolean word; brackets, what is rejected and counted, the limits of 20 elements and 63 characters,
+// and where the line goes on after each error.
+#include "interface/optiontext.h"
+
+namespace testsupport {
+namespace {
+
+constexpr const char* options =
+    "a integer 1 0 -100 100 1 1\n.prior double 2 1 0 100 1 1\n.level integer 3 1 0 9 1 1\n"
+    ".keep boolean 4 0 1 1\n.kind enumint 5 1 1 1\n 1 1\n 5 1\n.note string 6 none 1 1\n"
+    ".mark boolean.NV 7 1 1 1\nFree immediate NoBounds 0 0\nmarks eolcomm !\nInd indicator\n";
+
+// "(a,b)" of the elements 1 to count; no other position has one.
+template <class tget>
+std::string elements(int count, tget get) {
+  std::string result, element;
+  for (int position = 1; position <= count; ++position) {
+    EXPECT_EQ(get(position, element), 1);
+    result += (position > 1 ? "," : "(") + element;
+  }
+  for (const int position : {-1, 0, count + 1}) {
+    EXPECT_EQ(get(position, element), 0);
+    EXPECT_EQ(element, "");
+  }
+  return result + (count > 0 ? ")" : "");
+}
+
+// "name.option(element,...)=value" for each dot entry, "equation(element,...)$variable(element,...)=value" for each
+// indicator, then "rejected n" where lines were rejected.
+std::string entries(thandle& h) {
+  std::string result, name, other;
+  std::int32_t rejected = -1, notaken = -1, option = 0, count = -1, othercount = -1, value = -1;
+  double number = -1;
+  for (int nr = 1; nr <= optdotoptcount(h.get(), &rejected); ++nr) {
+    EXPECT_EQ(h.getdotoptnr(nr, name, option, count, number) + h.getnamenr(option, other), 2);
+    name += other + elements(count, [&](int i, std::string& text) { return h.getdotoptuel(nr, i, text); });
+    result += name + '=' + std::to_string(number).substr(0, std::to_string(number).find(".000")) + ' ';
+  }
+  for (int nr = 1; nr <= optindicatorcount(h.get(), &notaken); ++nr) {
+    EXPECT_EQ(h.getindicatornr(nr, name, other, count, othercount, value), 1);
+    name += elements(count, [&](int i, std::string& text) { return h.getequindicatornr(nr, i, text); });
+    other += elements(othercount, [&](int i, std::string& text) { return h.getvarindicatornr(nr, i, text); });
+    result += name + '$' + other + '=' + std::to_string(value) + ' ';
+  }
+  if (rejected + notaken > 0) result += "rejected " + std::to_string(rejected + notaken) + ' ';
+  return result.substr(0, std::max<std::size_t>(result.size(), 1) - 1);
+}
+
+// What is read, what it adds, sets and says.
+void check(bool eolonly, const char* table) {
+  SCOPED_TRACE(eolonly ? "end-of-line reading" : "normal reading");
+  foreachrow(table, [&](thandle& h, const tcolumns& row) {
+    h.definition(options);
+    EXPECT_EQ(joined(h.messages()), "");
+    opteolonlyset(h.get(), eolonly ? 1 : 0);
+    h.parameters(row[0]);
+    EXPECT_EQ(entries(h), row[1]);
+    EXPECT_EQ(settings(h), row[2]);
+    EXPECT_EQ(problems(h), row[3]);
+  });
+}
+
+TEST(entries, dotoptions) {
+  for (const bool eolonly : {true, false})
+    check(eolonly, R"~(
+    X.PRIOR=10 y.level := 5, x.keep yes\na 1 => X.prior=10 y.level=5 x.keep=1
+      => a=1 .prior=10 .level=5 .keep=1
+    x.kind 5 x.note hi x.mark no x.mark => x.kind=5 x.note=0 x.mark=0 rejected 1 => .kind=5 .note=hi .mark=0
+      => E1 Value expected for .option "x"
+    x.prior('a','b') 2 x.prior[*] 3 x.prior {"c d" , 'e '} = 4 ! 5
+      => x.prior(a,b)=2 x.prior(*)=3 x.prior(c d,e)=4 => .prior=4
+    x.prior("it's",'',"'") 2 => x.prior(it's,,')=2 => .prior=2
+    x. 5 a 1\nx. a 1 => => a=1
+      => E1 .suffix expected for key "x" | E1 Option keyword expected, saw "5"
+      | E2 .suffix expected for key "x"
+    x.foo a 5\nx.foo 5 a 1 => => a=5
+      => E1 E2 unknown .suffix ".foo" for key "x" | E2 Option keyword expected, saw "5"
+    x.prior\nx.prior = ! 5\nx.prior "5 => rejected 3 => => E1 E2 E3 Value expected for .option "x"
+    x.prior 5 6 a 1 => x.prior=5 => .prior=5 => E1 Option keyword expected, saw "6"
+    x.prior('a',) 2\nx.prior( => rejected 2 =>
+      => E1 Element expected for .option "x" | E1 Option keyword expected, saw ")"
+      | E2 Element expected for .option "x"
+    x.prior(i) 1\nx.prior('a',i, a 1 => rejected 2 => a=1
+      => E1 Set name not allowed .option "x" | E1 Option keyword expected, saw ")"
+      | E2 Set name not allowed .option "x"
+    x.prior('a' 2 a 1\nx.prior('a) 3 => rejected 2 => a=1 .prior=2
+      => E1 E2 Closing bracket ")" expected for .option "x" | E2 Value expected for .option "x"
+    x.prior['a') 1 => rejected 1 =>
+      => E1 Closing bracket "]" expected for .option "x" | V1 Double expected for option ".prior" saw ")"
+      | E1 Option keyword expected, saw "1"
+    x.prior{'a' 2 => rejected 1 => .prior=2 => E1 Closing bracket "}" expected for .option "x"
+    // The value is one of the dot option itself, with its type and bounds.
+    x.prior 101 a 1\nx.level 2.5\nx.prior 5 => x.prior=5 rejected 2 => a=1 .prior=5
+      => V1 Double out of range for option ".prior" saw "101" | V1    Valid range is 0 to 100
+      | V2 Integer expected, for option ".level" saw "2.5"
+    free 1 x.prior 101 => x.prior=101 => .prior=101
+      => W1 Double out of range for option ".prior" saw "101" | W1    Valid range is 0 to 100
+    x.prior , a 1 => rejected 1 => a=1 => V1 Double expected for option ".prior" saw ""
+    // Limits. What is over them is stored all the same before the entry goes.
+    <63n>.prior 5\n<64n>.prior 6 a 1 => <63n>.prior=5 rejected 1 => a=1 .prior=6
+      => E2 .Option ID too long "<64n>"
+    x.prior('<254i>jk', 'l') 5 => x.prior(<253i>,l)=5 => .prior=5
+    x.prior(<19'x',>'y') 5 => x.prior(<19x,>y)=5 => .prior=5
+    x.prior(<19'x',>'y',*,'22') 5 a 1 => rejected 1 => a=1 .prior=5
+      => E1 E1 Too many dimensions for .option "x"
+    // A dash makes the period the first character of a value.
+    -a.5 => => => V1 Integer expected, for option "a" saw ".5"
+  )~");
+}
+
+TEST(entries, indicators) {
+  check(false, R"~(
+    IND Equ $ Var = off, a 1 => Equ$Var=0 => a=1
+    ind e('i',"j k")$v["j k"] := T ind\t f {i , j} $w ( j ) N ! 1 => e('i',"j k")$v("j k")=1 f(i,j)$w(j)=0
+    ind e$v 1 a 5 => e$v=1 => a=5
+    ind\nind 5 a 1\nind=e$v 1 => => => E1 E2 E3 Equation ID expected for indicator
+    ind e v 1\nind e('i')\nind e => rejected 3 => => E1 E2 E3 $ expected after equation identifier "e"
+    ind e$ 1 a 1\nind e$ => rejected 2 => => E1 E2 Equation ID expected for indicator
+    ind e$v = \nind e$v "1 => rejected 2 => => E1 E2 Boolean value expected for equation indicator "e"
+    ind e$v maybe a 1\nind e$v , a 1 => rejected 2 =>
+      => E1 Boolean value expected for equation indicator "e", Saw "maybe"
+      | E2 Boolean value expected for equation indicator "e", Saw ""
+    // An error among the elements ends that name; the line goes on with its next part.
+    ind e('i',)$v 1\nind e($v 1 a 1 => rejected 2 => a=1
+      => E1 Unique element expected for indicator id "e" | E1 $ expected after equation identifier "e"
+      | E2 Unique element expected for indicator id "e"
+    ind e(*$v 1 a 1\nind e(i)$v(* 1 a 2 => rejected 2 => a=2
+      => E1 Universe not allowed for indicator id "e" | E2 Universe not allowed for indicator id "v"
+    ind e[i $v 1 a 1\nind e{'i'}$v{'i' 1 a 2\nind e(i$v( => rejected 3 => a=2
+      => E1 Closing bracket "]" expected for id "e" | E2 Closing bracket "}" expected for id "v"
+      | E3 Closing bracket ")" expected for id "e" | E3 Unique element expected for indicator id "v"
+      | E3 Boolean value expected for equation indicator "e"
+    // A variable's names of sets must be among the equation's; quoted elements need not.
+    ind e(i,'j')$v(i,'k') 1 => e(i,'j')$v(i,'k')=1
+    ind e(i,'j')$v(j,k) 1 a 1\nind e(i)$v(I) 1 => rejected 2 => a=1
+      => E1 Index "j" not controled for variable "v" | E1 Index "k" not controled for variable "v"
+      | E2 Index "I" not controled for variable "v"
+    // Limits.
+    ind e(<19i,>j)$v(<19i,>j) 1 => e(<19i,>j)$v(<19i,>j)=1
+    ind e(<19i,>j,j,k)$v(i) 1 a 1 => rejected 1 => a=1 => E1 E1 Too many dimensions for equation "e"
+    ind e(<19i,>j)$v(<19i,>j,'j') 1 => rejected 1 => => E1 Too many dimensions for variable "v"
+    ind <64n>$v 1\nind e$<64v> 1 a 1 => rejected 2 => a=1
+      => E1 Not a good equation identifier "<64n>" | E2 Variable "<64v>" is not a good identifier
+    ind <63n>('<63n>')$<63n>('<63n>') 1 => <63n>('<63n>')$<63n>('<63n>')=1
+    ind e(<64n>,'<64n>')$v(<64n>,'<64v>') 1 => rejected 1 =>
+      => E1 E1 Bad Equation index = "e" | E1 E1 Bad variable index = "v"
+    // Not indicator lines.
+    -ind 1 a 5\nind.prior 7 => ind.prior=7 => a=5 .prior=7 => E1 Unknown option "ind"
+  )~");
+  // After a good line the statement is over in both reading modes; a comment or a rejected line leaves nothing over.
+  check(true, R"(
+    ind e$v 1 a 5\nind e$v 0 ind f$w yes 1\nind e v a 6\nind e$v no ! a 7
+      => e$v=1 e$v=0 f$w=1 e$v=0 rejected 1 => a=5
+      => E2 Option keyword expected, saw "1" | E3 $ expected after equation identifier "e"
+  )");
+}
+
+// Without a keyword there are no indicator lines; of several keywords the last counts.
+TEST(entries, keywordsofindicators) {
+  inbothforms([](thandle& h) {
+    h.definition("a integer 1 0 0 9 1 1\n");
+    h.string("ind e$v 1");
+    EXPECT_EQ(entries(h), "");
+    h.definition("ind indicator\nwhen indicator\n");
+    EXPECT_EQ(h.takemessages().size(), 4u);
+    h.string("when e$v 1");
+    h.string("ind e$v 0");
+    EXPECT_EQ(problems(h), R"(E Unknown option "ind")");
+    EXPECT_EQ(entries(h), "e$v=1");
+  });
+}
+
+// A hundred thousand lines; the entries stay through a reset and later readings.
+TEST(entries, many) {
+  thandle h;
+  h.definition(options);
+  h.string("first.prior 1");
+  optresetall(h.get());
+  std::string text;
+  for (int i = 0; i < 50000; ++i) text += "x.prior('a') 5\ny.prior 500\n";
+  h.parameters(text);
+  std::int32_t rejected = 0;
+  EXPECT_EQ(optdotoptcount(h.get(), &rejected), 97501);
+  // Two messages for a rejected value, until the list of messages is full; from then on nothing counts as an error.
+  EXPECT_EQ(rejected, 2500);
+  EXPECT_EQ(optmessagecount(h.get()), 5001);
+}
+
+}  // namespace
+}  // namespace testsupport

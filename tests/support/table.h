@@ -1,0 +1,63 @@
+// Tables in one text. A row is a line, together with the lines below it that begin with "=>", "|" or "\n". Between
+// its columns stands "=>"; those at the end may be missing. "\n", "\t", "\r", "\xHH" and the like are read as in a
+// literal, "\e" is nothing, "<3ab>" is "ababab". Lines that begin with "//" are comments.
+#pragma once
+
+#include <array>
+#include <regex>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace testsupport {
+
+using tcolumns = std::array<std::string, 6>;
+
+inline std::vector<std::string> rowsof(const char* table) {
+  std::vector<std::string> rows;
+  std::istringstream lines(table);
+  for (std::string line; std::getline(lines >> std::ws, line);) {
+    if (line.starts_with("//")) continue;
+    if (line.starts_with("\\n"))
+      rows.back() += line;
+    else if (line.starts_with("=>") || line[0] == '|')
+      rows.back() += ' ' + line;
+    else
+      rows.push_back(line);
+  }
+  return rows;
+}
+
+inline std::string literal(const std::string& text) {
+  static const std::regex special(R"(\\x(..)|\\([^])|<(\d+)([^>]+)>)");
+  std::string result;
+  auto rest = text.begin();
+  for (std::sregex_iterator at(text.begin(), text.end(), special), end; at != end; ++at) {
+    const std::smatch& found = *at;
+    result.append(rest, found[0].first);
+    rest = found[0].second;
+    if (found[1].matched) result += static_cast<char>(std::stoi(found[1], nullptr, 16));
+    for (int count = found[3].matched ? std::stoi(found[3]) : 0; count > 0; --count) result += found[4];
+    if (!found[2].matched || found[2] == "e") continue;
+    const std::size_t control = std::string_view("ntr").find(*found[2].first);
+    result += control < 3 ? "\n\t\r"[control] : *found[2].first;
+  }
+  return result.append(rest, text.end());
+}
+
+inline tcolumns columnsof(const std::string& row) {
+  tcolumns columns;
+  std::size_t column = 0;
+  for (std::size_t at = 0, end = 0; end != std::string::npos; at = end + 2) {
+    end = row.find("=>", at);
+    const std::string part = row.substr(at, end == std::string::npos ? end : end - at);
+    const std::size_t first = part.find_first_not_of(' ');
+    if (first != std::string::npos)
+      columns.at(column) = literal(part.substr(first, part.find_last_not_of(' ') + 1 - first));
+    ++column;
+  }
+  return columns;
+}
+
+}  // namespace testsupport
