@@ -5,9 +5,10 @@
 #include <dlfcn.h>
 #include <malloc.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <iostream>
+#include <iterator>
 #include <string>
 
 namespace {
@@ -16,9 +17,7 @@ using trunclient = std::size_t (*)(const char* written, char* text, std::size_t 
 
 void require(bool holds, const char* what) {
   if (holds) return;
-  const char* const reason = dlerror();
-  std::fprintf(stderr, "loader: not true: %s (%s)\n", what,
-               reason != nullptr ? reason : "no error of the loader");
+  std::cerr << "loader: not true: " << what << '\n';
   std::exit(1);
 }
 
@@ -47,16 +46,14 @@ class tclient {
 
 bool isloaded() {
   std::ifstream maps("/proc/self/maps");
-  for (std::string line; std::getline(maps, line);)
-    if (line.find("libwexcorin.so") != std::string::npos) return true;
-  return false;
+  return std::string(std::istreambuf_iterator<char>(maps), {}).find("libwexcorin.so") != std::string::npos;
 }
 
 // Pages that the process has, and bytes that it has allocated.
 struct tsize {
+  tsize() { std::ifstream("/proc/self/statm") >> pages; }
   long pages = 0;
   std::size_t bytes = mallinfo2().uordblks;
-  tsize() { std::ifstream("/proc/self/statm") >> pages; }
 };
 
 }  // namespace
@@ -82,8 +79,8 @@ int main(int, char** arguments) {
   for (int time = 101; time <= 1000; ++time) tclient(arguments[1 + time % 2]).touch();
   const tsize after;
 #ifndef WEXCORIN_SANITIZED  // sanitizers keep memory of their own for every loading
-  std::printf("%ld pages, %zu bytes; later %ld pages, %zu bytes\n", before.pages, before.bytes, after.pages,
-              after.bytes);
+  std::cout << before.pages << " pages, " << before.bytes << " bytes; later " << after.pages << ", "
+            << after.bytes << '\n';
   require(after.bytes <= before.bytes && after.pages <= before.pages, "loading leaves nothing behind");
 #endif
   require(tclient(arguments[1]).dojob(written) == expected, "the answers are the same after 1,000 times");

@@ -105,7 +105,7 @@ TEST(definition, whatismade) {
 
 TEST(definition, failedchecks) {
   check(R"(
-    HELP integer 1 0 0 9 1 1 => HELP integer 0 in 0..9 (1 1 1) => 1 HELP: Duplicate option
+    * nothing\n\nHELP integer 1 0 0 9 1 1 => HELP integer 0 in 0..9 (1 1 1) => 3 HELP: Duplicate option
     x integer => x integer 0 in 0..0 (0 0 0)
       => 1 x: Bad usermap value; Bad default value; Bad low value; Bad high value; Bad HC value; Bad Group value
     x integer 1 "5 0 9 2 3\ny integer 2 0 0 9 2 3

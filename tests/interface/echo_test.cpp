@@ -5,33 +5,24 @@
 namespace testsupport {
 namespace {
 
-const std::string mark = "\xBB";
-
+// A line and the pieces in which it is echoed; the marks are of code 187.
 TEST(echo, piecesofaline) {
-  struct trow {
-    int where;
-    std::string line;
-    tlines pieces;
-  };
-  const auto c = [](std::size_t count) { return std::string(count, 'c'); };
-  const trow rows[] = {
-      {__LINE__, " nv\t! x", {"  nv\t! x"}},
-      {__LINE__, '*' + c(129), {" *" + c(129)}},
-      {__LINE__, '*' + c(130), {mark + '*' + c(129), mark + 'c'}},
-      {__LINE__, '*' + c(131), {mark + '*' + c(129) + mark, mark + "cc"}},
-      {__LINE__, '*' + c(259), {mark + '*' + c(129) + mark, mark + c(130)}},
-      {__LINE__, '*' + c(260), {mark + '*' + c(129) + mark, mark + c(130), mark + 'c'}},
-      {__LINE__, '*' + c(299), {mark + '*' + c(129) + mark, mark + c(130) + mark, mark + c(40)}},
-  };
-  foreachrow(__FILE__, rows, [](thandle& h, const trow& row) {
-    h.definition("nv integer.NV 1 0 0 9 1 1\nmarks eolcomm !\n");
-    optechoset(h.get(), 1);
-    h.parameters(row.line + "\nnv");
-    tlines expected = {"Reading parameter(s) from \"OPT\""};
-    for (const std::string& piece : row.pieces) expected.push_back(">> " + piece);
-    expected.insert(expected.end(), {">>  nv", "Finished reading from \"OPT\""});
-    EXPECT_EQ(joined(h.messages()), joined(expected));
-  });
+  foreachrow(R"(
+    \x20nv\t! x => >>  \x20nv\t! x\n
+    *<129c> => >>  *<129c>\n
+    *<130c> => >> \xBB*<129c>\n>> \xBBc\n
+    *<131c> => >> \xBB*<129c>\xBB\n>> \xBBcc\n
+    *<259c> => >> \xBB*<129c>\xBB\n>> \xBB<130c>\n
+    *<260c> => >> \xBB*<129c>\xBB\n>> \xBB<130c>\n>> \xBBc\n
+    *<299c> => >> \xBB*<129c>\xBB\n>> \xBB<130c>\xBB\n>> \xBB<40c>\n
+  )",
+             [](thandle& h, const tcolumns& row) {
+               h.definition("nv integer.NV 1 0 0 9 1 1\nmarks eolcomm !\n");
+               optechoset(h.get(), 1);
+               h.parameters(row[0] + "\nnv");
+               EXPECT_EQ(joined(h.messages()), "Reading parameter(s) from \"OPT\"\n" + row[1] +
+                                                   ">>  nv\nFinished reading from \"OPT\"\n");
+             });
 }
 
 // A string or a buffer is echoed before the note on entering it, which then meets its leave note and goes.

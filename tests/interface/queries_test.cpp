@@ -126,18 +126,21 @@ const std::vector<trow> rows = {
 };
 
 TEST(queries, bynumber) {
-  foreachrow(__FILE__, rows, [](thandle& h, const trow& row) {
-    EXPECT_EQ(row.ask(h, {1, row.item}), row.failed) << "without a definition";
-    define(h);
-    h.string("maxit 3");
-    optsetint2nr(h.get(), h.number("pair"), 4);
-    optsetdbl2nr(h.get(), h.number("off_grid"), 2.5);
-    h.setstrnr(h.number("pairstr"), "Y");
-    h.string("x.off('u') 3 ind e('i')$v 1");
-    EXPECT_EQ(row.ask(h, {row.nr, row.item}), row.expected);
-    for (const int nr : {row.unfit, 0, -1, 99}) EXPECT_EQ(row.ask(h, {nr, row.item}), row.failed) << nr;
-    EXPECT_EQ(joined(h.messages()), "");
-  });
+  for (const trow& row : rows) {
+    const testing::ScopedTrace trace(__FILE__, row.where, row.expected);
+    inbothforms([&row](thandle& h) {
+      EXPECT_EQ(row.ask(h, {1, row.item}), row.failed) << "without a definition";
+      define(h);
+      h.string("maxit 3");
+      optsetint2nr(h.get(), h.number("pair"), 4);
+      optsetdbl2nr(h.get(), h.number("off_grid"), 2.5);
+      h.setstrnr(h.number("pairstr"), "Y");
+      h.string("x.off('u') 3 ind e('i')$v 1");
+      EXPECT_EQ(row.ask(h, {row.nr, row.item}), row.expected);
+      for (const int nr : {row.unfit, 0, -1, 99}) EXPECT_EQ(row.ask(h, {nr, row.item}), row.failed) << nr;
+      EXPECT_EQ(joined(h.messages()), "");
+    });
+  }
 }
 
 // Data types by option, then the names of codes, for a group up to the first number that has none.
@@ -178,7 +181,9 @@ TEST(queries, byname) {
   inbothforms([](thandle& h) {
     define(h);
     EXPECT_EQ(ask<optcount>(h, {}) + ask<optsynonymcount>(h, {}) + ask<optgroupcount>(h, {}), "1622");
-    EXPECT_EQ(h.definitionfile(), "DEF");
+    std::string file;
+    h.definitionfile(file);
+    EXPECT_EQ(file, "DEF");
     EXPECT_EQ(h.value("MAXIT") + h.value("iterations") + h.value("names") + h.value2("pair"), "551");
     EXPECT_EQ((ask<optgetvalstr, coptgetvalstr>(h, {0, 0, "nosuch"})), "0|");
     for (const char* name : {"nosuch", "maxit", "ghost"})

@@ -15,9 +15,10 @@ namespace {
 
 constexpr unsigned char guardbyte = 0xA5;
 
-void replaceall(std::string& text, std::string_view from, std::string_view to) {
+std::string replaced(std::string text, std::string_view from, std::string_view to) {
   for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
     text.replace(at, from.size(), to);
+  return text;
 }
 
 }  // namespace
@@ -68,17 +69,15 @@ bool setcommalocale() {
 }
 
 targument<const optshortstring*>::targument(std::string_view text) {
-  ftext.length = static_cast<unsigned char>(std::min<std::size_t>(text.size(), sizeof ftext.text));
-  std::copy_n(text.begin(), ftext.length, ftext.text);
+  ftext.length = static_cast<unsigned char>(text.copy(ftext.text, sizeof ftext.text));
 }
 
 ttextout::ttextout(std::string& text, tform form) : ftext(text), fform(form) {
   fbuffer.fill(guardbyte);
-  if (ftext.size() > 255) ftext.resize(255);
-  const bool isshort = form == tform::shortstring;
-  if (isshort) *buffer() = static_cast<unsigned char>(ftext.size());
-  std::copy(ftext.begin(), ftext.end(), buffer() + (isshort ? 1 : 0));
-  if (!isshort) buffer()[ftext.size()] = 0;
+  ftext.resize(std::min<std::size_t>(ftext.size(), 255));
+  const std::string before =
+      fform == tform::shortstring ? static_cast<char>(ftext.size()) + ftext : ftext + '\0';
+  std::copy(before.begin(), before.end(), buffer());
 }
 
 ttextout::~ttextout() {
@@ -89,17 +88,10 @@ ttextout::~ttextout() {
   const char* const start = reinterpret_cast<const char*>(buffer());
   const std::size_t length = strnlen(start, 256);
   EXPECT_TRUE(fform == tform::shortstring || length < 256) << "no terminator";
-  if (fform == tform::shortstring)
-    ftext.assign(start + 1, *buffer());
-  else
-    ftext.assign(start, length);
+  ftext = fform == tform::shortstring ? std::string(start + 1, *buffer()) : std::string(start, length);
 }
 
-thandle::thandle(tform form) : fform(form) {
-  tvksoptions* const created = xcreate(&fhandle);
-  EXPECT_NE(created, nullptr);
-  EXPECT_EQ(created, fhandle);
-}
+thandle::thandle(tform form) : fform(form) { EXPECT_EQ(xcreate(&fhandle), fhandle); }
 
 thandle::~thandle() {
   xfree(&fhandle);
@@ -107,14 +99,7 @@ thandle::~thandle() {
 }
 
 std::string thandle::expanded(std::string_view text) const {
-  std::string result(text);
-  replaceall(result, "%DIR%", fdirectory.path("").substr(0, fdirectory.path("").size() - 1));
-  return result;
-}
-
-std::string thandle::shortened(std::string text) const {
-  replaceall(text, fdirectory.path(""), "");
-  return text;
+  return replaced(std::string(text), "%DIR%/", fdirectory.path(""));
 }
 
 int thandle::definition(std::string_view text) {
@@ -123,9 +108,7 @@ int thandle::definition(std::string_view text) {
 int thandle::parameters(std::string_view text) {
   return readparameterfile(fdirectory.write("OPT", expanded(text)));
 }
-void thandle::string(std::string_view text) {
-  invoke(fform, optreadfromstr, coptreadfromstr, fhandle, expanded(text));
-}
+void thandle::string(std::string_view text) { readfromstr(expanded(text)); }
 void thandle::pchar(const std::string& text) { optreadfrompchar(fhandle, expanded(text).c_str()); }
 void thandle::file(std::string_view name, std::string_view text) { fdirectory.write(name, expanded(text)); }
 
@@ -135,7 +118,7 @@ tlines thandle::messages() {
     std::string text;
     std::int32_t kind = -1;
     getmessage(nr, text, kind);
-    result.push_back(shortened(text));
+    result.push_back(replaced(text, fdirectory.path(""), ""));
   }
   return result;
 }
@@ -174,17 +157,6 @@ std::string thandle::value(const std::string& name) {
 std::string thandle::value2(const std::string& name) {
   std::string text;
   return getval2str(name, text) != 0 ? text : "?";
-}
-
-std::string thandle::definitionfile() const {
-  std::string text;
-  invoke(fform, optdefinitionfile, coptdefinitionfile, fhandle, text);
-  return text;
-}
-std::string thandle::version() const {
-  std::string text;
-  invoke(fform, optversion, coptversion, fhandle, text);
-  return text;
 }
 
 }  // namespace testsupport

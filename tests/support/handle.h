@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <type_traits>
 #include <vector>
 
 #include "support/table.h"
@@ -46,34 +47,18 @@ class ttempdir {
 // Switches the process to a locale with a decimal comma: an installed one, else one made here.
 bool setcommalocale();
 
-// What a function of either form takes for an argument, by the parameter's type: numbers and handles as they are.
+// What a function of either form takes for an argument, by the parameter's type: numbers and handles as they are, an
+// output by its address.
 template <class tparameter>
 class targument {
  public:
   explicit targument(tparameter value) : fvalue(value) {}
+  explicit targument(std::remove_pointer_t<tparameter>& output) requires std::is_pointer_v<tparameter>
+      : fvalue(&output) {}
   tparameter pass() { return fvalue; }
 
  private:
   tparameter fvalue;
-};
-
-// A number output.
-template <class tnumber>
-class tnumberout {
- public:
-  explicit tnumberout(tnumber& number) : fnumber(&number) {}
-  tnumber* pass() { return fnumber; }
-
- private:
-  tnumber* fnumber;
-};
-template <>
-class targument<std::int32_t*> : public tnumberout<std::int32_t> {
-  using tnumberout::tnumberout;
-};
-template <>
-class targument<double*> : public tnumberout<double> {
-  using tnumberout::tnumberout;
 };
 
 // A text, or null.
@@ -171,13 +156,14 @@ class thandle {
   std::string value(const std::string& name);   // optGetValStr, "?" for an unknown name
   std::string value2(const std::string& name);  // optGetVal2Str, "?" where there is none
 
-  std::string definitionfile() const;
-  std::string version() const;
 #define WEXCORIN_METHOD(name)                                           \
   template <class... targuments>                                        \
   auto name(targuments&&... arguments) const {                          \
     return invoke(fform, opt##name, copt##name, fhandle, arguments...); \
   }
+  WEXCORIN_METHOD(version)
+  WEXCORIN_METHOD(definitionfile)
+  WEXCORIN_METHOD(readfromstr)
   WEXCORIN_METHOD(readdefinition)
   WEXCORIN_METHOD(readparameterfile)
   WEXCORIN_METHOD(readfromliststr)
@@ -199,69 +185,44 @@ class thandle {
   WEXCORIN_METHOD(getnamenr)
   WEXCORIN_METHOD(gethelpnr)
   WEXCORIN_METHOD(getopthelpnr)
-  WEXCORIN_METHOD(getdefaultstr)
   WEXCORIN_METHOD(getenumhelp)
   WEXCORIN_METHOD(getenumvalue)
-  WEXCORIN_METHOD(getenumstrnr)
   WEXCORIN_METHOD(getsynonym)
   WEXCORIN_METHOD(getgroupnr)
-  WEXCORIN_METHOD(getconstname)
   WEXCORIN_METHOD(gettypename)
   WEXCORIN_METHOD(listcountstr)
-  WEXCORIN_METHOD(getfromliststr)
-  WEXCORIN_METHOD(getfromanystrlist)
   WEXCORIN_METHOD(getdotoptnr)
   WEXCORIN_METHOD(getdotoptuel)
   WEXCORIN_METHOD(getindicatornr)
   WEXCORIN_METHOD(getequindicatornr)
   WEXCORIN_METHOD(getvarindicatornr)
-  WEXCORIN_METHOD(setrefnrstr)
 #undef WEXCORIN_METHOD
 
  private:
   std::string expanded(std::string_view text) const;
-  std::string shortened(std::string text) const;
 
   tvksoptions* fhandle = nullptr;
   tform fform;
   ttempdir fdirectory;
 };
 
-inline const char* formname(tform form) {
-  return form == tform::shortstring ? "short strings" : "zero-terminated strings";
-}
-
 // check(handle) with a fresh handle of each form.
 template <class Check>
 void inbothforms(Check check) {
   for (const tform form : bothforms) {
-    SCOPED_TRACE(formname(form));
+    SCOPED_TRACE(form == tform::shortstring ? "short strings" : "zero-terminated strings");
     thandle handle(form);
     check(handle);
   }
 }
 
-// check(handle, row) for each row, with a fresh handle of each form. Rows have a field `where`, filled by
-// __LINE__, so that a failure names the row's own source line; `file` is __FILE__.
-template <class Rows, class Check>
-void foreachrow(const char* file, const Rows& rows, Check check) {
-  for (const tform form : bothforms)
-    for (const auto& row : rows) {
-      const testing::ScopedTrace trace(file, row.where, formname(form));
-      thandle handle(form);
-      check(handle, row);
-    }
-}
-
 // check(handle, columns) for each row of the table, with a fresh handle of each form.
 template <class Check>
 void foreachrow(const char* table, Check check) {
-  for (const tform form : bothforms)
-    for (const std::string& row : rowsof(table)) {
-      SCOPED_TRACE(std::string(formname(form)) + ": " + row);
-      thandle handle(form);
-      check(handle, columnsof(row));
-    }
+  for (const std::string& row : rowsof(table)) {
+    SCOPED_TRACE(row);
+    inbothforms([&](thandle& handle) { check(handle, columnsof(row)); });
+  }
 }
 
 }  // namespace testsupport

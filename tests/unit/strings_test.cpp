@@ -1,10 +1,15 @@
-// Short strings, heap strings, comparison without regard to case and the routines on short texts.
+// Short strings, heap strings, comparison without regard to case and the routines on short texts; the lists: growth,
+// search, deletion, ownership and sorting.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
 #include <string>
+#include <vector>
 
 #include "base/heapstring.h"
 #include "base/strutilx.h"
+#include "base/vksobj.h"
 
 namespace wexcorin {
 namespace {
@@ -34,22 +39,17 @@ TEST(heapstrings, the_empty_text_is_no_block) {
 
 // Every pair of bytes, and texts long enough to be compared by words: only A to Z have another case.
 TEST(comparison, only_letters_of_the_alphabet_have_a_case) {
-  for (int first = 0; first < 256; ++first) {
+  const auto upper = [](int code) { return code >= 'a' && code <= 'z' ? code - 32 : code; };
+  for (int first = 0; first < 256; ++first)
     for (int second = 0; second < 256; ++second) {
-      const auto upper = [](int code) { return code >= 'a' && code <= 'z' ? code - 32 : code; };
-      const char a = static_cast<char>(first);
-      const char b = static_cast<char>(second);
+      const char a = static_cast<char>(first), b = static_cast<char>(second);
       const bool equal = upper(first) == upper(second);
-      const std::string texta = std::string("12345678abcde") + a;
-      const std::string textb = std::string("12345678ABCDE") + b;
+      const std::string texta = std::string("12345678abcde") + a, textb = std::string("12345678ABCDE") + b;
       ASSERT_EQ(struequal(texta, textb), equal) << first << " " << second;
       ASSERT_EQ(struequal(a + texta, b + textb), equal) << first << " " << second;
       ASSERT_EQ(strucmp(texta, textb), upper(first) - upper(second));
-      if (equal) {
-        ASSERT_EQ(struhash(texta), struhash(textb));
-      }
+      ASSERT_TRUE(!equal || struhash(texta) == struhash(textb));
     }
-  }
   EXPECT_LT(strucmp("abc", "ABCD"), 0);
   EXPECT_EQ(strucmp("abc", "ABC"), 0);
   EXPECT_FALSE(struequal("abc", "abcd"));
@@ -57,19 +57,14 @@ TEST(comparison, only_letters_of_the_alphabet_have_a_case) {
 }
 
 TEST(texts, positions_count_from_1) {
-  const std::string_view text = "banana";
-  EXPECT_EQ(lchpos('a', text), 2);
-  EXPECT_EQ(lchpos('a', text, 3), 4);
-  EXPECT_EQ(lchpos('x', text), 0);
-  EXPECT_EQ(rchpos('a', text), 6);
-  EXPECT_EQ(lchupos('N', text), 3);
-  EXPECT_EQ(rchupos('N', text), 5);
-  EXPECT_EQ(rchupos('N', text, 4), 3);
   tcharset set;
   set.set('n').set('b');
-  EXPECT_EQ(lchsetpos(set, text, 2), 3);
-  EXPECT_EQ(rchsetpos(set, text), 5);
-  EXPECT_EQ(rchsetpos(set, ""), 0);
+  const std::vector<std::int32_t> positions = {lchpos('a', "banana"),     lchpos('a', "banana", 3),
+                                               lchpos('x', "banana"),     rchpos('a', "banana"),
+                                               lchupos('N', "banana"),    rchupos('N', "banana"),
+                                               rchupos('N', "banana", 4), lchsetpos(set, "banana", 2),
+                                               rchsetpos(set, "banana"),  rchsetpos(set, "")};
+  EXPECT_EQ(positions, (std::vector<std::int32_t>{2, 4, 0, 6, 3, 5, 3, 3, 5, 0}));
 }
 
 TEST(texts, replacing_filling_and_splitting) {
@@ -79,19 +74,115 @@ TEST(texts, replacing_filling_and_splitting) {
   EXPECT_EQ(deletechar('a', "banana").view(), "bnn");
   EXPECT_EQ(lowercase("AbC\xC4").view(), "abc\xC4");
   EXPECT_EQ(uppercase("aBc\xE4").view(), "ABC\xE4");
-  EXPECT_EQ(padleft("ab", 4).view(), "  ab");
-  EXPECT_EQ(padright("ab", 4).view(), "ab  ");
-  EXPECT_EQ(padright("abcde", 4).view(), "abcde");
+  EXPECT_EQ(concat(padleft("ab", 4), padright("ab", 4), padright("abcde", 4)).view(), "  abab  abcde");
   EXPECT_EQ(padrightmod("abcde", 4).view(), "abcde   ");
-  EXPECT_EQ(padrightmod("abcd", 4).view(), "abcd");
-  EXPECT_EQ(padrightmod("abcd", 0).view(), "abcd");
-  EXPECT_EQ(fillstr('-', 3).view(), "---");
+  EXPECT_EQ(concat(padrightmod("abcd", 4), padrightmod("abcd", 0), fillstr('-', 3)).view(), "abcdabcd---");
   EXPECT_EQ(trim(" \t a b\t "), "a b");
   EXPECT_EQ(trim("  "), "");
   std::int32_t position = 1;
-  EXPECT_EQ(extracttoken("  one two", position), "one");
-  EXPECT_EQ(extracttoken("  one two", position), "two");
-  EXPECT_EQ(extracttoken("  one two", position), "");
+  for (const char* token : {"one", "two", ""}) EXPECT_EQ(extracttoken("  one two", position), token);
+}
+
+TEST(lists, grow_eightfold_while_small_and_by_a_quarter_past_a_million) {
+  EXPECT_EQ(growncapacity(0), 16);
+  EXPECT_EQ(growncapacity(0xFFFFF), 8 * 0xFFFFF);
+  EXPECT_EQ(growncapacity(0x100000), 0x140000);
+  EXPECT_THROW(growncapacity(2000000000), std::bad_alloc);
+}
+
+// Tells on destruction.
+struct tteller {
+  ~tteller() { ftarget += fname; }
+  std::string& ftarget;
+  char fname;
+};
+
+TEST(lists, owning_lists_free_what_they_lose_and_clear_from_the_end) {
+  std::string told;
+  {
+    txstringlistobj<tteller> texts;
+    for (const char name : {'a', 'b', 'c', 'd'})
+      texts.addobject(std::string(1, name), new tteller{told, name});
+    texts.remove(1);
+    EXPECT_EQ(told, "b");
+    EXPECT_EQ(texts.getname(1), "c");
+    texts.setcapacity(1);
+    EXPECT_EQ(texts.capacity(), 3);
+    texts.clear();
+    EXPECT_EQ(told, "bdca");
+    EXPECT_EQ(texts.capacity(), 0);
+    texts.addobject("e", new tteller{told, 'e'});
+    txlistobj<tteller> items;
+    items.add(new tteller{told, 'x'});
+    items.put(0, new tteller{told, 'y'});
+    EXPECT_EQ(told, "bdcax");
+  }
+  EXPECT_EQ(told, "bdcaxye");
+}
+
+TEST(lists, of_texts_are_searched_and_sorted_without_regard_to_case) {
+  txstrings texts;
+  for (const char* text : {"b", "C", "A"}) texts.add(text);
+  EXPECT_EQ(texts.indexof("a"), 2);
+  EXPECT_EQ(texts.indexof("d"), -1);
+  texts.sortn(3);
+  EXPECT_EQ(concat(texts.get(0), texts.get(1), texts.get(2)).view(), "AbC");
+  txlist<std::int32_t> numbers;  // have no order
+  for (const std::int32_t number : {2, 1}) numbers.add(number);
+  numbers.sortn(2);
+  EXPECT_EQ(numbers.indexof(2), 1);
+  EXPECT_EQ(numbers.indexof(3), -1);
+}
+
+TEST(lists, a_search_finds_the_first_of_equal_names_after_every_change) {
+  std::mt19937 random(1);
+  const auto number = [&random](std::int32_t below) {
+    return static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(below));
+  };
+  const auto name = [&] { return (number(2) == 0 ? "name" : "NAME") + std::to_string(number(200)); };
+  txstringlist<std::int32_t> list;
+  EXPECT_EQ(list.indexof("x"), -1);
+  for (int step = 0; step < 4000; ++step) {
+    const std::int32_t change = number(20);
+    if (change < 8 || list.count() < 3)
+      list.add(name());
+    else if (change == 8)
+      list.insertitem(number(list.count()), name(), step);
+    else if (change == 9)
+      list.remove(number(list.count()));
+    else if (change == 10)
+      list.exchange(number(list.count()), number(list.count()));
+    else if (change == 11 && step % 50 == 0)
+      list.sortn(list.count());
+    const std::string wanted = name();
+    std::int32_t first = 0;
+    while (first < list.count() && !struequal(list.getname(first), wanted)) ++first;
+    ASSERT_EQ(list.indexof(wanted), first < list.count() ? first : -1) << "step " << step << ", " << wanted;
+  }
+}
+
+// Decides only when it is asked how its items are ordered, so that every pivot is among the least.
+struct tadversary : tquicksortclass {
+  void exchange(std::int32_t i, std::int32_t j) override { std::swap(value(i), value(j)); }
+  std::int32_t compare(std::int32_t i, std::int32_t j) const override {
+    ++fcompared;
+    if (value(i) == undecided && value(j) == undecided) value(i == fpivot ? i : j) = fnext++;
+    if (value(i) == undecided) fpivot = i;
+    if (value(j) == undecided) fpivot = j;
+    return value(i) < value(j) ? -1 : i == j ? 0 : 1;
+  }
+  std::int32_t& value(std::int32_t i) const { return fvalues[static_cast<std::size_t>(i)]; }
+
+  static constexpr std::int32_t count = 20000, undecided = count;
+  mutable std::vector<std::int32_t> fvalues = std::vector<std::int32_t>(count, undecided);
+  mutable std::int32_t fnext = 0, fpivot = -1, fcompared = 0;
+};
+
+TEST(lists, sorting_takes_no_quadratic_time_whatever_the_order) {
+  tadversary list;
+  list.sortn(list.count);
+  EXPECT_TRUE(std::is_sorted(list.fvalues.begin(), list.fvalues.end()));
+  EXPECT_LT(list.fcompared, 400 * list.count) << "the pivots alone would take the square of " << list.count;
 }
 
 }  // namespace
