@@ -12,10 +12,10 @@ std::string describeoption(thandle& h, int nr) {
   double lowdouble = 0, highdouble = 0, unset = 0;
   std::string name, help, type, value;
   EXPECT_EQ(optgetinfonr(h.get(), nr, &low, &low, &refnr, &low, &opttype, &subtype), 1);
-  h.getopthelpnr(nr, name, helpflag, group);
-  h.gethelpnr(nr, name, help);
-  h.gettypename(opttype, type);
-  h.getstrnr(nr, value);
+  h.call(BOTH(getopthelpnr), nr, name, helpflag, group);
+  h.call(BOTH(gethelpnr), nr, name, help);
+  h.call(BOTH(gettypename), opttype, type);
+  h.call(BOTH(getstrnr), nr, value);
   std::ostringstream text;
   text << name << ' ' << type << modifiers[subtype];
   if (opttype == optTypeString || opttype == optTypeEnumStr) value = '"' + value + '"';
@@ -26,7 +26,9 @@ std::string describeoption(thandle& h, int nr) {
   text << " (" << refnr << ' ' << helpflag << ' ' << group << ')' << (help.empty() ? "" : " ") << help;
   optgetenumcount(h.get(), nr, &items);
   for (int item = 1; item <= items; ++item) {
-    EXPECT_EQ(h.getenumvalue(nr, item, low, name) + h.getenumhelp(nr, item, helpflag, help), 2);
+    EXPECT_EQ(
+        h.call(BOTH(getenumvalue), nr, item, low, name) + h.call(BOTH(getenumhelp), nr, item, helpflag, help),
+        2);
     text << " + " << name << ' ' << helpflag << (help.empty() ? "" : " ") << help;
   }
   return text.str();
@@ -38,8 +40,9 @@ std::string describe(thandle& h) {
   std::string text, name, other;
   std::int32_t group = 0, helpflag = 0;
   for (int nr = 2; nr <= optcount(h.get()); ++nr) text += " | " + describeoption(h, nr);
-  for (int nr = 1; h.getsynonym(nr, name, other) == 1; ++nr) text += " | " + name + " -> " + other;
-  for (int nr = 1; h.getgroupnr(nr, name, group, helpflag, other) == 1; ++nr)
+  for (int nr = 1; h.call(BOTH(getsynonym), nr, name, other) == 1; ++nr)
+    text += " | " + name + " -> " + other;
+  for (int nr = 1; h.call(BOTH(getgroupnr), nr, name, group, helpflag, other) == 1; ++nr)
     text += " | [" + name + "] " + std::to_string(group) + ' ' + std::to_string(helpflag) +
             (other.empty() ? "" : " ") + other;
   return text.substr(std::min<std::size_t>(text.size(), 3));

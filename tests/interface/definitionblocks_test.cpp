@@ -35,7 +35,7 @@ TEST(definitionblocks, linesthatendthereading) {
              [](thandle& h, const tcolumns& row) {
                EXPECT_EQ(h.definition(row[0] + "\nlast integer 1 0 0 0 0 0\n"), 0);
                EXPECT_EQ(told(h), "");
-               EXPECT_EQ(h.lookup("last") < 0 ? "ends" : "", row[1]);
+               EXPECT_EQ(h.call(BOTH(lookup), "last") < 0 ? "ends" : "", row[1]);
              });
 }
 
@@ -129,13 +129,13 @@ TEST(definitionblocks, a_macro_of_macros_gives_up_past_the_number_of_options) {
   thandle h;
   h.definition(definition);
   h.string("m8 x");
-  EXPECT_EQ(h.listcountstr("texts"), 512);
+  EXPECT_EQ(h.call(BOTH(listcountstr), "texts"), 512);
   EXPECT_EQ(optmessagecount(h.get()), 0);
   h.string("m39 x");
   EXPECT_EQ(h.messages()[1], "*** Value Error Too many members for option \"m39\"");
-  EXPECT_LT(h.listcountstr("texts"), 2000);
+  EXPECT_LT(h.call(BOTH(listcountstr), "texts"), 2000);
   EXPECT_EQ(optresetnr(h.get(), h.number("m39")), 1);
-  EXPECT_EQ(h.listcountstr("texts"), 0);
+  EXPECT_EQ(h.call(BOTH(listcountstr), "texts"), 0);
 }
 
 }  // namespace

@@ -11,16 +11,16 @@ constexpr const char* options =
     ".keep boolean 4 0 1 1\n.kind enumint 5 1 1 1\n 1 1\n 5 1\n.note string 6 none 1 1\n"
     ".mark boolean.NV 7 1 1 1\nFree immediate NoBounds 0 0\nmarks eolcomm !\nInd indicator\n";
 
-// "(a,b)" of the elements 1 to count; no other position has one.
-template <class tget>
-std::string elements(int count, tget get) {
+// "(a,b)" of the elements 1 to count of entry nr; no other position has one.
+template <class tshortform, class tcharform>
+std::string elements(thandle& h, int nr, int count, tshortform shortform, tcharform charform) {
   std::string result, element;
   for (int position = 1; position <= count; ++position) {
-    EXPECT_EQ(get(position, element), 1);
+    EXPECT_EQ(h.call(shortform, charform, nr, position, element), 1);
     result += (position > 1 ? "," : "(") + element;
   }
   for (const int position : {-1, 0, count + 1}) {
-    EXPECT_EQ(get(position, element), 0);
+    EXPECT_EQ(h.call(shortform, charform, nr, position, element), 0);
     EXPECT_EQ(element, "");
   }
   return result + (count > 0 ? ")" : "");
@@ -29,22 +29,22 @@ std::string elements(int count, tget get) {
 // "name.option(element,...)=value" for each dot entry, "equation(element,...)$variable(element,...)=value" for each
 // indicator, then "rejected n" where lines were rejected.
 std::string entries(thandle& h) {
-  std::string result, name, other;
+  std::ostringstream result;
+  std::string name, other;
   std::int32_t rejected = -1, notaken = -1, option = 0, count = -1, othercount = -1, value = -1;
   double number = -1;
   for (int nr = 1; nr <= optdotoptcount(h.get(), &rejected); ++nr) {
-    EXPECT_EQ(h.getdotoptnr(nr, name, option, count, number) + h.getnamenr(option, other), 2);
-    name += other + elements(count, [&](int i, std::string& text) { return h.getdotoptuel(nr, i, text); });
-    result += name + '=' + std::to_string(number).substr(0, std::to_string(number).find(".000")) + ' ';
+    EXPECT_EQ(h.call(BOTH(getdotoptnr), nr, name, option, count, number), 1);
+    EXPECT_EQ(h.call(BOTH(getnamenr), option, other), 1);
+    result << ' ' << name << other << elements(h, nr, count, BOTH(getdotoptuel)) << '=' << number;
   }
   for (int nr = 1; nr <= optindicatorcount(h.get(), &notaken); ++nr) {
-    EXPECT_EQ(h.getindicatornr(nr, name, other, count, othercount, value), 1);
-    name += elements(count, [&](int i, std::string& text) { return h.getequindicatornr(nr, i, text); });
-    other += elements(othercount, [&](int i, std::string& text) { return h.getvarindicatornr(nr, i, text); });
-    result += name + '$' + other + '=' + std::to_string(value) + ' ';
+    EXPECT_EQ(h.call(BOTH(getindicatornr), nr, name, other, count, othercount, value), 1);
+    result << ' ' << name << elements(h, nr, count, BOTH(getequindicatornr)) << '$' << other
+           << elements(h, nr, othercount, BOTH(getvarindicatornr)) << '=' << value;
   }
-  if (rejected + notaken > 0) result += "rejected " + std::to_string(rejected + notaken) + ' ';
-  return result.substr(0, std::max<std::size_t>(result.size(), 1) - 1);
+  if (rejected + notaken > 0) result << " rejected " << rejected + notaken;
+  return result.str().substr(result.str().empty() ? 0 : 1);
 }
 
 // What is read, what it adds, sets and says.

@@ -1,7 +1,6 @@
-// Files of every shape: what is no ordinary file, what changes while it is read, and definitions that name
-// themselves.
+// Files that read files: where reading goes on afterwards, what is passed on and what is not, and the limits; and files
+// of every shape: what is no ordinary file, what changes while it is read.
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <thread>
@@ -13,7 +12,82 @@ namespace {
 
 using namespace std::string_literals;
 
-constexpr const char* options = "a integer 1 0 0 9 1 1\nl strlist 2 1 1\nread immediate ReadFile 1 1\n";
+constexpr const char* options =
+    "a integer 1 0 0 9 1 1\nb integer 2 0 0 9 1 1\ns string 3 none 1 1\nLines immediate EolFlag 0 0\n"
+    "Read immediate ReadFile 0 0\nFree immediate NoBounds 0 0\nSay immediate Message 0 0\n"
+    "marks eolcomm !\nl strlist 4 1 1\n";
+
+// The file "inner", the text that names it, what both set and say.
+TEST(files, includes) {
+  foreachrow(R"(
+    a 1\n => read %DIR%/inner\r\nb 2 => a=1 b=2
+    \e => read = "%DIR%/inner" b 2\na 1 => a=1 b=2
+    // Line numbers are those of each file, before and after.
+    \e\na x\n => * first\nread %DIR%/inner b y\nbad 1 =>
+      => +OPT | +inner | V2 Integer expected, for option "a" saw "x" | -inner
+      | V2 Integer expected, for option "b" saw "y" | E3 Unknown option "bad" | -OPT
+    // The notes of a file with nothing to say go; those around it stay when there is something else to say.
+    a 1 => say one\nread %DIR%/inner say two => a=1 => +OPT | E1 one | E2 two | -OPT
+    say inside => read %DIR%/inner => => +OPT | +inner | E1 inside | -inner | -OPT
+    // The reading mode is each reading's own, checking of bounds is not.
+    s x, a 1\nlines off => lines off read %DIR%/inner b 2 a 3\nb 4 a 5 => a=5 b=4 s=x, a 1
+    lines off a 1 b 2 => read %DIR%/inner s x, a 3 => a=1 b=2 s=x, a 3
+    free on => read %DIR%/inner a 50 => a=50
+      => +OPT | W1 Integer range error for option "a" saw "50" | W1    Valid range is 0 to 9 | -OPT
+    // Failures are told where the including file stands.
+    \e => \nread %DIR%/. a 1\nread %DIR%/inner/x => a=1
+      => +OPT | E2 Cannot open parameter file "." | E2 Error code = 21; Is a directory
+      | E3 Cannot open parameter file "inner/x" | E3 Error code = 20; Not a directory | -OPT
+  )",
+             [](thandle& h, const tcolumns& row) {
+               h.definition(options);
+               EXPECT_EQ(told(h), "");
+               h.file("inner", row[0]);
+               EXPECT_EQ(h.parameters(row[1]), 0);
+               EXPECT_EQ(settings(h), row[2]);
+               EXPECT_EQ(told(h), row[3]);
+             });
+}
+
+// A file that reads itself ends with the tenth; strings do not count, and the depth is back where it was.
+TEST(files, tenfiles) {
+  inbothforms([](thandle& h) {
+    h.definition(options);
+    h.file("self", "--list x\nread %DIR%/self\na 2");
+    for (const char* text : {"read %DIR%/self", "read = %DIR%/self"}) {
+      h.string(text);
+      std::string expected = "+string";
+      for (int i = 0; i < 10; ++i) expected += " | +self";
+      expected += " | E File nesting level too deep; file ignored";
+      for (int i = 0; i < 10; ++i) expected += " | -self";
+      EXPECT_EQ(told(h), expected + " | -string");
+      EXPECT_EQ(settings(h), "a=2 --list=[x|x|x|x|x|x|x|x|x]");
+      optclearmessages(h.get());
+      optresetall(h.get());
+    }
+  });
+}
+
+// Files that include each other several times over would otherwise be read many millions of times.
+TEST(files, one_call_reads_ten_thousand_files) {
+  thandle h;
+  h.definition("read immediate ReadFile 1 1\nnote strlist 1 1 1\n");
+  h.file("f5", "note x\n");
+  for (const std::string name : {"f4", "f3", "f2", "f1"}) {
+    std::string lines;
+    for (int line = 0; line < 11; ++line) lines += "read %DIR%/f" + std::to_string(name[1] - '0' + 1) + "\n";
+    h.file(name, lines);
+  }
+  EXPECT_EQ(h.parameters("read %DIR%/f1\n"), 0);  // would read f5 14,641 times
+  EXPECT_LT(h.call(BOTH(listcountstr), "note"), 10000);
+  std::string innermost;
+  for (const std::string& message : h.takemessages())
+    if (message.find("Error") != std::string::npos) innermost = message;
+  EXPECT_EQ(innermost, "*** Error Too many parameter files; file ignored");
+  // the next call has its own count
+  EXPECT_EQ(h.parameters("read %DIR%/f4\n"), 0);
+  EXPECT_EQ(optmessagecount(h.get()), 0);
+}
 
 // What a definition and a parameter file of that name are told; nothing is read.
 TEST(files, noordinaryfiles) {
@@ -26,8 +100,8 @@ TEST(files, noordinaryfiles) {
              [](thandle& h, const tcolumns& row) {
                const std::string name =
                    row[0].starts_with('%') ? h.directory().path(row[0].substr(6)) : row[0];
-               EXPECT_EQ(h.readdefinition(name) != 0, row[1] != "");
-               EXPECT_EQ(h.readparameterfile(name) != 0, row[1] != "");
+               EXPECT_EQ(h.call(BOTH(readdefinition), name) != 0, row[1] != "");
+               EXPECT_EQ(h.call(BOTH(readparameterfile), name) != 0, row[1] != "");
                const tlines all = h.messages();
                ASSERT_EQ(all.size(), row[1].empty() ? 0u : 4u);
                if (row[1].empty()) return;
@@ -36,45 +110,20 @@ TEST(files, noordinaryfiles) {
              });
 }
 
-// The system would take such a name for the one before the NUL.
-TEST(files, namesarewhole) {
+// A name counts whole: the system would take it for the one before the NUL. A device that has no end is too large.
+TEST(files, namesanddevices) {
   thandle h;
   h.string("--any x");
   const std::string name = "/dev/null\0x"s;
-  EXPECT_EQ(h.readdefinition(name), ENOENT);
-  EXPECT_EQ(h.readparameterfile(name), ENOENT);
-  EXPECT_EQ(h.writeparameterfile(name), ENOENT);
-}
-
-// A device that has no end is one that is too large.
-TEST(files, endless) {
-  thandle h;
-  EXPECT_EQ(h.readparameterfile("/dev/zero"), 0);
+  EXPECT_EQ(h.call(BOTH(readdefinition), name), ENOENT);
+  EXPECT_EQ(h.call(BOTH(readparameterfile), name), ENOENT);
+  EXPECT_EQ(h.call(BOTH(writeparameterfile), name), ENOENT);
+  optclearmessages(h.get());
+  EXPECT_EQ(h.call(BOTH(readparameterfile), "/dev/zero"), 0);
   EXPECT_EQ(
       told(h),
-      "+/dev/zero | E1 Option keyword expected, saw \"\0\" | E1 Cannot read parameter file \"/dev/zero\" | "
-      "E1 Error code = 27; File too large | -/dev/zero"s);
-}
-
-TEST(files, fifos) {
-  thandle h;
-  h.definition(options);
-  const std::string path = h.directory().path("fifo");
-  ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
-  // A program that comes late, writes slowly and ends in the middle of a line.
-  std::thread writer([&] {
-    usleep(100'000);
-    const int descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC);
-    for (const std::string_view part : {"a ", "7\nl", " x\n", "l y"}) {
-      usleep(20'000);
-      EXPECT_EQ(write(descriptor, part.data(), part.size()), static_cast<ssize_t>(part.size()));
-    }
-    close(descriptor);
-  });
-  EXPECT_EQ(h.readparameterfile(path), 0);
-  writer.join();
-  EXPECT_EQ(told(h), "");
-  EXPECT_EQ(settings(h), "a=7 l=[x|y]");
+      "+/dev/zero | E1 Option keyword expected, saw \"\0\" | E1 Cannot read parameter file \"/dev/zero\""
+      " | E1 Error code = 27; File too large | -/dev/zero"s);
 }
 
 // Lines that are added during the reading are read or not, one by one; so are files that come and go.
@@ -105,8 +154,8 @@ TEST(files, changes) {
     EXPECT_TRUE(std::regex_search(message, expected)) << message;
   EXPECT_LE(errors, 2 * n);
   optresetall(h.get());
-  h.readparameterfile(grows);
-  EXPECT_EQ(h.listcountstr("l"), n / 10);
+  h.call(BOTH(readparameterfile), grows);
+  EXPECT_EQ(h.call(BOTH(listcountstr), "l"), n / 10);
 }
 
 }  // namespace

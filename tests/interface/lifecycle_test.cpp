@@ -7,7 +7,7 @@ namespace {
 
 std::string loadpath(tform form) {
   std::string path = "old";
-  invoke(form, optgetloadpath, coptgetloadpath, path);
+  invoke(form, BOTH(getloadpath), path);
   return path;
 }
 
@@ -35,7 +35,7 @@ TEST(lifecycle, createandfree) {
 TEST(lifecycle, loadpath) {
   EXPECT_EQ(pathatload, "");
   const auto set = [](tform form, auto path) {
-    invoke(form, optsetloadpath, coptsetloadpath, path);
+    invoke(form, BOTH(setloadpath), path);
     EXPECT_EQ(loadpath(tform::shortstring), loadpath(tform::zeroterminated));
     return loadpath(form);
   };
@@ -55,18 +55,18 @@ TEST(lifecycle, longtexts) {
   const int note = h.number("note");
   for (const std::size_t length : {254u, 255u, 100000u}) {
     const std::string text(length, 'x');
-    h.setstrnr(note, text);
+    h.call(BOTH(setstrnr), note, text);
     EXPECT_EQ(h.value("note"), length < 255 ? text : "PCharToStr Overflow");
   }
   thandle s(tform::shortstring);
   s.definition(everytype);
   const std::string longest = std::string(200, 'x') + std::string(55, 'y');
   for (const std::string& text : {std::string("a\0b", 3), longest}) {
-    s.setstrnr(note, text);
+    s.call(BOTH(setstrnr), note, text);
     EXPECT_EQ(s.value("note"), text);
   }
   std::string chars;
-  EXPECT_EQ(invoke(tform::zeroterminated, optgetstrnr, coptgetstrnr, s.get(), note, chars), 1);
+  EXPECT_EQ(invoke(tform::zeroterminated, BOTH(getstrnr), s.get(), note, chars), 1);
   EXPECT_EQ(chars, longest);
   // A character buffer is no short string: it is one line of any length.
   h.pchar("note " + std::string(400, ' ') + "end");
@@ -77,23 +77,27 @@ TEST(lifecycle, longtexts) {
 TEST(lifecycle, nulltextsareempty) {
   inbothforms([](thandle& h) {
     h.definition(everytype);
-    EXPECT_EQ(h.readdefinition(nullptr), 2);
-    EXPECT_EQ(h.readparameterfile(nullptr), 2);
-    invoke(h.form(), optreadfromstr, coptreadfromstr, h.get(), nullptr);
+    EXPECT_EQ(h.call(BOTH(readdefinition), nullptr), 2);
+    EXPECT_EQ(h.call(BOTH(readparameterfile), nullptr), 2);
+    invoke(h.form(), BOTH(readfromstr), h.get(), nullptr);
     optreadfrompchar(h.get(), nullptr);
-    EXPECT_EQ(h.writeparameterfile(nullptr), 2);
-    h.addmessage(nullptr);
-    h.showhelp(nullptr);  // the summary, which has no group to show here
+    EXPECT_EQ(h.call(BOTH(writeparameterfile), nullptr), 2);
+    h.call(BOTH(addmessage), nullptr);
+    h.call(BOTH(showhelp), nullptr);  // the summary, which has no group to show here
     EXPECT_EQ(told(h),
               R"(D Cannot open option file "" | D Error code = 2; No such file or directory | )"
               R"(E Cannot open parameter file "" | E Error code = 2; No such file or directory | )"
               R"(E Cannot write parameter file "" | E    Error code = 2; No such file or directory | E  | )");
     optclearmessages(h.get());
     std::int32_t nr = -7, refnr = -7;
-    EXPECT_EQ(h.findstr(nullptr, nr, refnr) + nr + h.lookup(nullptr) + h.listcountstr(nullptr), -4);
-    EXPECT_EQ(h.setstrnr(h.number("note"), nullptr), 1);
+    EXPECT_EQ(h.call(BOTH(findstr), nullptr, nr, refnr) + nr + h.call(BOTH(lookup), nullptr) +
+                  h.call(BOTH(listcountstr), nullptr),
+              -4);
+    EXPECT_EQ(h.call(BOTH(setstrnr), h.number("note"), nullptr), 1);
     EXPECT_EQ(h.value("note"), "");
-    EXPECT_EQ(h.setstr2nr(h.number("pair"), nullptr) + h.setvaluesnr(h.number("method"), 1, 1.0, nullptr), 0);
+    EXPECT_EQ(h.call(BOTH(setstr2nr), h.number("pair"), nullptr) +
+                  h.call(BOTH(setvaluesnr), h.number("method"), 1, 1.0, nullptr),
+              0);
     EXPECT_EQ(
         told(h),
         R"(V Integer expected, for option "pair" saw "" | )"
@@ -119,12 +123,12 @@ TEST(lifecycle, resultoverargument) {
     }
     return text + '|' + other;
   };
-  EXPECT_EQ(over("pair", optgetvalstr, coptgetvalstr), "3|3");
-  EXPECT_EQ(over("pair", optgetval2str, coptgetval2str), "4|4");
-  EXPECT_EQ(over("nosuch", optgetvalstr, coptgetvalstr), "|");
+  EXPECT_EQ(over("pair", BOTH(getvalstr)), "3|3");
+  EXPECT_EQ(over("pair", BOTH(getval2str)), "4|4");
+  EXPECT_EQ(over("nosuch", BOTH(getvalstr)), "|");
   EXPECT_EQ(over("string_list", readsecond(optreadfromliststr), readsecond(coptreadfromliststr)),
             "same|same");
-  EXPECT_EQ(over("string_list", optgetfromliststr, coptgetfromliststr), "same|same");
+  EXPECT_EQ(over("string_list", BOTH(getfromliststr)), "same|same");
 }
 
 // The line is 78 characters wide: component, status, date, version, platform and builds, build code and
@@ -132,7 +136,7 @@ TEST(lifecycle, resultoverargument) {
 TEST(lifecycle, versionline) {
   inbothforms([](thandle& h) {
     std::string line;
-    h.version(line);
+    h.call(BOTH(version), line);
     EXPECT_EQ(line.size(), 78u);
     const std::regex form(
         R"(Option Lib       .{4} \d\d.{3} \S+\.\S+\.\S+ +.{3} \d{4}\.\d{4} .{3} x86_64/Linux {13})");

@@ -1,5 +1,6 @@
 // The message list: decoration by kind, numbers out of range, line prefixes, enter and leave notes that
-// cancel, the limit of 5,000, the two ways of counting and the cut at 255 characters.
+// cancel, the limit of 5,000, the two ways of counting and the cut at 255 characters; and echoed lines, in pieces of 130
+// characters.
 #include "interface/optiontext.h"
 
 namespace testsupport {
@@ -16,7 +17,7 @@ std::string counts(thandle& h) {
   opterrorcount(h.get(), &errors, &warnings);
   std::string result = std::to_string(errors) + '|' + std::to_string(warnings) + '|', text;
   for (std::int32_t nr = 1; nr <= optmessagecount(h.get()) && nr < 100; ++nr) {
-    h.getmessage(nr, text, kind);
+    h.call(BOTH(getmessage), nr, text, kind);
     result += std::to_string(kind);
   }
   return result;
@@ -30,7 +31,7 @@ TEST(messages, everykindhasitsdecoration) {
     optechoset(h.get(), 1);
     h.parameters("* comment\nmaxit 11\nbounds 1\nmaxit 11\nold 6\nhelp maxit\nnosuch 1\n");
     optechoset(h.get(), 0);
-    h.addmessage("the client's own");
+    h.call(BOTH(addmessage), "the client's own");
     EXPECT_EQ(joined(h.messages()), R"(*** Definition Error line 9: Bad usermap value for option "broken"
 Reading parameter(s) from "OPT"
 >>  * comment
@@ -66,10 +67,10 @@ TEST(messages, numbersoutofrange) {
     -2147483648 => Bad message number = -2147483649
   )",
              [](thandle& h, const tcolumns& row) {
-               h.addmessage("one");
+               h.call(BOTH(addmessage), "one");
                std::string text = "old";
                std::int32_t kind = -7;
-               h.getmessage(std::stoi(row[0]), text, kind);
+               h.call(BOTH(getmessage), std::stoi(row[0]), text, kind);
                EXPECT_EQ(text, row[1]);
                EXPECT_EQ(kind, 9);
              });
@@ -77,14 +78,14 @@ TEST(messages, numbersoutofrange) {
 
 // Fills the list up to that length.
 void fill(thandle& h, int count) {
-  while (optmessagecount(h.get()) < count) h.addmessage("filler");
+  while (optmessagecount(h.get()) < count) h.call(BOTH(addmessage), "filler");
 }
 
 // "number kind text" of the last message.
 std::string last(thandle& h) {
   std::string text;
   std::int32_t kind = -7;
-  h.getmessage(optmessagecount(h.get()), text, kind);
+  h.call(BOTH(getmessage), optmessagecount(h.get()), text, kind);
   return std::to_string(optmessagecount(h.get())) + ' ' + std::to_string(kind) + ' ' + text;
 }
 
@@ -94,11 +95,11 @@ TEST(messages, limitof5000) {
     fill(h, 4999);
     h.string("maxit 3");  // its enter note is the 5000th message and goes again
     EXPECT_EQ(last(h), "4999 9 *** Error filler");
-    h.addmessage("the 5000th");
+    h.call(BOTH(addmessage), "the 5000th");
     EXPECT_EQ(last(h), "5000 9 *** Error the 5000th");
     EXPECT_EQ(counts(h).substr(0, 7), "5000|0|");
-    h.addmessage("one more");
-    h.showhelp("3");
+    h.call(BOTH(addmessage), "one more");
+    h.call(BOTH(showhelp), "3");
     EXPECT_EQ(last(h), "5001 8 Maximum of 5000 messages reached");
     EXPECT_EQ(counts(h).substr(0, 7), "5001|0|");
     // A setter counts the messages that were filed, and none is: the value is refused all the same.
@@ -127,8 +128,8 @@ TEST(messages, cutat255) {
   inbothforms([](thandle& h) {
     h.definition(definitiontext);
     const std::string text(254, 'x');
-    h.addmessage(text);
-    h.setstrnr(h.number("maxit"), text);
+    h.call(BOTH(addmessage), text);
+    h.call(BOTH(setstrnr), h.number("maxit"), text);
     h.parameters("maxit " + text + "\n");
     EXPECT_EQ(joined(h.messages()), literal(R"(*** Error <245x>
 *** Value Error Integer expected, for option "maxit" saw "<197x>
@@ -136,6 +137,53 @@ Reading parameter(s) from "OPT"
 *** Value Error line 1: Integer expected, for option "maxit" saw "<189x>
 Finished reading from "OPT"
 )"));
+  });
+}
+
+// A line and the pieces in which it is echoed; the marks are of code 187.
+TEST(echo, piecesofaline) {
+  foreachrow(R"(
+    \x20nv\t! x => >>  \x20nv\t! x\n
+    *<129c> => >>  *<129c>\n
+    *<130c> => >> \xBB*<129c>\n>> \xBBc\n
+    *<131c> => >> \xBB*<129c>\xBB\n>> \xBBcc\n
+    *<259c> => >> \xBB*<129c>\xBB\n>> \xBB<130c>\n
+    *<260c> => >> \xBB*<129c>\xBB\n>> \xBB<130c>\n>> \xBBc\n
+    *<299c> => >> \xBB*<129c>\xBB\n>> \xBB<130c>\xBB\n>> \xBB<40c>\n
+  )",
+             [](thandle& h, const tcolumns& row) {
+               h.definition("nv integer.NV 1 0 0 9 1 1\nmarks eolcomm !\n");
+               optechoset(h.get(), 1);
+               h.parameters(row[0] + "\nnv");
+               EXPECT_EQ(joined(h.messages()), "Reading parameter(s) from \"OPT\"\n" + row[1] +
+                                                   ">>  nv\nFinished reading from \"OPT\"\n");
+             });
+}
+
+// A string or a buffer is echoed before the note on entering it, which then meets its leave note and goes.
+TEST(echo, orderofechoandnotes) {
+  inbothforms([](thandle& h) {
+    optechoset(h.get(), 1);
+    h.definition(
+        "* definition\nx integer 1 0 0 9 1 1\n help\nread immediate ReadFile 0 0\n\n5 the end\nunread\n");
+    EXPECT_EQ(told(h),
+              ">>  * definition | >>  x integer 1 0 0 9 1 1 | >>   help | >>  read immediate ReadFile 0 0 | "
+              ">>  | >>  5 the end");
+    optclearmessages(h.get());
+    h.string("x 1");
+    h.pchar("x bad\nx 2");
+    h.string("");
+    EXPECT_EQ(told(h),
+              ">>  x 1 | >>  x bad\nx 2 | +pchar | V Integer expected, for option \"x\" saw \"bad\" | -pchar "
+              "| >> ");
+    optclearmessages(h.get());
+    h.file("inner", "x 3\r\n");
+    h.parameters("read %DIR%/inner\n\nx 4");
+    EXPECT_EQ(told(h), "+OPT | >>  read inner | +inner | >>  x 3 | -inner | >>  | >>  x 4 | -OPT");
+    optclearmessages(h.get());
+    optechoset(h.get(), 0);
+    h.parameters("x 5");
+    EXPECT_EQ(h.messages(), tlines());
   });
 }
 

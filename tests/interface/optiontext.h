@@ -11,8 +11,6 @@
 
 namespace testsupport {
 
-enum class treading { eolonly, normal };
-
 // Options of every type; two that switch the checking of bounds, dot options and a keyword of indicators.
 inline constexpr const char* everytype =
     "maxit integer 1 5 0 10 1 1\nbig_step double 2 0.5 0 1e20 1 1\nnote string 3 none 1 1\n"
@@ -65,19 +63,19 @@ inline std::string settings(thandle& handle) {
     optgetinfonr(handle.get(), nr, &defined, &recent, &refnr, &datatype, &opttype, &subtype);
     if (defined == 0) continue;
     std::string name, text;
-    handle.gethelpnr(nr, name, text);
+    handle.call(BOTH(gethelpnr), nr, name, text);
     result += (result.empty() ? "" : " ") + name + '=';
     if (opttype == optTypeStrList) {
       result += '[';
-      for (int index = 1; handle.readfromliststr(name, index, text) == 1; ++index)
+      for (int index = 1; handle.call(BOTH(readfromliststr), name, index, text) == 1; ++index)
         result += (index > 1 ? "|" : "") + text;
       result += ']';
       continue;
     }
-    handle.getstrnr(nr, text);
+    handle.call(BOTH(getstrnr), nr, text);
     result += (defined & 1) != 0 ? text : "-";
     if (subtype != optsub2Values) continue;
-    handle.getstr2nr(nr, text);
+    handle.call(BOTH(getstr2nr), nr, text);
     result += ',' + ((defined & 2) != 0 ? text : "-");
   }
   return result;

@@ -81,48 +81,52 @@ const std::vector<trow> rows = {
     // result|defined|recent|reference number|data type|option type|sub-type
     {__LINE__, ask<optgetinfonr>, 2, "1|1|1|101|1|0|0", 17, "0|0|0|0|-1|-1|-1"},
     {__LINE__, ask<optgetdefinednr>, 12, "1|2", 17, "0|0"},
-    {__LINE__, ask<optgetnamenr, coptgetnamenr>, 2, "1|maxit", 17, "0|"},
-    {__LINE__, ask<optgethelpnr, coptgethelpnr>, 2, "1|maxit|Iteration limit", 17, "0||"},
-    {__LINE__, ask<optgetopthelpnr, coptgetopthelpnr>, 3, "1|gap|2|20", 17, "0||-1|-1"},
+    {__LINE__, ask<BOTH(getnamenr)>, 2, "1|maxit", 17, "0|"},
+    {__LINE__, ask<BOTH(gethelpnr)>, 2, "1|maxit|Iteration limit", 17, "0||"},
+    {__LINE__, ask<BOTH(getopthelpnr)>, 3, "1|gap|2|20", 17, "0||-1|-1"},
     {__LINE__, ask<optgetoptgroupnr>, 3, "20", 17, "-1"},
-    {__LINE__, ask<optgetgroupnr, coptgetgroupnr>, 1, "1|g1|10|1|General", 3, "0||0|0|"},
+    {__LINE__, ask<BOTH(getgroupnr)>, 1, "1|g1|10|1|General", 3, "0||0|0|"},
     {__LINE__, ask<optgetgroupgrpnr>, 20, "2", 2, "-1"},
-    {__LINE__, ask<optgetsynonym, coptgetsynonym>, 1, "1|iterations|maxit", 3, "0||"},
-    {__LINE__, ask<optgetsynonym, coptgetsynonym>, 2, "1|ghost|", 3, "0||"},
-    {__LINE__, ask<optgetdefaultstr, coptgetdefaultstr>, 4, "1|a b", 6, "0|"},  // only of type string
+    {__LINE__, ask<BOTH(getsynonym)>, 1, "1|iterations|maxit", 3, "0||"},
+    {__LINE__, ask<BOTH(getsynonym)>, 2, "1|ghost|", 3, "0||"},
+    {__LINE__, ask<BOTH(getdefaultstr)>, 4, "1|a b", 6, "0|"},  // only of type string
     {__LINE__, ask<optgetboundsint>, 2, "1|-1|10|5", 3, "0|-7|-7|-7"},
     {__LINE__, ask<optgetboundsdbl>, 3, "1|0|1|0.5", 2, "0|-7.5|-7.5|-7.5"},
     {__LINE__, ask<optgetenumcount>, 6, "1|2", 5, "0|-1"},
-    {__LINE__, ask<optgetenumvalue, coptgetenumvalue>, 6, "1|0|Primal", 5, "0|-1|", 2},
-    {__LINE__, ask<optgetenumvalue, coptgetenumvalue>, 6, "0|-1|", 5, "0|-1|", 0},
-    {__LINE__, ask<optgetenumvalue, coptgetenumvalue>, 7, "1|1|1", 2, "0|-1|", 2},
-    {__LINE__, ask<optgetenumhelp, coptgetenumhelp>, 6, "1|1|Automatic", 5, "0|-1|", 1},
-    {__LINE__, ask<optgetenumhelp, coptgetenumhelp>, 7, "1|-1|", 5, "0|-1|", 2},
-    {__LINE__, ask<optgetenumhelp, coptgetenumhelp>, 7, "0|-1|", 5, "0|-1|", 3},
-    {__LINE__, ask<optgetenumhelp, coptgetenumhelp>, 7, "0|-1|", 5, "0|-1|", 0},
-    {__LINE__, ask<optgetenumstrnr, coptgetenumstrnr>, 14, "1|y|2", 7, "0||-1"},
+    {__LINE__, ask<BOTH(getenumvalue)>, 6, "1|0|Primal", 5, "0|-1|", 2},
+    {__LINE__, ask<BOTH(getenumvalue)>, 6, "0|-1|", 5, "0|-1|", 0},
+    {__LINE__, ask<BOTH(getenumvalue)>, 7, "1|1|1", 2, "0|-1|", 2},
+    {__LINE__, ask<BOTH(getenumhelp)>, 6, "1|1|Automatic", 5, "0|-1|", 1},
+    {__LINE__, ask<BOTH(getenumhelp)>, 7, "1|-1|", 5, "0|-1|", 2},
+    {__LINE__, ask<BOTH(getenumhelp)>, 7, "0|-1|", 5, "0|-1|", 3},
+    {__LINE__, ask<BOTH(getenumhelp)>, 7, "0|-1|", 5, "0|-1|", 0},
+    {__LINE__, ask<BOTH(getenumstrnr)>, 14, "1|y|2", 7, "0||-1"},
     // a default outside the list
-    {__LINE__, ask<optgetenumstrnr, coptgetenumstrnr>, 15, "1|other|0", 7, "0||-1"},
+    {__LINE__, ask<BOTH(getenumstrnr)>, 15, "1|other|0", 7, "0||-1"},
     {__LINE__, ask<optgetintnr>, 2, "1|3", 3, "0|-7"},
     {__LINE__, ask<optgetint2nr>, 12, "1|4", 2, "0|-7"},
     {__LINE__, ask<optgetint2nr>, 12, "1|4", 13, "0|-7"},
     {__LINE__, ask<optgetdblnr>, 3, "1|0.5", 2, "0|-7.5"},
     {__LINE__, ask<optgetdbl2nr>, 13, "1|2.5", 3, "0|-7.5"},
-    {__LINE__, ask<optgetstrnr, coptgetstrnr>, 2, "1|3", 17, "0|"},
-    {__LINE__, ask<optgetstrnr, coptgetstrnr>, 9, "1|", 17, "0|"},  // lists have no text
-    {__LINE__, ask<optgetstr2nr, coptgetstr2nr>, 13, "1|2.5", 2, "0|"},
-    {__LINE__, ask<optgetvaluesnr, coptgetvaluesnr>, 2, "1|maxit|3|0|3", 17, "0||0|0|"},
-    {__LINE__, ask<optgetvaluesnr, coptgetvaluesnr>, 3, "1|gap|0|0.5|0.5", 17, "0||0|0|"},
-    {__LINE__, ask<optgetvaluesnr, coptgetvaluesnr>, 6, "1|method|0|0|auto", 17, "0||0|0|"},
+    {__LINE__, ask<BOTH(getstrnr)>, 2, "1|3", 17, "0|"},
+    {__LINE__, ask<BOTH(getstrnr)>, 9, "1|", 17, "0|"},  // lists have no text
+    {__LINE__, ask<BOTH(getstr2nr)>, 13, "1|2.5", 2, "0|"},
+    {__LINE__, ask<BOTH(getvaluesnr)>, 2, "1|maxit|3|0|3", 17, "0||0|0|"},
+    {__LINE__, ask<BOTH(getvaluesnr)>, 3, "1|gap|0|0.5|0.5", 17, "0||0|0|"},
+    {__LINE__, ask<BOTH(getvaluesnr)>, 6, "1|method|0|0|auto", 17, "0||0|0|"},
+    {__LINE__, ask<BOTH(getvaluesnr)>, 4, "1|note|0|0|a b", 17, "0||0|0|"},
+    {__LINE__, ask<BOTH(getvaluesnr)>, 7, "1|level|1|0|1", 17, "0||0|0|"},
+    {__LINE__, ask<BOTH(getvaluesnr)>, 8, "0|words|0|0|", 17, "0||0|0|"},
+    {__LINE__, ask<BOTH(getvaluesnr)>, 10, "0|all|0|0|", 17, "0||0|0|"},
     // refused, yet named
-    {__LINE__, ask<optgetvaluesnr, coptgetvaluesnr>, 9, "0|names|0|0|", 17, "0||0|0|"},
+    {__LINE__, ask<BOTH(getvaluesnr)>, 9, "0|names|0|0|", 17, "0||0|0|"},
     {__LINE__, ask<optresetnr>, 2, "1", 17, "0"},
     {__LINE__, ask<optsetrefnr>, 11, "1", 17, "0", 77},
-    {__LINE__, ask<optgetdotoptnr, coptgetdotoptnr>, 1, "1|x|16|1|3", 2, "0||0|0|0"},
-    {__LINE__, ask<optgetdotoptuel, coptgetdotoptuel>, 1, "1|u", 2, "0|", 1},
-    {__LINE__, ask<optgetindicatornr, coptgetindicatornr>, 1, "1|e|v|1|0|1", 2, "0|||0|0|0"},
-    {__LINE__, ask<optgetequindicatornr, coptgetequindicatornr>, 1, "1|'i'", 2, "0|", 1},
-    {__LINE__, ask<optgetvarindicatornr, coptgetvarindicatornr>, 1, "0|", 2, "0|", 1},
+    {__LINE__, ask<BOTH(getdotoptnr)>, 1, "1|x|16|1|3", 2, "0||0|0|0"},
+    {__LINE__, ask<BOTH(getdotoptuel)>, 1, "1|u", 2, "0|", 1},
+    {__LINE__, ask<BOTH(getindicatornr)>, 1, "1|e|v|1|0|1", 2, "0|||0|0|0"},
+    {__LINE__, ask<BOTH(getequindicatornr)>, 1, "1|'i'", 2, "0|", 1},
+    {__LINE__, ask<BOTH(getvarindicatornr)>, 1, "0|", 2, "0|", 1},
 };
 
 TEST(queries, bynumber) {
@@ -134,7 +138,7 @@ TEST(queries, bynumber) {
       h.string("maxit 3");
       optsetint2nr(h.get(), h.number("pair"), 4);
       optsetdbl2nr(h.get(), h.number("off_grid"), 2.5);
-      h.setstrnr(h.number("pairstr"), "Y");
+      h.call(BOTH(setstrnr), h.number("pairstr"), "Y");
       h.string("x.off('u') 3 ind e('i')$v 1");
       EXPECT_EQ(row.ask(h, {row.nr, row.item}), row.expected);
       for (const int nr : {row.unfit, 0, -1, 99}) EXPECT_EQ(row.ask(h, {nr, row.item}), row.failed) << nr;
@@ -148,9 +152,9 @@ TEST(queries, types) {
   inbothforms([&](thandle& h) {
     const auto names = [&h](int group) {
       std::string result, name;
-      for (int code = 0; ask<optgetconstname, coptgetconstname>(h, {group, code})[0] == '1'; ++code)
-        result += ask<optgetconstname, coptgetconstname>(h, {group, code}).substr(1);
-      EXPECT_EQ((ask<optgetconstname, coptgetconstname>(h, {group, -1})), "0|");
+      for (int code = 0; ask<BOTH(getconstname)>(h, {group, code})[0] == '1'; ++code)
+        result += ask<BOTH(getconstname)>(h, {group, code}).substr(1);
+      EXPECT_EQ((ask<BOTH(getconstname)>(h, {group, -1})), "0|");
       return result;
     };
     EXPECT_EQ(names(1), "|optDataNone|optDataInteger|optDataDouble|optDataString|optDataStrList");
@@ -163,7 +167,7 @@ TEST(queries, types) {
               "|optMsgDeprecated|optMsgFileEnter|optMsgFileLeave|optMsgTooManyMsgs");  // not the tenth
     for (const int group : {-1, 0, 5}) EXPECT_EQ(names(group), "");
     std::string types;
-    for (int code = -1; code <= 10; ++code) types += ask<optgettypename, coptgettypename>(h, {code, 0});
+    for (int code = -1; code <= 10; ++code) types += ask<BOTH(gettypename)>(h, {code, 0});
     EXPECT_EQ(
         types,
         "0|1|integer1|double1|string1|boolean1|enumstr1|enumint1|multilist1|strlist1|macro1|immediate0|");
@@ -182,35 +186,29 @@ TEST(queries, byname) {
     define(h);
     EXPECT_EQ(ask<optcount>(h, {}) + ask<optsynonymcount>(h, {}) + ask<optgroupcount>(h, {}), "1622");
     std::string file;
-    h.definitionfile(file);
+    h.call(BOTH(definitionfile), file);
     EXPECT_EQ(file, "DEF");
     EXPECT_EQ(h.value("MAXIT") + h.value("iterations") + h.value("names") + h.value2("pair"), "551");
-    EXPECT_EQ((ask<optgetvalstr, coptgetvalstr>(h, {0, 0, "nosuch"})), "0|");
+    EXPECT_EQ((ask<BOTH(getvalstr)>(h, {0, 0, "nosuch"})), "0|");
     for (const char* name : {"nosuch", "maxit", "ghost"})
-      EXPECT_EQ((ask<optgetval2str, coptgetval2str>(h, {0, 0, name})), "0|");
-    EXPECT_EQ((ask<optfindstr, coptfindstr>(h, {0, 0, "Iterations"})), "1|2|101");
-    EXPECT_EQ((ask<optfindstr, coptfindstr>(h, {0, 0, "ghost"})), "0|-1|-1");
-    EXPECT_EQ((ask<optsetrefnrstr, coptsetrefnrstr>(h, {-5, 0, "iterations"})), "1");
-    EXPECT_EQ((ask<optsetrefnrstr, coptsetrefnrstr>(h, {-5, 0, "nosuch"})), "0");
-    EXPECT_EQ((ask<optfindstr, coptfindstr>(h, {0, 0, "maxit"})), "1|2|-5");
+      EXPECT_EQ((ask<BOTH(getval2str)>(h, {0, 0, name})), "0|");
+    EXPECT_EQ((ask<BOTH(findstr)>(h, {0, 0, "Iterations"})), "1|2|101");
+    EXPECT_EQ((ask<BOTH(findstr)>(h, {0, 0, "ghost"})), "0|-1|-1");
+    EXPECT_EQ((ask<BOTH(setrefnrstr)>(h, {-5, 0, "iterations"})), "1");
+    EXPECT_EQ((ask<BOTH(setrefnrstr)>(h, {-5, 0, "nosuch"})), "0");
+    EXPECT_EQ((ask<BOTH(findstr)>(h, {0, 0, "maxit"})), "1|2|-5");
   });
 }
 
 TEST(queries, stringlists) {
   inbothforms([](thandle& h) {
     const std::string kept = h.form() == tform::shortstring ? "old" : "";  // an untouched text
-    const auto count = [&](const char* list) {
-      return ask<optlistcountstr, coptlistcountstr>(h, {0, 0, list});
-    };
+    const auto count = [&](const char* list) { return ask<BOTH(listcountstr)>(h, {0, 0, list}); };
     const auto read = [&](const char* list, int index) {
-      return ask<optreadfromliststr, coptreadfromliststr>(h, {index, 0, list});
+      return ask<BOTH(readfromliststr)>(h, {index, 0, list});
     };
-    const auto takeany = [&](int flag) {
-      return ask<optgetfromanystrlist, coptgetfromanystrlist>(h, {flag, 0});
-    };
-    const auto take = [&](const char* list) {
-      return ask<optgetfromliststr, coptgetfromliststr>(h, {0, 0, list});
-    };
+    const auto takeany = [&](int flag) { return ask<BOTH(getfromanystrlist)>(h, {flag, 0}); };
+    const auto take = [&](const char* list) { return ask<BOTH(getfromliststr)>(h, {0, 0, list}); };
     define(h);
     EXPECT_EQ(count("nosuch") + count("maxit") + count("names"), "-2-10");
     for (const char* line : {"names one", "names two", "--extra three", "--more four"}) h.string(line);

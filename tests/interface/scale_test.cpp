@@ -78,10 +78,10 @@ TEST(scale, definitions) {
   EXPECT_EQ(settings(h), "word=w" + last + " level=" + last + " free0=[x] free1=[y]");
   for (int i = 0; i < n; ++i) ASSERT_EQ(h.number('S' + std::to_string(i)), 2);
   h.parameters("s" + last + " 7\nall 8");
-  EXPECT_EQ(h.listcountstr("texts"), n);  // all of them get their turn
+  EXPECT_EQ(h.call(BOTH(listcountstr), "texts"), n);  // all of them get their turn
   EXPECT_EQ(problems(h), "W1 deprecated synonym \"s" + last + "\"; gone");
   optclearmessages(h.get());
-  EXPECT_EQ(h.setstrnr(3, "none") + h.setstrnr(4, "-1"), 0);
+  EXPECT_EQ(h.call(BOTH(setstrnr), 3, "none") + h.call(BOTH(setstrnr), 4, "-1"), 0);
   for (const int nr : {2, 4}) EXPECT_EQ(h.messages().at(static_cast<std::size_t>(nr) - 1).size(), 255u);
   optclearmessages(h.get());
   EXPECT_EQ(h.help("long").size(), 5001u);
@@ -117,7 +117,7 @@ TEST(scale, lines) {
     h.definition(lineoptions);
     h.parameters(repeated(verymany, row.line + '\n') + "s last");
     std::int32_t rejected = 0;
-    EXPECT_EQ(h.listcountstr(row.line[0] == '-' ? "--own" : "l"), row.listed);
+    EXPECT_EQ(h.call(BOTH(listcountstr), row.line[0] == '-' ? "--own" : "l"), row.listed);
     EXPECT_EQ(optdotoptcount(h.get(), &rejected), row.dotentries);
     EXPECT_EQ(h.value("s"), "last");
     const tlines all = h.messages();

@@ -24,7 +24,7 @@ void checktexts(bool checkbounds, const char* table) {
   foreachrow(table, [&](thandle& h, const tcolumns& row) {
     define(h);
     optnoboundsset(h.get(), checkbounds ? 0 : 1);
-    EXPECT_EQ(h.setstrnr(h.number(row[0]), row[1]), row[3][0] == 'V' ? 0 : 1);
+    EXPECT_EQ(h.call(BOTH(setstrnr), h.number(row[0]), row[1]), row[3][0] == 'V' ? 0 : 1);
     EXPECT_EQ(h.value(row[0]), row[2]);
     EXPECT_EQ(toldof(h, row[0]), row[3]);
   });
@@ -71,7 +71,7 @@ TEST(values, texts) {
     for (const std::string word : {"1", "0", "y", "N", "Yes", "no", "ON", "Off", "true", "FALSE", "T", "f"}) {
       const bool yes = std::string("1yYOtT").find(word[0]) != std::string::npos && word != "Off";
       optsetintnr(h.get(), h.number("flag"), yes ? 0 : 1);
-      EXPECT_EQ(h.setstrnr(h.number("flag"), word), 1) << word;
+      EXPECT_EQ(h.call(BOTH(setstrnr), h.number("flag"), word), 1) << word;
       EXPECT_EQ(h.value("flag"), yes ? "1" : "0") << word;
     }
   });
@@ -86,9 +86,9 @@ int apply(thandle& h, const std::string& setter, int nr, const std::string& argu
   if (setter == "int2nr") return optsetint2nr(h.get(), nr, integer);
   if (setter == "dblnr") return optsetdblnr(h.get(), nr, number);
   if (setter == "dbl2nr") return optsetdbl2nr(h.get(), nr, number);
-  if (setter == "str2nr") return h.setstr2nr(nr, argument);
-  return setter == "valuesnr" ? h.setvaluesnr(nr, integer, number, text)
-                              : h.setvalues2nr(nr, integer, number, text);
+  if (setter == "str2nr") return h.call(BOTH(setstr2nr), nr, argument);
+  return setter == "valuesnr" ? h.call(BOTH(setvaluesnr), nr, integer, number, text)
+                              : h.call(BOTH(setvalues2nr), nr, integer, number, text);
 }
 
 // The setter and the option, what it is called with, its result, and the option's value, or both of them. A setter that
@@ -154,7 +154,7 @@ TEST(values, outofboundsmarks) {
     optsetint2nr(h.get(), h.number("pair"), 77);
     EXPECT_EQ(h.written(), "limits 1\nflag=-3\nlimits 0\nlimits 1\npair=1 77\nlimits 0\n");
     // Any value inside the bounds clears the marks of both; a refused one and text without conversion do not.
-    h.setstrnr(h.number("pair"), "x");
+    h.call(BOTH(setstrnr), h.number("pair"), "x");
     EXPECT_EQ(h.written(), "limits 1\nflag=-3\nlimits 0\nlimits 1\npair=1 77\nlimits 0\n");
     optsetintnr(h.get(), h.number("pair"), 2);
     EXPECT_EQ(h.written(), "limits 1\nflag=-3\nlimits 0\npair=2 77\n");
@@ -181,7 +181,7 @@ std::string flagsof(thandle& h) {  // "name defined recent" of the options that 
     std::int32_t defined = 0, recent = 0, other = 0;
     std::string name;
     optgetinfonr(h.get(), nr, &defined, &recent, &other, &other, &other, &other);
-    h.getnamenr(nr, name);
+    h.call(BOTH(getnamenr), nr, name);
     if (defined + recent != 0)
       result += name + ' ' + std::to_string(defined) + ' ' + std::to_string(recent) + ' ';
   }
@@ -193,13 +193,13 @@ TEST(values, flagsandresets) {
     define(h);
     EXPECT_EQ(flagsof(h), "");
     optsetint2nr(h.get(), h.number("pair"), 4);
-    for (const char* text : {"one", "", "one"}) h.setstrnr(h.number("string_list"), text);
+    for (const char* text : {"one", "", "one"}) h.call(BOTH(setstrnr), h.number("string_list"), text);
     EXPECT_EQ(settings(h), "pair=-,4 string_list=[one||one]");
     EXPECT_EQ(flagsof(h), "pair 2 2 string_list 1 1 ");
     optrecentenabledset(h.get(), 0);
     EXPECT_EQ(optrecentenabled(h.get()), 0);
     optsetintnr(h.get(), h.number("pair"), 3);
-    h.setstrnr(h.number("all"), "1");
+    h.call(BOTH(setstrnr), h.number("all"), "1");
     EXPECT_EQ(flagsof(h), "maxit 1 0 flag 1 0 pair 3 2 string_list 1 1 ");
     optrecentenabledset(h.get(), 9);
     EXPECT_EQ(optrecentenabled(h.get()), 1);
@@ -215,8 +215,8 @@ TEST(values, flagsandresets) {
     optresetall(h.get());
     EXPECT_EQ(flagsof(h) + h.written(), "");
     // A reset multilist has lost its members, a macro has not.
-    EXPECT_EQ(h.setstrnr(h.number("words"), "3"), 0);
-    EXPECT_EQ(h.setstrnr(h.number("all"), "1"), 1);
+    EXPECT_EQ(h.call(BOTH(setstrnr), h.number("words"), "3"), 0);
+    EXPECT_EQ(h.call(BOTH(setstrnr), h.number("all"), "1"), 1);
     EXPECT_EQ(told(h), "V Too many items for multilist \"words\"");
     EXPECT_EQ(h.value("maxit"), "1");
   });

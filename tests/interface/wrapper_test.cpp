@@ -16,17 +16,11 @@
 
 namespace {
 
-constexpr const char* definition = R"(main group 3 1 Main options
-limit integer.TWO 7 5 0 10 1 3 A limit
-tol double 8 0.5 0 1 1 3 A tolerance
-word enumstr 9 x 1 3 A word
- x 1 first
- y 0 second
-notes strlist 10 1 3 Notes
-.prior double 11 1 0 100 1 3 Priority
-ind indicator
-most synonym limit
-)";
+constexpr const char* definition =
+    "main group 3 1 Main options\nlimit integer.TWO 7 5 0 10 1 3 A limit\n"
+    "tol double 8 0.5 0 1 1 3 A tolerance\nword enumstr 9 x 1 3 A word\n x 1 first\n y 0 second\n"
+    "notes strlist 10 1 3 Notes\n.prior double 11 1 0 100 1 3 Priority\nind indicator\n"
+    "most synonym limit\n";
 
 class wrapper : public testing::Test {
  private:

@@ -69,7 +69,7 @@ TEST(writer, nothinginsideavalueisescaped) {
   )",
              [](thandle& h, const tcolumns& row) {
                h.definition(everytype);
-               h.setvaluesnr(h.number("note"), 0, 0, row[0]);
+               h.call(BOTH(setvaluesnr), h.number("note"), 0, 0, row[0]);
                EXPECT_EQ(h.written(), row[1]);
              });
 }
@@ -87,7 +87,7 @@ TEST(writer, failures) {
                h.definition(everytype);
                h.string(row[1]);
                const std::string path = row[0][0] == '/' ? row[0] : h.directory().path(row[0]);
-               EXPECT_EQ(std::to_string(h.writeparameterfile(path)), row[2]);
+               EXPECT_EQ(std::to_string(h.call(BOTH(writeparameterfile), path)), row[2]);
                EXPECT_EQ(told(h), row[3]);
                h.file("WRITTEN", "something that was there before\n");  // and is replaced
                EXPECT_EQ(h.written(), row[1].empty() ? "" : "maxit=3\n");

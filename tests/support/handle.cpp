@@ -69,7 +69,8 @@ bool setcommalocale() {
 }
 
 targument<const optshortstring*>::targument(std::string_view text) {
-  ftext.length = static_cast<unsigned char>(text.copy(ftext.text, sizeof ftext.text));
+  ftext.emplace();
+  ftext->length = static_cast<unsigned char>(text.copy(ftext->text, sizeof ftext->text));
 }
 
 ttextout::ttextout(std::string& text, tform form) : ftext(text), fform(form) {
@@ -103,12 +104,12 @@ std::string thandle::expanded(std::string_view text) const {
 }
 
 int thandle::definition(std::string_view text) {
-  return readdefinition(fdirectory.write("DEF", expanded(text)));
+  return call(BOTH(readdefinition), fdirectory.write("DEF", expanded(text)));
 }
 int thandle::parameters(std::string_view text) {
-  return readparameterfile(fdirectory.write("OPT", expanded(text)));
+  return call(BOTH(readparameterfile), fdirectory.write("OPT", expanded(text)));
 }
-void thandle::string(std::string_view text) { readfromstr(expanded(text)); }
+void thandle::string(std::string_view text) { call(BOTH(readfromstr), expanded(text)); }
 void thandle::pchar(const std::string& text) { optreadfrompchar(fhandle, expanded(text).c_str()); }
 void thandle::file(std::string_view name, std::string_view text) { fdirectory.write(name, expanded(text)); }
 
@@ -117,7 +118,7 @@ tlines thandle::messages() {
   for (std::int32_t nr = 1; nr <= optmessagecount(fhandle); ++nr) {
     std::string text;
     std::int32_t kind = -1;
-    getmessage(nr, text, kind);
+    call(BOTH(getmessage), nr, text, kind);
     result.push_back(replaced(text, fdirectory.path(""), ""));
   }
   return result;
@@ -131,32 +132,32 @@ tlines thandle::takemessages() {
 
 tlines thandle::help(const std::string& request) {
   const std::ptrdiff_t before = optmessagecount(fhandle);
-  showhelp(request);
+  call(BOTH(showhelp), request);
   const tlines all = messages();
   return {all.begin() + before, all.end()};
 }
 
 std::string thandle::written() {
   const std::string path = fdirectory.path("WRITTEN");
-  EXPECT_EQ(writeparameterfile(path), 0);
+  EXPECT_EQ(call(BOTH(writeparameterfile), path), 0);
   return readfile(path);
 }
 
 int thandle::number(const std::string& name) {
   std::int32_t nr = 0;
   std::int32_t refnr = 0;
-  findstr(name, nr, refnr);
+  call(BOTH(findstr), name, nr, refnr);
   return nr;
 }
 
 std::string thandle::value(const std::string& name) {
   std::string text;
-  return getvalstr(name, text) != 0 ? text : "?";
+  return call(BOTH(getvalstr), name, text) != 0 ? text : "?";
 }
 
 std::string thandle::value2(const std::string& name) {
   std::string text;
-  return getval2str(name, text) != 0 ? text : "?";
+  return call(BOTH(getval2str), name, text) != 0 ? text : "?";
 }
 
 }  // namespace testsupport

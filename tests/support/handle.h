@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -66,23 +67,21 @@ template <>
 class targument<const char*> {
  public:
   explicit targument(std::string_view text) : ftext(text) {}
-  explicit targument(std::nullptr_t) : fisnull(true) {}
-  const char* pass() { return fisnull ? nullptr : ftext.c_str(); }
+  explicit targument(std::nullptr_t) {}
+  const char* pass() { return ftext.has_value() ? ftext->c_str() : nullptr; }
 
  private:
-  std::string ftext;
-  bool fisnull = false;
+  std::optional<std::string> ftext;
 };
 template <>
 class targument<const optshortstring*> {
  public:
   explicit targument(std::string_view text);
-  explicit targument(std::nullptr_t) : fisnull(true) {}
-  const optshortstring* pass() { return fisnull ? nullptr : &ftext; }
+  explicit targument(std::nullptr_t) {}
+  const optshortstring* pass() { return ftext.has_value() ? &*ftext : nullptr; }
 
  private:
-  optshortstring ftext{};
-  bool fisnull = false;
+  std::optional<optshortstring> ftext;
 };
 
 // A text output: the 256-byte buffer starts with the caller's text, and the caller's text is replaced at the end.
@@ -127,9 +126,10 @@ auto invoke(tform form, tshortform shortform, tcharform charform, targuments&&..
   return form == tform::shortstring ? call(shortform, arguments...) : call(charform, arguments...);
 }
 
-// Owns one store. The methods bear the names of the exported functions without "opt" and take their arguments
-// in the same order, texts and outputs as what they are. A text output that a function leaves untouched keeps what the caller's string held
-// before, in the short-string form; the zero-terminated form empties it.
+#define BOTH(name) opt##name, copt##name
+
+// Owns one store. A text output that a function leaves untouched keeps what the caller's string held before, in the
+// short-string form; the zero-terminated form empties it.
 class thandle {
  public:
   explicit thandle(tform form = tform::shortstring);
@@ -156,47 +156,11 @@ class thandle {
   std::string value(const std::string& name);   // optGetValStr, "?" for an unknown name
   std::string value2(const std::string& name);  // optGetVal2Str, "?" where there is none
 
-#define WEXCORIN_METHOD(name)                                           \
-  template <class... targuments>                                        \
-  auto name(targuments&&... arguments) const {                          \
-    return invoke(fform, opt##name, copt##name, fhandle, arguments...); \
+  // handle.call(BOTH(getnamenr), 2, name): the exported function of the handle's form.
+  template <class tshortform, class tcharform, class... targuments>
+  auto call(tshortform shortform, tcharform charform, targuments&&... arguments) const {
+    return invoke(fform, shortform, charform, fhandle, arguments...);
   }
-  WEXCORIN_METHOD(version)
-  WEXCORIN_METHOD(definitionfile)
-  WEXCORIN_METHOD(readfromstr)
-  WEXCORIN_METHOD(readdefinition)
-  WEXCORIN_METHOD(readparameterfile)
-  WEXCORIN_METHOD(readfromliststr)
-  WEXCORIN_METHOD(writeparameterfile)
-  WEXCORIN_METHOD(showhelp)
-  WEXCORIN_METHOD(addmessage)
-  WEXCORIN_METHOD(getmessage)
-  WEXCORIN_METHOD(findstr)
-  WEXCORIN_METHOD(lookup)
-  WEXCORIN_METHOD(getvaluesnr)
-  WEXCORIN_METHOD(setvaluesnr)
-  WEXCORIN_METHOD(setvalues2nr)
-  WEXCORIN_METHOD(getstrnr)
-  WEXCORIN_METHOD(getstr2nr)
-  WEXCORIN_METHOD(setstrnr)
-  WEXCORIN_METHOD(setstr2nr)
-  WEXCORIN_METHOD(getvalstr)
-  WEXCORIN_METHOD(getval2str)
-  WEXCORIN_METHOD(getnamenr)
-  WEXCORIN_METHOD(gethelpnr)
-  WEXCORIN_METHOD(getopthelpnr)
-  WEXCORIN_METHOD(getenumhelp)
-  WEXCORIN_METHOD(getenumvalue)
-  WEXCORIN_METHOD(getsynonym)
-  WEXCORIN_METHOD(getgroupnr)
-  WEXCORIN_METHOD(gettypename)
-  WEXCORIN_METHOD(listcountstr)
-  WEXCORIN_METHOD(getdotoptnr)
-  WEXCORIN_METHOD(getdotoptuel)
-  WEXCORIN_METHOD(getindicatornr)
-  WEXCORIN_METHOD(getequindicatornr)
-  WEXCORIN_METHOD(getvarindicatornr)
-#undef WEXCORIN_METHOD
 
  private:
   std::string expanded(std::string_view text) const;

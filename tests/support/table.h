@@ -47,16 +47,11 @@ inline std::string literal(const std::string& text) {
 }
 
 inline tcolumns columnsof(const std::string& row) {
+  static const std::regex separator(" *=> *");
   tcolumns columns;
   std::size_t column = 0;
-  for (std::size_t at = 0, end = 0; end != std::string::npos; at = end + 2) {
-    end = row.find("=>", at);
-    const std::string part = row.substr(at, end == std::string::npos ? end : end - at);
-    const std::size_t first = part.find_first_not_of(' ');
-    if (first != std::string::npos)
-      columns.at(column) = literal(part.substr(first, part.find_last_not_of(' ') + 1 - first));
-    ++column;
-  }
+  for (std::sregex_token_iterator part(row.begin(), row.end(), separator, -1), end; part != end; ++part)
+    columns.at(column++) = literal(*part);
   return columns;
 }
 

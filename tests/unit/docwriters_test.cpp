@@ -29,34 +29,16 @@ std::string written(twrite write, const std::string& definition) {
 
 // As it is written: extreme numbers are words where they are values of an integer, and plain where they are an
 // enumint's default, a help flag or a group; the HTML table has a word for the group.
-constexpr const char* everytype = R"(num integer.TWO 1 5 minint maxint 1 1 A number
-   with more to say
-low integer 2 minint minint maxint 2147483647 2147483647 t
-real double.OPT 2 1E-20 mindouble 1E20 1 1 A real
-name string 3 "a b" 0 1 A name
-none string 4 "" 0 1 
-flag boolean.OPT 5 1  1 1 A flag
-word enumstr.TWO 6 x  1 1 A word
- x 1 first
- y 0 second
-code enumint.NV 7 2147483647  1 1 A code
- 2 1 two
- maxint 1 most
-bare enumint 7 1  1 1 t
-list multilist 8 1 1 A list
- num real
-all macro 1 1 All of them
- num
- flag
-bounds immediate NoBounds 1 1 Bounds
-.prior double 6 1 0 maxdouble 1 1 t
-old synonym num
-ver deprecated options
-   num  
-   real  use num
-ver obsolete options
-   name  gone
-)";
+constexpr const char* everytype =
+    "num integer.TWO 1 5 minint maxint 1 1 A number\n   with more to say\n"
+    "low integer 2 minint minint maxint 2147483647 2147483647 t\n"
+    "real double.OPT 2 1E-20 mindouble 1E20 1 1 A real\nname string 3 \"a b\" 0 1 A name\n"
+    "none string 4 \"\" 0 1 \nflag boolean.OPT 5 1  1 1 A flag\nword enumstr.TWO 6 x  1 1 A word\n"
+    " x 1 first\n y 0 second\ncode enumint.NV 7 2147483647  1 1 A code\n 2 1 two\n maxint 1 most\n"
+    "bare enumint 7 1  1 1 t\nlist multilist 8 1 1 A list\n num real\nall macro 1 1 All of them\n num\n"
+    " flag\nbounds immediate NoBounds 1 1 Bounds\n.prior double 6 1 0 maxdouble 1 1 t\n"
+    "old synonym num\nver deprecated options\n   num  \n   real  use num\nver obsolete options\n"
+    "   name  gone\n";
 
 TEST(definitionwriter, writes_what_the_reader_takes_back) {
   // Every definition has the first option already, and its type does not let it be written with its sub-type.
@@ -104,9 +86,10 @@ TEST(delphiwriter, lists_names_and_numbers_by_kind_of_value) {
                 "   pfrealmap: array[Tpfrealkeys] of integer = (\n       2    );\n\n");
   const std::string names = "i1 i2 i3 i4 a_rather_long_name i6 i7 i8 i9 ";
   EXPECT_EQ(
-      include(std::regex_replace(names, std::regex(" "), " boolean 1 0 1 1\n") +
-              "i10 integer 1 0 0 1 1 1\ni11 enumint 1 0 1 1\n 0 1\ns1 string 1 x 1 1\ns2 enumstr 1 x 1 1\n"
-              " x 1\nd1 double 1 0 0 1 1 1\nskipped strlist 1 1 1\nm1 macro 1 1\n i1\n"),
+      include(
+          std::regex_replace(names, std::regex(" "), " boolean 1 0 1 1\n") +
+          "i10 integer 1 0 0 1 1 1\ni11 enumint 1 0 1 1\n 0 1\ns1 string 1 x 1 1\ns2 enumstr 1 x 1 1\n"
+          " x 1\nd1 double 1 0 0 1 1 1\nskipped strlist 1 1 1\nno multilist 1 1 1\n i1\nm1 macro 1 1\n i1\n"),
       R"(
    Tpfintegerkeys = (
        pfi1               , pfi2               , pfi3               , pfi4               , pfa_rather_long_name        
@@ -135,7 +118,7 @@ const
        13       , 14   );
 
    pfmap: array[Tpfkeys] of integer = (
-       17   );
+       18   );
 
 )");
 }
@@ -201,9 +184,10 @@ TEST(htmlwr, operations_write_their_markup) {
     page.addhyperlink("f.html", "x", "<t>"), page.addhyperlink("f.html", "", "t");
     page.addheading(0, left, "a&b"), page.addheading(9, right, "t");
   }
+  const std::string page = std::regex_replace(readfile(directory.path("page")), std::regex("\n"), "|");
   EXPECT_EQ(
-      readfile(directory.path("page")),
-      "<html>\n<body>\n\x9F"
+      page,
+      "<html>|<body>|\x9F"
       "&nbsp;&iexcl;&cent;&pound;&curren;&yen;&brvbar;&sect;&uml;&copy;&ordf;&laquo;&not;&shy;&reg;&macr;"
       "&deg;&plusmn;&sup2;&sup3;&acute;&micro;&para;&middot;&cedille;&sup1;&ordm;&raquo;&frac14;&frac12;"
       "&frac34;&iquest;&Agrave;&Aacute;&Acirc;&Atilde;&Auml;&Aring;&AElig;&Ccedil;&Egrave;&Eacute;&Ecirc;"
@@ -212,32 +196,10 @@ TEST(htmlwr, operations_write_their_markup) {
       "&aring;&aelig;&ccedil;&egrave;&eacute;&ecirc;&euml;&igrave;&iacute;&icirc;&iuml;&eth;&ntilde;"
       "&ograve;&oacute;&ocirc;&otilde;&ouml;&divide;&oslash;&ugrave;&uacute;&ucirc;&uuml;&yacute;&thorn;"
       "&yuml;"
-      R"(a&lt;b &amp; "c"&gt; <hr>
-<br><p>a&amp;b </p>
-
-<table border>
-
-<table>
-
-<tr>
-<td> a&lt;b &amp; c </td>
-<td>  </td>
-<td align=Center><td BGCOLOR="FF1000"><COLOR="0102AB"><BGCOLOR="000000"></tr>
-</table>
-<ul><li> a&gt;</li>
-</ul>
-
-<ol></ol>
-
-<a name="a&b">
-<a href="f.html#x">&lt;t&gt;</a><a href="f.html">t</a>
-<h1 align=Left>a&amp;b</h1>
-
-<h6 align=Right>t</h6>
-
-</body>
-</html>
-)");
+      R"(a&lt;b &amp; "c"&gt; <hr>|<br><p>a&amp;b </p>||<table border>||<table>||<tr>|<td> a&lt;b &amp; c </td>|)"
+      R"(<td>  </td>|<td align=Center><td BGCOLOR="FF1000"><COLOR="0102AB"><BGCOLOR="000000"></tr>|</table>|)"
+      R"(<ul><li> a&gt;</li>|</ul>||<ol></ol>||<a name="a&b">|<a href="f.html#x">&lt;t&gt;</a>)"
+      R"(<a href="f.html">t</a>|<h1 align=Left>a&amp;b</h1>||<h6 align=Right>t</h6>||</body>|</html>|)");
 }
 
 }  // namespace
