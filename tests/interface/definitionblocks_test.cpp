@@ -8,7 +8,7 @@ namespace {
 // Reading ends, and says nothing, at a line that begins with anything but a letter or a period and a letter,
 // unless the line continues the one above it. Another option follows, and is not read where reading ends.
 TEST(definitionblocks, linesthatendthereading) {
-  foreachrow(R"(
+  constexpr const char* rows = R"(
     x strlist 1 0 0\n5 strlist 1 0 0 => ends
     x strlist 1 0 0\n. y strlist 1 0 0 => ends
     x strlist 1 0 0\n\x1A => ends
@@ -31,12 +31,12 @@ TEST(definitionblocks, linesthatendthereading) {
     names obsolete\n\x20
     // and what follows is a line of its own
     names obsolete\n \n Help => ends
-  )",
-             [](thandle& h, const tcolumns& row) {
-               EXPECT_EQ(h.definition(row[0] + "\nlast integer 1 0 0 0 0 0\n"), 0);
-               EXPECT_EQ(told(h), "");
-               EXPECT_EQ(h.call(BOTH(lookup), "last") < 0 ? "ends" : "", row[1]);
-             });
+  )";
+  foreachrow(rows, [](thandle& h, const tcolumns& row) {
+    EXPECT_EQ(h.definition(row[0] + "\nlast integer 1 0 0 0 0 0\n"), 0);
+    EXPECT_EQ(told(h), "");
+    EXPECT_EQ(h.call(BOTH(lookup), "last") < 0 ? "ends" : "", row[1]);
+  });
 }
 
 // What the words and members of a block do when the options are used.
@@ -77,7 +77,7 @@ TEST(definitionblocks, blocksinuse) {
 
 // Of all bytes those that the definition made a comment character end a parameter line.
 TEST(definitionblocks, commentcharacters) {
-  foreachrow(R"(
+  constexpr const char* rows = R"(
     c eolcomm ! # => !
     c eolcomm x!
     c eolcomm \xA7$%&()*,/:;<\x3D>?@[\\]^_`{|}~ => $%&()*,/:;<\x3D>?@[\\]^_`{|}~\xA7
@@ -86,17 +86,17 @@ TEST(definitionblocks, commentcharacters) {
     c eolcomm !1# => !
     c eolcomm !+# => !
     c eolcomm !\nd eolcomm # => #
-  )",
-             [](thandle& h, const tcolumns& row) {
-               h.definition("flag integer.NV 1 0 0 9 0 0\n" + row[0]);
-               std::string found;
-               for (int code = 1; code < 256; ++code) {
-                 if (code == '\t' || code == '\n' || code == 26 || code == ' ') continue;
-                 h.string(std::string("flag ") + static_cast<char>(code));
-                 if (h.takemessages().empty()) found += static_cast<char>(code);
-               }
-               EXPECT_EQ(found, row[1]);
-             });
+  )";
+  foreachrow(rows, [](thandle& h, const tcolumns& row) {
+    h.definition("flag integer.NV 1 0 0 9 0 0\n" + row[0]);
+    std::string found;
+    for (int code = 1; code < 256; ++code) {
+      if (code == '\t' || code == '\n' || code == 26 || code == ' ') continue;
+      h.string(std::string("flag ") + static_cast<char>(code));
+      if (h.takemessages().empty()) found += static_cast<char>(code);
+    }
+    EXPECT_EQ(found, row[1]);
+  });
 }
 
 // Sizes that no recursion survives: macros and multilists in chains of 100,000.

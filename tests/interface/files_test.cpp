@@ -19,7 +19,7 @@ constexpr const char* options =
 
 // The file "inner", the text that names it, what both set and say.
 TEST(files, includes) {
-  foreachrow(R"(
+  constexpr const char* rows = R"(
     a 1\n => read %DIR%/inner\r\nb 2 => a=1 b=2
     \e => read = "%DIR%/inner" b 2\na 1 => a=1 b=2
     // Line numbers are those of each file, before and after.
@@ -38,15 +38,15 @@ TEST(files, includes) {
     \e => \nread %DIR%/. a 1\nread %DIR%/inner/x => a=1
       => +OPT | E2 Cannot open parameter file "." | E2 Error code = 21; Is a directory
       | E3 Cannot open parameter file "inner/x" | E3 Error code = 20; Not a directory | -OPT
-  )",
-             [](thandle& h, const tcolumns& row) {
-               h.definition(options);
-               EXPECT_EQ(told(h), "");
-               h.file("inner", row[0]);
-               EXPECT_EQ(h.parameters(row[1]), 0);
-               EXPECT_EQ(settings(h), row[2]);
-               EXPECT_EQ(told(h), row[3]);
-             });
+  )";
+  foreachrow(rows, [](thandle& h, const tcolumns& row) {
+    h.definition(options);
+    EXPECT_EQ(told(h), "");
+    h.file("inner", row[0]);
+    EXPECT_EQ(h.parameters(row[1]), 0);
+    EXPECT_EQ(settings(h), row[2]);
+    EXPECT_EQ(told(h), row[3]);
+  });
 }
 
 // A file that reads itself ends with the tenth; strings do not count, and the depth is back where it was.
@@ -91,23 +91,22 @@ TEST(files, one_call_reads_ten_thousand_files) {
 
 // What a definition and a parameter file of that name are told; nothing is read.
 TEST(files, noordinaryfiles) {
-  foreachrow(R"(
+  constexpr const char* rows = R"(
     %DIR%/ => Error code = 21; Is a directory
     %DIR%/none => Error code = 2; No such file or directory
     \e => Error code = 2; No such file or directory
     /dev/null
-  )",
-             [](thandle& h, const tcolumns& row) {
-               const std::string name =
-                   row[0].starts_with('%') ? h.directory().path(row[0].substr(6)) : row[0];
-               EXPECT_EQ(h.call(BOTH(readdefinition), name) != 0, row[1] != "");
-               EXPECT_EQ(h.call(BOTH(readparameterfile), name) != 0, row[1] != "");
-               const tlines all = h.messages();
-               ASSERT_EQ(all.size(), row[1].empty() ? 0u : 4u);
-               if (row[1].empty()) return;
-               EXPECT_EQ(all[1], "*** Definition Error " + row[1]);
-               EXPECT_EQ(all[3], "*** Error " + row[1]);
-             });
+  )";
+  foreachrow(rows, [](thandle& h, const tcolumns& row) {
+    const std::string name = row[0].starts_with('%') ? h.directory().path(row[0].substr(6)) : row[0];
+    EXPECT_EQ(h.call(BOTH(readdefinition), name) != 0, row[1] != "");
+    EXPECT_EQ(h.call(BOTH(readparameterfile), name) != 0, row[1] != "");
+    const tlines all = h.messages();
+    ASSERT_EQ(all.size(), row[1].empty() ? 0u : 4u);
+    if (row[1].empty()) return;
+    EXPECT_EQ(all[1], "*** Definition Error " + row[1]);
+    EXPECT_EQ(all[3], "*** Error " + row[1]);
+  });
 }
 
 // A name counts whole: the system would take it for the one before the NUL. A device that has no end is too large.

@@ -126,23 +126,21 @@ TEST(help, descriptionbytype) {
 // A prefix without regard to case, then the number at the end. Names that are equal in both fall as the sort
 // swaps them: options as defined, then synonyms, is where it starts.
 TEST(help, orderofnames) {
-  foreachrow(R"(
+  constexpr const char* rows = R"(
     b A c aa B_ => A aa b B_ c
     iter10 Iter2 iter2a x ITER02 iter a2 iter002 => a2 iter ITER02 iter002 Iter2 iter10 iter2a x
     x10000000000000000000 b1 x_1 x0 x9999999999999999999 x a99
       => a99 b1 x x0 x9999999999999999999 x10000000000000000000 x_1
     eq1 b eq01 a eq001 eq0001 c eq00001 => a b c eq0001 eq00001 eq01 eq1 eq001
-  )",
-             [](thandle& h, const tcolumns& row) {
-               h.definition("g group 1 1 G\n" +
-                            std::regex_replace(row[0] + ' ', std::regex(" "), " string 1 x 1 1\n"));
-               h.takemessages();
-               std::string result;
-               for (const std::string& line : h.help("1"))
-                 if (line.ends_with(" : "))
-                   result += (result.empty() ? "" : " ") + line.substr(0, line.find(' '));
-               EXPECT_EQ(result, row[1]);
-             });
+  )";
+  foreachrow(rows, [](thandle& h, const tcolumns& row) {
+    h.definition("g group 1 1 G\n" + std::regex_replace(row[0] + ' ', std::regex(" "), " string 1 x 1 1\n"));
+    h.takemessages();
+    std::string result;
+    for (const std::string& line : h.help("1"))
+      if (line.ends_with(" : ")) result += (result.empty() ? "" : " ") + line.substr(0, line.find(' '));
+    EXPECT_EQ(result, row[1]);
+  });
   check("g group 1 1 G\ne01 string 1 x 1 1\ne1 string 1 x 1 1\ne001 synonym e1\ne0001 synonym e01\n", R"(
     1 => \nOptions summary by group\n\nG\ne001 (Synonym for e1) : \ne0001 (Synonym for e01)\n<:\x20
       \ne01                   : \ne1                    : \n

@@ -8,7 +8,7 @@ namespace {
 
 // The mode, the names of options 2 and on, what is looked up, and what is found.
 TEST(lookup, bymode) {
-  foreachrow(R"(
+  constexpr const char* rows = R"(
     Normal => alpha Beta beta => BETA => Beta
     Normal => alpha => alph => none
     // Of each word three characters have to agree before the first that does not.
@@ -35,17 +35,17 @@ TEST(lookup, bymode) {
     Minos => major_ite => maj_iter => none
     minos => ma_x => ma_x => ma_x
     Minos => ma_x => mx_x => none
-  )",
-             [](thandle& h, const tcolumns& row) {
-               const std::string line = " integer 1 1 0 9 1 1\n";
-               const std::string options = std::regex_replace(row[1] + ' ', std::regex(" "), line);
-               h.definition(options + row[0] + " lookup\n");  // last, to play no part in reading the names
-               std::string name = "none", help;
-               const int number = h.number(row[2]);
-               h.call(BOTH(gethelpnr), number, name, help);
-               EXPECT_EQ(number == -1 ? "none" : name, row[3]);
-               EXPECT_EQ(h.call(BOTH(lookup), row[2]), number == -1 ? -1 : number - 1);
-             });
+  )";
+  foreachrow(rows, [](thandle& h, const tcolumns& row) {
+    const std::string line = " integer 1 1 0 9 1 1\n";
+    const std::string options = std::regex_replace(row[1] + ' ', std::regex(" "), line);
+    h.definition(options + row[0] + " lookup\n");  // last, to play no part in reading the names
+    std::string name = "none", help;
+    const int number = h.number(row[2]);
+    h.call(BOTH(gethelpnr), number, name, help);
+    EXPECT_EQ(number == -1 ? "none" : name, row[3]);
+    EXPECT_EQ(h.call(BOTH(lookup), row[2]), number == -1 ? -1 : number - 1);
+  });
 }
 
 // Where names consist of words, they are handed out with blanks; help and writing by the raw name keep
@@ -68,21 +68,20 @@ TEST(lookup, namesofmodeminoshaveblanks) {
 
 // Among many options that fit, behind many that do not.
 TEST(lookup, thefirstthatfits) {
-  foreachrow(R"(
+  constexpr const char* rows = R"(
     Normal => convergence_tolerance => CONVERGENCE_tolerance
     Path => convergence_tolerance# => con_tol
     Minos => convergence_tole# => conv_tole
-  )",
-             [](thandle& h, const tcolumns& row) {
-               std::string definition;
-               for (const std::string name :
-                    {"covert_tolerance#", "conv_totals#", "con_to#", row[1].c_str(), "conv#"})
-                 for (int nr = 100; nr < 300; ++nr)
-                   definition += std::regex_replace(name, std::regex("#"), std::to_string(nr)) +
-                                 " integer 1 1 0 9 1 1\n";
-               h.definition(definition + row[0] + " lookup\n");
-               EXPECT_EQ(h.call(BOTH(lookup), row[2]), 601);
-             });
+  )";
+  foreachrow(rows, [](thandle& h, const tcolumns& row) {
+    std::string definition;
+    for (const std::string name : {"covert_tolerance#", "conv_totals#", "con_to#", row[1].c_str(), "conv#"})
+      for (int nr = 100; nr < 300; ++nr)
+        definition +=
+            std::regex_replace(name, std::regex("#"), std::to_string(nr)) + " integer 1 1 0 9 1 1\n";
+    h.definition(definition + row[0] + " lookup\n");
+    EXPECT_EQ(h.call(BOTH(lookup), row[2]), 601);
+  });
 }
 
 }  // namespace

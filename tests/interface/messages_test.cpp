@@ -59,21 +59,21 @@ Finished reading from "OPT"
 }
 
 TEST(messages, numbersoutofrange) {
-  foreachrow(R"(
+  constexpr const char* rows = R"(
     0 => Bad message number = -1
     2 => Bad message number = 1
     -5 => Bad message number = -6
     1 => *** Error one
     -2147483648 => Bad message number = -2147483649
-  )",
-             [](thandle& h, const tcolumns& row) {
-               h.call(BOTH(addmessage), "one");
-               std::string text = "old";
-               std::int32_t kind = -7;
-               h.call(BOTH(getmessage), std::stoi(row[0]), text, kind);
-               EXPECT_EQ(text, row[1]);
-               EXPECT_EQ(kind, 9);
-             });
+  )";
+  foreachrow(rows, [](thandle& h, const tcolumns& row) {
+    h.call(BOTH(addmessage), "one");
+    std::string text = "old";
+    std::int32_t kind = -7;
+    h.call(BOTH(getmessage), std::stoi(row[0]), text, kind);
+    EXPECT_EQ(text, row[1]);
+    EXPECT_EQ(kind, 9);
+  });
 }
 
 // Fills the list up to that length.
@@ -142,7 +142,7 @@ Finished reading from "OPT"
 
 // A line and the pieces in which it is echoed; the marks are of code 187.
 TEST(echo, piecesofaline) {
-  foreachrow(R"(
+  constexpr const char* rows = R"(
     \x20nv\t! x => >>  \x20nv\t! x\n
     *<129c> => >>  *<129c>\n
     *<130c> => >> \xBB*<129c>\n>> \xBBc\n
@@ -150,14 +150,14 @@ TEST(echo, piecesofaline) {
     *<259c> => >> \xBB*<129c>\xBB\n>> \xBB<130c>\n
     *<260c> => >> \xBB*<129c>\xBB\n>> \xBB<130c>\n>> \xBBc\n
     *<299c> => >> \xBB*<129c>\xBB\n>> \xBB<130c>\xBB\n>> \xBB<40c>\n
-  )",
-             [](thandle& h, const tcolumns& row) {
-               h.definition("nv integer.NV 1 0 0 9 1 1\nmarks eolcomm !\n");
-               optechoset(h.get(), 1);
-               h.parameters(row[0] + "\nnv");
-               EXPECT_EQ(joined(h.messages()), "Reading parameter(s) from \"OPT\"\n" + row[1] +
-                                                   ">>  nv\nFinished reading from \"OPT\"\n");
-             });
+  )";
+  foreachrow(rows, [](thandle& h, const tcolumns& row) {
+    h.definition("nv integer.NV 1 0 0 9 1 1\nmarks eolcomm !\n");
+    optechoset(h.get(), 1);
+    h.parameters(row[0] + "\nnv");
+    EXPECT_EQ(joined(h.messages()),
+              "Reading parameter(s) from \"OPT\"\n" + row[1] + ">>  nv\nFinished reading from \"OPT\"\n");
+  });
 }
 
 // A string or a buffer is echoed before the note on entering it, which then meets its leave note and goes.

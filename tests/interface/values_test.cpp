@@ -94,7 +94,7 @@ int apply(thandle& h, const std::string& setter, int nr, const std::string& argu
 // The setter and the option, what it is called with, its result, and the option's value, or both of them. A setter that
 // does not fit the option's type or number of values answers 0 and says nothing.
 TEST(values, numberedsetters) {
-  foreachrow(R"(
+  constexpr const char* rows = R"(
     intnr maxit => 10 => 1 => 10
     intnr maxit => 11 => 0 => 5 => V Integer range error for @ saw "11" | V    Valid range is 0 to 10
     intnr flag => -1 => 0 => 0 => V Boolean out of range for @ saw "-1" | V    Valid values are 0 or 1
@@ -129,20 +129,19 @@ TEST(values, numberedsetters) {
     values2nr span => 3.5 x => 1 => 0|3.5
     values2nr both => 3.5 B C => 1 => a|b c
     values2nr maxit => 3.5 x => 0 => 5
-  )",
-             [](thandle& h, const tcolumns& row) {
-               define(h);
-               const std::string setter = row[0].substr(0, row[0].find(' '));
-               const std::string option = row[0].substr(setter.size() + 1);
-               EXPECT_EQ(std::to_string(apply(h, setter, h.number(option), row[1])), row[2]);
-               const std::string second = h.value2(option);
-               EXPECT_EQ(h.value(option) + (second == "?" ? "" : "|" + second), row[3]);
-               const std::string before = settings(h);
-               for (const int bad : {0, -1, optcount(h.get()) + 1})
-                 EXPECT_EQ(apply(h, setter, bad, row[1]), 0) << bad;
-               EXPECT_EQ(settings(h), before);
-               EXPECT_EQ(toldof(h, option), row[4]);
-             });
+  )";
+  foreachrow(rows, [](thandle& h, const tcolumns& row) {
+    define(h);
+    const std::string setter = row[0].substr(0, row[0].find(' '));
+    const std::string option = row[0].substr(setter.size() + 1);
+    EXPECT_EQ(std::to_string(apply(h, setter, h.number(option), row[1])), row[2]);
+    const std::string second = h.value2(option);
+    EXPECT_EQ(h.value(option) + (second == "?" ? "" : "|" + second), row[3]);
+    const std::string before = settings(h);
+    for (const int bad : {0, -1, optcount(h.get()) + 1}) EXPECT_EQ(apply(h, setter, bad, row[1]), 0) << bad;
+    EXPECT_EQ(settings(h), before);
+    EXPECT_EQ(toldof(h, option), row[4]);
+  });
 }
 
 TEST(values, outofboundsmarks) {

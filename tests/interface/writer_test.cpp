@@ -7,7 +7,7 @@ namespace testsupport {
 namespace {
 
 TEST(writer, bytes) {
-  foreachrow(R"(
+  constexpr const char* rows = R"(
     \e
     flag yes\nmaxit 3\nbig_step 1e20 => maxit=3\nbig_step=1E20\nflag=1\n
     method "two words"\nlevel 2 => method="two words"\nlevel=2\n
@@ -31,21 +31,21 @@ TEST(writer, bytes) {
     x.prior('a',"b",*) = 2.5\nindic eq(i,'j') $ var(i) 0\ny.mark 3\nindic e$v yes\nmaxit 2
       => maxit=2\nx.prior('a',"b",*) = 2.5\ny.mark = 3\nindic eq(i,'j')$var(i)=0\nindic e$v=1\n
     free on x.prior 200 => x.prior = 200\n
-  )",
-             [](thandle& h, const tcolumns& row) {
-               h.definition(everytype);
-               h.parameters(row[0]);
-               const std::string written = h.written();
-               EXPECT_EQ(written, row[1]);
-               // And read back, but for a dot entry out of bounds, which has no brackets.
-               for (const int eolonly : {1, 0}) {
-                 thandle again(h.form());
-                 again.definition(everytype);
-                 opteolonlyset(again.get(), eolonly);
-                 again.parameters(written);
-                 EXPECT_EQ(again.written(), written == "x.prior = 200\n" ? "" : written);
-               }
-             });
+  )";
+  foreachrow(rows, [](thandle& h, const tcolumns& row) {
+    h.definition(everytype);
+    h.parameters(row[0]);
+    const std::string written = h.written();
+    EXPECT_EQ(written, row[1]);
+    // And read back, but for a dot entry out of bounds, which has no brackets.
+    for (const int eolonly : {1, 0}) {
+      thandle again(h.form());
+      again.definition(everytype);
+      opteolonlyset(again.get(), eolonly);
+      again.parameters(written);
+      EXPECT_EQ(again.written(), written == "x.prior = 200\n" ? "" : written);
+    }
+  });
 }
 
 // Without an option that switches the checking of bounds the brackets have no name.
@@ -60,38 +60,38 @@ TEST(writer, othernames) {
 
 // Written text that no reading would take back: a client may store double quotes and line breaks in a string.
 TEST(writer, nothinginsideavalueisescaped) {
-  foreachrow(R"(
+  constexpr const char* rows = R"(
     " => note="\n
     a"b c => note="a"b c"\n
     "a,b" => note=""a,b""\n
     a\nb => note=a\nb\n
     x<251 >y => note="x<251 >y"\n
-  )",
-             [](thandle& h, const tcolumns& row) {
-               h.definition(everytype);
-               h.call(BOTH(setvaluesnr), h.number("note"), 0, 0, row[0]);
-               EXPECT_EQ(h.written(), row[1]);
-             });
+  )";
+  foreachrow(rows, [](thandle& h, const tcolumns& row) {
+    h.definition(everytype);
+    h.call(BOTH(setvaluesnr), h.number("note"), 0, 0, row[0]);
+    EXPECT_EQ(h.written(), row[1]);
+  });
 }
 
 TEST(writer, failures) {
-  foreachrow(R"(
+  constexpr const char* rows = R"(
     no/such => maxit 3 => 2
       => E Cannot write parameter file "no/such" | E    Error code = 2; No such file or directory
     . => maxit 3 => 21 => E Cannot write parameter file "." | E    Error code = 21; Is a directory
     /dev/full => maxit 3 => 0
       => E Cannot write parameter file "/dev/full" | E    Error code = 28; No space left on device
     /dev/full => => 0
-  )",
-             [](thandle& h, const tcolumns& row) {
-               h.definition(everytype);
-               h.string(row[1]);
-               const std::string path = row[0][0] == '/' ? row[0] : h.directory().path(row[0]);
-               EXPECT_EQ(std::to_string(h.call(BOTH(writeparameterfile), path)), row[2]);
-               EXPECT_EQ(told(h), row[3]);
-               h.file("WRITTEN", "something that was there before\n");  // and is replaced
-               EXPECT_EQ(h.written(), row[1].empty() ? "" : "maxit=3\n");
-             });
+  )";
+  foreachrow(rows, [](thandle& h, const tcolumns& row) {
+    h.definition(everytype);
+    h.string(row[1]);
+    const std::string path = row[0][0] == '/' ? row[0] : h.directory().path(row[0]);
+    EXPECT_EQ(std::to_string(h.call(BOTH(writeparameterfile), path)), row[2]);
+    EXPECT_EQ(told(h), row[3]);
+    h.file("WRITTEN", "something that was there before\n");  // and is replaced
+    EXPECT_EQ(h.written(), row[1].empty() ? "" : "maxit=3\n");
+  });
 }
 
 }  // namespace
