@@ -38,6 +38,7 @@ TEST(values, texts) {
     maxit => MaxInt => 5 => V Integer range error for @ saw "2147483647" | V    Valid range is 0 to 10
     maxit => 2.5 => 5 => V Integer expected, for @ saw "2.5"
     big_step => 2.5d-1 => 0.25
+    big_step => 0 => 0
     big_step => -2 => 0.5 => V Double out of range for @ saw "-2" | V    Valid range is 0 to 1E20
     big_step => 1,5 => 0.5 => V Double expected for @ saw "1,5"
     span => 1e300 => 0
