@@ -1,7 +1,8 @@
 // What happens when memory runs out, or the system refuses a file, at every single point of a sequence of
 // calls that touches every family of functions: no crash, no leak, the handle goes on answering, and nothing
-// is lost without a word. The leaks are found by the sanitizer build. The program is linked with the library's
-// objects; operator new is replaced, and the linker hands the calls of the C library to the functions below.
+// is lost without a word. The leaks are found by the sanitizer build. The program is linked with the
+// library's objects; operator new is replaced, and the linker hands the calls of the C library to the
+// functions below.
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/stat.h>
@@ -27,8 +28,8 @@ enum class teffect {
   interrupted    // not of memory: part of it is done, or nothing with EINTR
 };
 
-// The next operations of the planned kind that are met while armed count from 1; number `plannednumber` has the
-// effect, 0 none. Calls of the library are armed, what the test does around them is not.
+// The next operations of the planned kind that are met while armed count from 1; number `plannednumber` has
+// the effect, 0 none. Calls of the library are armed, what the test does around them is not.
 toperation plannedoperation = toperation::allocation;
 teffect plannedeffect = teffect::fails;
 int plannednumber = 0;
@@ -236,8 +237,8 @@ std::string outcome(toperation operation, teffect effect, int which) {
   return result;
 }
 
-// The effect at every point in turn until the sequence ends before it: an outcome that differs from the usual one is
-// reported. Signals and devices that do part of the work at a time change nothing.
+// The effect at every point in turn until the sequence ends before it: an outcome that differs from the usual
+// one is reported. Signals and devices that do part of the work at a time change nothing.
 TEST(faults, ateverypoint) {
   using enum toperation;
   using enum teffect;
@@ -285,8 +286,8 @@ TEST(faults, ateverypoint) {
   }
 }
 
-// A FIFO is waited for: not for ever, whatever interrupts the waiting, and longer when somebody is about to write, who
-// may come late, write slowly and end in the middle of a line.
+// A FIFO is waited for: not for ever, whatever interrupts the waiting, and longer when somebody is about to
+// write, who may come late, write slowly and end in the middle of a line.
 TEST(faults, fifos) {
   const struct {
     int where;

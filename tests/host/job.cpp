@@ -91,8 +91,8 @@ std::string dojob(const std::string& written) { return finish(begin(), written);
 
 }  // namespace host
 
-// Of the job as a library that is linked with the system's library, as a solver's is that is loaded into a modelling
-// system: does the job; the result is its length, as much as there is room for in `text`. With null
+// Of the job as a library that is linked with the system's library, as a solver's is that is loaded into a
+// modelling system: does the job; the result is its length, as much as there is room for in `text`. With null
 // as `written` it only makes a handle and frees it.
 extern "C" __attribute__((visibility("default"))) std::size_t runclient(const char* written, char* text,
                                                                         std::size_t size) {

@@ -26,7 +26,8 @@ TEST(versioncheck, compares_the_client_s_version_with_the_library_s) {
   });
 }
 
-// The function as a client declares it: its name, the result's code, then those of the arguments after the handle.
+// The function as a client declares it: its name, the result's code, then those of the arguments after the
+// handle.
 int check(tform form, const std::string& declared, std::string& message) {
   std::istringstream words(declared.substr(declared.find(' ')));
   const std::vector<std::int32_t> codes{std::istream_iterator<std::int32_t>(words), {}};

@@ -5,7 +5,8 @@
 namespace testsupport {
 namespace {
 
-// "name type default in low..high (user-map help-flag group) text", then "+ value help-flag text" for each of its values.
+// "name type default in low..high (user-map help-flag group) text", then "+ value help-flag text" for each of
+// its values.
 std::string describeoption(thandle& h, int nr) {
   constexpr const char* modifiers[] = {"", ".NV", ".OPT", ".TWO"};
   std::int32_t refnr = 0, opttype = 0, subtype = 0, helpflag = 0, group = 0, low = 0, high = 0, items = 0;
@@ -34,8 +35,8 @@ std::string describeoption(thandle& h, int nr) {
   return text.str();
 }
 
-// All that a definition made but the predefined option, with " | " between: options, a synonym as "name -> option", a
-// group as "[name] number help-flag text".
+// All that a definition made but the predefined option, with " | " between: options, a synonym as "name ->
+// option", a group as "[name] number help-flag text".
 std::string describe(thandle& h) {
   std::string text, name, other;
   std::int32_t group = 0, helpflag = 0;

@@ -1,6 +1,6 @@
-// Lines on parts of a model: dot options, with the value for a name and its indices, and indicators, with an equation,
-// a variable and a boolean word; brackets, what is rejected and counted, the limits of 20 elements and 63 characters,
-// and where the line goes on after each error.
+// Lines on parts of a model: dot options, with the value for a name and its indices, and indicators, with an
+// equation, a variable and a boolean word; brackets, what is rejected and counted, the limits of 20 elements
+// and 63 characters, and where the line goes on after each error.
 #include "interface/optiontext.h"
 
 namespace testsupport {
@@ -26,8 +26,8 @@ std::string elements(thandle& h, int nr, int count, tshortform shortform, tcharf
   return result + (count > 0 ? ")" : "");
 }
 
-// "name.option(element,...)=value" for each dot entry, "equation(element,...)$variable(element,...)=value" for each
-// indicator, then "rejected n" where lines were rejected.
+// "name.option(element,...)=value" for each dot entry, "equation(element,...)$variable(element,...)=value"
+// for each indicator, then "rejected n" where lines were rejected.
 std::string entries(thandle& h) {
   std::ostringstream result;
   std::string name, other;
@@ -148,7 +148,8 @@ TEST(entries, indicators) {
     // Not indicator lines.
     -ind 1 a 5\nind.prior 7 => ind.prior=7 => a=5 .prior=7 => E1 Unknown option "ind"
   )~");
-  // After a good line the statement is over in both reading modes; a comment or a rejected line leaves nothing over.
+  // After a good line the statement is over in both reading modes; a comment or a rejected line leaves
+  // nothing over.
   check(true, R"(
     ind e$v 1 a 5\nind e$v 0 ind f$w yes 1\nind e v a 6\nind e$v no ! a 7
       => e$v=1 e$v=0 f$w=1 e$v=0 rejected 1 => a=5
@@ -182,7 +183,8 @@ TEST(entries, many) {
   h.parameters(text);
   std::int32_t rejected = 0;
   EXPECT_EQ(optdotoptcount(h.get(), &rejected), 97501);
-  // Two messages for a rejected value, until the list of messages is full; from then on nothing counts as an error.
+  // Two messages for a rejected value, until the list of messages is full; from then on nothing counts as an
+  // error.
   EXPECT_EQ(rejected, 2500);
   EXPECT_EQ(optmessagecount(h.get()), 5001);
 }

@@ -1,5 +1,5 @@
-// Files that read files: where reading goes on afterwards, what is passed on and what is not, and the limits; and files
-// of every shape: what is no ordinary file, what changes while it is read.
+// Files that read files: where reading goes on afterwards, what is passed on and what is not, and the limits;
+// and files of every shape: what is no ordinary file, what changes while it is read.
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -109,7 +109,8 @@ TEST(files, noordinaryfiles) {
   });
 }
 
-// A name counts whole: the system would take it for the one before the NUL. A device that has no end is too large.
+// A name counts whole: the system would take it for the one before the NUL. A device that has no end is too
+// large.
 TEST(files, namesanddevices) {
   thandle h;
   h.string("--any x");

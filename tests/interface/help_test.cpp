@@ -5,8 +5,8 @@
 namespace testsupport {
 namespace {
 
-// The lines; ">" stands for the 24 blanks that the lines of a description begin with, "<" for the 22 blanks before a
-// text that has no room beside its name.
+// The lines; ">" stands for the 24 blanks that the lines of a description begin with, "<" for the 22 blanks
+// before a text that has no room beside its name.
 std::string shown(const tlines& lines) {
   const std::string indented = std::regex_replace("\n" + joined(lines), std::regex("\n {24}"), "\n>");
   return std::regex_replace(indented, std::regex("\n {22}:"), "\n<:").substr(1);

@@ -1,4 +1,5 @@
-// Finding an option by name in the three lookup modes, and that among many names the first that fits is found.
+// Finding an option by name in the three lookup modes, and that among many names the first that fits is
+// found.
 #include <regex>
 
 #include "support/handle.h"

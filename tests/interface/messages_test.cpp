@@ -1,6 +1,6 @@
 // The message list: decoration by kind, numbers out of range, line prefixes, enter and leave notes that
-// cancel, the limit of 5,000, the two ways of counting and the cut at 255 characters; and echoed lines, in pieces of 130
-// characters.
+// cancel, the limit of 5,000, the two ways of counting and the cut at 255 characters; and echoed lines, in
+// pieces of 130 characters.
 #include "interface/optiontext.h"
 
 namespace testsupport {

@@ -81,8 +81,8 @@ inline std::string settings(thandle& handle) {
   return result;
 }
 
-// Rows of a file that is read with the definition, what it sets, and what is told; before it "eol" for end-of-line
-// reading, "any" for both, else a word.
+// Rows of a file that is read with the definition, what it sets, and what is told; before it "eol" for
+// end-of-line reading, "any" for both, else a word.
 inline void checkreading(const char* definition, const char* table, bool notes = false) {
   foreachrow(table, [&](thandle& h, const tcolumns& row) {
     EXPECT_EQ(h.definition(definition), 0);

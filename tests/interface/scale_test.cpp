@@ -90,8 +90,8 @@ TEST(scale, definitions) {
 constexpr const char* lineoptions =
     "a integer 1 0 0 9 1 1\nl strlist 2 1 1\ns string 3 none 1 1\n.prior double 4 1 0 9 1 1\nind indicator\n";
 
-// Many times the same line: what is listed and entered of it, and what is wrong, which is told of the first 4,999
-// lines, behind the note on the file.
+// Many times the same line: what is listed and entered of it, and what is wrong, which is told of the first
+// 4,999 lines, behind the note on the file.
 TEST(scale, lines) {
   const struct {
     int where;

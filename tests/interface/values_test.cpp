@@ -57,8 +57,8 @@ TEST(values, texts) {
     // only marks it; its own value is not the default
     quiet => any " text => 0
   )");
-  // Without checking of bounds a value outside is stored with the same words as a warning; text that does not parse is
-  // refused as before. An enumerated string has no entry to store and becomes empty.
+  // Without checking of bounds a value outside is stored with the same words as a warning; text that does not
+  // parse is refused as before. An enumerated string has no entry to store and becomes empty.
   checktexts(false, R"(
     maxit => 11 => 11 => W Integer range error for @ saw "11" | W    Valid range is 0 to 10
     big_step => -2 => -2 => W Double out of range for @ saw "-2" | W    Valid range is 0 to 1E20
@@ -92,8 +92,8 @@ int apply(thandle& h, const std::string& setter, int nr, const std::string& argu
                               : h.call(BOTH(setvalues2nr), nr, integer, number, text);
 }
 
-// The setter and the option, what it is called with, its result, and the option's value, or both of them. A setter that
-// does not fit the option's type or number of values answers 0 and says nothing.
+// The setter and the option, what it is called with, its result, and the option's value, or both of them. A
+// setter that does not fit the option's type or number of values answers 0 and says nothing.
 TEST(values, numberedsetters) {
   constexpr const char* rows = R"(
     intnr maxit => 10 => 1 => 10

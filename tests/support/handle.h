@@ -48,8 +48,8 @@ class ttempdir {
 // Switches the process to a locale with a decimal comma: an installed one, else one made here.
 bool setcommalocale();
 
-// What a function of either form takes for an argument, by the parameter's type: numbers and handles as they are, an
-// output by its address.
+// What a function of either form takes for an argument, by the parameter's type: numbers and handles as they
+// are, an output by its address.
 template <class tparameter>
 class targument {
  public:
@@ -84,7 +84,8 @@ class targument<const optshortstring*> {
   std::optional<optshortstring> ftext;
 };
 
-// A text output: the 256-byte buffer starts with the caller's text, and the caller's text is replaced at the end.
+// A text output: the 256-byte buffer starts with the caller's text, and the caller's text is replaced at the
+// end.
 class ttextout {
  public:
   ttextout(std::string& text, tform form);
@@ -128,8 +129,8 @@ auto invoke(tform form, tshortform shortform, tcharform charform, targuments&&..
 
 #define BOTH(name) opt##name, copt##name
 
-// Owns one store. A text output that a function leaves untouched keeps what the caller's string held before, in the
-// short-string form; the zero-terminated form empties it.
+// Owns one store. A text output that a function leaves untouched keeps what the caller's string held before,
+// in the short-string form; the zero-terminated form empties it.
 class thandle {
  public:
   explicit thandle(tform form = tform::shortstring);

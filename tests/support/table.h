@@ -1,6 +1,6 @@
-// Tables in one text. A row is a line, together with the lines below it that begin with "=>", "|" or "\n". Between
-// its columns stands "=>"; those at the end may be missing. "\n", "\t", "\r", "\xHH" and the like are read as in a
-// literal, "\e" is nothing, "<3ab>" is "ababab". Lines that begin with "//" are comments.
+// Tables in one text. A row is a line, together with the lines below it that begin with "=>", "|" or "\n".
+// Between its columns stands "=>"; those at the end may be missing. "\n", "\t", "\r", "\xHH" and the like are
+// read as in a literal, "\e" is nothing, "<3ab>" is "ababab". Lines that begin with "//" are comments.
 #pragma once
 
 #include <array>

@@ -27,8 +27,8 @@ std::string written(twrite write, const std::string& definition) {
   return readfile(directory.path("out"));
 }
 
-// As it is written: extreme numbers are words where they are values of an integer, and plain where they are an
-// enumint's default, a help flag or a group; the HTML table has a word for the group.
+// As it is written: extreme numbers are words where they are values of an integer, and plain where they are
+// an enumint's default, a help flag or a group; the HTML table has a word for the group.
 constexpr const char* everytype =
     "num integer.TWO 1 5 minint maxint 1 1 A number\n   with more to say\n"
     "low integer 2 minint minint maxint 2147483647 2147483647 t\n"
@@ -123,8 +123,8 @@ const
 )");
 }
 
-// Below "[" begins a row, "]" ends one, and "|" goes behind a cell. Only the first item row is started, and the rows of
-// lists and macros are not ended.
+// Below "[" begins a row, "]" ends one, and "|" goes behind a cell. Only the first item row is started, and
+// the rows of lists and macros are not ended.
 TEST(optiontable, has_a_row_for_every_option_and_item) {
   std::string table =
       written(&tvksoptionwriter::writeashtml,

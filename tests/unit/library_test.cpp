@@ -1,5 +1,5 @@
-// What stands around the store: text conversion, the version line, start and stop of the units, and the text scanner.
-// Its tokens and echo are tested where what they become can be fetched.
+// What stands around the store: text conversion, the version line, start and stop of the units, and the text
+// scanner. Its tokens and echo are tested where what they become can be fetched.
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -77,8 +77,8 @@ TEST(dotoptions, parts_without_an_entry_are_told) {
   EXPECT_EQ(store.messages().decorated(2).view(), "*** Error Cannot SetValue to DotObj");
 }
 
-// What the library has for the programs that are built with its objects, and the echo that is switched on while a
-// file is read.
+// What the library has for the programs that are built with its objects, and the echo that is switched on
+// while a file is read.
 TEST(store, values_by_class_and_name) {
   struct techo : tassignmentobserver {
     explicit techo(tvksoptions& store) : fstore(store) {}

@@ -1,5 +1,5 @@
-// Short strings, heap strings, comparison without regard to case and the routines on short texts; the lists: growth,
-// search, deletion, ownership and sorting.
+// Short strings, heap strings, comparison without regard to case and the routines on short texts; the lists:
+// growth, search, deletion, ownership and sorting.
 #include <gtest/gtest.h>
 
 #include <algorithm>
