@@ -35,19 +35,18 @@ void storedefault(ttextvalues& values) { strassign(values.fvalue, values.fdefaul
 
 }  // namespace
 
+// Options of no other type can be named without a value.
 void toption::usedefined() {
-  switch (fopttype) {
-    case topttype::integer: storedefault(as<tintoption>(*this).fvalues); break;
-    case topttype::dbl: storedefault(as<tdbloption>(*this).fvalues); break;
-    case topttype::string: storedefault(as<tstringoption>(*this).fvalues); break;
-    case topttype::boolean: storedefault(as<tbooleanoption>(*this).fvalues); break;
-    case topttype::enumstr: storedefault(as<tenumstroption>(*this).fvalues); break;
-    case topttype::enumint: storedefault(as<tenumintoption>(*this).fvalues); break;
-    case topttype::multilist:
-    case topttype::strlist:
-    case topttype::macro:
-    case topttype::immediate: return;
-  }
+  if (auto* integer = ifis<tintoption>(this))
+    storedefault(integer->fvalues);
+  else if (auto* number = ifis<tdbloption>(this))
+    storedefault(number->fvalues);
+  else if (auto* boolean = ifis<tbooleanoption>(this))
+    storedefault(boolean->fvalues);
+  else if (auto* word = ifis<tenumstroption>(this))
+    storedefault(word->fvalues);
+  else
+    storedefault(as<tenumintoption>(*this).fvalues);
   setdefined(firstvaluebit);
 }
 

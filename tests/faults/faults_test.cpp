@@ -115,11 +115,12 @@ int __wrap_close(int descriptor) {
   return turn ? static_cast<int>(failed(plannedeffect == teffect::fails ? EIO : EINTR)) : result;
 }
 
-// Fails by its time being over.
+// Fails by its time being over, for good by there being no memory for it.
 int __real_poll(pollfd*, nfds_t, int);
 int __wrap_poll(pollfd* requests, nfds_t length, int patience) {
   if (!isturn(toperation::poll)) return __real_poll(requests, length, patience);
-  return plannedeffect == teffect::fails ? 0 : static_cast<int>(failed(EINTR));
+  if (plannedeffect == teffect::fails) return 0;
+  return static_cast<int>(failed(plannedeffect == teffect::interrupted ? EINTR : ENOMEM));
 }
 
 }  // extern "C"
@@ -163,7 +164,10 @@ struct tsteps {
 class tscene {
  public:
   tscene() {
-    fdirectory.write("test.def", definition);
+    std::string options(definition);
+    for (char name = 'a'; name <= 'p'; ++name)  // enough for the index of names to grow
+      options.append("o").append(1, name).append(" strlist 20 1 1\n");
+    fdirectory.write("test.def", options);
     fdirectory.write("test.opt", parameters);
     fdirectory.write("nested.opt", "tol 0.25\nname nested\n");
     std::filesystem::current_path(fdirectory.path("."));
@@ -302,6 +306,7 @@ TEST(faults, fifos) {
       {__LINE__, 1, teffect::fails, true, "name x\n", "", 0, "x"},
       {__LINE__, 1, teffect::fails, true, "", "name y\n", 0, "y"},
       {__LINE__, 1, teffect::interrupted, true, "", "name z\n", 0, "z"},
+      {__LINE__, 1, teffect::failsforgood, true, "", "name v\n", 0, "v"},
       {__LINE__, 0, teffect::fails, false, "", "texts a\nname w", 0, "w"},
   };
   for (const auto& row : rows) {

@@ -79,6 +79,7 @@ TEST(definition, whatismade) {
   check(R"(
     x\tINTEGER \t1 "5" minint MaxInt 2 3 \t the  text \t\x20
       => x integer 5 in -2147483648..2147483647 (1 2 3) the  text
+    x integer -1234567890 1234567890 0 MaxInt 2 3 => x integer 1234567890 in 0..2147483647 (-1234567890 2 3)
     d double 1 .5 mindouble maxdouble 2 3 t => d double 0.5 in -1e+299..1e+299 (1 2 3) t
     s string 1 "say "hi", now" 2 3 t => s string "say "hi", now" (1 2 3) t
     // the default is not checked

@@ -172,6 +172,16 @@ TEST(entries, keywordsofindicators) {
   });
 }
 
+// When errors no longer count, a line that is none leaves nothing behind, and one that was begun an entry.
+TEST(entries, afterthelastmessage) {
+  inbothforms([](thandle& h) {
+    h.definition(options);
+    for (int i = 0; i <= 5000; ++i) h.call(BOTH(addmessage), "x");
+    h.parameters("ind\nind e\nind e$v 1\n");
+    EXPECT_EQ(entries(h), "e$=0 e$v=1");
+  });
+}
+
 // A hundred thousand lines; the entries stay through a reset and later readings.
 TEST(entries, many) {
   thandle h;

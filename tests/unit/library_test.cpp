@@ -57,7 +57,7 @@ TEST_F(audit, line_that_is_set_goes_before_the_library_s) {
 }
 
 TEST_F(audit, release_values_agree_with_each_other) {
-  EXPECT_FALSE(zqaisalfa() || zqaisbeta() || zqaauditrun() || zqaisauditword("audit1"));
+  EXPECT_FALSE(zqaisalfa() || zqaisbeta() || zqaisauditword("audit1"));
   EXPECT_TRUE(zqaisauditword("aUdIt"));
   EXPECT_EQ(zqagetreldat().size() + zqagetblddat().size() + zqagetcpr().size() + zqagetbldcod().size(), 97U);
   EXPECT_EQ(zqagethdr(), "x86_64/Linux          ");
@@ -66,6 +66,15 @@ TEST_F(audit, release_values_agree_with_each_other) {
   EXPECT_EQ(zqagetver(), 20.0);
   EXPECT_EQ(zqagetjul(), 46346);  // 21 November 2026
   EXPECT_GT(zqagettoday(), 46000);
+}
+
+TEST_F(audit, runs_when_the_first_parameter_asks_for_it) {
+  using namespace std::string_literals;
+  const testsupport::ttempdir directory;
+  for (const std::string& others : {""s, "program"s, "program\0"s, "audit\0x\0audit\0"s, "program\0audit"s})
+    EXPECT_FALSE(zqaauditrun(directory.write("commandline", others).c_str())) << others;
+  EXPECT_TRUE(zqaauditrun(directory.write("commandline", "program\0Audit\0x\0"s).c_str()));
+  EXPECT_FALSE(zqaauditrun() || zqaauditrun("no/such/file"));
 }
 
 // The reader adds an entry before its parts; parts without an entry would be a mistake in the library.

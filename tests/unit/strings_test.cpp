@@ -106,10 +106,14 @@ TEST(lists, owning_lists_free_what_they_lose_and_clear_from_the_end) {
     texts.remove(1);
     EXPECT_EQ(told, "b");
     EXPECT_EQ(texts.getname(1), "c");
-    texts.setcapacity(1);
-    EXPECT_EQ(texts.capacity(), 3);
+    for (const std::int32_t capacity : {1, 3}) {
+      texts.setcapacity(capacity);
+      EXPECT_EQ(texts.capacity(), 3);
+    }
     texts.clear();
     EXPECT_EQ(told, "bdca");
+    EXPECT_EQ(texts.capacity(), 0);
+    for (const std::int32_t capacity : {5, 0}) texts.setcapacity(capacity);
     EXPECT_EQ(texts.capacity(), 0);
     texts.addobject("e", new tteller{told, 'e'});
     txlistobj<tteller> items;
