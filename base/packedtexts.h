@@ -1,4 +1,5 @@
-// Texts that belong together and no longer change, in one piece of an arena: for what there may be millions of.
+// Texts that belong together and no longer change, in one piece of an arena: for what there may be millions
+// of.
 #pragma once
 
 #include <cstdint>

@@ -28,8 +28,8 @@ tword loadword(const char* text) {
   return word;
 }
 
-// The characters of a text of `count` (1 to 7) characters, some of them twice: equal words mean equal texts of
-// one length.
+// The characters of a text of `count` (1 to 7) characters, some of them twice: equal words mean equal texts
+// of one length.
 tword loadfew(const char* text, std::size_t count) {
   if (count >= 4) {
     std::uint32_t first;

@@ -42,8 +42,8 @@ std::int32_t zqagettoday();
 // Whether a parameter asks for the audit line: AUDIT in any case.
 bool zqaisauditword(std::string_view parameter);
 
-// Whether the first command-line parameter of the process does. The file holds the parameters, each with a zero byte
-// behind it.
+// Whether the first command-line parameter of the process does. The file holds the parameters, a zero byte
+// behind each.
 bool zqaauditrun(const char* commandline = "/proc/self/cmdline");
 
 }  // namespace wexcorin

@@ -36,8 +36,8 @@ class tdotobj : public tinarena {
   std::int32_t foptionindex;
 };
 
-// The dot entries of a store in the order of reading, each under its symbol's name. An entry is collected from
-// its parts and in the list only when it is kept.
+// The dot entries of a store in the order of reading, each under its symbol's name. An entry is collected
+// from its parts and in the list only when it is kept.
 class tdotobjlist {
  public:
   explicit tdotobjlist(tvksoptions& owner) noexcept : fowner(owner) {}

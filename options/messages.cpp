@@ -26,8 +26,8 @@ bool hasline(tmsgkind kind) noexcept {
 
 }  // namespace
 
-// A note of leaving that directly follows its note of entering: reading what says nothing leaves no trace. The
-// notes nest, so a note of leaving has messages before it, and an enter note that comes last is its own.
+// A note of leaving that directly follows its note of entering: reading what says nothing leaves no trace.
+// The notes nest, so a note of leaving has messages before it, and an enter note that comes last is its own.
 bool tmessagelist::cancelsenternote(tmsgkind kind) const noexcept {
   return kind == tmsgkind::fileleave && ftexts.getobject(count() - 1) == tmsgkind::fileenter;
 }

@@ -14,8 +14,8 @@ namespace wexcorin {
 
 namespace {
 
-// Finds the next word from `position` (counted from 0) on, which moves behind the word and its separator. Words
-// are ended by the path-list separator, not by blanks. False when there is no further word.
+// Finds the next word from `position` (counted from 0) on, which moves behind the word and its separator.
+// Words are ended by the path-list separator, not by blanks. False when there is no further word.
 bool nextlistword(std::string_view text, std::size_t& position, std::string_view& word) noexcept {
   position = std::min(text.find_first_not_of(" \t", position), text.size());
   if (position == text.size()) return false;

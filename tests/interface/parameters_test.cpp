@@ -140,6 +140,18 @@ TEST(parameters, keysandvalues) {
 }
 
 // An immediate option changes the mode of one reading, the exported switch that of all later ones.
+TEST(parameters, namedwithoutvalue) {
+  inbothforms([](thandle& h) {
+    h.definition(
+        "i integer.OPT 1 4 0 9 1 1\nd double.OPT 2 2.5 0 9 1 1\nb boolean.OPT 3 1 1 1\n"
+        "e enumstr.OPT 4 x 1 1\n x 1\n y 1\nn enumint.OPT 5 3 1 1\n 3 1\n 6 1\n");
+    h.parameters("i 1\nd 1\nb 0\ne y\nn 6\n");
+    EXPECT_EQ(settings(h), "i=1 d=1 b=0 e=y n=6");
+    h.parameters("i\nd\nb\ne\nn\n");
+    EXPECT_EQ(settings(h), "i=4 d=2.5 b=1 e=x n=3");
+  });
+}
+
 TEST(parameters, readingmode) {
   inbothforms([](thandle& h) {
     h.definition(options);
