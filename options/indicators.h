@@ -59,8 +59,8 @@ class tindicatoritem : public tinarena {
 };
 
 // The indicators of a store in the order of reading. An item is collected from its parts and in the list
-// only when it is kept. Whatever is wrong with an identifier or element becomes a message; it is added all the
-// same, and the reader then drops the whole item.
+// only when it is kept. Whatever is wrong with an identifier or element becomes a message; it is added all
+// the same, and the reader then drops the whole item.
 class tindicatorlist {
  public:
   explicit tindicatorlist(tvksoptions& owner) noexcept : fowner(owner) {}
