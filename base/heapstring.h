@@ -13,8 +13,8 @@ namespace wexcorin {
 
 // The text of a block; empty for no block.
 inline std::string_view getstring(const char* block) noexcept {
-  return block == nullptr ? std::string_view("", 0)
-                          : std::string_view(block + 1, static_cast<unsigned char>(block[0]));
+  if (block == nullptr) return "";
+  return {block + 1, static_cast<unsigned char>(block[0])};
 }
 
 // The first 255 characters.
