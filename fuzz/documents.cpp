@@ -33,27 +33,39 @@ void checkdefinition(std::string_view bytes) {
 
 bool isalphanumeric(char c) { return wexcorin::isletter(c) || wexcorin::isdigit(c); }
 
-// Only the markup that the table writer uses, and texts in cells alone, where what is no text is escaped.
-// Rows are not looked at: the writer leaves some of them open.
+// The next piece of markup, which moves past it: a tag, with values in quotes that are closed, an entity, or
+// text with no sign of either.
+std::string_view nextpiece(std::string_view& page) {
+  std::size_t end = std::min(page.find_first_of("<>&"), page.size());
+  if (end == 0) {
+    HOLDS(page[0] != '>', page.substr(0, 80));
+    for (bool quoted = false; end < page.size() && (quoted || page[end] != (page[0] == '<' ? '>' : ';'));
+         ++end)
+      quoted ^= page[end] == '"';
+    HOLDS(end++ < page.size(), page.substr(0, 80));
+    HOLDS(page[0] == '<' || std::ranges::all_of(page.substr(1, end - 2),
+                                                [](char c) { return c == '#' || isalphanumeric(c); }),
+          page.substr(0, 80));
+  }
+  const std::string_view piece = page.substr(0, end);
+  page.remove_prefix(end);
+  return piece;
+}
+
+// Only the markup that the table writer uses, and texts in cells alone. Rows are not looked at: the writer
+// leaves some of them open.
 void checkhtml(std::string_view page) {
   std::string frame;
   bool incell = false;
   while (!page.empty()) {
-    const char first = page.front();
-    const std::size_t end = first == '<' ? page.find('>') : first == '&' ? page.find(';') : 0;
-    HOLDS(end != page.npos, page);
-    const std::string_view piece = page.substr(0, end + 1);
-    page.remove_prefix(end + 1);
+    const std::string_view piece = nextpiece(page);
     if (piece == "<td>" || piece == "</td>")
       HOLDS(std::exchange(incell, piece == "<td>") == (piece == "</td>"), piece, page.substr(0, 80));
-    else if (piece == "<tr>" || piece == "</tr>")
-      HOLDS(!incell, piece, page.substr(0, 80));
-    else if (first == '<')
+    else if (piece[0] == '<' && piece != "<tr>" && piece != "</tr>")
       frame += piece;
-    else if (first == '&')
-      HOLDS(incell && end > 1 && std::ranges::all_of(piece.substr(1, end - 1), isalphanumeric), piece);
     else
-      HOLDS(first != '>' && (incell || first == ' ' || first == '\n'), piece, page.substr(0, 80));
+      HOLDS(incell != (piece[0] == '<') || piece.find_first_not_of(" \n") == piece.npos, piece,
+            page.substr(0, 80));
   }
   HOLDS(frame == "<html><body><table border></table></body></html>", frame);
 }
@@ -123,32 +135,17 @@ void checkjson(const treference& reference, std::string_view text) {
   HOLDS(!document.is_discarded() && document["options"].size() == reference.options.size(), text);
 }
 
-// What stands between "<" and ">", without quotes around a value being left open; moves past it.
-std::string_view nexttag(std::string_view& text) {
-  std::size_t end = 0;
-  for (bool quoted = false; end < text.size() && (quoted || text[end] != '>'); ++end)
-    if (text[end] == '"') quoted = !quoted;
-  HOLDS(end < text.size(), text);
-  const std::string_view tag = text.substr(1, end - 1);
-  text.remove_prefix(end + 1);
-  return tag;
-}
-
-// Every tag is the page's own and ends in its place, and all that looks like an entity is one.
+// Every tag is the page's own and ends in its place.
 void checkpage(const treference&, std::string_view text) {
   checkvisible(text);
   static const std::set<std::string_view> single = {"!DOCTYPE", "meta", "br", "input"};
   std::vector<std::string_view> open;
   while (!text.empty()) {
-    const std::string_view here = text.substr(0, 80);
-    HOLDS(text.front() != '&' || text.substr(0, 8).find(';') != text.npos, here);
-    if (text.front() != '<') {
-      text.remove_prefix(1);
-      continue;
-    }
-    const std::string_view tag = nexttag(text), name = tag.substr(0, tag.find_first_of(" \n"));
-    if (tag.starts_with('/')) {
-      HOLDS(!open.empty() && open.back() == tag.substr(1), here);
+    const std::string_view piece = nextpiece(text);
+    if (piece[0] != '<') continue;
+    const std::string_view name = piece.substr(1, piece.find_first_of(" \n>") - 1);
+    if (name[0] == '/') {
+      HOLDS(!open.empty() && open.back() == name.substr(1), piece, text.substr(0, 80));
       open.pop_back();
     } else if (!single.contains(name)) {
       open.push_back(name);

@@ -2,7 +2,9 @@
 #include <iostream>
 #include <optional>
 
+#include "api/handle.h"
 #include "tools/commands.h"
+#include "tools/inexpressible.h"
 #include "tools/reading.h"
 
 namespace tool {
@@ -10,9 +12,13 @@ namespace tool {
 namespace {
 
 void write(treading& reading, const std::string& output) {
-  if (output != "-") return reading.write(output, output);
+  const std::string name = output == "-" ? "<stdout>" : output;
+  // options are read to the end of the line, where nobody asks for something else
+  for (const tinexpressible& each : inexpressible(*reading.handle().get(), true))
+    reading.add({.place = {name}, .severity = tseverity::warning, .text = each.text});
+  if (output != "-") return reading.write(name, output);
   const ttemporaryfile file;
-  reading.write("<stdout>", file.path());
+  reading.write(name, file.path());
   std::cout << file.contents();
 }
 

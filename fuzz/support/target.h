@@ -230,8 +230,8 @@ void checkstate(tpair& pair, tscope scope);
 // the line or word by word, and written again: the bytes must be the same and nothing may be refused on the
 // way.
 //
-// Not all settings can be expressed in a parameter file. The exceptions are named in roundtrip.cpp, where
-// each one is decided on; options with such a value are reset before.
+// Options with a value that a parameter file cannot express, as the tool says, are reset before; other such
+// settings end the comparison.
 void checkroundtrip(tpair& pair, bool eolonly);
 
 }  // namespace fuzzing
