@@ -85,7 +85,7 @@ void checklibrarydocuments(const tpair& pair) {
     std::string bytes[2];
     for (const int form : {0, 1}) {
       const tvksoptionwriter writer(*pair.handle(form));
-      allowopens();
+      beforecall();
       HOLDS((writer.*write)("out") == 0, "out");
       bytes[form] = readfile("out");
       HOLDS((writer.*write)("out") == 0 && readfile("out") == bytes[form], bytes[form]);

@@ -51,15 +51,6 @@ int open(std::string_view name, int flags) {
 
 }  // namespace
 
-void fail(const char* file, int line, const char* condition, std::initializer_list<tseen> seen) {
-  std::fprintf(stderr, "%s:%d: does not hold: %s\n", file, line, condition);
-  for (const tseen& each : seen) std::fprintf(stderr, "%s\n", each.text.c_str());
-  std::fflush(stderr);
-  std::abort();
-}
-
-void allowopens() { opens = 48; }
-
 void writefile(std::string_view name, std::string_view bytes) {
   const ssize_t written = ::pwrite(created(name), bytes.data(), bytes.size(), 0);
   HOLDS(written == static_cast<ssize_t>(bytes.size()), name);
@@ -75,6 +66,15 @@ std::string readfile(std::string_view name) {
 }
 
 }  // namespace fuzzing
+
+void bothforms::fail(const char* file, int line, const char* condition, std::initializer_list<tseen> seen) {
+  std::fprintf(stderr, "%s:%d: does not hold: %s\n", file, line, condition);
+  for (const tseen& each : seen) std::fprintf(stderr, "%s\n", each.text.c_str());
+  std::fflush(stderr);
+  std::abort();
+}
+
+void bothforms::beforecall() { fuzzing::opens = 48; }
 
 int __wrap_open(const char* name, int flags, mode_t mode) {
   return fuzzing::isrunning ? fuzzing::open(name, flags) : __real_open(name, flags, mode);

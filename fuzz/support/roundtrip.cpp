@@ -1,9 +1,25 @@
-// The round trip of a parameter file.
+// The round trip of a parameter file, and what a pair keeps for it.
 #include "api/handle.h"
 #include "fuzz/support/target.h"
 #include "tools/inexpressible.h"
 
 namespace fuzzing {
+
+std::int32_t tpair::readdefinition(std::string_view filename) {
+  const bool isfirst = one(optcount) == 0;
+  const std::string bytes = readfile(filename);
+  const std::int32_t code = call(BOTH(readdefinition), ttext(filename));
+  if (code == 0) fdefinitions += isfirst ? 1 : 2;
+  if (code == 0 && isfirst) fdefinition = bytes;
+  return code;
+}
+
+void tpair::clearmessages() {
+  fwasfull = wasfull();
+  one(optclearmessages);
+}
+
+bool tpair::wasfull() const { return fwasfull || handle(0)->messagesfull(); }
 
 namespace {
 
@@ -15,7 +31,7 @@ std::string written(tpair& pair, const std::string& filename) {
   name.prepare(true);
   for (const std::size_t form : {0U, 1U}) {
     writefile(filename, "what was there before");
-    allowopens();
+    beforecall();
     HOLDS((form == 0 ? optwriteparameterfile(pair.handle(0), name.pass<const optshortstring*>(0))
                      : coptwriteparameterfile(pair.handle(1), filename.c_str())) == 0,
           filename);

@@ -2,181 +2,38 @@
 // and the checks of all that the interface answers.
 #pragma once
 
-#include <array>
-#include <bit>
-#include <cstdint>
-#include <initializer_list>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
-#include "wexcorin/wexcorin.h"
+#include "tests/support/bothforms.h"
 
 // The fuzzer calls this for each input.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
 
-// A condition that does not hold ends the process, with the place and what was seen, so that the fuzzer keeps
-// the input.
-#define HOLDS(condition, ...) \
-  ((condition) ? static_cast<void>(0) : ::fuzzing::fail(__FILE__, __LINE__, #condition, {__VA_ARGS__}))
-// A function's name in both text forms.
-#define BOTH(name) opt##name, copt##name
-
 namespace fuzzing {
 
-// What a target does with an input; each target has one.
-void run(std::string_view input);
+using namespace bothforms;
 
-struct tseen {
-  template <class tvalue>
-  tseen(const tvalue& value) {
-    if constexpr (std::is_convertible_v<tvalue, std::string_view>)
-      text = value;
-    else
-      text = std::to_string(value);
-  }
-  std::string text;
-};
-[[noreturn]] void fail(const char* file, int line, const char* condition, std::initializer_list<tseen> seen);
+// What a target does with an input; each target has one. A condition that does not hold ends the process, so
+// that the fuzzer keeps the input.
+void run(std::string_view input);
 
 // ---- files: bytes in memory under names that the target chooses. The library's calls of the system's open
 // end there (the linker redirects them), so that no input reaches the file system, whatever names it makes
 // up.
 //
 // Besides the files there is "/", the directory that no read gets anything from, and "full", which takes no
-// byte. Files can be created under names that begin with "out". Any other name does not exist.
+// byte. Files can be created under names that begin with "out". Any other name does not exist. A call opens
+// 48 files, then there are "too many open files": files that include themselves take a bounded time.
 
 void writefile(std::string_view name, std::string_view bytes);
 std::string readfile(std::string_view name);  // empty for a file that does not exist
-// Before each call of the library: so many files may be opened, then there are "too many open files". Files
-// that include themselves take a bounded time.
-void allowopens();
 
-// ---- calls: each is made in both text forms, on two handles in the same state; results, numbers and texts
-// that come out must agree
-
-// A text in both forms. One with a zero byte and one of 255 characters have no zero-terminated form: the call
-// is then made in the short form twice. A longer text arrives as the interface says. Buffers of results lie
-// between guard bytes, and what lies behind a text must stay as it was; those of arguments are of exactly
-// their length, so that reading on is noticed.
-class ttext {
+// Two handles, and what the round trip has to know of their past.
+class tpair : public thandles {
  public:
-  ttext() : ftakesresult(true) {}
-  explicit ttext(std::nullptr_t) : fisnull(true) {}
-  // An argument, or argument and result in one buffer.
-  explicit ttext(std::string_view text, bool takesresult = false);
-
-  bool hasboth() const;
-  void prepare(bool both);
-  void finish(bool both);
-  template <class tpointer>
-  tpointer pass(int form) {
-    return fisnull ? nullptr
-                   : reinterpret_cast<tpointer>(fbuffers[static_cast<std::size_t>(form)].data() + guards);
-  }
-  // After a call: the text; empty when the call left the buffer untouched.
-  const std::string& text() const { return ftext; }
-
- private:
-  static constexpr int guards = 8;
-  bool fisnull = false, fhasinitial = false, ftakesresult = false;
-  std::string finitial, ftext;
-  std::array<std::vector<unsigned char>, 2> fbuffers, fbefore;  // a buffer for each form
-};
-
-// An argument in both forms: a text, a number that comes out, or what is the same in both, but for the handles.
-struct tslot {
-  bool hasboth() const { return true; }
-  void prepare(bool) const {}
-  void finish(bool) const {}
-};
-inline constexpr int untouched = -77777;
-template <class tnumber>
-struct tresultslot : tslot {
-  tnumber& value;
-  std::array<tnumber, 2> values = {untouched, untouched};
-  void finish(bool) {
-    using tbits = std::conditional_t<sizeof(tnumber) == 8, std::uint64_t, std::uint32_t>;
-    HOLDS(std::bit_cast<tbits>(values[0]) == std::bit_cast<tbits>(values[1]), values[0], values[1]);
-    value = values[0];
-  }
-  template <class>
-  tnumber* pass(int form) {
-    return &values[static_cast<std::size_t>(form)];
-  }
-};
-template <class tvalue>
-struct tvalueslot : tslot {
-  const tvalue& value;
-  template <class tparameter>
-  tparameter pass(int form) const {
-    if constexpr (std::is_same_v<tvalue, std::array<tvksoptions*, 2>>)
-      return value[static_cast<std::size_t>(form)];
-    else
-      return value;
-  }
-};
-template <class tparameter, class targument>
-decltype(auto) slot(targument& argument) {
-  if constexpr (std::is_same_v<targument, ttext>)
-    return (argument);
-  else if constexpr (std::is_same_v<tparameter, targument*>)
-    return tresultslot<targument>{{}, argument};
-  else
-    return tvalueslot<targument>{{}, argument};
-}
-
-// The result of both; 0 when they have none.
-template <class tfirst, class tsecond>
-std::int32_t agreed(tfirst first, tsecond second) {
-  const auto made = [](auto call) -> std::int32_t {
-    allowopens();
-    if constexpr (!std::is_void_v<decltype(call())>) return call();
-    call();
-    return 0;
-  };
-  const std::int32_t result = made(first), other = made(second);
-  HOLDS(result == other, result, other);
-  return result;
-}
-
-// A function without handle, in both forms.
-template <class tresult, class... tfirst, class... tsecond, class... targuments>
-std::int32_t call(tresult (*first)(tfirst...), tresult (*second)(tsecond...), targuments&&... arguments) {
-  const auto made = [&](auto&&... slots) {
-    const bool both = (slots.hasboth() && ...);
-    (slots.prepare(both), ...);
-    const std::int32_t result = agreed([&] { return first(slots.template pass<tfirst>(0)...); },
-                                       [&] {
-                                         return both ? second(slots.template pass<tsecond>(1)...)
-                                                     : first(slots.template pass<tfirst>(1)...);
-                                       });
-    (slots.finish(both), ...);
-    return result;
-  };
-  return made(slot<tfirst>(arguments)...);
-}
-
-class tpair {
- public:
-  tpair();
-  tpair(const tpair&) = delete;
-  tpair& operator=(const tpair&) = delete;
-  ~tpair();
-  tvksoptions* handle(int form) const { return fhandles[static_cast<std::size_t>(form)]; }
-
-  // A function in both forms, or one that has only one, on both handles.
-  template <class tfirst, class tsecond, class... targuments>
-  std::int32_t call(tfirst first, tsecond second, targuments&&... arguments) {
-    return fuzzing::call(first, second, fhandles, arguments...);
-  }
-  template <class tcall, class... targuments>
-  std::int32_t one(tcall only, targuments&&... arguments) {
-    return fuzzing::call(only, only, fhandles, arguments...);
-  }
-
   std::int32_t readdefinition(std::string_view filename);
   void clearmessages();
   // The bytes of the one definition file that was read when there was no option yet; null when it was none or
@@ -186,7 +43,6 @@ class tpair {
   bool wasfull() const;
 
  private:
-  std::array<tvksoptions*, 2> fhandles{};
   std::string fdefinition;
   int fdefinitions = 0;
   bool fwasfull = false;

@@ -10,6 +10,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "support/bothforms.h"
+
 namespace testsupport {
 namespace {
 
@@ -161,3 +163,10 @@ std::string thandle::value2(const std::string& name) {
 }
 
 }  // namespace testsupport
+
+void bothforms::fail(const char* file, int line, const char* condition, std::initializer_list<tseen> seen) {
+  std::string all;
+  for (const tseen& each : seen) all += each.text + '\n';
+  ADD_FAILURE_AT(file, line) << "does not hold: " << condition << '\n' << all;
+}
+void bothforms::beforecall() {}

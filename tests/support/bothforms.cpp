@@ -1,11 +1,10 @@
 // Texts in both forms, and the two handles.
+#include "bothforms.h"
+
 #include <algorithm>
 #include <cstring>
 
-#include "api/handle.h"
-#include "fuzz/support/target.h"
-
-namespace fuzzing {
+namespace bothforms {
 
 constexpr std::size_t longest = 255;
 
@@ -48,31 +47,15 @@ void ttext::finish(bool both) {
   }
 }
 
-tpair::tpair() {
+thandles::thandles() {
   for (tvksoptions*& handle : fhandles) HOLDS(xcreate(&handle) == handle && handle != nullptr, "no handle");
 }
 
-tpair::~tpair() {
+thandles::~thandles() {
   for (tvksoptions*& handle : fhandles) {
     xfree(&handle);
     HOLDS(handle == nullptr, "a handle is left");
   }
 }
 
-std::int32_t tpair::readdefinition(std::string_view filename) {
-  const bool isfirst = one(optcount) == 0;
-  const std::string bytes = readfile(filename);
-  const std::int32_t code = call(BOTH(readdefinition), ttext(filename));
-  if (code == 0) fdefinitions += isfirst ? 1 : 2;
-  if (code == 0 && isfirst) fdefinition = bytes;
-  return code;
-}
-
-void tpair::clearmessages() {
-  fwasfull = wasfull();
-  one(optclearmessages);
-}
-
-bool tpair::wasfull() const { return fwasfull || handle(0)->messagesfull(); }
-
-}  // namespace fuzzing
+}  // namespace bothforms

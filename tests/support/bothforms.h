@@ -1,0 +1,165 @@
+// Calls of the interface in both text forms, on two handles in the same state: results, numbers and texts that
+// come out must agree, and no byte beside a text may change.
+#pragma once
+
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "wexcorin/wexcorin.h"
+
+#define HOLDS(condition, ...) \
+  ((condition) ? static_cast<void>(0) : ::bothforms::fail(__FILE__, __LINE__, #condition, {__VA_ARGS__}))
+// A function's name in both text forms.
+#define BOTH(name) opt##name, copt##name
+
+namespace bothforms {
+
+struct tseen {
+  template <class tvalue>
+  tseen(const tvalue& value) {
+    if constexpr (std::is_convertible_v<tvalue, std::string_view>)
+      text = value;
+    else
+      text = std::to_string(value);
+  }
+  std::string text;
+};
+
+// Each program has its own: what becomes of a condition that does not hold, and what comes before each call of
+// the library.
+void fail(const char* file, int line, const char* condition, std::initializer_list<tseen> seen);
+void beforecall();
+
+// A text in both forms. One with a zero byte and one of 255 characters have no zero-terminated form: the call
+// is then made in the short form twice. A longer text arrives as the interface says. Buffers of results lie
+// between guard bytes, and what lies behind a text must stay as it was; those of arguments are of exactly
+// their length, so that reading on is noticed.
+class ttext {
+ public:
+  ttext() : ftakesresult(true) {}
+  explicit ttext(std::nullptr_t) : fisnull(true) {}
+  // An argument, or argument and result in one buffer.
+  explicit ttext(std::string_view text, bool takesresult = false);
+
+  bool hasboth() const;
+  void prepare(bool both);
+  void finish(bool both);
+  template <class tpointer>
+  tpointer pass(int form) {
+    return fisnull ? nullptr
+                   : reinterpret_cast<tpointer>(fbuffers[static_cast<std::size_t>(form)].data() + guards);
+  }
+  // After a call: the text; empty when the call left the buffer untouched.
+  const std::string& text() const { return ftext; }
+
+ private:
+  static constexpr int guards = 8;
+  bool fisnull = false, fhasinitial = false, ftakesresult = false;
+  std::string finitial, ftext;
+  std::array<std::vector<unsigned char>, 2> fbuffers, fbefore;  // a buffer for each form
+};
+
+// An argument in both forms: a text, a number that comes out, or what is the same in both, but for the handles.
+struct tslot {
+  bool hasboth() const { return true; }
+  void prepare(bool) const {}
+  void finish(bool) const {}
+};
+inline constexpr int untouched = -77777;
+template <class tnumber>
+struct tresultslot : tslot {
+  tnumber& value;
+  std::array<tnumber, 2> values = {untouched, untouched};
+  void finish(bool) {
+    using tbits = std::conditional_t<sizeof(tnumber) == 8, std::uint64_t, std::uint32_t>;
+    HOLDS(std::bit_cast<tbits>(values[0]) == std::bit_cast<tbits>(values[1]), values[0], values[1]);
+    value = values[0];
+  }
+  template <class>
+  tnumber* pass(int form) {
+    return &values[static_cast<std::size_t>(form)];
+  }
+};
+template <class tvalue>
+struct tvalueslot : tslot {
+  const tvalue& value;
+  template <class tparameter>
+  tparameter pass(int form) const {
+    if constexpr (std::is_same_v<std::remove_const_t<tvalue>, std::array<tvksoptions*, 2>>)
+      return value[static_cast<std::size_t>(form)];
+    else
+      return value;
+  }
+};
+template <class tparameter, class targument>
+decltype(auto) slot(targument& argument) {
+  if constexpr (std::is_same_v<targument, ttext>)
+    return (argument);
+  else if constexpr (std::is_same_v<tparameter, targument*>)
+    return tresultslot<targument>{{}, argument};
+  else
+    return tvalueslot<targument>{{}, argument};
+}
+
+// The result of both; 0 when they have none.
+template <class tfirst, class tsecond>
+std::int32_t agreed(tfirst first, tsecond second) {
+  const auto made = [](auto call) -> std::int32_t {
+    beforecall();
+    if constexpr (!std::is_void_v<decltype(call())>) return call();
+    call();
+    return 0;
+  };
+  const std::int32_t result = made(first), other = made(second);
+  HOLDS(result == other, result, other);
+  return result;
+}
+
+// A function without handle, in both forms.
+template <class tresult, class... tfirst, class... tsecond, class... targuments>
+std::int32_t call(tresult (*first)(tfirst...), tresult (*second)(tsecond...), targuments&&... arguments) {
+  const auto made = [&](auto&&... slots) {
+    const bool both = (slots.hasboth() && ...);
+    (slots.prepare(both), ...);
+    const std::int32_t result = agreed([&] { return first(slots.template pass<tfirst>(0)...); },
+                                       [&] {
+                                         return both ? second(slots.template pass<tsecond>(1)...)
+                                                     : first(slots.template pass<tfirst>(1)...);
+                                       });
+    (slots.finish(both), ...);
+    return result;
+  };
+  return made(slot<tfirst>(arguments)...);
+}
+
+// Two handles, one for each form.
+class thandles {
+ public:
+  thandles();
+  thandles(const thandles&) = delete;
+  thandles& operator=(const thandles&) = delete;
+  ~thandles();
+  tvksoptions* handle(int form) const { return fhandles[static_cast<std::size_t>(form)]; }
+
+  // A function in both forms, or one that has only one, on both handles.
+  template <class tfirst, class tsecond, class... targuments>
+  std::int32_t call(tfirst first, tsecond second, targuments&&... arguments) const {
+    return bothforms::call(first, second, fhandles, arguments...);
+  }
+  template <class tcall, class... targuments>
+  std::int32_t one(tcall only, targuments&&... arguments) const {
+    return bothforms::call(only, only, fhandles, arguments...);
+  }
+
+ private:
+  std::array<tvksoptions*, 2> fhandles{};
+};
+
+}  // namespace bothforms
