@@ -46,11 +46,11 @@ std::string codes(const std::vector<std::string>& texts) {
 }
 
 std::string standingtext(const char* before, const tnamestanding& standing, const char* after) {
+  const std::string reason = standing.reason.empty() ? "" : "; " + plain(standing.reason);
   switch (standing.standing) {
     case tstanding::current: break;
-    case tstanding::deprecated: return before + ("deprecated; " + plain(standing.reason)) + after;
-    case tstanding::obsolete:
-      return before + ("obsolete, not taken any more; " + plain(standing.reason)) + after;
+    case tstanding::deprecated: return before + ("deprecated" + reason) + after;
+    case tstanding::obsolete: return before + ("obsolete, not taken any more" + reason) + after;
   }
   return {};
 }
