@@ -10,7 +10,7 @@ enum {
   types_nr_vents = 4, /* Vents a|b and `c` */
   types_nr_atmosphere = 5, /* <script>pwned = 3</script> & "quoted" 'single' &amp; */
   types_nr_a_very_long_name_that_does_not_fit_on_any_telephone_and_even_less_in_a_table = 6, /* javascript:pwned=5 */
-  types_nr_glaze = 7, /* An \xc3\xa4 in ISO 8859-1, in a group that is not declared */
+  types_nr_glaze = 7, /* An \xc3\xa4, in a group that is not declared */
   types_nr_cone = 8, /* Cones, one per use of the key */
   types_nr_dot_shelf = 9, /* Shelf of a single piece */
   types_nr_search = 10, /* The name of an element of the page */

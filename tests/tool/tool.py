@@ -93,6 +93,8 @@ for definition, option, suggestion in (
 
 written = 'vents=60\nglaze\ncone=a\ncone="b c"\nnote=R\udce4tsel\n'
 runs("wexcorin write examples/types.def - -o -", written, None, stdin=written)
+for form in "", "--json":
+    expect_part(f"show {form}", run(f"wexcorin show examples/types.def - {form}", written)[0], "Rätsel")
 runs("wexcorin write examples/types.def - -o none/new.opt", err=None, code=2)
 
 # what reading it would not give back
@@ -136,7 +138,7 @@ expect("new, refused", read("new"), out)
 
 # Names that are used twice, members that are not there and control characters.
 write("wrong.def", """Minos lookup
-word string 1 a 1 1 \x01\x1b[31m \x7f {{style}} nul:\0:end
+word string 1 a 1 1 R\udce4tsel \x01\x1b[31m \x7f {{style}} nul:\0:end
 main_limit multilist 2 1 1
  nowhere word
 MAIN_LIMIT integer 3 5 0 9 1 1
@@ -148,7 +150,7 @@ for form, part in (
         ("json", '"members": [\n        null,\n        "word"\n      ],'),
         ("page", 'id="main_limit">\n'), ("page", 'id="MAIN_LIMIT">\n'),
         ("page", 'id="upper">upper</code>, <code class="find" id="upper-2">'),
-        ("page", '"help find">\\x01\\x1b[31m \\x7f {{style}} nul:\\x00:end</p>')):
+        ("page", '"help find">Rätsel \\x01\\x1b[31m \\x7f {{style}} nul:\\x00:end</p>')):
     expect_part(form, run(f"wexcorin doc {form} wrong.def -o -")[0], part)
 
 # ---- the command line
