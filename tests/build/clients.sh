@@ -1,10 +1,13 @@
 # Runs the example clients, in C, C++ and Pascal, on the same files: each has to print the same settings and
 # messages, those that are expected.
-# usage: clients.sh LIBRARY_DIRECTORY CLIENT...
-# The clients are programs, but for the one in Pascal: it is compiled here, unless LIBRARY_DIRECTORY is empty.
+# usage: clients.sh [LIBRARY_DIRECTORY] CLIENT...
+# The clients are programs, but for the one in Pascal: it is compiled here, with the library in the directory.
 . tests/build/common.sh
-library=$1
-shift
+library=''
+if [ -d "$1" ]; then
+  library=$1
+  shift
+fi
 
 if [ -n "$library" ] && command -v fpc >/dev/null; then
   sh tests/pascal/compile.sh "$library" examples/client.pas "$work"
