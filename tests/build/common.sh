@@ -39,25 +39,3 @@ flags() {
 }
 # the forms of doc have an explanation in brackets
 forms() { "$tool" doc --help | sed -n '/^  FORM/,/^  DEF/p' | grep -o '[a-z][a-z]* (' | tr -d ' ('; }
-
-# ---- files that are installed, under "$lib" and "$zsh" for "$version"
-
-# same_files PACKAGE WHERE [MORE]: the files in "$work/found" are those that installed.txt has of a package, of all
-# where it is empty, changed and added to by the command MORE
-same_files() {
-  grep -v '^#' tests/build/installed.txt |
-    sed -e "s,VERSION,$version,g" -e "s,  *LIB/, $lib/," -e "s,  *ZSH/, $zsh/," -e 's/  */ /g' |
-    while read -r of path kind source pattern; do
-      [ -z "$1" ] || [ "$1" = "$of" ] || continue
-      case $kind in
-        from)
-          [ ! -d "$source" ] ||
-            find "$source" -type f -name "$pattern" ! -name architecture.md | sed "s,^$source,$path,"
-          ;;
-        *) echo "$path${kind:+ $kind $source}" ;;
-      esac
-    done | ${3:-cat} | sort >"$work/expected"
-  sort "$work/found" | diff -u "$work/expected" - ||
-    fail "The files $2 are not those of tests/build/installed.txt, see above (lines with - are missing)." \
-      "What is installed is said in cmake/package.cmake; a new file needs a line in that list, too."
-}

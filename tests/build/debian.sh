@@ -7,22 +7,22 @@ for program in dpkg-deb dpkg-shlibdeps gzip strip; do needs "$program" "the Debi
 logged "CPack fails to make the Debian packages, see cmake/debian.cmake" \
   "$cpack" --config "$build/CPackConfig.cmake" -B "$work"
 
-# What only packages have, and the manual page as it is in them.
-packaged() {
-  sed 's,\(share/man/.*\),\1.gz,'
-  printf "share/doc/$package/%s\n" changelog.gz copyright
-  [ ! -e "cmake/debian/$component.overrides" ] || echo "share/lintian/overrides/$package"
-}
-# package PACKAGE COMPONENT DEPENDS: a pattern of what it depends on
-package() {
-  package=$1 component=$2
-  file=$(echo "$work/${package}_${version}"_*.deb)
-  dpkg-deb --contents "$file" | grep -v '/$' | sed -e "s,^\([^ ]*  *\)\{5\}\.$prefix/,," >"$work/found"
-  same_files "$package" "in the package $package" packaged
+# Every file of every package, and every package with what it depends on, libraries without their versions.
+for file in "$work"/*.deb; do
+  package=$(dpkg-deb --field "$file" Package)
+  dpkg-deb --contents "$file" | grep -v '/$' | sed -e "s,^\([^ ]*  *\)\{5\}\.$prefix/,$package ,"
   depends=$(dpkg-deb --field "$file" Depends)
-  echo "$depends" | grep -qx "$3" || fail "$package depends on $depends: that is not what it needs."
-}
-package libwexcorin2 library '.*libc6.*libstdc++6.*'
-package libwexcorin-dev development "libwexcorin2 (= $version)"
-package wexcorin tool '.*libc6.*libstdc++6.*'
-finish "three packages, as listed"
+  echo "$package depends: $(echo "$depends" | sed 's/ (>= [^)]*)//g')"
+done | sort >"$work/found"
+
+sed -e '/^#/d' -e "s,VERSION,$version,g" -e "s,  *LIB/, $lib/," -e "s,  *ZSH/, $zsh/," -e 's/  */ /g' \
+  tests/build/installed.txt |
+  while read -r package path kind source pattern; do
+    case $kind in
+      from) find "$source" -type f -name "$pattern" ! -name architecture.md | sed "s,^$source,$package $path," ;;
+      *) echo "$package $path${kind:+ $kind $source}${pattern:+ $pattern}" ;;
+    esac
+  done | sort | diff -u - "$work/found" ||
+  fail "The packages are not those of tests/build/installed.txt, see above (lines with - are missing). What is" \
+    "installed is said in cmake/package.cmake; a new file needs a line in that list, too."
+finish "the packages are as listed"
