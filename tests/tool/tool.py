@@ -97,27 +97,6 @@ for form in "", "--json":
     expect_part(f"show {form}", run(f"wexcorin show examples/types.def - {form}", written)[0], "Rätsel")
 runs("wexcorin write examples/types.def - -o none/new.opt", err=None, code=2)
 
-# what reading it would not give back
-write("lossy.def", """marks eolcomm !
-title string 1 "" 1 1
-trace integer.OPT 2 4 0 9 1 1
-old integer 4 1 0 9 1 1
-former synonym old
-bounds immediate NoBounds 1 1
-.note string 5 "" 1 1
-gone obsolete
- old
-""")
-runs("write lossy.def - -o -", 'title=a!b\nbounds 1\ntrace=4\nbounds 0\nold=2\n--any="a, b"\nx.note = 0\n', """\
-<stdin>:4: warning: Integer range error for option "trace" saw "12"
-<stdin>:4: note: Valid range is 0 to 9
-<stdout>: warning: option "title" is not read back as it is: its text has a comment character
-<stdout>: warning: option "trace" is not read back as it is: it counts as out of bounds, but its value is not
-<stdout>: warning: option "old" is not read back as it is: its name is obsolete
-<stdout>: warning: option "--any" is not read back as it is: such a list takes no text in quotes
-<stdout>: warning: a dot line of "x" is not read back as it is: a dot line holds nothing but a number
-""", stdin='title "a!b"\n--any a, b\nbounds on\ntrace 12\ntrace\nformer 2\nx.note hi\n')
-
 # ---- doc: every form goes to standard output or a file, and leaves what was there when it cannot be written
 
 for form, part in {
