@@ -31,22 +31,21 @@ void checkdefinition(std::string_view bytes) {
   checkstate(pair, tscope::everything);
 }
 
-bool isalphanumeric(char c) { return wexcorin::isletter(c) || wexcorin::isdigit(c); }
+bool isofentity(char c) { return c == '#' || wexcorin::isletter(c) || wexcorin::isdigit(c); }
 
 // The next piece of markup, which moves past it: a tag, with values in quotes that are closed, an entity, or
 // text with no sign of either.
 std::string_view nextpiece(std::string_view& page) {
   std::size_t end = std::min(page.find_first_of("<>&"), page.size());
-  if (end == 0) {
-    HOLDS(page[0] != '>', page.substr(0, 80));
-    for (bool quoted = false; end < page.size() && (quoted || page[end] != (page[0] == '<' ? '>' : ';'));
-         ++end)
+  if (page[0] == '<') {
+    for (bool quoted = false; end < page.size() && (quoted || page[end] != '>'); ++end)
       quoted ^= page[end] == '"';
-    HOLDS(end++ < page.size(), page.substr(0, 80));
-    HOLDS(page[0] == '<' || std::ranges::all_of(page.substr(1, end - 2),
-                                                [](char c) { return c == '#' || isalphanumeric(c); }),
-          page.substr(0, 80));
+    ++end;
+  } else if (page[0] == '&') {
+    end = std::min(page.find(';'), page.size()) + 1;
+    HOLDS(end > 2 && std::ranges::all_of(page.substr(1, end - 2), isofentity), page.substr(0, 80));
   }
+  HOLDS(end > 0 && end <= page.size(), page.substr(0, 80));
   const std::string_view piece = page.substr(0, end);
   page.remove_prefix(end);
   return piece;

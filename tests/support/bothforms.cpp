@@ -34,7 +34,8 @@ void ttext::finish(bool both) {
   const unsigned char* const zero = fbuffers[1].data() + guards;
   ftext.assign(shorttext + 1, shorttext + 1 + *shorttext);
   // a text that is left untouched comes back empty in the second form
-  if (fbuffers[0] == fbefore[0] && (!both || *zero == 0)) ftext.clear();
+  fisuntouched = fbuffers[0] == fbefore[0] && (!both || *zero == 0);
+  if (fisuntouched) ftext.clear();
   if (both)
     HOLDS(std::memcmp(zero, ftext.c_str(), ftext.size() + 1) == 0, ftext);
   else

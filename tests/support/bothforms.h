@@ -58,10 +58,11 @@ class ttext {
   }
   // After a call: the text; empty when the call left the buffer untouched.
   const std::string& text() const { return ftext; }
+  bool isuntouched() const { return fisuntouched; }
 
  private:
   static constexpr int guards = 8;
-  bool fisnull = false, fhasinitial = false, ftakesresult = false;
+  bool fisnull = false, fhasinitial = false, ftakesresult = false, fisuntouched = false;
   std::string finitial, ftext;
   std::array<std::vector<unsigned char>, 2> fbuffers, fbefore;  // a buffer for each form
 };
@@ -98,10 +99,25 @@ struct tvalueslot : tslot {
       return value;
   }
 };
+// A text that comes out; it stays as it was when the call left the buffer untouched.
+struct ttextslot : ttext {
+  explicit ttextslot(std::string& value) : fvalue(value) {}
+  void finish(bool both) {
+    ttext::finish(both);
+    if (!isuntouched()) fvalue = text();
+  }
+  std::string& fvalue;
+};
 template <class tparameter, class targument>
 decltype(auto) slot(targument& argument) {
+  constexpr bool istext =
+      std::is_same_v<std::remove_const_t<std::remove_pointer_t<tparameter>>, optshortstring>;
   if constexpr (std::is_same_v<targument, ttext>)
     return (argument);
+  else if constexpr (istext && !std::is_const_v<std::remove_pointer_t<tparameter>>)
+    return ttextslot(argument);
+  else if constexpr (istext)
+    return ttext(argument);
   else if constexpr (std::is_same_v<tparameter, targument*>)
     return tresultslot<targument>{{}, argument};
   else
