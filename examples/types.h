@@ -16,9 +16,10 @@ enum {
   types_nr_search = 10, /* The name of an element of the page */
   types_nr_note = 11,
   types_nr_damper = 12, /* Before there were vents */
-  types_nr_program = 13, /* Both, separated by ":" */
-  types_nr_everything = 14, /* The same value for all of them */
-  types_nr_explain = 15, /* Explain an option */
+  types_nr_door = 13, /* Front and back */
+  types_nr_program = 14, /* Both, separated by ":" */
+  types_nr_everything = 15, /* The same value for all of them */
+  types_nr_explain = 16, /* Explain an option */
 };
 
 /* Reference numbers, which the definition file gives to its options. */
@@ -35,7 +36,8 @@ enum {
   types_ref_search = 9,
   types_ref_note = 10,
   types_ref_damper = 11,
-  types_ref_program = 12,
+  types_ref_door = 12,
+  types_ref_program = 13,
   types_ref_everything = -1,
   types_ref_explain = -1,
 };
@@ -51,6 +53,12 @@ enum {
   types_value_atmosphere_WOOD_smoke = 1, /* The default */
   types_value_atmosphere_argon = 2, /* In backticks */
   types_value_atmosphere_a_value_with_a_very_long_name_that_does_not_fit_beside_its_help_on_any_telephone = 3, /* Long */
+};
+
+/* door: items, as optgetenumstrnr gives them */
+enum {
+  types_value_door_open = 1,
+  types_value_door_shut = 2,
 };
 
 #endif
