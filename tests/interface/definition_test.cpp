@@ -1,6 +1,7 @@
-// The lines of a definition file: what each kind of line makes, every message, fields that a line takes from
-// the lines before it, odd bytes and lengths. A helper describes all that was made as text.
-#include "interface/optiontext.h"
+// Definition files: what each kind of line makes, every message, fields that a line takes from the lines before
+// it, odd bytes and lengths; lines that end the reading, blocks of continuation lines and what they do when the
+// options are used, comment characters, and definitions of great depth.
+#include "interface/script.h"
 
 namespace testsupport {
 namespace {
@@ -37,7 +38,7 @@ std::string describeoption(thandle& h, int nr) {
 
 // All that a definition made but the predefined option, with " | " between: options, a synonym as "name ->
 // option", a group as "[name] number help-flag text".
-std::string describe(thandle& h) {
+const taddedstep made("made", [](thandle& h, const std::string&) {
   std::string text, name, other;
   std::int32_t group = 0, helpflag = 0;
   for (int nr = 2; nr <= optcount(h.get()); ++nr) text += " | " + describeoption(h, nr);
@@ -47,11 +48,11 @@ std::string describe(thandle& h) {
     text += " | [" + name + "] " + std::to_string(group) + ' ' + std::to_string(helpflag) +
             (other.empty() ? "" : " ") + other;
   return text.substr(std::min<std::size_t>(text.size(), 3));
-}
+});
 
 // Messages by line and option, "1 x: text; text" for two of the form "*** Definition Error line 1: text for
 // option "x"".
-std::string definitionerrors(thandle& h) {
+const taddedstep definitionerrors("errors", [](thandle& h, const std::string&) {
   static const std::regex form(R"~(\*\*\* Definition Error line (\d+): ([^]*?)(?: for option "([^"]*)")?)~");
   std::string result, before;
   for (const std::string& line : h.messages()) {
@@ -63,20 +64,13 @@ std::string definitionerrors(thandle& h) {
     before = head;
   }
   return result;
-}
+});
 
 // The definition, what it makes, and what is wrong with it.
-void check(const char* table) {
-  foreachrow(table, [](thandle& h, const tcolumns& row) {
-    EXPECT_EQ(h.definition(row[0]), 0);
-    EXPECT_EQ(describeoption(h, 1), "Help immediate.OPT (0 0 0)");
-    EXPECT_EQ(describe(h), row[1]);
-    EXPECT_EQ(definitionerrors(h), row[2]);
-  });
-}
+constexpr const char* defining = "definition $1 => 0 ; made => $2 ; errors => $3";
 
 TEST(definition, whatismade) {
-  check(R"(
+  play("", defining, R"(
     x\tINTEGER \t1 "5" minint MaxInt 2 3 \t the  text \t\x20
       => x integer 5 in -2147483648..2147483647 (1 2 3) the  text
     x integer -1234567890 1234567890 0 MaxInt 2 3 => x integer 1234567890 in 0..2147483647 (-1234567890 2 3)
@@ -109,7 +103,7 @@ TEST(definition, whatismade) {
 }
 
 TEST(definition, failedchecks) {
-  check(R"(
+  play("", defining, R"(
     * nothing\n\nHELP integer 1 0 0 9 1 1 => HELP integer 0 in 0..9 (1 1 1) => 3 HELP: Duplicate option
     x integer => x integer 0 in 0..0 (0 0 0)
       => 1 x: Bad usermap value; Bad default value; Bad low value; Bad high value; Bad HC value; Bad Group value
@@ -203,6 +197,95 @@ TEST(definition, failedchecks) {
     // A blank value line of an integer enumeration repeats the item before it.
     e enumint 1 5 0 0\n 5 6 t\n \n => e enumint 5 (1 0 0) + 5 6 t + 5 6 => 3 e: Bad integer enum; Bad HC
   )");
+}
+
+// Reading ends, and says nothing, at a line that begins with anything but a letter or a period and a letter,
+// unless the line continues the one above it. Another option follows, and is not read where reading ends.
+TEST(definition, linesthatendthereading) {
+  play("", "definition $1\\nlast integer 1 0 0 0 0 0\\n => 0 ; told => ; value last => $2", R"(
+    x strlist 1 0 0\n5 strlist 1 0 0 => ?
+    x strlist 1 0 0\n. y strlist 1 0 0 => ?
+    x strlist 1 0 0\n\x1A => ?
+    // with its line feed an empty line
+    x strlist 1 0 0\n\r => 0
+    // After these lines nothing may be indented.
+    x strlist 1 0 0\n y strlist 1 0 0 => ?
+    x string 1 t 0 0\n help => ?
+    ind indicator\n help => ?
+    // Help, values and members; a tab is no indentation.
+    x integer 1 0 0 0 0 0\n\thelp => ?
+    x integer 1 0 0 0 0 0\n\x20 => 0
+    x boolean 1 0 0 0\n* no help\n\n help => 0
+    x enumint 1 5 0 0\n 5 0\n 6 0 => 0
+    x enumstr 1 v 0 0\n v 0\n\x20 => ?
+    x enumstr 1 v 0 0\n v 0\n "" 0 => ?
+    x enumstr 1 v 0 0\n v 0\n , w 0 => ?
+    x macro 0 0\n \t\x20 => ?
+    // the block ends, the line is done with
+    names obsolete\n\x20 => 0
+    // and what follows is a line of its own
+    names obsolete\n \n Help => ?
+  )");
+}
+
+// What the words and members of a block do when the options are used.
+TEST(definition, blocksinuse) {
+  play(
+      "x integer 1 0 0 9 0 0\ny integer 2 0 0 9 0 0\nsx synonym x\nsy synonym y\nnames deprecated\n"
+      " x use z\n sx use x\nnames obsolete\n y went away\n sy use y\nnames deprecated\n"
+      " X  use it   no more\nnames obsolete\n sx\n",
+      reading, R"(
+    1 => X 5 => x=5 => W1 deprecated option "X"; use it   no more
+    1 => sx 5 => => W1 deprecated synonym "sx";\x20
+    1 => y 5 => => W1 obsolete option "y"; went away
+    1 => SY 5 => => W1 obsolete synonym "SY"; use y
+  )");
+  play(
+      "x integer 1 0 0 9 0 0\nl strlist 1 0 0\nml multilist 2 0 0\n x, l\n l ml x nowhere x\n"
+      "one macro 0 0\n x and what follows\n l\n x\ntwo macro 0 0\n one\n ml\n two\nmix multilist 3 0 0\n"
+      " one l\nmany multilist 3 0 0\n many x\n l\n",
+      reading, R"(
+    1 => ml 1::b:x:c:: => x=1 l=[]
+      => V1 Integer expected, for option "ml" saw "x" | V1 Integer expected, for option "ml" saw ""
+    1 => ml 1:a:b:2:c:3:4 => x=3 l=[a] => V1 Too many items for multilist "ml"
+    // A word ends at the path-list separator, not at a blank.
+    1 => ml 1: \ta b :c => x=1 l=[a b ]
+    1 => ml 1 :b => l=[b] => V1 Integer expected, for option "ml" saw "1 "
+    1 => ml " \t "
+    1 => ml 1: => x=1
+    1 => mix 5:b:c => x=5 l=[5|b] => V1 Too many items for multilist "mix"
+    1 => two 50 => l=[50]
+      => V1 Integer range error for option "two" saw "50" | V1    Valid range is 0 to 9
+      | V1 Integer range error for option "two" saw "50" | V1    Valid range is 0 to 9
+      | V1 Integer range error for option "two" saw "50" | V1    Valid range is 0 to 9
+    // One that stands for itself passes a word by.
+    1 => many y:7:z => x=7 l=[z]
+    1 => many y:7:z:z => x=7 l=[z] => V1 Too many items for multilist "many"
+  )");
+}
+
+// Of all bytes those that the definition made a comment character end a parameter line.
+TEST(definition, commentcharacters) {
+  constexpr const char* rows = R"(
+    c eolcomm ! # => !
+    c eolcomm x!
+    c eolcomm \xA7$%&()*,/:;<\x3D>?@[\\]^_`{|}~ => $%&()*,/:;<\x3D>?@[\\]^_`{|}~\xA7
+    c eolcomm !"# => !
+    c eolcomm !'# => !
+    c eolcomm !1# => !
+    c eolcomm !+# => !
+    c eolcomm !\nd eolcomm # => #
+  )";
+  foreachrow(rows, [](thandle& h, const tcolumns& row) {
+    h.definition("flag integer.NV 1 0 0 9 0 0\n" + row[0]);
+    std::string found;
+    for (int code = 1; code < 256; ++code) {
+      if (code == '\t' || code == '\n' || code == 26 || code == ' ') continue;
+      h.string(std::string("flag ") + static_cast<char>(code));
+      if (h.takemessages().empty()) found += static_cast<char>(code);
+    }
+    EXPECT_EQ(found, row[1]);
+  });
 }
 
 }  // namespace

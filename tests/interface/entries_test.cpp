@@ -1,7 +1,7 @@
 // Lines on parts of a model: dot options, with the value for a name and its indices, and indicators, with an
 // equation, a variable and a boolean word; brackets, what is rejected and counted, the limits of 20 elements
 // and 63 characters, and where the line goes on after each error.
-#include "interface/optiontext.h"
+#include "interface/script.h"
 
 namespace testsupport {
 namespace {
@@ -11,7 +11,7 @@ constexpr const char* options =
     ".keep boolean 4 0 1 1\n.kind enumint 5 1 1 1\n 1 1\n 5 1\n.note string 6 none 1 1\n"
     ".mark boolean.NV 7 1 1 1\nFree immediate NoBounds 0 0\nmarks eolcomm !\nInd indicator\n";
 
-// "(a,b)" of the elements 1 to count of entry nr; no other position has one.
+// "(a,b)" of the elements of entry nr.
 template <class tshortform, class tcharform>
 std::string elements(thandle& h, int nr, int count, tshortform shortform, tcharform charform) {
   std::string result, element;
@@ -19,16 +19,12 @@ std::string elements(thandle& h, int nr, int count, tshortform shortform, tcharf
     EXPECT_EQ(h.call(shortform, charform, nr, position, element), 1);
     result += (position > 1 ? "," : "(") + element;
   }
-  for (const int position : {-1, 0, count + 1}) {
-    EXPECT_EQ(h.call(shortform, charform, nr, position, element), 0);
-    EXPECT_EQ(element, "");
-  }
   return result + (count > 0 ? ")" : "");
 }
 
 // "name.option(element,...)=value" for each dot entry, "equation(element,...)$variable(element,...)=value"
 // for each indicator, then "rejected n" where lines were rejected.
-std::string entries(thandle& h) {
+const taddedstep entries("entries", [](thandle& h, const std::string&) {
   std::ostringstream result;
   std::string name, other;
   std::int32_t rejected = -1, notaken = -1, option = 0, count = -1, othercount = -1, value = -1;
@@ -45,25 +41,15 @@ std::string entries(thandle& h) {
   }
   if (rejected + notaken > 0) result << " rejected " << rejected + notaken;
   return result.str().substr(result.str().empty() ? 0 : 1);
-}
+});
 
 // What is read, what it adds, sets and says.
-void check(bool eolonly, const char* table) {
-  SCOPED_TRACE(eolonly ? "end-of-line reading" : "normal reading");
-  foreachrow(table, [&](thandle& h, const tcolumns& row) {
-    h.definition(options);
-    EXPECT_EQ(joined(h.messages()), "");
-    opteolonlyset(h.get(), eolonly ? 1 : 0);
-    h.parameters(row[0]);
-    EXPECT_EQ(entries(h), row[1]);
-    EXPECT_EQ(settings(h), row[2]);
-    EXPECT_EQ(problems(h), row[3]);
-  });
-}
+const std::string eolreading = "parameters $1 ; entries => $2 ; settings => $3 ; problems => $4";
+const std::string normalreading = "eolonlyset 0 ; " + eolreading;
 
 TEST(entries, dotoptions) {
-  for (const bool eolonly : {true, false})
-    check(eolonly, R"~(
+  for (const std::string& reading : {normalreading, eolreading})
+    play(options, reading, R"~(
     X.PRIOR=10 y.level := 5, x.keep yes\na 1 => X.prior=10 y.level=5 x.keep=1
       => a=1 .prior=10 .level=5 .keep=1
     x.kind 5 x.note hi x.mark no x.mark => x.kind=5 x.note=0 x.mark=0 rejected 1 => .kind=5 .note=hi .mark=0
@@ -110,7 +96,7 @@ TEST(entries, dotoptions) {
 }
 
 TEST(entries, indicators) {
-  check(false, R"~(
+  play(options, normalreading, R"~(
     IND Equ $ Var = off, a 1 => Equ$Var=0 => a=1
     ind e('i',"j k")$v["j k"] := T ind\t f {i , j} $w ( j ) N ! 1 => e('i',"j k")$v("j k")=1 f(i,j)$w(j)=0
     ind e$v 1 a 5 => e$v=1 => a=5
@@ -150,7 +136,7 @@ TEST(entries, indicators) {
   )~");
   // After a good line the statement is over in both reading modes; a comment or a rejected line leaves
   // nothing over.
-  check(true, R"(
+  play(options, eolreading, R"(
     ind e$v 1 a 5\nind e$v 0 ind f$w yes 1\nind e v a 6\nind e$v no ! a 7
       => e$v=1 e$v=0 f$w=1 e$v=0 rejected 1 => a=5
       => E2 Option keyword expected, saw "1" | E3 $ expected after equation identifier "e"
@@ -159,44 +145,21 @@ TEST(entries, indicators) {
 
 // Without a keyword there are no indicator lines; of several keywords the last counts.
 TEST(entries, keywordsofindicators) {
-  inbothforms([](thandle& h) {
-    h.definition("a integer 1 0 0 9 1 1\n");
-    h.string("ind e$v 1");
-    EXPECT_EQ(entries(h), "");
-    h.definition("ind indicator\nwhen indicator\n");
-    EXPECT_EQ(h.takemessages().size(), 4u);
-    h.string("when e$v 1");
-    h.string("ind e$v 0");
-    EXPECT_EQ(problems(h), R"(E Unknown option "ind")");
-    EXPECT_EQ(entries(h), "e$v=1");
-  });
+  play("a integer 1 0 0 9 1 1\n", R"(
+    readfromstr ind e$v 1 ; entries => ; clearmessages
+    definition ind indicator\nwhen indicator\n ; messagecount => 1 ; clearmessages
+    readfromstr when e$v 1 ; readfromstr ind e$v 0 ; problems => E Unknown option "ind" ; entries => e$v=1
+  )");
 }
 
 // When errors no longer count, a line that is none leaves nothing behind, and one that was begun an entry.
+// Entries stay through a reset.
 TEST(entries, afterthelastmessage) {
-  inbothforms([](thandle& h) {
-    h.definition(options);
-    for (int i = 0; i <= 5000; ++i) h.call(BOTH(addmessage), "x");
-    h.parameters("ind\nind e\nind e$v 1\n");
-    EXPECT_EQ(entries(h), "e$=0 e$v=1");
-  });
-}
-
-// A hundred thousand lines; the entries stay through a reset and later readings.
-TEST(entries, many) {
-  thandle h;
-  h.definition(options);
-  h.string("first.prior 1");
-  optresetall(h.get());
-  std::string text;
-  for (int i = 0; i < 50000; ++i) text += "x.prior('a') 5\ny.prior 500\n";
-  h.parameters(text);
-  std::int32_t rejected = 0;
-  EXPECT_EQ(optdotoptcount(h.get(), &rejected), 97501);
-  // Two messages for a rejected value, until the list of messages is full; from then on nothing counts as an
-  // error.
-  EXPECT_EQ(rejected, 2500);
-  EXPECT_EQ(optmessagecount(h.get()), 5001);
+  play(options, R"(
+    readfromstr y.prior 500 ; entries => rejected 1 ; fill 5001
+    parameters ind\nind e\nind e$v 1\ny.prior\ny.prior 500\n ; resetall
+    entries => y.prior=0 y.prior=1 e$=0 e$v=1 rejected 1
+  )");
 }
 
 }  // namespace

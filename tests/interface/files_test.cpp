@@ -5,7 +5,7 @@
 
 #include <thread>
 
-#include "interface/optiontext.h"
+#include "interface/script.h"
 
 namespace testsupport {
 namespace {
@@ -19,7 +19,7 @@ constexpr const char* options =
 
 // The file "inner", the text that names it, what both set and say.
 TEST(files, includes) {
-  constexpr const char* rows = R"(
+  play(options, "file inner $1 ; parameters $2 => 0 ; settings => $3 ; told => $4", R"(
     a 1\n => read %DIR%/inner\r\nb 2 => a=1 b=2
     \e => read = "%DIR%/inner" b 2\na 1 => a=1 b=2
     // Line numbers are those of each file, before and after.
@@ -38,34 +38,20 @@ TEST(files, includes) {
     \e => \nread %DIR%/. a 1\nread %DIR%/inner/x => a=1
       => +OPT | E2 Cannot open parameter file "." | E2 Error code = 21; Is a directory
       | E3 Cannot open parameter file "inner/x" | E3 Error code = 20; Not a directory | -OPT
-  )";
-  foreachrow(rows, [](thandle& h, const tcolumns& row) {
-    h.definition(options);
-    EXPECT_EQ(told(h), "");
-    h.file("inner", row[0]);
-    EXPECT_EQ(h.parameters(row[1]), 0);
-    EXPECT_EQ(settings(h), row[2]);
-    EXPECT_EQ(told(h), row[3]);
-  });
+  )");
 }
 
 // A file that reads itself ends with the tenth; strings do not count, and the depth is back where it was.
 TEST(files, tenfiles) {
-  inbothforms([](thandle& h) {
-    h.definition(options);
-    h.file("self", "--list x\nread %DIR%/self\na 2");
-    for (const char* text : {"read %DIR%/self", "read = %DIR%/self"}) {
-      h.string(text);
-      std::string expected = "+string";
-      for (int i = 0; i < 10; ++i) expected += " | +self";
-      expected += " | E File nesting level too deep; file ignored";
-      for (int i = 0; i < 10; ++i) expected += " | -self";
-      EXPECT_EQ(told(h), expected + " | -string");
-      EXPECT_EQ(settings(h), "a=2 --list=[x|x|x|x|x|x|x|x|x]");
-      optclearmessages(h.get());
-      optresetall(h.get());
-    }
-  });
+  play(options, R"(
+    file self --list x\nread %DIR%/self\na 2
+    readfromstr $1 ; settings => a=2 --list=[x|x|x|x|x|x|x|x|x] ; told => $2 ; resetall
+    readfromstr $1 ; settings => a=2 --list=[x|x|x|x|x|x|x|x|x] ; told => $2
+  )",
+       R"(
+    read = %DIR%/self
+      => +string<10 | +self> | E File nesting level too deep; file ignored<10 | -self> | -string
+  )");
 }
 
 // Files that include each other several times over would otherwise be read many millions of times.
@@ -89,29 +75,21 @@ TEST(files, one_call_reads_ten_thousand_files) {
   EXPECT_EQ(optmessagecount(h.get()), 0);
 }
 
-// What a definition and a parameter file of that name are told; nothing is read.
+// What is no ordinary file: nothing is read.
 TEST(files, noordinaryfiles) {
-  constexpr const char* rows = R"(
-    %DIR%/ => Error code = 21; Is a directory
-    %DIR%/none => Error code = 2; No such file or directory
-    \e => Error code = 2; No such file or directory
-    /dev/null
-  )";
-  foreachrow(rows, [](thandle& h, const tcolumns& row) {
-    const std::string name = row[0].starts_with('%') ? h.directory().path(row[0].substr(6)) : row[0];
-    EXPECT_EQ(h.call(BOTH(readdefinition), name) != 0, row[1] != "");
-    EXPECT_EQ(h.call(BOTH(readparameterfile), name) != 0, row[1] != "");
-    const tlines all = h.messages();
-    ASSERT_EQ(all.size(), row[1].empty() ? 0u : 4u);
-    if (row[1].empty()) return;
-    EXPECT_EQ(all[1], "*** Definition Error " + row[1]);
-    EXPECT_EQ(all[3], "*** Error " + row[1]);
-  });
-}
-
-// A name counts whole: the system would take it for the one before the NUL. A device that has no end is too
-// large.
-TEST(files, namesanddevices) {
+  play("", R"(
+    readdefinition $1 => $2
+    told => D Cannot open option file "$3" | D Error code = $2; $4
+    readparameterfile $1 => $2
+    told => E Cannot open parameter file "$3" | E Error code = $2; $4
+  )",
+       R"(
+    %DIR%/ => 21 => => Is a directory
+    %DIR%/none => 2 => none => No such file or directory
+    \e => 2 => => No such file or directory
+  )");
+  play("", "readdefinition /dev/null => 0 ; readparameterfile /dev/null => 0 ; messages =>");
+  // A name counts whole: the system would take it for the one before the NUL.
   thandle h;
   h.string("--any x");
   const std::string name = "/dev/null\0x"s;
@@ -119,6 +97,7 @@ TEST(files, namesanddevices) {
   EXPECT_EQ(h.call(BOTH(readparameterfile), name), ENOENT);
   EXPECT_EQ(h.call(BOTH(writeparameterfile), name), ENOENT);
   optclearmessages(h.get());
+  // A device that has no end is too large.
   EXPECT_EQ(h.call(BOTH(readparameterfile), "/dev/zero"), 0);
   EXPECT_EQ(
       told(h),

@@ -1,25 +1,11 @@
 // The help listing, line by line: the summary by group with its column, the alphabetical listing, the
 // description of one option by type, what a request selects, and the order of the names.
-#include "interface/optiontext.h"
+#include "interface/script.h"
 
 namespace testsupport {
 namespace {
 
-// The lines; ">" stands for the 24 blanks that the lines of a description begin with, "<" for the 22 blanks
-// before a text that has no room beside its name.
-std::string shown(const tlines& lines) {
-  const std::string indented = std::regex_replace("\n" + joined(lines), std::regex("\n {24}"), "\n>");
-  return std::regex_replace(indented, std::regex("\n {22}:"), "\n<:").substr(1);
-}
-
-// Requests and what they add.
-void check(const std::string& definition, const std::string& table) {
-  foreachrow(table.c_str(), [&definition](thandle& h, const tcolumns& row) {
-    h.definition(definition);
-    h.takemessages();
-    EXPECT_EQ(shown(h.help(row[0])), row[1]);
-  });
-}
+constexpr const char* request = "help $1 => $2";
 
 // Groups appear in the order of their lines. Not shown: a group with help flag 0 and its options, an option
 // with help flag 0 or without group; the alphabetical listing asks only the option.
@@ -42,12 +28,12 @@ const std::string alphabet = R"(
 
 TEST(help, requests) {
   // What is neither number nor name gives the summary.
-  for (const char* request : {"1", "\\e", "ghost", "\\x202", "2.0", "99999999999"})
-    check(groupsdefinition, request + std::string(" => \\e") + summary);
-  for (const char* request : {"+3", "0"})
-    check(groupsdefinition, request + std::string(" => \\e") + summary + alphabet);
-  check(groupsdefinition, "2 => \\e" + alphabet);
-  check(groupsdefinition, R"(
+  for (const std::string number : {"1", "\\e", "ghost", "\\x202", "2.0", "99999999999"})
+    play(groupsdefinition, request, number + " => \\e" + summary);
+  for (const std::string number : {"+3", "0"})
+    play(groupsdefinition, request, number + " => \\e" + summary + alphabet);
+  play(groupsdefinition, request, "2 => \\e" + alphabet);
+  play(groupsdefinition, request, R"(
     8
     9 => \nOptions summary by group\n\nLate options\nplain (Obsolete)      : \n\niter2 (Deprecated)    : Second
       \niter10 (Deprecated)   : Tenth\nloop (Synonym for iter2) (Deprecated)\n<: Second\n\nNothing here\n
@@ -56,7 +42,7 @@ TEST(help, requests) {
     Loop => Loop is a synonym for iter2\niter2: Second\n>integer,  range: minint to maxint default: 5\n
   )");
   // A title that no line follows is left out, unless the alphabetical listing ends its line.
-  check("lone boolean 1 5 1 1\n", R"(
+  play("lone boolean 1 5 1 1\n", request, R"(
     1 => \n
     2 => \nOptions in alphabetical order\n\nlone: \n>boolean,  default: 5\n
     3 => \nOptions summary by group\n\nOptions in alphabetical order\n\nlone: \n>boolean,  default: 5\n
@@ -82,11 +68,11 @@ TEST(help, debugginglist) {
 
 // Names up to column 22, names of 22 and of 23 characters.
 TEST(help, columnofthesummary) {
-  check(
+  play(
       "g group 1 1 G\na12345678901234567890x boolean 1 0 1 1 has 22\n"
       "b1234567890123456789x boolean 2 0 1 1 has 21\nc123456789012345678901x boolean 3 0 1 1 has 23\n"
       "d boolean 4 0 1 1\nf12345 synonym d\nf123456 synonym d\nold deprecated\n d\n",
-      R"(
+      request, R"(
     1 => \nOptions summary by group\n\nG\na12345678901234567890x: has 22\nb1234567890123456789x : has 21
       \nc123456789012345678901x\n<: has 23\nd                     :\x20
       \nf12345 (Synonym for d): \nf123456 (Synonym for d)\n<: \n
@@ -97,7 +83,7 @@ TEST(help, columnofthesummary) {
 }
 
 TEST(help, descriptionbytype) {
-  check(
+  play(
       "gap double 1 0.1 0 maxdouble 1 1 Gap\n Relative gap\nany double 2 1.5e-7 mindouble 1e20 1 1\n"
       "iter integer.two 3 minint -5 maxint 1 1 Two\nflag boolean.nv 4 1 1 1 Flag\n About  the flag  \n\n"
       "  closing words\n* left out\n \n last\nnote string 5 \"\" 1 1 Note\nmethod enumstr 6 auto 1 1 Method\n"
@@ -105,7 +91,7 @@ TEST(help, descriptionbytype) {
       " minint 1 Lowest\n 99 1 Highest\n 7 1\nsteps enumint 8 7 1 1\n 7 1\n 100 1 Most\nbare enumint 9 7 1 1 "
       "No items\nwords multilist 10 1 1 Words\n"
       "names strlist 11 1 1 Names\nall macro 1 1 All\nact immediate Message 1 1 Act\n",
-      R"(
+      request, R"(
     gap => gap: Gap\n>double,  range: 0 to maxdouble default: 0.1\n>Relative gap\n
     any => any: \n>double,  range: mindouble to 1E20 default: 1.5E-7\n
     iter => iter: Two\n>integer,  range: -5 to maxint default: minint\n
@@ -123,25 +109,29 @@ TEST(help, descriptionbytype) {
   )");
 }
 
+// Options of type string with these names, and the names in the order of the summary.
+const taddedstep strings("strings", [](thandle& h, const std::string& names) {
+  return std::to_string(h.definition(std::regex_replace(names + ' ', std::regex(" "), " string 1 x 1 1\n")));
+});
+const taddedstep summarystep("summary", [](thandle& h, const std::string&) {
+  std::string result;
+  for (const std::string& line : h.help("1"))
+    if (line.ends_with(" : ")) result += (result.empty() ? "" : " ") + line.substr(0, line.find(' '));
+  return result;
+});
+
 // A prefix without regard to case, then the number at the end. Names that are equal in both fall as the sort
 // swaps them: options as defined, then synonyms, is where it starts.
 TEST(help, orderofnames) {
-  constexpr const char* rows = R"(
+  play("g group 1 1 G\n", "strings $1 ; summary => $2", R"(
     b A c aa B_ => A aa b B_ c
     iter10 Iter2 iter2a x ITER02 iter a2 iter002 => a2 iter ITER02 iter002 Iter2 iter10 iter2a x
     x10000000000000000000 b1 x_1 x0 x9999999999999999999 x a99
       => a99 b1 x x0 x9999999999999999999 x10000000000000000000 x_1
     eq1 b eq01 a eq001 eq0001 c eq00001 => a b c eq0001 eq00001 eq01 eq1 eq001
-  )";
-  foreachrow(rows, [](thandle& h, const tcolumns& row) {
-    h.definition("g group 1 1 G\n" + std::regex_replace(row[0] + ' ', std::regex(" "), " string 1 x 1 1\n"));
-    h.takemessages();
-    std::string result;
-    for (const std::string& line : h.help("1"))
-      if (line.ends_with(" : ")) result += (result.empty() ? "" : " ") + line.substr(0, line.find(' '));
-    EXPECT_EQ(result, row[1]);
-  });
-  check("g group 1 1 G\ne01 string 1 x 1 1\ne1 string 1 x 1 1\ne001 synonym e1\ne0001 synonym e01\n", R"(
+  )");
+  play("g group 1 1 G\ne01 string 1 x 1 1\ne1 string 1 x 1 1\ne001 synonym e1\ne0001 synonym e01\n", request,
+       R"(
     1 => \nOptions summary by group\n\nG\ne001 (Synonym for e1) : \ne0001 (Synonym for e01)\n<:\x20
       \ne01                   : \ne1                    : \n
   )");
@@ -150,10 +140,10 @@ TEST(help, orderofnames) {
 // With names of words the request may be typed with blanks or underscores; blanks are what names are shown
 // with.
 TEST(help, lookupmodeminos) {
-  check(
+  play(
       "g group 1 1 G\nmajor_iterations integer 1 5 0 10 1 1 Limit\nmax_loops synonym major_iterations\n"
       "Minos lookup\n",
-      R"(
+      request, R"(
     MAJOR ITERATIONS => major iterations: Limit\n>integer,  range: 0 to 10 default: 5\n
     maj iter => maj iter is a synonym for major iterations
       \nmajor iterations: Limit\n>integer,  range: 0 to 10 default: 5\n
@@ -166,7 +156,7 @@ TEST(help, lookupmodeminos) {
 
 TEST(help, linesarecutat255) {
   const std::string text(252, 'x');
-  check("g group 1 1 " + text + "xyz\niter integer 1 5 0 10 1 1 " + text + "\n " + text + "\n", R"(
+  play("g group 1 1 " + text + "xyz\niter integer 1 5 0 10 1 1 " + text + "\n " + text + "\n", request, R"(
     iter => iter: <249x>\n>integer,  range: 0 to 10 default: 5\n><231x>\n
     1 => \nOptions summary by group\n\n<252x>xyz\niter                  : <231x>\n
   )");

@@ -1,6 +1,8 @@
-// Handles, the load path, and the two string forms at their limits: what arrives of long texts, null
-// pointers, and a result buffer that is also the argument.
-#include "interface/optiontext.h"
+// Handles, the load path, the check of interface version and function signatures, and the two string forms at
+// their limits: what arrives of long texts, null pointers, and a result buffer that is also the argument.
+#include <iterator>
+
+#include "interface/script.h"
 
 namespace testsupport {
 namespace {
@@ -47,6 +49,57 @@ TEST(lifecycle, loadpath) {
   EXPECT_EQ(set(tform::shortstring, nullptr), "");
 }
 
+// The client's version, the result, the kind of agreement, and the message.
+TEST(check, compares_the_client_s_version_with_the_library_s) {
+  foreachrow(R"(
+    2 => 1 1 => API version and library version are the same.
+    3 => 1 3 => API version is newer than this library.
+    2147483647 => 1 3 => API version is newer than this library.
+    1 => 1 2 => Client version is compatible to this version of the library.
+    0 => 0 0 => The API is too old for the used library, API version: 0, library version: 2
+    -1 => 0 0 => The API is too old for the used library, API version: -1, library version: 2
+  )",
+             [](thandle& h, const tcolumns& row) {
+               std::string message = "old";
+               std::int32_t compat = -1;
+               const int result =
+                   invoke(h.form(), xapiversion, cxapiversion, std::stoi(row[0]), message, compat);
+               EXPECT_EQ(std::to_string(result) + ' ' + std::to_string(compat), row[1]);
+               EXPECT_EQ(message, row[2]);
+             });
+}
+
+// Functions as clients declare them: the name, the result's code, those of the arguments after the handle; and
+// what differs from the library's. The compiler takes the codes from the functions' types.
+TEST(check, tells_which_functions_differ) {
+  foreachrow(R"(
+    optReadFromPChar 0 10
+    optFindStr 3 11 4 4
+    optSetValuesNr 3 3 3 13 11
+    optCount 3
+    optGetValuesNr 3 3 12 4 14 12
+    optGetInfoNr 3 3 4 4 4 4 4 4
+    optResetAll 0
+    optreaddefinition 3 11 => optreaddefinition cannot be found in wexcorin.
+    \e 3 => \x20cannot be found in wexcorin.
+    xCreate 3 => xCreate cannot be found in wexcorin.
+    <254x> 3 => <254x>\x20
+    optCount 3 3 => optCount has wrong number of arguments, the API expects 0 but it has 1 in the library.
+    optGetValuesNr 3 3 12 4 13 12 => optGetValuesNr has wrong argument type for argument 4
+    optFindStr 0 11 3 4 => optFindStr has wrong argument type for argument 0,2
+    optFindStr 0 0 0 0 => optFindStr has wrong argument type for argument 0,1,2,3
+  )",
+             [](thandle& h, const tcolumns& row) {
+               std::istringstream words(row[0].substr(row[0].find(' ')));
+               const std::vector<std::int32_t> codes{std::istream_iterator<std::int32_t>(words), {}};
+               std::string message = "old";
+               EXPECT_EQ(invoke(h.form(), xcheck, cxcheck, row[0].substr(0, row[0].find(' ')),
+                                static_cast<int>(codes.size()) - 1, codes.data(), message),
+                         row[1].empty() ? 1 : 0);
+               EXPECT_EQ(message, row[1]);
+             });
+}
+
 // Zero-terminated texts arrive whole up to 254 characters; a short string holds 255, and zero bytes like any
 // other.
 TEST(lifecycle, longtexts) {
@@ -75,34 +128,18 @@ TEST(lifecycle, longtexts) {
 }
 
 TEST(lifecycle, nulltextsareempty) {
-  inbothforms([](thandle& h) {
-    h.definition(everytype);
-    EXPECT_EQ(h.call(BOTH(readdefinition), nullptr), 2);
-    EXPECT_EQ(h.call(BOTH(readparameterfile), nullptr), 2);
-    invoke(h.form(), BOTH(readfromstr), h.get(), nullptr);
-    optreadfrompchar(h.get(), nullptr);
-    EXPECT_EQ(h.call(BOTH(writeparameterfile), nullptr), 2);
-    h.call(BOTH(addmessage), nullptr);
-    h.call(BOTH(showhelp), nullptr);  // the summary, which has no group to show here
-    EXPECT_EQ(told(h),
-              R"(D Cannot open option file "" | D Error code = 2; No such file or directory | )"
-              R"(E Cannot open parameter file "" | E Error code = 2; No such file or directory | )"
-              R"(E Cannot write parameter file "" | E    Error code = 2; No such file or directory | E  | )");
-    optclearmessages(h.get());
-    std::int32_t nr = -7, refnr = -7;
-    EXPECT_EQ(h.call(BOTH(findstr), nullptr, nr, refnr) + nr + h.call(BOTH(lookup), nullptr) +
-                  h.call(BOTH(listcountstr), nullptr),
-              -4);
-    EXPECT_EQ(h.call(BOTH(setstrnr), h.number("note"), nullptr), 1);
-    EXPECT_EQ(h.value("note"), "");
-    EXPECT_EQ(h.call(BOTH(setstr2nr), h.number("pair"), nullptr) +
-                  h.call(BOTH(setvaluesnr), h.number("method"), 1, 1.0, nullptr),
-              0);
-    EXPECT_EQ(
-        told(h),
-        R"(V Integer expected, for option "pair" saw "" | )"
-        R"(V Unknown value for option "method" saw "" | V    Possible values are  auto Primal two words)");
-  });
+  play(everytype, R"(
+    readdefinition(null) => 2 ; readparameterfile(null) => 2 ; readfromstr(null) ; readfrompchar(null)
+    // The help is the summary, which has no group to show here.
+    writeparameterfile(null) => 2 ; addmessage(null) ; showhelp(null)
+    told => D Cannot open option file "" | D Error code = 2; No such file or directory
+      | E Cannot open parameter file "" | E Error code = 2; No such file or directory
+      | E Cannot write parameter file "" | E    Error code = 2; No such file or directory | E  |\x20
+    findstr(null) => 0|-1|-1 ; lookup(null) => -1 ; listcountstr(null) => -2
+    setstrnr(null) note => 1 ; value note => ; setstr2nr(null) pair => 0 ; setvaluesnr(null) method 1 1 => 0
+    told => V Integer expected, for option "pair" saw "" | V Unknown value for option "method" saw ""
+      | V    Possible values are  auto Primal two words
+  )");
 }
 
 // The name may stand in the buffer that receives the text.

@@ -1,7 +1,7 @@
 // Option text: keys, values and what may follow them on a line in both reading modes, every message of the
 // reader, values that take the rest of a line, deprecated names, immediate options, keys that make a list,
 // joined words, and sources of odd bytes and sizes.
-#include "interface/optiontext.h"
+#include "interface/script.h"
 
 namespace testsupport {
 namespace {
@@ -19,154 +19,139 @@ constexpr const char* options =
     "Say immediate Message 0 0\nFree immediate NoBounds 0 0\nmarks eolcomm !#\n";
 
 TEST(parameters, keysandvalues) {
-  checkreading(options, R"(
-    normal => , \tALIAS\t=\t1 ,-b=2 /d 0.5 -/-s x => a=1 b=2 d=0.5 --s=[x]
-    normal => -d.5 => d=0.5
+  play(options, reading, R"(
+    0 => , \tALIAS\t=\t1 ,-b=2 /d 0.5 -/-s x => a=1 b=2 d=0.5 --s=[x]
+    0 => -d.5 => d=0.5
     // after a dash the period belongs to the value
-    normal => \x20,, a 1\nb 2 => b=2 => E1 Option keyword expected, saw ","
-    normal => a 1 , \n, ! b 3\n,\nb 2 => a=1 b=2
-    normal => - a 1\n-\nb 2 => b=2
+    0 => \x20,, a 1\nb 2 => b=2 => E1 Option keyword expected, saw ","
+    0 => a 1 , \n, ! b 3\n,\nb 2 => a=1 b=2
+    0 => - a 1\n-\nb 2 => b=2
       => E1 Option keyword expected, saw " " | E2 Option keyword expected, saw ""
-    normal => a:=1 b 2\nb, 2\nnv! b 3\n--zz:5 => => E1 Bad separator after key "a"
+    0 => a:=1 b 2\nb, 2\nnv! b 3\n--zz:5 => => E1 Bad separator after key "a"
       | E2 Bad separator after key "b" | E3 Bad separator after key "nv" | E4 Bad separator after key "zz"
-    normal => * a 1\n\n * a 1\n\t! a 1\nb 2 ! a 1 => b=2 => E3 Option keyword expected, saw "*"
-    normal => bad , a 3 bad "x y" b 2\nbad=1 a 4\nbad = 1 a 5 => a=4 b=2
+    0 => * a 1\n\n * a 1\n\t! a 1\nb 2 ! a 1 => b=2 => E3 Option keyword expected, saw "*"
+    0 => bad , a 3 bad "x y" b 2\nbad=1 a 4\nbad = 1 a 5 => a=4 b=2
       => E1 E1 E2 E3 Unknown option "bad" | E3 Option keyword expected, saw "1"
-    eol => ,a 1\n,b 2, => a=1 => V2 Integer expected, for option "b" saw "2,"
-    eol => \ta = 1 \nb := 2 # two => a=1 b=2
-    eol => a 1, b 2\ns 1, b 2 => s=1, b 2 => V1 Integer expected, for option "a" saw "1, b 2"
+    1 => ,a 1\n,b 2, => a=1 => V2 Integer expected, for option "b" saw "2,"
+    1 => \ta = 1 \nb := 2 # two => a=1 b=2
+    1 => a 1, b 2\ns 1, b 2 => s=1, b 2 => V1 Integer expected, for option "a" saw "1, b 2"
     // Messages on values quote the key as typed.
-    normal => Alias 101 /B x => => V1 Integer range error for option "Alias" saw "101"
+    0 => Alias 101 /B x => => V1 Integer range error for option "Alias" saw "101"
       | V1    Valid range is -100 to 100 | V1 Integer expected, for option "B" saw "x"
 
     // Normal reading: one token.
-    normal => s "x y" b 2 => b=2 s=x y
-    normal => s "a"b"c" b 2 => b=2 => V1 Bad double-quote in value
+    0 => s "x y" b 2 => b=2 s=x y
+    0 => s "a"b"c" b 2 => b=2 => V1 Bad double-quote in value
     // A quote that nothing closes is no value; a second quote inside a value opens a third.
-    normal => s "x y b 2\ns "a"b" b 2\nb 3 => b=3
-    normal => s "\ntwo "3\nb 3 => b=3
-    normal => s , b 2\na , t 1 => b=2 s= t=1 => V2 Integer expected, for option "a" saw ""
-    normal => s x!y # z => s=x!y
-    normal => l x l "y z",l "" l w => l=[x|y z||w]
-    normal => ALIAS\na :5\nb 2 => b=2
+    0 => s "x y b 2\ns "a"b" b 2\nb 3 => b=3
+    0 => s "\ntwo "3\nb 3 => b=3
+    0 => s , b 2\na , t 1 => b=2 s= t=1 => V2 Integer expected, for option "a" saw ""
+    0 => s x!y # z => s=x!y
+    0 => l x l "y z",l "" l w => l=[x|y z||w]
+    0 => ALIAS\na :5\nb 2 => b=2
       => E1 E2 Value expected for key "a" | E2 Option keyword expected, saw ":"
-    eol => t = \na ! 5\na :5\nb 2 => b=2
+    1 => t = \na ! 5\na :5\nb 2 => b=2
       => E1 Value expected for key "t" | E2 E3 Value expected for key "a" | E3 Remainder of line ignored
     // Options without a value or with one at will.
-    normal => nv flag b 2 => b=2 nv=7 flag=1
-    normal => nv 5 b 2\nflag=1 => nv=7 flag=1
+    0 => nv flag b 2 => b=2 nv=7 flag=1
+    0 => nv 5 b 2\nflag=1 => nv=7 flag=1
       => E1 Option keyword expected, saw "5" | E2 Option keyword expected, saw "="
-    eol => nv\nflag b 2\nflag =\nb 2 => b=2 nv=7 flag=1 => E2 E3 Remainder of line ignored
-    normal => b 2 opt => b=2 opt=8
-    normal => shape b 2 level => b=2 shape=box level=5
-    normal => opt b 2\nopt =\nopt , b 3 => b=3
+    1 => nv\nflag b 2\nflag =\nb 2 => b=2 nv=7 flag=1 => E2 E3 Remainder of line ignored
+    0 => b 2 opt => b=2 opt=8
+    0 => shape b 2 level => b=2 shape=box level=5
+    0 => opt b 2\nopt =\nopt , b 3 => b=3
       => V1 Integer expected, for option "opt" saw "b" | E1 Option keyword expected, saw "2"
       | E2 Value expected for key "opt" | V3 Integer expected, for option "opt" saw ""
     // Two values: one sets both, "*" leaves a value as it is.
-    normal => two 3 4 b 2 => b=2 two=3,4
-    normal => two 3 => two=3,3
-    normal => two 3 * => two=3,-
-    normal => two 3, b 2 => b=2 two=3,- => V1 Integer expected, for option "two" saw ""
-    normal => two x => => V1 V1 Integer expected, for option "two" saw "x"
-    normal => two\ncolor red blue s x => s=x color=red,blue => E1 Value expected for key "two"
-    eol => two 3 4 5\ntwo 6,7 => two=6,-
+    0 => two 3 4 b 2 => b=2 two=3,4
+    0 => two 3 => two=3,3
+    0 => two 3 * => two=3,-
+    0 => two 3, b 2 => b=2 two=3,- => V1 Integer expected, for option "two" saw ""
+    0 => two x => => V1 V1 Integer expected, for option "two" saw "x"
+    0 => two\ncolor red blue s x => s=x color=red,blue => E1 Value expected for key "two"
+    1 => two 3 4 5\ntwo 6,7 => two=6,-
       => V1 Integer expected, for option "two" saw "4 5" | V2 Integer expected, for option "two" saw ",7"
-    eol => two * "4" # five => two=-,4
-    eol => color blue red wine => color=blue,-
+    1 => two * "4" # five => two=-,4
+    1 => color blue red wine => color=blue,-
       => V1 Unknown value for option "color" saw "red wine" | V1    Possible values are  red blue
-    eol => l x, y\nl "z"\nl "" => l=[x, y|z|]
+    1 => l x, y\nl "z"\nl "" => l=[x, y|z|]
 
     // The rest of a line.
-    eol => s  x  y \t ! z => s=x  y
-    eol => s "x ! y" # "z" => s=x ! y
-    eol => s "  x  " => s=x
-    eol => s "x y => => V1 Bad double-quote in value
-    eol => s "x" y => => V1 Bad double-quote in value
-    eol => a "5" ! five => a=5
+    1 => s  x  y \t ! z => s=x  y
+    1 => s "x ! y" # "z" => s=x ! y
+    1 => s "  x  " => s=x
+    1 => s "x y => => V1 Bad double-quote in value
+    1 => s "x" y => => V1 Bad double-quote in value
+    1 => a "5" ! five => a=5
     // 255 characters are held; each further one takes the place of the last.
-    eol => s <254v>wxyz => s=<254v>z
-    eol => s <254v>wx  ! c => s=<254v>
-    eol => s "<254v>wxyz" ! c => => V1 Bad double-quote in value
-    normal => s "<254v>wxyz" b 2 => b=2 s=<254v>
+    1 => s <254v>wxyz => s=<254v>z
+    1 => s <254v>wx  ! c => s=<254v>
+    1 => s "<254v>wxyz" ! c => => V1 Bad double-quote in value
+    0 => s "<254v>wxyz" b 2 => b=2 s=<254v>
 
     // Deprecated names.
-    normal => OLD 3 b 2 => b=2 old=3 => W1 deprecated option "OLD"; use a
-    eol => gone 3 4\ngoneflag 1 => => W1 obsolete option "gone"; left in release 3
+    0 => OLD 3 b 2 => b=2 old=3 => W1 deprecated option "OLD"; use a
+    1 => gone 3 4\ngoneflag 1 => => W1 obsolete option "gone"; left in release 3
       | W2 obsolete option "goneflag"; left, too | E2 Remainder of line ignored
-    normal => gonetwo 3 4 b 2 => b=2 => W1 obsolete option "gonetwo"; left as well
-    normal => lately 3 b 4 => b=4 => W1 deprecated synonym "lately"; b is shorter
+    0 => gonetwo 3 4 b 2 => b=2 => W1 obsolete option "gonetwo"; left as well
+    0 => lately 3 b 4 => b=4 => W1 deprecated synonym "lately"; b is shorter
     // The word is that of all marks together, the text and the consequence those of the name that was used.
-    normal => mixed 3 was 4 => mixed=3
+    0 => mixed 3 was 4 => mixed=3
       => W1 deprecated option "mixed"; use b | W1 deprecated synonym "was"; never more
 
     // Keys that make a list.
-    eol => --zz = a, b ! c\n//ZZ\n-/b 2 => --zz=[a, b ! c|] --b=[2]
-    normal => --zz = x y 1 --zz "a b",---zz :x => --zz=[x|a b|:x] => E1 Unknown option "y"
-    eol => --zz "a b"\n--zz ! => --zz=[] => V1 Bad double-quote in value
+    1 => --zz = a, b ! c\n//ZZ\n-/b 2 => --zz=[a, b ! c|] --b=[2]
+    0 => --zz = x y 1 --zz "a b",---zz :x => --zz=[x|a b|:x] => E1 Unknown option "y"
+    1 => --zz "a b"\n--zz ! => --zz=[] => V1 Bad double-quote in value
 
     // Immediate options.
-    eol => Lines = OFF, a 1\nd 1 lines on s x, b 2\ns y z => a=1 d=1 s=y z
-    normal => lines perhaps s x y => s=x y
-    normal => LINES\nlines "no\nSay =\nread\nfree !\nsay , b 2 => b=2
+    1 => Lines = OFF, a 1\nd 1 lines on s x, b 2\ns y z => a=1 d=1 s=y z
+    0 => lines perhaps s x y => s=x y
+    0 => LINES\nlines "no\nSay =\nread\nfree !\nsay , b 2 => b=2
       => E1 Value expected for immediate option "LINES" | E2 Value expected for immediate option "lines"
       | E3 Value expected for immediate option "Say" | E4 Value expected for immediate option "read"
       | E5 Value expected for immediate option "free" | E6\x20
-    eol => say "hello there" say = you a 1 => a=1 => E1 hello there | E1 you
-    normal => free 1 b 50 free 0 a 500 => b=50
+    1 => say "hello there" say = you a 1 => a=1 => E1 hello there | E1 you
+    0 => free 1 b 50 free 0 a 500 => b=50
       => W1 Integer range error for option "b" saw "50" | W1    Valid range is 0 to 9
       | V1 Integer range error for option "a" saw "500" | V1    Valid range is -100 to 100
-    eol => help a b 2 => b=2
+    1 => help a b 2 => b=2
       => a: an integer |                         integer,  range: -100 to 100 default: 0
-    eol => read "" b 2 => b=2
+    1 => read "" b 2 => b=2
       => E1 Cannot open parameter file "" | E1 Error code = 2; No such file or directory
 
     // Carriage returns, code 26 and the 1,020 characters of a line that are read.
-    eol => a 1\r\n\r\nb 2\r\nnv\r\nd 1\r => a=1 b=2 d=1 nv=7
-    normal => s x\ry\r\r\nb 2 => b=2 s=x\ry\r
-    normal => \r
-    normal => \xEF\xBB\xBF\nb 2 => b=2 => E1 Option keyword expected, saw "\xEF"
-    normal => a 1\x1A b 3\nb\n2 => a=1
+    1 => a 1\r\n\r\nb 2\r\nnv\r\nd 1\r => a=1 b=2 d=1 nv=7
+    0 => s x\ry\r\r\nb 2 => b=2 s=x\ry\r
+    0 => \r
+    0 => \xEF\xBB\xBF\nb 2 => b=2 => E1 Option keyword expected, saw "\xEF"
+    0 => a 1\x1A b 3\nb\n2 => a=1
       => E2 Value expected for key "b" | E3 Option keyword expected, saw "2"
-    eol => s x y\x1A z\na\x1A 5\nnv\x1A\n\x1A\nb 2 => b=2 s=x y nv=7 => E2 Value expected for key "a"
-    eol => s "x\x1A y"\nb 2 => b=2 => V1 Bad double-quote in value
-    eol => s <1017v>wxy\nb 2 => b=2 s=<254v>w
-    normal => s x<1015 >b 2\nt 1 => s=x t=1 => E1 Value expected for key "b"
-    eol => *<1000000v>\nb 2 => b=2
+    1 => s x y\x1A z\na\x1A 5\nnv\x1A\n\x1A\nb 2 => b=2 s=x y nv=7 => E2 Value expected for key "a"
+    1 => s "x\x1A y"\nb 2 => b=2 => V1 Bad double-quote in value
+    1 => s <1017v>wxy\nb 2 => b=2 s=<254v>w
+    0 => s x<1015 >b 2\nt 1 => s=x t=1 => E1 Value expected for key "b"
+    1 => *<1000000v>\nb 2 => b=2
   )");
-  thandle h;  // the option that is made has nothing but its name
-  h.string("--New text");
-  EXPECT_EQ(settings(h), "--New=[text]");
-  EXPECT_EQ(joined(h.help("--New")), "--New: \n" + std::string(24, ' ') + "strlist, \n");
+  // the option that is made has nothing but its name
+  play("", R"(readfromstr --New text ; settings => --New=[text] ; help --New => --New: \n>strlist, \n)");
+  // An option of each type that takes a value at will goes back to its default when it is named alone.
+  play(
+      "i integer.OPT 1 4 0 9 1 1\nd double.OPT 2 2.5 0 9 1 1\nb boolean.OPT 3 1 1 1\n"
+      "e enumstr.OPT 4 x 1 1\n x 1\n y 1\nn enumint.OPT 5 3 1 1\n 3 1\n 6 1\n",
+      R"(
+    parameters i 1\nd 1\nb 0\ne y\nn 6\n ; settings => i=1 d=1 b=0 e=y n=6
+    parameters i\nd\nb\ne\nn\n ; settings => i=4 d=2.5 b=1 e=x n=3
+  )");
 }
 
 // An immediate option changes the mode of one reading, the exported switch that of all later ones.
-TEST(parameters, namedwithoutvalue) {
-  inbothforms([](thandle& h) {
-    h.definition(
-        "i integer.OPT 1 4 0 9 1 1\nd double.OPT 2 2.5 0 9 1 1\nb boolean.OPT 3 1 1 1\n"
-        "e enumstr.OPT 4 x 1 1\n x 1\n y 1\nn enumint.OPT 5 3 1 1\n 3 1\n 6 1\n");
-    h.parameters("i 1\nd 1\nb 0\ne y\nn 6\n");
-    EXPECT_EQ(settings(h), "i=1 d=1 b=0 e=y n=6");
-    h.parameters("i\nd\nb\ne\nn\n");
-    EXPECT_EQ(settings(h), "i=4 d=2.5 b=1 e=x n=3");
-  });
-}
-
 TEST(parameters, readingmode) {
-  inbothforms([](thandle& h) {
-    h.definition(options);
-    EXPECT_EQ(opteolonlyset(h.get(), 5), 1);
-    h.string("lines 0 a 1 b 2");
-    h.string("s x, a 3");
-    EXPECT_EQ(settings(h), "a=1 b=2 s=x, a 3");
-    EXPECT_EQ(opteolonlyset(h.get(), 0), 1);
-    h.string("lines 1 s y z");
-    h.string("a 3 b 4");
-    EXPECT_EQ(settings(h), "a=3 b=4 s=y z");
-    EXPECT_EQ(opteolonlyset(h.get(), -1), 0);
-    EXPECT_EQ(opteolonlyset(h.get(), 0), 1);
-    EXPECT_EQ(h.messages(), tlines());
-  });
+  play(options, R"(
+    eolonlyset 5 => 1 ; readfromstr lines 0 a 1 b 2 ; readfromstr s x, a 3 ; settings => a=1 b=2 s=x, a 3
+    eolonlyset 0 => 1 ; readfromstr lines 1 s y z ; readfromstr a 3 b 4 ; settings => a=3 b=4 s=y z
+    eolonlyset -1 => 0 ; eolonlyset 0 => 1 ; messages =>
+  )");
 }
 
 // Names that are abbreviated or take several words.
@@ -174,49 +159,39 @@ TEST(parameters, lookupmodes) {
   const std::string names =
       "major_iterations_limit integer 1 0 0 99 0 0\nscale_option strlist 2 0 0\nfast integer 3 0 0 99 0 0\n"
       "one_two_three_four integer 4 0 0 99 0 0\nnames deprecated\n major_iterations_limit too long\n";
-  checkreading(("Path lookup\n" + names).c_str(), R"(
-    normal => majXX_iter_lim 7 fas 3 => major_iterations_limit=7 fast=3
-    normal => --ab x --abcd y --aXb z --Xb w => --ab=[x|y|z] --Xb=[w]
+  play("Path lookup\n" + names, reading, R"(
+    0 => majXX_iter_lim 7 fas 3 => major_iterations_limit=7 fast=3
+    0 => --ab x --abcd y --aXb z --Xb w => --ab=[x|y|z] --Xb=[w]
   )");
-  checkreading(("Minos lookup\n" + names).c_str(), R"(
-    normal => Major Iterations Limit 7 fas 3 => major_iterations_limit=7 fast=3
+  play("Minos lookup\n" + names, reading, R"(
+    0 => Major Iterations Limit 7 fas 3 => major_iterations_limit=7 fast=3
       => W1 deprecated option "Major_Iterations_Limit"; too long
-    normal => MAJX iterX limiXX=100 => => V1 Integer range error for option "MAJX_iterX_limiXX" saw "100"
+    0 => MAJX iterX limiXX=100 => => V1 Integer range error for option "MAJX_iterX_limiXX" saw "100"
       | V1    Valid range is 0 to 99
-    eol => scale option x y => scale_option=[x y]
-    normal => scale -5 fast 3\n => fast=3 => E1 Unknown option "scale"
-    normal => one two three fox five one two three four 7 => one_two_three_four=7
+    1 => scale option x y => scale_option=[x y]
+    0 => scale -5 fast 3\n => fast=3 => E1 Unknown option "scale"
+    0 => one two three fox five one two three four 7 => one_two_three_four=7
       => E1 Unknown option "one_two_three_fox"
-    normal => --zz y 1 => --zz_y=[1]
+    0 => --zz y 1 => --zz_y=[1]
   )");
 }
 
 // A string and a buffer are one line each, without number; a line feed ends it, and nothing after it is read.
 TEST(parameters, stringsandbuffers) {
+  play(options, R"(
+    readfromstr a 1\nb 2 ; settings => a=1
+    readfrompchar s x y\nb 2 ; settings => a=1 s=x y
+    readfromstr \na 2 ; readfromstr ; readfrompchar ; messages =>
+    readfromstr * a 2 ; readfrompchar bad ; readfromstr read none
+    told => +string | E Option keyword expected, saw "*" | -string | +pchar | E Unknown option "bad"
+      | -pchar | +string | E Cannot open parameter file "none" | E Error code = 2; No such file or directory
+      | -string
+    // a buffer's length has no limit
+    eolonlyset 0 ; readfrompchar b 2<1000000 >t 1 ; value t => 1
+  )");
   inbothforms([](thandle& h) {
-    h.definition(options);
-    h.string("a 1\nb 2");
-    EXPECT_EQ(settings(h), "a=1");
-    h.pchar("s x y\nb 2");
-    EXPECT_EQ(settings(h), "a=1 s=x y");
-    h.string("\na 2");
-    h.string("");
-    h.pchar("");
-    optreadfrompchar(h.get(), nullptr);
-    EXPECT_EQ(h.messages(), tlines());
-    h.string("* a 2");
-    h.pchar("bad");
-    h.string("read none");
-    EXPECT_EQ(told(h),
-              R"(+string | E Option keyword expected, saw "*" | -string | +pchar | E Unknown option "bad" | )"
-              R"(-pchar | +string | E Cannot open parameter file "none" | )"
-              R"(E Error code = 2; No such file or directory | -string)");
-    optclearmessages(h.get());
     h.parameters(std::string(1, '\0'));  // which ends the message, zero-terminated
     EXPECT_EQ(h.messages()[1].size(), h.form() == tform::shortstring ? 50u : 48u);
-    opteolonlyset(h.get(), 0);
-    h.pchar("b 2" + std::string(1000000, ' ') + "t 1");  // a buffer's length has no limit
-    EXPECT_EQ(h.value("t"), "1");
   });
 }
 

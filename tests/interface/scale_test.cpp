@@ -2,7 +2,7 @@
 // input would take hours here instead of seconds.
 #include <algorithm>
 
-#include "interface/optiontext.h"
+#include "interface/script.h"
 
 namespace testsupport {
 namespace {
@@ -18,13 +18,15 @@ constexpr int many = 100'000 / scale;
 constexpr int verymany = 1'000'000 / scale;
 constexpr std::size_t hugeline = std::size_t{100'000'000} / scale;
 
-// The text once for each number below count, with the number for each "#".
+// The text once for each number below count, with the number for each "#" and the next one for each "@".
 std::string repeated(int count, const std::string& text) {
   std::string result;
   for (int i = 0; i < count; ++i)
     for (const char character : text)
       if (character == '#')
         result += std::to_string(i);
+      else if (character == '@')
+        result += std::to_string(i + 1);
       else
         result += character;
   return result;
@@ -85,6 +87,37 @@ TEST(scale, definitions) {
   for (const int nr : {2, 4}) EXPECT_EQ(h.messages().at(static_cast<std::size_t>(nr) - 1).size(), 255u);
   optclearmessages(h.get());
   EXPECT_EQ(h.help("long").size(), 5001u);
+}
+
+// Chains that no recursion survives.
+TEST(scale, depth) {
+  thandle h;
+  h.definition("x integer 1 0 0 9 0 0\nm0 macro 0 0\n x\nl0 multilist 1 0 0\n x\n" +
+               repeated(many, "m@ macro 0 0\n m#\nl@ multilist 1 0 0\n l#\n"));
+  const std::string last = std::to_string(many);
+  for (const std::string kind : {"m", "l"}) {
+    h.string(kind + last + " 5");
+    EXPECT_EQ(h.value("x"), "5");
+    EXPECT_EQ(optresetnr(h.get(), h.number("m" + last)), 1);
+    EXPECT_EQ(h.value("x"), "0");
+  }
+  EXPECT_EQ(told(h), "");
+}
+
+// Macros of macros that name each member twice: every level doubles the assignments, until there are more than
+// options.
+TEST(scale, doubling) {
+  thandle h;
+  h.definition("texts strlist 1 1 1\nm0 macro 1 1\n texts\n texts\n" +
+               repeated(39, "m@ macro 1 1\n m#\n m#\n"));
+  h.string("m8 x");
+  EXPECT_EQ(h.call(BOTH(listcountstr), "texts"), 512);
+  EXPECT_EQ(told(h), "");
+  h.string("m39 x");
+  EXPECT_EQ(problems(h), "V Too many members for option \"m39\"");
+  EXPECT_LT(h.call(BOTH(listcountstr), "texts"), 2000);
+  EXPECT_EQ(optresetnr(h.get(), h.number("m39")), 1);
+  EXPECT_EQ(h.call(BOTH(listcountstr), "texts"), 0);
 }
 
 constexpr const char* lineoptions =

@@ -1,13 +1,13 @@
 // The written parameter file, byte by byte: which options appear, how values are quoted, the brackets around
 // values out of bounds, string lists, dot options and indicators; files that cannot be written; and that a
 // file read back is written the same again.
-#include "interface/optiontext.h"
+#include "interface/script.h"
 
 namespace testsupport {
 namespace {
 
 TEST(writer, bytes) {
-  constexpr const char* rows = R"(
+  play(everytype, "parameters $1 ; written => $2", R"(
     \e
     flag yes\nmaxit 3\nbig_step 1e20 => maxit=3\nbig_step=1E20\nflag=1\n
     method "two words"\nlevel 2 => method="two words"\nlevel=2\n
@@ -31,67 +31,37 @@ TEST(writer, bytes) {
     x.prior('a',"b",*) = 2.5\nindic eq(i,'j') $ var(i) 0\ny.mark 3\nindic e$v yes\nmaxit 2
       => maxit=2\nx.prior('a',"b",*) = 2.5\ny.mark = 3\nindic eq(i,'j')$var(i)=0\nindic e$v=1\n
     free on x.prior 200 => x.prior = 200\n
-  )";
-  foreachrow(rows, [](thandle& h, const tcolumns& row) {
-    h.definition(everytype);
-    h.parameters(row[0]);
-    const std::string written = h.written();
-    EXPECT_EQ(written, row[1]);
-    // And read back, but for a dot entry out of bounds, which has no brackets.
-    for (const int eolonly : {1, 0}) {
-      thandle again(h.form());
-      again.definition(everytype);
-      opteolonlyset(again.get(), eolonly);
-      again.parameters(written);
-      EXPECT_EQ(again.written(), written == "x.prior = 200\n" ? "" : written);
-    }
-  });
-}
-
-// Without an option that switches the checking of bounds the brackets have no name.
-TEST(writer, othernames) {
-  thandle h;
-  h.definition("big_max integer 1 5 0 10 1 1\nstring_list strlist 2 1 1\nMinos lookup\n");
-  optnoboundsset(h.get(), 1);
-  h.string("big max 11");
-  h.string("string list a");
-  EXPECT_EQ(h.written(), " 1\nbig max=11\n 0\nstring_list=a\n");
-}
-
-// Written text that no reading would take back: a client may store double quotes and line breaks in a string.
-TEST(writer, nothinginsideavalueisescaped) {
-  constexpr const char* rows = R"(
-    " => note="\n
-    a"b c => note="a"b c"\n
-    "a,b" => note=""a,b""\n
-    a\nb => note=a\nb\n
-    x<251 >y => note="x<251 >y"\n
-  )";
-  foreachrow(rows, [](thandle& h, const tcolumns& row) {
-    h.definition(everytype);
-    h.call(BOTH(setvaluesnr), h.number("note"), 0, 0, row[0]);
-    EXPECT_EQ(h.written(), row[1]);
-  });
+  )");
+  // Without an option that switches the checking of bounds the brackets have no name.
+  play("big_max integer 1 5 0 10 1 1\nstring_list strlist 2 1 1\nMinos lookup\n", R"(
+    noboundsset 1 ; readfromstr big max 11 ; readfromstr string list a
+    written => \x201\nbig max=11\n 0\nstring_list=a\n
+  )");
+  // Written text that no reading would take back: a client may store double quotes and line breaks in a
+  // string.
+  play(everytype, "setvaluesnr note 0 0 $1 ; written => note=$2\\n", R"(
+    " => "
+    a"b c => "a"b c"
+    "a,b" => ""a,b""
+    a\nb => a\nb
+    x<251 >y => "x<251 >y"
+  )");
 }
 
 TEST(writer, failures) {
-  constexpr const char* rows = R"(
-    no/such => maxit 3 => 2
-      => E Cannot write parameter file "no/such" | E    Error code = 2; No such file or directory
-    . => maxit 3 => 21 => E Cannot write parameter file "." | E    Error code = 21; Is a directory
+  play(everytype,
+       "readfromstr $2 ; writeparameterfile $1 => $3 ; told => $4 ; file WRITTEN what was there ; written => "
+       "$5",
+       R"(
+    %DIR%/no/such => maxit 3 => 2
+      => E Cannot write parameter file "no/such" | E    Error code = 2; No such file or directory => maxit=3\n
+    %DIR%/. => maxit 3 => 21
+      => E Cannot write parameter file "." | E    Error code = 21; Is a directory => maxit=3\n
     /dev/full => maxit 3 => 0
       => E Cannot write parameter file "/dev/full" | E    Error code = 28; No space left on device
+      => maxit=3\n
     /dev/full => => 0
-  )";
-  foreachrow(rows, [](thandle& h, const tcolumns& row) {
-    h.definition(everytype);
-    h.string(row[1]);
-    const std::string path = row[0][0] == '/' ? row[0] : h.directory().path(row[0]);
-    EXPECT_EQ(std::to_string(h.call(BOTH(writeparameterfile), path)), row[2]);
-    EXPECT_EQ(told(h), row[3]);
-    h.file("WRITTEN", "something that was there before\n");  // and is replaced
-    EXPECT_EQ(h.written(), row[1].empty() ? "" : "maxit=3\n");
-  });
+  )");
 }
 
 }  // namespace

@@ -104,6 +104,9 @@ thandle::~thandle() {
 std::string thandle::expanded(std::string_view text) const {
   return replaced(std::string(text), "%DIR%/", fdirectory.path(""));
 }
+std::string thandle::shortened(std::string_view text) const {
+  return replaced(std::string(text), fdirectory.path(""), "");
+}
 
 int thandle::definition(std::string_view text) {
   return call(BOTH(readdefinition), fdirectory.write("DEF", expanded(text)));
@@ -121,7 +124,7 @@ tlines thandle::messages() {
     std::string text;
     std::int32_t kind = -1;
     call(BOTH(getmessage), nr, text, kind);
-    result.push_back(replaced(text, fdirectory.path(""), ""));
+    result.push_back(shortened(text));
   }
   return result;
 }

@@ -141,8 +141,11 @@ class thandle {
   tform form() const { return fform; }
   const ttempdir& directory() const { return fdirectory; }
 
-  // Reading from texts. "%DIR%" in a text becomes the path of the handle's temporary directory. The results
-  // are those of the functions behind them.
+  // "%DIR%/" in a text becomes the path of the handle's temporary directory, or goes.
+  std::string expanded(std::string_view text) const;
+  std::string shortened(std::string_view text) const;
+
+  // Reading from expanded texts. The results are those of the functions behind them.
   int definition(std::string_view text);                    // the file DEF
   int parameters(std::string_view text);                    // the file OPT
   void string(std::string_view text);                       // optReadFromStr
@@ -164,8 +167,6 @@ class thandle {
   }
 
  private:
-  std::string expanded(std::string_view text) const;
-
   tvksoptions* fhandle = nullptr;
   tform fform;
   ttempdir fdirectory;

@@ -12,7 +12,7 @@
 
 namespace testsupport {
 
-using tcolumns = std::array<std::string, 6>;
+using tcolumns = std::array<std::string, 7>;
 
 inline std::vector<std::string> rowsof(const char* table) {
   std::vector<std::string> rows;

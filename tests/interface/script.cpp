@@ -1,0 +1,257 @@
+// The player of scenes, and the steps that are no single call: files and strings that are read, and what the
+// tests compare after it.
+#include "interface/script.h"
+
+#include <map>
+
+namespace testsupport {
+
+const char* const everytype =
+    "maxit integer 1 5 0 10 1 1\nbig_step double 2 0.5 0 1e20 1 1\nnote string 3 none 1 1\n"
+    "flag boolean 4 0 1 1\nmethod enumstr 5 auto 1 1\n auto 1\n Primal 1\n \"two words\" 1\n"
+    "level enumint 6 1 1 1\n 1 1\n 2 1\nquiet integer.nv 7 1 0 1 1 1\ntrace integer.opt 8 4 0 9 1 1\n"
+    "pair integer.two 9 1 0 10 1 1\nspan double.two 10 0 mindouble maxdouble 1 1\n"
+    "both enumstr.two 11 a 1 1\n a 1\n \"b c\" 1\nstring_list strlist 12 1 1\nwords multilist 13 1 1\n"
+    " maxit note\nall macro 1 1\n maxit\n flag\nlimits immediate NoBounds 1 1\n"
+    "free immediate NoBounds 1 1\n.prior double 14 1 0 100 1 1\n.mark integer 15 1 0 9 1 1\n"
+    "indic indicator\n";
+
+std::string brief(const std::string& message) {
+  static const std::regex head(
+      R"(\*\*\* (?:(E)rror|(V)alue Error|(W)arning|(D)efinition Error) (?:line (\d+): )?)");
+  static const std::regex enter(R"~(Reading parameter\(s\) from "([^"]*)")~");
+  static const std::regex leave(R"~(Finished reading from "([^"]*)")~");
+  std::smatch parts;
+  if (std::regex_match(message, parts, enter)) return '+' + parts[1].str();
+  if (std::regex_match(message, parts, leave)) return '-' + parts[1].str();
+  return std::regex_replace(message, head, "$1$2$3$4$5 ", std::regex_constants::match_continuous);
+}
+
+namespace {
+
+std::string toldof(thandle& handle, bool notes) {
+  std::string result, before;
+  for (const std::string& message : handle.messages()) {
+    const std::string text = brief(message);
+    if (!notes && (text[0] == '+' || text[0] == '-')) continue;
+    const std::string tail = text.substr(std::min(text.find(' '), text.size()));
+    if (!tail.empty() && tail == before)
+      result.insert(result.size() - tail.size(), ' ' + text.substr(0, text.size() - tail.size()));
+    else
+      result += (result.empty() ? "" : " | ") + text;
+    before = tail;
+  }
+  return result;
+}
+
+}  // namespace
+
+std::string told(thandle& handle) { return toldof(handle, true); }
+std::string problems(thandle& handle) { return toldof(handle, false); }
+
+std::string settings(thandle& handle) {
+  std::string result;
+  for (std::int32_t nr = 1; nr <= optcount(handle.get()); ++nr) {
+    std::int32_t defined = 0, recent = 0, refnr = 0, datatype = 0, opttype = 0, subtype = 0;
+    optgetinfonr(handle.get(), nr, &defined, &recent, &refnr, &datatype, &opttype, &subtype);
+    if (defined == 0) continue;
+    std::string name, text;
+    handle.call(BOTH(gethelpnr), nr, name, text);
+    result += (result.empty() ? "" : " ") + name + '=';
+    if (opttype == optTypeStrList) {
+      result += '[';
+      for (int index = 1; handle.call(BOTH(readfromliststr), name, index, text) == 1; ++index)
+        result += (index > 1 ? "|" : "") + text;
+      result += ']';
+      continue;
+    }
+    handle.call(BOTH(getstrnr), nr, text);
+    result += (defined & 1) != 0 ? text : "-";
+    if (subtype != optsub2Values) continue;
+    handle.call(BOTH(getstr2nr), nr, text);
+    result += ',' + ((defined & 2) != 0 ? text : "-");
+  }
+  return result;
+}
+
+namespace {
+
+template <class tparameter>
+constexpr bool isoutput =
+    std::is_pointer_v<tparameter> && !std::is_const_v<std::remove_pointer_t<tparameter>>;
+
+// What a parameter is called with; inputs come off the front of the words, of which so many are left.
+template <bool isnull, class tparameter>
+auto passed(thandle& h, std::string_view& words, int& inputs) {
+  using tvalue = std::remove_cv_t<std::remove_pointer_t<tparameter>>;
+  if constexpr (isoutput<tparameter>) {
+    if constexpr (sizeof(tvalue) == 4 || sizeof(tvalue) == 8)
+      return tvalue(sizeof(tvalue) == 4 ? -7 : -7.5);
+    else
+      return std::string("old");
+  } else {
+    const bool takesall = --inputs == 0 && std::is_pointer_v<tparameter>;
+    const std::string word(words.substr(0, takesall ? words.npos : words.find(' ')));
+    words.remove_prefix(std::min(word.size() + 1, words.size()));
+    if constexpr (std::is_pointer_v<tparameter>) {
+      if constexpr (isnull)
+        return nullptr;
+      else
+        return word;
+    } else {
+      char* end = nullptr;
+      const double number = std::strtod(word.c_str(), &end);
+      return static_cast<tvalue>(*end == '\0' ? number : h.number(word));
+    }
+  }
+}
+
+template <bool isnull, class tresult, class... tparameters>
+std::string answer(tresult (*function)(tvksoptions*, tparameters...), thandle& h,
+                   const std::string& arguments) {
+  std::string_view words = arguments;
+  int inputs = (0 + ... + (isoutput<tparameters> ? 0 : 1));
+  std::tuple<decltype(passed<isnull, tparameters>(h, words, inputs))...> values{
+      passed<isnull, tparameters>(h, words, inputs)...};
+  std::ostringstream text;
+  const auto show = [&text](bool isshown, const auto& value) {
+    if (isshown) text << (text.tellp() == 0 && std::is_void_v<tresult> ? "" : "|") << value;
+  };
+  std::apply(
+      [&](auto&... each) {
+        tvksoptions* const handle = h.get();
+        if constexpr (std::is_void_v<tresult>)
+          call(function, handle, each...);
+        else
+          text << call(function, handle, each...);
+        (show(isoutput<tparameters>, each), ...);
+      },
+      values);
+  return text.str();
+}
+
+std::string taken(thandle& h, std::string (*see)(thandle&)) {
+  const std::string result = see(h);
+  optclearmessages(h.get());
+  return result;
+}
+
+std::map<std::string, tstep>& steps() {
+  static std::map<std::string, tstep> all;
+  return all;
+}
+
+// Every exported function that takes a handle is a step, and with "(null)" one with null for texts.
+template <class tresult, class... tparameters>
+void add(const std::string& name, tresult (*function)(tvksoptions*, tparameters...)) {
+  steps()[name] = [function](thandle& h, const std::string& words) {
+    return answer<false>(function, h, words);
+  };
+  steps()[name + "(null)"] = [function](thandle& h, const std::string& words) {
+    return answer<true>(function, h, words);
+  };
+}
+void add(const std::string&, ...) {}
+#define WEXCORIN_SYMBOL(name) add(#name, name);
+const bool added = [] {
+#include "abi_symbols.inc"
+  return true;
+}();
+
+std::string answered(thandle& h, const std::string& call) {
+  const std::string name = call.substr(0, call.find(' '));
+  const std::string arguments = call.substr(std::min(name.size() + 1, call.size()));
+  for (const char* prefix : {h.form() == tform::shortstring ? "opt" : "copt", "opt", ""})
+    if (const auto step = steps().find(prefix + name); step != steps().end())
+      return step->second(h, arguments);
+  throw std::invalid_argument("no step has the name " + name);
+}
+
+// A text that is read as the file DEF or OPT; "name text" that becomes a file.
+const taddedstep definition("definition",
+                            [](auto& h, auto& text) { return std::to_string(h.definition(text)); });
+const taddedstep parameters("parameters",
+                            [](auto& h, auto& text) { return std::to_string(h.parameters(text)); });
+const taddedstep file("file", [](auto& h, auto& argument) {
+  const std::size_t end = argument.find(' ');
+  h.directory().write(argument.substr(0, end), argument.substr(end + 1));
+  return std::string();
+});
+
+// Fills the list of messages up to that length.
+const taddedstep fill("fill", [](auto& h, auto& count) {
+  while (optmessagecount(h.get()) < std::stoi(count)) h.call(BOTH(addmessage), "filler");
+  return std::string();
+});
+
+// What there is to see. Messages are cleared then.
+const taddedstep seen[] = {
+    {"messages", [](auto& h, auto&) { return joined(h.takemessages()); }},
+    {"told", [](auto& h, auto&) { return taken(h, told); }},
+    {"problems", [](auto& h, auto&) { return taken(h, problems); }},
+    {"settings", [](auto& h, auto&) { return settings(h); }},
+    {"written", [](auto& h, auto&) { return h.written(); }},
+};
+const taddedstep value("value", [](auto& h, auto& name) {
+  const std::string second = h.value2(name);
+  return h.value(name) + (second == "?" ? "" : '|' + second);
+});
+
+// What a request for help adds; ">" stands for the 24 blanks that the lines of a description begin with, "<" for
+// the 22 blanks before a text that has no room beside its name.
+const taddedstep help("help", [](auto& h, auto& request) {
+  const std::string text = "\n" + joined(h.help(request));
+  const std::string indented = std::regex_replace(text, std::regex("\n {24}"), "\n>");
+  return std::regex_replace(indented, std::regex("\n {22}:"), "\n<:").substr(1);
+});
+
+// A step with each number from 0 on, up to the first above 0 that it has no answer to.
+const taddedstep each("each", [](auto& h, auto& call) {
+  std::string result;
+  for (int nr = 0;; ++nr) {
+    const std::string answer = answered(h, call + ' ' + std::to_string(nr));
+    if (answer.starts_with("1|"))
+      result += (result.empty() ? "" : " | ") + answer.substr(2);
+    else if (nr > 0)
+      return result;
+  }
+});
+
+// The text with the columns in it.
+std::string filled(const std::string& text, const tcolumns& columns) {
+  static const std::regex column(R"(\$(\d))");
+  std::string result;
+  auto rest = text.begin();
+  for (std::sregex_iterator at(text.begin(), text.end(), column), end; at != end; ++at) {
+    result.append(rest, (*at)[0].first).append(columns.at(std::stoul((*at)[1])));
+    rest = (*at)[0].second;
+  }
+  return result.append(rest, text.end());
+}
+
+void take(thandle& h, const std::string& text, const tcolumns& columns) {
+  const std::size_t arrow = text.find("=>");
+  const tcolumns part = columnsof(text);
+  const std::string answer = answered(h, h.expanded(filled(part[0], columns)));
+  if (arrow == std::string::npos) return;
+  EXPECT_EQ(h.shortened(answer), filled(part[1], columns)) << text;
+}
+
+}  // namespace
+
+taddedstep::taddedstep(const char* name, tstep step) { steps()[name] = std::move(step); }
+
+void play(const std::string& definition, const std::string& script, const std::string& rows) {
+  static const std::regex separator(" ; ");
+  foreachrow(rows.c_str(), [&](thandle& h, tcolumns columns) {
+    std::rotate(columns.begin(), columns.end() - 1, columns.end());
+    columns[0] = h.form() == tform::shortstring ? "old" : "";
+    EXPECT_EQ(definition.empty() ? 0 : h.definition(definition), 0);
+    optclearmessages(h.get());
+    for (const std::string& line : rowsof(script.c_str()))
+      for (std::sregex_token_iterator step(line.begin(), line.end(), separator, -1), end; step != end; ++step)
+        take(h, *step, columns);
+  });
+}
+
+}  // namespace testsupport
