@@ -60,12 +60,11 @@ TEST_F(host, decimalComma) {
 
 struct tthreadjob {
   std::string written, result;
+  static void* run(void* job) {
+    static_cast<tthreadjob*>(job)->result = ::host::dojob(static_cast<tthreadjob*>(job)->written);
+    return nullptr;
+  }
 };
-
-void* runjob(void* job) {
-  static_cast<tthreadjob*>(job)->result = ::host::dojob(static_cast<tthreadjob*>(job)->written);
-  return nullptr;
-}
 
 TEST_F(host, tinyStack) {
   pthread_attr_t attributes;
@@ -73,7 +72,7 @@ TEST_F(host, tinyStack) {
   tthreadjob job = {file("written"), {}};
   pthread_attr_init(&attributes);
   ASSERT_EQ(pthread_attr_setstacksize(&attributes, tinystack), 0);
-  ASSERT_EQ(pthread_create(&thread, &attributes, runjob, &job), 0);
+  ASSERT_EQ(pthread_create(&thread, &attributes, tthreadjob::run, &job), 0);
   pthread_join(thread, nullptr);
   pthread_attr_destroy(&attributes);
   EXPECT_TRUE(job.result == expected) << job.result;
@@ -89,10 +88,9 @@ TEST_F(host, closedStandardFiles) {
           std::fflush(nullptr);
           for (int number = first; number <= 2 - first; ++number) kept[number] = dup(number);
           for (int number = first; number <= 2 - first; ++number) close(number);
-          tvksoptions* handle = ::host::begin();
-          coptshowhelp(handle, "4");
-          coptreadfromstr(handle, "describe 4");
-          xfree(&handle);
+          wexcorin::options options = ::host::begin();
+          options.showhelp("4");
+          options.read("describe 4");
         },
         [&] {
           std::fflush(nullptr);
@@ -109,7 +107,7 @@ TEST_F(host, threads) {
   for (tthreadjob& job : jobs) {
     job.written = file(std::to_string(&job - jobs.data()));
     threads.emplace_back([&job] {
-      for (int time = 0; time < 3; ++time) runjob(&job);
+      for (int time = 0; time < 3; ++time) tthreadjob::run(&job);
     });
   }
   for (std::thread& thread : threads) thread.join();
@@ -118,11 +116,11 @@ TEST_F(host, threads) {
 
 // Both processes go on with the handle.
 TEST_F(host, fork) {
-  tvksoptions* handle = ::host::begin();
+  wexcorin::options options = ::host::begin();
   const pid_t child = fork();
   ASSERT_GE(child, 0);
-  if (child == 0) _exit(::host::finish(handle, file("child")) == expected ? 0 : 1);
-  EXPECT_TRUE(::host::finish(handle, file("parent")) == expected);
+  if (child == 0) _exit(::host::finish(options, file("child")) == expected ? 0 : 1);
+  EXPECT_TRUE(::host::finish(options, file("parent")) == expected);
   int status = -1;
   ASSERT_EQ(waitpid(child, &status, 0), child);
   EXPECT_EQ(status, 0);

@@ -2,9 +2,7 @@
 // same to the byte in whatever process it is done.
 #pragma once
 
-#include <string>
-
-#include "wexcorin/wexcorin.h"
+#include "wexcorin/wexcorin.hpp"
 
 namespace host {
 
@@ -13,7 +11,7 @@ namespace host {
 std::string dojob(const std::string& written);
 
 // The parts of it, for those who do something in between.
-tvksoptions* begin();
-std::string finish(tvksoptions* handle, const std::string& written);
+wexcorin::options begin();
+std::string finish(wexcorin::options& options, const std::string& written);
 
 }  // namespace host
