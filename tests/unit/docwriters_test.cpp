@@ -123,44 +123,28 @@ const
 )");
 }
 
-// Below "[" begins a row, "]" ends one, and "|" goes behind a cell. Only the first item row is started, and
-// the rows of lists and macros are not ended.
 TEST(optiontable, has_a_row_for_every_option_and_item) {
-  std::string table =
-      written(&tvksoptionwriter::writeashtml,
-              "texts strlist 9 1 1 Texts\nvoid multilist 8 1 1 t\n nosuch\nlost synonym nosuch\n" +
-                  std::string(everytype));
+  EXPECT_EQ(written(&tvksoptionwriter::writeashtml, readfile("examples/solver.def")),
+            readfile("examples/solver.html"))
+      << "where the change is meant: wexcorin doc html examples/solver.def -o examples/solver.html";
+  // Below "[" begins a row, "]" ends one, and "|" goes behind a cell. Only the first item row is started, and
+  // the rows of lists and macros are not ended.
+  std::string table = written(&tvksoptionwriter::writeashtml,
+                              "void multilist 8 1 1 t\n nosuch\nlost synonym nosuch\n"
+                              "low integer 2 minint minint maxint 2147483647 2147483647 t\n"
+                              "code enumint.NV 7 2147483647  1 1 A code\n 2 1 two\n maxint 1 most\n"
+                              "bare enumint 7 1  1 1 t\n");
   for (const auto& [markup, sign] :
        {std::pair{"\n<tr>\n", "["}, {"</tr>\n", "]\n"}, {"<td> ", ""}, {" </td>\n", "|"}})
     table = std::regex_replace(table, std::regex(markup), sign);
-  EXPECT_EQ(table, R"(<html>
-<body>
-
-<table border>
-[Option|Type|UserMap|Default|Low|High|Group|Hc|Help Text|]
-[Help|immediate|0|Help|||0|0||]
-[texts|strlist|9|[void|multilist|8||||1|1|t|]
+  EXPECT_EQ(table.substr(table.find("[void")), R"([void|multilist|8||||1|1|t|]
 [|||]
-[num|integer|1|5|minint|maxint|1|1|A number|]
 [low|integer|2|minint|minint|maxint|maxint|2147483647|t|]
-[real|double|2|1E-20|mindouble|1E20|1|1|A real|]
-[name|string|3|"a b"|||1|0|A name|]
-[none|string|4|""|||1|0||]
-[flag|boolean|5|1|||1|1|A flag|]
-[word|enumstr|6|x|||1|1|A word|]
-[|||x||||1|first|]
-[|||y||||0|second|]
 [code|enumint|7|2147483647|||1|1|A code|]
 [|||2||||1|two|]
 |||2147483647||||1|most|]
 [bare|enumint|7|1|||1|1|t|]
-[[list|multilist|8||||1|1|A list|]
-[||num|]
-[||real|]
-[all|macro|-1|[bounds|immediate|-1|NoBounds|||1|1|Bounds|]
-[.prior|double|6|1|0|maxdouble|1|1|t|]
-[lost|synonym||]
-[old|synonym|num|]
+[[lost|synonym||]
 </table>
 
 </body>
