@@ -6,8 +6,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <clocale>
 #include <cstdlib>
+#include <fstream>
 #include <thread>
 
 #include "host/job.h"
@@ -53,29 +55,17 @@ TEST_F(host, roundingandtraps) {
   same([&] { feenableexcept(trapped); }, [&] { EXPECT_EQ(fedisableexcept(trapped), trapped); });
 }
 
+// In a locale that is made here.
 TEST_F(host, decimalComma) {
-  if (!testsupport::setcommalocale()) GTEST_SKIP() << "no locale with a decimal comma can be had here";
-  same([] {}, [] { std::setlocale(LC_ALL, "C"); });
-}
-
-struct tthreadjob {
-  std::string written, result;
-  static void* run(void* job) {
-    static_cast<tthreadjob*>(job)->result = ::host::dojob(static_cast<tthreadjob*>(job)->written);
-    return nullptr;
-  }
-};
-
-TEST_F(host, tinyStack) {
-  pthread_attr_t attributes;
-  pthread_t thread;
-  tthreadjob job = {file("written"), {}};
-  pthread_attr_init(&attributes);
-  ASSERT_EQ(pthread_attr_setstacksize(&attributes, tinystack), 0);
-  ASSERT_EQ(pthread_create(&thread, &attributes, tthreadjob::run, &job), 0);
-  pthread_join(thread, nullptr);
-  pthread_attr_destroy(&attributes);
-  EXPECT_TRUE(job.result == expected) << job.result;
+  std::ofstream(file("source")) << "comment_char %\nescape_char /\nLC_NUMERIC\ndecimal_point \",\"\n"
+                                   "thousands_sep \".\"\ngrouping 3;3\nEND LC_NUMERIC\n";
+  const std::string command =
+      "cd '" + file("") + "' && localedef -c --no-archive -f ANSI_X3.4-1968 -i source ./comma >out 2>&1";
+  ASSERT_NE(std::system(command.c_str()), -1);
+  setenv("LOCPATH", file("").c_str(), 1);
+  if (std::setlocale(LC_NUMERIC, "comma") == nullptr)
+    GTEST_SKIP() << "no localedef, or nothing to make it of";
+  same([] { ASSERT_EQ(*std::localeconv()->decimal_point, ','); }, [] { std::setlocale(LC_ALL, "C"); });
 }
 
 // The library's files then get the numbers of the standard files. A listing that goes to standard output
@@ -101,17 +91,20 @@ TEST_F(host, closedStandardFiles) {
   }
 }
 
-TEST_F(host, threads) {
-  std::array<tthreadjob, 8> jobs;
+// All at once.
+TEST_F(host, threadsWithTinyStacks) {
+  pthread_attr_t attributes;
+  pthread_attr_init(&attributes);
+  ASSERT_EQ(pthread_attr_setstacksize(&attributes, tinystack), 0);
+  ASSERT_EQ(pthread_setattr_default_np(&attributes), 0);
+  std::array<std::string, 8> results;
   std::vector<std::thread> threads;
-  for (tthreadjob& job : jobs) {
-    job.written = file(std::to_string(&job - jobs.data()));
-    threads.emplace_back([&job] {
-      for (int time = 0; time < 3; ++time) tthreadjob::run(&job);
+  for (std::string& result : results)
+    threads.emplace_back([&result, written = file(std::to_string(threads.size()))] {
+      for (int time = 0; time < 3; ++time) result = ::host::dojob(written);
     });
-  }
   for (std::thread& thread : threads) thread.join();
-  for (const tthreadjob& job : jobs) EXPECT_TRUE(job.result == expected) << job.result;
+  for (const std::string& result : results) EXPECT_TRUE(result == expected) << result;
 }
 
 // Both processes go on with the handle.

@@ -25,12 +25,11 @@ TEST(lifecycle, createandfree) {
   xfree(&first);
   xfree(&first);  // nothing to free
   EXPECT_EQ(first, nullptr);
-  std::int32_t dots = -7, indicators = -7;
-  EXPECT_EQ(optcount(second) + optsynonymcount(second) + optgroupcount(second) + coptlookup(second, "Help"),
-            -1);
-  EXPECT_EQ(optdotoptcount(second, &dots) + optindicatorcount(second, &indicators) + dots + indicators, 0);
-  EXPECT_EQ(optrecentenabled(second) + opteolonlyset(second, 0), 2);
   xfree(&second);
+  play("", R"(
+    count => 0 ; synonymcount => 0 ; groupcount => 0 ; lookup Help => -1 ; dotoptcount => 0|0
+    indicatorcount => 0|0 ; recentenabled => 1 ; eolonlyset 0 => 1
+  )");
 }
 
 // One path for the whole process, in whichever form it was set.
@@ -49,70 +48,60 @@ TEST(lifecycle, loadpath) {
   EXPECT_EQ(set(tform::shortstring, nullptr), "");
 }
 
-// The client's version, the result, the kind of agreement, and the message.
-TEST(check, compares_the_client_s_version_with_the_library_s) {
-  foreachrow(R"(
-    2 => 1 1 => API version and library version are the same.
-    3 => 1 3 => API version is newer than this library.
-    2147483647 => 1 3 => API version is newer than this library.
-    1 => 1 2 => Client version is compatible to this version of the library.
-    0 => 0 0 => The API is too old for the used library, API version: 0, library version: 2
-    -1 => 0 0 => The API is too old for the used library, API version: -1, library version: 2
-  )",
-             [](thandle& h, const tcolumns& row) {
-               std::string message = "old";
-               std::int32_t compat = -1;
-               const int result =
-                   invoke(h.form(), xapiversion, cxapiversion, std::stoi(row[0]), message, compat);
-               EXPECT_EQ(std::to_string(result) + ' ' + std::to_string(compat), row[1]);
-               EXPECT_EQ(message, row[2]);
-             });
-}
+// A client's version: the result, the message, and the kind of agreement.
+const taddedstep apiversion("apiversion", [](thandle& h, const std::string& version) {
+  std::string message = "old";
+  std::int32_t compat = -1;
+  const int result = invoke(h.form(), xapiversion, cxapiversion, std::stoi(version), message, compat);
+  return std::to_string(result) + '|' + message + '|' + std::to_string(compat);
+});
 
-// Functions as clients declare them: the name, the result's code, those of the arguments after the handle; and
-// what differs from the library's. The compiler takes the codes from the functions' types.
-TEST(check, tells_which_functions_differ) {
-  foreachrow(R"(
-    optReadFromPChar 0 10
-    optFindStr 3 11 4 4
-    optSetValuesNr 3 3 3 13 11
-    optCount 3
-    optGetValuesNr 3 3 12 4 14 12
-    optGetInfoNr 3 3 4 4 4 4 4 4
-    optResetAll 0
-    optreaddefinition 3 11 => optreaddefinition cannot be found in wexcorin.
-    \e 3 => \x20cannot be found in wexcorin.
-    xCreate 3 => xCreate cannot be found in wexcorin.
-    <254x> 3 => <254x>\x20
-    optCount 3 3 => optCount has wrong number of arguments, the API expects 0 but it has 1 in the library.
-    optGetValuesNr 3 3 12 4 13 12 => optGetValuesNr has wrong argument type for argument 4
-    optFindStr 0 11 3 4 => optFindStr has wrong argument type for argument 0,2
-    optFindStr 0 0 0 0 => optFindStr has wrong argument type for argument 0,1,2,3
-  )",
-             [](thandle& h, const tcolumns& row) {
-               std::istringstream words(row[0].substr(row[0].find(' ')));
-               const std::vector<std::int32_t> codes{std::istream_iterator<std::int32_t>(words), {}};
-               std::string message = "old";
-               EXPECT_EQ(invoke(h.form(), xcheck, cxcheck, row[0].substr(0, row[0].find(' ')),
-                                static_cast<int>(codes.size()) - 1, codes.data(), message),
-                         row[1].empty() ? 1 : 0);
-               EXPECT_EQ(message, row[1]);
-             });
+// A function as clients declare it: the name, the result's code, those of the arguments after the handle.
+const taddedstep check("check", [](thandle& h, const std::string& declared) {
+  const std::size_t end = declared.find(' ');
+  std::istringstream words(declared.substr(end));
+  const std::vector<std::int32_t> codes{std::istream_iterator<std::int32_t>(words), {}};
+  const int count = static_cast<int>(codes.size()) - 1;
+  std::string message = "old";
+  const int result = invoke(h.form(), xcheck, cxcheck, declared.substr(0, end), count, codes.data(), message);
+  return std::to_string(result) + '|' + message;
+});
+
+// The compiler takes the codes from the functions' types.
+TEST(lifecycle, agreementwithclients) {
+  play("", R"(
+    apiversion 2 => 1|API version and library version are the same.|1
+    apiversion 3 => 1|API version is newer than this library.|3
+    apiversion 2147483647 => 1|API version is newer than this library.|3
+    apiversion 1 => 1|Client version is compatible to this version of the library.|2
+    apiversion 0 => 0|The API is too old for the used library, API version: 0, library version: 2|0
+    apiversion -1 => 0|The API is too old for the used library, API version: -1, library version: 2|0
+    check optReadFromPChar 0 10 => 1| ; check optFindStr 3 11 4 4 => 1| ; check optCount 3 => 1|
+    check optSetValuesNr 3 3 3 13 11 => 1| ; check optGetValuesNr 3 3 12 4 14 12 => 1|
+    check optGetInfoNr 3 3 4 4 4 4 4 4 => 1| ; check optResetAll 0 => 1|
+    check optreaddefinition 3 11 => 0|optreaddefinition cannot be found in wexcorin.
+    check  3 => 0| cannot be found in wexcorin.
+    check xCreate 3 => 0|xCreate cannot be found in wexcorin.
+    check <254x> 3 => 0|<254x>\x20
+    check optCount 3 3
+      => 0|optCount has wrong number of arguments, the API expects 0 but it has 1 in the library.
+    check optGetValuesNr 3 3 12 4 13 12 => 0|optGetValuesNr has wrong argument type for argument 4
+    check optFindStr 0 11 3 4 => 0|optFindStr has wrong argument type for argument 0,2
+    check optFindStr 0 0 0 0 => 0|optFindStr has wrong argument type for argument 0,1,2,3
+  )");
 }
 
 // Zero-terminated texts arrive whole up to 254 characters; a short string holds 255, and zero bytes like any
 // other.
 TEST(lifecycle, longtexts) {
-  thandle h(tform::zeroterminated);
-  h.definition(everytype);
+  play(everytype, "setstrnr note <254x> ; value note => <254x>");
+  thandle h(tform::zeroterminated), s;
+  for (thandle* each : {&h, &s}) each->definition(everytype);
   const int note = h.number("note");
-  for (const std::size_t length : {254u, 255u, 100000u}) {
-    const std::string text(length, 'x');
-    h.call(BOTH(setstrnr), note, text);
-    EXPECT_EQ(h.value("note"), length < 255 ? text : "PCharToStr Overflow");
+  for (const std::size_t length : {255u, 100000u}) {
+    h.call(BOTH(setstrnr), note, std::string(length, 'x'));
+    EXPECT_EQ(h.value("note"), "PCharToStr Overflow");
   }
-  thandle s(tform::shortstring);
-  s.definition(everytype);
   const std::string longest = std::string(200, 'x') + std::string(55, 'y');
   for (const std::string& text : {std::string("a\0b", 3), longest}) {
     s.call(BOTH(setstrnr), note, text);
@@ -121,10 +110,6 @@ TEST(lifecycle, longtexts) {
   std::string chars;
   EXPECT_EQ(invoke(tform::zeroterminated, BOTH(getstrnr), s.get(), note, chars), 1);
   EXPECT_EQ(chars, longest);
-  // A character buffer is no short string: it is one line of any length.
-  h.pchar("note " + std::string(400, ' ') + "end");
-  EXPECT_EQ(h.value("note"), "end");
-  EXPECT_EQ(told(h), "");
 }
 
 TEST(lifecycle, nulltextsareempty) {
@@ -147,38 +132,34 @@ TEST(lifecycle, resultoverargument) {
   thandle h;
   h.definition(everytype);
   for (const char* line : {"string_list same", "string_list same", "pair 3 4"}) h.string(line);
-  const auto readsecond = [](auto function) {
-    return [function](tvksoptions* handle, auto name, auto text) { return function(handle, name, 2, text); };
-  };
-  const auto over = [&h](std::string text, auto shortform, auto charform) {
+  const auto over = [&h](std::string text, auto shortform, auto charform, auto... index) {
     std::string other = text;
     {
       targument<optshortstring*> buffer(text);
-      shortform(h.get(), buffer.pass(), buffer.pass());
+      shortform(h.get(), buffer.pass(), index..., buffer.pass());
       targument<char*> otherbuffer(other);
-      charform(h.get(), otherbuffer.pass(), otherbuffer.pass());
+      charform(h.get(), otherbuffer.pass(), index..., otherbuffer.pass());
     }
     return text + '|' + other;
   };
   EXPECT_EQ(over("pair", BOTH(getvalstr)), "3|3");
   EXPECT_EQ(over("pair", BOTH(getval2str)), "4|4");
   EXPECT_EQ(over("nosuch", BOTH(getvalstr)), "|");
-  EXPECT_EQ(over("string_list", readsecond(optreadfromliststr), readsecond(coptreadfromliststr)),
-            "same|same");
+  EXPECT_EQ(over("string_list", BOTH(readfromliststr), 2), "same|same");
   EXPECT_EQ(over("string_list", BOTH(getfromliststr)), "same|same");
 }
 
 // The line is 78 characters wide: component, status, date, version, platform and builds, build code and
 // system.
 TEST(lifecycle, versionline) {
-  inbothforms([](thandle& h) {
+  for (const tform form : {tform::shortstring, tform::zeroterminated}) {
     std::string line;
-    h.call(BOTH(version), line);
+    thandle(form).call(BOTH(version), line);
     EXPECT_EQ(line.size(), 78u);
-    const std::regex form(
+    const std::regex expected(
         R"(Option Lib       .{4} \d\d.{3} \S+\.\S+\.\S+ +.{3} \d{4}\.\d{4} .{3} x86_64/Linux {13})");
-    EXPECT_TRUE(std::regex_match(line, form)) << line;
-  });
+    EXPECT_TRUE(std::regex_match(line, expected)) << line;
+  }
 }
 
 }  // namespace

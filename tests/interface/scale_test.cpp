@@ -73,7 +73,7 @@ TEST(scale, definitions) {
       repeated(n, " free#\n");
   thandle h;
   ASSERT_EQ(h.definition(definition), 0);
-  EXPECT_EQ(problems(h), "");
+  EXPECT_EQ(told(h, false), "");
   EXPECT_EQ(optsynonymcount(h.get()), n);
   EXPECT_EQ(optgroupcount(h.get()), n);
   h.parameters("word w" + last + "\nlevel " + last + "\neach x:y\n");
@@ -81,7 +81,7 @@ TEST(scale, definitions) {
   for (int i = 0; i < n; ++i) ASSERT_EQ(h.number('S' + std::to_string(i)), 2);
   h.parameters("s" + last + " 7\nall 8");
   EXPECT_EQ(h.call(BOTH(listcountstr), "texts"), n);  // all of them get their turn
-  EXPECT_EQ(problems(h), "W1 deprecated synonym \"s" + last + "\"; gone");
+  EXPECT_EQ(told(h, false), "W1 deprecated synonym \"s" + last + "\"; gone");
   optclearmessages(h.get());
   EXPECT_EQ(h.call(BOTH(setstrnr), 3, "none") + h.call(BOTH(setstrnr), 4, "-1"), 0);
   for (const int nr : {2, 4}) EXPECT_EQ(h.messages().at(static_cast<std::size_t>(nr) - 1).size(), 255u);
@@ -114,7 +114,7 @@ TEST(scale, doubling) {
   EXPECT_EQ(h.call(BOTH(listcountstr), "texts"), 512);
   EXPECT_EQ(told(h), "");
   h.string("m39 x");
-  EXPECT_EQ(problems(h), "V Too many members for option \"m39\"");
+  EXPECT_EQ(told(h, false), "V Too many members for option \"m39\"");
   EXPECT_LT(h.call(BOTH(listcountstr), "texts"), 2000);
   EXPECT_EQ(optresetnr(h.get(), h.number("m39")), 1);
   EXPECT_EQ(h.call(BOTH(listcountstr), "texts"), 0);

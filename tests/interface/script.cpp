@@ -27,9 +27,7 @@ std::string brief(const std::string& message) {
   return std::regex_replace(message, head, "$1$2$3$4$5 ", std::regex_constants::match_continuous);
 }
 
-namespace {
-
-std::string toldof(thandle& handle, bool notes) {
+std::string told(thandle& handle, bool notes) {
   std::string result, before;
   for (const std::string& message : handle.messages()) {
     const std::string text = brief(message);
@@ -43,11 +41,6 @@ std::string toldof(thandle& handle, bool notes) {
   }
   return result;
 }
-
-}  // namespace
-
-std::string told(thandle& handle) { return toldof(handle, true); }
-std::string problems(thandle& handle) { return toldof(handle, false); }
 
 std::string settings(thandle& handle) {
   std::string result;
@@ -130,12 +123,6 @@ std::string answer(tresult (*function)(tvksoptions*, tparameters...), thandle& h
   return text.str();
 }
 
-std::string taken(thandle& h, std::string (*see)(thandle&)) {
-  const std::string result = see(h);
-  optclearmessages(h.get());
-  return result;
-}
-
 std::map<std::string, tstep>& steps() {
   static std::map<std::string, tstep> all;
   return all;
@@ -184,18 +171,15 @@ const taddedstep fill("fill", [](auto& h, auto& count) {
   return std::string();
 });
 
-// What there is to see. Messages are cleared then.
+// What there is to see; messages go with that.
 const taddedstep seen[] = {
-    {"messages", [](auto& h, auto&) { return joined(h.takemessages()); }},
-    {"told", [](auto& h, auto&) { return taken(h, told); }},
-    {"problems", [](auto& h, auto&) { return taken(h, problems); }},
+    {"messages", [](auto& h, auto&) { return joined(h.messages()); }},
+    {"told", [](auto& h, auto&) { return told(h); }},
+    {"problems", [](auto& h, auto&) { return told(h, false); }},
     {"settings", [](auto& h, auto&) { return settings(h); }},
+    {"value", [](auto& h, auto& name) { return h.value(name); }},
     {"written", [](auto& h, auto&) { return h.written(); }},
 };
-const taddedstep value("value", [](auto& h, auto& name) {
-  const std::string second = h.value2(name);
-  return h.value(name) + (second == "?" ? "" : '|' + second);
-});
 
 // What a request for help adds; ">" stands for the 24 blanks that the lines of a description begin with, "<" for
 // the 22 blanks before a text that has no room beside its name.
@@ -233,6 +217,7 @@ void take(thandle& h, const std::string& text, const tcolumns& columns) {
   const std::size_t arrow = text.find("=>");
   const tcolumns part = columnsof(text);
   const std::string answer = answered(h, h.expanded(filled(part[0], columns)));
+  if (part[0] == "told" || part[0] == "problems" || part[0] == "messages") optclearmessages(h.get());
   if (arrow == std::string::npos) return;
   EXPECT_EQ(h.shortened(answer), filled(part[1], columns)) << text;
 }
@@ -243,15 +228,20 @@ taddedstep::taddedstep(const char* name, tstep step) { steps()[name] = std::move
 
 void play(const std::string& definition, const std::string& script, const std::string& rows) {
   static const std::regex separator(" ; ");
-  foreachrow(rows.c_str(), [&](thandle& h, tcolumns columns) {
-    std::rotate(columns.begin(), columns.end() - 1, columns.end());
-    columns[0] = h.form() == tform::shortstring ? "old" : "";
-    EXPECT_EQ(definition.empty() ? 0 : h.definition(definition), 0);
-    optclearmessages(h.get());
-    for (const std::string& line : rowsof(script.c_str()))
-      for (std::sregex_token_iterator step(line.begin(), line.end(), separator, -1), end; step != end; ++step)
-        take(h, *step, columns);
-  });
+  for (const std::string& row : rowsof(rows.c_str()))
+    for (const tform form : {tform::shortstring, tform::zeroterminated}) {
+      SCOPED_TRACE(row + (form == tform::shortstring ? "\nshort strings" : "\nzero-terminated strings"));
+      tcolumns columns = columnsof(row);
+      std::rotate(columns.begin(), columns.end() - 1, columns.end());
+      columns[0] = form == tform::shortstring ? "old" : "";
+      thandle h(form);
+      EXPECT_EQ(definition.empty() ? 0 : h.definition(definition), 0);
+      optclearmessages(h.get());
+      for (const std::string& line : rowsof(script.c_str()))
+        for (std::sregex_token_iterator step(line.begin(), line.end(), separator, -1), end; step != end;
+             ++step)
+          take(h, *step, columns);
+    }
 }
 
 }  // namespace testsupport

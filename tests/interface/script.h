@@ -35,10 +35,9 @@ struct taddedstep {
 // value error, W a warning, D a definition error. "+name" and "-name" are the notes on entering and leaving a
 // source.
 std::string brief(const std::string& message);
-// All messages, " | " between them; of equal texts one after the other the heads only: "E1 E2 text".
-std::string told(thandle& handle);
-// The same without the notes.
-std::string problems(thandle& handle);
+// All messages, or all but the notes, " | " between them; of equal texts one after the other the heads only:
+// "E1 E2 text".
+std::string told(thandle& handle, bool notes = true);
 // "name=value" for each option with a defined value, in definition order: "a=1 two=3,- l=[x|y]". A second
 // value stands after a comma; "-" is a value that was not set.
 std::string settings(thandle& handle);

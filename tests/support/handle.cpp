@@ -4,7 +4,6 @@
 #include <stdlib.h>
 
 #include <algorithm>
-#include <clocale>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -54,22 +53,6 @@ std::string ttempdir::write(std::string_view name, std::string_view bytes) const
   return path(name);
 }
 
-bool setcommalocale() {
-  for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8", "nl_NL.UTF-8"})
-    if (std::setlocale(LC_ALL, name) != nullptr) return true;
-  const ttempdir directory;
-  directory.write("source",
-                  "comment_char %\nescape_char /\nLC_NUMERIC\ndecimal_point \",\"\n"
-                  "thousands_sep \".\"\ngrouping 3;3\nEND LC_NUMERIC\n");
-  const std::string command = "cd '" + directory.path("") +
-                              "' && localedef -c --no-archive -f ANSI_X3.4-1968 -i source ./comma >out 2>&1";
-  if (std::system(command.c_str()) == -1) return false;
-  setenv("LOCPATH", directory.path("").c_str(), 1);
-  std::setlocale(LC_NUMERIC, "comma");
-  unsetenv("LOCPATH");
-  return *std::localeconv()->decimal_point == ',';
-}
-
 targument<const optshortstring*>::targument(std::string_view text) {
   ftext.emplace();
   ftext->length = static_cast<unsigned char>(text.copy(ftext->text, sizeof ftext->text));
@@ -115,7 +98,6 @@ int thandle::parameters(std::string_view text) {
   return call(BOTH(readparameterfile), fdirectory.write("OPT", expanded(text)));
 }
 void thandle::string(std::string_view text) { call(BOTH(readfromstr), expanded(text)); }
-void thandle::pchar(const std::string& text) { optreadfrompchar(fhandle, expanded(text).c_str()); }
 void thandle::file(std::string_view name, std::string_view text) { fdirectory.write(name, expanded(text)); }
 
 tlines thandle::messages() {
@@ -156,13 +138,9 @@ int thandle::number(const std::string& name) {
 }
 
 std::string thandle::value(const std::string& name) {
-  std::string text;
-  return call(BOTH(getvalstr), name, text) != 0 ? text : "?";
-}
-
-std::string thandle::value2(const std::string& name) {
-  std::string text;
-  return call(BOTH(getval2str), name, text) != 0 ? text : "?";
+  std::string text, second;
+  if (call(BOTH(getvalstr), name, text) == 0) return "?";
+  return call(BOTH(getval2str), name, second) != 0 ? text + '|' + second : text;
 }
 
 }  // namespace testsupport

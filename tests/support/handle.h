@@ -1,6 +1,5 @@
 // What the tests of the exported functions stand on: a handle whose text functions take and return
-// std::string in either of the two string forms, a temporary directory, and the loop that runs a table in
-// both forms. Every output buffer lies between guard bytes; a write past byte 256 fails the running test.
+// std::string in either of the two string forms, and a temporary directory. Every output buffer lies between guard bytes; a write past byte 256 fails the running test.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -22,7 +21,6 @@
 namespace testsupport {
 
 enum class tform { shortstring, zeroterminated };
-inline constexpr std::array bothforms = {tform::shortstring, tform::zeroterminated};
 
 using tlines = std::vector<std::string>;
 
@@ -44,9 +42,6 @@ class ttempdir {
  private:
   std::filesystem::path fpath;
 };
-
-// Switches the process to a locale with a decimal comma: an installed one, else one made here.
-bool setcommalocale();
 
 // What a function of either form takes for an argument, by the parameter's type: numbers and handles as they
 // are, an output by its address.
@@ -149,16 +144,14 @@ class thandle {
   int definition(std::string_view text);                    // the file DEF
   int parameters(std::string_view text);                    // the file OPT
   void string(std::string_view text);                       // optReadFromStr
-  void pchar(const std::string& text);                      // optReadFromPChar
   void file(std::string_view name, std::string_view text);  // only writes the file
 
   tlines messages();      // as optGetMessage gives them; names of the temporary directory without it
   tlines takemessages();  // the same, and clears them
-  tlines help(const std::string& request);      // what one request adds to the messages
-  std::string written();                        // the bytes that optWriteParameterFile writes
-  int number(const std::string& name);          // through optFindStr, -1 for an unknown name
-  std::string value(const std::string& name);   // optGetValStr, "?" for an unknown name
-  std::string value2(const std::string& name);  // optGetVal2Str, "?" where there is none
+  tlines help(const std::string& request);     // what one request adds to the messages
+  std::string written();                       // the bytes that optWriteParameterFile writes
+  int number(const std::string& name);         // through optFindStr, -1 for an unknown name
+  std::string value(const std::string& name);  // "?" for an unknown name, "first|second" of two values
 
   // handle.call(BOTH(getnamenr), 2, name): the exported function of the handle's form.
   template <class tshortform, class tcharform, class... targuments>
@@ -171,24 +164,5 @@ class thandle {
   tform fform;
   ttempdir fdirectory;
 };
-
-// check(handle) with a fresh handle of each form.
-template <class Check>
-void inbothforms(Check check) {
-  for (const tform form : bothforms) {
-    SCOPED_TRACE(form == tform::shortstring ? "short strings" : "zero-terminated strings");
-    thandle handle(form);
-    check(handle);
-  }
-}
-
-// check(handle, columns) for each row of the table, with a fresh handle of each form.
-template <class Check>
-void foreachrow(const char* table, Check check) {
-  for (const std::string& row : rowsof(table)) {
-    SCOPED_TRACE(row);
-    inbothforms([&](thandle& handle) { check(handle, columnsof(row)); });
-  }
-}
 
 }  // namespace testsupport
