@@ -47,12 +47,6 @@ ssize_t failed(int error) {
   return -1;
 }
 
-void* allocated(std::size_t size) {
-  void* block = isturn(toperation::allocation) ? nullptr : std::malloc(std::max<std::size_t>(size, 1));
-  if (block == nullptr) throw std::bad_alloc();
-  return block;
-}
-
 void plan(toperation operation, teffect effect, int which) {
   plannedoperation = operation;
   plannedeffect = effect;
@@ -64,12 +58,13 @@ bool happened() { return plannednumber > 0 && count >= plannednumber; }
 
 }  // namespace
 
-void* operator new(std::size_t size) { return allocated(size); }
-void* operator new[](std::size_t size) { return allocated(size); }
+void* operator new(std::size_t size) {
+  void* block = isturn(toperation::allocation) ? nullptr : std::malloc(std::max<std::size_t>(size, 1));
+  if (block == nullptr) throw std::bad_alloc();
+  return block;
+}
 void operator delete(void* block) noexcept { std::free(block); }
-void operator delete[](void* block) noexcept { std::free(block); }
 void operator delete(void* block, std::size_t) noexcept { std::free(block); }
-void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
 
 // The linker's names for the functions that calls are handed to, and for the originals.
 // NOLINTBEGIN(bugprone-reserved-identifier)
@@ -297,31 +292,29 @@ TEST(faults, fifos) {
     int where;
     int failing;  // the number of the poll that has the effect
     teffect effect;
-    bool isopen;                     // for writing
-    std::string_view before, later;  // written before the reading begins, and while it waits
+    bool isopen;             // for writing
+    std::string_view later;  // written while the reading waits
     int result;
     const char* name;
   } rows[] = {
-      {__LINE__, 1, teffect::fails, false, "", "", ETIMEDOUT, "a name"},
-      {__LINE__, 1, teffect::fails, true, "name x\n", "", 0, "x"},
-      {__LINE__, 1, teffect::fails, true, "", "name y\n", 0, "y"},
-      {__LINE__, 1, teffect::interrupted, true, "", "name z\n", 0, "z"},
-      {__LINE__, 1, teffect::failsforgood, true, "", "name v\n", 0, "v"},
-      {__LINE__, 0, teffect::fails, false, "", "texts a\nname w", 0, "w"},
+      {__LINE__, 1, teffect::fails, false, "", ETIMEDOUT, "a name"},
+      {__LINE__, 1, teffect::fails, true, "name y\n", 0, "y"},
+      {__LINE__, 1, teffect::interrupted, true, "name z\n", 0, "z"},
+      {__LINE__, 1, teffect::failsforgood, true, "name v\n", 0, "v"},
+      {__LINE__, 0, teffect::fails, false, "texts a\nname w", 0, "w"},
   };
   for (const auto& row : rows) {
     const testing::ScopedTrace trace(__FILE__, row.where, "row");
     const tscene scene;
     ASSERT_EQ(mkfifo("fifo", 0600), 0);
     int fifo = row.isopen ? open("fifo", O_RDWR | O_CLOEXEC) : -1;
-    const auto put = [&fifo](std::string_view text) {
-      EXPECT_EQ(write(fifo, text.data(), text.size()), static_cast<ssize_t>(text.size()));
-    };
-    if (row.isopen) put(row.before);
     std::thread writer([&] {
       usleep(50'000);
       if (row.failing == 0) fifo = open("fifo", O_WRONLY | O_CLOEXEC);
-      for (std::size_t at = 0; at < row.later.size(); at += 5, usleep(10'000)) put(row.later.substr(at, 5));
+      for (std::size_t at = 0; at < row.later.size(); at += 5, usleep(10'000)) {
+        const std::string_view piece = row.later.substr(at, 5);
+        EXPECT_EQ(write(fifo, piece.data(), piece.size()), static_cast<ssize_t>(piece.size()));
+      }
       close(fifo);
     });
     tvksoptions* handle = nullptr;

@@ -7,8 +7,6 @@
 namespace testsupport {
 namespace {
 
-using namespace std::string_literals;
-
 #ifdef WEXCORIN_SANITIZED
 constexpr int scale = 10;
 #else
@@ -123,66 +121,59 @@ TEST(scale, doubling) {
 constexpr const char* lineoptions =
     "a integer 1 0 0 9 1 1\nl strlist 2 1 1\ns string 3 none 1 1\n.prior double 4 1 0 9 1 1\nind indicator\n";
 
-// Many times the same line: what is listed and entered of it, and what is wrong, which is told of the first
-// 4,999 lines, behind the note on the file.
+// Many times the same line: what is wrong with it, which is told of the first 4,999 lines, behind the note on
+// the file, or what becomes of it.
 TEST(scale, lines) {
-  const struct {
-    int where;
-    std::string line, told;
-    int listed = 0, dotentries = 0;
-  } rows[] = {
-      {__LINE__, "a 5", ""},
-      {__LINE__, "", ""},
-      {__LINE__, "l x\r", "", verymany},
-      {__LINE__, "--own x", "", verymany},
-      {__LINE__, "x.prior('i') 3", "", 0, verymany},
-      {__LINE__, "unknown 5", R"(Unknown option "unknown")"},
-      {__LINE__, "a 5 5", R"(Integer expected, for option "a" saw "5 5")"},
-      {__LINE__, "a \"", "Bad double-quote in value"},
-      {__LINE__, "\"\"\"", R"(Option keyword expected, saw """)"},
-      {__LINE__, "\0\0a 5"s, "Option keyword expected, saw \"\0\""s},
-      {__LINE__, "\xFF", "Option keyword expected, saw \"\xFF\""},
-      {__LINE__, "x.none", R"(unknown .suffix ".none" for key "x")"},
-  };
-  for (const auto& row : rows) {
-    const testing::ScopedTrace trace(__FILE__, row.where, row.line);
+  for (const std::string& row : rowsof(R"(
+    a 5
+    \e
+    l x\r => => listed
+    --own x => => listed
+    x.prior('i') 3 => => entered
+    unknown 5 => Unknown option "unknown"
+    a 5 5 => Integer expected, for option "a" saw "5 5"
+    a " => Bad double-quote in value
+    """ => Option keyword expected, saw """
+    \x00\x00a 5 => Option keyword expected, saw "\x00"
+    \xFF => Option keyword expected, saw "\xFF"
+    x.none => unknown .suffix ".none" for key "x"
+  )")) {
+    SCOPED_TRACE(row);
+    const tcolumns columns = columnsof(row);
     thandle h;
     h.definition(lineoptions);
-    h.parameters(repeated(verymany, row.line + '\n') + "s last");
+    h.parameters(repeated(verymany, columns[0] + '\n') + "s last");
     std::int32_t rejected = 0;
-    EXPECT_EQ(h.call(BOTH(listcountstr), row.line[0] == '-' ? "--own" : "l"), row.listed);
-    EXPECT_EQ(optdotoptcount(h.get(), &rejected), row.dotentries);
+    EXPECT_EQ(h.call(BOTH(listcountstr), row[0] == '-' ? "--own" : "l"),
+              columns[2] == "listed" ? verymany : 0);
+    EXPECT_EQ(optdotoptcount(h.get(), &rejected), columns[2] == "entered" ? verymany : 0);
     EXPECT_EQ(h.value("s"), "last");
     const tlines all = h.messages();
-    ASSERT_EQ(all.size(), row.told.empty() ? 0u : 5001u);
-    if (row.told.empty()) continue;
-    EXPECT_EQ(brief(all[1]).substr(1), "1 " + row.told);
-    EXPECT_EQ(brief(all[4999]).substr(1), "4999 " + row.told);
+    ASSERT_EQ(all.size(), columns[1].empty() ? 0u : 5001u);
+    if (columns[1].empty()) continue;
+    EXPECT_EQ(brief(all[1]).substr(1), "1 " + columns[1]);
+    EXPECT_EQ(brief(all[4999]).substr(1), "4999 " + columns[1]);
     EXPECT_EQ(all.back(), "Maximum of 5000 messages reached");
   }
 }
 
-// Of a line 1,020 characters count, however it goes on, and the line after it is read as always.
+// Of a line 1,020 characters count, however it goes on, and the line after it is read as always: the begin of
+// the line, what fills it, what is set and told.
 TEST(scale, oneline) {
-  const struct {
-    int where;
-    std::string begin;
-    char filler;
-    std::string settings, told;
-  } rows[] = {
-      {__LINE__, "a 5", ' ', "a=5", ""},
-      {__LINE__, "* ", '*', "", ""},
-      {__LINE__, "l ", 'x', "l=[" + std::string(255, 'x') + ']', ""},
-      {__LINE__, "", '\0', "", "+OPT | E1 Option keyword expected, saw \"\0\" | -OPT"s},
-      {__LINE__, "", '"', "", "+OPT | E1 Option keyword expected, saw \"\"\" | -OPT"},
-  };
-  for (const auto& row : rows) {
-    const testing::ScopedTrace trace(__FILE__, row.where, row.begin + row.filler);
+  for (const std::string& row : rowsof(R"(
+    a 5 => \x20 => a=5 s=last
+    * => * => s=last
+    l\x20 => x => l=[<255x>] s=last
+    \e => \x00 => s=last => +OPT | E1 Option keyword expected, saw "\x00" | -OPT
+    \e => " => s=last => +OPT | E1 Option keyword expected, saw """ | -OPT
+  )")) {
+    SCOPED_TRACE(row);
+    const tcolumns columns = columnsof(row);
     thandle h;
     h.definition(lineoptions);
-    h.parameters(row.begin + std::string(hugeline, row.filler) + "\ns last");
-    EXPECT_EQ(told(h), row.told);
-    EXPECT_EQ(settings(h), row.settings + (row.settings.empty() ? "" : " ") + "s=last");
+    h.parameters(columns[0] + std::string(hugeline, columns[1][0]) + "\ns last");
+    EXPECT_EQ(settings(h), columns[2]);
+    EXPECT_EQ(told(h), columns[3]);
   }
 }
 
