@@ -29,25 +29,12 @@ TEST(messages, everykindhasitsdecoration) {
     definition broken integer x 5 0 10 1 1\n ; echoset 1
     parameters * comment\nmaxit 11\nbounds 1\nmaxit 11\nold 6\nhelp maxit\nnosuch 1\n
     echoset 0 ; addmessage the client's own ; errorcount => 5|3 ; kinds => 2600330044050110979
-    messages => *** Definition Error line 1: Bad usermap value for option "broken"
-      \nReading parameter(s) from "OPT"
-      \n>>  * comment
-      \n>>  maxit 11
-      \n*** Value Error line 2: Integer range error for option "maxit" saw "11"
-      \n*** Value Error line 2:    Valid range is 0 to 10
-      \n>>  bounds 1
-      \n>>  maxit 11
-      \n*** Warning line 4: Integer range error for option "maxit" saw "11"
-      \n*** Warning line 4:    Valid range is 0 to 10
-      \n>>  old 6
-      \n*** Warning line 5: deprecated option "old"; use maxit
-      \n>>  help maxit
-      \nmaxit: Iteration limit
-      \n<24 >integer,  range: 0 to 10 default: 5
-      \n>>  nosuch 1
-      \n*** Error line 7: Unknown option "nosuch"
-      \nFinished reading from "OPT"
-      \n*** Error the client's own\n
+    told => D1 Bad usermap value for option "broken" | +OPT | >>  * comment | >>  maxit 11
+      | V2 Integer range error for option "maxit" saw "11" | V2    Valid range is 0 to 10 | >>  bounds 1
+      | >>  maxit 11 | W4 Integer range error for option "maxit" saw "11" | W4    Valid range is 0 to 10
+      | >>  old 6 | W5 deprecated option "old"; use maxit | >>  help maxit | maxit: Iteration limit
+      | <24 >integer,  range: 0 to 10 default: 5 | >>  nosuch 1 | E7 Unknown option "nosuch"
+      | -OPT | E the client's own
     errorcount => 0|0 ; kinds =>
   )");
 }

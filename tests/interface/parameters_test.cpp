@@ -20,9 +20,8 @@ constexpr const char* options =
 
 TEST(parameters, keysandvalues) {
   play(options, reading, R"(
-    0 => , \tALIAS\t=\t1 ,-b=2 /d 0.5 -/-s x => a=1 b=2 d=0.5 --s=[x]
-    0 => -d.5 => d=0.5
     // after a dash the period belongs to the value
+    0 => , \tALIAS\t=\t1 ,/b=2 -d.5 -/-s x => a=1 b=2 d=0.5 --s=[x]
     0 => \x20,, a 1\nb 2 => b=2 => E1 Option keyword expected, saw ","
     0 => a 1 , \n, ! b 3\n,\nb 2 => a=1 b=2
     0 => - a 1\n-\nb 2 => b=2
@@ -32,61 +31,50 @@ TEST(parameters, keysandvalues) {
     0 => * a 1\n\n * a 1\n\t! a 1\nb 2 ! a 1 => b=2 => E3 Option keyword expected, saw "*"
     0 => bad , a 3 bad "x y" b 2\nbad=1 a 4\nbad = 1 a 5 => a=4 b=2
       => E1 E1 E2 E3 Unknown option "bad" | E3 Option keyword expected, saw "1"
-    1 => ,a 1\n,b 2, => a=1 => V2 Integer expected, for option "b" saw "2,"
+    1 => ,a 1\n,b 2,\na 3, b 2\ns 1, b 2 => a=1 s=1, b 2
+      => V2 Integer expected, for option "b" saw "2," | V3 Integer expected, for option "a" saw "3, b 2"
     1 => \ta = 1 \nb := 2 # two => a=1 b=2
-    1 => a 1, b 2\ns 1, b 2 => s=1, b 2 => V1 Integer expected, for option "a" saw "1, b 2"
     // Messages on values quote the key as typed.
     0 => Alias 101 /B x => => V1 Integer range error for option "Alias" saw "101"
       | V1    Valid range is -100 to 100 | V1 Integer expected, for option "B" saw "x"
 
     // Normal reading: one token.
-    0 => s "x y" b 2 => b=2 s=x y
+    0 => s "x y" b 2\nl x l "y z",l "" l w!v # z => b=2 s=x y l=[x|y z||w!v]
     0 => s "a"b"c" b 2 => b=2 => V1 Bad double-quote in value
     // A quote that nothing closes is no value; a second quote inside a value opens a third.
     0 => s "x y b 2\ns "a"b" b 2\nb 3 => b=3
     0 => s "\ntwo "3\nb 3 => b=3
     0 => s , b 2\na , t 1 => b=2 s= t=1 => V2 Integer expected, for option "a" saw ""
-    0 => s x!y # z => s=x!y
-    0 => l x l "y z",l "" l w => l=[x|y z||w]
     0 => ALIAS\na :5\nb 2 => b=2
       => E1 E2 Value expected for key "a" | E2 Option keyword expected, saw ":"
     1 => t = \na ! 5\na :5\nb 2 => b=2
       => E1 Value expected for key "t" | E2 E3 Value expected for key "a" | E3 Remainder of line ignored
     // Options without a value or with one at will.
-    0 => nv flag b 2 => b=2 nv=7 flag=1
+    0 => nv flag b 2 opt\nshape b 2 level => b=2 nv=7 opt=8 flag=1 shape=box level=5
     0 => nv 5 b 2\nflag=1 => nv=7 flag=1
       => E1 Option keyword expected, saw "5" | E2 Option keyword expected, saw "="
     1 => nv\nflag b 2\nflag =\nb 2 => b=2 nv=7 flag=1 => E2 E3 Remainder of line ignored
-    0 => b 2 opt => b=2 opt=8
-    0 => shape b 2 level => b=2 shape=box level=5
     0 => opt b 2\nopt =\nopt , b 3 => b=3
       => V1 Integer expected, for option "opt" saw "b" | E1 Option keyword expected, saw "2"
       | E2 Value expected for key "opt" | V3 Integer expected, for option "opt" saw ""
     // Two values: one sets both, "*" leaves a value as it is.
     0 => two 3 4 b 2 => b=2 two=3,4
-    0 => two 3 => two=3,3
     0 => two 3 * => two=3,-
     0 => two 3, b 2 => b=2 two=3,- => V1 Integer expected, for option "two" saw ""
     0 => two x => => V1 V1 Integer expected, for option "two" saw "x"
-    0 => two\ncolor red blue s x => s=x color=red,blue => E1 Value expected for key "two"
+    0 => two\ntwo 3\ncolor red blue s x => s=x two=3,3 color=red,blue => E1 Value expected for key "two"
     1 => two 3 4 5\ntwo 6,7 => two=6,-
       => V1 Integer expected, for option "two" saw "4 5" | V2 Integer expected, for option "two" saw ",7"
     1 => two * "4" # five => two=-,4
     1 => color blue red wine => color=blue,-
       => V1 Unknown value for option "color" saw "red wine" | V1    Possible values are  red blue
-    1 => l x, y\nl "z"\nl "" => l=[x, y|z|]
 
     // The rest of a line.
-    1 => s  x  y \t ! z => s=x  y
-    1 => s "x ! y" # "z" => s=x ! y
-    1 => s "  x  " => s=x
-    1 => s "x y => => V1 Bad double-quote in value
-    1 => s "x" y => => V1 Bad double-quote in value
-    1 => a "5" ! five => a=5
+    1 => s  x  y \t ! z\nl "x ! y" # "z"\nl "  x  "\nl x, y\nl "z"\nl "" => s=x  y l=[x ! y|x|x, y|z|]
+    1 => s "x y\ns "x" y\na "5" ! five => a=5 => V1 V2 Bad double-quote in value
     // 255 characters are held; each further one takes the place of the last.
-    1 => s <254v>wxyz => s=<254v>z
-    1 => s <254v>wx  ! c => s=<254v>
-    1 => s "<254v>wxyz" ! c => => V1 Bad double-quote in value
+    1 => l <254v>wxyz\nl <254v>wx  ! c\nl "<254v>wxyz" ! c => l=[<254v>z|<254v>]
+      => V3 Bad double-quote in value
     0 => s "<254v>wxyz" b 2 => b=2 s=<254v>
 
     // Deprecated names.
@@ -111,27 +99,23 @@ TEST(parameters, keysandvalues) {
       => E1 Value expected for immediate option "LINES" | E2 Value expected for immediate option "lines"
       | E3 Value expected for immediate option "Say" | E4 Value expected for immediate option "read"
       | E5 Value expected for immediate option "free" | E6\x20
-    1 => say "hello there" say = you a 1 => a=1 => E1 hello there | E1 you
+    1 => say "hello there" say = you help a read "" b 2 => b=2 => E1 hello there | E1 you
+      | a: an integer | <24 >integer,  range: -100 to 100 default: 0
+      | E1 Cannot open parameter file "" | E1 Error code = 2; No such file or directory
     0 => free 1 b 50 free 0 a 500 => b=50
       => W1 Integer range error for option "b" saw "50" | W1    Valid range is 0 to 9
       | V1 Integer range error for option "a" saw "500" | V1    Valid range is -100 to 100
-    1 => help a b 2 => b=2
-      => a: an integer |                         integer,  range: -100 to 100 default: 0
-    1 => read "" b 2 => b=2
-      => E1 Cannot open parameter file "" | E1 Error code = 2; No such file or directory
 
     // Carriage returns, code 26 and the 1,020 characters of a line that are read.
     1 => a 1\r\n\r\nb 2\r\nnv\r\nd 1\r => a=1 b=2 d=1 nv=7
-    0 => s x\ry\r\r\nb 2 => b=2 s=x\ry\r
-    0 => \r
+    0 => s x\ry\r\r\nb 2\n\r => b=2 s=x\ry\r
     0 => \xEF\xBB\xBF\nb 2 => b=2 => E1 Option keyword expected, saw "\xEF"
     0 => a 1\x1A b 3\nb\n2 => a=1
       => E2 Value expected for key "b" | E3 Option keyword expected, saw "2"
-    1 => s x y\x1A z\na\x1A 5\nnv\x1A\n\x1A\nb 2 => b=2 s=x y nv=7 => E2 Value expected for key "a"
-    1 => s "x\x1A y"\nb 2 => b=2 => V1 Bad double-quote in value
-    1 => s <1017v>wxy\nb 2 => b=2 s=<254v>w
+    1 => s "x\x1A y"\ns x y\x1A z\na\x1A 5\nnv\x1A\n\x1A\nb 2 => b=2 s=x y nv=7
+      => V1 Bad double-quote in value | E3 Value expected for key "a"
+    1 => *<1000000v>\ns <1017v>wxy\nb 2 => b=2 s=<254v>w
     0 => s x<1015 >b 2\nt 1 => s=x t=1 => E1 Value expected for key "b"
-    1 => *<1000000v>\nb 2 => b=2
   )");
   // the option that is made has nothing but its name
   play("", R"(readfromstr --New text ; settings => --New=[text] ; help --New => --New: \n>strlist, \n)");

@@ -11,16 +11,14 @@ TEST(writer, bytes) {
     \e
     flag yes\nmaxit 3\nbig_step 1e20 => maxit=3\nbig_step=1E20\nflag=1\n
     method "two words"\nlevel 2 => method="two words"\nlevel=2\n
-    note a=b;c => note=a=b;c\n
+    note a=b;c\nstring_list a b\nstring_list a,b\nstring_list a\tb\nstring_list ""\n--more d
+      => note=a=b;c\nstring_list="a b"\nstring_list="a,b"\nstring_list="a\tb"\nstring_list=""\n--more=d\n
     note a b => note="a b"\n
-    note a,b => note="a,b"\n
-    note a\tb => note="a\tb"\n
     note "" => note=""\n
     quiet\ntrace => quiet\ntrace=4\n
     pair 3 4\nspan 1.5e-7 -2\nboth a b c => pair=3 4\nspan=1.5E-7 -2\nboth=a "b c"\n
     // the default stands in for the value that was not set
     pair * 4 => pair=1 4\n
-    string_list a b\nstring_list ""\n--more d => string_list="a b"\nstring_list=""\n--more=d\n
     all 1 => maxit=1\nflag=1\n
     words 7:b => maxit=7\nnote=b\n
     // Of two options that switch bound checking the first is named.
