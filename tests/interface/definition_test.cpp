@@ -3,8 +3,7 @@
 // options are used, comment characters, and definitions of great depth.
 #include "interface/script.h"
 
-namespace testsupport {
-namespace {
+namespace testsupport::definitiontest {
 
 // "name type default in low..high (user-map help-flag group) text", then "+ value help-flag text" for each of
 // its values.
@@ -288,5 +287,4 @@ TEST(definition, commentcharacters) {
   )");
 }
 
-}  // namespace
-}  // namespace testsupport
+}  // namespace testsupport::definitiontest

@@ -3,8 +3,7 @@
 // and 63 characters, and where the line goes on after each error.
 #include "interface/script.h"
 
-namespace testsupport {
-namespace {
+namespace testsupport::entriestest {
 
 constexpr const char* options =
     "a integer 1 0 -100 100 1 1\n.prior double 2 1 0 100 1 1\n.level integer 3 1 0 9 1 1\n"
@@ -162,5 +161,4 @@ TEST(entries, afterthelastmessage) {
   )");
 }
 
-}  // namespace
-}  // namespace testsupport
+}  // namespace testsupport::entriestest

@@ -7,8 +7,7 @@
 
 #include "interface/script.h"
 
-namespace testsupport {
-namespace {
+namespace testsupport::filestest {
 
 using namespace std::string_literals;
 
@@ -56,23 +55,14 @@ TEST(files, tenfiles) {
 
 // Files that include each other several times over would otherwise be read many millions of times.
 TEST(files, one_call_reads_ten_thousand_files) {
-  thandle h;
-  h.definition("read immediate ReadFile 1 1\nnote strlist 1 1 1\n");
-  h.file("f5", "note x\n");
-  for (const std::string name : {"f4", "f3", "f2", "f1"}) {
-    std::string lines;
-    for (int line = 0; line < 11; ++line) lines += "read %DIR%/f" + std::to_string(name[1] - '0' + 1) + "\n";
-    h.file(name, lines);
-  }
-  EXPECT_EQ(h.parameters("read %DIR%/f1\n"), 0);  // would read f5 14,641 times
-  EXPECT_LT(h.call(BOTH(listcountstr), "note"), 10000);
-  std::string innermost;
-  for (const std::string& message : h.takemessages())
-    if (message.find("Error") != std::string::npos) innermost = message;
-  EXPECT_EQ(innermost, "*** Error Too many parameter files; file ignored");
-  // the next call has its own count
-  EXPECT_EQ(h.parameters("read %DIR%/f4\n"), 0);
-  EXPECT_EQ(optmessagecount(h.get()), 0);
+  play("read immediate ReadFile 1 1\nnote strlist 1 1 1\n", R"(
+    eolonlyset 0 ; file f5 note x ; file f4 <11read %DIR%/f5 > ; file f3 <11read %DIR%/f4 >
+    // would read f5 14,641 times
+    file f2 <11read %DIR%/f3 > ; file f1 <11read %DIR%/f2 > ; parameters read %DIR%/f1
+    listcountstr note => 9088 ; getmessage 7 => *** Error Too many parameter files; file ignored|9
+    // the next call has its own count
+    clearmessages ; parameters read %DIR%/f4 ; messages => ; listcountstr note => 9099
+  )");
 }
 
 // What is no ordinary file: nothing is read.
@@ -137,5 +127,4 @@ TEST(files, changes) {
   EXPECT_EQ(h.call(BOTH(listcountstr), "l"), n / 10);
 }
 
-}  // namespace
-}  // namespace testsupport
+}  // namespace testsupport::filestest

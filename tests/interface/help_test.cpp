@@ -2,8 +2,7 @@
 // description of one option by type, what a request selects, and the order of the names.
 #include "interface/script.h"
 
-namespace testsupport {
-namespace {
+namespace testsupport::helptest {
 
 constexpr const char* request = "help $1 => $2";
 
@@ -162,5 +161,4 @@ TEST(help, linesarecutat255) {
   )");
 }
 
-}  // namespace
-}  // namespace testsupport
+}  // namespace testsupport::helptest

@@ -4,8 +4,7 @@
 
 #include "interface/script.h"
 
-namespace testsupport {
-namespace {
+namespace testsupport::lifecycletest {
 
 std::string loadpath(tform form) {
   std::string path = "old";
@@ -162,5 +161,4 @@ TEST(lifecycle, versionline) {
   }
 }
 
-}  // namespace
-}  // namespace testsupport
+}  // namespace testsupport::lifecycletest

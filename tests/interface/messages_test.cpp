@@ -3,8 +3,7 @@
 // pieces of 130 characters.
 #include "interface/script.h"
 
-namespace testsupport {
-namespace {
+namespace testsupport::messagestest {
 
 constexpr const char* definitiontext =
     "maxit integer 1 5 0 10 1 1 Iteration limit\nnote string 2 none 1 1\nold integer 3 5 0 10 1 1\n"
@@ -113,5 +112,4 @@ TEST(echo, orderofechoandnotes) {
   )");
 }
 
-}  // namespace
-}  // namespace testsupport
+}  // namespace testsupport::messagestest

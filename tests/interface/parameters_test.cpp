@@ -3,8 +3,7 @@
 // joined words, and sources of odd bytes and sizes.
 #include "interface/script.h"
 
-namespace testsupport {
-namespace {
+namespace testsupport::parameterstest {
 
 constexpr const char* options =
     "a integer 1 0 -100 100 1 1 an integer\nb integer 2 0 0 9 1 1\nd double 3 0 0 1 1 1\n"
@@ -175,5 +174,4 @@ TEST(parameters, stringsandbuffers) {
   )");
 }
 
-}  // namespace
-}  // namespace testsupport
+}  // namespace testsupport::parameterstest

@@ -2,8 +2,7 @@
 // failure: cleared, -1, or left as they were; and finding an option by name in the three lookup modes.
 #include "interface/script.h"
 
-namespace testsupport {
-namespace {
+namespace testsupport::queriestest {
 
 // Options 2 to 14; Help is option 1.
 constexpr const char* options =
@@ -192,5 +191,4 @@ TEST(lookup, thefirstthatfits) {
   )");
 }
 
-}  // namespace
-}  // namespace testsupport
+}  // namespace testsupport::queriestest

@@ -4,8 +4,7 @@
 
 #include "interface/script.h"
 
-namespace testsupport {
-namespace {
+namespace testsupport::scaletest {
 
 #ifdef WEXCORIN_SANITIZED
 constexpr int scale = 10;
@@ -87,7 +86,8 @@ TEST(scale, definitions) {
   EXPECT_EQ(h.help("long").size(), 5001u);
 }
 
-// Chains that no recursion survives.
+// Chains that no recursion survives; and macros of macros that name each member twice, so that every level doubles
+// the assignments, until there are more than options.
 TEST(scale, depth) {
   thandle h;
   h.definition("x integer 1 0 0 9 0 0\nm0 macro 0 0\n x\nl0 multilist 1 0 0\n x\n" +
@@ -100,22 +100,11 @@ TEST(scale, depth) {
     EXPECT_EQ(h.value("x"), "0");
   }
   EXPECT_EQ(told(h), "");
-}
-
-// Macros of macros that name each member twice: every level doubles the assignments, until there are more than
-// options.
-TEST(scale, doubling) {
-  thandle h;
-  h.definition("texts strlist 1 1 1\nm0 macro 1 1\n texts\n texts\n" +
-               repeated(39, "m@ macro 1 1\n m#\n m#\n"));
-  h.string("m8 x");
-  EXPECT_EQ(h.call(BOTH(listcountstr), "texts"), 512);
-  EXPECT_EQ(told(h), "");
-  h.string("m39 x");
-  EXPECT_EQ(told(h, false), "V Too many members for option \"m39\"");
-  EXPECT_LT(h.call(BOTH(listcountstr), "texts"), 2000);
-  EXPECT_EQ(optresetnr(h.get(), h.number("m39")), 1);
-  EXPECT_EQ(h.call(BOTH(listcountstr), "texts"), 0);
+  play("texts strlist 1 1 1\nd0 macro 1 1\n texts\n texts\n" + repeated(39, "d@ macro 1 1\n d#\n d#\n"), R"(
+    readfromstr d8 x ; listcountstr texts => 512 ; told =>
+    readfromstr d39 x ; problems => V Too many members for option "d39" ; listcountstr texts => 1018
+    resetnr d39 => 1 ; listcountstr texts => 0
+  )");
 }
 
 constexpr const char* lineoptions =
@@ -177,5 +166,4 @@ TEST(scale, oneline) {
   }
 }
 
-}  // namespace
-}  // namespace testsupport
+}  // namespace testsupport::scaletest

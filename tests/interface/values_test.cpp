@@ -3,8 +3,7 @@
 // resets.
 #include "interface/script.h"
 
-namespace testsupport {
-namespace {
+namespace testsupport::valuestest {
 
 // "name defined recent" of the options that were set
 const taddedstep flags("flags", [](thandle& h, const std::string&) {
@@ -155,5 +154,4 @@ TEST(values, flagsandresets) {
   )");
 }
 
-}  // namespace
-}  // namespace testsupport
+}  // namespace testsupport::valuestest

@@ -3,8 +3,7 @@
 // file read back is written the same again.
 #include "interface/script.h"
 
-namespace testsupport {
-namespace {
+namespace testsupport::writertest {
 
 TEST(writer, bytes) {
   play(everytype, "parameters $1 ; written => $2", R"(
@@ -62,5 +61,4 @@ TEST(writer, failures) {
   )");
 }
 
-}  // namespace
-}  // namespace testsupport
+}  // namespace testsupport::writertest

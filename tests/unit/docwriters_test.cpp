@@ -10,8 +10,7 @@
 #include "output/vksoptionwriter.h"
 #include "support/handle.h"
 
-namespace wexcorin {
-namespace {
+namespace wexcorin::docwriterstest {
 
 using testsupport::readfile;
 using testsupport::ttempdir;
@@ -72,18 +71,19 @@ TEST(definitionwriter, breaks_a_line_where_a_name_would_pass_80_characters) {
   }
 }
 
+// A line that ends in "|" is followed by an empty one.
 TEST(delphiwriter, lists_names_and_numbers_by_kind_of_value) {
   const auto include = [](const std::string& definition) {
     const std::string head = "// file created by " + std::string(zqagetauditline()) + "\ntype\n";
     const std::string text = written(&tvksoptionwriter::writedelphiinc, definition);
     EXPECT_EQ(text.substr(0, head.size()), head);
-    return text.substr(head.size());
+    return std::regex_replace(text.substr(head.size()), std::regex("\n\n"), "|\n");
   };
-  EXPECT_EQ(include("texts strlist 1 1 1\n"), "\nconst\n\n");
+  EXPECT_EQ(include("texts strlist 1 1 1\n"), "\nconst|\n");
   const std::string name(254, 'n');  // with "pf" longer than a text can be: cut, and not padded any more
   EXPECT_EQ(include(name + " double 1 0 0 1 1 1\n"),
-            "\n   Tpfrealkeys = (\n       pf" + name.substr(0, 253) + ");\n\nconst\n\n" +
-                "   pfrealmap: array[Tpfrealkeys] of integer = (\n       2    );\n\n");
+            "\n   Tpfrealkeys = (\n       pf" + name.substr(0, 253) + ");|\nconst|\n" +
+                "   pfrealmap: array[Tpfrealkeys] of integer = (\n       2    );|\n");
   const std::string names = "i1 i2 i3 i4 a_rather_long_name i6 i7 i8 i9 ";
   EXPECT_EQ(
       include(
@@ -94,32 +94,23 @@ TEST(delphiwriter, lists_names_and_numbers_by_kind_of_value) {
    Tpfintegerkeys = (
        pfi1               , pfi2               , pfi3               , pfi4               , pfa_rather_long_name        
      , pfi6               , pfi7               , pfi8               , pfi9               , pfi10         
-     , pfi11         );
-
+     , pfi11         );|
    Tpfrealkeys = (
-       pfd1          );
-
+       pfd1          );|
    Tpfstringkeys = (
-       pfs1               , pfs2          );
-
+       pfs1               , pfs2          );|
    Tpfkeys = (
-       pfm1          );
-
-const
-
+       pfm1          );|
+const|
    pfintegermap: array[Tpfintegerkeys] of integer = (
        2        , 3        , 4        , 5        , 6        , 7        , 8        , 9        , 10       , 11  
-     , 12   );
-
+     , 12   );|
    pfrealmap: array[Tpfrealkeys] of integer = (
-       15   );
-
+       15   );|
    pfstringmap: array[Tpfstringkeys] of integer = (
-       13       , 14   );
-
+       13       , 14   );|
    pfmap: array[Tpfkeys] of integer = (
-       18   );
-
+       18   );|
 )");
 }
 
@@ -186,5 +177,4 @@ TEST(htmlwr, operations_write_their_markup) {
       R"(<a href="f.html">t</a>|<h1 align=Left>a&amp;b</h1>||<h6 align=Right>t</h6>||</body>|</html>|)");
 }
 
-}  // namespace
-}  // namespace wexcorin
+}  // namespace wexcorin::docwriterstest

@@ -16,8 +16,7 @@
 #include "options/vksoptions.h"
 #include "support/handle.h"
 
-namespace wexcorin {
-namespace {
+namespace wexcorin::librarytest {
 
 TEST(pchutil, texts_of_255_and_more_characters_are_replaced_and_copies_end_in_a_zero) {
   char buffer[300] = "abc";
@@ -193,5 +192,4 @@ TEST(units, start_with_the_first_load_and_stop_after_the_exit_procedures) {
 // A function that is added to the interface has to be added to the check.
 TEST(library, every_function_with_a_handle_can_be_checked) { EXPECT_EQ(signatures().size(), 75U); }
 
-}  // namespace
-}  // namespace wexcorin
+}  // namespace wexcorin::librarytest
