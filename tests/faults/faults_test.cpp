@@ -123,20 +123,16 @@ int __wrap_poll(pollfd* requests, nfds_t length, int patience) {
 
 namespace {
 
-constexpr std::string_view definition =
-    "one group 1 1 Group\ncomment eolcomm !\nlimit integer.TWO 1 10 0 100 1 1 Limit\n More on it\n"
-    "tol double.OPT 2 1e-6 0 1 1 1 Tolerance\nname string 3 \"a name\" 1 1 Name\n"
-    "flag boolean.NV 4 0 1 1 Flag\nword enumstr 5 one 1 1 Word\n one 1 First\n two 1 Second\n"
-    "level enumint 6 1 1 1 Level\n 1 1 Low\n 2 1 High\ntexts strlist 7 1 1 Texts\n"
-    "both multilist 8 1 1 Two at once\n limit tol\nevery macro 1 1 Both\n limit level\n"
-    "include immediate ReadFile 1 1 Include\nsay immediate Message 1 1 Message\n"
-    "old integer 9 0 0 9 1 1 Old\n.prior double 10 1 0 9 1 1 Priority\nlim synonym limit\n"
-    "a deprecated\n old use limit\nind indicator\n";
+// Besides everytype.
+constexpr const char* moreoptions =
+    "one group 1 1 Group\ncomment eolcomm !\ninclude immediate ReadFile 1 1\nsay immediate Message 1 1\n"
+    "old integer 9 0 0 9 1 1 Old\n More on it\nlim synonym maxit\nnames deprecated\n old use maxit\n";
 
 constexpr std::string_view parameters =
-    "limit 3 4\ntol\nname \"one two\"\nflag\nword two\nlevel 2\ntexts a\ntexts b\n--more c\n"
-    "both 5:0.5\nevery 2\ninclude nested.opt\nsay hello\nold 5\nlim 101\nnosuch 1\n"
-    "x.prior(\"a\",\"b\") 3\nind e(\"a\") v(\"b\") 1\n";
+    "pair 3 4\nbig_step 3\ntrace\nnote \"one two\"\nquiet\nmethod primal\nlevel 2\nstring_list a\nstring_list b\n--more "
+    "c\n"
+    "words 5:x\nall 1\ninclude nested.opt\nsay hello\nold 5\nlim 101\nnosuch 1\n"
+    "x.prior(\"a\",\"b\") 3\nindic e(\"a\") v(\"b\") 1\n";
 
 // Calls functions armed, and keeps their results and what they gave out.
 struct tsteps {
@@ -159,12 +155,12 @@ struct tsteps {
 class tscene {
  public:
   tscene() {
-    std::string options(definition);
+    std::string options = std::string(testsupport::everytype) + moreoptions;
     for (char name = 'a'; name <= 'p'; ++name)  // enough for the index of names to grow
       options.append("o").append(1, name).append(" strlist 20 1 1\n");
     fdirectory.write("test.def", options);
     fdirectory.write("test.opt", parameters);
-    fdirectory.write("nested.opt", "tol 0.25\nname nested\n");
+    fdirectory.write("nested.opt", "trace 2\nnote nested\n");
     std::filesystem::current_path(fdirectory.path("."));
   }
 
@@ -177,14 +173,14 @@ class tscene {
     step(optechoset, handle, 1);
     step(coptreadparameterfile, handle, "test.opt");
     step(optechoset, handle, 0);
-    step(coptreadfromstr, handle, "limit 7 name=x");
-    step(optreadfrompchar, handle, "texts d\nname \"from a long text\"");
+    step(coptreadfromstr, handle, "maxit 7 note=x");
+    step(optreadfrompchar, handle, "string_list d\nnote \"from a long text\"");
     step(coptsetstrnr, handle, 4, "a value that is set by number");
     step(optsetintnr, handle, 2, 200);
-    step(coptgetvalstr, handle, "name", step.text);
+    step(coptgetvalstr, handle, "note", step.text);
     step(coptgetvalstr, handle, "lim", step.text);
-    step(coptgetfromliststr, handle, "texts", step.text);
-    step(coptlookup, handle, "word");
+    step(coptgetfromliststr, handle, "string_list", step.text);
+    step(coptlookup, handle, "method");
     step(coptshowhelp, handle, "3");
     step(coptaddmessage, handle, "a client's own message");
     step(optresetnr, handle, 6);
@@ -230,8 +226,8 @@ std::string outcome(toperation operation, teffect effect, int which) {
   EXPECT_FALSE(errors == 0 && result.find("Out of memory") != std::string::npos);
   optclearmessages(handle);
   EXPECT_EQ(coptreaddefinition(handle, "test.def"), 0);
-  coptreadfromstr(handle, "limit 9");
-  EXPECT_EQ(valueof(handle, "limit"), "9");
+  coptreadfromstr(handle, "maxit 9");
+  EXPECT_EQ(valueof(handle, "maxit"), "9");
   xfree(&handle);
   return result;
 }
@@ -295,13 +291,13 @@ TEST(faults, fifos) {
     bool isopen;             // for writing
     std::string_view later;  // written while the reading waits
     int result;
-    const char* name;
+    const char* value;
   } rows[] = {
-      {__LINE__, 1, teffect::fails, false, "", ETIMEDOUT, "a name"},
-      {__LINE__, 1, teffect::fails, true, "name y\n", 0, "y"},
-      {__LINE__, 1, teffect::interrupted, true, "name z\n", 0, "z"},
-      {__LINE__, 1, teffect::failsforgood, true, "name v\n", 0, "v"},
-      {__LINE__, 0, teffect::fails, false, "texts a\nname w", 0, "w"},
+      {__LINE__, 1, teffect::fails, false, "", ETIMEDOUT, "none"},
+      {__LINE__, 1, teffect::fails, true, "note y\n", 0, "y"},
+      {__LINE__, 1, teffect::interrupted, true, "note z\n", 0, "z"},
+      {__LINE__, 1, teffect::failsforgood, true, "note v\n", 0, "v"},
+      {__LINE__, 0, teffect::fails, false, "string_list a\nnote w", 0, "w"},
   };
   for (const auto& row : rows) {
     const testing::ScopedTrace trace(__FILE__, row.where, "row");
@@ -326,7 +322,7 @@ TEST(faults, fifos) {
     EXPECT_EQ(step.log, std::to_string(row.result) + " \n");
     EXPECT_GE(count, row.failing);
     writer.join();
-    EXPECT_EQ(valueof(handle, "name"), row.name);
+    EXPECT_EQ(valueof(handle, "note"), row.value);
     const std::string messages = tscene::messages(handle);
     EXPECT_EQ(messages.find("Error code = 110; Connection timed out") != std::string::npos, row.result != 0);
     xfree(&handle);

@@ -14,9 +14,6 @@
 
 namespace testsupport {
 
-// Options of every type; two that switch the checking of bounds, dot options and a keyword of indicators.
-extern const char* const everytype;
-
 // Reads the definition, unless it is empty, and takes the steps; with rows once for each row, whose columns
 // stand where the steps have "$1" to "$6". "$0" is what an untouched text holds. All of it in both forms.
 void play(const std::string& definition, const std::string& steps, const std::string& rows = "-");
