@@ -127,7 +127,8 @@ upper synonym main_limit
 for form, part in (
         ("markdown", "\n- Options: `word`\n"),
         ("json", '"members": [\n        null,\n        "word"\n      ],'),
-        ("page", 'id="main_limit">\n'), ("page", 'id="MAIN_LIMIT">\n'),
+        ("page", 'Stands for <a href="#word"><code>word</code></a></p>'), ("page", 'id="main_limit">\n'),
+        ("page", 'id="MAIN_LIMIT">\n'),
         ("page", 'id="upper">upper</code>, <code class="find" id="upper-2">'),
         ("page", '"help find">Rätsel \\x01\\x1b[31m \\x7f {{style}} nul:\\x00:end</p>')):
     expect_part(form, run(f"wexcorin doc {form} wrong.def -o -")[0], part)
