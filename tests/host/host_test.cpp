@@ -52,7 +52,9 @@ TEST_F(host, roundingandtraps) {
   }
   constexpr int trapped = FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW;
   feclearexcept(FE_ALL_EXCEPT);
-  same([&] { feenableexcept(trapped); }, [&] { EXPECT_EQ(fedisableexcept(trapped), trapped); });
+  feenableexcept(trapped);
+  if (fegetexcept() != trapped) GTEST_SKIP() << "no trap can be set here, as under Valgrind";
+  same([] {}, [&] { EXPECT_EQ(fedisableexcept(trapped), trapped); });
 }
 
 // In a locale that is made here.
