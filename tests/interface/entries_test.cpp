@@ -53,9 +53,8 @@ TEST(entries, dotoptions) {
       => a=1 .prior=10 .level=5 .keep=1
     x.kind 5 x.note hi x.mark no x.mark => x.kind=5 x.note=0 x.mark=0 rejected 1 => .kind=5 .note=hi .mark=0
       => E1 Value expected for .option "x"
-    x.prior('a','b') 2 x.prior[*] 3 x.prior {"c d" , 'e '} = 4 ! 5
-      => x.prior(a,b)=2 x.prior(*)=3 x.prior(c d,e)=4 => .prior=4
-    x.prior("it's",'',"'") 2 => x.prior(it's,,')=2 => .prior=2
+    x.prior('a','b') 2 x.prior[*] 3 x.prior {"c d" , 'e '} = 4 ! 5\nx.prior("it's",'',"'") 2
+      => x.prior(a,b)=2 x.prior(*)=3 x.prior(c d,e)=4 x.prior(it's,,')=2 => .prior=2
     x. 5 a 1\nx. a 1 => => a=1
       => E1 .suffix expected for key "x" | E1 Option keyword expected, saw "5"
       | E2 .suffix expected for key "x"
@@ -116,18 +115,17 @@ TEST(entries, indicators) {
       => E1 Closing bracket "]" expected for id "e" | E2 Closing bracket "}" expected for id "v"
       | E3 Closing bracket ")" expected for id "e" | E3 Unique element expected for indicator id "v"
       | E3 Boolean value expected for equation indicator "e"
-    // A variable's names of sets must be among the equation's; quoted elements need not.
-    ind e(i,'j')$v(i,'k') 1 => e(i,'j')$v(i,'k')=1
+    // A variable's names of sets must be among the equation's; quoted elements (below) need not.
     ind e(i,'j')$v(j,k) 1 a 1\nind e(i)$v(I) 1 => rejected 2 => a=1
       => E1 Index "j" not controled for variable "v" | E1 Index "k" not controled for variable "v"
       | E2 Index "I" not controled for variable "v"
     // Limits.
-    ind e(<19i,>j)$v(<19i,>j) 1 => e(<19i,>j)$v(<19i,>j)=1
     ind e(<19i,>j,j,k)$v(i) 1 a 1 => rejected 1 => a=1 => E1 E1 Too many dimensions for equation "e"
     ind e(<19i,>j)$v(<19i,>j,'j') 1 => rejected 1 => => E1 Too many dimensions for variable "v"
     ind <64n>$v 1\nind e$<64v> 1 a 1 => rejected 2 => a=1
       => E1 Not a good equation identifier "<64n>" | E2 Variable "<64v>" is not a good identifier
-    ind <63n>('<63n>')$<63n>('<63n>') 1 => <63n>('<63n>')$<63n>('<63n>')=1
+    ind <63n>('<63n>')$<63n>('<63n>') 1\nind e(i,'j')$v(i,'k') 1\nind e(<19i,>j)$v(<19i,>j) 1
+      => <63n>('<63n>')$<63n>('<63n>')=1 e(i,'j')$v(i,'k')=1 e(<19i,>j)$v(<19i,>j)=1
     ind e(<64n>,'<64n>')$v(<64n>,'<64v>') 1 => rejected 1 =>
       => E1 E1 Bad Equation index = "e" | E1 E1 Bad variable index = "v"
     // Not indicator lines.

@@ -50,19 +50,17 @@ TEST(help, requests) {
 
 // The debugging list goes to standard output, and there alone.
 TEST(help, debugginglist) {
-  thandle h;
-  h.definition(groupsdefinition);
-  h.takemessages();
   testing::internal::CaptureStdout();
-  const tlines lines = h.help("6");
-  EXPECT_EQ(testing::internal::GetCapturedStdout(),
-            "\niter2 \niter10 \nloop *****Nil = Syn\nplain \nsecret \n");
-  EXPECT_EQ(lines, h.help("2"));
-  const tlines bynumber = h.help("1");
-  h.takemessages();
-  h.string("help");  // without a request
-  const tlines all = h.messages();
-  EXPECT_EQ(tlines(all.begin() + 1, all.end() - 1), bynumber);
+  play(groupsdefinition, "help 6 => $1", "\\e" + alphabet);
+  const std::string list = "\niter2 \niter10 \nloop *****Nil = Syn\nplain \nsecret \n";
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), list + list);
+}
+
+TEST(help, of_a_parameter_file_without_request) {
+  thandle h;
+  h.definition("lone boolean 1 5 1 1\n");
+  h.string("help");
+  EXPECT_EQ(told(h), "+string |  | -string");
 }
 
 // Names up to column 22, names of 22 and of 23 characters.
@@ -108,10 +106,7 @@ TEST(help, descriptionbytype) {
   )");
 }
 
-// Options of type string with these names, and the names in the order of the summary.
-const taddedstep strings("strings", [](thandle& h, const std::string& names) {
-  return std::to_string(h.definition(std::regex_replace(names + ' ', std::regex(" "), " string 1 x 1 1\n")));
-});
+// The names in the order of the summary.
 const taddedstep summarystep("summary", [](thandle& h, const std::string&) {
   std::string result;
   for (const std::string& line : h.help("1"))
@@ -122,7 +117,7 @@ const taddedstep summarystep("summary", [](thandle& h, const std::string&) {
 // A prefix without regard to case, then the number at the end. Names that are equal in both fall as the sort
 // swaps them: options as defined, then synonyms, is where it starts.
 TEST(help, orderofnames) {
-  play("g group 1 1 G\n", "strings $1 ; summary => $2", R"(
+  play("g group 1 1 G\n", "integers $1 ; summary => $2", R"(
     b A c aa B_ => A aa b B_ c
     iter10 Iter2 iter2a x ITER02 iter a2 iter002 => a2 iter ITER02 iter002 Iter2 iter10 iter2a x
     x10000000000000000000 b1 x_1 x0 x9999999999999999999 x a99

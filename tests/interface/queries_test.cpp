@@ -128,16 +128,6 @@ TEST(queries, stringlists) {
   )");
 }
 
-// Options of type integer with these names; a name with "#" stands for 200.
-const taddedstep integers("integers", [](thandle& h, const std::string& names) {
-  std::istringstream words(names);
-  std::string definition;
-  for (std::string name; words >> name;)
-    for (int nr = name.back() == '#' ? 100 : 299; nr < 300; ++nr)
-      definition += std::regex_replace(name, std::regex("#"), std::to_string(nr)) + " integer 1 1 0 9 1 1\n";
-  return std::to_string(h.definition(definition));
-});
-
 // The mode, the names of options 2 and on, what is looked up, what is found, and where.
 TEST(lookup, bymode) {
   play("", "integers $2 ; definition $1 lookup ; gethelpnr $3 => $4| ; lookup $3 => $5", R"(

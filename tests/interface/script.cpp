@@ -171,6 +171,16 @@ const taddedstep seen[] = {
     {"written", [](auto& h, auto&) { return h.written(); }},
 };
 
+// Options of type integer with these names; a name with "#" stands for 200.
+const taddedstep integers("integers", [](auto& h, auto& names) {
+  std::istringstream words(names);
+  std::string lines;
+  for (std::string name; words >> name;)
+    for (int nr = name.back() == '#' ? 100 : 299; nr < 300; ++nr)
+      lines += std::regex_replace(name, std::regex("#"), std::to_string(nr)) + " integer 1 1 0 9 1 1\n";
+  return std::to_string(h.definition(lines));
+});
+
 // What a request for help adds; ">" stands for the 24 blanks that the lines of a description begin with, "<" for
 // the 22 blanks before a text that has no room beside its name.
 const taddedstep help("help", [](auto& h, auto& request) {
