@@ -47,8 +47,8 @@ const std::string eolreading = "parameters $1 ; entries => $2 ; settings => $3 ;
 const std::string normalreading = "eolonlyset 0 ; " + eolreading;
 
 TEST(entries, dotoptions) {
-  for (const std::string& reading : {normalreading, eolreading})
-    play(options, reading, R"~(
+  for (const std::string& steps : {normalreading, eolreading})
+    play(options, steps, R"~(
     X.PRIOR=10 y.level := 5, x.keep yes\na 1 => X.prior=10 y.level=5 x.keep=1
       => a=1 .prior=10 .level=5 .keep=1
     x.kind 5 x.note hi x.mark no x.mark => x.kind=5 x.note=0 x.mark=0 rejected 1 => .kind=5 .note=hi .mark=0

@@ -144,26 +144,23 @@ std::string answered(thandle& h, const std::string& call) {
   throw std::invalid_argument("no step has the name " + name);
 }
 
-// A text that is read as the file DEF or OPT; "name text" that becomes a file.
-const taddedstep definition("definition",
-                            [](auto& h, auto& text) { return std::to_string(h.definition(text)); });
-const taddedstep parameters("parameters",
-                            [](auto& h, auto& text) { return std::to_string(h.parameters(text)); });
-const taddedstep file("file", [](auto& h, auto& argument) {
-  const std::size_t end = argument.find(' ');
-  h.directory().write(argument.substr(0, end), argument.substr(end + 1));
-  return std::string();
-});
-
-// Fills the list of messages up to that length.
-const taddedstep fill("fill", [](auto& h, auto& count) {
-  while (optmessagecount(h.get()) < std::stoi(count)) h.call(BOTH(addmessage), "filler");
-  return std::string();
-});
-
-// What there is to see; messages go with that.
-const taddedstep seen[] = {
-    {"messages", [](auto& h, auto&) { return joined(h.messages()); }},
+const taddedstep basicsteps[] = {
+    // a text that is read as the file DEF or OPT; "name text" that becomes a file
+    {"definition", [](auto& h, auto& text) { return std::to_string(h.definition(text)); }},
+    {"parameters", [](auto& h, auto& text) { return std::to_string(h.parameters(text)); }},
+    {"file",
+     [](auto& h, auto& argument) {
+       const std::size_t end = argument.find(' ');
+       return h.directory().write(argument.substr(0, end), argument.substr(end + 1));
+     }},
+    // fills the list of messages up to that length
+    {"fill",
+     [](auto& h, auto& count) {
+       while (optmessagecount(h.get()) < std::stoi(count)) h.call(BOTH(addmessage), "filler");
+       return count;
+     }},
+    // what there is to see; messages go with that
+    {"messages", [](auto& h, auto&) { return joined(h.takemessages()); }},
     {"told", [](auto& h, auto&) { return told(h); }},
     {"problems", [](auto& h, auto&) { return told(h, false); }},
     {"settings", [](auto& h, auto&) { return settings(h); }},

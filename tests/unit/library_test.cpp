@@ -147,8 +147,8 @@ TEST(scanner, files_come_back_line_by_line_whatever_the_block_they_end_in) {
   const testsupport::ttempdir directory;
   for (const std::string end : {"\n", "\r\n"}) {
     std::string bytes, expected, read;
-    for (const std::size_t length :
-         {1, 130, 1019, 1020, 1021, 5000, 65533, 65534, 65535, 65536, 65537, 2, 200000, 131072, 3})
+    for (const std::size_t length : std::vector<std::size_t>{1, 130, 1019, 1020, 1021, 5000, 65533, 65534,
+                                                             65535, 65536, 65537, 2, 200000, 131072, 3})
       for (int time = 0; time < 3; ++time) {
         const std::string line(length, static_cast<char>('a' + length % 26));
         bytes += line + end;
