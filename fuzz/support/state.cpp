@@ -11,8 +11,9 @@ namespace {
 // ---- options
 
 void checkvalues(tpair& pair, std::int32_t number, std::int32_t datatype, std::int32_t subtype) {
+  constexpr std::int32_t untouched = -77777;
   ttext name, value, text, second;
-  std::int32_t integer{}, integeralone{}, integer2{};
+  std::int32_t integer{}, integeralone = untouched, integer2{};
   double dbl{}, dblalone{}, dbl2{};
   const bool hasvalue = pair.call(BOTH(getvaluesnr), number, name, integer, dbl, value) == 1;
   const bool hastwo = subtype == optsub2Values;

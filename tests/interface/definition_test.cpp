@@ -12,7 +12,7 @@ std::string describeoption(thandle& h, int nr) {
   std::int32_t refnr = 0, opttype = 0, subtype = 0, helpflag = 0, group = 0, low = 0, high = 0, items = 0;
   double lowdouble = 0, highdouble = 0, unset = 0;
   std::string name, help, type, value;
-  EXPECT_EQ(optgetinfonr(h.get(), nr, &low, &low, &refnr, &low, &opttype, &subtype), 1);
+  EXPECT_EQ(h.one(optgetinfonr, nr, low, low, refnr, low, opttype, subtype), 1);
   h.call(BOTH(getopthelpnr), nr, name, helpflag, group);
   h.call(BOTH(gethelpnr), nr, name, help);
   h.call(BOTH(gettypename), opttype, type);
@@ -21,11 +21,11 @@ std::string describeoption(thandle& h, int nr) {
   text << name << ' ' << type << modifiers[subtype];
   if (opttype == optTypeString || opttype == optTypeEnumStr) value = '"' + value + '"';
   if (opttype <= optTypeEnumInt) text << ' ' << value;
-  if (optgetboundsint(h.get(), nr, &low, &high, &items) == 1) text << " in " << low << ".." << high;
-  if (optgetboundsdbl(h.get(), nr, &lowdouble, &highdouble, &unset) == 1)
+  if (h.one(optgetboundsint, nr, low, high, items) == 1) text << " in " << low << ".." << high;
+  if (h.one(optgetboundsdbl, nr, lowdouble, highdouble, unset) == 1)
     text << " in " << lowdouble << ".." << highdouble;
   text << " (" << refnr << ' ' << helpflag << ' ' << group << ')' << (help.empty() ? "" : " ") << help;
-  optgetenumcount(h.get(), nr, &items);
+  h.one(optgetenumcount, nr, items);
   for (int item = 1; item <= items; ++item) {
     EXPECT_EQ(
         h.call(BOTH(getenumvalue), nr, item, low, name) + h.call(BOTH(getenumhelp), nr, item, helpflag, help),
@@ -40,7 +40,7 @@ std::string describeoption(thandle& h, int nr) {
 const taddedstep made("made", [](thandle& h, const std::string&) {
   std::string text, name, other;
   std::int32_t group = 0, helpflag = 0;
-  for (int nr = 2; nr <= optcount(h.get()); ++nr) text += " | " + describeoption(h, nr);
+  for (int nr = 2; nr <= h.one(optcount); ++nr) text += " | " + describeoption(h, nr);
   for (int nr = 1; h.call(BOTH(getsynonym), nr, name, other) == 1; ++nr)
     text += " | " + name + " -> " + other;
   for (int nr = 1; h.call(BOTH(getgroupnr), nr, name, group, helpflag, other) == 1; ++nr)

@@ -28,12 +28,12 @@ const taddedstep entries("entries", [](thandle& h, const std::string&) {
   std::string name, other;
   std::int32_t rejected = -1, notaken = -1, option = 0, count = -1, othercount = -1, value = -1;
   double number = -1;
-  for (int nr = 1; nr <= optdotoptcount(h.get(), &rejected); ++nr) {
+  for (int nr = 1; nr <= h.one(optdotoptcount, rejected); ++nr) {
     EXPECT_EQ(h.call(BOTH(getdotoptnr), nr, name, option, count, number), 1);
     EXPECT_EQ(h.call(BOTH(getnamenr), option, other), 1);
     result << ' ' << name << other << elements(h, nr, count, BOTH(getdotoptuel)) << '=' << number;
   }
-  for (int nr = 1; nr <= optindicatorcount(h.get(), &notaken); ++nr) {
+  for (int nr = 1; nr <= h.one(optindicatorcount, notaken); ++nr) {
     EXPECT_EQ(h.call(BOTH(getindicatornr), nr, name, other, count, othercount, value), 1);
     result << ' ' << name << elements(h, nr, count, BOTH(getequindicatornr)) << '$' << other
            << elements(h, nr, othercount, BOTH(getvarindicatornr)) << '=' << value;

@@ -6,13 +6,13 @@
 
 namespace testsupport::lifecycletest {
 
-std::string loadpath(tform form) {
+std::string loadpath() {
   std::string path = "old";
-  invoke(form, BOTH(getloadpath), path);
+  bothforms::call(BOTH(getloadpath), path);
   return path;
 }
 
-const std::string pathatload = loadpath(tform::zeroterminated);
+const std::string pathatload = loadpath();
 
 TEST(lifecycle, createandfree) {
   tvksoptions *first = nullptr, *second = nullptr;
@@ -34,35 +34,35 @@ TEST(lifecycle, createandfree) {
 // One path for the whole process, in whichever form it was set.
 TEST(lifecycle, loadpath) {
   EXPECT_EQ(pathatload, "");
-  const auto set = [](tform form, auto path) {
-    invoke(form, BOTH(setloadpath), path);
-    EXPECT_EQ(loadpath(tform::shortstring), loadpath(tform::zeroterminated));
-    return loadpath(form);
+  const auto set = [](auto path) {
+    bothforms::call(BOTH(setloadpath), path);
+    return loadpath();
   };
   const std::string longest(255, 'p');
-  EXPECT_EQ(set(tform::shortstring, longest), longest);
-  EXPECT_EQ(set(tform::zeroterminated, longest), "PCharToStr Overflow");
-  EXPECT_EQ(set(tform::zeroterminated, nullptr), "");
-  EXPECT_EQ(set(tform::zeroterminated, "lib"), "lib");
-  EXPECT_EQ(set(tform::shortstring, nullptr), "");
+  EXPECT_EQ(set(longest), longest);
+  coptsetloadpath(longest.c_str());
+  EXPECT_EQ(loadpath(), "PCharToStr Overflow");
+  EXPECT_EQ(set(nullptr), "");
+  EXPECT_EQ(set("lib"), "lib");
+  EXPECT_EQ(set(""), "");
 }
 
 // A client's version: the result, the message, and the kind of agreement.
-const taddedstep apiversion("apiversion", [](thandle& h, const std::string& version) {
+const taddedstep apiversion("apiversion", [](thandle&, const std::string& version) {
   std::string message = "old";
   std::int32_t compat = -1;
-  const int result = invoke(h.form(), xapiversion, cxapiversion, std::stoi(version), message, compat);
+  const int result = bothforms::call(xapiversion, cxapiversion, std::stoi(version), message, compat);
   return std::to_string(result) + '|' + message + '|' + std::to_string(compat);
 });
 
 // A function as clients declare it: the name, the result's code, those of the arguments after the handle.
-const taddedstep check("check", [](thandle& h, const std::string& declared) {
+const taddedstep check("check", [](thandle&, const std::string& declared) {
   const std::size_t end = declared.find(' ');
   std::istringstream words(declared.substr(end));
   const std::vector<std::int32_t> codes{std::istream_iterator<std::int32_t>(words), {}};
   const int count = static_cast<int>(codes.size()) - 1;
   std::string message = "old";
-  const int result = invoke(h.form(), xcheck, cxcheck, declared.substr(0, end), count, codes.data(), message);
+  const int result = bothforms::call(xcheck, cxcheck, declared.substr(0, end), count, codes.data(), message);
   return std::to_string(result) + '|' + message;
 });
 
@@ -94,21 +94,18 @@ TEST(lifecycle, agreementwithclients) {
 // other.
 TEST(lifecycle, longtexts) {
   play(everytype, "setstrnr note <254x> ; value note => <254x>");
-  thandle h(tform::zeroterminated), s;
-  for (thandle* each : {&h, &s}) each->definition(everytype);
+  thandle h;
+  h.definition(everytype);
   const int note = h.number("note");
   for (const std::size_t length : {255u, 100000u}) {
-    h.call(BOTH(setstrnr), note, std::string(length, 'x'));
+    for (const int form : {0, 1}) coptsetstrnr(h.handle(form), note, std::string(length, 'x').c_str());
     EXPECT_EQ(h.value("note"), "PCharToStr Overflow");
   }
   const std::string longest = std::string(200, 'x') + std::string(55, 'y');
   for (const std::string& text : {std::string("a\0b", 3), longest}) {
-    s.call(BOTH(setstrnr), note, text);
-    EXPECT_EQ(s.value("note"), text);
+    h.call(BOTH(setstrnr), note, text);
+    EXPECT_EQ(h.value("note"), text);
   }
-  std::string chars;
-  EXPECT_EQ(invoke(tform::zeroterminated, BOTH(getstrnr), s.get(), note, chars), 1);
-  EXPECT_EQ(chars, longest);
 }
 
 TEST(lifecycle, nulltextsareempty) {
@@ -131,34 +128,28 @@ TEST(lifecycle, resultoverargument) {
   thandle h;
   h.definition(everytype);
   for (const char* line : {"string_list same", "string_list same", "pair 3 4"}) h.string(line);
-  const auto over = [&h](std::string text, auto shortform, auto charform, auto... index) {
-    std::string other = text;
-    {
-      targument<optshortstring*> buffer(text);
-      shortform(h.get(), buffer.pass(), index..., buffer.pass());
-      targument<char*> otherbuffer(other);
-      charform(h.get(), otherbuffer.pass(), index..., otherbuffer.pass());
-    }
-    return text + '|' + other;
+  const auto over = [&h](const char* name, auto shortform, auto charform, auto... index) {
+    bothforms::ttext text(name, true);
+    h.call(shortform, charform, text, index..., text);
+    return text.text();
   };
-  EXPECT_EQ(over("pair", BOTH(getvalstr)), "3|3");
-  EXPECT_EQ(over("pair", BOTH(getval2str)), "4|4");
-  EXPECT_EQ(over("nosuch", BOTH(getvalstr)), "|");
-  EXPECT_EQ(over("string_list", BOTH(readfromliststr), 2), "same|same");
-  EXPECT_EQ(over("string_list", BOTH(getfromliststr)), "same|same");
+  EXPECT_EQ(over("pair", BOTH(getvalstr)), "3");
+  EXPECT_EQ(over("pair", BOTH(getval2str)), "4");
+  EXPECT_EQ(over("nosuch", BOTH(getvalstr)), "");
+  EXPECT_EQ(over("string_list", BOTH(readfromliststr), 2), "same");
+  EXPECT_EQ(over("string_list", BOTH(getfromliststr)), "same");
 }
 
 // The line is 78 characters wide: component, status, date, version, platform and builds, build code and
 // system.
 TEST(lifecycle, versionline) {
-  for (const tform form : {tform::shortstring, tform::zeroterminated}) {
-    std::string line;
-    thandle(form).call(BOTH(version), line);
-    EXPECT_EQ(line.size(), 78u);
-    const std::regex expected(
-        R"(Option Lib       .{4} \d\d.{3} \S+\.\S+\.\S+ +.{3} \d{4}\.\d{4} .{3} x86_64/Linux {13})");
-    EXPECT_TRUE(std::regex_match(line, expected)) << line;
-  }
+  thandle h;
+  std::string line;
+  h.call(BOTH(version), line);
+  EXPECT_EQ(line.size(), 78u);
+  const std::regex expected(
+      R"(Option Lib       .{4} \d\d.{3} \S+\.\S+\.\S+ +.{3} \d{4}\.\d{4} .{3} x86_64/Linux {13})");
+  EXPECT_TRUE(std::regex_match(line, expected)) << line;
 }
 
 }  // namespace testsupport::lifecycletest

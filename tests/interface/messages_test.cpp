@@ -14,7 +14,7 @@ constexpr const char* definitiontext =
 const taddedstep kinds("kinds", [](thandle& h, const std::string&) {
   std::int32_t kind = -7;
   std::string result, text;
-  for (std::int32_t nr = 1; nr <= optmessagecount(h.get()); ++nr) {
+  for (std::int32_t nr = 1; nr <= h.one(optmessagecount); ++nr) {
     h.call(BOTH(getmessage), nr, text, kind);
     result += std::to_string(kind);
   }

@@ -121,10 +121,10 @@ TEST(queries, stringlists) {
     readfromliststr maxit 1 => -1| ; readfromliststr nosuch 1 => -2|
     getfromanystrlist 1 => 1|--extra|three ; getfromanystrlist -1 => 1|--more|four
     // Nothing left of the wanted sort: the name is that of the last list looked at, the text is left alone.
-    getfromanystrlist 1 => 0|names|$0
+    getfromanystrlist 1 => 0|names|old
     getfromanystrlist 0 => 1|names|one ; getfromliststr names => 1|two ; getfromliststr names => 0|
     getfromliststr maxit => -1| ; getfromliststr nosuch => -2|
-    getfromanystrlist 0 => 0|$0|$0 ; messages =>
+    getfromanystrlist 0 => 0|old|old ; messages =>
   )");
 }
 

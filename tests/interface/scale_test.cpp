@@ -46,13 +46,13 @@ TEST(scale, options) {
     }
     thandle h;
     ASSERT_EQ(h.definition(definition), 0);
-    ASSERT_EQ(optcount(h.get()), many + 1);
+    ASSERT_EQ(h.one(optcount), many + 1);
     h.parameters(text);
     EXPECT_EQ(h.messages(), tlines());
     EXPECT_TRUE(h.written() == text);
     // the listing ends when the messages are full
     EXPECT_EQ(h.help("2").size(), 5001u);
-    optresetall(h.get());
+    h.one(optresetall);
     EXPECT_EQ(h.written(), "");
   }
 }
@@ -71,18 +71,18 @@ TEST(scale, definitions) {
   thandle h;
   ASSERT_EQ(h.definition(definition), 0);
   EXPECT_EQ(told(h, false), "");
-  EXPECT_EQ(optsynonymcount(h.get()), n);
-  EXPECT_EQ(optgroupcount(h.get()), n);
+  EXPECT_EQ(h.one(optsynonymcount), n);
+  EXPECT_EQ(h.one(optgroupcount), n);
   h.parameters("word w" + last + "\nlevel " + last + "\neach x:y\n");
   EXPECT_EQ(settings(h), "word=w" + last + " level=" + last + " free0=[x] free1=[y]");
   for (int i = 0; i < n; ++i) ASSERT_EQ(h.number('S' + std::to_string(i)), 2);
   h.parameters("s" + last + " 7\nall 8");
   EXPECT_EQ(h.call(BOTH(listcountstr), "texts"), n);  // all of them get their turn
   EXPECT_EQ(told(h, false), "W1 deprecated synonym \"s" + last + "\"; gone");
-  optclearmessages(h.get());
+  h.one(optclearmessages);
   EXPECT_EQ(h.call(BOTH(setstrnr), 3, "none") + h.call(BOTH(setstrnr), 4, "-1"), 0);
   for (const int nr : {2, 4}) EXPECT_EQ(h.messages().at(static_cast<std::size_t>(nr) - 1).size(), 255u);
-  optclearmessages(h.get());
+  h.one(optclearmessages);
   EXPECT_EQ(h.help("long").size(), 5001u);
 }
 
@@ -96,7 +96,7 @@ TEST(scale, depth) {
   for (const std::string kind : {"m", "l"}) {
     h.string(kind + last + " 5");
     EXPECT_EQ(h.value("x"), "5");
-    EXPECT_EQ(optresetnr(h.get(), h.number("m" + last)), 1);
+    EXPECT_EQ(h.one(optresetnr, h.number("m" + last)), 1);
     EXPECT_EQ(h.value("x"), "0");
   }
   EXPECT_EQ(told(h), "");
@@ -135,7 +135,7 @@ TEST(scale, lines) {
     std::int32_t rejected = 0;
     EXPECT_EQ(h.call(BOTH(listcountstr), row[0] == '-' ? "--own" : "l"),
               columns[2] == "listed" ? verymany : 0);
-    EXPECT_EQ(optdotoptcount(h.get(), &rejected), columns[2] == "entered" ? verymany : 0);
+    EXPECT_EQ(h.one(optdotoptcount, rejected), columns[2] == "entered" ? verymany : 0);
     EXPECT_EQ(h.value("s"), "last");
     const tlines all = h.messages();
     ASSERT_EQ(all.size(), columns[1].empty() ? 0u : 5001u);

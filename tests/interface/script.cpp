@@ -34,9 +34,9 @@ std::string told(thandle& handle, bool notes) {
 
 std::string settings(thandle& handle) {
   std::string result;
-  for (std::int32_t nr = 1; nr <= optcount(handle.get()); ++nr) {
+  for (std::int32_t nr = 1; nr <= handle.one(optcount); ++nr) {
     std::int32_t defined = 0, recent = 0, refnr = 0, datatype = 0, opttype = 0, subtype = 0;
-    optgetinfonr(handle.get(), nr, &defined, &recent, &refnr, &datatype, &opttype, &subtype);
+    handle.one(optgetinfonr, nr, defined, recent, refnr, datatype, opttype, subtype);
     if (defined == 0) continue;
     std::string name, text;
     handle.call(BOTH(gethelpnr), nr, name, text);
@@ -89,8 +89,8 @@ auto passed(thandle& h, std::string_view& words, int& inputs) {
   }
 }
 
-template <bool isnull, class tresult, class... tparameters>
-std::string answer(tresult (*function)(tvksoptions*, tparameters...), thandle& h,
+template <bool isnull, class tsecond, class tresult, class... tparameters>
+std::string answer(tresult (*first)(tvksoptions*, tparameters...), tsecond second, thandle& h,
                    const std::string& arguments) {
   std::string_view words = arguments;
   int inputs = (0 + ... + (isoutput<tparameters> ? 0 : 1));
@@ -102,11 +102,8 @@ std::string answer(tresult (*function)(tvksoptions*, tparameters...), thandle& h
   };
   std::apply(
       [&](auto&... each) {
-        tvksoptions* const handle = h.get();
-        if constexpr (std::is_void_v<tresult>)
-          call(function, handle, each...);
-        else
-          text << call(function, handle, each...);
+        const std::int32_t result = h.call(first, second, each...);
+        if constexpr (!std::is_void_v<tresult>) text << result;
         (show(isoutput<tparameters>, each), ...);
       },
       values);
@@ -119,29 +116,28 @@ std::map<std::string, tstep>& steps() {
 }
 
 // Every exported function that takes a handle is a step, and with "(null)" one with null for texts.
-template <class tresult, class... tparameters>
-void add(const std::string& name, tresult (*function)(tvksoptions*, tparameters...)) {
-  steps()[name] = [function](thandle& h, const std::string& words) {
-    return answer<false>(function, h, words);
+template <class tsecond, class tresult, class... tparameters>
+void add(const std::string& name, tresult (*first)(tvksoptions*, tparameters...), tsecond second) {
+  steps()[name.substr(3)] = [=](thandle& h, const std::string& words) {
+    return answer<false>(first, second, h, words);
   };
-  steps()[name + "(null)"] = [function](thandle& h, const std::string& words) {
-    return answer<true>(function, h, words);
+  steps()[name.substr(3) + "(null)"] = [=](thandle& h, const std::string& words) {
+    return answer<true>(first, second, h, words);
   };
 }
 void add(const std::string&, ...) {}
-#define WEXCORIN_SYMBOL(name) add(#name, name);
+#define WEXCORIN_BOTH(first, second) add(#first, first, second);
 const bool added = [] {
-#include "abi_symbols.inc"
+#include "abi_both.inc"
   return true;
 }();
 
 std::string answered(thandle& h, const std::string& call) {
   const std::string name = call.substr(0, call.find(' '));
   const std::string arguments = call.substr(std::min(name.size() + 1, call.size()));
-  for (const char* prefix : {h.form() == tform::shortstring ? "opt" : "copt", "opt", ""})
-    if (const auto step = steps().find(prefix + name); step != steps().end())
-      return step->second(h, arguments);
-  throw std::invalid_argument("no step has the name " + name);
+  const auto step = steps().find(name);
+  if (step == steps().end()) throw std::invalid_argument("no step has the name " + name);
+  return step->second(h, arguments);
 }
 
 const taddedstep basicsteps[] = {
@@ -156,7 +152,7 @@ const taddedstep basicsteps[] = {
     // fills the list of messages up to that length
     {"fill",
      [](auto& h, auto& count) {
-       while (optmessagecount(h.get()) < std::stoi(count)) h.call(BOTH(addmessage), "filler");
+       while (h.one(optmessagecount) < std::stoi(count)) h.call(BOTH(addmessage), "filler");
        return count;
      }},
     // what there is to see; messages go with that
@@ -214,7 +210,7 @@ void take(thandle& h, const std::string& text, const tcolumns& columns) {
   const std::size_t arrow = text.find("=>");
   const tcolumns part = columnsof(text);
   const std::string answer = answered(h, h.expanded(filled(part[0], columns)));
-  if (part[0] == "told" || part[0] == "problems" || part[0] == "messages") optclearmessages(h.get());
+  if (part[0] == "told" || part[0] == "problems" || part[0] == "messages") h.one(optclearmessages);
   if (arrow == std::string::npos) return;
   EXPECT_EQ(h.shortened(answer), filled(part[1], columns)) << text;
 }
@@ -225,20 +221,17 @@ taddedstep::taddedstep(const char* name, tstep step) { steps()[name] = std::move
 
 void play(const std::string& definition, const std::string& script, const std::string& rows) {
   static const std::regex separator(" ; ");
-  for (const std::string& row : rowsof(rows.c_str()))
-    for (const tform form : {tform::shortstring, tform::zeroterminated}) {
-      SCOPED_TRACE(row + (form == tform::shortstring ? "\nshort strings" : "\nzero-terminated strings"));
-      tcolumns columns = columnsof(row);
-      std::rotate(columns.begin(), columns.end() - 1, columns.end());
-      columns[0] = form == tform::shortstring ? "old" : "";
-      thandle h(form);
-      EXPECT_EQ(definition.empty() ? 0 : h.definition(definition), 0);
-      optclearmessages(h.get());
-      for (const std::string& line : rowsof(script.c_str()))
-        for (std::sregex_token_iterator step(line.begin(), line.end(), separator, -1), end; step != end;
-             ++step)
-          take(h, *step, columns);
-    }
+  for (const std::string& row : rowsof(rows.c_str())) {
+    SCOPED_TRACE(row);
+    tcolumns columns = columnsof(row);
+    std::rotate(columns.begin(), columns.end() - 1, columns.end());
+    thandle h;
+    EXPECT_EQ(definition.empty() ? 0 : h.definition(definition), 0);
+    h.one(optclearmessages);
+    for (const std::string& line : rowsof(script.c_str()))
+      for (std::sregex_token_iterator step(line.begin(), line.end(), separator, -1), end; step != end; ++step)
+        take(h, *step, columns);
+  }
 }
 
 }  // namespace testsupport

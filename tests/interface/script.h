@@ -15,7 +15,7 @@
 namespace testsupport {
 
 // Reads the definition, unless it is empty, and takes the steps; with rows once for each row, whose columns
-// stand where the steps have "$1" to "$6". "$0" is what an untouched text holds. All of it in both forms.
+// stand where the steps have "$1" to "$6".
 void play(const std::string& definition, const std::string& steps, const std::string& rows = "-");
 
 // For rows of a mode, 1 for end-of-line reading, a parameter file, what it sets, and what is told but for the

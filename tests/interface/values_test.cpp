@@ -9,10 +9,10 @@ namespace testsupport::valuestest {
 // "name defined recent" of the options that were set
 const taddedstep flags("flags", [](thandle& h, const std::string&) {
   std::string result;
-  for (int nr = 1; nr <= optcount(h.get()); ++nr) {
+  for (int nr = 1; nr <= h.one(optcount); ++nr) {
     std::int32_t defined = 0, recent = 0, other = 0;
     std::string name;
-    optgetinfonr(h.get(), nr, &defined, &recent, &other, &other, &other, &other);
+    h.one(optgetinfonr, nr, defined, recent, other, other, other, other);
     h.call(BOTH(getnamenr), nr, name);
     if (defined + recent != 0)
       result +=

@@ -67,17 +67,17 @@ class ttext {
   std::array<std::vector<unsigned char>, 2> fbuffers, fbefore;  // a buffer for each form
 };
 
-// An argument in both forms: a text, a number that comes out, or what is the same in both, but for the handles.
+// An argument in both forms: a text, a number that comes out, or what is the same in both, but for the handles. What
+// a call leaves untouched keeps its value.
 struct tslot {
   bool hasboth() const { return true; }
   void prepare(bool) const {}
   void finish(bool) const {}
 };
-inline constexpr int untouched = -77777;
 template <class tnumber>
 struct tresultslot : tslot {
   tnumber& value;
-  std::array<tnumber, 2> values = {untouched, untouched};
+  std::array<tnumber, 2> values = {value, value};
   void finish(bool) {
     using tbits = std::conditional_t<sizeof(tnumber) == 8, std::uint64_t, std::uint32_t>;
     HOLDS(std::bit_cast<tbits>(values[0]) == std::bit_cast<tbits>(values[1]), values[0], values[1]);
@@ -95,11 +95,13 @@ struct tvalueslot : tslot {
   tparameter pass(int form) const {
     if constexpr (std::is_same_v<std::remove_const_t<tvalue>, std::array<tvksoptions*, 2>>)
       return value[static_cast<std::size_t>(form)];
+    else if constexpr (std::is_same_v<std::remove_const_t<tvalue>, std::string>)
+      return value.c_str();
     else
       return value;
   }
 };
-// A text that comes out; it stays as it was when the call left the buffer untouched.
+// A text that comes out.
 struct ttextslot : ttext {
   explicit ttextslot(std::string& value) : fvalue(value) {}
   void finish(bool both) {

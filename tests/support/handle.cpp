@@ -1,20 +1,14 @@
-// Text conversion, guarded buffers and temporary files of the tests, and what a handle can be asked.
+// Temporary files of the tests, and what handles can be asked.
 #include "support/handle.h"
 
 #include <stdlib.h>
 
-#include <algorithm>
 #include <cstdlib>
-#include <cstring>
 #include <fstream>
 #include <iterator>
 
-#include "support/bothforms.h"
-
 namespace testsupport {
 namespace {
-
-constexpr unsigned char guardbyte = 0xA5;
 
 std::string replaced(std::string text, std::string_view from, std::string_view to) {
   for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
@@ -63,37 +57,6 @@ std::string ttempdir::write(std::string_view name, std::string_view bytes) const
   return path(name);
 }
 
-targument<const optshortstring*>::targument(std::string_view text) {
-  ftext.emplace();
-  ftext->length = static_cast<unsigned char>(text.copy(ftext->text, sizeof ftext->text));
-}
-
-ttextout::ttextout(std::string& text, tform form) : ftext(text), fform(form) {
-  fbuffer.fill(guardbyte);
-  ftext.resize(std::min<std::size_t>(ftext.size(), 255));
-  const std::string before =
-      fform == tform::shortstring ? static_cast<char>(ftext.size()) + ftext : ftext + '\0';
-  std::copy(before.begin(), before.end(), buffer());
-}
-
-ttextout::~ttextout() {
-  const auto isguard = [](unsigned char byte) { return byte == guardbyte; };
-  EXPECT_TRUE(std::all_of(fbuffer.begin(), fbuffer.begin() + guardsize, isguard))
-      << "written before the buffer";
-  EXPECT_TRUE(std::all_of(fbuffer.end() - guardsize, fbuffer.end(), isguard)) << "written past byte 256";
-  const char* const start = reinterpret_cast<const char*>(buffer());
-  const std::size_t length = strnlen(start, 256);
-  EXPECT_TRUE(fform == tform::shortstring || length < 256) << "no terminator";
-  ftext = fform == tform::shortstring ? std::string(start + 1, *buffer()) : std::string(start, length);
-}
-
-thandle::thandle(tform form) : fform(form) { EXPECT_EQ(xcreate(&fhandle), fhandle); }
-
-thandle::~thandle() {
-  xfree(&fhandle);
-  EXPECT_EQ(fhandle, nullptr);
-}
-
 std::string thandle::expanded(std::string_view text) const {
   return replaced(std::string(text), "%DIR%/", fdirectory.path(""));
 }
@@ -112,7 +75,7 @@ void thandle::file(std::string_view name, std::string_view text) { fdirectory.wr
 
 tlines thandle::messages() {
   tlines result;
-  for (std::int32_t nr = 1; nr <= optmessagecount(fhandle); ++nr) {
+  for (std::int32_t nr = 1; nr <= one(optmessagecount); ++nr) {
     std::string text;
     std::int32_t kind = -1;
     call(BOTH(getmessage), nr, text, kind);
@@ -123,12 +86,12 @@ tlines thandle::messages() {
 
 tlines thandle::takemessages() {
   tlines result = messages();
-  optclearmessages(fhandle);
+  one(optclearmessages);
   return result;
 }
 
 tlines thandle::help(const std::string& request) {
-  const std::ptrdiff_t before = optmessagecount(fhandle);
+  const std::ptrdiff_t before = one(optmessagecount);
   call(BOTH(showhelp), request);
   const tlines all = messages();
   return {all.begin() + before, all.end()};
@@ -136,13 +99,15 @@ tlines thandle::help(const std::string& request) {
 
 std::string thandle::written() {
   const std::string path = fdirectory.path("WRITTEN");
+  EXPECT_EQ(coptwriteparameterfile(handle(0), path.c_str()), 0);
+  const std::string first = readfile(path);
   EXPECT_EQ(call(BOTH(writeparameterfile), path), 0);
-  return readfile(path);
+  EXPECT_EQ(readfile(path), first);
+  return first;
 }
 
 int thandle::number(const std::string& name) {
-  std::int32_t nr = 0;
-  std::int32_t refnr = 0;
+  std::int32_t nr = 0, refnr = 0;
   call(BOTH(findstr), name, nr, refnr);
   return nr;
 }
