@@ -1,6 +1,6 @@
-// Definition files: what each kind of line makes, every message, fields that a line takes from the lines before
-// it, odd bytes and lengths; lines that end the reading, blocks of continuation lines and what they do when the
-// options are used, comment characters, and definitions of great depth.
+// Definition files: what each kind of line makes, every message, fields that a line takes from the lines
+// before it, odd bytes and lengths; lines that end the reading, blocks of continuation lines and what they do
+// when the options are used, and comment characters.
 #include "interface/script.h"
 
 namespace testsupport::definitiontest {

@@ -1,7 +1,7 @@
 // Option text: keys, values and what may follow them on a line in both reading modes, every message of the
 // reader, values that take the rest of a line, deprecated names, immediate options, keys that make a list,
-// joined words, and sources of odd bytes and sizes; files that read files, and files of every shape: what is no
-// ordinary file, what changes while it is read.
+// joined words, and sources of odd bytes and sizes; files that read files, and files of every shape: what is
+// no ordinary file, what changes while it is read.
 #include <fcntl.h>
 #include <unistd.h>
 

@@ -86,8 +86,8 @@ TEST(scale, definitions) {
   EXPECT_EQ(h.help("long").size(), 5001u);
 }
 
-// Chains that no recursion survives; and macros of macros that name each member twice, so that every level doubles
-// the assignments, until there are more than options.
+// Chains that no recursion survives; and macros of macros that name each member twice, so that every level
+// doubles the assignments, until there are more than options.
 TEST(scale, depth) {
   thandle h;
   h.definition("x integer 1 0 0 9 0 0\nm0 macro 0 0\n x\nl0 multilist 1 0 0\n x\n" +

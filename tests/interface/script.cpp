@@ -155,9 +155,12 @@ const taddedstep basicsteps[] = {
        while (h.one(optmessagecount) < std::stoi(count)) h.call(BOTH(addmessage), "filler");
        return count;
      }},
-    // what there is to see; messages go with that
+    // what there is to see; messages go with that, and of the option that is named have "@" for its name
     {"messages", [](auto& h, auto&) { return joined(h.takemessages()); }},
-    {"told", [](auto& h, auto&) { return told(h); }},
+    {"told",
+     [](auto& h, auto& option) {
+       return std::regex_replace(told(h), std::regex("option \"" + option + '"'), "@");
+     }},
     {"problems", [](auto& h, auto&) { return told(h, false); }},
     {"settings", [](auto& h, auto&) { return settings(h); }},
     {"value", [](auto& h, auto& name) { return h.value(name); }},
@@ -174,8 +177,8 @@ const taddedstep integers("integers", [](auto& h, auto& names) {
   return std::to_string(h.definition(lines));
 });
 
-// What a request for help adds; ">" stands for the 24 blanks that the lines of a description begin with, "<" for
-// the 22 blanks before a text that has no room beside its name.
+// What a request for help adds; ">" stands for the 24 blanks that the lines of a description begin with, "<"
+// for the 22 blanks before a text that has no room beside its name.
 const taddedstep help("help", [](auto& h, auto& request) {
   const std::string text = "\n" + joined(h.help(request));
   const std::string indented = std::regex_replace(text, std::regex("\n {24}"), "\n>");
@@ -210,7 +213,7 @@ void take(thandle& h, const std::string& text, const tcolumns& columns) {
   const std::size_t arrow = text.find("=>");
   const tcolumns part = columnsof(text);
   const std::string answer = answered(h, h.expanded(filled(part[0], columns)));
-  if (part[0] == "told" || part[0] == "problems" || part[0] == "messages") h.one(optclearmessages);
+  if (part[0].starts_with("told") || part[0] == "problems") h.one(optclearmessages);
   if (arrow == std::string::npos) return;
   EXPECT_EQ(h.shortened(answer), filled(part[1], columns)) << text;
 }

@@ -1,8 +1,8 @@
-// Scenes of calls and answers, written as text. A step is the name of a function without "opt", its
-// arguments and, after "=>", its result and outputs with bars between; " ; " stands between steps on a line.
-// An argument that is a number of an option may be its name, and the last text takes the rest of the step.
-// Outputs hold -7, -7.5 and "old" before. Besides the functions there are the steps of `steps` in script.cpp
-// and those that a file of tests adds.
+// Scenes of calls and answers, written as text. A step is the name of a function without "opt", its arguments
+// and, after "=>", its result and outputs with bars between; " ; " stands between steps on a line. An
+// argument that is a number of an option may be its name, and the last text takes the rest of the step.
+// Outputs hold -7, -7.5 and "old" before. Besides the functions there are the steps of script.cpp and those
+// that a file of tests adds.
 #pragma once
 
 #include <algorithm>

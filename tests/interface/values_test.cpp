@@ -1,7 +1,7 @@
 // Values: what the setters take from text and numbers, what they store, the words they refuse with, the
 // defined and recent flags, the out-of-bounds marks (visible as the brackets of the written file) and the
-// resets; and the written parameter file: which options appear, how values are quoted, string lists, dot options
-// and indicators, and files that cannot be written.
+// resets; and the written parameter file: which options appear, how values are quoted, string lists, dot
+// options and indicators, and files that cannot be written.
 #include "interface/script.h"
 
 namespace testsupport::valuestest {
@@ -21,14 +21,9 @@ const taddedstep flags("flags", [](thandle& h, const std::string&) {
   return result;
 });
 
-// The messages, with "@" for the option with that name.
-const taddedstep toldof("toldof", [](thandle& h, const std::string& option) {
-  return std::regex_replace(told(h), std::regex("option \"" + option + '"'), "@");
-});
-
 // An option, the text it is set to, the result, its value then, and what is told.
 TEST(values, texts) {
-  play(everytype, "setstrnr $1 $2 => $3 ; value $1 => $4 ; toldof $1 => $5", R"(
+  play(everytype, "setstrnr $1 $2 => $3 ; value $1 => $4 ; told $1 => $5", R"(
     maxit => 0 => 1 => 0
     maxit => 1e1 => 1 => 10
     maxit => -1 => 0 => 5 => V Integer range error for @ saw "-1" | V    Valid range is 0 to 10
@@ -56,7 +51,7 @@ TEST(values, texts) {
   )");
   // Without checking of bounds a value outside is stored with the same words as a warning; text that does not
   // parse is refused as before. An enumerated string has no entry to store and becomes empty.
-  play(everytype, "noboundsset 1 ; setstrnr $1 $2 => $3 ; value $1 => $4 ; toldof $1 => $5", R"(
+  play(everytype, "noboundsset 1 ; setstrnr $1 $2 => $3 ; value $1 => $4 ; told $1 => $5", R"(
     maxit => 11 => 1 => 11 => W Integer range error for @ saw "11" | W    Valid range is 0 to 10
     big_step => -2 => 1 => -2 => W Double out of range for @ saw "-2" | W    Valid range is 0 to 1E20
     level => 12 => 1 => 12 => W Unknown value for @ saw "12" | W    Possible values are  1 2
@@ -77,7 +72,7 @@ TEST(values, texts) {
 TEST(values, numberedsetters) {
   play(everytype,
        "$1 $2 $3 => $4 ; value $2 => $5 ; $1 0 $3 => 0 ; $1 -1 $3 => 0 ; $1 25 $3 => 0 ; value $2 => $5"
-       " ; toldof $2 => $6",
+       " ; told $2 => $6",
        R"(
     setintnr => maxit => 10 => 1 => 10
     setintnr => maxit => 11 => 0 => 5 => V Integer range error for @ saw "11" | V    Valid range is 0 to 10
