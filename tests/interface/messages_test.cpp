@@ -5,11 +5,6 @@
 
 namespace testsupport::messagestest {
 
-constexpr const char* definitiontext =
-    "maxit integer 1 5 0 10 1 1 Iteration limit\nnote string 2 none 1 1\nold integer 3 5 0 10 1 1\n"
-    "marks deprecated\n old use maxit\nbounds immediate NoBounds 1 1\ninclude immediate ReadFile 1 1\n"
-    "say immediate Message 1 1\n";
-
 // The kinds of the messages.
 const taddedstep kinds("kinds", [](thandle& h, const std::string&) {
   std::int32_t kind = -7;
@@ -24,14 +19,14 @@ const taddedstep kinds("kinds", [](thandle& h, const std::string&) {
 // One reading that files every kind but the limit. The echo comes when a source is opened or a line is read,
 // before what is said about the line; help lines, notes and echo bear no line number.
 TEST(messages, everykindhasitsdecoration) {
-  play(definitiontext, R"(
-    definition broken integer x 5 0 10 1 1\n ; echoset 1
-    parameters * comment\nmaxit 11\nbounds 1\nmaxit 11\nold 6\nhelp maxit\nnosuch 1\n
+  play(everytype, R"(
+    definition old integer 3 5 0 10 1 1\nmarks deprecated\n old use maxit\nbroken integer x 5 0 10 1 1\n
+    echoset 1 ; parameters * comment\nmaxit 11\nlimits 1\nmaxit 11\nold 6\nhelp maxit\nnosuch 1\n
     echoset 0 ; addmessage the client's own ; errorcount => 5|3 ; kinds => 2600330044050110979
-    told => D1 Bad usermap value for option "broken" | +OPT | >>  * comment | >>  maxit 11
-      | V2 Integer range error for option "maxit" saw "11" | V2    Valid range is 0 to 10 | >>  bounds 1
+    told => D4 Bad usermap value for option "broken" | +OPT | >>  * comment | >>  maxit 11
+      | V2 Integer range error for option "maxit" saw "11" | V2    Valid range is 0 to 10 | >>  limits 1
       | >>  maxit 11 | W4 Integer range error for option "maxit" saw "11" | W4    Valid range is 0 to 10
-      | >>  old 6 | W5 deprecated option "old"; use maxit | >>  help maxit | maxit: Iteration limit
+      | >>  old 6 | W5 deprecated option "old"; use maxit | >>  help maxit | maxit:\x20
       | <24 >integer,  range: 0 to 10 default: 5 | >>  nosuch 1 | E7 Unknown option "nosuch"
       | -OPT | E the client's own
     errorcount => 0|0 ; kinds =>
@@ -49,7 +44,7 @@ TEST(messages, numbersoutofrange) {
 }
 
 TEST(messages, limitof5000) {
-  play(definitiontext, R"(
+  play(everytype, R"(
     // The enter note is the 5000th message and goes again.
     fill 4999 ; readfromstr maxit 3 ; messagecount => 4999 ; getmessage 4999 => *** Error filler|9
     addmessage the 5000th ; getmessage 5000 => *** Error the 5000th|9 ; errorcount => 5000|0
@@ -70,7 +65,7 @@ TEST(messages, limitof5000) {
 
 // Stored text and decorated text are both cut at 255 characters.
 TEST(messages, cutat255) {
-  play(definitiontext, R"(
+  play(everytype, R"(
     addmessage <254x> ; setstrnr maxit <254x> ; parameters maxit <254x>\n
     messages => *** Error <245x>
       \n*** Value Error Integer expected, for option "maxit" saw "<197x>
