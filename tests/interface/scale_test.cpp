@@ -107,36 +107,33 @@ TEST(scale, depth) {
   )");
 }
 
-constexpr const char* lineoptions =
-    "a integer 1 0 0 9 1 1\nl strlist 2 1 1\ns string 3 none 1 1\n.prior double 4 1 0 9 1 1\nind indicator\n";
-
 // Many times the same line: what is wrong with it, which is told of the first 4,999 lines, behind the note on
 // the file, or what becomes of it.
 TEST(scale, lines) {
   for (const std::string& row : rowsof(R"(
-    a 5
+    maxit 5
     \e
-    l x\r => => listed
+    string_list x\r => => listed
     --own x => => listed
     x.prior('i') 3 => => entered
     unknown 5 => Unknown option "unknown"
-    a 5 5 => Integer expected, for option "a" saw "5 5"
-    a " => Bad double-quote in value
+    maxit 5 5 => Integer expected, for option "maxit" saw "5 5"
+    maxit " => Bad double-quote in value
     """ => Option keyword expected, saw """
-    \x00\x00a 5 => Option keyword expected, saw "\x00"
+    \x00\x00maxit 5 => Option keyword expected, saw "\x00"
     \xFF => Option keyword expected, saw "\xFF"
     x.none => unknown .suffix ".none" for key "x"
   )")) {
     SCOPED_TRACE(row);
     const tcolumns columns = columnsof(row);
     thandle h;
-    h.definition(lineoptions);
-    h.parameters(repeated(verymany, columns[0] + '\n') + "s last");
+    h.definition(everytype);
+    h.parameters(repeated(verymany, columns[0] + '\n') + "note last");
     std::int32_t rejected = 0;
-    EXPECT_EQ(h.call(BOTH(listcountstr), row[0] == '-' ? "--own" : "l"),
+    EXPECT_EQ(h.call(BOTH(listcountstr), row[0] == '-' ? "--own" : "string_list"),
               columns[2] == "listed" ? verymany : 0);
     EXPECT_EQ(h.one(optdotoptcount, rejected), columns[2] == "entered" ? verymany : 0);
-    EXPECT_EQ(h.value("s"), "last");
+    EXPECT_EQ(h.value("note"), "last");
     const tlines all = h.messages();
     ASSERT_EQ(all.size(), columns[1].empty() ? 0u : 5001u);
     if (columns[1].empty()) continue;
@@ -150,17 +147,17 @@ TEST(scale, lines) {
 // the line, what fills it, what is set and told.
 TEST(scale, oneline) {
   for (const std::string& row : rowsof(R"(
-    a 5 => \x20 => a=5 s=last
-    * => * => s=last
-    l\x20 => x => l=[<255x>] s=last
-    \e => \x00 => s=last => +OPT | E1 Option keyword expected, saw "\x00" | -OPT
-    \e => " => s=last => +OPT | E1 Option keyword expected, saw """ | -OPT
+    maxit 5 => \x20 => maxit=5 note=last
+    * => * => note=last
+    string_list\x20 => x => note=last string_list=[<255x>]
+    \e => \x00 => note=last => +OPT | E1 Option keyword expected, saw "\x00" | -OPT
+    \e => " => note=last => +OPT | E1 Option keyword expected, saw """ | -OPT
   )")) {
     SCOPED_TRACE(row);
     const tcolumns columns = columnsof(row);
     thandle h;
-    h.definition(lineoptions);
-    h.parameters(columns[0] + std::string(hugeline, columns[1][0]) + "\ns last");
+    h.definition(everytype);
+    h.parameters(columns[0] + std::string(hugeline, columns[1][0]) + "\nnote last");
     EXPECT_EQ(settings(h), columns[2]);
     EXPECT_EQ(told(h), columns[3]);
   }
