@@ -268,7 +268,7 @@ TEST(files, changes) {
   h.definition(options);
   std::string text;
   for (int i = 0; i < n; ++i) text += "read %DIR%/inner\nread %DIR%/grows\n";
-  h.file("grows", "");
+  h.directory().write("grows", "");
   const std::string inner = h.directory().path("inner");
   const std::string grows = h.directory().path("grows");
   std::thread other([&] {

@@ -71,7 +71,6 @@ int thandle::parameters(std::string_view text) {
   return call(BOTH(readparameterfile), fdirectory.write("OPT", expanded(text)));
 }
 void thandle::string(std::string_view text) { call(BOTH(readfromstr), expanded(text)); }
-void thandle::file(std::string_view name, std::string_view text) { fdirectory.write(name, expanded(text)); }
 
 tlines thandle::messages() {
   tlines result;

@@ -47,10 +47,9 @@ class thandle : public bothforms::thandles {
   std::string shortened(std::string_view text) const;
 
   // Reading from expanded texts. The results are those of the functions behind them.
-  int definition(std::string_view text);                    // the file DEF
-  int parameters(std::string_view text);                    // the file OPT
-  void string(std::string_view text);                       // optReadFromStr
-  void file(std::string_view name, std::string_view text);  // only writes the file
+  int definition(std::string_view text);  // the file DEF
+  int parameters(std::string_view text);  // the file OPT
+  void string(std::string_view text);     // optReadFromStr
 
   tlines messages();      // as optGetMessage gives them; names of the temporary directory without it
   tlines takemessages();  // the same, and clears them
