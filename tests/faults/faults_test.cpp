@@ -289,29 +289,31 @@ TEST(faults, fifos) {
     int where;
     int failing;  // the number of the poll that has the effect
     teffect effect;
-    bool isopen;             // for writing
-    std::string_view later;  // written while the reading waits
+    bool isopen;                     // for writing
+    std::string_view before, later;  // written before the reading begins, and while it waits
     int result;
     const char* value;
   } rows[] = {
-      {__LINE__, 1, teffect::fails, false, "", ETIMEDOUT, "none"},
-      {__LINE__, 1, teffect::fails, true, "note y\n", 0, "y"},
-      {__LINE__, 1, teffect::interrupted, false, "note z\n", 0, "z"},
-      {__LINE__, 1, teffect::failsforgood, true, "note v\n", 0, "v"},
-      {__LINE__, 0, teffect::fails, false, "string_list a\nnote w", 0, "w"},
+      {__LINE__, 1, teffect::fails, false, "", "", ETIMEDOUT, "none"},
+      {__LINE__, 1, teffect::fails, true, "note x\n", "", 0, "x"},
+      {__LINE__, 1, teffect::fails, true, "", "note y\n", 0, "y"},
+      {__LINE__, 1, teffect::interrupted, false, "", "note z\n", 0, "z"},
+      {__LINE__, 1, teffect::failsforgood, true, "", "note v\n", 0, "v"},
+      {__LINE__, 0, teffect::fails, false, "", "string_list a\nnote w", 0, "w"},
   };
   for (const auto& row : rows) {
     const testing::ScopedTrace trace(__FILE__, row.where, "row");
     const tscene scene;
     ASSERT_EQ(mkfifo("fifo", 0600), 0);
     int fifo = row.isopen ? open("fifo", O_RDWR | O_CLOEXEC) : -1;
+    const auto put = [&fifo](std::string_view text) {
+      EXPECT_EQ(write(fifo, text.data(), text.size()), static_cast<ssize_t>(text.size()));
+    };
+    if (row.isopen) put(row.before);
     std::thread writer([&] {
       usleep(50'000);
       if (!row.isopen && !row.later.empty()) fifo = open("fifo", O_RDWR | O_CLOEXEC);
-      for (std::size_t at = 0; at < row.later.size(); at += 5, usleep(10'000)) {
-        const std::string_view piece = row.later.substr(at, 5);
-        EXPECT_EQ(write(fifo, piece.data(), piece.size()), static_cast<ssize_t>(piece.size()));
-      }
+      for (std::size_t at = 0; at < row.later.size(); at += 5, usleep(10'000)) put(row.later.substr(at, 5));
       close(fifo);
     });
     tvksoptions* handle = nullptr;

@@ -58,7 +58,9 @@ constexpr const char* queries = R"(
     getvaluesnr => method => => 1|method|0|0|auto => 17 => 0||0|0|
     getvaluesnr => note => => 1|note|0|0|a b => 17 => 0||0|0|
     getvaluesnr => level => => 1|level|1|0|1 => 17 => 0||0|0|
+    getvaluesnr => flag => => 1|flag|1|0|1 => 17 => 0||0|0|
     // refused, yet named
+    getvaluesnr => say => => 0|say|0|0| => 17 => 0||0|0|
     getvaluesnr => words => => 0|words|0|0| => 17 => 0||0|0|
     getvaluesnr => all => => 0|all|0|0| => 17 => 0||0|0|
     getvaluesnr => names => => 0|names|0|0| => 17 => 0||0|0|

@@ -80,6 +80,7 @@ TEST(values, numberedsetters) {
     setintnr => level => 2 => 1 => 2
     setintnr => big_step => 1 => 0 => 0.5
     setintnr => limits => 1 => 0
+    setintnr => string_list => 1 => 0
     setint2nr => pair => 7 => 1 => 1|7
     setint2nr => pair => 77 => 0 => 1|1
       => V Integer range error for @ saw "77" | V    Valid range is 0 to 10

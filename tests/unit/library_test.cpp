@@ -125,6 +125,7 @@ TEST(scanner, the_next_character_runs_across_the_lines_of_a_file_only) {
   const testsupport::ttempdir directory;
   txstringlist<tmsgkind> echo;
   tminiparser file(echo, false, {});
+  EXPECT_EQ(file.fileopen(directory.path("none")), ENOENT);
   ASSERT_EQ(file.fileopen(directory.write("lines", "ab\n\n*comment\nc")), 0);
   std::string seen;
   for (file.nextline(); file.ch() != tminiparser::endofinput; file.nextch())
