@@ -10,7 +10,6 @@
 #include <clocale>
 #include <cstdlib>
 #include <fstream>
-#include <thread>
 
 #include "host/job.h"
 #include "support/handle.h"
@@ -95,18 +94,28 @@ TEST_F(host, closedStandardFiles) {
 
 // All at once.
 TEST_F(host, threadsWithTinyStacks) {
+  struct tjob {
+    pthread_t thread{};
+    std::string written, result;
+    static void* run(void* argument) {
+      auto& job = *static_cast<tjob*>(argument);
+      for (int time = 0; time < 3; ++time) job.result = ::host::dojob(job.written);
+      return nullptr;
+    }
+  };
+  std::array<tjob, 8> jobs;
   pthread_attr_t attributes;
   pthread_attr_init(&attributes);
   ASSERT_EQ(pthread_attr_setstacksize(&attributes, tinystack), 0);
-  ASSERT_EQ(pthread_setattr_default_np(&attributes), 0);
-  std::array<std::string, 8> results;
-  std::vector<std::thread> threads;
-  for (std::string& result : results)
-    threads.emplace_back([&result, written = file(std::to_string(threads.size()))] {
-      for (int time = 0; time < 3; ++time) result = ::host::dojob(written);
-    });
-  for (std::thread& thread : threads) thread.join();
-  for (const std::string& result : results) EXPECT_TRUE(result == expected) << result;
+  for (tjob& job : jobs) {
+    job.written = file(std::to_string(&job - jobs.data()));
+    ASSERT_EQ(pthread_create(&job.thread, &attributes, tjob::run, &job), 0);
+  }
+  pthread_attr_destroy(&attributes);
+  for (tjob& job : jobs) {
+    pthread_join(job.thread, nullptr);
+    EXPECT_TRUE(job.result == expected) << job.result;
+  }
 }
 
 // Both processes go on with the handle.
