@@ -1,5 +1,5 @@
-// Calls of the interface in both text forms, on two handles in the same state: results, numbers and texts that
-// come out must agree, and no byte beside a text may change.
+// Calls of the interface in both text forms, on two handles in the same state: results, numbers and texts
+// that come out must agree, and no byte beside a text may change.
 #pragma once
 
 #include <array>
@@ -32,8 +32,8 @@ struct tseen {
   std::string text;
 };
 
-// Each program has its own: what becomes of a condition that does not hold, and what comes before each call of
-// the library.
+// Each program has its own: what becomes of a condition that does not hold, and what comes before each call
+// of the library.
 void fail(const char* file, int line, const char* condition, std::initializer_list<tseen> seen);
 void beforecall();
 
@@ -67,8 +67,8 @@ class ttext {
   std::array<std::vector<unsigned char>, 2> fbuffers, fbefore;  // a buffer for each form
 };
 
-// An argument in both forms: a text, a number that comes out, or what is the same in both, but for the handles. What
-// a call leaves untouched keeps its value.
+// An argument in both forms: a text, a number that comes out, or what is the same in both, but for the
+// handles. What a call leaves untouched keeps its value.
 struct tslot {
   bool hasboth() const { return true; }
   void prepare(bool) const {}

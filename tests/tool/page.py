@@ -6,6 +6,7 @@ import json, os, shutil, subprocess, sys, tempfile
 try:
     from selenium.webdriver import ActionChains, Chrome, ChromeOptions, Keys
     from selenium.webdriver.chrome.service import Service
+    from selenium.webdriver.common import utils
 except ImportError:
     print("python3-selenium is not installed: the page is not tried in a browser")
     sys.exit(77)
@@ -13,14 +14,24 @@ if not shutil.which("chromedriver"):
     print("chromium-driver is not installed: the page is not tried in a browser")
     sys.exit(77)
 
+
+
+class Driver(Service):  # is reached by its address: a bare system does not know the name of localhost
+    service_url = property(lambda self: f"http://127.0.0.1:{self.port}")
+
+    def is_connectable(self):
+        return utils.is_connectable(self.port, "127.0.0.1")
+
+
 work = tempfile.TemporaryDirectory()
 os.environ["HOME"] = work.name
 PAGE = f"{work.name}/page.html"
 options = ChromeOptions()
-for option in "headless", "no-sandbox", "disable-dev-shm-usage", "disable-background-networking":
+for option in ("headless", "no-sandbox", "disable-dev-shm-usage", "disable-background-networking",
+               "remote-debugging-pipe"):
     options.add_argument(f"--{option}")
 options.set_capability("goog:loggingPrefs", {"browser": "ALL", "performance": "ALL"})
-browser = Chrome(service=Service(shutil.which("chromedriver")), options=options)
+browser = Chrome(service=Driver(shutil.which("chromedriver")), options=options)
 failures = []
 
 
