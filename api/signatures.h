@@ -2,12 +2,15 @@
 // The compiler derives the codes from the function's own type, so that they cannot differ from the code.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <stdexcept>
 #include <string_view>
 
+#include "base/textcase.h"
 #include "wexcorin/wexcorin.h"
 
 namespace wexcorin {
@@ -40,12 +43,15 @@ class tsignature {
  public:
   static constexpr std::size_t maxarguments = 7;
 
+  // A name that is not that of the symbol but for the case of letters does not compile.
   template <class tresult, class... targuments>
-  constexpr tsignature(std::string_view name, tresult (*)(tvksoptions*, targuments...))
+  constexpr tsignature(std::string_view name, std::string_view symbol,
+                       tresult (*)(tvksoptions*, targuments...))
       : fname(name),
         fcount(sizeof...(targuments)),
         fcodes{tsignaturecode<tresult>::value, tsignaturecode<targuments>::value...} {
     static_assert(sizeof...(targuments) <= maxarguments);
+    if (!std::ranges::equal(name, symbol, {}, lowchar)) throw std::logic_error("another function's name");
   }
 
   // In mixed case, as clients know the function.
