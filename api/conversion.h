@@ -10,7 +10,7 @@
 #include "api/pchutil.h"
 #include "base/textout.h"
 
-namespace wexcorin {
+namespace optcore {
 
 static_assert(sizeof(optshortstring) == sizeof(shortstring));
 
@@ -47,4 +47,4 @@ auto guarded(tvksoptions* handle, tcall call) noexcept {
   return guarded(handle, 0, call);
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -4,13 +4,13 @@
 #include "api/conversion.h"
 #include "api/signatures.h"
 
-using wexcorin::concat;
-using wexcorin::in;
-using wexcorin::inttostr;
-using wexcorin::shortstring;
-using wexcorin::tout;
-using wexcorin::tsignature;
-using wexcorin::ttextout;
+using optcore::concat;
+using optcore::in;
+using optcore::inttostr;
+using optcore::shortstring;
+using optcore::tout;
+using optcore::tsignature;
+using optcore::ttextout;
 
 namespace {
 
@@ -54,7 +54,7 @@ bool checkcodes(const tsignature& signature, const std::int32_t* codes, ttextout
 }
 
 bool checkfunction(std::string_view name, std::int32_t count, const std::int32_t* codes, ttextout& message) {
-  const auto signatures = wexcorin::signatures();
+  const auto signatures = optcore::signatures();
   const auto found = std::find_if(signatures.begin(), signatures.end(),
                                   [name](const tsignature& signature) { return signature.name() == name; });
   if (found == signatures.end()) {

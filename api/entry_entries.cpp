@@ -3,9 +3,9 @@
 #include "api/conversion.h"
 #include "options/globals.h"
 
-using wexcorin::guarded;
-using wexcorin::in;
-using wexcorin::tout;
+using optcore::guarded;
+using optcore::in;
+using optcore::tout;
 
 // ---- string lists
 
@@ -133,8 +133,8 @@ int32_t coptsetrefnrstr(tvksoptions* handle, const char* name, int32_t refnr) {
 
 // ---- load path
 
-void optgetloadpath(optshortstring* path) { tout(path).set(wexcorin::loadpath()); }
-void coptgetloadpath(char* path) { tout(path).set(wexcorin::loadpath()); }
+void optgetloadpath(optshortstring* path) { tout(path).set(optcore::loadpath()); }
+void coptgetloadpath(char* path) { tout(path).set(optcore::loadpath()); }
 
-void optsetloadpath(const optshortstring* path) { wexcorin::setloadpath(in(path)); }
-void coptsetloadpath(const char* path) { wexcorin::setloadpath(in(path)); }
+void optsetloadpath(const optshortstring* path) { optcore::setloadpath(in(path)); }
+void coptsetloadpath(const char* path) { optcore::setloadpath(in(path)); }

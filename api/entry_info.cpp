@@ -2,8 +2,8 @@
 // Each forwards to the store's method of the same name; the form for zero-terminated texts is directly below.
 #include "api/conversion.h"
 
-using wexcorin::guarded;
-using wexcorin::tout;
+using optcore::guarded;
+using optcore::tout;
 
 // ---- info
 

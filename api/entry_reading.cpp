@@ -5,9 +5,9 @@
 
 #include "api/conversion.h"
 
-using wexcorin::guarded;
-using wexcorin::in;
-using wexcorin::tout;
+using optcore::guarded;
+using optcore::in;
+using optcore::tout;
 
 // ---- lifecycle
 

@@ -4,4 +4,4 @@
 #include "options/vksoptions.h"
 #include "wexcorin/wexcorin.h"
 
-struct tvksoptions final : wexcorin::tvksoptions {};
+struct tvksoptions final : optcore::tvksoptions {};

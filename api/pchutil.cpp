@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -48,4 +48,4 @@ std::unique_ptr<char[]> emptytopchar() { return std::make_unique<char[]>(1); }
 
 std::size_t pcharlen(const char* text) noexcept { return text == nullptr ? 0 : std::strlen(text); }
 
-}  // namespace wexcorin
+}  // namespace optcore

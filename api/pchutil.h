@@ -8,7 +8,7 @@
 
 #include "base/shortstring.h"
 
-namespace wexcorin {
+namespace optcore {
 
 // The text of a zero-terminated argument; empty for a null pointer. A text of 255 and more characters is
 // replaced by the words that say so. The result is a view of the argument, or of that text.
@@ -29,4 +29,4 @@ std::unique_ptr<char[]> emptytopchar();
 // 0 for a null pointer.
 std::size_t pcharlen(const char* text) noexcept;
 
-}  // namespace wexcorin
+}  // namespace optcore

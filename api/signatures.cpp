@@ -1,7 +1,7 @@
 // The signatures of the functions that can be checked.
 #include "api/signatures.h"
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -90,4 +90,4 @@ constexpr tsignature table[] = {
 
 std::span<const tsignature> signatures() noexcept { return table; }
 
-}  // namespace wexcorin
+}  // namespace optcore

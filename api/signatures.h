@@ -13,7 +13,7 @@
 #include "base/textcase.h"
 #include "wexcorin/wexcorin.h"
 
-namespace wexcorin {
+namespace optcore {
 
 // The code of a result or argument type; a type without a code does not compile.
 template <class ttype>
@@ -72,4 +72,4 @@ class tsignature {
 // The signatures of all functions that can be checked, in the order of the interface's own list.
 std::span<const tsignature> signatures() noexcept;
 
-}  // namespace wexcorin
+}  // namespace optcore

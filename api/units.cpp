@@ -8,7 +8,7 @@
 #include "base/zqaaudit.h"
 #include "options/globals.h"
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -57,4 +57,4 @@ const tlibrary library;
 
 }  // namespace
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -1,7 +1,7 @@
 // Start and stop of the library's units. The first load starts them, the last unload stops them.
 #pragma once
 
-namespace wexcorin {
+namespace optcore {
 
 void libraryload();
 void libraryunload();
@@ -11,4 +11,4 @@ void libraryunload();
 using texitprocedure = void (*)();
 bool registerexitprocedure(texitprocedure procedure);
 
-}  // namespace wexcorin
+}  // namespace optcore

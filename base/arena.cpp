@@ -5,7 +5,7 @@
 #include <cstring>
 #include <new>
 
-namespace wexcorin {
+namespace optcore {
 
 tarena::~tarena() {
   while (fblocks != nullptr) {
@@ -37,4 +37,4 @@ tstoredtext tarena::text(std::string_view text) {
   return tstoredtext(block);
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

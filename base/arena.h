@@ -8,7 +8,7 @@
 
 #include "base/heapstring.h"
 
-namespace wexcorin {
+namespace optcore {
 
 // A text in an arena, in the form of heap short strings: the empty text is no block.
 class tstoredtext {
@@ -71,4 +71,4 @@ class tinarena {
   ~tinarena() = default;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <new>
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -40,4 +40,4 @@ void strassign(heapstring& target, std::string_view text) {
 
 void disposestring(char* block) noexcept { ::operator delete(block); }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -9,7 +9,7 @@
 
 #include "base/textcase.h"
 
-namespace wexcorin {
+namespace optcore {
 
 // The text of a block; empty for no block.
 inline std::string_view getstring(const char* block) noexcept {
@@ -60,4 +60,4 @@ class heapstring {
   char* fblock = nullptr;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -1,7 +1,7 @@
 // Growth of the name index.
 #include "base/nameindex.h"
 
-namespace wexcorin {
+namespace optcore {
 
 void tnameindex::reset() noexcept {
   std::vector<tslot>().swap(fslots);
@@ -25,4 +25,4 @@ bool tnameindex::grow() noexcept {
   return true;
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -13,7 +13,7 @@
 
 #include "base/textcase.h"
 
-namespace wexcorin {
+namespace optcore {
 
 // A name, of which the case does not count.
 struct tnamekey {
@@ -127,4 +127,4 @@ bool tnameindex::enter(std::int32_t count, tkeyat keyat) {
   return true;
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

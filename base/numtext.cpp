@@ -9,7 +9,7 @@
 
 #include "base/textcase.h"
 
-namespace wexcorin {
+namespace optcore {
 
 void tnumbertext::append(std::string_view text) noexcept {
   const std::size_t length = std::min(text.size(), capacity - flength);
@@ -338,4 +338,4 @@ bool strasdoubleex(std::string_view text, double& number) noexcept {
   return text.size() <= shortstring::capacity && withe.view() != text && parsedecimal(withe, number);
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -9,7 +9,7 @@
 
 #include "base/shortstring.h"
 
-namespace wexcorin {
+namespace optcore {
 
 inline constexpr std::int32_t maxint = 2147483647;
 inline constexpr std::int32_t minint = -2147483647 - 1;
@@ -69,4 +69,4 @@ bool strasintex2(std::string_view text, std::int32_t& number) noexcept;
 // small a magnitude reads as 0, too large fails. On failure the number is 0.
 bool strasdoubleex(std::string_view text, double& number) noexcept;
 
-}  // namespace wexcorin
+}  // namespace optcore

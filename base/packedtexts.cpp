@@ -3,7 +3,7 @@
 
 #include <cstring>
 
-namespace wexcorin {
+namespace optcore {
 
 void ttextpacker::add(std::string_view text) {
   const std::string_view kept = shortened(text);
@@ -22,4 +22,4 @@ tpackedtexts ttextpacker::pack(tarena& arena) const {
   return tpackedtexts(places);
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

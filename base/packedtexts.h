@@ -10,7 +10,7 @@
 #include "base/arena.h"
 #include "base/heapstring.h"
 
-namespace wexcorin {
+namespace optcore {
 
 class tpackedtexts {
  public:
@@ -50,4 +50,4 @@ class ttextpacker {
   std::string ftexts;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <string_view>
 
-namespace wexcorin {
+namespace optcore {
 
 class shortstring {
  public:
@@ -73,4 +73,4 @@ shortstring concat(const tpieces&... pieces) {
   return result;
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

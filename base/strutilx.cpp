@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-namespace wexcorin {
+namespace optcore {
 
 // ---- positions
 
@@ -165,4 +165,4 @@ std::int32_t strucmpnum(std::string_view a, std::string_view b) noexcept {
   return comparenumbers(a.substr(lengtha), b.substr(lengthb));
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -9,7 +9,7 @@
 #include "base/shortstring.h"
 #include "base/textcase.h"
 
-namespace wexcorin {
+namespace optcore {
 
 // A set of characters, indexed by their codes.
 using tcharset = std::bitset<256>;
@@ -63,4 +63,4 @@ std::string_view extracttoken(std::string_view text, std::int32_t& position) noe
 // zero or positive.
 std::int32_t strucmpnum(std::string_view a, std::string_view b) noexcept;
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -5,7 +5,7 @@
 
 #include "base/numtext.h"
 
-namespace wexcorin {
+namespace optcore {
 
 std::string_view systemerrortext(std::int32_t code) noexcept {
   const char* text = ::strerrordesc_np(code);
@@ -16,4 +16,4 @@ shortstring errorcodetext(std::int32_t code) noexcept {
   return concat("Error code = ", inttostr(code).view(), "; ", systemerrortext(code));
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -6,11 +6,11 @@
 
 #include "base/shortstring.h"
 
-namespace wexcorin {
+namespace optcore {
 
 std::string_view systemerrortext(std::int32_t code) noexcept;
 
 // What messages say of a code: its number and its text.
 shortstring errorcodetext(std::int32_t code) noexcept;
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -103,4 +103,4 @@ std::uint32_t inthash(std::int32_t number) noexcept {
   return folded(mix(seed(), static_cast<tword>(number)));
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace wexcorin {
+namespace optcore {
 
 namespace detail {
 consteval std::array<unsigned char, 256> makeuppertable() {
@@ -49,4 +49,4 @@ std::uint32_t struhash(std::string_view text) noexcept;
 // The same for numbers.
 std::uint32_t inthash(std::int32_t number) noexcept;
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -9,7 +9,7 @@
 
 #include "base/shortstring.h"
 
-namespace wexcorin {
+namespace optcore {
 
 class ttextout {
  public:
@@ -45,4 +45,4 @@ class ttextout {
   bool fwritten;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

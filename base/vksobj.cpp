@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace wexcorin {
+namespace optcore {
 
 std::int32_t growncapacity(std::int32_t capacity) {
   constexpr std::int32_t fastlimit = 0xFFFFF;
@@ -98,4 +98,4 @@ std::int32_t txstrings::indexof(std::string_view text) const noexcept {
   return -1;
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

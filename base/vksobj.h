@@ -21,7 +21,7 @@
 #include "base/shortstring.h"
 #include "base/textcase.h"
 
-namespace wexcorin {
+namespace optcore {
 
 // Sorting through comparison and exchange of positions.
 class tquicksortclass {
@@ -308,4 +308,4 @@ class tstoredlistobj : public txstringlistobj<tobject> {
   void freetext(char*) override {}
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -11,7 +11,7 @@
 #include "base/strutilx.h"
 #include "release.h"
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -134,4 +134,4 @@ bool zqaauditrun(const char* commandline) {
   return false;
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

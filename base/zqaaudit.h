@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace wexcorin {
+namespace optcore {
 
 // The start sets every value below and empties both audit lines; the stop empties all of it.
 void zqaauditstart();
@@ -46,4 +46,4 @@ bool zqaisauditword(std::string_view parameter);
 // behind each.
 bool zqaauditrun(const char* commandline = "/proc/self/cmdline");
 
-}  // namespace wexcorin
+}  // namespace optcore

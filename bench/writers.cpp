@@ -11,7 +11,7 @@ namespace bench {
 
 namespace {
 
-using twriter = std::int32_t (wexcorin::tvksoptionwriter::*)(std::string_view filename) const;
+using twriter = std::int32_t (optcore::tvksoptionwriter::*)(std::string_view filename) const;
 
 // The last option's name must stand in the file.
 void write(benchmark::State& state, std::int64_t size, twriter writer) {
@@ -21,7 +21,7 @@ void write(benchmark::State& state, std::int64_t size, twriter writer) {
   const tvksoptions& store = *static_cast<tvksoptions*>(handle);
   std::int32_t code = 0;
   timed(
-      state, size, [&] { code = (wexcorin::tvksoptionwriter(store).*writer)(path); },
+      state, size, [&] { code = (optcore::tvksoptionwriter(store).*writer)(path); },
       [&] {
         std::ifstream file(path, std::ios::binary);
         const std::string text(std::istreambuf_iterator<char>(file), {});
@@ -33,7 +33,7 @@ void write(benchmark::State& state, std::int64_t size, twriter writer) {
 }  // namespace
 
 void addwriters() {
-  using wexcorin::tvksoptionwriter;
+  using optcore::tvksoptionwriter;
   const auto addwriter = [](const char* name, twriter writer) {
     for (const std::int64_t size : {500, 100000})
       add("output", name, size,

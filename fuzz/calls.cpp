@@ -81,7 +81,7 @@ struct tcontext : tdecoder {
       pair->call(BOTH(gethelpnr), option(), text1, text2);
     std::string name = text1.text();
     if (choice == 2)
-      for (char& letter : name) letter = wexcorin::upchar(letter);
+      for (char& letter : name) letter = optcore::upchar(letter);
     return name;
   }
   // A text argument; seldom a null pointer.

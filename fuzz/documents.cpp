@@ -16,8 +16,8 @@
 namespace fuzzing {
 namespace {
 
+using optcore::tvksoptionwriter;
 using tool::treference;
-using wexcorin::tvksoptionwriter;
 
 // ---- what the library writes
 
@@ -31,7 +31,7 @@ void checkdefinition(std::string_view bytes) {
   checkstate(pair, tscope::everything);
 }
 
-bool isofentity(char c) { return c == '#' || wexcorin::isletter(c) || wexcorin::isdigit(c); }
+bool isofentity(char c) { return c == '#' || optcore::isletter(c) || optcore::isdigit(c); }
 
 // The next piece of markup, which moves past it: a tag, with values in quotes that are closed, an entity, or
 // text with no sign of either.
@@ -165,7 +165,7 @@ constexpr struct {
 };
 
 // All of them, or in its place why a definition cannot have one.
-std::vector<std::string> checkedtooldocuments(const wexcorin::tvksoptions& store) {
+std::vector<std::string> checkedtooldocuments(const optcore::tvksoptions& store) {
   const treference reference = tool::describe(store, "fuzz.def");
   std::vector<std::string> written;
   for (const auto& [write, check] : tooldocuments) try {

@@ -4,12 +4,14 @@
 
 #include "options/vksoptions.h"
 
-namespace wexcorin {
+namespace optcore {
 
 class tactivesource {
  public:
   tactivesource(tvksoptions& store, tlinesource& source) noexcept
-      : fstore(store), fprevious(store.exchangesource(&source)) {}
+      : fstore(store), fprevious(store.exchangesource(&source)) {
+    source.setincluder(fprevious);
+  }
   tactivesource(const tactivesource&) = delete;
   tactivesource& operator=(const tactivesource&) = delete;
   ~tactivesource() { fstore.exchangesource(fprevious); }
@@ -19,4 +21,4 @@ class tactivesource {
   tlinesource* fprevious;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -3,7 +3,7 @@
 
 #include "input/definitionreader.h"
 
-namespace wexcorin {
+namespace optcore {
 
 // ---- continuation lines
 
@@ -167,4 +167,4 @@ void tdefinitionreader::eolcomm() {
   nextline();
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

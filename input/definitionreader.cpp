@@ -7,22 +7,22 @@
 #include "base/systemerror.h"
 #include "input/activesource.h"
 
-namespace wexcorin {
+namespace optcore {
 
 std::int32_t tvksoptions::optreaddefinition(std::string_view filename) {
   setfilename(filename);
   setdefinitionend({});
-  tminiparser scanner(fmessages.echotarget(), fecho, tcharset());
+  tminiparser scanner(fmessages, fecho, tcharset());
   if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
     addmessage(tmsgkind::defineerror, concat("Cannot open option file ", quoted(filename)));
-    addmessage(tmsgkind::defineerror, errorcodetext(code));
+    addexplanation(tmsgkind::defineerror, errorcodetext(code));
     return code;
   }
   const tactivesource active(*this, scanner);
   tdefinitionreader(*this, scanner).read();
   if (const std::int32_t code = scanner.readerror(); code != 0) {
     addmessage(tmsgkind::defineerror, concat("Cannot read option file ", quoted(filename)));
-    addmessage(tmsgkind::defineerror, errorcodetext(code));
+    addexplanation(tmsgkind::defineerror, errorcodetext(code));
   }
   return 0;
 }
@@ -50,7 +50,8 @@ void tdefinitionreader::endearly() {
 
 void tdefinitionreader::error(std::string_view problem) {
   const bool namesoption = problem.find("synonym") == std::string_view::npos;
-  fstore.addmessage(tmsgkind::defineerror, concat(problem, namesoption ? " for option " : "", quoted(fname)));
+  fstore.addmessage(tmsgkind::defineerror, concat(problem, namesoption ? " for option " : "", quoted(fname)),
+                    {fname.view()});
 }
 
 // definition = [ "." ] name type [ "." modifier ] rest .
@@ -256,4 +257,4 @@ void tdefinitionreader::immediateoption() {
   nextline();
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -17,7 +17,7 @@
 #include "input/miniparser.h"
 #include "options/vksoptions.h"
 
-namespace wexcorin {
+namespace optcore {
 
 class tdefinitionreader {
  public:
@@ -124,4 +124,4 @@ class tdefinitionreader {
   std::int32_t fenumvalue = 0;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

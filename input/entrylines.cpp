@@ -2,7 +2,7 @@
 #include "input/parameterreader.h"
 #include "options/checkboolean.h"
 
-namespace wexcorin {
+namespace optcore {
 
 // ---- elements = "(" element { "," element } ")" , or in [] or {} .
 
@@ -28,13 +28,14 @@ bool tparameterreader::dotline() {
   fscanner.nextch();
   std::string_view identifier;
   if (!fscanner.nextident(identifier)) {
-    error(concat(".suffix expected for key ", quoted(fkey)));
+    error(concat(".suffix expected for key ", quoted(fkey)), {fkey});
     return true;
   }
   const shortstring suffix = concat(".", identifier);
   const std::int32_t index = fstore.optlookup(suffix);
   if (index < 0) {
-    error(concat("unknown .suffix ", quoted(suffix), " for key ", quoted(fkey)));
+    error(concat("unknown .suffix ", quoted(suffix), " for key ", quoted(fkey)),
+          {.name = suffix, .problem = tsubject::tproblem::unknowndotoption});
     return true;
   }
   const std::int32_t errorsbefore = fstore.errorcount();
@@ -54,7 +55,7 @@ void tparameterreader::dotentry(std::int32_t optionindex) {
   if (fscanner.nexttoken(text))
     fstore.dotoptions().setvalue(text);
   else
-    error(concat("Value expected for .option ", quoted(fkey)));
+    error(concat("Value expected for .option ", quoted(fkey)), {fkey});
 }
 
 // False when the line is to be given up here.
@@ -64,18 +65,18 @@ bool tparameterreader::dotelements() {
   while (more) {
     shortstring element;
     if (!fscanner.nextindex(element)) {
-      error(concat("Element expected for .option ", quoted(fkey)));
+      error(concat("Element expected for .option ", quoted(fkey)), {fkey});
       return false;
     }
     const char first = element.view()[0];
     if (first != '*' && first != '\'' && first != '"') {
-      error(concat("Set name not allowed .option ", quoted(fkey)));
+      error(concat("Set name not allowed .option ", quoted(fkey)), {fkey});
       return false;
     }
     if (!fstore.dotoptions().addindex(element))
-      error(concat("Too many dimensions for .option ", quoted(fkey)));
+      error(concat("Too many dimensions for .option ", quoted(fkey)), {fkey});
     if (!nextelement(closer, more))
-      error(concat("Closing bracket ", quoted({&closer, 1}), " expected for .option ", quoted(fkey)));
+      error(concat("Closing bracket ", quoted({&closer, 1}), " expected for .option ", quoted(fkey)), {fkey});
   }
   return true;
 }
@@ -98,7 +99,8 @@ bool tparameterreader::indicatorline() {
 bool tparameterreader::indicatorentry() {
   if (!equation()) return false;
   if (!fscanner.skiptochar('$')) {
-    error(concat("$ expected after equation identifier ", quoted(fstore.indicators()->equation())));
+    error(concat("$ expected after equation identifier ", quoted(fstore.indicators()->equation())),
+          {fstore.indicators()->equation()});
     return false;
   }
   return variable() && indicatorvalue();
@@ -125,7 +127,8 @@ bool tparameterreader::variable() {
     error("Equation ID expected for indicator");
     return false;
   }
-  if (name.size() > maxidentifier) error(concat("Variable ", quoted(name), " is not a good identifier"));
+  if (name.size() > maxidentifier)
+    error(concat("Variable ", quoted(name), " is not a good identifier"), {name});
   tindicatorlist& items = *fstore.indicators();
   items.setvariable(name);
   indicatorelements(name, [&](std::string_view element) { items.addvardim(element); });
@@ -140,11 +143,12 @@ void tparameterreader::indicatorelements(std::string_view name, taddelement adde
   while (more) {
     shortstring element;
     if (!fscanner.nextindex(element))
-      return error(concat("Unique element expected for indicator id ", quoted(name)));
-    if (element.view() == "*") return error(concat("Universe not allowed for indicator id ", quoted(name)));
+      return error(concat("Unique element expected for indicator id ", quoted(name)), {name});
+    if (element.view() == "*")
+      return error(concat("Universe not allowed for indicator id ", quoted(name)), {name});
     addelement(element.view());
     if (!nextelement(closer, more))
-      error(concat("Closing bracket ", quoted({&closer, 1}), " expected for id ", quoted(name)));
+      error(concat("Closing bracket ", quoted({&closer, 1}), " expected for id ", quoted(name)), {name});
   }
 }
 
@@ -154,16 +158,17 @@ bool tparameterreader::indicatorvalue() {
   fscanner.skipbecomes();
   std::string_view text;
   if (!fscanner.nexttoken(text)) {
-    error(concat("Boolean value expected for equation indicator ", quoted(equation)));
+    error(concat("Boolean value expected for equation indicator ", quoted(equation)), {equation});
     return false;
   }
   const tbooleanword word = checkboolean(text);
   if (word == tbooleanword::neither) {
-    error(concat("Boolean value expected for equation indicator ", quoted(equation), ", Saw ", quoted(text)));
+    error(concat("Boolean value expected for equation indicator ", quoted(equation), ", Saw ", quoted(text)),
+          {.name = equation, .value = text});
     return false;
   }
   items.setvalue(word == tbooleanword::yes);
   return true;
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -11,7 +11,7 @@
 #include <cstring>
 #include <string>
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -122,4 +122,4 @@ void tlinereader::skiprestofline() noexcept {
   }
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

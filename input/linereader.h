@@ -7,7 +7,7 @@
 #include <memory>
 #include <string_view>
 
-namespace wexcorin {
+namespace optcore {
 
 class tlinereader {
  public:
@@ -75,4 +75,4 @@ class tlinereader {
   char* fend = nullptr;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

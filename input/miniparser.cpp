@@ -6,7 +6,7 @@
 
 #include "base/numtext.h"
 
-namespace wexcorin {
+namespace optcore {
 
 consteval tminiparser::tclasses tminiparser::classesofcharacters() {
   tclasses classes{};
@@ -20,8 +20,8 @@ consteval tminiparser::tclasses tminiparser::classesofcharacters() {
   return classes;
 }
 
-tminiparser::tminiparser(txstringlist<tmsgkind>& echolist, bool echo, const tcharset& commentset)
-    : fechoflag(echo), fecholist(echolist) {
+tminiparser::tminiparser(tmessagelist& messages, bool echo, const tcharset& commentset)
+    : fechoflag(echo), fmessages(messages) {
   static constexpr tclasses classes = classesofcharacters();
   fclasses = classes;
   for (std::size_t code = 0; commentset.any() && code < commentset.size(); ++code)
@@ -32,26 +32,26 @@ tminiparser::tminiparser(txstringlist<tmsgkind>& echolist, bool echo, const tcha
 
 std::int32_t tminiparser::fileopen(std::string_view filename) {
   strassign(fsourcename, filename);
-  fmode = tmode::file;
+  fkind = tsourcekind::file;
   flinenr = 0;
   return ffile.open(filename);
 }
 
 void tminiparser::readfromstr(std::string_view text) {
-  setsource(tmode::shortstring, "string", text.substr(0, shortstring::capacity));
+  setsource(tsourcekind::string, "string", text.substr(0, shortstring::capacity));
 }
 
 void tminiparser::readfrompchar(const char* text) {
-  setsource(tmode::pchar, "pchar", text == nullptr ? std::string_view() : std::string_view(text));
+  setsource(tsourcekind::pchar, "pchar", text == nullptr ? std::string_view() : std::string_view(text));
 }
 
-void tminiparser::setsource(tmode mode, std::string_view name, std::string_view text) {
+void tminiparser::setsource(tsourcekind kind, std::string_view name, std::string_view text) {
   strassign(fsourcename, name);
   ftext = std::make_unique_for_overwrite<char[]>(text.size() + 1);
   std::copy(text.begin(), text.end(), ftext.get());
   ftext[text.size()] = endofline;
   ftextlength = text.size();
-  fmode = mode;
+  fkind = kind;
   flinenr = 0;
   if (fechoflag) flushecho(text);
 }
@@ -91,7 +91,7 @@ void tminiparser::nextch() {
   if (ch() == endofinput) return;
   if (fposition < flineend)
     ++fposition;
-  else if (fmode == tmode::file)
+  else if (fkind == tsourcekind::file)
     nextfileline();
   else
     endinput();
@@ -105,7 +105,7 @@ char* tminiparser::endofrest() const noexcept {
     void* found = std::memchr(fposition, character, static_cast<std::size_t>(end - fposition));
     if (found != nullptr) end = static_cast<char*>(found);
   };
-  if (fmode != tmode::file) endat(endofline);
+  if (fkind != tsourcekind::file) endat(endofline);
   endat(endofinput);
   return end;
 }
@@ -116,11 +116,11 @@ void tminiparser::flushecho(std::string_view line) {
   constexpr std::size_t width = 130;
   constexpr char broken = static_cast<char>(187);  // in place of the leading blank where a line is cut
   if (line.empty()) {
-    fecholist.add({});
+    echo({});
     return;
   }
   if (line.size() <= width) {
-    fecholist.add(concat(" ", line));
+    echo(concat(" ", line));
     return;
   }
   for (std::size_t begin = 0; begin < line.size(); begin += width) {
@@ -128,7 +128,7 @@ void tminiparser::flushecho(std::string_view line) {
     piece.append(1, broken).append(line.substr(begin, width));
     // a single character that follows has no mark before it
     if (begin + width + 1 < line.size()) piece.append(1, broken);
-    fecholist.add(piece);
+    echo(piece);
   }
 }
 
@@ -254,4 +254,4 @@ std::string_view tminiparser::untilcommentafterquote() {
   });
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -16,10 +16,10 @@
 #include "base/strutilx.h"
 #include "base/vksobj.h"
 #include "input/linereader.h"
-#include "options/codes.h"
 #include "options/linesource.h"
+#include "options/messages.h"
 
-namespace wexcorin {
+namespace optcore {
 
 class tminiparser final : public tlinesource {
  public:
@@ -27,9 +27,9 @@ class tminiparser final : public tlinesource {
   static constexpr char endofline = '\n';
   static constexpr char endofinput = '\x1a';
 
-  // `echolist` receives the lines while the echo switch is on; it is not owned. The characters of
+  // `messages` receives the lines while the echo switch is on; it is not owned. The characters of
   // `commentset` start a comment that ends with the line.
-  tminiparser(txstringlist<tmsgkind>& echolist, bool echo, const tcharset& commentset);
+  tminiparser(tmessagelist& messages, bool echo, const tcharset& commentset);
 
   // ---- sources: one of these is called once
   // Returns 0 or the system's code. Reading begins with nextline.
@@ -41,7 +41,7 @@ class tminiparser final : public tlinesource {
   // ---- lines and characters
   // Moves to the next line and makes its first character current. In a file, empty lines and lines whose
   // first character is "*" are passed over; the one line of a text in memory is there unless it is empty.
-  bool nextline() { return fmode == tmode::file ? nextfileline() : nexttextline(); }
+  bool nextline() { return fkind == tsourcekind::file ? nextfileline() : nexttextline(); }
   // The next character: after the last one of a line endofline, and after that, in a file, the first one of
   // the next line, else endofinput, which stays.
   void nextch();
@@ -106,14 +106,13 @@ class tminiparser final : public tlinesource {
 
   // ---- what the store asks
   std::int32_t linenr() const override { return flinenr; }
+  tsourcekind sourcekind() const override { return fkind; }
   std::string_view sourcename() const override { return fsourcename.view(); }
   void setecho(bool echo) override { fechoflag = echo; }
   // The system's code of a read that failed in the middle of a file, else 0.
   std::int32_t readerror() const noexcept { return ffile.readerror(); }
 
  private:
-  enum class tmode : std::uint8_t { file, shortstring, pchar };
-
   // What a character belongs to, as bits: one look tells whether it is one of several kinds.
   static constexpr std::uint8_t letter = 1, digit = 2, underscore = 4, blank = 8, comma = 16, lineend = 32;
   static constexpr std::uint8_t comment = 64;
@@ -126,7 +125,8 @@ class tminiparser final : public tlinesource {
 
   void skipblanksandcomment();
   void flushecho(std::string_view line);
-  void setsource(tmode mode, std::string_view name, std::string_view text);
+  void echo(std::string_view text) { fmessages.addecho(text, *this); }
+  void setsource(tsourcekind kind, std::string_view name, std::string_view text);
   bool nextfileline();
   bool nexttextline();
   void endinput() noexcept;
@@ -168,11 +168,11 @@ class tminiparser final : public tlinesource {
   char* fposition = &fnothing;  // of the current character in the line
   char* flineend = nullptr;     // where an endofline stands, so that no loop has to look for the end
   std::int32_t flinenr = 0;
-  tmode fmode = tmode::file;
+  tsourcekind fkind = tsourcekind::file;
   bool fechoflag;
-  txstringlist<tmsgkind>& fecholist;
+  tmessagelist& fmessages;
   tclasses fclasses;
   heapstring fsourcename;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -5,7 +5,7 @@
 #include "input/activesource.h"
 #include "options/checkboolean.h"
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -38,10 +38,10 @@ class tnesting {
 // ---- sources
 
 std::int32_t tvksoptions::optreadparameterfile(std::string_view filename) {
-  tminiparser scanner(fmessages.echotarget(), fecho, feolcommset);
+  tminiparser scanner(fmessages, fecho, feolcommset);
   if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
     addmessage(tmsgkind::usererror, concat("Cannot open parameter file ", quoted(filename)));
-    addmessage(tmsgkind::usererror, errorcodetext(code));
+    addexplanation(tmsgkind::usererror, errorcodetext(code));
     return code;
   }
   const tactivesource active(*this, scanner);
@@ -55,14 +55,14 @@ std::int32_t tvksoptions::optreadparameterfile(std::string_view filename) {
     tparameterreader(*this, scanner).parse();
   if (const std::int32_t code = scanner.readerror(); code != 0) {
     addmessage(tmsgkind::usererror, concat("Cannot read parameter file ", quoted(filename)));
-    addmessage(tmsgkind::usererror, errorcodetext(code));
+    addexplanation(tmsgkind::usererror, errorcodetext(code));
   }
   addmessage(tmsgkind::fileleave, filename);
   return 0;
 }
 
 void tvksoptions::optreadfromstr(std::string_view text) {
-  tminiparser scanner(fmessages.echotarget(), fecho, feolcommset);
+  tminiparser scanner(fmessages, fecho, feolcommset);
   scanner.readfromstr(text);
   const tactivesource active(*this, scanner);
   addmessage(tmsgkind::fileenter, "string");
@@ -71,7 +71,7 @@ void tvksoptions::optreadfromstr(std::string_view text) {
 }
 
 void tvksoptions::optreadfrompchar(const char* text) {
-  tminiparser scanner(fmessages.echotarget(), fecho, feolcommset);
+  tminiparser scanner(fmessages, fecho, feolcommset);
   scanner.readfrompchar(text);
   const tactivesource active(*this, scanner);
   addmessage(tmsgkind::fileenter, "pchar");
@@ -114,12 +114,12 @@ bool tparameterreader::nokey() {
 }
 
 bool tparameterreader::badseparator(std::string_view key) {
-  error(concat("Bad separator after key ", quoted(key)));
+  error(concat("Bad separator after key ", quoted(key)), {key});
   return false;
 }
 
 void tparameterreader::novalue(const toption& option) {
-  error(concat("Value expected for key ", quoted(option.name())));
+  error(concat("Value expected for key ", quoted(option.name())), {fkey, &option});
 }
 
 void tparameterreader::setkey(std::string_view identifier, std::int32_t dashes) {
@@ -166,7 +166,8 @@ toption& tparameterreader::addlist() {
 }
 
 bool tparameterreader::unknownkey() {
-  error(concat("Unknown option ", quoted(fkey)));
+  error(concat("Unknown option ", quoted(fkey)),
+        {.name = fkey, .problem = tsubject::tproblem::unknownoption});
   if (feolonly) return false;
   std::string_view discarded;
   fscanner.nexttoken(discarded);
@@ -193,13 +194,13 @@ bool tparameterreader::immediate(const timmediateoption& option) {
     if (option.immkind() == timmkind::help)
       fstore.optshowhelp({});
     else
-      error(concat("Value expected for immediate option ", quoted(fkey)));
+      error(concat("Value expected for immediate option ", quoted(fkey)), {fkey, &option});
     return true;
   }
   switch (option.immkind()) {
     case timmkind::eolflag: feolonly = checkboolean(text) != tbooleanword::no; break;
     case timmkind::readfile: fstore.optreadparameterfile(text); break;
-    case timmkind::message: error(text); break;
+    case timmkind::message: error(text, {fkey, &option, text}); break;
     case timmkind::nobounds: fstore.optnoboundsset(checkboolean(text) != tbooleanword::no); break;
     case timmkind::help: fstore.optshowhelp(text); break;
   }
@@ -223,7 +224,7 @@ bool tparameterreader::ordinary(toption& option) {
   } else {
     tokenasvalue(option);
   }
-  if (feolonly && fscanner.skipbl()) error("Remainder of line ignored");
+  if (feolonly && fscanner.skipbl()) error("Remainder of line ignored", {fkey, &option});
   return !feolonly;
 }
 
@@ -262,7 +263,8 @@ bool tparameterreader::warnsofdeprecated(const toption& option) {
                              option.hasdeprecation(tdeprecation::deprecatedsynonym);
   fstore.addmessage(tmsgkind::deprecated,
                     concat(anydeprecated ? "deprecated" : "obsolete", ownname ? " option " : " synonym ",
-                           quoted(fkey), "; ", ownname ? option.deprecatedmsg() : option.deprecatedmsg2()));
+                           quoted(fkey), "; ", ownname ? option.deprecatedmsg() : option.deprecatedmsg2()),
+                    {fkey, &option});
   return !isobsolete;
 }
 
@@ -291,4 +293,4 @@ std::string_view tparameterreader::quotedrest() {
   return trim(text);
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -22,7 +22,7 @@
 #include "input/miniparser.h"
 #include "options/vksoptions.h"
 
-namespace wexcorin {
+namespace optcore {
 
 class tparameterreader {
  public:
@@ -82,7 +82,9 @@ class tparameterreader {
   template <class taddelement>
   void indicatorelements(std::string_view name, taddelement addelement);
 
-  void error(std::string_view text) { fstore.addmessage(tmsgkind::usererror, text); }
+  void error(std::string_view text, const tsubject& subject = {}) {
+    fstore.addmessage(tmsgkind::usererror, text, subject);
+  }
 
   tvksoptions& fstore;
   tminiparser& fscanner;
@@ -93,4 +95,4 @@ class tparameterreader {
   shortstring fresttext;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

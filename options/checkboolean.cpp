@@ -6,7 +6,7 @@
 
 #include "base/textcase.h"
 
-namespace wexcorin {
+namespace optcore {
 
 tbooleanword checkboolean(std::string_view text) noexcept {
   static constexpr std::array<std::string_view, 6> truewords = {"1", "Y", "YES", "ON", "TRUE", "T"};
@@ -17,4 +17,4 @@ tbooleanword checkboolean(std::string_view text) noexcept {
   return tbooleanword::neither;
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace wexcorin {
+namespace optcore {
 
 enum class topttype : std::uint8_t {
   integer,
@@ -88,4 +88,4 @@ static_assert(msgkindconstnames[ordinal(tmsgkind::usererror)] == "optMsgUserErro
 static_assert(immkindnames[ordinal(timmkind::help)] == "Help");
 static_assert(lookupmodenames[ordinal(tlookupmode::minos)] == "Minos");
 
-}  // namespace wexcorin
+}  // namespace optcore

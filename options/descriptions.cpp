@@ -4,7 +4,7 @@
 #include "base/zqaaudit.h"
 #include "options/vksoptions.h"
 
-namespace wexcorin {
+namespace optcore {
 
 // ---- options
 
@@ -210,4 +210,4 @@ void tvksoptions::optdefinitionfile(ttextout& filename) const {
 
 void tvksoptions::optversion(ttextout& auditline) { auditline.set(zqagetauditline()); }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -3,11 +3,11 @@
 
 #include "options/vksoptions.h"
 
-namespace wexcorin {
+namespace optcore {
 
 void tdotobjlist::addentry(std::string_view key, std::int32_t optionindex) {
   if (key.size() > maxidentifier)
-    fowner.addmessage(tmsgkind::usererror, concat(".Option ID too long ", quoted(key)));
+    fowner.addmessage(tmsgkind::usererror, concat(".Option ID too long ", quoted(key)), {key});
   fbegun = true;
   fname.assign(key);
   foptionindex = optionindex;
@@ -49,4 +49,4 @@ void tdotobjlist::keepentry() {
   fbegun = false;
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -9,7 +9,7 @@
 #include "base/shortstring.h"
 #include "base/vksobj.h"
 
-namespace wexcorin {
+namespace optcore {
 
 class tvksoptions;
 
@@ -68,4 +68,4 @@ class tdotobjlist {
   ttextpacker findices;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

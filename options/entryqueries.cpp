@@ -1,7 +1,7 @@
 // What was collected: dot entries and indicators, by number.
 #include "options/vksoptions.h"
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -77,4 +77,4 @@ bool tvksoptions::optgetvarindicatornr(std::int32_t nr, std::int32_t dim, ttexto
   return getelement(findicators.get(), nr, dim, &tindicatoritem::variable, element);
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

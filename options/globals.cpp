@@ -4,7 +4,7 @@
 #include "base/shortstring.h"
 #include "base/zqaaudit.h"
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -36,4 +36,4 @@ std::string_view loadpath() { return loadpathtext(); }
 void setloadpath(std::string_view path) { loadpathtext().assign(path); }
 char charpath() { return separator; }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-namespace wexcorin {
+namespace optcore {
 
 // Registers the audit line, empties the load path and picks the separator for the operating-system family.
 void vksoptionsstart();
@@ -15,4 +15,4 @@ void setloadpath(std::string_view path);
 // The character that ends the words of a path list.
 char charpath();
 
-}  // namespace wexcorin
+}  // namespace optcore

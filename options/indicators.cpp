@@ -3,7 +3,7 @@
 
 #include "options/vksoptions.h"
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -47,7 +47,8 @@ void tindicatorlist::addentry(std::string_view equation) {
   fvariable.clear();
   fequation.setname(equation);
   if (equation.size() > maxidentifier)
-    fowner.addmessage(tmsgkind::usererror, concat("Not a good equation identifier ", quoted(equation)));
+    fowner.addmessage(tmsgkind::usererror, concat("Not a good equation identifier ", quoted(equation)),
+                      {equation});
 }
 
 void tindicatorlist::keepentry() {
@@ -64,22 +65,28 @@ void tindicatorlist::keepentry() {
 void tindicatorlist::addequdim(std::string_view text) {
   if (fequation.elements().count() >= maxdimensions)
     fowner.addmessage(tmsgkind::usererror,
-                      concat("Too many dimensions for equation ", quoted(fequation.name())));
+                      concat("Too many dimensions for equation ", quoted(fequation.name())),
+                      {fequation.name()});
   if (istoolong(text))
-    fowner.addmessage(tmsgkind::usererror, concat("Bad Equation index = ", quoted(fequation.name())));
+    fowner.addmessage(tmsgkind::usererror, concat("Bad Equation index = ", quoted(fequation.name())),
+                      {fequation.name()});
   fequation.addelement(text);
 }
 
 void tindicatorlist::addvardim(std::string_view text) {
   if (fvariable.elements().count() >= maxdimensions)
     fowner.addmessage(tmsgkind::usererror,
-                      concat("Too many dimensions for variable ", quoted(fvariable.name())));
+                      concat("Too many dimensions for variable ", quoted(fvariable.name())),
+                      {fvariable.name()});
   if (istoolong(text))
-    fowner.addmessage(tmsgkind::usererror, concat("Bad variable index = ", quoted(fvariable.name())));
+    fowner.addmessage(tmsgkind::usererror, concat("Bad variable index = ", quoted(fvariable.name())),
+                      {fvariable.name()});
   else if (!isquotedelement(text) && !fequation.haselement(text))
-    fowner.addmessage(tmsgkind::usererror, concat("Index ", quoted(text), " not controled for variable ",
-                                                  quoted(fvariable.name())));
+    fowner.addmessage(
+        tmsgkind::usererror,
+        concat("Index ", quoted(text), " not controled for variable ", quoted(fvariable.name())),
+        {fvariable.name()});
   fvariable.addelement(text);
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -11,7 +11,7 @@
 #include "base/shortstring.h"
 #include "base/vksobj.h"
 
-namespace wexcorin {
+namespace optcore {
 
 class tvksoptions;
 
@@ -91,4 +91,4 @@ class tindicatorlist {
   tsymbolparts fvariable;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

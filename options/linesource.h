@@ -1,20 +1,30 @@
-// What the store needs to know of a scanner that reads for it: where the reading stands, for messages, and
-// the echo switch.
+// What the store needs to know of a scanner that reads for it: what is read, how far the reading has come,
+// for messages, and the echo switch.
 #pragma once
 
 #include <cstdint>
 #include <string_view>
 
-namespace wexcorin {
+namespace optcore {
+
+enum class tsourcekind : std::uint8_t { file, string, pchar };
 
 class tlinesource {
  public:
   virtual ~tlinesource() = default;
   // The line being read, counted from 1; 0 for sources without lines.
   virtual std::int32_t linenr() const = 0;
+  virtual tsourcekind sourcekind() const = 0;
   // The file's name, or the word string or pchar for a text in memory.
   virtual std::string_view sourcename() const = 0;
   virtual void setecho(bool echo) = 0;
+
+  // The source that asked for this one, at its current line; null if none did.
+  const tlinesource* includer() const noexcept { return fincluder; }
+  void setincluder(const tlinesource* includer) noexcept { fincluder = includer; }
+
+ private:
+  const tlinesource* fincluder = nullptr;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

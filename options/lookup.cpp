@@ -6,7 +6,7 @@
 #include "base/textcase.h"
 #include "options/toption.h"
 
-namespace wexcorin {
+namespace optcore {
 
 tsignificantkey::tsignificantkey(tlookupmode mode, std::string_view name) noexcept {
   name = name.substr(0, shortstring::capacity);
@@ -56,4 +56,4 @@ std::int32_t tlookup::findsignificant(tlookupmode mode, std::string_view name) c
   return index.find(foptions.count(), tsignificantkey(mode, name), keyat);
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -14,7 +14,7 @@
 #include "base/vksobj.h"
 #include "options/codes.h"
 
-namespace wexcorin {
+namespace optcore {
 
 class toption;
 
@@ -57,4 +57,4 @@ class tlookup {
   mutable tnameindex fminosindex;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

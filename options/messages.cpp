@@ -3,7 +3,7 @@
 
 #include "base/numtext.h"
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -43,26 +43,34 @@ void tmessagelist::addoutofmemory() noexcept {
 
 void tmessagelist::fileoutofmemory() {
   if (!foutofmemory) return;
-  file(tmsgkind::usererror, "Out of memory", 0);
+  file({.kind = tmsgkind::usererror, .text = "Out of memory"});
   foutofmemory = false;
 }
 
-void tmessagelist::add(tmsgkind kind, std::string_view text, std::int32_t linenr) {
+void tmessagelist::add(const tmessage& message) {
   fileoutofmemory();
-  file(kind, text, linenr);
+  file(message);
 }
 
-void tmessagelist::file(tmsgkind kind, std::string_view text, std::int32_t linenr) {
+void tmessagelist::addecho(std::string_view line, const tlinesource& source) {
+  if (fobserver != nullptr)
+    fobserver->filed({.kind = tmsgkind::inputecho, .text = line, .source = &source, .line = source.linenr()});
+  append(tmsgkind::inputecho, line);
+}
+
+void tmessagelist::file(const tmessage& message) {
+  if (fobserver != nullptr) fobserver->filed(message);
+  const tmsgkind kind = message.kind;
   if (cancelsenternote(kind))
     ftexts.remove(count() - 1);
   else if (count() == maxmessages)
     append(tmsgkind::toomanymsgs, concat("Maximum of ", inttostr(maxmessages).view(), " messages reached"));
   else if (full())
     return;
-  else if (linenr != 0 && hasline(kind))
-    append(kind, concat("line ", inttostr(linenr).view(), ": ", text));
+  else if (message.line != 0 && hasline(kind))
+    append(kind, concat("line ", inttostr(message.line).view(), ": ", message.text));
   else
-    append(kind, text);
+    append(kind, message.text);
 }
 
 void tmessagelist::append(tmsgkind kind, std::string_view text) {
@@ -111,4 +119,4 @@ void tmessagelist::clear() {
   foutofmemory = false;
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

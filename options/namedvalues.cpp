@@ -1,7 +1,7 @@
 // Values by option name or synonym, and the texts of string-list options.
 #include "options/vksoptions.h"
 
-namespace wexcorin {
+namespace optcore {
 
 bool tvksoptions::optgetvalstr(std::string_view name, ttextout& value) {
   const toption* option = optionasobj(name);
@@ -82,4 +82,4 @@ bool tvksoptions::optgetfromanystrlist(std::int32_t flag, ttextout& name, ttexto
   return found;
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -1,7 +1,7 @@
 // Getting and setting values by option number.
 #include "options/vksoptions.h"
 
-namespace wexcorin {
+namespace optcore {
 
 // Makes the option's name the one that messages quote; "?" for a bad number.
 bool tvksoptions::checkoptnr(std::int32_t nr) noexcept {
@@ -181,4 +181,4 @@ bool tvksoptions::optsetvalues2nr(std::int32_t nr, std::int32_t ival, double dva
   return setvalues(nr, true, ival, dval, sval);
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -1,7 +1,7 @@
 // Reading values: the value that was set, else the default, as a number or as text.
 #include "options/toption.h"
 
-namespace wexcorin {
+namespace optcore {
 
 tvaluetext toption::valuetext(bool second) const {
   switch (fopttype) {
@@ -50,4 +50,4 @@ void toption::usedefined() {
   setdefined(firstvaluebit);
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -7,7 +7,7 @@
 #include "options/toption.h"
 #include "options/vksoptions.h"
 
-namespace wexcorin {
+namespace optcore {
 
 void toption::setdefined(std::int32_t bits) {
   if (bits == 0) {
@@ -30,17 +30,23 @@ shortstring refusal(const toption& option, std::string_view head, std::string_vi
 }
 
 void fileparseerror(const toption& option, std::string_view head, std::string_view saw) {
-  option.owner().addbuiltmessage(tmsgkind::valueerror, [&] { return refusal(option, head, saw); });
+  tvksoptions& owner = option.owner();
+  if (owner.ignores(tmsgkind::valueerror)) return;
+  owner.addmessage(tmsgkind::valueerror, refusal(option, head, saw), {owner.curoptname(), &option, saw});
 }
 
-// Files the two messages about an illegal value, of which `legal` builds the second. True when it is to be
-// stored nevertheless.
+// Files the two messages about an illegal value: `saw` gives its text, `legal` builds the second message. True
+// when the value is to be stored nevertheless.
 template <class tsaw, class tlegal>
 bool tolerated(const toption& option, std::string_view head, tsaw saw, tlegal legal) {
   tvksoptions& owner = option.owner();
   const tmsgkind kind = owner.nobounds() ? tmsgkind::valuewarning : tmsgkind::valueerror;
-  owner.addbuiltmessage(kind, [&] { return refusal(option, head, saw()); });
-  owner.addbuiltmessage(kind, legal);
+  if (!owner.ignores(kind)) {
+    const auto value = saw();
+    owner.addmessage(kind, refusal(option, head, value),
+                     {owner.curoptname(), &option, value, tsubject::tproblem::illegalvalue});
+    owner.addexplanation(kind, legal());
+  }
   return owner.nobounds();
 }
 
@@ -198,7 +204,8 @@ namespace {
 
 bool hasdoublequote(const toption& option, std::string_view text) {
   if (text.find('"') == std::string_view::npos) return false;
-  option.owner().addmessage(tmsgkind::valueerror, "Bad double-quote in value");
+  option.owner().addmessage(tmsgkind::valueerror, "Bad double-quote in value",
+                            {option.owner().curoptname(), &option, text});
   return true;
 }
 
@@ -220,4 +227,4 @@ void tstrlistoption::setasstring(std::string_view text) {
   setdefined(firstvaluebit);
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -10,7 +10,7 @@
 #include "options/toption.h"
 #include "options/vksoptions.h"
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -41,7 +41,8 @@ class tspreader {
         fopen.pop_back();
       else if (fleft-- == 0)
         return fowner.addmessage(tmsgkind::valueerror,
-                                 concat("Too many members for option ", quoted(option.name())));
+                                 concat("Too many members for option ", quoted(option.name())),
+                                 {option.name(), &option});
       else if (member != nullptr)
         assign(*member, membertext);
     }
@@ -71,7 +72,8 @@ class tspreader {
     if (!nextlistword(open.text, open.position, word)) return false;
     if (open.next == list.items().count()) {
       fowner.addmessage(tmsgkind::valueerror,
-                        concat("Too many items for multilist ", quoted(fowner.curoptname())));
+                        concat("Too many items for multilist ", quoted(fowner.curoptname())),
+                        {fowner.curoptname(), &list});
       return false;
     }
     member = fowner.getobjects(list.items().get(open.next++));
@@ -101,4 +103,4 @@ void tmacrooption::setasstring(std::string_view text) {
   tspreader(owner(), fitems.count()).spread(*this, text);
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -7,7 +7,7 @@
 
 #include "options/vksoptions.h"
 
-namespace wexcorin {
+namespace optcore {
 
 // The name is stored first: it lies beside the object, and a search looks at both.
 toption::toption(const toptionhead& head, topttype opttype)
@@ -96,4 +96,4 @@ shortstring tstrlistoption::takefirst() {
   return first;
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -10,7 +10,7 @@
 #include "options/codes.h"
 #include "options/toptionx.h"
 
-namespace wexcorin {
+namespace optcore {
 
 class tvksoptions;
 
@@ -346,4 +346,4 @@ const tclass* ifis(const toption* option) noexcept {
                                                                 : nullptr;
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

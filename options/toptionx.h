@@ -8,7 +8,7 @@
 #include "base/arena.h"
 #include "base/vksobj.h"
 
-namespace wexcorin {
+namespace optcore {
 
 class toptionx {
  public:
@@ -63,4 +63,4 @@ class tlistoptionx final : public toptionx, public tinarena {
   std::int32_t fenumvalue;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -1,7 +1,7 @@
 // The option store: creation, its lists, lookup with synonyms, resetting, messages and switches.
 #include "options/vksoptions.h"
 
-namespace wexcorin {
+namespace optcore {
 
 tvksoptions::tvksoptions() : toptionx(0, {}) {}
 tvksoptions::~tvksoptions() = default;
@@ -83,9 +83,18 @@ bool tvksoptions::optresetnr(std::int32_t nr) {
 
 // ---- messages and switches
 
-void tvksoptions::addmessage(tmsgkind kind, std::string_view text) {
-  if (fmessages.ignores(kind)) return;
-  fmessages.add(kind, text, fparser != nullptr ? fparser->linenr() : 0);
+void tvksoptions::addmessage(tmsgkind kind, std::string_view text, const tsubject& subject) {
+  if (!ignores(kind)) filemessage({.kind = kind, .text = text, .subject = subject});
+}
+
+void tvksoptions::addexplanation(tmsgkind kind, std::string_view text) {
+  if (!ignores(kind)) filemessage({.kind = kind, .text = text, .explains = true});
+}
+
+void tvksoptions::filemessage(tmessage message) {
+  message.source = fparser;
+  message.line = fparser != nullptr ? fparser->linenr() : 0;
+  fmessages.add(message);
 }
 
 void tvksoptions::optgetmessage(std::int32_t nr, ttextout& text, std::int32_t& kind) const {
@@ -105,4 +114,4 @@ void tvksoptions::optechoset(bool echo) {
 
 bool tvksoptions::opteolonlyset(bool eolonly) noexcept { return std::exchange(feolonly, eolonly); }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -22,15 +22,7 @@
 #include "options/messages.h"
 #include "options/toption.h"
 
-namespace wexcorin {
-
-// Hears of every value that is stored.
-class tassignmentobserver {
- public:
-  virtual ~tassignmentobserver() = default;
-  // After a value of the option was stored or marked defined; the bits tell which values.
-  virtual void assigned(const toption& option, std::int32_t bits) = 0;
-};
+namespace optcore {
 
 class tvksoptions : public toptionx {
  public:
@@ -46,12 +38,11 @@ class tvksoptions : public toptionx {
   void optshowhelp(std::string_view hlpmsg);
 
   // ---- messages
-  void addmessage(tmsgkind kind, std::string_view text);
-  // The same for a text that costs something to put together: not done when it would be dropped.
-  template <class tbuild>
-  void addbuiltmessage(tmsgkind kind, tbuild build) {
-    if (!fmessages.ignores(kind)) addmessage(kind, build());
-  }
+  void addmessage(tmsgkind kind, std::string_view text, const tsubject& subject = {});
+  // Files a message that adds to the one before it.
+  void addexplanation(tmsgkind kind, std::string_view text);
+  // Messages of this kind are neither kept nor noticed: their texts need not be put together.
+  bool ignores(tmsgkind kind) const noexcept { return fmessages.ignores(kind); }
   void optaddmessage(std::string_view text) { addmessage(tmsgkind::usererror, text); }
   void optgetmessage(std::int32_t nr, ttextout& text, std::int32_t& kind) const;
   void optclearmessages() { fmessages.clear(); }
@@ -222,7 +213,12 @@ class tvksoptions : public toptionx {
   tdefinitionend definitionend() const noexcept { return fdefinitionend; }
   void setdefinitionend(tdefinitionend end) noexcept { fdefinitionend = end; }
 
-  void setobserver(tassignmentobserver* observer) noexcept { fobserver = observer; }
+  // Notified of every message and of every value that is stored; null for nobody. It must outlive the store
+  // or be removed.
+  void setobserver(tstoreobserver* observer) noexcept {
+    fobserver = observer;
+    fmessages.setobserver(observer);
+  }
   void notifyassigned(const toption& option, std::int32_t bits) const {
     if (fobserver != nullptr) fobserver->assigned(option, bits);
   }
@@ -233,6 +229,7 @@ class tvksoptions : public toptionx {
     return index >= 0 ? index : synonymindex(name);
   }
   std::int32_t synonymindex(const tsoughtname& name) const;
+  void filemessage(tmessage message);
   bool checkoptnr(std::int32_t nr) noexcept;
   toption* optionat(std::int32_t nr) const noexcept { return nr >= 1 ? getobjects(nr - 1) : nullptr; }
   const toption* twovalueoption(std::int32_t nr) const noexcept;
@@ -249,7 +246,7 @@ class tvksoptions : public toptionx {
   mutable tnameindex fgroupindex;
   tmessagelist fmessages;
   tlinesource* fparser = nullptr;
-  tassignmentobserver* fobserver = nullptr;
+  tstoreobserver* fobserver = nullptr;
   tdefinitionend fdefinitionend;
   std::int32_t fnestlevel = 0;  // parameter files that are open within each other
   std::int32_t ffilesread = 0;  // parameter files read since the outermost one was opened
@@ -267,4 +264,4 @@ class tvksoptions : public toptionx {
   bool frecentenabled = true;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

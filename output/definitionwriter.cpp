@@ -3,7 +3,7 @@
 #include "output/textfile.h"
 #include "output/vksoptionwriter.h"
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -157,4 +157,4 @@ std::int32_t tvksoptionwriter::writedefinition(std::string_view filename) const 
   return file.close();
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

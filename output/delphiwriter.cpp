@@ -8,7 +8,7 @@
 #include "output/textfile.h"
 #include "output/vksoptionwriter.h"
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -95,4 +95,4 @@ std::int32_t tvksoptionwriter::writedelphiinc(std::string_view filename) const {
   return file.close();
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -219,4 +219,4 @@ void thelplisting::tostandardoutput() const {
   std::fflush(stdout);
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

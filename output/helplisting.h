@@ -9,7 +9,7 @@
 
 #include "options/vksoptions.h"
 
-namespace wexcorin {
+namespace optcore {
 
 // The option behind a listed name: the option of that name, or the one that the name is a synonym for.
 struct tlistedoption {
@@ -71,4 +71,4 @@ class thelplisting {
   shortstring fbuffer;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -6,7 +6,7 @@
 
 #include "base/numtext.h"
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -131,4 +131,4 @@ void thtmlwrite::addlistitem(std::string_view text) {
   endlistitem();
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

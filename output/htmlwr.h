@@ -7,7 +7,7 @@
 
 #include "output/textfile.h"
 
-namespace wexcorin {
+namespace optcore {
 
 class thtmlwrite {
  public:
@@ -66,4 +66,4 @@ class thtmlwrite {
   ttextfile fout;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

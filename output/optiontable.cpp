@@ -3,7 +3,7 @@
 #include "output/parameterwriter.h"
 #include "output/vksoptionwriter.h"
 
-namespace wexcorin {
+namespace optcore {
 
 namespace {
 
@@ -120,4 +120,4 @@ std::int32_t tvksoptionwriter::writeashtml(std::string_view filename) const {
   return page.close();
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

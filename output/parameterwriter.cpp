@@ -5,12 +5,12 @@
 
 #include "base/systemerror.h"
 
-namespace wexcorin {
+namespace optcore {
 
 std::int32_t tvksoptions::optwriteparameterfile(std::string_view filename) {
   const auto fileproblem = [&](std::int32_t code) {
     addmessage(tmsgkind::usererror, concat("Cannot write parameter file ", quoted(filename)));
-    addmessage(tmsgkind::usererror, concat("   ", errorcodetext(code).view()));
+    addexplanation(tmsgkind::usererror, concat("   ", errorcodetext(code).view()));
   };
   ttextfile file;
   if (const std::int32_t code = file.open(filename); code != 0) {
@@ -105,4 +105,4 @@ void tparameterwriter::writeindicators() {
   }
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

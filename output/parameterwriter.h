@@ -8,7 +8,7 @@
 #include "options/vksoptions.h"
 #include "output/textfile.h"
 
-namespace wexcorin {
+namespace optcore {
 
 // A value as it stands on a line of a definition or parameter file: in double quotes if it is empty or holds
 // a blank, tab or comma. Nothing inside is escaped.
@@ -37,4 +37,4 @@ class tparameterwriter {
   shortstring fname;  // where it is not written as it is held
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -9,7 +9,7 @@
 #include <cstring>
 #include <string>
 
-namespace wexcorin {
+namespace optcore {
 
 std::int32_t ttextfile::open(std::string_view filename) {
   close();
@@ -62,4 +62,4 @@ std::int32_t ttextfile::close() noexcept {
   return ferror;
 }
 
-}  // namespace wexcorin
+}  // namespace optcore

@@ -8,7 +8,7 @@
 #include <memory>
 #include <string_view>
 
-namespace wexcorin {
+namespace optcore {
 
 class ttextfile {
  public:
@@ -49,4 +49,4 @@ class ttextfile {
   char* fend = nullptr;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

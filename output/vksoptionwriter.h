@@ -7,7 +7,7 @@
 
 #include "options/vksoptions.h"
 
-namespace wexcorin {
+namespace optcore {
 
 class tvksoptionwriter {
  public:
@@ -28,4 +28,4 @@ class tvksoptionwriter {
   const tvksoptions& fstore;
 };
 
-}  // namespace wexcorin
+}  // namespace optcore

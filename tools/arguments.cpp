@@ -24,7 +24,7 @@ constexpr const char* notes =
 std::string versiontext() {
   std::string line = thandle().version();
   line.erase(line.find_last_not_of(' ') + 1);  // it is padded to its full width
-  return "wexcorin " + std::string(wexcorin::release::version) + "\n" + line;
+  return "wexcorin " + std::string(optcore::release::version) + "\n" + line;
 }
 
 std::string checkfilename(const std::string& name) {

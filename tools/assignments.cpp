@@ -9,7 +9,7 @@
 namespace tool {
 
 void addearlyend(treading& reading) {
-  const wexcorin::tvksoptions::tdefinitionend end = reading.handle().get()->definitionend();
+  const optcore::tvksoptions::tdefinitionend end = reading.handle().get()->definitionend();
   if (end.early)
     reading.add({{reading.definition(), end.line},
                  tseverity::warning,
@@ -23,9 +23,9 @@ tassignmentwatch::tassignmentwatch(treading& reading) : freading(reading), fstor
 
 tassignmentwatch::~tassignmentwatch() { fstore.setobserver(nullptr); }
 
-void tassignmentwatch::assigned(const wexcorin::toption& option, std::int32_t bits) {
-  if (option.opttype() == wexcorin::topttype::strlist || option.name().starts_with('.')) return;
-  const bool second = bits == wexcorin::secondvaluebit;
+void tassignmentwatch::assigned(const optcore::toption& option, std::int32_t bits) {
+  if (option.opttype() == optcore::topttype::strlist || option.name().starts_with('.')) return;
+  const bool second = bits == optcore::secondvaluebit;
   tassignment now = {std::string((second ? option.getasstring2() : option.getasstring()).view()), here(),
                      bymacro(option)};
   std::optional<tassignment>& before = flast[&option][second ? 1 : 0];
@@ -35,26 +35,26 @@ void tassignmentwatch::assigned(const wexcorin::toption& option, std::int32_t bi
 }
 
 tplace tassignmentwatch::here() const {
-  const wexcorin::tlinesource* source = fstore.activesource();
+  const optcore::tlinesource* source = fstore.activesource();
   if (source == nullptr || source->linenr() == 0) return {freading.source(), 0};
   return {freading.filename(source->sourcename()), source->linenr()};
 }
 
 // Whether the key being read names a macro, which then sets the option as one of its members.
-bool tassignmentwatch::bymacro(const wexcorin::toption& option) const {
+bool tassignmentwatch::bymacro(const optcore::toption& option) const {
   const std::string key(fstore.curoptname());
   if (key == option.name()) return false;
-  const wexcorin::toption* named = fstore.optionasobj(key);
-  return named != nullptr && named->opttype() == wexcorin::topttype::macro;
+  const optcore::toption* named = fstore.optionasobj(key);
+  return named != nullptr && named->opttype() == optcore::topttype::macro;
 }
 
 // A line that changes both values of an option is reported once.
-void tassignmentwatch::report(const wexcorin::toption& option, bool second, const tassignment& before,
+void tassignmentwatch::report(const optcore::toption& option, bool second, const tassignment& before,
                               const tassignment& now) {
   if (second && freported == &option && freportedplace == now.place) return;
   freported = &option;
   freportedplace = now.place;
-  const bool twovalues = option.subtype() == wexcorin::tsubtype::twovalues;
+  const bool twovalues = option.subtype() == optcore::tsubtype::twovalues;
   const std::string subject = !twovalues ? "Option "
                               : second   ? "Second value of option "
                                          : "First value of option ";

@@ -23,14 +23,15 @@ void addearlyend(treading& reading);
 // - a dot option, whose values belong to different symbols,
 // - a value that replaces one set by a macro: a macro is a preset, which lines of their own may refine. A
 //   macro that replaces what was set before it is reported.
-class tassignmentwatch final : public wexcorin::tassignmentobserver {
+class tassignmentwatch final : public optcore::tstoreobserver {
  public:
   explicit tassignmentwatch(treading& reading);
   ~tassignmentwatch() override;
   tassignmentwatch(const tassignmentwatch&) = delete;
   tassignmentwatch& operator=(const tassignmentwatch&) = delete;
 
-  void assigned(const wexcorin::toption& option, std::int32_t bits) override;
+  void filed(const optcore::tmessage&) override {}
+  void assigned(const optcore::toption& option, std::int32_t bits) override;
 
  private:
   struct tassignment {
@@ -40,14 +41,13 @@ class tassignmentwatch final : public wexcorin::tassignmentobserver {
   };
 
   tplace here() const;
-  bool bymacro(const wexcorin::toption& option) const;
-  void report(const wexcorin::toption& option, bool second, const tassignment& before,
-              const tassignment& now);
+  bool bymacro(const optcore::toption& option) const;
+  void report(const optcore::toption& option, bool second, const tassignment& before, const tassignment& now);
 
   treading& freading;
-  wexcorin::tvksoptions& fstore;
-  std::unordered_map<const wexcorin::toption*, std::array<std::optional<tassignment>, 2>> flast;
-  const wexcorin::toption* freported = nullptr;  // the option of the last report
+  optcore::tvksoptions& fstore;
+  std::unordered_map<const optcore::toption*, std::array<std::optional<tassignment>, 2>> flast;
+  const optcore::toption* freported = nullptr;  // the option of the last report
   tplace freportedplace;
 };
 

@@ -12,7 +12,7 @@ namespace tool {
 
 namespace {
 
-using namespace wexcorin;
+using namespace optcore;
 
 bool isdigit(char c) { return c >= '0' && c <= '9'; }
 bool isletter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }

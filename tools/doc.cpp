@@ -16,7 +16,7 @@ namespace tool {
 namespace {
 
 std::int32_t writetext(const std::string& path, const std::string& text) {
-  wexcorin::ttextfile file;
+  optcore::ttextfile file;
   file.open(path);
   file.write(text);
   return file.close();
@@ -24,8 +24,8 @@ std::int32_t writetext(const std::string& path, const std::string& text) {
 
 // 0, or the operating system's code of what went wrong with the file.
 std::int32_t write(const treading& reading, tdocform form, const std::string& path) {
-  const wexcorin::tvksoptions& store = *reading.handle().get();
-  const wexcorin::tvksoptionwriter writer(store);
+  const optcore::tvksoptions& store = *reading.handle().get();
+  const optcore::tvksoptionwriter writer(store);
   switch (form) {
     case tdocform::definition: return writer.writedefinition(path);
     case tdocform::pascal: return writer.writedelphiinc(path);
@@ -50,7 +50,7 @@ bool writeoutput(const treading& reading, const tdocarguments& arguments) {
   }
   if (code != 0)
     std::cerr << printable(arguments.output)
-              << ": error: cannot write the file: " << wexcorin::systemerrortext(code) << '\n';
+              << ": error: cannot write the file: " << optcore::systemerrortext(code) << '\n';
   return code == 0;
 }
 

@@ -11,7 +11,7 @@ namespace tool {
 
 namespace {
 
-using namespace wexcorin;
+using namespace optcore;
 
 using treason = const char*;  // null: there is none, all is well
 

@@ -16,6 +16,6 @@ struct tinexpressible {
 };
 
 // Values are read to the end of the line, or else word by word. What is not named comes back as it is.
-std::vector<tinexpressible> inexpressible(wexcorin::tvksoptions& store, bool eolonly);
+std::vector<tinexpressible> inexpressible(optcore::tvksoptions& store, bool eolonly);
 
 }  // namespace tool

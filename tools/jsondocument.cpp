@@ -9,7 +9,7 @@ namespace tool {
 
 namespace {
 
-using namespace wexcorin;
+using namespace optcore;
 using nlohmann::ordered_json;
 
 constexpr std::array<const char*, 4> subtypewords = {"required", "none", "optional", "two"};

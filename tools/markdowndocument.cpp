@@ -69,11 +69,11 @@ class tmarkdownwriter {
   }
 
  private:
-  static std::string lookuptext(wexcorin::tlookupmode mode) {
+  static std::string lookuptext(optcore::tlookupmode mode) {
     switch (mode) {
-      case wexcorin::tlookupmode::normal: break;
-      case wexcorin::tlookupmode::path: return "Of a name, the first three characters of every word count.";
-      case wexcorin::tlookupmode::minos:
+      case optcore::tlookupmode::normal: break;
+      case optcore::tlookupmode::path: return "Of a name, the first three characters of every word count.";
+      case optcore::tlookupmode::minos:
         return "Of a name, the first three characters of the first word and four of each later one count.";
     }
     return "Names are typed in full, in upper or lower case.";

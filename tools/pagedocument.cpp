@@ -15,7 +15,7 @@ namespace tool {
 
 namespace {
 
-using namespace wexcorin;
+using namespace optcore;
 
 constexpr std::array<std::string_view, 3> lookupnotes = {
     "Names are the same in upper and lower case.",

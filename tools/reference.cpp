@@ -10,7 +10,7 @@ namespace tool {
 
 namespace {
 
-using namespace wexcorin;
+using namespace optcore;
 
 constexpr const char* othertitle = "Further options";
 constexpr const char* onlytitle = "Options";

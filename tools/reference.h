@@ -31,8 +31,8 @@ struct toptionreference {
   std::int32_t number;  // from 1, as everywhere at the interface
   std::int32_t refnr;   // the client's own; macros have -1 and immediate options 0
   std::string name;
-  wexcorin::topttype type;
-  wexcorin::tsubtype subtype;
+  optcore::topttype type;
+  optcore::tsubtype subtype;
   std::int32_t group;  // 0 or less for none
   bool listed;         // in help; what is not listed is for the makers of the solver
   std::string help;
@@ -58,14 +58,14 @@ struct tgroupreference {
 
 struct treference {
   std::string definition;  // the file, as the command line named it
-  wexcorin::tlookupmode lookupmode;
+  optcore::tlookupmode lookupmode;
   std::string commentcharacters;  // that begin a comment at the end of a line of an option file
   std::string indicatorkeyword;   // empty where there are no indicators
   std::vector<tgroupreference> groups;
   std::vector<toptionreference> options;
 };
 
-treference describe(const wexcorin::tvksoptions& store, const std::string& definition);
+treference describe(const optcore::tvksoptions& store, const std::string& definition);
 
 // The listed options by group, in the order of the groups; options without a listed group come last, under a
 // title of the tool's.

@@ -66,7 +66,7 @@ void checkitems(tpair& pair, std::int32_t number, std::int32_t opttype) {
   HOLDS(pair.call(BOTH(getenumstrnr), number, current, item) == istext, number);
   if (!istext || item == 0) return;
   HOLDS(pair.call(BOTH(getenumvalue), number, item, integer, value) == 1, number);
-  HOLDS(wexcorin::struequal(value.text(), current.text()), number, value.text());
+  HOLDS(optcore::struequal(value.text(), current.text()), number, value.text());
 }
 
 void checkoption(tpair& pair, std::int32_t number) {

@@ -14,7 +14,7 @@
 #include "base/vksobj.h"
 #include "support/table.h"
 
-namespace wexcorin::basetest {
+namespace optcore::basetest {
 
 TEST(shortstrings, appending_cuts_at_255) {
   const std::string longtext(200, 'a');
@@ -253,4 +253,4 @@ TEST(lists, sorting_takes_no_quadratic_time_whatever_the_order) {
   EXPECT_LT(list.fcompared, 400 * list.count) << "the pivots alone would take the square of " << list.count;
 }
 
-}  // namespace wexcorin::basetest
+}  // namespace optcore::basetest

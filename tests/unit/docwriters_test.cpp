@@ -10,7 +10,7 @@
 #include "output/vksoptionwriter.h"
 #include "support/handle.h"
 
-namespace wexcorin::docwriterstest {
+namespace optcore::docwriterstest {
 
 using testsupport::readfile;
 using testsupport::ttempdir;
@@ -177,4 +177,4 @@ TEST(htmlwr, operations_write_their_markup) {
       R"(<a href="f.html">t</a>|<h1 align=Left>a&amp;b</h1>||<h6 align=Right>t</h6>||</body>|</html>|)");
 }
 
-}  // namespace wexcorin::docwriterstest
+}  // namespace optcore::docwriterstest

@@ -16,7 +16,7 @@
 #include "options/vksoptions.h"
 #include "support/handle.h"
 
-namespace wexcorin::librarytest {
+namespace optcore::librarytest {
 
 TEST(pchutil, texts_of_255_and_more_characters_are_replaced_and_copies_end_in_a_zero) {
   char buffer[300] = "abc";
@@ -88,8 +88,9 @@ TEST(dotoptions, parts_without_an_entry_are_told) {
 // What the library has for the programs that are built with its objects, and the echo that is switched on
 // while a file is read.
 TEST(store, values_by_class_and_name) {
-  struct techo : tassignmentobserver {
+  struct techo : tstoreobserver {
     explicit techo(tvksoptions& store) : fstore(store) {}
+    void filed(const tmessage&) override {}
     void assigned(const toption&, std::int32_t) override { fstore.optechoset(true); }
     tvksoptions& fstore;
   };
@@ -123,15 +124,15 @@ TEST(store, values_by_class_and_name) {
 
 TEST(scanner, the_next_character_runs_across_the_lines_of_a_file_only) {
   const testsupport::ttempdir directory;
-  txstringlist<tmsgkind> echo;
-  tminiparser file(echo, false, {});
+  tmessagelist messages;
+  tminiparser file(messages, false, {});
   EXPECT_EQ(file.fileopen(directory.path("none")), ENOENT);
   ASSERT_EQ(file.fileopen(directory.write("lines", "ab\n\n*comment\nc")), 0);
   std::string seen;
   for (file.nextline(); file.ch() != tminiparser::endofinput; file.nextch())
     seen += file.ch() == tminiparser::endofline ? '|' : file.ch();
   EXPECT_EQ(seen, "ab|c|");
-  tminiparser text(echo, false, {});
+  tminiparser text(messages, false, {});
   text.readfromstr("a");
   seen = text.ch();
   EXPECT_TRUE(text.nextline());
@@ -155,8 +156,8 @@ TEST(scanner, files_come_back_line_by_line_whatever_the_block_they_end_in) {
         bytes += line + end;
         expected += line.substr(0, 1020) + '\n';
       }
-    txstringlist<tmsgkind> echo;
-    tminiparser scanner(echo, false, {});
+    tmessagelist messages;
+    tminiparser scanner(messages, false, {});
     ASSERT_EQ(scanner.fileopen(directory.write("lines", bytes + "last\r")), 0);
     for (; scanner.nextline(); read += '\n')
       for (; !scanner.atlineend(); scanner.nextch()) read += scanner.ch();
@@ -193,4 +194,4 @@ TEST(units, start_with_the_first_load_and_stop_after_the_exit_procedures) {
 // A function that is added to the interface has to be added to the check.
 TEST(library, every_function_with_a_handle_can_be_checked) { EXPECT_EQ(signatures().size(), 75U); }
 
-}  // namespace wexcorin::librarytest
+}  // namespace optcore::librarytest
