@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <new>
 #include <string_view>
 #include <type_traits>
 
@@ -20,26 +21,28 @@ inline std::string_view in(const optshortstring* text) noexcept {
 }
 inline std::string_view in(const char* text) noexcept { return pchartostr(text); }
 
-// A named result: it must outlive the call that fills it. The buffer may be that of a text argument, since
-// results are written only when the arguments have been used.
-class tout : public ttextout {
- public:
-  explicit tout(optshortstring* buffer) noexcept : ttextout(shortform(), reinterpret_cast<char*>(buffer)) {}
-  explicit tout(char* buffer) noexcept : ttextout(zeroterminatedform(), buffer) {}
-};
+// A text result. The buffer may be that of a text argument, since results are written only when the arguments
+// have been used.
+inline ttextout out(optshortstring* buffer) noexcept {
+  return {ttextout::tform::shortstring, reinterpret_cast<char*>(buffer)};
+}
+inline ttextout out(char* buffer) noexcept { return {ttextout::tform::zeroterminated, buffer}; }
 
-// Runs the call and gives its result as the interface knows it: 1 and 0 for true and false. When the call
-// fails for want of memory the result is `failure`, and a message tells: not every function has a result.
-// Only what stores, reads or writes can fail so: questions need no memory.
+// Runs the call and returns its result as the interface has it: 1 and 0 for true and false. When the call fails
+// for want of memory the result is `failure`, and a message says so: not every function has a result. Only what
+// stores, reads or writes can fail so: queries need no memory. Nothing else is thrown here; if something were,
+// the message would not blame the memory.
 template <class tcall>
 auto guarded(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
   using tresult = std::conditional_t<std::is_void_v<decltype(call())>, void, std::int32_t>;
   try {
     return static_cast<tresult>(call());
-  } catch (...) {
+  } catch (const std::bad_alloc&) {
     handle->messages().addoutofmemory();
-    return static_cast<tresult>(failure);
+  } catch (...) {
+    handle->messages().addinternalerror();
   }
+  return static_cast<tresult>(failure);
 }
 
 template <class tcall>

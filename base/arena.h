@@ -4,7 +4,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 
 #include "base/heapstring.h"
 
@@ -29,7 +32,16 @@ class tarena {
   tarena& operator=(const tarena&) = delete;
   ~tarena();
 
-  // Room for an object. Throws std::bad_alloc.
+  // An object that is made here, as whoever takes it must hold it: with its owner, or as a plain pointer if
+  // there is nothing to destroy. Throws std::bad_alloc.
+  template <class tobject>
+  using tmade =
+      std::conditional_t<std::is_trivially_destructible_v<tobject>, tobject*, std::unique_ptr<tobject>>;
+  template <class tobject, class... targuments>
+  tmade<tobject> make(targuments&&... arguments) {
+    return tmade<tobject>(new (*this) tobject(std::forward<targuments>(arguments)...));
+  }
+  // Room that is aligned for any of them. Throws std::bad_alloc.
   void* allocate(std::size_t size) {
     fnext += -reinterpret_cast<std::uintptr_t>(fnext) % alignment;
     return take(size);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 
@@ -13,25 +14,22 @@ namespace optcore {
 
 class ttextout {
  public:
-  struct shortform {};
-  struct zeroterminatedform {};
+  enum class tform : std::uint8_t { shortstring, zeroterminated };
 
-  ttextout(shortform, char* buffer) noexcept : fbuffer(buffer), fzeroterminated(false), fwritten(true) {}
-  ttextout(zeroterminatedform, char* buffer) noexcept
-      : fbuffer(buffer), fzeroterminated(true), fwritten(false) {}
+  ttextout(tform form, char* buffer) noexcept : fbuffer(buffer), fform(form) {}
   ttextout(const ttextout&) = delete;
   ttextout& operator=(const ttextout&) = delete;
   // A text that was left untouched comes back empty in the zero-terminated form.
   ~ttextout() {
-    if (!fwritten) fbuffer[0] = '\0';
+    if (fform == tform::zeroterminated && !fwritten) fbuffer[0] = '\0';
   }
 
   // The text may lie in the buffer itself.
   void set(std::string_view text) noexcept {
     const std::size_t length = text.size() < shortstring::capacity ? text.size() : shortstring::capacity;
-    char* characters = fzeroterminated ? fbuffer : fbuffer + 1;
+    char* characters = fform == tform::zeroterminated ? fbuffer : fbuffer + 1;
     if (length != 0) std::memmove(characters, text.data(), length);
-    if (fzeroterminated)
+    if (fform == tform::zeroterminated)
       fbuffer[length] = '\0';
     else
       fbuffer[0] = static_cast<char>(length);
@@ -41,8 +39,8 @@ class ttextout {
 
  private:
   char* fbuffer;
-  bool fzeroterminated;
-  bool fwritten;
+  tform fform;
+  bool fwritten = false;
 };
 
 }  // namespace optcore

@@ -11,9 +11,11 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <new>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 #include "base/arena.h"
 #include "base/heapstring.h"
@@ -285,6 +287,12 @@ template <class tobject>
 class txlistobj : public txlist<tobject*> {
  public:
   ~txlistobj() override { this->clear(); }
+  // Takes the object over.
+  std::int32_t add(std::unique_ptr<tobject> object) {
+    const std::int32_t index = txlist<tobject*>::add(object.get());
+    static_cast<void>(object.release());
+    return index;
+  }
   void freeitem(std::int32_t index) override { delete this->get(index); }
 };
 
@@ -292,6 +300,12 @@ template <class tobject>
 class txstringlistobj : public txstringlist<tobject*> {
  public:
   ~txstringlistobj() override { this->clear(); }
+  // Takes the object over.
+  std::int32_t addobject(std::string_view text, std::unique_ptr<tobject> object) {
+    const std::int32_t index = txstringlist<tobject*>::addobject(text, object.get());
+    static_cast<void>(object.release());
+    return index;
+  }
   void freeobject(std::int32_t index) override { delete this->getobject(index); }
 };
 
@@ -300,9 +314,13 @@ template <class tobject>
 class tstoredlistobj : public txstringlistobj<tobject> {
  public:
   ~tstoredlistobj() override { this->clear(); }
-  void addstored(tstoredtext text, tobject* object) { this->addblock(text.block(), object); }
-  void addstored(tstoredtext text, tobject* object, const tsoughtname& name) {
-    addstored(text, object);
+  // Takes the object over. The name, if given, must be the text: it enters the index.
+  void addstored(tstoredtext text, std::unique_ptr<tobject> object) {
+    this->addblock(text.block(), object.get());
+    static_cast<void>(object.release());
+  }
+  void addstored(tstoredtext text, std::unique_ptr<tobject> object, const tsoughtname& name) {
+    addstored(text, std::move(object));
     this->addedname(name);
   }
   void freetext(char*) override {}

@@ -21,7 +21,7 @@ void write(benchmark::State& state, std::int64_t size, twriter writer) {
   const tvksoptions& store = *static_cast<tvksoptions*>(handle);
   std::int32_t code = 0;
   timed(
-      state, size, [&] { code = (optcore::tvksoptionwriter(store).*writer)(path); },
+      state, size, [&] { code = (optcore::tvksoptionwriter(store.definition()).*writer)(path); },
       [&] {
         std::ifstream file(path, std::ios::binary);
         const std::string text(std::istreambuf_iterator<char>(file), {});

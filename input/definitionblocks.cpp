@@ -51,7 +51,7 @@ void tdefinitionreader::multilistmembers(tmultilistoption& option) {
   while (nextcontinuation()) {
     std::string_view word;
     for (fscanner.nexttoken(word); !word.empty(); fscanner.nexttoken(word)) {
-      const std::int32_t index = fstore.optlookup(word);
+      const std::int32_t index = fdefinition.optlookup(word);
       if (index < 0) error(concat("MultiList option ", quoted(word), " is undefined"));
       if (!used.insert(index).second) error("Duplicate option used");
       option.additem(index);
@@ -65,7 +65,7 @@ void tdefinitionreader::macromembers(tmacrooption& option) {
     std::string_view word;
     fscanner.nexttoken(word);
     if (word.empty()) return endearly();
-    if (toption* member = fstore.exactoption(word))
+    if (toption* member = fdefinition.exactoption(word))
       option.additem(member);
     else
       error(concat("Unknown option ", quoted(word), " for macro ", quoted(fname)));
@@ -76,25 +76,24 @@ void tdefinitionreader::macromembers(tmacrooption& option) {
 
 // synonym = optionname .
 void tdefinitionreader::synonym() {
-  if (fstore.synonyms().indexof(fname) >= 0) error("Duplicate synonym");
+  if (fdefinition.synonyms().indexof(fname) >= 0) error("Duplicate synonym");
   std::string_view word;
   fscanner.nexttoken(word);
-  const std::int32_t index = fstore.optlookup(word);
+  const std::int32_t index = fdefinition.optlookup(word);
   if (index < 0) error("Unknown option for synonym");
-  fstore.addsynonym(fname, index);
+  fdefinition.addsynonym(fname, index);
   nextline();
 }
 
 // group = number hc text .
 void tdefinitionreader::group() {
-  if (fstore.groups().indexof(fname) >= 0) error("Duplicate group");
+  if (fdefinition.groups().indexof(fname) >= 0) error("Duplicate group");
   integerfield(fgroup, "Bad group number");
   integerfield(fhc, "Bad HC");
-  if (fstore.optgetgroupgrpnr(fgroup) >= 1) error("Group number not unique");
+  if (fdefinition.groupwithnumber(fgroup) >= 0) error("Group number not unique");
   std::string_view text;
   fscanner.restofline(text);
-  tarena& arena = fstore.arena();
-  fstore.addgroup(fname, std::unique_ptr<tgroupobj>(new (arena) tgroupobj(fgroup, fhc, arena.text(text))));
+  fdefinition.addgroup(fname, fgroup, fhc, text);
   nextline();
 }
 
@@ -107,11 +106,11 @@ void tdefinitionreader::marks(tdeprecation ownname, tdeprecation itssynonym) {
       nextline();
       return;
     }
-    toption* option = fstore.getobjects(fstore.optlookup(word));
+    toption* option = fdefinition.getobjects(fdefinition.optlookup(word));
     tdeprecation kind = ownname;
     if (option == nullptr) {
-      const std::int32_t synonym = fstore.synonyms().indexof(word);
-      if (synonym >= 0) option = fstore.synonymtarget(synonym);
+      const std::int32_t synonym = fdefinition.synonyms().indexof(word);
+      if (synonym >= 0) option = fdefinition.synonymtarget(synonym);
       kind = itssynonym;
     }
     if (option == nullptr) {
@@ -126,7 +125,7 @@ void tdefinitionreader::marks(tdeprecation ownname, tdeprecation itssynonym) {
 
 // The name is the keyword with which indicator lines of parameter files begin.
 void tdefinitionreader::indicator() {
-  if (!fstore.dotname().empty()) error("Indicator redefined");
+  if (!fdefinition.dotname().empty()) error("Indicator redefined");
   if (fname.size() > maxidentifier) error(concat("Indicator ", quoted(fname), " not a good identifier"));
   fstore.declareindicator(fname);
   nextline();
@@ -137,7 +136,7 @@ void tdefinitionreader::lookup() {
   bool isknown = false;
   for (std::size_t mode = 0; mode < lookupmodenames.size() && !isknown; ++mode) {
     isknown = struequal(fname, lookupmodenames[mode]);
-    if (isknown) fstore.setlookupmode(static_cast<tlookupmode>(mode));
+    if (isknown) fdefinition.setlookupmode(static_cast<tlookupmode>(mode));
   }
   if (!isknown) error(concat("Unknown lookup code ", quoted(fname)));
   nextline();
@@ -163,7 +162,7 @@ void tdefinitionreader::eolcomm() {
     if (!startscomment(character)) break;
     set.set(static_cast<unsigned char>(character));
   }
-  fstore.seteolcommset(set);
+  fdefinition.seteolcommset(set);
   nextline();
 }
 

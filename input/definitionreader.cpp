@@ -5,25 +5,28 @@
 #include <array>
 
 #include "base/systemerror.h"
-#include "input/activesource.h"
 
 namespace optcore {
 
 std::int32_t tvksoptions::optreaddefinition(std::string_view filename) {
-  setfilename(filename);
-  setdefinitionend({});
-  tminiparser scanner(fmessages, fecho, tcharset());
+  return readdefinition(*this, filename);
+}
+
+std::int32_t readdefinition(tvksoptions& store, std::string_view filename) {
+  const auto fileproblem = [&store, filename](std::string_view problem, std::int32_t code) {
+    store.addmessage(tmsgkind::defineerror, concat(problem, quoted(filename)), {filename});
+    store.addexplanation(tmsgkind::defineerror, errorcodetext(code));
+  };
+  store.definition().setfilename(filename);
+  store.definition().setearlyend(0);
+  tminiparser scanner(store.messages(), store.echo(), tcharset());
   if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
-    addmessage(tmsgkind::defineerror, concat("Cannot open option file ", quoted(filename)));
-    addexplanation(tmsgkind::defineerror, errorcodetext(code));
+    fileproblem("Cannot open option file ", code);
     return code;
   }
-  const tactivesource active(*this, scanner);
-  tdefinitionreader(*this, scanner).read();
-  if (const std::int32_t code = scanner.readerror(); code != 0) {
-    addmessage(tmsgkind::defineerror, concat("Cannot read option file ", quoted(filename)));
-    addexplanation(tmsgkind::defineerror, errorcodetext(code));
-  }
+  const tactivesource active(store, scanner);
+  tdefinitionreader(store, scanner).read();
+  if (const std::int32_t code = scanner.readerror(); code != 0) fileproblem("Cannot read option file ", code);
   return 0;
 }
 
@@ -37,14 +40,14 @@ void tdefinitionreader::read() {
 // The one option that every definition has.
 void tdefinitionreader::addhelpoption() {
   const toptionhead head{"Help", &fstore, 0, 0, 0, {}};
-  std::unique_ptr<toption> help(new (fstore.arena()) timmediateoption(head, timmkind::help));
+  auto help = fdefinition.arena().make<timmediateoption>(head, timmkind::help);
   help->setsubtype(tsubtype::optional);
-  fstore.addoption(std::move(help));
+  fdefinition.addoption(std::move(help), tsoughtname(head.name));
 }
 
 // The line that is being read cannot begin a definition: it and what follows it are not read.
 void tdefinitionreader::endearly() {
-  fstore.setdefinitionend({fscanner.linenr(), true});
+  fdefinition.setearlyend(fscanner.linenr());
   fmore = false;
 }
 
@@ -82,10 +85,10 @@ tdefinitionreader::tkeyword tdefinitionreader::type() {
   else
     modifier(word.substr(period + 1));
   const tkeyword keyword = findkeyword(word.substr(0, period));
-  if (fmodifier != tsubtype::required && keyword > tkeyword::enumint) error("Type modifier not allowed");
-  if (keyword <= tkeyword::immediate) {
+  if (fmodifier != tsubtype::required && !takesmodifier(keyword)) error("Type modifier not allowed");
+  if (isoption(keyword)) {
     fsoughtname = tsoughtname(fname);
-    if (fstore.optionasobj(fsoughtname) != nullptr) error("Duplicate option");
+    if (fdefinition.optionasobj(fsoughtname) != nullptr) error("Duplicate option");
     if (keyword == tkeyword::macro || keyword == tkeyword::immediate)
       fusermap = -1;
     else
@@ -162,7 +165,7 @@ toptionhead tdefinitionreader::head() {
 // Makes the option of the line whose fields have been read; the text is read last.
 template <class tclass, class... targuments>
 std::unique_ptr<tclass> tdefinitionreader::make(const targuments&... arguments) {
-  return std::unique_ptr<tclass>(new (fstore.arena()) tclass(head(), arguments...));
+  return fdefinition.arena().make<tclass>(head(), arguments...);
 }
 
 // ---- option = fields text { continuation } .

@@ -19,10 +19,14 @@
 
 namespace optcore {
 
+// Returns 0, or the system's code of a file that cannot be opened; there are messages then.
+std::int32_t readdefinition(tvksoptions& store, std::string_view filename);
+
 class tdefinitionreader {
  public:
   // Both must outlive the reader; the scanner has its file open.
-  tdefinitionreader(tvksoptions& store, tminiparser& scanner) : fstore(store), fscanner(scanner) {}
+  tdefinitionreader(tvksoptions& store, tminiparser& scanner)
+      : fstore(store), fdefinition(store.definition()), fscanner(scanner) {}
 
   void read();
 
@@ -49,6 +53,9 @@ class tdefinitionreader {
     eolcomm
   };
   static tkeyword findkeyword(std::string_view word);
+  // An unknown word is treated as that of an option until its line is given up.
+  static bool isoption(tkeyword keyword) { return keyword <= tkeyword::immediate; }
+  static bool takesmodifier(tkeyword keyword) { return keyword <= tkeyword::enumint; }
 
   // ---- lines
   bool nextline() { return fmore = fscanner.nextline(); }
@@ -98,19 +105,22 @@ class tdefinitionreader {
   toptionhead head();
   template <class tclass, class... targuments>
   std::unique_ptr<tclass> make(const targuments&... arguments);
-  toption& add(std::unique_ptr<toption> option) { return fstore.addoption(std::move(option), fsoughtname); }
+  toption& add(std::unique_ptr<toption> option) {
+    return fdefinition.addoption(std::move(option), fsoughtname);
+  }
 
   // Files a definition error with the name of the definition at its end.
   void error(std::string_view problem);
 
   tvksoptions& fstore;
+  tdefinition& fdefinition;
   tminiparser& fscanner;
   bool fmore = false;  // the scanner stands on a line that is still to be read
 
   // What was read last. Lines leave these fields as they are where a token is missing, so that the value of
   // an earlier line stands.
   shortstring fname;
-  tsoughtname fsoughtname{{}};  // the same, of an option
+  tsoughtname fsoughtname{{}};  // views fname, of an option
   tsubtype fmodifier = tsubtype::required;
   std::int32_t fusermap = 0;
   std::int32_t fdefault = 0;

@@ -2,7 +2,6 @@
 #include "input/parameterreader.h"
 
 #include "base/systemerror.h"
-#include "input/activesource.h"
 #include "options/checkboolean.h"
 
 namespace optcore {
@@ -18,19 +17,13 @@ constexpr std::int32_t mostfiles = 10000;
 
 class tnesting {
  public:
-  tnesting(std::int32_t& level, std::int32_t& filesread) noexcept : flevel(level), ffilesread(filesread) {
-    if (flevel++ == 0) ffilesread = 0;
-    ++ffilesread;
-  }
+  explicit tnesting(std::int32_t& level) noexcept : flevel(level) { ++flevel; }
   tnesting(const tnesting&) = delete;
   tnesting& operator=(const tnesting&) = delete;
   ~tnesting() { --flevel; }
-  bool toodeep() const noexcept { return flevel > deepestnesting; }
-  bool toomany() const noexcept { return ffilesread > mostfiles; }
 
  private:
   std::int32_t& flevel;
-  std::int32_t& ffilesread;
 };
 
 }  // namespace
@@ -38,45 +31,59 @@ class tnesting {
 // ---- sources
 
 std::int32_t tvksoptions::optreadparameterfile(std::string_view filename) {
-  tminiparser scanner(fmessages, fecho, feolcommset);
+  return tparameterreading(*this).readfile(filename);
+}
+void tvksoptions::optreadfromstr(std::string_view text) { tparameterreading(*this).readstring(text); }
+void tvksoptions::optreadfrompchar(const char* text) { tparameterreading(*this).readpchar(text); }
+
+std::int32_t tparameterreading::readfile(std::string_view filename) {
+  tminiparser scanner(fstore.messages(), fstore.echo(), fstore.definition().eolcommset());
   if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
-    addmessage(tmsgkind::usererror, concat("Cannot open parameter file ", quoted(filename)));
-    addexplanation(tmsgkind::usererror, errorcodetext(code));
+    fstore.addmessage(tmsgkind::usererror, concat("Cannot open parameter file ", quoted(filename)),
+                      {filename});
+    fstore.addexplanation(tmsgkind::usererror, errorcodetext(code));
     return code;
   }
-  const tactivesource active(*this, scanner);
-  addmessage(tmsgkind::fileenter, filename);
-  const tnesting nesting(fnestlevel, ffilesread);
-  if (nesting.toodeep())
-    addmessage(tmsgkind::usererror, "File nesting level too deep; file ignored");
-  else if (nesting.toomany())
-    addmessage(tmsgkind::usererror, "Too many parameter files; file ignored");
-  else
-    tparameterreader(*this, scanner).parse();
+  const tactivesource active(fstore, scanner);
+  fstore.addmessage(tmsgkind::fileenter, filename);
+  parsefile(scanner);
   if (const std::int32_t code = scanner.readerror(); code != 0) {
-    addmessage(tmsgkind::usererror, concat("Cannot read parameter file ", quoted(filename)));
-    addexplanation(tmsgkind::usererror, errorcodetext(code));
+    fstore.addmessage(tmsgkind::usererror, concat("Cannot read parameter file ", quoted(filename)),
+                      {filename});
+    fstore.addexplanation(tmsgkind::usererror, errorcodetext(code));
   }
-  addmessage(tmsgkind::fileleave, filename);
+  fstore.addmessage(tmsgkind::fileleave, filename);
   return 0;
 }
 
-void tvksoptions::optreadfromstr(std::string_view text) {
-  tminiparser scanner(fmessages, fecho, feolcommset);
-  scanner.readfromstr(text);
-  const tactivesource active(*this, scanner);
-  addmessage(tmsgkind::fileenter, "string");
-  tparameterreader(*this, scanner).parse();
-  addmessage(tmsgkind::fileleave, "string");
+void tparameterreading::parsefile(tminiparser& scanner) {
+  const tnesting nesting(fnestlevel);
+  if (fnestlevel > deepestnesting)
+    fstore.addmessage(tmsgkind::usererror, "File nesting level too deep; file ignored");
+  else if (++ffilesread > mostfiles)
+    fstore.addmessage(tmsgkind::usererror, "Too many parameter files; file ignored");
+  else
+    parse(scanner);
 }
 
-void tvksoptions::optreadfrompchar(const char* text) {
-  tminiparser scanner(fmessages, fecho, feolcommset);
+void tparameterreading::parse(tminiparser& scanner) { tparameterreader(fstore, scanner, *this).parse(); }
+
+void tparameterreading::readstring(std::string_view text) {
+  tminiparser scanner(fstore.messages(), fstore.echo(), fstore.definition().eolcommset());
+  scanner.readfromstr(text);
+  const tactivesource active(fstore, scanner);
+  fstore.addmessage(tmsgkind::fileenter, "string");
+  parse(scanner);
+  fstore.addmessage(tmsgkind::fileleave, "string");
+}
+
+void tparameterreading::readpchar(const char* text) {
+  tminiparser scanner(fstore.messages(), fstore.echo(), fstore.definition().eolcommset());
   scanner.readfrompchar(text);
-  const tactivesource active(*this, scanner);
-  addmessage(tmsgkind::fileenter, "pchar");
-  tparameterreader(*this, scanner).parse();
-  addmessage(tmsgkind::fileleave, "pchar");
+  const tactivesource active(fstore, scanner);
+  fstore.addmessage(tmsgkind::fileenter, "pchar");
+  parse(scanner);
+  fstore.addmessage(tmsgkind::fileleave, "pchar");
 }
 
 // ---- statements
@@ -128,22 +135,24 @@ void tparameterreader::setkey(std::string_view identifier, std::int32_t dashes) 
 
 bool tparameterreader::dispatch(std::int32_t dashes) {
   if (dashes == 0 && fscanner.ch() == '.') return dotline();
-  if (dashes == 0 && !fstore.dotname().empty() && struequal(fkey, fstore.dotname())) return indicatorline();
+  if (dashes == 0 && isindicatorkeyword()) return indicatorline();
   toption* option = findoption();
-  fstore.setcuroptname(fkey);
-  if (dashes >= 2) {
-    return listvalue(option != nullptr ? *option : addlist());
-  }
+  const tcurrentname current(fstore, fkey);
+  if (dashes >= 2) return listvalue(option != nullptr ? *option : addlist());
   if (option == nullptr) return unknownkey();
   if (const auto* immediateoption = ifis<timmediateoption>(option)) return immediate(*immediateoption);
   return ordinary(*option);
 }
 
+bool tparameterreader::isindicatorkeyword() const {
+  return !fdefinition.dotname().empty() && struequal(fkey, fdefinition.dotname());
+}
+
 toption* tparameterreader::findoption() {
-  if (fstore.lookupmode() != tlookupmode::minos) return fstore.optionasobj(fkey);
+  if (fdefinition.lookupmode() != tlookupmode::minos) return fdefinition.optionasobj(fkey);
   // names are typed with blanks in this mode
   if (fkey.find('_') != std::string_view::npos) return nullptr;
-  toption* option = fstore.optionasobj(fkey);
+  toption* option = fdefinition.optionasobj(fkey);
   return option != nullptr ? option : findjoined();
 }
 
@@ -154,7 +163,7 @@ toption* tparameterreader::findjoined() {
     std::string_view word;
     if (!fscanner.skipbl() || !fscanner.nextidentx(word)) break;  // a sign, digit or period ends the key
     fkey = fkeytext.assign(fkey).append("_").append(word);
-    option = fstore.optionasobj(fkey);
+    option = fdefinition.optionasobj(fkey);
   }
   return option;
 }
@@ -162,7 +171,7 @@ toption* tparameterreader::findjoined() {
 // A key with two dashes that is no option becomes one.
 toption& tparameterreader::addlist() {
   const toptionhead head{fkey, &fstore, 0, 0, 0, {}};
-  return fstore.addoption(std::unique_ptr<toption>(new (fstore.arena()) tstrlistoption(head)));
+  return fdefinition.addoption(fdefinition.arena().make<tstrlistoption>(head), tsoughtname(fkey));
 }
 
 bool tparameterreader::unknownkey() {
@@ -199,7 +208,7 @@ bool tparameterreader::immediate(const timmediateoption& option) {
   }
   switch (option.immkind()) {
     case timmkind::eolflag: feolonly = checkboolean(text) != tbooleanword::no; break;
-    case timmkind::readfile: fstore.optreadparameterfile(text); break;
+    case timmkind::readfile: freading.readfile(text); break;
     case timmkind::message: error(text, {fkey, &option, text}); break;
     case timmkind::nobounds: fstore.optnoboundsset(checkboolean(text) != tbooleanword::no); break;
     case timmkind::help: fstore.optshowhelp(text); break;
@@ -231,7 +240,7 @@ bool tparameterreader::ordinary(toption& option) {
 // A value is a token in normal mode, and the rest of the line in end-of-line mode.
 void tparameterreader::tokenasvalue(toption& option) {
   const tvalue value = token();
-  if (allowsdeprecated(option) && value.isread()) option.setasstring(value.text);
+  if (allowsdeprecated(option) && value) option.setasstring(*value);
 }
 
 void tparameterreader::restasvalue(toption& option) {
@@ -243,13 +252,13 @@ void tparameterreader::restasvalue(toption& option) {
 // both.
 void tparameterreader::twovalues(toption& option) {
   const tvalue first = token();
-  const tvalue second = !feolonly ? token() : fscanner.skipbl() ? tvalue{restvalue()} : tvalue();
+  const tvalue second = !feolonly ? token() : fscanner.skipbl() ? tvalue(restvalue()) : std::nullopt;
   if (!allowsdeprecated(option)) return;
-  if (first.isread() && first.text != "*") {
-    option.setasstring(first.text);
-    if (!second.isread()) option.setasstring2(first.text);
+  if (first && *first != "*") {
+    option.setasstring(*first);
+    if (!second) option.setasstring2(*first);
   }
-  if (second.isread() && second.text != "*") option.setasstring2(second.text);
+  if (second && *second != "*") option.setasstring2(*second);
 }
 
 bool tparameterreader::warnsofdeprecated(const toption& option) {
@@ -272,7 +281,7 @@ bool tparameterreader::warnsofdeprecated(const toption& option) {
 
 tparameterreader::tvalue tparameterreader::token() {
   std::string_view text;
-  return fscanner.nexttoken(text) ? tvalue{text} : tvalue();
+  return fscanner.nexttoken(text) ? tvalue(text) : std::nullopt;
 }
 
 // The rest of the line, of which there is some, up to a comment.

@@ -17,6 +17,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "input/miniparser.h"
@@ -24,20 +25,45 @@
 
 namespace optcore {
 
+// What one call reads: a file or a text, and the files that it asks for, within each other and one after the
+// other.
+class tparameterreading {
+ public:
+  // The store must outlive the reading.
+  explicit tparameterreading(tvksoptions& store) : fstore(store) {}
+  tparameterreading(const tparameterreading&) = delete;
+  tparameterreading& operator=(const tparameterreading&) = delete;
+
+  // Returns 0, or the system's code of a file that cannot be opened; there are messages then.
+  std::int32_t readfile(std::string_view filename);
+  // Of a short string 255 characters count.
+  void readstring(std::string_view text);
+  void readpchar(const char* text);
+
+ private:
+  void parse(tminiparser& scanner);
+  void parsefile(tminiparser& scanner);
+
+  tvksoptions& fstore;
+  std::int32_t fnestlevel = 0;  // files that are open within each other
+  std::int32_t ffilesread = 0;
+};
+
 class tparameterreader {
  public:
-  // Both must outlive the reader.
-  tparameterreader(tvksoptions& store, tminiparser& scanner)
-      : fstore(store), fscanner(scanner), feolonly(store.eolonly()) {}
+  // All three must outlive the reader.
+  tparameterreader(tvksoptions& store, tminiparser& scanner, tparameterreading& reading)
+      : fstore(store),
+        fdefinition(store.definition()),
+        fscanner(scanner),
+        freading(reading),
+        feolonly(store.eolonly()) {}
 
   void parse();
 
  private:
-  // A value that may not be there, which is no text at all; there and empty is not the same.
-  struct tvalue {
-    std::string_view text;
-    bool isread() const noexcept { return text.data() != nullptr; }
-  };
+  // A value that may not be there; there and empty is not the same.
+  using tvalue = std::optional<std::string_view>;
 
   // ---- the grammar: each answers whether the statements of the line go on
   bool statement();
@@ -57,6 +83,7 @@ class tparameterreader {
   bool badseparator(std::string_view key);
   void novalue(const toption& option);
   void setkey(std::string_view identifier, std::int32_t dashes);
+  bool isindicatorkeyword() const;
   toption* findoption();
   toption* findjoined();
   toption& addlist();
@@ -70,7 +97,7 @@ class tparameterreader {
   std::string_view restvalue();
   std::string_view quotedrest();
 
-  // ---- dot lines and indicator lines (entrylines.cpp)
+  // ---- dot lines and indicator lines (symbollines.cpp)
   void dotentry(std::int32_t optionindex);
   bool dotelements();
   bool indicatorentry();
@@ -87,7 +114,9 @@ class tparameterreader {
   }
 
   tvksoptions& fstore;
+  tdefinition& fdefinition;
   tminiparser& fscanner;
+  tparameterreading& freading;
   bool feolonly;          // the running mode; an immediate option may change it
   std::string_view fkey;  // of the statement, without signs or with exactly two dashes
   // What is not part of the line as it stands: a key, and a value.

@@ -21,20 +21,23 @@ enum class topttype : std::uint8_t {
   macro,
   immediate
 };
-inline constexpr std::array<std::string_view, 10> opttypenames = {
-    "integer", "double",    "string",  "boolean", "enumstr",
-    "enumint", "multilist", "strlist", "macro",   "immediate"};
-inline constexpr std::array<std::string_view, 10> opttypeconstnames = {
-    "optTypeInteger", "optTypeDouble",    "optTypeString",  "optTypeBoolean", "optTypeEnumStr",
-    "optTypeEnumInt", "optTypeMultiList", "optTypeStrList", "optTypeMacro",   "optTypeImmediate"};
+// How many there are. A table by type is made with std::to_array and has its size asserted, so that one with a
+// missing entry does not compile.
+inline constexpr std::size_t opttypecount = 10;
+inline constexpr auto opttypenames =
+    std::to_array<std::string_view>({"integer", "double", "string", "boolean", "enumstr", "enumint",
+                                     "multilist", "strlist", "macro", "immediate"});
+inline constexpr auto opttypeconstnames = std::to_array<std::string_view>(
+    {"optTypeInteger", "optTypeDouble", "optTypeString", "optTypeBoolean", "optTypeEnumStr", "optTypeEnumInt",
+     "optTypeMultiList", "optTypeStrList", "optTypeMacro", "optTypeImmediate"});
 
 // What kind of value an option holds.
 enum class tdatatype : std::uint8_t { none, integer, dbl, string, strlist };
 inline constexpr std::array<std::string_view, 5> datatypeconstnames = {
     "optDataNone", "optDataInteger", "optDataDouble", "optDataString", "optDataStrList"};
-inline constexpr std::array<tdatatype, 10> datatypeofopttype = {
-    tdatatype::integer, tdatatype::dbl,  tdatatype::string,  tdatatype::integer, tdatatype::string,
-    tdatatype::integer, tdatatype::none, tdatatype::strlist, tdatatype::none,    tdatatype::none};
+inline constexpr auto datatypeofopttype = std::to_array<tdatatype>(
+    {tdatatype::integer, tdatatype::dbl, tdatatype::string, tdatatype::integer, tdatatype::string,
+     tdatatype::integer, tdatatype::none, tdatatype::strlist, tdatatype::none, tdatatype::none});
 
 // What must follow an option's key; the modifiers of the definition file name all but the first.
 enum class tsubtype : std::uint8_t { required, novalue, optional, twovalues };
@@ -75,12 +78,20 @@ constexpr std::size_t ordinal(tcode code) {
   return static_cast<std::size_t>(code);
 }
 
+// Which of an option's two values.
+enum class twhich : std::uint8_t { first, second };
+
 // Bits of the defined, defined-recently and out-of-bounds masks.
 inline constexpr std::int32_t firstvaluebit = 1;
 inline constexpr std::int32_t secondvaluebit = 2;
-constexpr std::int32_t valuebit(bool second) { return second ? secondvaluebit : firstvaluebit; }
+constexpr std::int32_t valuebit(twhich which) {
+  return which == twhich::second ? secondvaluebit : firstvaluebit;
+}
 
-static_assert(opttypenames.size() == ordinal(topttype::immediate) + 1);
+static_assert(opttypecount == ordinal(topttype::immediate) + 1);
+static_assert(opttypenames.size() == opttypecount);
+static_assert(opttypeconstnames.size() == opttypecount);
+static_assert(datatypeofopttype.size() == opttypecount);
 static_assert(opttypeconstnames[ordinal(topttype::macro)] == "optTypeMacro");
 static_assert(datatypeofopttype[ordinal(topttype::strlist)] == tdatatype::strlist);
 static_assert(subtypemodifiers[ordinal(tsubtype::twovalues)] == "TWO");

@@ -1,4 +1,5 @@
 // Descriptions by number: options, enumeration items, synonyms, groups, and the names of codes.
+#include <optional>
 #include <span>
 
 #include "base/zqaaudit.h"
@@ -27,20 +28,20 @@ bool tvksoptions::optgetdefinednr(std::int32_t nr, std::int32_t& defined) const 
   return option != nullptr;
 }
 
-bool tvksoptions::optgetnamenr(std::int32_t nr, ttextout& name) const {
+bool tvksoptions::optgetnamenr(std::int32_t nr, ttextout name) const {
   const toption* option = optionat(nr);
   name.set(option != nullptr ? option->getname() : shortstring());
   return option != nullptr;
 }
 
-bool tvksoptions::optgethelpnr(std::int32_t nr, ttextout& name, ttextout& help) const {
+bool tvksoptions::optgethelpnr(std::int32_t nr, ttextout name, ttextout help) const {
   const toption* option = optionat(nr);
   name.set(option != nullptr ? option->name() : std::string_view());
   help.set(option != nullptr ? option->helptext() : std::string_view());
   return option != nullptr;
 }
 
-bool tvksoptions::optgetopthelpnr(std::int32_t nr, ttextout& name, std::int32_t& helpflag,
+bool tvksoptions::optgetopthelpnr(std::int32_t nr, ttextout name, std::int32_t& helpflag,
                                   std::int32_t& group) const {
   const toption* option = optionat(nr);
   name.set(option != nullptr ? option->getname() : shortstring());
@@ -54,7 +55,7 @@ std::int32_t tvksoptions::optgetoptgroupnr(std::int32_t nr) const {
   return option != nullptr ? option->groupnr() : -1;
 }
 
-bool tvksoptions::optgetdefaultstr(std::int32_t nr, ttextout& defaultvalue) const {
+bool tvksoptions::optgetdefaultstr(std::int32_t nr, ttextout defaultvalue) const {
   const auto* option = ifis<tstringoption>(optionat(nr));
   defaultvalue.set(option != nullptr ? option->defaultvalue() : std::string_view());
   return option != nullptr;
@@ -90,20 +91,37 @@ struct tenumitem {
   tvaluetext text;
 };
 
+tenumitem itemof(const tenumstroption& option, std::int32_t index) {
+  return {option.items().getobject(index), 0, option.items().getname(index)};
+}
+tenumitem itemof(const tenumintoption& option, std::int32_t index) {
+  const tlistoptionx* item = option.items().get(index);
+  return {item, item->enumvalue(), inttostr(item->enumvalue())};
+}
+
+// -1 for what is no enumeration.
 std::int32_t enumcount(const toption* option) {
-  if (const auto* enumstr = ifis<tenumstroption>(option)) return enumstr->items().count();
-  if (const auto* enumint = ifis<tenumintoption>(option)) return enumint->items().count();
+  if (option == nullptr) return -1;
+  switch (option->opttype()) {
+    case topttype::enumstr: return as<tenumstroption>(*option).items().count();
+    case topttype::enumint: return as<tenumintoption>(*option).items().count();
+    case topttype::integer:
+    case topttype::dbl:
+    case topttype::string:
+    case topttype::boolean:
+    case topttype::multilist:
+    case topttype::strlist:
+    case topttype::macro:
+    case topttype::immediate: break;
+  }
   return -1;
 }
 
-// Item `index`, counted from 1, which must be there.
-tenumitem enumitem(const toption& option, std::int32_t index) {
-  if (const auto* enumstr = ifis<tenumstroption>(&option)) {
-    const auto& items = enumstr->items();
-    return {items.getobject(index - 1), 0, items.getname(index - 1)};
-  }
-  const tlistoptionx* item = as<tenumintoption>(option).items().get(index - 1);
-  return {item, item->enumvalue(), inttostr(item->enumvalue())};
+// Item `index`, counted from 1; none where there is no such item.
+std::optional<tenumitem> enumitem(const toption* option, std::int32_t index) {
+  if (index < 1 || index > enumcount(option)) return std::nullopt;
+  if (option->opttype() == topttype::enumstr) return itemof(as<tenumstroption>(*option), index - 1);
+  return itemof(as<tenumintoption>(*option), index - 1);
 }
 
 }  // namespace
@@ -114,54 +132,44 @@ bool tvksoptions::optgetenumcount(std::int32_t nr, std::int32_t& count) const {
 }
 
 bool tvksoptions::optgetenumvalue(std::int32_t nr, std::int32_t index, std::int32_t& ival,
-                                  ttextout& sval) const {
-  const toption* option = optionat(nr);
-  if (index < 1 || index > enumcount(option)) {
-    ival = -1;
-    sval.clear();
-    return false;
-  }
-  const tenumitem item = enumitem(*option, index);
-  ival = item.number;
-  sval.set(item.text);
-  return true;
+                                  ttextout sval) const {
+  const std::optional<tenumitem> item = enumitem(optionat(nr), index);
+  ival = item ? item->number : -1;
+  sval.set(item ? item->text : tvaluetext());
+  return item.has_value();
 }
 
 bool tvksoptions::optgetenumhelp(std::int32_t nr, std::int32_t index, std::int32_t& helpflag,
-                                 ttextout& help) const {
-  const toption* option = optionat(nr);
-  if (index < 1 || index > enumcount(option)) {
-    helpflag = -1;
-    help.clear();
-    return false;
-  }
-  const tenumitem item = enumitem(*option, index);
-  helpflag = item.help->helpflag();
-  help.set(item.help->helptext());
-  return true;
+                                 ttextout help) const {
+  const std::optional<tenumitem> item = enumitem(optionat(nr), index);
+  helpflag = item ? item->help->helpflag() : -1;
+  help.set(item ? item->help->helptext() : std::string_view());
+  return item.has_value();
 }
 
 // Position 0 for a current text that is none of the items.
-bool tvksoptions::optgetenumstrnr(std::int32_t nr, ttextout& value, std::int32_t& index) const {
+bool tvksoptions::optgetenumstrnr(std::int32_t nr, ttextout value, std::int32_t& index) const {
   const auto* option = ifis<tenumstroption>(optionat(nr));
-  index = option != nullptr ? option->items().indexof(option->value(false)) + 1 : -1;
-  value.set(option != nullptr ? option->value(false) : std::string_view());
+  index = option != nullptr ? option->items().indexof(option->value(twhich::first)) + 1 : -1;
+  value.set(option != nullptr ? option->value(twhich::first) : std::string_view());
   return option != nullptr;
 }
 
 // ---- synonyms and groups
 
-bool tvksoptions::optgetsynonym(std::int32_t nr, ttextout& synonym, ttextout& name) const {
-  const bool found = nr >= 1 && nr <= fsynonyms.count();
-  synonym.set(found ? fsynonyms.getname(nr - 1) : std::string_view());
-  name.set(found ? getstrings(fsynonyms.getobject(nr - 1)) : std::string_view());
+bool tvksoptions::optgetsynonym(std::int32_t nr, ttextout synonym, ttextout name) const {
+  const auto& synonyms = fdefinition.synonyms();
+  const bool found = nr >= 1 && nr <= synonyms.count();
+  synonym.set(found ? synonyms.getname(nr - 1) : std::string_view());
+  name.set(found ? fdefinition.getstrings(synonyms.getobject(nr - 1)) : std::string_view());
   return found;
 }
 
-bool tvksoptions::optgetgroupnr(std::int32_t nr, ttextout& name, std::int32_t& groupnumber,
-                                std::int32_t& helpflag, ttextout& help) const {
-  const tgroupobj* group = nr >= 1 && nr <= fgroups.count() ? fgroups.getobject(nr - 1) : nullptr;
-  name.set(group != nullptr ? fgroups.getname(nr - 1) : std::string_view());
+bool tvksoptions::optgetgroupnr(std::int32_t nr, ttextout name, std::int32_t& groupnumber,
+                                std::int32_t& helpflag, ttextout help) const {
+  const auto& groups = fdefinition.groups();
+  const tgroupobj* group = nr >= 1 && nr <= groups.count() ? groups.getobject(nr - 1) : nullptr;
+  name.set(group != nullptr ? groups.getname(nr - 1) : std::string_view());
   groupnumber = group != nullptr ? group->groupnumber() : 0;
   helpflag = group != nullptr ? group->helpflag() : 0;
   help.set(group != nullptr ? group->helptext() : std::string_view());
@@ -169,8 +177,7 @@ bool tvksoptions::optgetgroupnr(std::int32_t nr, ttextout& name, std::int32_t& g
 }
 
 std::int32_t tvksoptions::optgetgroupgrpnr(std::int32_t groupnumber) const {
-  const auto keyat = [this](std::int32_t i) { return tnumberkey{fgroups.getobject(i)->groupnumber()}; };
-  const std::int32_t position = fgroupindex.find(fgroups.count(), tnumberkey{groupnumber}, keyat);
+  const std::int32_t position = fdefinition.groupwithnumber(groupnumber);
   return position >= 0 ? position + 1 : -1;
 }
 
@@ -186,7 +193,7 @@ bool namefrom(std::span<const std::string_view> names, std::int32_t index, ttext
 
 }  // namespace
 
-bool tvksoptions::optgetconstname(std::int32_t group, std::int32_t index, ttextout& name) {
+bool tvksoptions::optgetconstname(std::int32_t group, std::int32_t index, ttextout name) {
   switch (group) {
     case 1: return namefrom(datatypeconstnames, index, name);
     case 2: return namefrom(opttypeconstnames, index, name);
@@ -197,17 +204,17 @@ bool tvksoptions::optgetconstname(std::int32_t group, std::int32_t index, ttexto
   }
 }
 
-bool tvksoptions::optgettypename(std::int32_t opttype, ttextout& name) {
+bool tvksoptions::optgettypename(std::int32_t opttype, ttextout name) {
   return namefrom(opttypenames, opttype, name);
 }
 
 // ---- the definition and the library
 
-void tvksoptions::optdefinitionfile(ttextout& filename) const {
-  const std::string_view path = ffilename.view();
+void tvksoptions::optdefinitionfile(ttextout filename) const {
+  const std::string_view path = fdefinition.filename();
   filename.set(path.substr(path.rfind('/') + 1));
 }
 
-void tvksoptions::optversion(ttextout& auditline) { auditline.set(zqagetauditline()); }
+void tvksoptions::optversion(ttextout auditline) { auditline.set(zqagetauditline()); }
 
 }  // namespace optcore

@@ -29,18 +29,18 @@ bool tdotobjlist::addindex(std::string_view text) {
 
 void tdotobjlist::setvalue(std::string_view text) {
   if (!hasentry("Cannot SetValue to DotObj")) return;
-  toption& option = fowner.option(foptionindex);
-  fowner.setcuroptname(option.name());
+  toption& option = fowner.definition().option(foptionindex);
+  const tcurrentname current(fowner, option.name());
   option.setasstring(text);
   if (option.opttype() == topttype::dbl)
     fvalue = as<tdbloption>(option).getasdouble();
-  else if (option.holdsinteger())
-    fvalue = option.getasinteger();
+  else if (const auto integer = option.getasinteger())
+    fvalue = *integer;
 }
 
 void tdotobjlist::keepentry() {
   if (fentries.full()) fentries.setcapacity(growncapacity(fentries.capacity()));
-  auto* entry = new (farena) tdotobj;
+  tdotobj* entry = farena.make<tdotobj>();
   entry->fname = farena.text(fname);
   entry->findices = findices.pack(farena);
   entry->fvalue = fvalue;

@@ -54,7 +54,7 @@ void tindicatorlist::addentry(std::string_view equation) {
 void tindicatorlist::keepentry() {
   if (!fbegun) return;
   if (fitems.full()) fitems.setcapacity(growncapacity(fitems.capacity()));
-  auto* item = new (farena) tindicatoritem;
+  tindicatoritem* item = farena.make<tindicatoritem>();
   item->fequation = fequation.pack(farena);
   item->fvariable = fvariable.pack(farena);
   item->fvalue = fvalue;

@@ -41,6 +41,14 @@ void tmessagelist::addoutofmemory() noexcept {
   }
 }
 
+void tmessagelist::addinternalerror() noexcept {
+  try {
+    add({.kind = tmsgkind::usererror, .text = "Internal error"});
+  } catch (...) {
+    addoutofmemory();
+  }
+}
+
 void tmessagelist::fileoutofmemory() {
   if (!foutofmemory) return;
   file({.kind = tmsgkind::usererror, .text = "Out of memory"});

@@ -20,6 +20,8 @@ class tmessagelist {
   // Files that memory has run out. When there is none even for that, the error counts at once and the message
   // comes in front of the next one.
   void addoutofmemory() noexcept;
+  // Files that a call was given up for another reason.
+  void addinternalerror() noexcept;
 
   // The text as the client sees it; a number outside 1 .. count gives a text that says so.
   shortstring decorated(std::int32_t nr) const;

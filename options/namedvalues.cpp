@@ -3,13 +3,13 @@
 
 namespace optcore {
 
-bool tvksoptions::optgetvalstr(std::string_view name, ttextout& value) {
+bool tvksoptions::optgetvalstr(std::string_view name, ttextout value) {
   const toption* option = optionasobj(name);
   value.set(option != nullptr ? option->getasstring() : tvaluetext());
   return option != nullptr;
 }
 
-bool tvksoptions::optgetval2str(std::string_view name, ttextout& value) {
+bool tvksoptions::optgetval2str(std::string_view name, ttextout value) {
   const toption* option = optionasobj(name);
   const bool hastwo = option != nullptr && option->subtype() == tsubtype::twovalues;
   value.set(hastwo ? option->getasstring2() : tvaluetext());
@@ -22,7 +22,7 @@ tvaluetext tvksoptions::getasstring(std::string_view name) {
 }
 
 void tvksoptions::setasstring(std::string_view name, std::string_view text) {
-  setcuroptname(name);
+  const tcurrentname current(*this, name);
   if (toption* option = optionasobj(name)) option->setasstring(text);
 }
 
@@ -43,7 +43,7 @@ std::int32_t tvksoptions::optlistcountstr(std::string_view name) {
   return list != nullptr ? list->itemcount() : notalist(option);
 }
 
-std::int32_t tvksoptions::optreadfromliststr(std::string_view name, std::int32_t index, ttextout& value) {
+std::int32_t tvksoptions::optreadfromliststr(std::string_view name, std::int32_t index, ttextout value) {
   const toption* option = optionasobj(name);
   const auto* list = ifis<tstrlistoption>(option);
   if (list != nullptr && index >= 1 && index <= list->itemcount()) {
@@ -54,7 +54,7 @@ std::int32_t tvksoptions::optreadfromliststr(std::string_view name, std::int32_t
   return list != nullptr ? 0 : notalist(option);
 }
 
-std::int32_t tvksoptions::optgetfromliststr(std::string_view name, ttextout& value) {
+std::int32_t tvksoptions::optgetfromliststr(std::string_view name, ttextout value) {
   toption* option = optionasobj(name);
   auto* list = ifis<tstrlistoption>(option);
   if (list != nullptr && list->itemcount() > 0) {
@@ -68,11 +68,11 @@ std::int32_t tvksoptions::optgetfromliststr(std::string_view name, ttextout& val
 // A flag other than 0 asks for lists whose names begin with two dashes, 0 for the others. The name is that of
 // the last list looked at, taken or not; it is written once, since a longer one before it would leave its end
 // behind the text.
-bool tvksoptions::optgetfromanystrlist(std::int32_t flag, ttextout& name, ttextout& value) {
+bool tvksoptions::optgetfromanystrlist(std::int32_t flag, ttextout name, ttextout value) {
   tstrlistoption* last = nullptr;
   bool found = false;
   for (std::int32_t i = 0; i < getcount() && !found; ++i) {
-    auto* list = ifis<tstrlistoption>(foptions.getobject(i));
+    auto* list = ifis<tstrlistoption>(&fdefinition.option(i));
     if (list == nullptr || list->itemcount() == 0) continue;
     last = list;
     found = (list->name().substr(0, 2) == "--") == (flag != 0);

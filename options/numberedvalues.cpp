@@ -1,14 +1,9 @@
 // Getting and setting values by option number.
+#include <optional>
+
 #include "options/vksoptions.h"
 
 namespace optcore {
-
-// Makes the option's name the one that messages quote; "?" for a bad number.
-bool tvksoptions::checkoptnr(std::int32_t nr) noexcept {
-  const toption* option = optionat(nr);
-  setcuroptname(option != nullptr ? option->name() : "?");
-  return option != nullptr;
-}
 
 // Only an option of two values has a usable second one.
 const toption* tvksoptions::twovalueoption(std::int32_t nr) const noexcept {
@@ -18,8 +13,8 @@ const toption* tvksoptions::twovalueoption(std::int32_t nr) const noexcept {
 
 // ---- getting
 
-bool tvksoptions::optgetvaluesnr(std::int32_t nr, ttextout& name, std::int32_t& ival, double& dval,
-                                 ttextout& sval) const {
+bool tvksoptions::optgetvaluesnr(std::int32_t nr, ttextout name, std::int32_t& ival, double& dval,
+                                 ttextout sval) const {
   ival = 0;
   dval = 0.0;
   const toption* option = optionat(nr);
@@ -31,9 +26,9 @@ bool tvksoptions::optgetvaluesnr(std::int32_t nr, ttextout& name, std::int32_t& 
   name.set(option->getname());
   sval.set(option->getasstring());
   switch (option->opttype()) {
-    case topttype::integer:
-    case topttype::boolean:
-    case topttype::enumint: ival = option->getasinteger(); return true;
+    case topttype::integer: ival = as<tintoption>(*option).value(twhich::first); return true;
+    case topttype::boolean: ival = as<tbooleanoption>(*option).value(twhich::first); return true;
+    case topttype::enumint: ival = as<tenumintoption>(*option).value(twhich::first); return true;
     case topttype::dbl: dval = as<tdbloption>(*option).getasdouble(); return true;
     case topttype::string:
     case topttype::enumstr: return true;
@@ -45,18 +40,24 @@ bool tvksoptions::optgetvaluesnr(std::int32_t nr, ttextout& name, std::int32_t& 
   return false;
 }
 
+namespace {
+
+// Leaves the target as it is where there is no value.
+bool assignto(std::int32_t& target, std::optional<std::int32_t> value) {
+  if (value) target = *value;
+  return value.has_value();
+}
+
+}  // namespace
+
 bool tvksoptions::optgetintnr(std::int32_t nr, std::int32_t& ival) const {
   const toption* option = optionat(nr);
-  if (option == nullptr || !option->holdsinteger()) return false;
-  ival = option->getasinteger();
-  return true;
+  return option != nullptr && assignto(ival, option->getasinteger());
 }
 
 bool tvksoptions::optgetint2nr(std::int32_t nr, std::int32_t& ival) const {
   const toption* option = twovalueoption(nr);
-  if (option == nullptr || !option->holdsinteger()) return false;
-  ival = option->getasinteger2();
-  return true;
+  return option != nullptr && assignto(ival, option->getasinteger2());
 }
 
 bool tvksoptions::optgetdblnr(std::int32_t nr, double& dval) const {
@@ -73,13 +74,13 @@ bool tvksoptions::optgetdbl2nr(std::int32_t nr, double& dval) const {
   return true;
 }
 
-bool tvksoptions::optgetstrnr(std::int32_t nr, ttextout& sval) const {
+bool tvksoptions::optgetstrnr(std::int32_t nr, ttextout sval) const {
   const toption* option = optionat(nr);
   sval.set(option != nullptr ? option->getasstring() : tvaluetext());
   return option != nullptr;
 }
 
-bool tvksoptions::optgetstr2nr(std::int32_t nr, ttextout& sval) const {
+bool tvksoptions::optgetstr2nr(std::int32_t nr, ttextout sval) const {
   const toption* option = twovalueoption(nr);
   sval.set(option != nullptr ? option->getasstring2() : tvaluetext());
   return option != nullptr;
@@ -90,21 +91,22 @@ bool tvksoptions::optgetstr2nr(std::int32_t nr, ttextout& sval) const {
 // Runs the assignment, which answers false for an option that does not take it. True exactly when it took
 // place without a new error message.
 template <class tassign>
-bool tvksoptions::assignednew(std::int32_t nr, bool second, tassign assign) {
-  if (!checkoptnr(nr)) return false;
-  toption& option = *optionat(nr);
-  if (second && option.subtype() != tsubtype::twovalues) return false;
+bool tvksoptions::assignednew(std::int32_t nr, twhich which, tassign assign) {
+  toption* option = optionat(nr);
+  if (option == nullptr || (which == twhich::second && option->subtype() != tsubtype::twovalues))
+    return false;
+  const tcurrentname current(*this, option->name());
   const std::int32_t errorsbefore = errorcount();
-  return assign(option) && errorcount() == errorsbefore;
+  return assign(*option) && errorcount() == errorsbefore;
 }
 
 namespace {
 
-bool assigninteger(toption& option, bool second, std::int32_t ival) {
+bool assigninteger(toption& option, twhich which, std::int32_t ival) {
   switch (option.opttype()) {
-    case topttype::integer: as<tintoption>(option).setasinteger12(second, ival); return true;
-    case topttype::boolean: as<tbooleanoption>(option).setasinteger12(second, ival); return true;
-    case topttype::enumint: as<tenumintoption>(option).setasinteger12(second, ival); return true;
+    case topttype::integer: as<tintoption>(option).setasinteger12(which, ival); return true;
+    case topttype::boolean: as<tbooleanoption>(option).setasinteger12(which, ival); return true;
+    case topttype::enumint: as<tenumintoption>(option).setasinteger12(which, ival); return true;
     case topttype::dbl:
     case topttype::string:
     case topttype::enumstr:
@@ -116,69 +118,79 @@ bool assigninteger(toption& option, bool second, std::int32_t ival) {
   return false;
 }
 
-bool assigndouble(toption& option, bool second, double dval) {
+bool assigndouble(toption& option, twhich which, double dval) {
   auto* target = ifis<tdbloption>(&option);
-  if (target != nullptr) target->setasdouble12(second, dval);
+  if (target != nullptr) target->setasdouble12(which, dval);
   return target != nullptr;
 }
 
 // For types whose value is a text; a client's text may hold any character, double quotes too.
-bool assigntext(toption& option, bool second, std::string_view sval) {
-  if (auto* string = ifis<tstringoption>(&option))
-    string->setasstring12(second, sval);
-  else if (auto* enumstr = ifis<tenumstroption>(&option))
-    enumstr->setasstring12(second, sval);
-  else
-    return false;
-  return true;
+bool assigntext(toption& option, twhich which, std::string_view sval) {
+  switch (option.opttype()) {
+    case topttype::string: as<tstringoption>(option).setasstring12(which, sval); return true;
+    case topttype::enumstr: as<tenumstroption>(option).setasstring12(which, sval); return true;
+    case topttype::integer:
+    case topttype::dbl:
+    case topttype::boolean:
+    case topttype::enumint:
+    case topttype::multilist:
+    case topttype::strlist:
+    case topttype::macro:
+    case topttype::immediate: break;
+  }
+  return false;
 }
 
 }  // namespace
 
 bool tvksoptions::optsetintnr(std::int32_t nr, std::int32_t ival) {
-  return assignednew(nr, false, [&](toption& option) { return assigninteger(option, false, ival); });
+  return assignednew(nr, twhich::first,
+                     [&](toption& option) { return assigninteger(option, twhich::first, ival); });
 }
 
 bool tvksoptions::optsetint2nr(std::int32_t nr, std::int32_t ival) {
-  return assignednew(nr, true, [&](toption& option) { return assigninteger(option, true, ival); });
+  return assignednew(nr, twhich::second,
+                     [&](toption& option) { return assigninteger(option, twhich::second, ival); });
 }
 
 bool tvksoptions::optsetdblnr(std::int32_t nr, double dval) {
-  return assignednew(nr, false, [&](toption& option) { return assigndouble(option, false, dval); });
+  return assignednew(nr, twhich::first,
+                     [&](toption& option) { return assigndouble(option, twhich::first, dval); });
 }
 
 bool tvksoptions::optsetdbl2nr(std::int32_t nr, double dval) {
-  return assignednew(nr, true, [&](toption& option) { return assigndouble(option, true, dval); });
+  return assignednew(nr, twhich::second,
+                     [&](toption& option) { return assigndouble(option, twhich::second, dval); });
 }
 
 bool tvksoptions::optsetstrnr(std::int32_t nr, std::string_view sval) {
-  return assignednew(nr, false, [&](toption& option) {
+  return assignednew(nr, twhich::first, [&](toption& option) {
     option.setasstring(sval);
     return true;
   });
 }
 
 bool tvksoptions::optsetstr2nr(std::int32_t nr, std::string_view sval) {
-  return assignednew(nr, true, [&](toption& option) {
+  return assignednew(nr, twhich::second, [&](toption& option) {
     option.setasstring2(sval);
     return true;
   });
 }
 
-bool tvksoptions::setvalues(std::int32_t nr, bool second, std::int32_t ival, double dval,
+bool tvksoptions::setvalues(std::int32_t nr, twhich which, std::int32_t ival, double dval,
                             std::string_view sval) {
-  return assignednew(nr, second, [&](toption& option) {
-    return assigninteger(option, second, ival) || assigndouble(option, second, dval) ||
-           assigntext(option, second, sval);
+  return assignednew(nr, which, [&](toption& option) {
+    return assigninteger(option, which, ival) || assigndouble(option, which, dval) ||
+           assigntext(option, which, sval);
   });
 }
 
 bool tvksoptions::optsetvaluesnr(std::int32_t nr, std::int32_t ival, double dval, std::string_view sval) {
-  return setvalues(nr, false, ival, dval, sval);
+  return setvalues(nr, twhich::first, ival, dval, sval);
 }
 
 bool tvksoptions::optsetvalues2nr(std::int32_t nr, std::int32_t ival, double dval, std::string_view sval) {
-  return setvalues(nr, true, ival, dval, sval);
+  return setvalues(nr, twhich::second, ival, dval, sval);
 }
 
 }  // namespace optcore

@@ -3,14 +3,14 @@
 
 namespace optcore {
 
-tvaluetext toption::valuetext(bool second) const {
+tvaluetext toption::valuetext(twhich which) const {
   switch (fopttype) {
-    case topttype::integer:
-    case topttype::boolean:
-    case topttype::enumint: return inttostr(integervalue(second));
-    case topttype::dbl: return dbltostr(as<tdbloption>(*this).value(second));
-    case topttype::string: return as<tstringoption>(*this).value(second);
-    case topttype::enumstr: return as<tenumstroption>(*this).value(second);
+    case topttype::integer: return inttostr(as<tintoption>(*this).value(which));
+    case topttype::dbl: return dbltostr(as<tdbloption>(*this).value(which));
+    case topttype::string: return as<tstringoption>(*this).value(which);
+    case topttype::boolean: return inttostr(as<tbooleanoption>(*this).value(which));
+    case topttype::enumstr: return as<tenumstroption>(*this).value(which);
+    case topttype::enumint: return inttostr(as<tenumintoption>(*this).value(which));
     case topttype::multilist:
     case topttype::strlist:
     case topttype::macro:
@@ -19,34 +19,35 @@ tvaluetext toption::valuetext(bool second) const {
   return {};
 }
 
-std::int32_t toption::integervalue(bool second) const {
-  if (const auto* integer = ifis<tintoption>(this)) return integer->value(second);
-  if (const auto* boolean = ifis<tbooleanoption>(this)) return boolean->value(second);
-  return as<tenumintoption>(*this).value(second);
+std::optional<std::int32_t> toption::integervalue(twhich which) const {
+  switch (fopttype) {
+    case topttype::integer: return as<tintoption>(*this).value(which);
+    case topttype::boolean: return as<tbooleanoption>(*this).value(which);
+    case topttype::enumint: return as<tenumintoption>(*this).value(which);
+    case topttype::dbl:
+    case topttype::string:
+    case topttype::enumstr:
+    case topttype::multilist:
+    case topttype::strlist:
+    case topttype::macro:
+    case topttype::immediate: break;
+  }
+  return std::nullopt;
 }
 
-namespace {
-
-template <class tvalue>
-void storedefault(tnumbervalues<tvalue>& values) {
-  values.fvalue = values.fdefault;
-}
-void storedefault(ttextvalues& values) { strassign(values.fvalue, values.fdefault.view()); }
-
-}  // namespace
-
-// Options of no other type can be named without a value.
 void toption::usedefined() {
-  if (auto* integer = ifis<tintoption>(this))
-    storedefault(integer->fvalues);
-  else if (auto* number = ifis<tdbloption>(this))
-    storedefault(number->fvalues);
-  else if (auto* boolean = ifis<tbooleanoption>(this))
-    storedefault(boolean->fvalues);
-  else if (auto* word = ifis<tenumstroption>(this))
-    storedefault(word->fvalues);
-  else
-    storedefault(as<tenumintoption>(*this).fvalues);
+  switch (fopttype) {
+    case topttype::integer: as<tintoption>(*this).storedefault(); break;
+    case topttype::dbl: as<tdbloption>(*this).storedefault(); break;
+    case topttype::string: as<tstringoption>(*this).storedefault(); break;
+    case topttype::boolean: as<tbooleanoption>(*this).storedefault(); break;
+    case topttype::enumstr: as<tenumstroption>(*this).storedefault(); break;
+    case topttype::enumint: as<tenumintoption>(*this).storedefault(); break;
+    case topttype::multilist:
+    case topttype::strlist:
+    case topttype::macro:
+    case topttype::immediate: return;
+  }
   setdefined(firstvaluebit);
 }
 

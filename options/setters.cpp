@@ -16,7 +16,7 @@ void toption::setdefined(std::int32_t bits) {
     return;
   }
   fdefined |= bits;
-  if (fowner->recentenabled()) fdefinedr |= bits;
+  if (fowner->optrecentenabled()) fdefinedr |= bits;
   fowner->notifyassigned(*this, bits);
 }
 
@@ -57,12 +57,12 @@ shortstring validrange(tvalue lo, tvalue hi, tbound bound) {
 }
 
 // Marks a value that was just stored. A legal one clears the marks of both values.
-void markstored(toption& option, bool second, bool legal) {
+void markstored(toption& option, twhich which, bool legal) {
   if (legal)
     option.clearoutofbounds();
   else
-    option.addoutofbounds(valuebit(second));
-  option.setdefined(valuebit(second));
+    option.addoutofbounds(valuebit(which));
+  option.setdefined(valuebit(which));
 }
 
 // The list follows after a second blank.
@@ -83,75 +83,75 @@ shortstring possiblevalues(const txlistobj<tlistoptionx>& items) {
 
 // ---- integer
 
-void tintoption::setasinteger12(bool second, std::int32_t value) {
+void tintoption::setasinteger12(twhich which, std::int32_t value) {
   const bool legal = flo <= value && value <= fhi;
   if (!legal && !tolerated(
                     *this, "Integer range error for option ", [&] { return inttostr(value); },
                     [&] { return validrange(flo, fhi, inttostrex); }))
     return;
-  fvalues.store(second, value);
-  markstored(*this, second, legal);
+  fvalues.store(which, value);
+  markstored(*this, which, legal);
 }
 
-void tintoption::setasstring12(bool second, std::string_view text) {
+void tintoption::setasstring12(twhich which, std::string_view text) {
   std::int32_t value = 0;
   if (strasintex2(text, value))
-    setasinteger12(second, value);
+    setasinteger12(which, value);
   else
     fileparseerror(*this, "Integer expected, for option ", text);
 }
 
 // ---- double
 
-void tdbloption::setasdouble12(bool second, double value) {
+void tdbloption::setasdouble12(twhich which, double value) {
   // these comparisons do not raise an exception for what is not a number, which some hosts trap
   const bool legal = std::isgreaterequal(value, flo) && std::islessequal(value, fhi);
   if (!legal && !tolerated(
                     *this, "Double out of range for option ", [&] { return dbltostr(value); },
                     [&] { return validrange(flo, fhi, dbltostrex); }))
     return;
-  fvalues.store(second, value);
-  markstored(*this, second, legal);
+  fvalues.store(which, value);
+  markstored(*this, which, legal);
 }
 
-void tdbloption::setasstring12(bool second, std::string_view text) {
+void tdbloption::setasstring12(twhich which, std::string_view text) {
   double value = 0.0;
   if (strasdoubleex(text, value))
-    setasdouble12(second, value);
+    setasdouble12(which, value);
   else
     fileparseerror(*this, "Double expected for option ", text);
 }
 
 // ---- string
 
-void tstringoption::setasstring12(bool second, std::string_view text) {
-  fvalues.store(second, text);
-  setdefined(valuebit(second));
+void tstringoption::setasstring12(twhich which, std::string_view text) {
+  fvalues.store(which, text);
+  setdefined(valuebit(which));
 }
 
 // ---- boolean
 
-void tbooleanoption::setasinteger12(bool second, std::int32_t value) {
+void tbooleanoption::setasinteger12(twhich which, std::int32_t value) {
   const bool legal = value == 0 || value == 1;
   if (!legal && !tolerated(
                     *this, "Boolean out of range for option ", [&] { return inttostr(value); },
                     [] { return "   Valid values are 0 or 1"; }))
     return;
-  fvalues.store(second, value);
-  markstored(*this, second, legal);
+  fvalues.store(which, value);
+  markstored(*this, which, legal);
 }
 
-void tbooleanoption::setasstring12(bool second, std::string_view text) {
+void tbooleanoption::setasstring12(twhich which, std::string_view text) {
   switch (checkboolean(text)) {
-    case tbooleanword::yes: setasinteger12(second, 1); break;
-    case tbooleanword::no: setasinteger12(second, 0); break;
+    case tbooleanword::yes: setasinteger12(which, 1); break;
+    case tbooleanword::no: setasinteger12(which, 0); break;
     case tbooleanword::neither: fileparseerror(*this, "Boolean value expected for option ", text); break;
   }
 }
 
 // ---- enumstr
 
-void tenumstroption::setasstring12(bool second, std::string_view text) {
+void tenumstroption::setasstring12(twhich which, std::string_view text) {
   const std::int32_t item = fitems.indexof(text);
   const bool legal = item >= 0;
   if (!legal &&
@@ -159,40 +159,40 @@ void tenumstroption::setasstring12(bool second, std::string_view text) {
           *this, "Unknown value for option ", [&] { return text; }, [&] { return possiblevalues(fitems); }))
     return;
   // the list's own spelling; a value that it does not know has none
-  fvalues.store(second, legal ? fitems.getname(item) : std::string_view());
-  markstored(*this, second, legal);
+  fvalues.store(which, legal ? fitems.getname(item) : std::string_view());
+  markstored(*this, which, legal);
 }
 
 // ---- enumint
 
-void tenumintoption::setasinteger12(bool second, std::int32_t value) {
+void tenumintoption::setasinteger12(twhich which, std::int32_t value) {
   const bool legal = hasitem(value);
   if (!legal && !tolerated(
                     *this, "Unknown value for option ", [&] { return inttostr(value); },
                     [&] { return possiblevalues(fitems); }))
     return;
-  fvalues.store(second, value);
-  markstored(*this, second, legal);
+  fvalues.store(which, value);
+  markstored(*this, which, legal);
 }
 
-void tenumintoption::setasstring12(bool second, std::string_view text) {
+void tenumintoption::setasstring12(twhich which, std::string_view text) {
   std::int32_t value = 0;
   if (strasintex(text, value))
-    setasinteger12(second, value);
+    setasinteger12(which, value);
   else
     fileparseerror(*this, "Integer expected, for option ", text);
 }
 
 // ---- any type
 
-void toption::setvaluefromtext(bool second, std::string_view text) {
+void toption::setvaluefromtext(twhich which, std::string_view text) {
   switch (fopttype) {
-    case topttype::integer: as<tintoption>(*this).setasstring12(second, text); break;
-    case topttype::dbl: as<tdbloption>(*this).setasstring12(second, text); break;
-    case topttype::string: as<tstringoption>(*this).setasstring12(second, text); break;
-    case topttype::boolean: as<tbooleanoption>(*this).setasstring12(second, text); break;
-    case topttype::enumstr: as<tenumstroption>(*this).setasstring12(second, text); break;
-    case topttype::enumint: as<tenumintoption>(*this).setasstring12(second, text); break;
+    case topttype::integer: as<tintoption>(*this).setasstring12(which, text); break;
+    case topttype::dbl: as<tdbloption>(*this).setasstring12(which, text); break;
+    case topttype::string: as<tstringoption>(*this).setasstring12(which, text); break;
+    case topttype::boolean: as<tbooleanoption>(*this).setasstring12(which, text); break;
+    case topttype::enumstr: as<tenumstroption>(*this).setasstring12(which, text); break;
+    case topttype::enumint: as<tenumintoption>(*this).setasstring12(which, text); break;
     case topttype::strlist: as<tstrlistoption>(*this).setasstring(text); break;
     case topttype::multilist: as<tmultilistoption>(*this).setasstring(text); break;
     case topttype::macro: as<tmacrooption>(*this).setasstring(text); break;
@@ -215,11 +215,11 @@ void toption::setasstring(std::string_view text) {
   if (fsubtype == tsubtype::novalue)
     setdefined(firstvaluebit);
   else if (!hasdoublequote(*this, text))
-    setvaluefromtext(false, text);
+    setvaluefromtext(twhich::first, text);
 }
 
 void toption::setasstring2(std::string_view text) {
-  if (!hasdoublequote(*this, text)) setvaluefromtext(true, text);
+  if (!hasdoublequote(*this, text)) setvaluefromtext(twhich::second, text);
 }
 
 void tstrlistoption::setasstring(std::string_view text) {

@@ -15,15 +15,16 @@ namespace optcore {
 namespace {
 
 // Finds the next word from `position` (counted from 0) on, which moves behind the word and its separator.
-// Words are ended by the path-list separator, not by blanks. False when there is no further word.
+// Words are ended by the path-list separator, not by blanks. A word may be empty, but not at the end of the
+// text. False when there is no further word.
 bool nextlistword(std::string_view text, std::size_t& position, std::string_view& word) noexcept {
   position = std::min(text.find_first_not_of(" \t", position), text.size());
   if (position == text.size()) return false;
   const std::size_t begin = position;
-  position = std::min(text.find(charpath(), begin), text.size());
-  word = text.substr(begin, position - begin);
-  if (position < text.size()) ++position;
-  return true;
+  const std::size_t end = std::min(text.find(charpath(), begin), text.size());
+  word = text.substr(begin, end - begin);
+  position = std::min(end + 1, text.size());
+  return !word.empty() || position < text.size();
 }
 
 class tspreader {
@@ -76,7 +77,7 @@ class tspreader {
                         {fowner.curoptname(), &list});
       return false;
     }
-    member = fowner.getobjects(list.items().get(open.next++));
+    member = fowner.definition().getobjects(list.items().get(open.next++));
     if (member == &list) member = nullptr;
     return true;
   }

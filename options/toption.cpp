@@ -11,19 +11,19 @@ namespace optcore {
 
 // The name is stored first: it lies beside the object, and a search looks at both.
 toption::toption(const toptionhead& head, topttype opttype)
-    : toption(head, opttype, head.owner->arena().text(head.name)) {}
+    : toption(head, opttype, head.owner->definition().stored(head.name)) {}
 
 toption::toption(const toptionhead& head, topttype opttype, tstoredtext name)
-    : toptionx(head.helpflag, head.owner->arena().text(head.helptext)),
+    : toptionx(head.helpflag, head.owner->definition().stored(head.helptext)),
       fowner(head.owner),
       fname(name),
       fgroupnr(head.groupnr),
       frefnr(head.refnr),
       fopttype(opttype) {}
 
-tstoredtext toption::stored(std::string_view text) const { return fowner->arena().text(text); }
+tstoredtext toption::stored(std::string_view text) const { return fowner->definition().stored(text); }
 
-shortstring toption::getname() const { return fowner->nounderscore(name()); }
+shortstring toption::getname() const { return fowner->definition().nounderscore(name()); }
 
 void toption::setdeprecated(tdeprecation kind, std::string_view text) {
   const bool ownname = kind == tdeprecation::deprecated || kind == tdeprecation::obsolete;
@@ -70,15 +70,12 @@ void tmacrooption::reset() {
 // ---- items
 
 void tenumstroption::additem(std::string_view value, std::int32_t helpflag, std::string_view helptext) {
-  std::unique_ptr<toptionx> item(new (owner().arena()) tenumstritem(helpflag, stored(helptext)));
-  fitems.addstored(stored(value), item.get());
-  static_cast<void>(item.release());
+  fitems.addstored(stored(value),
+                   owner().definition().arena().make<tenumstritem>(helpflag, stored(helptext)));
 }
 
 void tenumintoption::additem(std::int32_t value, std::int32_t helpflag, std::string_view helptext) {
-  std::unique_ptr<tlistoptionx> item(new (owner().arena()) tlistoptionx(value, helpflag, stored(helptext)));
-  fitems.add(item.get());
-  static_cast<void>(item.release());
+  fitems.add(owner().definition().arena().make<tlistoptionx>(value, helpflag, stored(helptext)));
 }
 
 bool tenumintoption::hasitem(std::int32_t value) const {

@@ -3,7 +3,9 @@
 // setters.cpp and spread.cpp.
 #pragma once
 
+#include <cassert>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "base/numtext.h"
@@ -14,18 +16,18 @@ namespace optcore {
 
 class tvksoptions;
 
-// The text of a value: a number's own text, or a view of a text that the option holds.
+// The text of a value: a number's own text, or a view of a text that the option holds. Empty at first.
 class tvaluetext {
  public:
   tvaluetext() noexcept = default;
   tvaluetext(const tnumbertext& number) noexcept : fnumber(number) {}
   tvaluetext(std::string_view text) noexcept : ftext(text) {}
-  std::string_view view() const noexcept { return ftext.data() != nullptr ? ftext : fnumber.view(); }
+  std::string_view view() const noexcept { return ftext ? *ftext : fnumber.view(); }
   operator std::string_view() const noexcept { return view(); }
 
  private:
   tnumbertext fnumber;
-  std::string_view ftext;
+  std::optional<std::string_view> ftext;
 };
 
 // What every option has besides its value.
@@ -79,14 +81,13 @@ class toption : public toptionx, public tinarena {
   virtual void reset();
 
   // The value as text: the value that was set, else the default; empty for types without a value.
-  tvaluetext getasstring() const { return valuetext(false); }
-  tvaluetext getasstring2() const { return valuetext(true); }
-  // The value as a number, of an option that holds an integer.
-  std::int32_t getasinteger() const { return integervalue(false); }
-  std::int32_t getasinteger2() const { return integervalue(true); }
-  bool holdsinteger() const noexcept { return datatype() == tdatatype::integer; }
+  tvaluetext getasstring() const { return valuetext(twhich::first); }
+  tvaluetext getasstring2() const { return valuetext(twhich::second); }
+  // The value as a number, if the option holds an integer.
+  std::optional<std::int32_t> getasinteger() const { return integervalue(twhich::first); }
+  std::optional<std::int32_t> getasinteger2() const { return integervalue(twhich::second); }
 
-  // Makes the default the first value.
+  // Makes the default the first value; does nothing for types without a default.
   void usedefined();
 
   // Takes a text as the first or second value; what is wrong with it is filed as messages.
@@ -103,9 +104,9 @@ class toption : public toptionx, public tinarena {
   static constexpr std::uint8_t deprecationbit(tdeprecation kind) {
     return static_cast<std::uint8_t>(1U << ordinal(kind));
   }
-  tvaluetext valuetext(bool second) const;
-  std::int32_t integervalue(bool second) const;
-  void setvaluefromtext(bool second, std::string_view text);
+  tvaluetext valuetext(twhich which) const;
+  std::optional<std::int32_t> integervalue(twhich which) const;
+  void setvaluefromtext(twhich which, std::string_view text);
 
   tvksoptions* fowner;
   tstoredtext fname;
@@ -128,9 +129,10 @@ struct tnumbervalues {
   tvalue fvalue = 0;
   tvalue fvalue2 = 0;
 
-  void store(bool second, tvalue value) noexcept { (second ? fvalue2 : fvalue) = value; }
-  tvalue current(const toption& option, bool second) const noexcept {
-    return !option.isdefined(valuebit(second)) ? fdefault : second ? fvalue2 : fvalue;
+  void storedefault() noexcept { fvalue = fdefault; }
+  void store(twhich which, tvalue value) noexcept { (which == twhich::second ? fvalue2 : fvalue) = value; }
+  tvalue current(const toption& option, twhich which) const noexcept {
+    return !option.isdefined(valuebit(which)) ? fdefault : which == twhich::second ? fvalue2 : fvalue;
   }
 };
 
@@ -140,10 +142,13 @@ struct ttextvalues {
   heapstring fvalue;
   heapstring fvalue2;
 
-  void store(bool second, std::string_view value) { strassign(second ? fvalue2 : fvalue, value); }
-  std::string_view current(const toption& option, bool second) const noexcept {
-    if (!option.isdefined(valuebit(second))) return fdefault.view();
-    return (second ? fvalue2 : fvalue).view();
+  void storedefault() { strassign(fvalue, fdefault.view()); }
+  void store(twhich which, std::string_view value) {
+    strassign(which == twhich::second ? fvalue2 : fvalue, value);
+  }
+  std::string_view current(const toption& option, twhich which) const noexcept {
+    if (!option.isdefined(valuebit(which))) return fdefault.view();
+    return (which == twhich::second ? fvalue2 : fvalue).view();
   }
 };
 
@@ -155,14 +160,14 @@ class tintoption final : public toption {
   std::int32_t defaultvalue() const noexcept { return fvalues.fdefault; }
   std::int32_t lo() const noexcept { return flo; }
   std::int32_t hi() const noexcept { return fhi; }
-  std::int32_t value(bool second) const noexcept { return fvalues.current(*this, second); }
-  void setasinteger(std::int32_t value) { setasinteger12(false, value); }
-  void setasinteger2(std::int32_t value) { setasinteger12(true, value); }
-  void setasinteger12(bool second, std::int32_t value);
-  void setasstring12(bool second, std::string_view text);
+  std::int32_t value(twhich which) const noexcept { return fvalues.current(*this, which); }
+  void setasinteger(std::int32_t value) { setasinteger12(twhich::first, value); }
+  void setasinteger2(std::int32_t value) { setasinteger12(twhich::second, value); }
+  void setasinteger12(twhich which, std::int32_t value);
+  void setasstring12(twhich which, std::string_view text);
+  void storedefault() { fvalues.storedefault(); }
 
  private:
-  friend class toption;
   tnumbervalues<std::int32_t> fvalues;
   std::int32_t flo;
   std::int32_t fhi;
@@ -176,16 +181,16 @@ class tdbloption final : public toption {
   double defaultvalue() const noexcept { return fvalues.fdefault; }
   double lo() const noexcept { return flo; }
   double hi() const noexcept { return fhi; }
-  double value(bool second) const noexcept { return fvalues.current(*this, second); }
-  double getasdouble() const noexcept { return value(false); }
-  double getasdouble2() const noexcept { return value(true); }
-  void setasdouble(double value) { setasdouble12(false, value); }
-  void setasdouble2(double value) { setasdouble12(true, value); }
-  void setasdouble12(bool second, double value);
-  void setasstring12(bool second, std::string_view text);
+  double value(twhich which) const noexcept { return fvalues.current(*this, which); }
+  double getasdouble() const noexcept { return value(twhich::first); }
+  double getasdouble2() const noexcept { return value(twhich::second); }
+  void setasdouble(double value) { setasdouble12(twhich::first, value); }
+  void setasdouble2(double value) { setasdouble12(twhich::second, value); }
+  void setasdouble12(twhich which, double value);
+  void setasstring12(twhich which, std::string_view text);
+  void storedefault() { fvalues.storedefault(); }
 
  private:
-  friend class toption;
   tnumbervalues<double> fvalues;
   double flo;
   double fhi;
@@ -197,11 +202,11 @@ class tstringoption final : public toption {
   tstringoption(const toptionhead& head, std::string_view defaultvalue)
       : toption(head, type), fvalues{stored(defaultvalue), {}, {}} {}
   std::string_view defaultvalue() const noexcept { return fvalues.fdefault.view(); }
-  std::string_view value(bool second) const noexcept { return fvalues.current(*this, second); }
-  void setasstring12(bool second, std::string_view text);
+  std::string_view value(twhich which) const noexcept { return fvalues.current(*this, which); }
+  void setasstring12(twhich which, std::string_view text);
+  void storedefault() { fvalues.storedefault(); }
 
  private:
-  friend class toption;
   ttextvalues fvalues;
 };
 
@@ -211,14 +216,14 @@ class tbooleanoption final : public toption {
   tbooleanoption(const toptionhead& head, std::int32_t defaultvalue)
       : toption(head, type), fvalues{defaultvalue} {}
   std::int32_t defaultvalue() const noexcept { return fvalues.fdefault; }
-  std::int32_t value(bool second) const noexcept { return fvalues.current(*this, second); }
-  void setasinteger(std::int32_t value) { setasinteger12(false, value); }
-  void setasinteger2(std::int32_t value) { setasinteger12(true, value); }
-  void setasinteger12(bool second, std::int32_t value);
-  void setasstring12(bool second, std::string_view text);
+  std::int32_t value(twhich which) const noexcept { return fvalues.current(*this, which); }
+  void setasinteger(std::int32_t value) { setasinteger12(twhich::first, value); }
+  void setasinteger2(std::int32_t value) { setasinteger12(twhich::second, value); }
+  void setasinteger12(twhich which, std::int32_t value);
+  void setasstring12(twhich which, std::string_view text);
+  void storedefault() { fvalues.storedefault(); }
 
  private:
-  friend class toption;
   tnumbervalues<std::int32_t> fvalues;
 };
 
@@ -228,14 +233,14 @@ class tenumstroption final : public toption {
   tenumstroption(const toptionhead& head, std::string_view defaultvalue)
       : toption(head, type), fvalues{stored(defaultvalue), {}, {}} {}
   std::string_view defaultvalue() const noexcept { return fvalues.fdefault.view(); }
-  std::string_view value(bool second) const noexcept { return fvalues.current(*this, second); }
+  std::string_view value(twhich which) const noexcept { return fvalues.current(*this, which); }
   // The permitted values and their help, in definition order.
   const txstringlistobj<toptionx>& items() const noexcept { return fitems; }
   void additem(std::string_view value, std::int32_t helpflag, std::string_view helptext);
-  void setasstring12(bool second, std::string_view text);
+  void setasstring12(twhich which, std::string_view text);
+  void storedefault() { fvalues.storedefault(); }
 
  private:
-  friend class toption;
   ttextvalues fvalues;
   tstoredlistobj<toptionx> fitems;
 };
@@ -246,18 +251,18 @@ class tenumintoption final : public toption {
   tenumintoption(const toptionhead& head, std::int32_t defaultvalue)
       : toption(head, type), fvalues{defaultvalue} {}
   std::int32_t defaultvalue() const noexcept { return fvalues.fdefault; }
-  std::int32_t value(bool second) const noexcept { return fvalues.current(*this, second); }
+  std::int32_t value(twhich which) const noexcept { return fvalues.current(*this, which); }
   // The permitted values and their help, in definition order.
   const txlistobj<tlistoptionx>& items() const noexcept { return fitems; }
   void additem(std::int32_t value, std::int32_t helpflag, std::string_view helptext);
   bool hasitem(std::int32_t value) const;
-  void setasinteger(std::int32_t value) { setasinteger12(false, value); }
-  void setasinteger2(std::int32_t value) { setasinteger12(true, value); }
-  void setasinteger12(bool second, std::int32_t value);
-  void setasstring12(bool second, std::string_view text);
+  void setasinteger(std::int32_t value) { setasinteger12(twhich::first, value); }
+  void setasinteger2(std::int32_t value) { setasinteger12(twhich::second, value); }
+  void setasinteger12(twhich which, std::int32_t value);
+  void setasstring12(twhich which, std::string_view text);
+  void storedefault() { fvalues.storedefault(); }
 
  private:
-  friend class toption;
   tnumbervalues<std::int32_t> fvalues;
   txlistobj<tlistoptionx> fitems;
   mutable tnameindex fitemindex;
@@ -325,13 +330,15 @@ class timmediateoption final : public toption {
   timmkind fimmkind;
 };
 
-// The option as its class, which the type code must be that of.
+// The option as its class, which its type must be that of.
 template <class tclass>
 tclass& as(toption& option) noexcept {
+  assert(option.opttype() == tclass::type);
   return static_cast<tclass&>(option);
 }
 template <class tclass>
 const tclass& as(const toption& option) noexcept {
+  assert(option.opttype() == tclass::type);
   return static_cast<const tclass&>(option);
 }
 

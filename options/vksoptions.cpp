@@ -1,4 +1,4 @@
-// The option store: creation, its lists, lookup with synonyms, resetting, messages and switches.
+// The option store: creation, lookup, resetting, messages and switches.
 #include "options/vksoptions.h"
 
 namespace optcore {
@@ -6,42 +6,20 @@ namespace optcore {
 tvksoptions::tvksoptions() : toptionx(0, {}) {}
 tvksoptions::~tvksoptions() = default;
 
-// ---- lists
-
-toption& tvksoptions::addoption(std::unique_ptr<toption> option, const tsoughtname& name) {
-  foptions.addstored(option->storedname(), option.get(), name);
-  return *option.release();
-}
-
-void tvksoptions::addgroup(std::string_view name, std::unique_ptr<tgroupobj> group) {
-  fgroups.addobject(name, group.get());
-  static_cast<void>(group.release());
-}
-
 void tvksoptions::declareindicator(std::string_view keyword) {
   auto list = std::make_unique<tindicatorlist>(*this);
-  strassign(fdotname, keyword);
+  fdefinition.setdotname(keyword);
   findicators = std::move(list);
 }
 
 // ---- lookup
 
-// The position of the option that a synonym stands for, or -1.
-std::int32_t tvksoptions::synonymindex(const tsoughtname& name) const {
-  const std::int32_t synonym = fsynonyms.indexof(name);
-  return synonym >= 0 ? fsynonyms.getobject(synonym) : -1;
-}
-
 bool tvksoptions::optfindstr(std::string_view name, std::int32_t& nr, std::int32_t& refnr) const {
-  const std::int32_t index = optionindex(tsoughtname(name));
-  const toption* option = getobjects(index);
+  const std::int32_t index = fdefinition.indexof(tsoughtname(name));
+  const toption* option = fdefinition.getobjects(index);
   nr = option != nullptr ? index + 1 : -1;
   refnr = option != nullptr ? option->refnr() : -1;
   return option != nullptr;
-}
-
-shortstring tvksoptions::nounderscore(std::string_view name) const {
-  return flookupmode == tlookupmode::minos ? replacechar('_', ' ', name) : shortstring(name);
 }
 
 bool tvksoptions::optsetrefnr(std::int32_t nr, std::int32_t refnr) {
@@ -63,7 +41,7 @@ bool tvksoptions::optsetrefnrstr(std::string_view name, std::int32_t refnr) {
 // The members of macros are options of the list too, so each option is reset once.
 void tvksoptions::optresetall() {
   for (std::int32_t i = 0; i < getcount(); ++i) {
-    toption& option = *foptions.getobject(i);
+    toption& option = fdefinition.option(i);
     if (option.opttype() == topttype::macro)
       option.toption::reset();
     else
@@ -72,7 +50,7 @@ void tvksoptions::optresetall() {
 }
 
 void tvksoptions::optresetallrecent() {
-  for (std::int32_t i = 0; i < getcount(); ++i) foptions.getobject(i)->clearrecent();
+  for (std::int32_t i = 0; i < getcount(); ++i) fdefinition.option(i).clearrecent();
 }
 
 bool tvksoptions::optresetnr(std::int32_t nr) {
@@ -97,7 +75,7 @@ void tvksoptions::filemessage(tmessage message) {
   fmessages.add(message);
 }
 
-void tvksoptions::optgetmessage(std::int32_t nr, ttextout& text, std::int32_t& kind) const {
+void tvksoptions::optgetmessage(std::int32_t nr, ttextout text, std::int32_t& kind) const {
   text.set(fmessages.decorated(nr));
   kind = static_cast<std::int32_t>(fmessages.kind(nr));
 }
@@ -111,7 +89,5 @@ void tvksoptions::optechoset(bool echo) {
   fecho = echo;
   if (fparser != nullptr) fparser->setecho(echo);
 }
-
-bool tvksoptions::opteolonlyset(bool eolonly) noexcept { return std::exchange(feolonly, eolonly); }
 
 }  // namespace optcore

@@ -1,4 +1,4 @@
-// Writes a store as a definition file.
+// Writes a definition as a definition file.
 #include "output/parameterwriter.h"
 #include "output/textfile.h"
 #include "output/vksoptionwriter.h"
@@ -9,11 +9,11 @@ namespace {
 
 class tdefinitionwriter {
  public:
-  tdefinitionwriter(const tvksoptions& store, ttextfile& file) : fstore(store), ffile(file) {}
+  tdefinitionwriter(const tdefinition& definition, ttextfile& file) : fdefinition(definition), ffile(file) {}
 
   void write() {
-    for (std::int32_t i = 0; i < fstore.getcount(); ++i) {
-      const toption& option = fstore.option(i);
+    for (std::int32_t i = 0; i < fdefinition.getcount(); ++i) {
+      const toption& option = fdefinition.option(i);
       if (option.opttype() != topttype::strlist) writeoption(option);
     }
     writesynonyms();
@@ -105,7 +105,7 @@ class tdefinitionwriter {
     constexpr std::size_t linewidth = 80;
     std::size_t used = 0;
     for (std::int32_t i = 0; i < option.items().count(); ++i) {
-      const std::string_view name = fstore.getstrings(option.items().get(i));
+      const std::string_view name = fdefinition.getstrings(option.items().get(i));
       if (name.empty()) continue;
       if (used + name.size() + 1 > linewidth) {
         ffile.write("\n");
@@ -123,9 +123,9 @@ class tdefinitionwriter {
   }
 
   void writesynonyms() {
-    const auto& synonyms = fstore.synonyms();
+    const auto& synonyms = fdefinition.synonyms();
     for (std::int32_t i = 0; i < synonyms.count(); ++i)
-      ffile.writeline(synonyms.getname(i), " synonym ", fstore.getstrings(synonyms.getobject(i)));
+      ffile.writeline(synonyms.getname(i), " synonym ", fdefinition.getstrings(synonyms.getobject(i)));
   }
 
   struct tmarks {
@@ -135,8 +135,8 @@ class tdefinitionwriter {
   // The line that opens the block is a definition line too, so that the file reads back.
   void writemarks(std::string_view keyword, tmarks marks) {
     bool isopen = false;
-    for (std::int32_t i = 0; i < fstore.getcount(); ++i) {
-      const toption& option = fstore.option(i);
+    for (std::int32_t i = 0; i < fdefinition.getcount(); ++i) {
+      const toption& option = fdefinition.option(i);
       if (!option.hasdeprecation(marks.ownname) && !option.hasdeprecation(marks.itssynonym)) continue;
       if (!isopen) ffile.writeline("ver ", keyword, " options");
       isopen = true;
@@ -144,7 +144,7 @@ class tdefinitionwriter {
     }
   }
 
-  const tvksoptions& fstore;
+  const tdefinition& fdefinition;
   ttextfile& ffile;
 };
 
@@ -153,7 +153,7 @@ class tdefinitionwriter {
 std::int32_t tvksoptionwriter::writedefinition(std::string_view filename) const {
   ttextfile file;
   file.open(filename);
-  tdefinitionwriter(fstore, file).write();
+  tdefinitionwriter(fdefinition, file).write();
   return file.close();
 }
 

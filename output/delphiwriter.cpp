@@ -13,8 +13,9 @@ namespace optcore {
 namespace {
 
 // The kinds of values by option type; the types from multilist on have no name of their own.
-constexpr std::array<std::string_view, 10> keynames = {"integer", "real", "string", "boolean", "enumstr",
-                                                       "enumint", "",     "",       "",        ""};
+constexpr auto keynames = std::to_array<std::string_view>(
+    {"integer", "real", "string", "boolean", "enumstr", "enumint", "", "", "", ""});
+static_assert(keynames.size() == opttypecount);
 
 // The list that options of a type go to; -1 for types that are left out.
 std::int32_t listoftype(topttype type) {
@@ -59,11 +60,11 @@ void writeitem(std::string_view item, titemlayout layout, ttextfile& file, std::
 
 using tlist = std::vector<std::int32_t>;  // positions of options, counted from 0
 
-void writekeys(const tvksoptions& store, std::string_view keyname, const tlist& list, ttextfile& file) {
+void writekeys(const tdefinition& definition, std::string_view keyname, const tlist& list, ttextfile& file) {
   file.writeline("\n   Tpf", keyname, "keys = (");
   std::int32_t counter = -1;
   for (const std::int32_t index : list)
-    writeitem(concat("pf", store.getstrings(index)), keylayout, file, counter);
+    writeitem(concat("pf", definition.getstrings(index)), keylayout, file, counter);
   file.writeline(");");
 }
 
@@ -78,8 +79,8 @@ void writemap(std::string_view keyname, const tlist& list, ttextfile& file) {
 
 std::int32_t tvksoptionwriter::writedelphiinc(std::string_view filename) const {
   std::array<tlist, keynames.size()> lists;
-  for (std::int32_t i = 0; i < fstore.getcount(); ++i) {
-    const std::int32_t list = listoftype(fstore.getobjects(i)->opttype());
+  for (std::int32_t i = 0; i < fdefinition.getcount(); ++i) {
+    const std::int32_t list = listoftype(fdefinition.getobjects(i)->opttype());
     if (list >= 0) lists[static_cast<std::size_t>(list)].push_back(i);
   }
   ttextfile file;
@@ -87,7 +88,7 @@ std::int32_t tvksoptionwriter::writedelphiinc(std::string_view filename) const {
   file.writeline("// file created by ", zqagetauditline());
   file.writeline("type");
   for (std::size_t k = 0; k < lists.size(); ++k)
-    if (!lists[k].empty()) writekeys(fstore, keynames[k], lists[k], file);
+    if (!lists[k].empty()) writekeys(fdefinition, keynames[k], lists[k], file);
   file.write("\nconst\n");
   for (std::size_t k = 0; k < lists.size(); ++k)
     if (!lists[k].empty()) writemap(keynames[k], lists[k], file);

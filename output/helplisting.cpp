@@ -21,7 +21,9 @@ bool asnumber(std::string_view text, std::int32_t& number) {
 
 }  // namespace
 
-void tvksoptions::optshowhelp(std::string_view hlpmsg) { thelplisting(*this).show(hlpmsg); }
+void tvksoptions::optshowhelp(std::string_view hlpmsg) { showhelp(*this, hlpmsg); }
+
+void showhelp(tvksoptions& store, std::string_view request) { thelplisting(store).show(request); }
 
 std::int32_t tmysortstringlist::compare(std::int32_t i, std::int32_t j) const {
   return strucmpnum(getname(i), getname(j));
@@ -36,7 +38,7 @@ void thelplisting::show(std::string_view request) {
   }
   if (level < 1) level = defaultlevel;
   const std::int32_t shown =
-      fstore.messagesfull() ? standardoutputbit : summarybit | alphabeticalbit | standardoutputbit;
+      fstore.ignores(tmsgkind::help) ? standardoutputbit : summarybit | alphabeticalbit | standardoutputbit;
   if ((level & shown) == 0) return;
   collectnames();
   if ((level & summarybit) != 0) summary((level & marksbit) != 0);
@@ -45,7 +47,7 @@ void thelplisting::show(std::string_view request) {
 }
 
 bool thelplisting::showoption(std::string_view request, std::string_view name) {
-  const toption* option = fstore.optionasobj(name);
+  const toption* option = fdefinition.optionasobj(name);
   if (option == nullptr) return false;
   if (!struequal(request, option->getname()))
     addline(request, " is a synonym for ", option->getname().view());
@@ -54,14 +56,14 @@ bool thelplisting::showoption(std::string_view request, std::string_view name) {
 }
 
 void thelplisting::collectnames() {
-  for (std::int32_t i = 0; i < fstore.getcount(); ++i) {
-    const toption* option = fstore.getobjects(i);
+  for (std::int32_t i = 0; i < fdefinition.getcount(); ++i) {
+    const toption* option = fdefinition.getobjects(i);
     if (belongsinlisting(*option)) fnames.addobject(option->name(), {option, false});
   }
-  for (std::int32_t i = 0; i < fstore.synonyms().count(); ++i) {
-    const toption* option = fstore.synonymtarget(i);
+  for (std::int32_t i = 0; i < fdefinition.synonyms().count(); ++i) {
+    const toption* option = fdefinition.synonymtarget(i);
     if (option != nullptr && belongsinlisting(*option))
-      fnames.addobject(fstore.synonyms().getname(i), {option, true});
+      fnames.addobject(fdefinition.synonyms().getname(i), {option, true});
   }
   fnames.sortn(fnames.count());
   for (std::int32_t i = 0; i < fnames.count(); ++i)
@@ -91,8 +93,9 @@ void thelplisting::blankline() {
 void thelplisting::summary(bool withmarks) {
   blankline();
   addbuf("Options summary by group");
-  for (std::int32_t i = 0; i < fstore.groups().count(); ++i)
-    if (fstore.groups().getobject(i)->islisted()) summarygroup(*fstore.groups().getobject(i), withmarks);
+  for (std::int32_t i = 0; i < fdefinition.groups().count(); ++i)
+    if (fdefinition.groups().getobject(i)->islisted())
+      summarygroup(*fdefinition.groups().getobject(i), withmarks);
 }
 
 void thelplisting::summarygroup(const tgroupobj& group, bool withmarks) {
@@ -104,7 +107,7 @@ void thelplisting::summarygroup(const tgroupobj& group, bool withmarks) {
 
 void thelplisting::summaryline(std::int32_t entry, bool withmarks) {
   const auto [option, issynonym] = fnames.getobject(entry);
-  shortstring text = fstore.nounderscore(fnames.getname(entry));
+  shortstring text = fdefinition.nounderscore(fnames.getname(entry));
   if (issynonym) text.append(" (Synonym for ").append(option->getname()).append(")");
   if (withmarks && option->hasdeprecation()) {
     const bool isdeprecated = option->hasdeprecation(tdeprecation::deprecated) ||

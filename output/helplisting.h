@@ -23,10 +23,13 @@ class tmysortstringlist final : public txstringlist<tlistedoption> {
   std::int32_t compare(std::int32_t i, std::int32_t j) const override;
 };
 
+// Files the help for a request: the name of an option, or a number whose bits choose the parts of the listing.
+void showhelp(tvksoptions& store, std::string_view request);
+
 class thelplisting {
  public:
   // The store must outlive the listing and receives the lines.
-  explicit thelplisting(tvksoptions& store) : fstore(store) {}
+  explicit thelplisting(tvksoptions& store) : fstore(store), fdefinition(store.definition()) {}
 
   void show(std::string_view request);
 
@@ -65,6 +68,7 @@ class thelplisting {
   void blankline();
 
   tvksoptions& fstore;
+  const tdefinition& fdefinition;
   tmysortstringlist fnames;
   std::unordered_map<std::int32_t, std::vector<std::int32_t>>
       fgroupentries;  // by group number, in sorted order

@@ -9,14 +9,14 @@ namespace {
 
 class ttablewriter {
  public:
-  ttablewriter(const tvksoptions& store, thtmlwrite& page) : fstore(store), fpage(page) {}
+  ttablewriter(const tdefinition& definition, thtmlwrite& page) : fdefinition(definition), fpage(page) {}
 
   void write() {
     fpage.starttable(true);
     fpage.startrow();
     cells("Option", "Type", "UserMap", "Default", "Low", "High", "Group", "Hc", "Help Text");
     fpage.endrow();
-    for (std::int32_t i = 0; i < fstore.getcount(); ++i) writeoption(fstore.option(i));
+    for (std::int32_t i = 0; i < fdefinition.getcount(); ++i) writeoption(fdefinition.option(i));
     writesynonyms();
     fpage.endtable();
   }
@@ -94,21 +94,21 @@ class ttablewriter {
   void writemembers(const tmultilistoption& option) {
     for (std::int32_t i = 0; i < option.items().count(); ++i) {
       fpage.startrow();
-      cells("", "", fstore.getstrings(option.items().get(i)));
+      cells("", "", fdefinition.getstrings(option.items().get(i)));
       fpage.endrow();
     }
   }
 
   void writesynonyms() {
-    const auto& synonyms = fstore.synonyms();
+    const auto& synonyms = fdefinition.synonyms();
     for (std::int32_t i = 0; i < synonyms.count(); ++i) {
       fpage.startrow();
-      cells(synonyms.getname(i), "synonym", fstore.getstrings(synonyms.getobject(i)));
+      cells(synonyms.getname(i), "synonym", fdefinition.getstrings(synonyms.getobject(i)));
       fpage.endrow();
     }
   }
 
-  const tvksoptions& fstore;
+  const tdefinition& fdefinition;
   thtmlwrite& fpage;
 };
 
@@ -116,7 +116,7 @@ class ttablewriter {
 
 std::int32_t tvksoptionwriter::writeashtml(std::string_view filename) const {
   thtmlwrite page(filename);
-  ttablewriter(fstore, page).write();
+  ttablewriter(fdefinition, page).write();
   return page.close();
 }
 

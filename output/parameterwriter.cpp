@@ -8,16 +8,21 @@
 namespace optcore {
 
 std::int32_t tvksoptions::optwriteparameterfile(std::string_view filename) {
-  const auto fileproblem = [&](std::int32_t code) {
-    addmessage(tmsgkind::usererror, concat("Cannot write parameter file ", quoted(filename)));
-    addexplanation(tmsgkind::usererror, concat("   ", errorcodetext(code).view()));
+  return writeparameters(*this, filename);
+}
+
+std::int32_t writeparameters(tvksoptions& store, std::string_view filename) {
+  const auto fileproblem = [&store, filename](std::int32_t code) {
+    store.addmessage(tmsgkind::usererror, concat("Cannot write parameter file ", quoted(filename)),
+                     {filename});
+    store.addexplanation(tmsgkind::usererror, concat("   ", errorcodetext(code).view()));
   };
   ttextfile file;
   if (const std::int32_t code = file.open(filename); code != 0) {
     fileproblem(code);
     return code;
   }
-  tparameterwriter(*this, file).write();
+  tparameterwriter(store, file).write();
   if (const std::int32_t code = file.close(); code != 0) fileproblem(code);
   return 0;
 }
@@ -31,8 +36,8 @@ std::string strexternal(std::string_view text) {
 
 void tparameterwriter::write() {
   fboundsswitch = boundsswitchname();
-  for (std::int32_t i = 0; i < fstore.getcount(); ++i) {
-    const toption& option = *fstore.getobjects(i);
+  for (std::int32_t i = 0; i < fdefinition.getcount(); ++i) {
+    const toption& option = *fdefinition.getobjects(i);
     // the values of dot options belong to the dot entries
     if (option.defined() != 0 && option.name().substr(0, 1) != ".") writeoption(option);
   }
@@ -42,8 +47,8 @@ void tparameterwriter::write() {
 
 // The option that switches bound checking in parameter text; empty when the definition has none.
 std::string_view tparameterwriter::boundsswitchname() const {
-  for (std::int32_t i = 0; i < fstore.getcount(); ++i) {
-    const auto* immediate = ifis<timmediateoption>(fstore.getobjects(i));
+  for (std::int32_t i = 0; i < fdefinition.getcount(); ++i) {
+    const auto* immediate = ifis<timmediateoption>(fdefinition.getobjects(i));
     if (immediate != nullptr && immediate->immkind() == timmkind::nobounds) return immediate->name();
   }
   return {};
@@ -60,7 +65,7 @@ void tparameterwriter::writeoption(const toption& option) {
 }
 
 void tparameterwriter::writevalue(const toption& option) {
-  const bool isminos = fstore.lookupmode() == tlookupmode::minos;
+  const bool isminos = fdefinition.lookupmode() == tlookupmode::minos;
   const std::string_view name = isminos ? fname.assign(option.getname()).view() : option.name();
   switch (option.subtype()) {
     case tsubtype::required:
@@ -87,7 +92,7 @@ void tparameterwriter::writedotentries() {
   const tdotobjlist& entries = fstore.dotoptions();
   for (std::int32_t i = 0; i < entries.count(); ++i) {
     const tdotobj& entry = *entries.getobject(i);
-    ffile.write(entries.getname(i), fstore.getstrings(entry.optionindex()));
+    ffile.write(entries.getname(i), fdefinition.getstrings(entry.optionindex()));
     writeelements(entry.indices());
     ffile.writeline(" = ", dbltostr(entry.value()));
   }
@@ -97,7 +102,7 @@ void tparameterwriter::writeindicators() {
   const tindicatorlist* items = fstore.indicators();
   for (std::int32_t i = 0; items != nullptr && i < items->count(); ++i) {
     const tindicatoritem& item = *items->get(i);
-    ffile.write(fstore.dotname(), " ", item.equation().name());
+    ffile.write(fdefinition.dotname(), " ", item.equation().name());
     writeelements(item.equation().elements());
     ffile.write("$", item.variable().name());
     writeelements(item.variable().elements());

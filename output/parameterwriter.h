@@ -14,10 +14,14 @@ namespace optcore {
 // a blank, tab or comma. Nothing inside is escaped.
 std::string strexternal(std::string_view text);
 
+// Returns 0, or the system's code of a file that cannot be opened; what goes wrong is filed as messages.
+std::int32_t writeparameters(tvksoptions& store, std::string_view filename);
+
 class tparameterwriter {
  public:
   // Both must outlive the writer; the file is open.
-  tparameterwriter(const tvksoptions& store, ttextfile& file) : fstore(store), ffile(file) {}
+  tparameterwriter(const tvksoptions& store, ttextfile& file)
+      : fstore(store), fdefinition(store.definition()), ffile(file) {}
 
   void write();
 
@@ -32,6 +36,7 @@ class tparameterwriter {
   std::string_view boundsswitchname() const;
 
   const tvksoptions& fstore;
+  const tdefinition& fdefinition;
   ttextfile& ffile;
   std::string_view fboundsswitch;
   shortstring fname;  // where it is not written as it is held

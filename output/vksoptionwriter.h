@@ -1,18 +1,18 @@
-// Turns a loaded store back into text for those who maintain a solver's options: the definition file, a
+// Turns a definition back into text for those who maintain a solver's options: the definition file, a
 // Pascal include file with enumerations and maps of the options, and an HTML table.
 #pragma once
 
 #include <cstdint>
 #include <string_view>
 
-#include "options/vksoptions.h"
+#include "options/definition.h"
 
 namespace optcore {
 
 class tvksoptionwriter {
  public:
-  // The store must outlive the writer.
-  explicit tvksoptionwriter(const tvksoptions& store) noexcept : fstore(store) {}
+  // The definition must outlive the writer.
+  explicit tvksoptionwriter(const tdefinition& definition) noexcept : fdefinition(definition) {}
 
   // Each creates or truncates the file, writes it and returns 0, or the system's code of the first thing that
   // went wrong: opening, writing or closing.
@@ -25,7 +25,7 @@ class tvksoptionwriter {
   std::int32_t writeashtml(std::string_view filename) const;
 
  private:
-  const tvksoptions& fstore;
+  const tdefinition& fdefinition;
 };
 
 }  // namespace optcore

@@ -9,9 +9,9 @@
 namespace tool {
 
 void addearlyend(treading& reading) {
-  const optcore::tvksoptions::tdefinitionend end = reading.handle().get()->definitionend();
-  if (end.early)
-    reading.add({{reading.definition(), end.line},
+  const std::int32_t end = reading.handle().get()->definition().earlyend();
+  if (end != 0)
+    reading.add({{reading.definition(), end},
                  tseverity::warning,
                  "The definition ends here, because no definition can begin like this line; "
                  "this line and all that follow are not read"});

@@ -25,7 +25,7 @@ std::int32_t writetext(const std::string& path, const std::string& text) {
 // 0, or the operating system's code of what went wrong with the file.
 std::int32_t write(const treading& reading, tdocform form, const std::string& path) {
   const optcore::tvksoptions& store = *reading.handle().get();
-  const optcore::tvksoptionwriter writer(store);
+  const optcore::tvksoptionwriter writer(store.definition());
   switch (form) {
     case tdocform::definition: return writer.writedefinition(path);
     case tdocform::pascal: return writer.writedelphiinc(path);

@@ -25,7 +25,7 @@ bool isquoted(std::string_view text) { return text.empty() || text.find_first_of
 // The first option that switches the checking of bounds, which the writer names; null without one.
 const toption* boundsswitch(tvksoptions& store) {
   for (std::int32_t i = 0; i < store.getcount(); ++i) {
-    const auto* immediate = ifis<timmediateoption>(store.getobjects(i));
+    const auto* immediate = ifis<timmediateoption>(store.definition().getobjects(i));
     if (immediate != nullptr && immediate->immkind() == timmkind::nobounds) return immediate;
   }
   return nullptr;
@@ -53,9 +53,9 @@ class tjudge {
   }
 
   treason ofdotentry(const tdotobj& entry, std::string_view name) const {
-    const toption& option = *fstore.getobjects(entry.optionindex());
+    const toption& option = *fstore.definition().getobjects(entry.optionindex());
     if (option.subtype() == tsubtype::novalue ||
-        !(option.holdsinteger() || option.opttype() == topttype::dbl))
+        !(option.getasinteger() || option.opttype() == topttype::dbl))
       return "a dot line holds nothing but a number";
     if (option.name().size() > longestname || fstore.optlookup(option.name()) != entry.optionindex())
       return "the name of the dot option stands for another one";
@@ -69,7 +69,8 @@ class tjudge {
   treason ofindicator(const tindicatoritem& indicator) const {
     const auto& equation = indicator.equation();
     const auto& variable = indicator.variable();
-    const std::size_t length = fstore.dotname().size() + equation.name().size() + variable.name().size() + 10;
+    const std::size_t length =
+        fstore.definition().dotname().size() + equation.name().size() + variable.name().size() + 10;
     const treason reason = ofelements(equation.elements(), length);
     return reason != nullptr ? reason
                              : ofelements(variable.elements(), length + lengthof(equation.elements()));
@@ -89,10 +90,11 @@ class tjudge {
   // The option that a reader finds for a key.
   toption* found(std::string_view key) {
     if (key.size() > longestname) return nullptr;
-    const bool isminos = fstore.lookupmode() == tlookupmode::minos;
+    const bool isminos = fstore.definition().lookupmode() == tlookupmode::minos;
     // in that mode keys with underscores are unknown, and names of lists are written so
     if (isminos && key.find('_') != key.npos) return nullptr;
-    if (!fstore.dotname().empty() && struequal(firstword(key), fstore.dotname())) return nullptr;
+    if (!fstore.definition().dotname().empty() && struequal(firstword(key), fstore.definition().dotname()))
+      return nullptr;
     return isminos && !key.starts_with("--") ? foundinwords(key) : fstore.optionasobj(key);
   }
 
@@ -176,7 +178,8 @@ class tjudge {
   // ---- texts
 
   bool hascomment(std::string_view text) const {
-    return std::ranges::any_of(text, [&](char each) { return inset(fstore.eolcommset(), each); });
+    return std::ranges::any_of(text,
+                               [&](char each) { return inset(fstore.definition().eolcommset(), each); });
   }
 
   treason oftext(std::string_view text, bool toend) const {
@@ -224,7 +227,7 @@ std::vector<tinexpressible> inexpressible(tvksoptions& store, bool eolonly) {
   };
   tjudge judge(store, eolonly);
   for (std::int32_t i = 0; i < store.getcount(); ++i) {
-    toption& option = *store.getobjects(i);
+    toption& option = *store.definition().getobjects(i);
     if (option.defined() != 0 && !option.name().starts_with('.'))
       add(i + 1, "option \"" + std::string(option.getname().view()) + '"', judge.ofoption(option));
   }

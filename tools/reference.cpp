@@ -77,7 +77,8 @@ void addtyped(const tvksoptions& store, const toption& option, toptionreference&
     case topttype::multilist: {
       const auto& members = as<tmultilistoption>(option).items();
       for (std::int32_t i = 0; i < members.count(); ++i)
-        result.members.push_back(utf8(store.nounderscore(store.getstrings(members.get(i)))));
+        result.members.push_back(
+            utf8(store.definition().nounderscore(store.definition().getstrings(members.get(i)))));
       break;
     }
     case topttype::macro: {
@@ -94,7 +95,7 @@ void addtyped(const tvksoptions& store, const toption& option, toptionreference&
 }
 
 toptionreference describe(const tvksoptions& store, std::int32_t index) {
-  const toption& option = *store.getobjects(index);
+  const toption& option = *store.definition().getobjects(index);
   toptionreference result = {
       .number = index + 1,
       .refnr = option.refnr(),
@@ -137,25 +138,26 @@ constexpr std::array<const char*, 4> subtypephrases = {"", ", takes no value", "
 
 treference describe(const tvksoptions& store, const std::string& definition) {
   treference result = {.definition = utf8(definition),
-                       .lookupmode = store.lookupmode(),
+                       .lookupmode = store.definition().lookupmode(),
                        .commentcharacters = {},
-                       .indicatorkeyword = utf8(store.dotname()),
+                       .indicatorkeyword = utf8(store.definition().dotname()),
                        .groups = {},
                        .options = {}};
-  for (std::size_t character = 0; character < store.eolcommset().size(); ++character)
-    if (store.eolcommset()[character]) result.commentcharacters.push_back(static_cast<char>(character));
+  for (std::size_t character = 0; character < store.definition().eolcommset().size(); ++character)
+    if (store.definition().eolcommset()[character])
+      result.commentcharacters.push_back(static_cast<char>(character));
   result.commentcharacters = utf8(result.commentcharacters);
-  for (std::int32_t i = 0; i < store.groups().count(); ++i) {
-    const tgroupobj& group = *store.groups().getobject(i);
-    result.groups.push_back(
-        {group.groupnumber(), utf8(store.groups().getname(i)), utf8(group.helptext()), group.islisted()});
+  for (std::int32_t i = 0; i < store.definition().groups().count(); ++i) {
+    const tgroupobj& group = *store.definition().groups().getobject(i);
+    result.groups.push_back({group.groupnumber(), utf8(store.definition().groups().getname(i)),
+                             utf8(group.helptext()), group.islisted()});
   }
   for (std::int32_t i = 0; i < store.getcount(); ++i) result.options.push_back(describe(store, i));
-  for (std::int32_t i = 0; i < store.synonyms().count(); ++i) {
-    const std::int32_t target = store.synonyms().getobject(i);
+  for (std::int32_t i = 0; i < store.definition().synonyms().count(); ++i) {
+    const std::int32_t target = store.definition().synonyms().getobject(i);
     if (target >= 0)
       result.options[static_cast<std::size_t>(target)].synonyms.push_back(
-          utf8(store.nounderscore(store.synonyms().getname(i))));
+          utf8(store.definition().nounderscore(store.definition().synonyms().getname(i))));
   }
   return result;
 }

@@ -245,7 +245,7 @@ TEST(definition, blocksinuse) {
       " one l\nmany multilist 3 0 0\n many x\n l\n",
       reading, R"(
     1 => ml 1::b:x:c:: => x=1 l=[]
-      => V1 Integer expected, for option "ml" saw "x" | V1 Integer expected, for option "ml" saw ""
+      => V1 Integer expected, for option "ml" saw "x"
     1 => ml 1:a:b:2:c:3:4 => x=3 l=[a] => V1 Too many items for multilist "ml"
     // A word ends at the path-list separator, not at a blank.
     1 => ml 1: \ta b :c => x=1 l=[a b ]

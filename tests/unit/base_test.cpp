@@ -156,6 +156,7 @@ TEST(lists, grow_eightfold_while_small_and_by_a_quarter_past_a_million) {
 
 // Tells on destruction.
 struct tteller {
+  tteller(std::string& target, char name) : ftarget(target), fname(name) {}
   ~tteller() { ftarget += fname; }
   std::string& ftarget;
   char fname;
@@ -166,7 +167,7 @@ TEST(lists, owning_lists_free_what_they_lose_and_clear_from_the_end) {
   {
     txstringlistobj<tteller> texts;
     for (const char name : {'a', 'b', 'c', 'd'})
-      texts.addobject(std::string(1, name), new tteller{told, name});
+      texts.addobject(std::string(1, name), std::make_unique<tteller>(told, name));
     texts.remove(1);
     EXPECT_EQ(told, "b");
     EXPECT_EQ(texts.getname(1), "c");
@@ -179,9 +180,9 @@ TEST(lists, owning_lists_free_what_they_lose_and_clear_from_the_end) {
     EXPECT_EQ(texts.capacity(), 0);
     for (const std::int32_t capacity : {5, 0}) texts.setcapacity(capacity);
     EXPECT_EQ(texts.capacity(), 0);
-    texts.addobject("e", new tteller{told, 'e'});
+    texts.addobject("e", std::make_unique<tteller>(told, 'e'));
     txlistobj<tteller> items;
-    items.add(new tteller{told, 'x'});
+    items.add(std::make_unique<tteller>(told, 'x'));
     items.put(0, new tteller{told, 'y'});
     EXPECT_EQ(told, "bdcax");
   }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/zqaaudit.h"
+#include "options/vksoptions.h"
 #include "output/htmlwr.h"
 #include "output/vksoptionwriter.h"
 #include "support/handle.h"
@@ -20,9 +21,9 @@ std::string written(twrite write, const std::string& definition) {
   const ttempdir directory;
   tvksoptions store;
   store.optreaddefinition(directory.write("def", definition));
-  EXPECT_EQ((tvksoptionwriter(store).*write)("/no/such/directory/file"), ENOENT);
-  EXPECT_EQ((tvksoptionwriter(store).*write)("/dev/full"), ENOSPC);
-  EXPECT_EQ((tvksoptionwriter(store).*write)(directory.path("out")), 0);
+  EXPECT_EQ((tvksoptionwriter(store.definition()).*write)("/no/such/directory/file"), ENOENT);
+  EXPECT_EQ((tvksoptionwriter(store.definition()).*write)("/dev/full"), ENOSPC);
+  EXPECT_EQ((tvksoptionwriter(store.definition()).*write)(directory.path("out")), 0);
   return readfile(directory.path("out"));
 }
 

@@ -4,7 +4,7 @@
 
 using optcore::guarded;
 using optcore::in;
-using optcore::tout;
+using optcore::out;
 
 // ---- lookup
 
@@ -26,17 +26,13 @@ int32_t coptlookup(tvksoptions* handle, const char* name) {
 
 int32_t optgetvaluesnr(tvksoptions* handle, int32_t number, optshortstring* name, int32_t* ivalue,
                        double* dvalue, optshortstring* svalue) {
-  tout nametext(name);
-  tout svaluetext(svalue);
   return guarded(handle,
-                 [&] { return handle->optgetvaluesnr(number, nametext, *ivalue, *dvalue, svaluetext); });
+                 [&] { return handle->optgetvaluesnr(number, out(name), *ivalue, *dvalue, out(svalue)); });
 }
 int32_t coptgetvaluesnr(tvksoptions* handle, int32_t number, char* name, int32_t* ivalue, double* dvalue,
                         char* svalue) {
-  tout nametext(name);
-  tout svaluetext(svalue);
   return guarded(handle,
-                 [&] { return handle->optgetvaluesnr(number, nametext, *ivalue, *dvalue, svaluetext); });
+                 [&] { return handle->optgetvaluesnr(number, out(name), *ivalue, *dvalue, out(svalue)); });
 }
 
 int32_t optsetvaluesnr(tvksoptions* handle, int32_t number, int32_t ivalue, double dvalue,
@@ -90,21 +86,17 @@ int32_t optsetdbl2nr(tvksoptions* handle, int32_t number, double dvalue) {
 }
 
 int32_t optgetstrnr(tvksoptions* handle, int32_t number, optshortstring* svalue) {
-  tout svaluetext(svalue);
-  return guarded(handle, [&] { return handle->optgetstrnr(number, svaluetext); });
+  return guarded(handle, [&] { return handle->optgetstrnr(number, out(svalue)); });
 }
 int32_t coptgetstrnr(tvksoptions* handle, int32_t number, char* svalue) {
-  tout svaluetext(svalue);
-  return guarded(handle, [&] { return handle->optgetstrnr(number, svaluetext); });
+  return guarded(handle, [&] { return handle->optgetstrnr(number, out(svalue)); });
 }
 
 int32_t optgetstr2nr(tvksoptions* handle, int32_t number, optshortstring* svalue) {
-  tout svaluetext(svalue);
-  return guarded(handle, [&] { return handle->optgetstr2nr(number, svaluetext); });
+  return guarded(handle, [&] { return handle->optgetstr2nr(number, out(svalue)); });
 }
 int32_t coptgetstr2nr(tvksoptions* handle, int32_t number, char* svalue) {
-  tout svaluetext(svalue);
-  return guarded(handle, [&] { return handle->optgetstr2nr(number, svaluetext); });
+  return guarded(handle, [&] { return handle->optgetstr2nr(number, out(svalue)); });
 }
 
 int32_t optsetstrnr(tvksoptions* handle, int32_t number, const optshortstring* svalue) {
@@ -124,19 +116,15 @@ int32_t coptsetstr2nr(tvksoptions* handle, int32_t number, const char* svalue) {
 // ---- values by name
 
 int32_t optgetvalstr(tvksoptions* handle, const optshortstring* name, optshortstring* value) {
-  tout valuetext(value);
-  return guarded(handle, [&] { return handle->optgetvalstr(in(name), valuetext); });
+  return guarded(handle, [&] { return handle->optgetvalstr(in(name), out(value)); });
 }
 int32_t coptgetvalstr(tvksoptions* handle, const char* name, char* value) {
-  tout valuetext(value);
-  return guarded(handle, [&] { return handle->optgetvalstr(in(name), valuetext); });
+  return guarded(handle, [&] { return handle->optgetvalstr(in(name), out(value)); });
 }
 
 int32_t optgetval2str(tvksoptions* handle, const optshortstring* name, optshortstring* value) {
-  tout valuetext(value);
-  return guarded(handle, [&] { return handle->optgetval2str(in(name), valuetext); });
+  return guarded(handle, [&] { return handle->optgetval2str(in(name), out(value)); });
 }
 int32_t coptgetval2str(tvksoptions* handle, const char* name, char* value) {
-  tout valuetext(value);
-  return guarded(handle, [&] { return handle->optgetval2str(in(name), valuetext); });
+  return guarded(handle, [&] { return handle->optgetval2str(in(name), out(value)); });
 }

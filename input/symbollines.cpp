@@ -32,7 +32,7 @@ bool tparameterreader::dotline() {
     return true;
   }
   const shortstring suffix = concat(".", identifier);
-  const std::int32_t index = fstore.optlookup(suffix);
+  const std::int32_t index = fdefinition.optlookup(suffix.view());
   if (index < 0) {
     error(concat("unknown .suffix ", quoted(suffix), " for key ", quoted(fkey)),
           {.name = suffix, .problem = tsubject::tproblem::unknowndotoption});

@@ -17,7 +17,7 @@ std::int32_t tvksoptions::optdotoptcount(std::int32_t& errors) const noexcept {
   return fdotoptions.count();
 }
 
-bool tvksoptions::optgetdotoptnr(std::int32_t nr, ttextout& name, std::int32_t& optnr,
+bool tvksoptions::optgetdotoptnr(std::int32_t nr, ttextout name, std::int32_t& optnr,
                                  std::int32_t& dimensions, double& value) const {
   const tdotobj* entry = isnumberin(fdotoptions, nr) ? fdotoptions.getobject(nr - 1) : nullptr;
   name.set(entry != nullptr ? fdotoptions.getname(nr - 1) : std::string_view());
@@ -27,7 +27,7 @@ bool tvksoptions::optgetdotoptnr(std::int32_t nr, ttextout& name, std::int32_t& 
   return entry != nullptr;
 }
 
-bool tvksoptions::optgetdotoptuel(std::int32_t nr, std::int32_t dim, ttextout& uel) const {
+bool tvksoptions::optgetdotoptuel(std::int32_t nr, std::int32_t dim, ttextout uel) const {
   if (!isnumberin(fdotoptions, nr) || !isnumberin(fdotoptions.getobject(nr - 1)->indices(), dim)) {
     uel.clear();
     return false;
@@ -42,7 +42,7 @@ std::int32_t tvksoptions::optindicatorcount(std::int32_t& errors) const noexcept
   return findicators != nullptr ? findicators->count() : 0;
 }
 
-bool tvksoptions::optgetindicatornr(std::int32_t nr, ttextout& equation, ttextout& variable,
+bool tvksoptions::optgetindicatornr(std::int32_t nr, ttextout equation, ttextout variable,
                                     std::int32_t& equdims, std::int32_t& vardims, std::int32_t& value) const {
   const bool found = findicators != nullptr && isnumberin(*findicators, nr);
   const tindicatoritem* item = found ? findicators->get(nr - 1) : nullptr;
@@ -69,11 +69,11 @@ bool getelement(const tindicatorlist* indicators, std::int32_t nr, std::int32_t 
 
 }  // namespace
 
-bool tvksoptions::optgetequindicatornr(std::int32_t nr, std::int32_t dim, ttextout& element) const {
+bool tvksoptions::optgetequindicatornr(std::int32_t nr, std::int32_t dim, ttextout element) const {
   return getelement(findicators.get(), nr, dim, &tindicatoritem::equation, element);
 }
 
-bool tvksoptions::optgetvarindicatornr(std::int32_t nr, std::int32_t dim, ttextout& element) const {
+bool tvksoptions::optgetvarindicatornr(std::int32_t nr, std::int32_t dim, ttextout element) const {
   return getelement(findicators.get(), nr, dim, &tindicatoritem::variable, element);
 }
 

@@ -3,7 +3,7 @@
 #include "api/conversion.h"
 
 using optcore::guarded;
-using optcore::tout;
+using optcore::out;
 
 // ---- info
 
@@ -19,42 +19,32 @@ int32_t optgetdefinednr(tvksoptions* handle, int32_t number, int32_t* defined) {
 }
 
 int32_t optgetnamenr(tvksoptions* handle, int32_t number, optshortstring* name) {
-  tout nametext(name);
-  return guarded(handle, [&] { return handle->optgetnamenr(number, nametext); });
+  return guarded(handle, [&] { return handle->optgetnamenr(number, out(name)); });
 }
 int32_t coptgetnamenr(tvksoptions* handle, int32_t number, char* name) {
-  tout nametext(name);
-  return guarded(handle, [&] { return handle->optgetnamenr(number, nametext); });
+  return guarded(handle, [&] { return handle->optgetnamenr(number, out(name)); });
 }
 
 int32_t optgethelpnr(tvksoptions* handle, int32_t number, optshortstring* name, optshortstring* helptext) {
-  tout nametext(name);
-  tout helptexttext(helptext);
-  return guarded(handle, [&] { return handle->optgethelpnr(number, nametext, helptexttext); });
+  return guarded(handle, [&] { return handle->optgethelpnr(number, out(name), out(helptext)); });
 }
 int32_t coptgethelpnr(tvksoptions* handle, int32_t number, char* name, char* helptext) {
-  tout nametext(name);
-  tout helptexttext(helptext);
-  return guarded(handle, [&] { return handle->optgethelpnr(number, nametext, helptexttext); });
+  return guarded(handle, [&] { return handle->optgethelpnr(number, out(name), out(helptext)); });
 }
 
 int32_t optgetopthelpnr(tvksoptions* handle, int32_t number, optshortstring* name, int32_t* helpflag,
                         int32_t* group) {
-  tout nametext(name);
-  return guarded(handle, [&] { return handle->optgetopthelpnr(number, nametext, *helpflag, *group); });
+  return guarded(handle, [&] { return handle->optgetopthelpnr(number, out(name), *helpflag, *group); });
 }
 int32_t coptgetopthelpnr(tvksoptions* handle, int32_t number, char* name, int32_t* helpflag, int32_t* group) {
-  tout nametext(name);
-  return guarded(handle, [&] { return handle->optgetopthelpnr(number, nametext, *helpflag, *group); });
+  return guarded(handle, [&] { return handle->optgetopthelpnr(number, out(name), *helpflag, *group); });
 }
 
 int32_t optgetdefaultstr(tvksoptions* handle, int32_t number, optshortstring* text) {
-  tout texttext(text);
-  return guarded(handle, [&] { return handle->optgetdefaultstr(number, texttext); });
+  return guarded(handle, [&] { return handle->optgetdefaultstr(number, out(text)); });
 }
 int32_t coptgetdefaultstr(tvksoptions* handle, int32_t number, char* text) {
-  tout texttext(text);
-  return guarded(handle, [&] { return handle->optgetdefaultstr(number, texttext); });
+  return guarded(handle, [&] { return handle->optgetdefaultstr(number, out(text)); });
 }
 
 int32_t optgetboundsint(tvksoptions* handle, int32_t number, int32_t* low, int32_t* high,
@@ -73,43 +63,33 @@ int32_t optgetenumcount(tvksoptions* handle, int32_t number, int32_t* count) {
 
 int32_t optgetenumhelp(tvksoptions* handle, int32_t number, int32_t item, int32_t* helpflag,
                        optshortstring* helptext) {
-  tout helptexttext(helptext);
-  return guarded(handle, [&] { return handle->optgetenumhelp(number, item, *helpflag, helptexttext); });
+  return guarded(handle, [&] { return handle->optgetenumhelp(number, item, *helpflag, out(helptext)); });
 }
 int32_t coptgetenumhelp(tvksoptions* handle, int32_t number, int32_t item, int32_t* helpflag,
                         char* helptext) {
-  tout helptexttext(helptext);
-  return guarded(handle, [&] { return handle->optgetenumhelp(number, item, *helpflag, helptexttext); });
+  return guarded(handle, [&] { return handle->optgetenumhelp(number, item, *helpflag, out(helptext)); });
 }
 
 int32_t optgetenumvalue(tvksoptions* handle, int32_t number, int32_t item, int32_t* ivalue,
                         optshortstring* svalue) {
-  tout svaluetext(svalue);
-  return guarded(handle, [&] { return handle->optgetenumvalue(number, item, *ivalue, svaluetext); });
+  return guarded(handle, [&] { return handle->optgetenumvalue(number, item, *ivalue, out(svalue)); });
 }
 int32_t coptgetenumvalue(tvksoptions* handle, int32_t number, int32_t item, int32_t* ivalue, char* svalue) {
-  tout svaluetext(svalue);
-  return guarded(handle, [&] { return handle->optgetenumvalue(number, item, *ivalue, svaluetext); });
+  return guarded(handle, [&] { return handle->optgetenumvalue(number, item, *ivalue, out(svalue)); });
 }
 
 int32_t optgetenumstrnr(tvksoptions* handle, int32_t number, optshortstring* svalue, int32_t* item) {
-  tout svaluetext(svalue);
-  return guarded(handle, [&] { return handle->optgetenumstrnr(number, svaluetext, *item); });
+  return guarded(handle, [&] { return handle->optgetenumstrnr(number, out(svalue), *item); });
 }
 int32_t coptgetenumstrnr(tvksoptions* handle, int32_t number, char* svalue, int32_t* item) {
-  tout svaluetext(svalue);
-  return guarded(handle, [&] { return handle->optgetenumstrnr(number, svaluetext, *item); });
+  return guarded(handle, [&] { return handle->optgetenumstrnr(number, out(svalue), *item); });
 }
 
 int32_t optgetsynonym(tvksoptions* handle, int32_t number, optshortstring* synonym, optshortstring* name) {
-  tout synonymtext(synonym);
-  tout nametext(name);
-  return guarded(handle, [&] { return handle->optgetsynonym(number, synonymtext, nametext); });
+  return guarded(handle, [&] { return handle->optgetsynonym(number, out(synonym), out(name)); });
 }
 int32_t coptgetsynonym(tvksoptions* handle, int32_t number, char* synonym, char* name) {
-  tout synonymtext(synonym);
-  tout nametext(name);
-  return guarded(handle, [&] { return handle->optgetsynonym(number, synonymtext, nametext); });
+  return guarded(handle, [&] { return handle->optgetsynonym(number, out(synonym), out(name)); });
 }
 
 int32_t optgetoptgroupnr(tvksoptions* handle, int32_t number) {
@@ -118,17 +98,13 @@ int32_t optgetoptgroupnr(tvksoptions* handle, int32_t number) {
 
 int32_t optgetgroupnr(tvksoptions* handle, int32_t position, optshortstring* name, int32_t* group,
                       int32_t* helpflag, optshortstring* helptext) {
-  tout nametext(name);
-  tout helptexttext(helptext);
-  return guarded(handle,
-                 [&] { return handle->optgetgroupnr(position, nametext, *group, *helpflag, helptexttext); });
+  return guarded(
+      handle, [&] { return handle->optgetgroupnr(position, out(name), *group, *helpflag, out(helptext)); });
 }
 int32_t coptgetgroupnr(tvksoptions* handle, int32_t position, char* name, int32_t* group, int32_t* helpflag,
                        char* helptext) {
-  tout nametext(name);
-  tout helptexttext(helptext);
-  return guarded(handle,
-                 [&] { return handle->optgetgroupnr(position, nametext, *group, *helpflag, helptexttext); });
+  return guarded(
+      handle, [&] { return handle->optgetgroupnr(position, out(name), *group, *helpflag, out(helptext)); });
 }
 
 int32_t optgetgroupgrpnr(tvksoptions* handle, int32_t group) {
@@ -136,39 +112,31 @@ int32_t optgetgroupgrpnr(tvksoptions* handle, int32_t group) {
 }
 
 int32_t optgetconstname(tvksoptions* handle, int32_t group, int32_t index, optshortstring* name) {
-  tout nametext(name);
-  return guarded(handle, [&] { return handle->optgetconstname(group, index, nametext); });
+  return guarded(handle, [&] { return handle->optgetconstname(group, index, out(name)); });
 }
 int32_t coptgetconstname(tvksoptions* handle, int32_t group, int32_t index, char* name) {
-  tout nametext(name);
-  return guarded(handle, [&] { return handle->optgetconstname(group, index, nametext); });
+  return guarded(handle, [&] { return handle->optgetconstname(group, index, out(name)); });
 }
 
 int32_t optgettypename(tvksoptions* handle, int32_t opttype, optshortstring* name) {
-  tout nametext(name);
-  return guarded(handle, [&] { return handle->optgettypename(opttype, nametext); });
+  return guarded(handle, [&] { return handle->optgettypename(opttype, out(name)); });
 }
 int32_t coptgettypename(tvksoptions* handle, int32_t opttype, char* name) {
-  tout nametext(name);
-  return guarded(handle, [&] { return handle->optgettypename(opttype, nametext); });
+  return guarded(handle, [&] { return handle->optgettypename(opttype, out(name)); });
 }
 
 void optdefinitionfile(tvksoptions* handle, optshortstring* filename) {
-  tout filenametext(filename);
-  guarded(handle, [&] { handle->optdefinitionfile(filenametext); });
+  guarded(handle, [&] { handle->optdefinitionfile(out(filename)); });
 }
 void coptdefinitionfile(tvksoptions* handle, char* filename) {
-  tout filenametext(filename);
-  guarded(handle, [&] { handle->optdefinitionfile(filenametext); });
+  guarded(handle, [&] { handle->optdefinitionfile(out(filename)); });
 }
 
 void optversion(tvksoptions* handle, optshortstring* line) {
-  tout linetext(line);
-  guarded(handle, [&] { handle->optversion(linetext); });
+  guarded(handle, [&] { handle->optversion(out(line)); });
 }
 void coptversion(tvksoptions* handle, char* line) {
-  tout linetext(line);
-  guarded(handle, [&] { handle->optversion(linetext); });
+  guarded(handle, [&] { handle->optversion(out(line)); });
 }
 
 // ---- counts

@@ -7,8 +7,8 @@
 using optcore::concat;
 using optcore::in;
 using optcore::inttostr;
+using optcore::out;
 using optcore::shortstring;
-using optcore::tout;
 using optcore::tsignature;
 using optcore::ttextout;
 
@@ -20,7 +20,7 @@ constexpr std::int32_t sameversion = 1;
 constexpr std::int32_t olderclient = 2;
 constexpr std::int32_t newerclient = 3;
 
-bool checkversion(std::int32_t version, ttextout& message, std::int32_t& compat) {
+bool checkversion(std::int32_t version, ttextout message, std::int32_t& compat) {
   if (version == WEXCORIN_INTERFACE_VERSION) {
     compat = sameversion;
     message.set("API version and library version are the same.");
@@ -53,7 +53,7 @@ bool checkcodes(const tsignature& signature, const std::int32_t* codes, ttextout
   return text.empty();
 }
 
-bool checkfunction(std::string_view name, std::int32_t count, const std::int32_t* codes, ttextout& message) {
+bool checkfunction(std::string_view name, std::int32_t count, const std::int32_t* codes, ttextout message) {
   const auto signatures = optcore::signatures();
   const auto found = std::find_if(signatures.begin(), signatures.end(),
                                   [name](const tsignature& signature) { return signature.name() == name; });
@@ -73,19 +73,15 @@ bool checkfunction(std::string_view name, std::int32_t count, const std::int32_t
 }  // namespace
 
 int32_t xapiversion(int32_t version, optshortstring* message, int32_t* compat) {
-  tout text(message);
-  return checkversion(version, text, *compat) ? 1 : 0;
+  return checkversion(version, out(message), *compat) ? 1 : 0;
 }
 int32_t cxapiversion(int32_t version, char* message, int32_t* compat) {
-  tout text(message);
-  return checkversion(version, text, *compat) ? 1 : 0;
+  return checkversion(version, out(message), *compat) ? 1 : 0;
 }
 
 int32_t xcheck(const optshortstring* name, int32_t count, const int32_t* signature, optshortstring* message) {
-  tout text(message);
-  return checkfunction(in(name), count, signature, text) ? 1 : 0;
+  return checkfunction(in(name), count, signature, out(message)) ? 1 : 0;
 }
 int32_t cxcheck(const char* name, int32_t count, const int32_t* signature, char* message) {
-  tout text(message);
-  return checkfunction(in(name), count, signature, text) ? 1 : 0;
+  return checkfunction(in(name), count, signature, out(message)) ? 1 : 0;
 }

@@ -5,7 +5,7 @@
 
 using optcore::guarded;
 using optcore::in;
-using optcore::tout;
+using optcore::out;
 
 // ---- string lists
 
@@ -17,83 +17,65 @@ int32_t coptlistcountstr(tvksoptions* handle, const char* name) {
 }
 
 int32_t optgetfromliststr(tvksoptions* handle, const optshortstring* name, optshortstring* value) {
-  tout valuetext(value);
-  return guarded(handle, [&] { return handle->optgetfromliststr(in(name), valuetext); });
+  return guarded(handle, [&] { return handle->optgetfromliststr(in(name), out(value)); });
 }
 int32_t coptgetfromliststr(tvksoptions* handle, const char* name, char* value) {
-  tout valuetext(value);
-  return guarded(handle, [&] { return handle->optgetfromliststr(in(name), valuetext); });
+  return guarded(handle, [&] { return handle->optgetfromliststr(in(name), out(value)); });
 }
 
 int32_t optgetfromanystrlist(tvksoptions* handle, int32_t dashed, optshortstring* name,
                              optshortstring* value) {
-  tout nametext(name);
-  tout valuetext(value);
-  return guarded(handle, [&] { return handle->optgetfromanystrlist(dashed, nametext, valuetext); });
+  return guarded(handle, [&] { return handle->optgetfromanystrlist(dashed, out(name), out(value)); });
 }
 int32_t coptgetfromanystrlist(tvksoptions* handle, int32_t dashed, char* name, char* value) {
-  tout nametext(name);
-  tout valuetext(value);
-  return guarded(handle, [&] { return handle->optgetfromanystrlist(dashed, nametext, valuetext); });
+  return guarded(handle, [&] { return handle->optgetfromanystrlist(dashed, out(name), out(value)); });
 }
 
 // ---- dot options and indicators
 
 int32_t optgetdotoptnr(tvksoptions* handle, int32_t number, optshortstring* name, int32_t* option,
                        int32_t* dimensions, double* value) {
-  tout nametext(name);
   return guarded(handle,
-                 [&] { return handle->optgetdotoptnr(number, nametext, *option, *dimensions, *value); });
+                 [&] { return handle->optgetdotoptnr(number, out(name), *option, *dimensions, *value); });
 }
 int32_t coptgetdotoptnr(tvksoptions* handle, int32_t number, char* name, int32_t* option, int32_t* dimensions,
                         double* value) {
-  tout nametext(name);
   return guarded(handle,
-                 [&] { return handle->optgetdotoptnr(number, nametext, *option, *dimensions, *value); });
+                 [&] { return handle->optgetdotoptnr(number, out(name), *option, *dimensions, *value); });
 }
 
 int32_t optgetdotoptuel(tvksoptions* handle, int32_t number, int32_t index, optshortstring* element) {
-  tout elementtext(element);
-  return guarded(handle, [&] { return handle->optgetdotoptuel(number, index, elementtext); });
+  return guarded(handle, [&] { return handle->optgetdotoptuel(number, index, out(element)); });
 }
 int32_t coptgetdotoptuel(tvksoptions* handle, int32_t number, int32_t index, char* element) {
-  tout elementtext(element);
-  return guarded(handle, [&] { return handle->optgetdotoptuel(number, index, elementtext); });
+  return guarded(handle, [&] { return handle->optgetdotoptuel(number, index, out(element)); });
 }
 
 int32_t optgetindicatornr(tvksoptions* handle, int32_t number, optshortstring* equation,
                           optshortstring* variable, int32_t* equdims, int32_t* vardims, int32_t* value) {
-  tout equationtext(equation);
-  tout variabletext(variable);
   return guarded(handle, [&] {
-    return handle->optgetindicatornr(number, equationtext, variabletext, *equdims, *vardims, *value);
+    return handle->optgetindicatornr(number, out(equation), out(variable), *equdims, *vardims, *value);
   });
 }
 int32_t coptgetindicatornr(tvksoptions* handle, int32_t number, char* equation, char* variable,
                            int32_t* equdims, int32_t* vardims, int32_t* value) {
-  tout equationtext(equation);
-  tout variabletext(variable);
   return guarded(handle, [&] {
-    return handle->optgetindicatornr(number, equationtext, variabletext, *equdims, *vardims, *value);
+    return handle->optgetindicatornr(number, out(equation), out(variable), *equdims, *vardims, *value);
   });
 }
 
 int32_t optgetequindicatornr(tvksoptions* handle, int32_t number, int32_t index, optshortstring* element) {
-  tout elementtext(element);
-  return guarded(handle, [&] { return handle->optgetequindicatornr(number, index, elementtext); });
+  return guarded(handle, [&] { return handle->optgetequindicatornr(number, index, out(element)); });
 }
 int32_t coptgetequindicatornr(tvksoptions* handle, int32_t number, int32_t index, char* element) {
-  tout elementtext(element);
-  return guarded(handle, [&] { return handle->optgetequindicatornr(number, index, elementtext); });
+  return guarded(handle, [&] { return handle->optgetequindicatornr(number, index, out(element)); });
 }
 
 int32_t optgetvarindicatornr(tvksoptions* handle, int32_t number, int32_t index, optshortstring* element) {
-  tout elementtext(element);
-  return guarded(handle, [&] { return handle->optgetvarindicatornr(number, index, elementtext); });
+  return guarded(handle, [&] { return handle->optgetvarindicatornr(number, index, out(element)); });
 }
 int32_t coptgetvarindicatornr(tvksoptions* handle, int32_t number, int32_t index, char* element) {
-  tout elementtext(element);
-  return guarded(handle, [&] { return handle->optgetvarindicatornr(number, index, elementtext); });
+  return guarded(handle, [&] { return handle->optgetvarindicatornr(number, index, out(element)); });
 }
 
 // ---- switches
@@ -133,8 +115,8 @@ int32_t coptsetrefnrstr(tvksoptions* handle, const char* name, int32_t refnr) {
 
 // ---- load path
 
-void optgetloadpath(optshortstring* path) { tout(path).set(optcore::loadpath()); }
-void coptgetloadpath(char* path) { tout(path).set(optcore::loadpath()); }
+void optgetloadpath(optshortstring* path) { out(path).set(optcore::loadpath()); }
+void coptgetloadpath(char* path) { out(path).set(optcore::loadpath()); }
 
 void optsetloadpath(const optshortstring* path) { optcore::setloadpath(in(path)); }
 void coptsetloadpath(const char* path) { optcore::setloadpath(in(path)); }

@@ -7,7 +7,7 @@
 
 using optcore::guarded;
 using optcore::in;
-using optcore::tout;
+using optcore::out;
 
 // ---- lifecycle
 
@@ -55,12 +55,10 @@ void optreadfrompchar(tvksoptions* handle, const char* text) {
 
 int32_t optreadfromliststr(tvksoptions* handle, const optshortstring* name, int32_t index,
                            optshortstring* value) {
-  tout valuetext(value);
-  return guarded(handle, [&] { return handle->optreadfromliststr(in(name), index, valuetext); });
+  return guarded(handle, [&] { return handle->optreadfromliststr(in(name), index, out(value)); });
 }
 int32_t coptreadfromliststr(tvksoptions* handle, const char* name, int32_t index, char* value) {
-  tout valuetext(value);
-  return guarded(handle, [&] { return handle->optreadfromliststr(in(name), index, valuetext); });
+  return guarded(handle, [&] { return handle->optreadfromliststr(in(name), index, out(value)); });
 }
 
 // ---- writing
@@ -89,12 +87,10 @@ void coptaddmessage(tvksoptions* handle, const char* text) {
 }
 
 void optgetmessage(tvksoptions* handle, int32_t number, optshortstring* text, int32_t* kind) {
-  tout texttext(text);
-  guarded(handle, [&] { handle->optgetmessage(number, texttext, *kind); });
+  guarded(handle, [&] { handle->optgetmessage(number, out(text), *kind); });
 }
 void coptgetmessage(tvksoptions* handle, int32_t number, char* text, int32_t* kind) {
-  tout texttext(text);
-  guarded(handle, [&] { handle->optgetmessage(number, texttext, *kind); });
+  guarded(handle, [&] { handle->optgetmessage(number, out(text), *kind); });
 }
 
 void optclearmessages(tvksoptions* handle) {

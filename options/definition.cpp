@@ -1,0 +1,32 @@
+// The contents of a definition.
+#include "options/definition.h"
+
+namespace optcore {
+
+toption& tdefinition::addoption(std::unique_ptr<toption> option, const tsoughtname& name) {
+  assert(struequal(option->name(), name.text));
+  toption& added = *option;
+  foptions.addstored(added.storedname(), std::move(option), name);
+  return added;
+}
+
+std::int32_t tdefinition::synonymindex(const tsoughtname& name) const {
+  const std::int32_t synonym = fsynonyms.indexof(name);
+  return synonym >= 0 ? fsynonyms.getobject(synonym) : -1;
+}
+
+void tdefinition::addgroup(std::string_view name, std::int32_t groupnumber, std::int32_t helpflag,
+                           std::string_view text) {
+  fgroups.addobject(name, farena.make<tgroupobj>(groupnumber, helpflag, stored(text)));
+}
+
+std::int32_t tdefinition::groupwithnumber(std::int32_t groupnumber) const {
+  const auto keyat = [this](std::int32_t i) { return tnumberkey{fgroups.getobject(i)->groupnumber()}; };
+  return fgroupindex.find(fgroups.count(), tnumberkey{groupnumber}, keyat);
+}
+
+shortstring tdefinition::nounderscore(std::string_view name) const {
+  return flookupmode == tlookupmode::minos ? replacechar('_', ' ', name) : shortstring(name);
+}
+
+}  // namespace optcore
