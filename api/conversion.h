@@ -28,10 +28,10 @@ inline ttextout out(optshortstring* buffer) noexcept {
 }
 inline ttextout out(char* buffer) noexcept { return {ttextout::tform::zeroterminated, buffer}; }
 
-// Runs the call and returns its result as the interface has it: 1 and 0 for true and false. When the call fails
-// for want of memory the result is `failure`, and a message says so: not every function has a result. Only what
-// stores, reads or writes can fail so: queries need no memory. Nothing else is thrown here; if something were,
-// the message would not blame the memory.
+// Runs the call and returns its result as the interface has it: 1 and 0 for true and false. When the call
+// fails for want of memory the result is `failure`, and a message says so: not every function has a result.
+// Only what stores, reads or writes can fail so: queries need no memory. Nothing else is thrown here; if
+// something were, the message would not blame the memory.
 template <class tcall>
 auto guarded(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
   using tresult = std::conditional_t<std::is_void_v<decltype(call())>, void, std::int32_t>;

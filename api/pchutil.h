@@ -1,32 +1,12 @@
-// Conversion between short strings and zero-terminated texts.
+// Conversion of zero-terminated texts. pchutilmore.h has the rest of the unit.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
-#include <memory>
 #include <string_view>
-
-#include "base/shortstring.h"
 
 namespace optcore {
 
-// The text of a zero-terminated argument; empty for a null pointer. A text of 255 and more characters is
-// replaced by the words that say so. The result is a view of the argument, or of that text.
-std::string_view pchartostr(const char* text) noexcept;
-
-// The same in place: makes the zero-terminated text in a buffer of 256 bytes the short string in it.
-void convertpchar(char* buffer) noexcept;
-
-// Copies a text and a terminating zero; returns the number of characters. The second form copies at most
-// `max`.
-std::int32_t strpcopy(char* target, std::string_view source) noexcept;
-std::int32_t strpcopyn(char* target, std::string_view source, std::int32_t max) noexcept;
-
-// A new zero-terminated copy, null for the empty text; and a new empty text.
-std::unique_ptr<char[]> strtopchar(std::string_view text);
-std::unique_ptr<char[]> emptytopchar();
-
-// 0 for a null pointer.
-std::size_t pcharlen(const char* text) noexcept;
+// The text of a zero-terminated argument; empty for a null pointer. Instead of a text of 255 and more
+// characters the result is the words that say so. It is a view of the argument, or of these words.
+std::string_view pchartostr(const char* text, std::string_view overflow = "PCharToStr Overflow") noexcept;
 
 }  // namespace optcore

@@ -1,6 +1,7 @@
 // Allocation of heap short strings.
 #include "base/heapstring.h"
 
+#include <cassert>
 #include <cstring>
 #include <new>
 
@@ -19,6 +20,7 @@ std::size_t blocksize(std::size_t length) noexcept {
 }  // namespace
 
 char* fillstring(char* block, std::string_view text) noexcept {
+  assert(text.size() <= 255);
   std::memmove(block + 1, text.data(), text.size());
   block[0] = static_cast<char>(text.size());
   return block;

@@ -5,6 +5,7 @@
 // away when positions change; short lists are walked, and so is a list for which there is no memory.
 #pragma once
 
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 #include <new>
@@ -50,6 +51,7 @@ class tnameindex {
   // position; entries that were there at the last search must not have changed since, unless by reset.
   template <class tkey, class tkeyat>
   std::int32_t find(std::int32_t count, const tkey& key, tkeyat keyat) {
+    assert(fentered <= count);
     if (count <= walkedcount || (fentered < count && !enter(count, keyat))) return walk(count, key, keyat);
     return fslots[slotof(key, key.hash(), keyat)].position;
   }
@@ -58,6 +60,7 @@ class tnameindex {
   // that is cheaper than by the next search.
   template <class tkey, class tkeyat>
   void added(std::int32_t count, const tkey& key, tkeyat keyat) {
+    assert(count > 0 && keyat(count - 1) == key);
     if (count > walkedcount && fentered == count - 1 && reserveone()) enternext(key, keyat);
   }
 
@@ -76,9 +79,10 @@ class tnameindex {
   template <class tkey, class tkeyat>
   static std::int32_t walk(std::int32_t count, const tkey& key, tkeyat keyat);
 
-  // The slot of the key, or the empty one where it belongs. There must be slots.
+  // The slot of the key, or the empty one where it belongs. There must be an empty one.
   template <class tkey, class tkeyat>
   std::size_t slotof(const tkey& key, std::uint32_t hash, tkeyat keyat) const {
+    assert(fused < fslots.size());
     std::size_t i = hash & mask();
     while (fslots[i].position >= 0 && !(fslots[i].hash == hash && keyat(fslots[i].position) == key))
       i = (i + 1) & mask();
@@ -91,6 +95,7 @@ class tnameindex {
   // Enters the first position that is not entered yet; there must be room.
   template <class tkey, class tkeyat>
   void enternext(const tkey& key, tkeyat keyat) {
+    assert(4 * (fused + 1) <= 3 * fslots.size());
     const std::uint32_t hash = key.hash();
     tslot& slot = fslots[slotof(key, hash, keyat)];
     if (slot.position < 0) {

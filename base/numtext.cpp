@@ -50,37 +50,6 @@ tnumbertext inttostrex(std::int32_t number) noexcept {
   return inttostr(number);
 }
 
-tnumbertext int64tonicestr(std::int64_t number) noexcept {
-  const tnumbertext plain = inttostr(number);
-  std::string_view digits = plain;
-  tnumbertext result;
-  if (number < 0) {
-    result.append("-");
-    digits.remove_prefix(1);
-  }
-  std::size_t group = (digits.size() - 1) % 3 + 1;
-  result.append(digits.substr(0, group));
-  for (; group < digits.size(); group += 3) {
-    result.append(",");
-    result.append(digits.substr(group, 3));
-  }
-  return result;
-}
-
-tnumbertext inttonicestr(std::int32_t number) noexcept { return int64tonicestr(number); }
-
-shortstring inttonicestrw(std::int32_t number, std::int32_t width) noexcept {
-  const tnumbertext text = inttonicestr(number);
-  const auto wanted = static_cast<std::size_t>(std::clamp<std::int32_t>(width, 0, shortstring::capacity));
-  shortstring result;
-  if (text.view().size() < wanted) result.append(wanted - text.view().size(), ' ');
-  return result.append(text);
-}
-
-std::int32_t integerwidth(std::int64_t number) noexcept {
-  return static_cast<std::int32_t>(inttostr(number).view().size());
-}
-
 // ---- doubles to text
 
 namespace {

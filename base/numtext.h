@@ -42,14 +42,6 @@ tnumbertext inttostr(std::int64_t number) noexcept;
 // As inttostr, but the words maxint and minint for the two extreme values.
 tnumbertext inttostrex(std::int32_t number) noexcept;
 
-// Decimal with a comma between groups of three digits, padded on the left with blanks to width (at most 255).
-tnumbertext inttonicestr(std::int32_t number) noexcept;
-tnumbertext int64tonicestr(std::int64_t number) noexcept;
-shortstring inttonicestrw(std::int32_t number, std::int32_t width) noexcept;
-
-// The number of characters of inttostr(number).
-std::int32_t integerwidth(std::int64_t number) noexcept;
-
 // 15 significant digits at most; fixed-point for magnitudes from 0.0001 to below 1e15, else with an exponent
 // that has neither plus sign nor leading zeros. Trailing zeros of the fraction and a bare point are dropped.
 // There is no leading blank; numbers that are not finite are NAN, INF and -INF.

@@ -2,6 +2,7 @@
 // of.
 #pragma once
 
+#include <cassert>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -19,6 +20,7 @@ class tpackedtexts {
     return fplaces == nullptr ? 0 : static_cast<std::int32_t>(fplaces[0]);
   }
   std::string_view get(std::int32_t index) const noexcept {
+    assert(index >= 0 && index < count());
     return getstring(reinterpret_cast<const char*>(fplaces) + fplaces[index + 1]);
   }
 
@@ -41,6 +43,7 @@ class ttextpacker {
   void add(std::string_view text);
   std::int32_t count() const noexcept { return static_cast<std::int32_t>(fplaces.size()); }
   std::string_view get(std::int32_t index) const noexcept {
+    assert(index >= 0 && index < count());
     return getstring(ftexts.data() + fplaces[static_cast<std::size_t>(index)]);
   }
   tpackedtexts pack(tarena& arena) const;

@@ -5,75 +5,13 @@
 
 namespace optcore {
 
-// ---- positions
-
 namespace {
 
-template <class tmatch>
-std::int32_t firstposition(std::string_view text, std::int32_t start, tmatch matches) noexcept {
-  for (std::size_t i = static_cast<std::size_t>(std::max(start, 1)); i <= text.size(); ++i)
-    if (matches(text[i - 1])) return static_cast<std::int32_t>(i);
-  return 0;
-}
-
-template <class tmatch>
-std::int32_t lastposition(std::string_view text, std::int32_t start, tmatch matches) noexcept {
-  for (std::size_t i = std::min(text.size(), static_cast<std::size_t>(std::max(start, 0))); i >= 1; --i)
-    if (matches(text[i - 1])) return static_cast<std::int32_t>(i);
-  return 0;
-}
-
-auto equals(char character) {
-  return [character](char other) { return other == character; };
-}
-auto equalsanycase(char character) {
-  return [character](char other) { return upchar(other) == upchar(character); };
-}
-auto belongsto(const tcharset& set) {
-  return [&set](char other) { return inset(set, other); };
-}
 std::int32_t endof(std::string_view text) { return static_cast<std::int32_t>(text.size()); }
 
 }  // namespace
 
-std::int32_t lchpos(char character, std::string_view text, std::int32_t start) noexcept {
-  return firstposition(text, start, equals(character));
-}
-std::int32_t rchpos(char character, std::string_view text) noexcept {
-  return rchpos(character, text, endof(text));
-}
-std::int32_t rchpos(char character, std::string_view text, std::int32_t start) noexcept {
-  return lastposition(text, start, equals(character));
-}
-std::int32_t lchupos(char character, std::string_view text, std::int32_t start) noexcept {
-  return firstposition(text, start, equalsanycase(character));
-}
-std::int32_t rchupos(char character, std::string_view text) noexcept {
-  return rchupos(character, text, endof(text));
-}
-std::int32_t rchupos(char character, std::string_view text, std::int32_t start) noexcept {
-  return lastposition(text, start, equalsanycase(character));
-}
-std::int32_t lchsetpos(const tcharset& set, std::string_view text, std::int32_t start) noexcept {
-  return firstposition(text, start, belongsto(set));
-}
-std::int32_t rchsetpos(const tcharset& set, std::string_view text) noexcept {
-  return lastposition(text, endof(text), belongsto(set));
-}
-
 // ---- replacement and case
-
-shortstring replacestr(std::string_view from, std::string_view to, std::string_view text) noexcept {
-  shortstring result;
-  std::size_t done = 0;
-  while (!from.empty()) {
-    const std::size_t found = text.find(from, done);
-    if (found == std::string_view::npos) break;
-    result.append(text.substr(done, found - done)).append(to);
-    done = found + from.size();
-  }
-  return result.append(text.substr(done));
-}
 
 namespace {
 
@@ -90,14 +28,6 @@ shortstring replacechar(char from, char to, std::string_view text) noexcept {
   return changed(text, [from, to](char character) { return character == from ? to : character; });
 }
 
-shortstring deletechar(char character, std::string_view text) noexcept {
-  shortstring result;
-  for (const char kept : text)
-    if (kept != character) result.append(1, kept);
-  return result;
-}
-
-shortstring lowercase(std::string_view text) noexcept { return changed(text, lowchar); }
 shortstring uppercase(std::string_view text) noexcept { return changed(text, upchar); }
 
 // ---- filling
@@ -118,20 +48,6 @@ shortstring padrightmod(std::string_view text, std::int32_t width) noexcept {
   if (width < 1) return text;
   const std::int32_t excess = endof(text) % width;
   return padright(text, excess == 0 ? endof(text) : endof(text) + (width - excess));
-}
-
-// ---- splitting
-
-namespace {
-constexpr std::string_view blanks = " \t";
-}
-
-std::string_view extracttoken(std::string_view text, std::int32_t& position) noexcept {
-  const std::size_t from = static_cast<std::size_t>(std::max(position, 1)) - 1;
-  const std::size_t first = std::min(text.find_first_not_of(blanks, from), text.size());
-  const std::size_t last = std::min(text.find_first_of(blanks, first), text.size());
-  position = static_cast<std::int32_t>(last) + 1;
-  return text.substr(first, last - first);
 }
 
 // ---- names with trailing numbers

@@ -1,5 +1,5 @@
-// Routines on short texts: positions, replacement, case, filling and splitting. Positions are counted from 1,
-// 0 means absent. Results that are texts are cut at 255 characters.
+// Routines on short texts: sets of characters, replacement, case, filling, trimming, and the order of names
+// with numbers. Results that are texts are cut at 255 characters. strutilxmore.h has the rest of the unit.
 #pragma once
 
 #include <bitset>
@@ -16,24 +16,9 @@ using tcharset = std::bitset<256>;
 
 inline bool inset(const tcharset& set, char character) { return set[static_cast<unsigned char>(character)]; }
 
-// First and last position of a character; the forms with a start look at it and what follows it (lch) or
-// comes before it (rch). The "u" forms take upper and lower case for the same, the "set" forms any character
-// of a set.
-std::int32_t lchpos(char character, std::string_view text, std::int32_t start = 1) noexcept;
-std::int32_t rchpos(char character, std::string_view text) noexcept;
-std::int32_t rchpos(char character, std::string_view text, std::int32_t start) noexcept;
-std::int32_t lchupos(char character, std::string_view text, std::int32_t start = 1) noexcept;
-std::int32_t rchupos(char character, std::string_view text) noexcept;
-std::int32_t rchupos(char character, std::string_view text, std::int32_t start) noexcept;
-std::int32_t lchsetpos(const tcharset& set, std::string_view text, std::int32_t start = 1) noexcept;
-std::int32_t rchsetpos(const tcharset& set, std::string_view text) noexcept;
-
-// Every occurrence replaced, from left to right; an empty `from` replaces nothing.
-shortstring replacestr(std::string_view from, std::string_view to, std::string_view text) noexcept;
+// Every occurrence replaced.
 shortstring replacechar(char from, char to, std::string_view text) noexcept;
-shortstring deletechar(char character, std::string_view text) noexcept;
 
-shortstring lowercase(std::string_view text) noexcept;
 shortstring uppercase(std::string_view text) noexcept;
 
 // Blanks added on the left or right up to a width; up to the next multiple of a width for padrightmod. A text
@@ -54,10 +39,6 @@ constexpr std::string_view trim(std::string_view text) noexcept {
   while (!text.empty() && isblank(text.front())) text.remove_prefix(1);
   return trimright(text);
 }
-
-// The next word, ended by a blank or tab, from `position` (1-based) on, which moves behind it; empty at the
-// end.
-std::string_view extracttoken(std::string_view text, std::int32_t& position) noexcept;
 
 // Compares names as a prefix (regardless of case) and a trailing number: iter2 comes before iter10. Negative,
 // zero or positive.

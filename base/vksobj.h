@@ -1,6 +1,6 @@
 // The growable lists under the option store: txlist (plain items), txstrings (texts) and txstringlist (texts
-// with one word of data each), all sortable through tquicksortclass. Indices count from 0 and are not
-// checked.
+// with one word of data each), all sortable through tquicksortclass. Indices count from 0 and must be within
+// the list.
 //
 // Growth is fast while a list is small (16, then eightfold) and by a quarter past a million entries. Nothing
 // is sorted or made unique on insertion. Owning lists override freeitem or freeobject and clear themselves in
@@ -68,8 +68,14 @@ class tgrowarray {
   std::int32_t count() const noexcept { return fcount; }
   std::int32_t capacity() const noexcept { return fcapacity; }
   bool full() const noexcept { return fcount == fcapacity; }
-  titem& operator[](std::int32_t index) noexcept { return fentries[index]; }
-  const titem& operator[](std::int32_t index) const noexcept { return fentries[index]; }
+  titem& operator[](std::int32_t index) noexcept {
+    assert(index >= 0 && index < fcount);
+    return fentries[index];
+  }
+  const titem& operator[](std::int32_t index) const noexcept {
+    assert(index >= 0 && index < fcount);
+    return fentries[index];
+  }
 
   void setcapacity(std::int32_t capacity) {
     if (capacity < fcount) capacity = fcount;
@@ -91,16 +97,22 @@ class tgrowarray {
 
   void insert(std::int32_t index, const titem& item) noexcept {
     assert(fentries != nullptr && fcount < fcapacity);
+    assert(index >= 0 && index <= fcount);
     move(index + 1, index);
     fentries[index] = item;
     ++fcount;
   }
   void remove(std::int32_t index) noexcept {
+    assert(index >= 0 && index < fcount);
     --fcount;
     move(index, index + 1);
   }
-  void removelast() noexcept { --fcount; }
+  void removelast() noexcept {
+    assert(fcount > 0);
+    --fcount;
+  }
   void removefirst(std::int32_t removed) noexcept {
+    assert(removed >= 0 && removed <= fcount);
     fcount -= removed;
     move(0, removed);
   }

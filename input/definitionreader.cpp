@@ -3,6 +3,7 @@
 #include "input/definitionreader.h"
 
 #include <array>
+#include <cassert>
 
 #include "base/systemerror.h"
 
@@ -32,6 +33,7 @@ std::int32_t readdefinition(tvksoptions& store, std::string_view filename) {
 
 // definitionfile = { definition } .
 void tdefinitionreader::read() {
+  assert(fstore.activesource() == &fscanner);
   addhelpoption();
   nextline();
   while (fmore) definition();

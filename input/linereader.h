@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cassert>
 #include <cstddef>
 #include <cstring>
 #include <memory>
@@ -61,6 +62,7 @@ class tlinereader {
   }
   // The line up to the feed, which is in the block.
   tline takeline(char* feed) noexcept {
+    assert(feed >= fbegin && feed < fend);
     char* const line = fbegin;
     fbegin = feed + 1;
     return trimmed(line, static_cast<std::size_t>(feed - line));

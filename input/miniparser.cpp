@@ -2,6 +2,7 @@
 #include "input/miniparser.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cstring>
 
 #include "base/numtext.h"
@@ -31,6 +32,7 @@ tminiparser::tminiparser(tmessagelist& messages, bool echo, const tcharset& comm
 // ---- sources
 
 std::int32_t tminiparser::fileopen(std::string_view filename) {
+  assert(flinenr == 0 && flineend == nullptr);  // a scanner reads one source
   strassign(fsourcename, filename);
   fkind = tsourcekind::file;
   flinenr = 0;
@@ -46,6 +48,7 @@ void tminiparser::readfrompchar(const char* text) {
 }
 
 void tminiparser::setsource(tsourcekind kind, std::string_view name, std::string_view text) {
+  assert(flinenr == 0 && flineend == nullptr);  // a scanner reads one source
   strassign(fsourcename, name);
   ftext = std::make_unique_for_overwrite<char[]>(text.size() + 1);
   std::copy(text.begin(), text.end(), ftext.get());

@@ -8,6 +8,7 @@
 #pragma once
 
 #include <array>
+#include <cassert>
 #include <cstdint>
 #include <memory>
 #include <string_view>
@@ -134,6 +135,7 @@ class tminiparser final : public tlinesource {
   // The text from the current character up to another, which becomes the current one. It is cut in place to
   // 255 characters.
   std::string_view taken(char* end) noexcept {
+    assert(end == fposition || (end > fposition && end <= flineend));
     constexpr std::size_t longest = shortstring::capacity;
     char* const begin = std::exchange(fposition, end);
     const auto length = static_cast<std::size_t>(end - begin);

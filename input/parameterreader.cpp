@@ -1,6 +1,8 @@
 // Reads parameter text: sources, statements, keys and values.
 #include "input/parameterreader.h"
 
+#include <cassert>
+
 #include "base/systemerror.h"
 #include "options/checkboolean.h"
 
@@ -91,6 +93,7 @@ void tparameterreading::readpchar(const char* text) {
 // parametertext = { line } .
 // line          = { statement } .
 void tparameterreader::parse() {
+  assert(fstore.activesource() == &fscanner);
   while (fscanner.nextline())
     while (statement()) continue;
 }

@@ -21,8 +21,8 @@ enum class topttype : std::uint8_t {
   macro,
   immediate
 };
-// How many there are. A table by type is made with std::to_array and has its size asserted, so that one with a
-// missing entry does not compile.
+// How many there are. A table by type is made with std::to_array and has its size asserted, so that one with
+// a missing entry does not compile.
 inline constexpr std::size_t opttypecount = 10;
 inline constexpr auto opttypenames =
     std::to_array<std::string_view>({"integer", "double", "string", "boolean", "enumstr", "enumint",

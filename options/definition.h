@@ -1,6 +1,6 @@
-// What a definition file defines, as one part of the store: the options with their synonyms and groups, how names
-// are looked up, and which characters and keyword parameter text may use. Readers fill it, queries and writers
-// read it. Positions count from 0 and are -1 for none.
+// What a definition file defines, as one part of the store: the options with their synonyms and groups, how
+// names are looked up, and which characters and keyword parameter text may use. Readers fill it, queries and
+// writers read it. Positions count from 0 and are -1 for none.
 #pragma once
 
 #include <cassert>

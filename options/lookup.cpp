@@ -2,6 +2,7 @@
 #include "options/lookup.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include "base/textcase.h"
 #include "options/toption.h"
@@ -17,6 +18,7 @@ tsignificantkey::tsignificantkey(tlookupmode mode, std::string_view name) noexce
 }
 
 void tsignificantkey::append(std::string_view text) noexcept {
+  assert(flength + text.size() <= fcharacters.size());
   for (const char character : text) fcharacters[flength++] = upchar(character);
 }
 

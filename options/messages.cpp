@@ -27,9 +27,9 @@ bool hasline(tmsgkind kind) noexcept {
 }  // namespace
 
 // A note of leaving that directly follows its note of entering: reading what says nothing leaves no trace.
-// The notes nest, so a note of leaving has messages before it, and an enter note that comes last is its own.
+// The notes nest, so an enter note that comes last is its own.
 bool tmessagelist::cancelsenternote(tmsgkind kind) const noexcept {
-  return kind == tmsgkind::fileleave && ftexts.getobject(count() - 1) == tmsgkind::fileenter;
+  return kind == tmsgkind::fileleave && count() > 0 && ftexts.getobject(count() - 1) == tmsgkind::fileenter;
 }
 
 void tmessagelist::addoutofmemory() noexcept {

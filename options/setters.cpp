@@ -35,8 +35,8 @@ void fileparseerror(const toption& option, std::string_view head, std::string_vi
   owner.addmessage(tmsgkind::valueerror, refusal(option, head, saw), {owner.curoptname(), &option, saw});
 }
 
-// Files the two messages about an illegal value: `saw` gives its text, `legal` builds the second message. True
-// when the value is to be stored nevertheless.
+// Files the two messages about an illegal value: `saw` gives its text, `legal` builds the second message.
+// True when the value is to be stored nevertheless.
 template <class tsaw, class tlegal>
 bool tolerated(const toption& option, std::string_view head, tsaw saw, tlegal legal) {
   tvksoptions& owner = option.owner();

@@ -291,7 +291,10 @@ class tstrlistoption final : public toption {
   static constexpr topttype type = topttype::strlist;
   explicit tstrlistoption(const toptionhead& head) : toption(head, type) {}
   std::int32_t itemcount() const noexcept { return fitems.count() - ftaken; }
-  std::string_view item(std::int32_t index) const noexcept { return fitems.get(ftaken + index); }
+  std::string_view item(std::int32_t index) const noexcept {
+    assert(index >= 0 && index < itemcount());
+    return fitems.get(ftaken + index);
+  }
   // The number of texts in decimal, where every option's own form gives the empty text.
   tvaluetext getasstring() const { return inttostr(itemcount()); }
   void setasstring(std::string_view text);
@@ -301,8 +304,8 @@ class tstrlistoption final : public toption {
 
  private:
   txstrings fitems;
-  std::int32_t ftaken =
-      0;  // so many at the front are taken out but still in fitems, to take many in linear time
+  // So many at the front are taken out but still in fitems, to take many in linear time.
+  std::int32_t ftaken = 0;
 };
 
 // Hands its text to each of a list of options.

@@ -1,12 +1,13 @@
-// The option store: the thin owner of everything that one handle stands for. What is done with it lives beside
-// it: the definition, lookup, messages, dot options and indicators in this folder, the readers in input/, the
-// writers in output/.
+// The option store: the thin owner of everything that one handle stands for. What is done with it lives
+// beside it: the definition, lookup, messages, dot options and indicators in this folder, the readers in
+// input/, the writers in output/.
 //
 // The methods with an opt prefix are what the interface exports; option and message numbers count from 1
 // there. Text results are written to the caller's buffer, and what a query leaves in its outputs on failure
 // is part of its contract.
 #pragma once
 
+#include <cassert>
 #include <cstdint>
 #include <memory>
 #include <string_view>
@@ -198,19 +199,25 @@ class tvksoptions : public toptionx {
   bool frecentenabled = true;
 };
 
-// Makes a scanner the one that a store is being read with, for as long as this object lives; readings may nest.
+// Makes a scanner the one that a store is being read with, for as long as this object lives; readings may
+// nest.
 class tactivesource {
  public:
   tactivesource(tvksoptions& store, tlinesource& source) noexcept
-      : fstore(store), fprevious(std::exchange(store.fparser, &source)) {
+      : fstore(store), fsource(source), fprevious(std::exchange(store.fparser, &source)) {
     source.setincluder(fprevious);
   }
   tactivesource(const tactivesource&) = delete;
   tactivesource& operator=(const tactivesource&) = delete;
-  ~tactivesource() { fstore.fparser = fprevious; }
+  ~tactivesource() {
+    assert(fstore.fparser == &fsource);  // readings end in reverse order, each before its scanner
+    fsource.setincluder(nullptr);
+    fstore.fparser = fprevious;
+  }
 
  private:
   tvksoptions& fstore;
+  tlinesource& fsource;
   tlinesource* fprevious;
 };
 

@@ -23,7 +23,8 @@ class tmysortstringlist final : public txstringlist<tlistedoption> {
   std::int32_t compare(std::int32_t i, std::int32_t j) const override;
 };
 
-// Files the help for a request: the name of an option, or a number whose bits choose the parts of the listing.
+// Files the help for a request: the name of an option, or a number whose bits choose the parts of the
+// listing.
 void showhelp(tvksoptions& store, std::string_view request);
 
 class thelplisting {

@@ -24,17 +24,7 @@ class thtmlwrite {
   // return the code again.
   std::int32_t close() noexcept;
 
-  // ---- text
   void writehtmlstr(std::string_view text);
-  void addtext(std::string_view text);
-  void passhtml(std::string_view markup);
-  void addbreak() { fout.write("<br>"); }
-  void startpara() { fout.write("<p>"); }
-  void endpara() { fout.writeline("</p>"); }
-  void addpara(std::string_view text);
-  void addheading(std::int32_t level, talign align, std::string_view text);
-  void addanchor(std::string_view name);
-  void addhyperlink(std::string_view target, std::string_view anchor, std::string_view text);
 
   // ---- tables
   void starttable(bool border);
@@ -44,16 +34,23 @@ class thtmlwrite {
   void startcell() { fout.write("<td> "); }
   void endcell() { fout.writeline(" </td>"); }
   void addcell(std::string_view text);
-  void startcellaligned(talign align);
 
-  // ---- colours, as red, green and blue
+  // ---- what nothing here calls (htmlwrmore.cpp): text, links, lists, and colours as red, green and blue
+  void addtext(std::string_view text);
+  void passhtml(std::string_view markup);
+  void addbreak() { fout.write("<br>"); }
+  void startpara() { fout.write("<p>"); }
+  void endpara() { fout.writeline("</p>"); }
+  void addpara(std::string_view text);
+  void addheading(std::int32_t level, talign align, std::string_view text);
+  void addanchor(std::string_view name);
+  void addhyperlink(std::string_view target, std::string_view anchor, std::string_view text);
+  void startcellaligned(talign align);
   void startcellcolor(std::uint8_t r, std::uint8_t g, std::uint8_t b);
   void fgcolor(std::uint8_t r, std::uint8_t g, std::uint8_t b) { writecolor("<COLOR", r, g, b); }
   void bgcolor(std::uint8_t r, std::uint8_t g, std::uint8_t b) { writecolor("<BGCOLOR", r, g, b); }
   void writecolor(std::string_view prefix, std::uint8_t r, std::uint8_t g, std::uint8_t b);
   void writehexbyte(std::uint8_t value);
-
-  // ---- lists
   void startbulletlist() { fout.write("<ul>"); }
   void endbulletlist() { fout.writeline("</ul>"); }
   void startnumberedlist() { fout.write("\n<ol>"); }

@@ -10,7 +10,7 @@
 
 #include "base/heapstring.h"
 #include "base/numtext.h"
-#include "base/strutilx.h"
+#include "base/strutilxmore.h"
 #include "base/vksobj.h"
 #include "support/table.h"
 

@@ -7,10 +7,12 @@
 #include <string>
 
 #include "api/pchutil.h"
+#include "api/pchutilmore.h"
 #include "api/signatures.h"
 #include "api/units.h"
 #include "base/systemerror.h"
 #include "base/zqaaudit.h"
+#include "base/zqaauditmore.h"
 #include "input/miniparser.h"
 #include "options/globals.h"
 #include "options/vksoptions.h"
