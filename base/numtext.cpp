@@ -145,21 +145,6 @@ tnumbertext dbltostrex(double number) noexcept {
 
 namespace {
 
-// A text of up to nine digits with or without a minus sign, as most numbers are: no 32 bits can overflow.
-inline bool parseshortinteger(std::string_view text, std::int32_t& number) noexcept {
-  constexpr std::size_t longest = 9;
-  const bool negative = !text.empty() && text[0] == '-';
-  if (negative) text.remove_prefix(1);
-  if (text.empty() || text.size() > longest) return false;
-  std::int32_t value = 0;
-  for (const char character : text) {
-    if (!isdigit(character)) return false;
-    value = 10 * value + (character - '0');
-  }
-  number = negative ? -value : value;
-  return true;
-}
-
 // A text of at most fifteen digits, with or without a minus sign and a point, as most numbers are: the digits
 // and the power of ten are exact, so that dividing them rounds as it must.
 bool parseshortdecimal(std::string_view text, double& number) noexcept {
@@ -271,7 +256,6 @@ bool parsedoubleword(std::string_view text, double& number) noexcept {
 }  // namespace
 
 bool strasintex(std::string_view text, std::int32_t& number) noexcept {
-  if (parseshortinteger(text, number)) return true;
   number = 0;
   const std::string_view digits = withoutplus(text);
   std::int32_t value = 0;

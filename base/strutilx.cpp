@@ -54,7 +54,7 @@ shortstring padrightmod(std::string_view text, std::int32_t width) noexcept {
 
 namespace {
 
-std::string_view withoutzeros(std::string_view digits) noexcept {
+inline std::string_view withoutzeros(std::string_view digits) noexcept {
   return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
 }
 

@@ -16,12 +16,13 @@ class ttextout {
  public:
   enum class tform : std::uint8_t { shortstring, zeroterminated };
 
-  ttextout(tform form, char* buffer) noexcept : fbuffer(buffer), fform(form) {}
+  ttextout(tform form, char* buffer) noexcept
+      : fbuffer(buffer), fform(form), fwritten(form == tform::shortstring) {}
   ttextout(const ttextout&) = delete;
   ttextout& operator=(const ttextout&) = delete;
   // A text that was left untouched comes back empty in the zero-terminated form.
   ~ttextout() {
-    if (fform == tform::zeroterminated && !fwritten) fbuffer[0] = '\0';
+    if (!fwritten) fbuffer[0] = '\0';
   }
 
   // The text may lie in the buffer itself.
@@ -40,7 +41,7 @@ class ttextout {
  private:
   char* fbuffer;
   tform fform;
-  bool fwritten = false;
+  bool fwritten;  // or need not be
 };
 
 }  // namespace optcore

@@ -147,10 +147,6 @@ bool tparameterreader::dispatch(std::int32_t dashes) {
   return ordinary(*option);
 }
 
-bool tparameterreader::isindicatorkeyword() const {
-  return !fdefinition.dotname().empty() && struequal(fkey, fdefinition.dotname());
-}
-
 toption* tparameterreader::findoption() {
   if (fdefinition.lookupmode() != tlookupmode::minos) return fdefinition.optionasobj(fkey);
   // names are typed with blanks in this mode

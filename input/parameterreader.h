@@ -83,7 +83,9 @@ class tparameterreader {
   bool badseparator(std::string_view key);
   void novalue(const toption& option);
   void setkey(std::string_view identifier, std::int32_t dashes);
-  bool isindicatorkeyword() const;
+  bool isindicatorkeyword() const {
+    return !fdefinition.dotname().empty() && struequal(fkey, fdefinition.dotname());
+  }
   toption* findoption();
   toption* findjoined();
   toption& addlist();
@@ -109,7 +111,8 @@ class tparameterreader {
   template <class taddelement>
   void indicatorelements(std::string_view name, taddelement addelement);
 
-  void error(std::string_view text, const tsubject& subject = {}) {
+  void error(std::string_view text) { fstore.addmessage(tmsgkind::usererror, text); }
+  void error(std::string_view text, const tsubject& subject) {
     fstore.addmessage(tmsgkind::usererror, text, subject);
   }
 

@@ -1,4 +1,4 @@
-// Values by option name or synonym, and the texts of string-list options.
+// Values and reference numbers by option name or synonym, and the texts of string-list options.
 #include "options/vksoptions.h"
 
 namespace optcore {
@@ -24,6 +24,13 @@ tvaluetext tvksoptions::getasstring(std::string_view name) {
 void tvksoptions::setasstring(std::string_view name, std::string_view text) {
   const tcurrentname current(*this, name);
   if (toption* option = optionasobj(name)) option->setasstring(text);
+}
+
+bool tvksoptions::optsetrefnrstr(std::string_view name, std::int32_t refnr) {
+  toption* option = optionasobj(name);
+  if (option == nullptr) return false;
+  option->setrefnr(refnr);
+  return true;
 }
 
 // ---- string lists

@@ -19,22 +19,6 @@ tvaluetext toption::valuetext(twhich which) const {
   return {};
 }
 
-std::optional<std::int32_t> toption::integervalue(twhich which) const {
-  switch (fopttype) {
-    case topttype::integer: return as<tintoption>(*this).value(which);
-    case topttype::boolean: return as<tbooleanoption>(*this).value(which);
-    case topttype::enumint: return as<tenumintoption>(*this).value(which);
-    case topttype::dbl:
-    case topttype::string:
-    case topttype::enumstr:
-    case topttype::multilist:
-    case topttype::strlist:
-    case topttype::macro:
-    case topttype::immediate: break;
-  }
-  return std::nullopt;
-}
-
 void toption::usedefined() {
   switch (fopttype) {
     case topttype::integer: as<tintoption>(*this).storedefault(); break;

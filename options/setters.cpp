@@ -202,11 +202,11 @@ void toption::setvaluefromtext(twhich which, std::string_view text) {
 
 namespace {
 
-bool hasdoublequote(const toption& option, std::string_view text) {
-  if (text.find('"') == std::string_view::npos) return false;
-  option.owner().addmessage(tmsgkind::valueerror, "Bad double-quote in value",
-                            {option.owner().curoptname(), &option, text});
-  return true;
+bool hasdoublequote(std::string_view text) { return text.find('"') != std::string_view::npos; }
+
+void refusedoublequote(const toption& option, std::string_view text) {
+  tvksoptions& owner = option.owner();
+  owner.addmessage(tmsgkind::valueerror, "Bad double-quote in value", {owner.curoptname(), &option, text});
 }
 
 }  // namespace
@@ -214,12 +214,17 @@ bool hasdoublequote(const toption& option, std::string_view text) {
 void toption::setasstring(std::string_view text) {
   if (fsubtype == tsubtype::novalue)
     setdefined(firstvaluebit);
-  else if (!hasdoublequote(*this, text))
+  else if (hasdoublequote(text))
+    refusedoublequote(*this, text);
+  else
     setvaluefromtext(twhich::first, text);
 }
 
 void toption::setasstring2(std::string_view text) {
-  if (!hasdoublequote(*this, text)) setvaluefromtext(twhich::second, text);
+  if (hasdoublequote(text))
+    refusedoublequote(*this, text);
+  else
+    setvaluefromtext(twhich::second, text);
 }
 
 void tstrlistoption::setasstring(std::string_view text) {

@@ -345,6 +345,23 @@ const tclass& as(const toption& option) noexcept {
   return static_cast<const tclass&>(option);
 }
 
+// Here, because clients that ask for a number by number do so often.
+inline std::optional<std::int32_t> toption::integervalue(twhich which) const {
+  switch (fopttype) {
+    case topttype::integer: return as<tintoption>(*this).value(which);
+    case topttype::boolean: return as<tbooleanoption>(*this).value(which);
+    case topttype::enumint: return as<tenumintoption>(*this).value(which);
+    case topttype::dbl:
+    case topttype::string:
+    case topttype::enumstr:
+    case topttype::multilist:
+    case topttype::strlist:
+    case topttype::macro:
+    case topttype::immediate: break;
+  }
+  return std::nullopt;
+}
+
 // The option as its class if it is of that class, else null; null stays null.
 template <class tclass>
 tclass* ifis(toption* option) noexcept {

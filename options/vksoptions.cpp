@@ -29,13 +29,6 @@ bool tvksoptions::optsetrefnr(std::int32_t nr, std::int32_t refnr) {
   return true;
 }
 
-bool tvksoptions::optsetrefnrstr(std::string_view name, std::int32_t refnr) {
-  toption* option = optionasobj(name);
-  if (option == nullptr) return false;
-  option->setrefnr(refnr);
-  return true;
-}
-
 // ---- resetting
 
 // The members of macros are options of the list too, so each option is reset once.
@@ -61,18 +54,16 @@ bool tvksoptions::optresetnr(std::int32_t nr) {
 
 // ---- messages and switches
 
+void tvksoptions::addmessage(tmsgkind kind, std::string_view text) {
+  if (!ignores(kind)) fmessages.add({kind, text, false, {}, fparser, linenr()});
+}
+
 void tvksoptions::addmessage(tmsgkind kind, std::string_view text, const tsubject& subject) {
-  if (!ignores(kind)) filemessage({.kind = kind, .text = text, .subject = subject});
+  if (!ignores(kind)) fmessages.add({kind, text, false, subject, fparser, linenr()});
 }
 
 void tvksoptions::addexplanation(tmsgkind kind, std::string_view text) {
-  if (!ignores(kind)) filemessage({.kind = kind, .text = text, .explains = true});
-}
-
-void tvksoptions::filemessage(tmessage message) {
-  message.source = fparser;
-  message.line = fparser != nullptr ? fparser->linenr() : 0;
-  fmessages.add(message);
+  if (!ignores(kind)) fmessages.add({kind, text, true, {}, fparser, linenr()});
 }
 
 void tvksoptions::optgetmessage(std::int32_t nr, ttextout text, std::int32_t& kind) const {

@@ -47,7 +47,9 @@ class tvksoptions : public toptionx {
   void optshowhelp(std::string_view hlpmsg);
 
   // ---- messages
-  void addmessage(tmsgkind kind, std::string_view text, const tsubject& subject = {});
+  void addmessage(tmsgkind kind, std::string_view text);
+  // The same with what the message is about.
+  void addmessage(tmsgkind kind, std::string_view text, const tsubject& subject);
   // Files a message that adds to the one before it.
   void addexplanation(tmsgkind kind, std::string_view text);
   // Messages of this kind are neither kept nor noticed: their texts need not be put together.
@@ -182,7 +184,7 @@ class tvksoptions : public toptionx {
   template <class tassign>
   bool assignednew(std::int32_t nr, twhich which, tassign assign);
   bool setvalues(std::int32_t nr, twhich which, std::int32_t ival, double dval, std::string_view sval);
-  void filemessage(tmessage message);
+  std::int32_t linenr() const { return fparser != nullptr ? fparser->linenr() : 0; }
 
   tdefinition fdefinition;
   tmessagelist fmessages;

@@ -1,0 +1,22 @@
+// A program of base/ and options/ alone: the store works without readers, writers and entry points. That it
+// links is what is tested first.
+#include <cstdio>
+
+#include "options/globals.h"
+#include "options/vksoptions.h"
+
+using namespace optcore;
+
+int main() {
+  vksoptionsstart();
+  tvksoptions store;
+  tdefinition& definition = store.definition();
+  const toptionhead head{"limit", &store, 1, 1, 1, "At most"};
+  definition.addoption(definition.arena().make<tintoption>(head, 5, 0, 10), tsoughtname("limit"));
+  definition.addsynonym("most", 0);
+  store.setasstring("most", "7");
+  store.setasstring("limit", "11");
+  std::printf("%d %s %d %.*s\n", store.getcount(), std::string(store.getasstring("limit")).c_str(),
+              store.optmessagecount(), static_cast<int>(store.messages().decorated(1).size()),
+              store.messages().decorated(1).view().data());
+}
