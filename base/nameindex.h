@@ -1,4 +1,4 @@
-// A hash table of list positions that stands beside a list and finds the first entry of a key without walking
+// A hash table of list positions that stands beside a list and finds the first item of a key without walking
 // the list. It holds no keys: it asks the owner for the key of a position. Keys have hash() and ==.
 //
 // The index is never more than a shortcut. It is made on the first search, grows with the list, and is thrown
@@ -48,7 +48,7 @@ struct tnumberkey {
 class tnameindex {
  public:
   // The first of the positions 0 .. count - 1 with this key, or -1. `keyat(position)` gives the key of a
-  // position; entries that were there at the last search must not have changed since, unless by reset.
+  // position; items that were there at the last search must not have changed since, unless by reset.
   template <class tkey, class tkeyat>
   std::int32_t find(std::int32_t count, const tkey& key, tkeyat keyat) {
     assert(fentered <= count);
@@ -56,7 +56,7 @@ class tnameindex {
     return fslots[slotof(key, key.hash(), keyat)].position;
   }
 
-  // Enters the entry that was just added, which makes `count`, if those before it are: with its key at hand
+  // Enters the item that was just added, which makes `count`, if those before it are: with its key at hand
   // that is cheaper than by the next search.
   template <class tkey, class tkeyat>
   void added(std::int32_t count, const tkey& key, tkeyat keyat) {

@@ -60,7 +60,7 @@ void tquicksortclass::heapsort(trange range) {
 // stays shallow whatever the order of the items. An order made to meet bad pivots would take quadratic time:
 // what has been split far more often than halving needs goes to the heap sort.
 void tquicksortclass::quicksort(std::int32_t lo, std::int32_t hi) {
-  constexpr std::size_t deepest = 32;  // each entry at most half as long as the one below it
+  constexpr std::size_t deepest = 32;  // each part at most half as long as the one below it
   struct tpart {
     trange range;
     int splits;  // that are left

@@ -2,7 +2,7 @@
 // with one word of data each), all sortable through tquicksortclass. Indices count from 0 and must be within
 // the list.
 //
-// Growth is fast while a list is small (16, then eightfold) and by a quarter past a million entries. Nothing
+// Growth is fast while a list is small (16, then eightfold) and by a quarter past a million items. Nothing
 // is sorted or made unique on insertion. Owning lists override freeitem or freeobject and clear themselves in
 // their destructors; that is the one rule by which contents are freed.
 #pragma once
@@ -70,11 +70,11 @@ class tgrowarray {
   bool full() const noexcept { return fcount == fcapacity; }
   titem& operator[](std::int32_t index) noexcept {
     assert(index >= 0 && index < fcount);
-    return fentries[index];
+    return fmemory[index];
   }
   const titem& operator[](std::int32_t index) const noexcept {
     assert(index >= 0 && index < fcount);
-    return fentries[index];
+    return fmemory[index];
   }
 
   void setcapacity(std::int32_t capacity) {
@@ -82,24 +82,24 @@ class tgrowarray {
     if (capacity == fcapacity) return;
     if (capacity == 0) return release();
     void* block =
-        std::realloc(static_cast<void*>(fentries), static_cast<std::size_t>(capacity) * sizeof(titem));
+        std::realloc(static_cast<void*>(fmemory), static_cast<std::size_t>(capacity) * sizeof(titem));
     if (block == nullptr) throw std::bad_alloc();
-    fentries = static_cast<titem*>(block);
+    fmemory = static_cast<titem*>(block);
     fcapacity = capacity;
   }
 
   // Without items and without memory, as at first.
   void release() noexcept {
-    std::free(fentries);
-    fentries = nullptr;
+    std::free(fmemory);
+    fmemory = nullptr;
     fcount = fcapacity = 0;
   }
 
   void insert(std::int32_t index, const titem& item) noexcept {
-    assert(fentries != nullptr && fcount < fcapacity);
+    assert(fmemory != nullptr && fcount < fcapacity);
     assert(index >= 0 && index <= fcount);
     move(index + 1, index);
-    fentries[index] = item;
+    fmemory[index] = item;
     ++fcount;
   }
   void remove(std::int32_t index) noexcept {
@@ -123,11 +123,11 @@ class tgrowarray {
   void move(std::int32_t to, std::int32_t from) noexcept {
     const std::int32_t moved = fcount - (to < from ? to : from);
     if (moved > 0)
-      std::memmove(static_cast<void*>(fentries + to), static_cast<const void*>(fentries + from),
+      std::memmove(static_cast<void*>(fmemory + to), static_cast<const void*>(fmemory + from),
                    static_cast<std::size_t>(moved) * sizeof(titem));
   }
 
-  titem* fentries = nullptr;
+  titem* fmemory = nullptr;
   std::int32_t fcount = 0;
   std::int32_t fcapacity = 0;
 };
@@ -208,11 +208,11 @@ class txstrings : public txlist<char*> {
 template <class tobject>
 class txcustomstringlist : public tquicksortclass {
  public:
-  ~txcustomstringlist() override { clearentries(); }
+  ~txcustomstringlist() override { clearitems(); }
 
-  std::int32_t count() const noexcept { return fentries.count(); }
-  std::int32_t capacity() const noexcept { return fentries.capacity(); }
-  void setcapacity(std::int32_t capacity) { fentries.setcapacity(capacity); }
+  std::int32_t count() const noexcept { return fitems.count(); }
+  std::int32_t capacity() const noexcept { return fitems.capacity(); }
+  void setcapacity(std::int32_t capacity) { fitems.setcapacity(capacity); }
 
   std::int32_t add(std::string_view text) { return addobject(text, tobject()); }
   std::int32_t addobject(std::string_view text, tobject object) {
@@ -220,39 +220,39 @@ class txcustomstringlist : public tquicksortclass {
     return count() - 1;
   }
   void insertitem(std::int32_t index, std::string_view text, tobject object) {
-    if (fentries.full()) grow();
+    if (fitems.full()) grow();
     if (index != count()) findex.reset();
-    fentries.insert(index, {newstring(text), object});
+    fitems.insert(index, {newstring(text), object});
   }
-  std::string_view getname(std::int32_t index) const noexcept { return getstring(fentries[index].text); }
-  tobject getobject(std::int32_t index) const noexcept { return fentries[index].object; }
-  void putobject(std::int32_t index, tobject object) noexcept { fentries[index].object = object; }
+  std::string_view getname(std::int32_t index) const noexcept { return getstring(fitems[index].text); }
+  tobject getobject(std::int32_t index) const noexcept { return fitems[index].object; }
+  void putobject(std::int32_t index, tobject object) noexcept { fitems[index].object = object; }
 
-  // The first entry of that name regardless of case, or -1.
+  // The first text of that name regardless of case, or -1.
   std::int32_t indexof(std::string_view text) const { return findex.find(count(), tnamekey{text}, keyat()); }
   std::int32_t indexof(const tsoughtname& name) const { return findex.find(count(), name, keyat()); }
   std::int32_t indexofobject(tobject object) const noexcept {
     for (std::int32_t i = 0; i < count(); ++i)
-      if (fentries[i].object == object) return i;
+      if (fitems[i].object == object) return i;
     return -1;
   }
   // The "delete" of the list; the word is taken in this language.
   void remove(std::int32_t index) {
     findex.reset();
-    freetext(fentries[index].text);
+    freetext(fitems[index].text);
     freeobject(index);
-    fentries.remove(index);
+    fitems.remove(index);
   }
-  void clear() { clearentries(); }
+  void clear() { clearitems(); }
 
   void exchange(std::int32_t i, std::int32_t j) override {
     findex.reset();
-    const tentry kept = fentries[i];
-    fentries[i] = fentries[j];
-    fentries[j] = kept;
+    const tlistitem kept = fitems[i];
+    fitems[i] = fitems[j];
+    fitems[j] = kept;
   }
   std::int32_t compare(std::int32_t i, std::int32_t j) const override {
-    return pstrucmp(fentries[i].text, fentries[j].text);
+    return pstrucmp(fitems[i].text, fitems[j].text);
   }
   virtual void grow() { setcapacity(growncapacity(capacity())); }
   // cppcheck-suppress virtualCallInConstructor ; each owning list clears itself in its own destructor
@@ -262,14 +262,14 @@ class txcustomstringlist : public tquicksortclass {
  protected:
   // Adds a text that is in a block already.
   void addblock(char* text, tobject object) {
-    if (fentries.full()) grow();
-    fentries.insert(count(), {text, object});
+    if (fitems.full()) grow();
+    fitems.insert(count(), {text, object});
   }
   // The text just added, as it was searched for before.
   void addedname(const tsoughtname& name) { findex.added(count(), name, keyat()); }
 
  private:
-  struct tentry {
+  struct tlistitem {
     char* text;
     tobject object;
   };
@@ -277,17 +277,17 @@ class txcustomstringlist : public tquicksortclass {
   auto keyat() const noexcept {
     return [this](std::int32_t i) { return tnamekey{getname(i)}; };
   }
-  void clearentries() {
+  void clearitems() {
     findex.reset();
     while (count() > 0) {
-      freetext(fentries[count() - 1].text);
+      freetext(fitems[count() - 1].text);
       freeobject(count() - 1);
-      fentries.removelast();
+      fitems.removelast();
     }
-    fentries.release();
+    fitems.release();
   }
 
-  tgrowarray<tentry> fentries;
+  tgrowarray<tlistitem> fitems;
   mutable tnameindex findex;  // made on the first search, thrown away when positions change
 };
 

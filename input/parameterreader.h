@@ -102,7 +102,7 @@ class tparameterreader {
   // ---- dot lines and indicator lines (symbollines.cpp)
   void dotentry(std::int32_t optionindex);
   bool dotelements();
-  bool indicatorentry();
+  bool indicatoritem();
   bool equation();
   bool variable();
   bool indicatorvalue();

@@ -1,4 +1,4 @@
-// Dot lines and indicator lines of parameter text. A line with an error leaves no entry behind.
+// Dot lines and indicator lines of parameter text. A line with an error leaves nothing behind.
 #include "input/parameterreader.h"
 #include "options/checkboolean.h"
 
@@ -86,17 +86,17 @@ bool tparameterreader::dotelements() {
 bool tparameterreader::indicatorline() {
   tindicatorlist& items = *fstore.indicators();
   const std::int32_t errorsbefore = fstore.errorcount();
-  items.dropentry();
-  if (!indicatorentry()) fscanner.skiptolineend();
+  items.dropitem();
+  if (!indicatoritem()) fscanner.skiptolineend();
   if (fstore.errorcount() > errorsbefore)
-    fstore.countindicatorerrors(items.dropentry());
+    fstore.countindicatorerrors(items.dropitem());
   else
-    items.keepentry();
+    items.keepitem();
   return true;
 }
 
 // False when the rest of the line is to be discarded.
-bool tparameterreader::indicatorentry() {
+bool tparameterreader::indicatoritem() {
   if (!equation()) return false;
   if (!fscanner.skiptochar('$')) {
     error(concat("$ expected after equation identifier ", quoted(fstore.indicators()->equation())),

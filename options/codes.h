@@ -22,7 +22,7 @@ enum class topttype : std::uint8_t {
   immediate
 };
 // How many there are. A table by type is made with std::to_array and has its size asserted, so that one with
-// a missing entry does not compile.
+// a missing item does not compile.
 inline constexpr std::size_t opttypecount = 10;
 inline constexpr auto opttypenames =
     std::to_array<std::string_view>({"integer", "double", "string", "boolean", "enumstr", "enumint",

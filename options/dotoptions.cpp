@@ -40,12 +40,8 @@ void tdotobjlist::setvalue(std::string_view text) {
 
 void tdotobjlist::keepentry() {
   if (fentries.full()) fentries.setcapacity(growncapacity(fentries.capacity()));
-  tdotobj* entry = farena.make<tdotobj>();
-  entry->fname = farena.text(fname);
-  entry->findices = findices.pack(farena);
-  entry->fvalue = fvalue;
-  entry->foptionindex = foptionindex;
-  fentries.insert(count(), entry);
+  const tstoredtext name = farena.text(fname);
+  fentries.insert(count(), farena.make<tdotobj>(name, foptionindex, findices.pack(farena), fvalue));
   fbegun = false;
 }
 

@@ -21,6 +21,8 @@ inline constexpr std::size_t maxidentifier = 63;
 
 class tdotobj : public tinarena {
  public:
+  tdotobj(tstoredtext name, std::int32_t optionindex, const tpackedtexts& indices, double value) noexcept
+      : fname(name), findices(indices), fvalue(value), foptionindex(optionindex) {}
   std::string_view name() const noexcept { return fname.view(); }
   // Position of the dot option in the option list, counted from 0.
   std::int32_t optionindex() const noexcept { return foptionindex; }
@@ -29,7 +31,6 @@ class tdotobj : public tinarena {
   const tpackedtexts& indices() const noexcept { return findices; }
 
  private:
-  friend class tdotobjlist;
   tstoredtext fname;
   tpackedtexts findices;
   double fvalue;

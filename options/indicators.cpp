@@ -34,10 +34,8 @@ bool tsymbolparts::haselement(std::string_view text) {
 }
 
 tsymbol tsymbolparts::pack(tarena& arena) const {
-  tsymbol symbol;
-  symbol.fname = arena.text(fname);
-  symbol.felements = felements.pack(arena);
-  return symbol;
+  const tstoredtext name = arena.text(fname);
+  return {name, felements.pack(arena)};
 }
 
 void tindicatorlist::addentry(std::string_view equation) {
@@ -51,14 +49,11 @@ void tindicatorlist::addentry(std::string_view equation) {
                       {equation});
 }
 
-void tindicatorlist::keepentry() {
+void tindicatorlist::keepitem() {
   if (!fbegun) return;
   if (fitems.full()) fitems.setcapacity(growncapacity(fitems.capacity()));
-  tindicatoritem* item = farena.make<tindicatoritem>();
-  item->fequation = fequation.pack(farena);
-  item->fvariable = fvariable.pack(farena);
-  item->fvalue = fvalue;
-  fitems.insert(count(), item);
+  const tsymbol equation = fequation.pack(farena);
+  fitems.insert(count(), farena.make<tindicatoritem>(equation, fvariable.pack(farena), fvalue));
   fbegun = false;
 }
 

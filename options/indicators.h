@@ -18,11 +18,11 @@ class tvksoptions;
 // A symbol and its elements, as they were written: quotes included.
 class tsymbol {
  public:
+  tsymbol(tstoredtext name, const tpackedtexts& elements) noexcept : fname(name), felements(elements) {}
   std::string_view name() const noexcept { return fname.view(); }
   const tpackedtexts& elements() const noexcept { return felements; }
 
  private:
-  friend class tsymbolparts;
   tstoredtext fname;
   tpackedtexts felements;
 };
@@ -47,12 +47,13 @@ class tsymbolparts {
 
 class tindicatoritem : public tinarena {
  public:
+  tindicatoritem(const tsymbol& equation, const tsymbol& variable, std::int32_t value) noexcept
+      : fequation(equation), fvariable(variable), fvalue(value) {}
   const tsymbol& equation() const noexcept { return fequation; }
   const tsymbol& variable() const noexcept { return fvariable; }
   std::int32_t value() const noexcept { return fvalue; }
 
  private:
-  friend class tindicatorlist;
   tsymbol fequation;
   tsymbol fvariable;
   std::int32_t fvalue;
@@ -76,9 +77,9 @@ class tindicatorlist {
   void addvardim(std::string_view text);
   void setvalue(bool value) noexcept { fvalue = value ? 1 : 0; }
   // Does nothing if none was begun.
-  void keepentry();
+  void keepitem();
   // Returns the number of items dropped: none or one.
-  std::int32_t dropentry() noexcept { return std::exchange(fbegun, false) ? 1 : 0; }
+  std::int32_t dropitem() noexcept { return std::exchange(fbegun, false) ? 1 : 0; }
 
  private:
   tvksoptions& fowner;

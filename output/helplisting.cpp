@@ -67,7 +67,7 @@ void thelplisting::collectnames() {
   }
   fnames.sortn(fnames.count());
   for (std::int32_t i = 0; i < fnames.count(); ++i)
-    fgroupentries[fnames.getobject(i).option->groupnr()].push_back(i);
+    fgroupnames[fnames.getobject(i).option->groupnr()].push_back(i);
 }
 
 // ---- the line buffer
@@ -101,13 +101,13 @@ void thelplisting::summary(bool withmarks) {
 void thelplisting::summarygroup(const tgroupobj& group, bool withmarks) {
   blankline();
   addline(group.helptext());
-  if (const auto entries = fgroupentries.find(group.groupnumber()); entries != fgroupentries.end())
-    for (const std::int32_t entry : entries->second) summaryline(entry, withmarks);
+  if (const auto names = fgroupnames.find(group.groupnumber()); names != fgroupnames.end())
+    for (const std::int32_t index : names->second) summaryline(index, withmarks);
 }
 
-void thelplisting::summaryline(std::int32_t entry, bool withmarks) {
-  const auto [option, issynonym] = fnames.getobject(entry);
-  shortstring text = fdefinition.nounderscore(fnames.getname(entry));
+void thelplisting::summaryline(std::int32_t index, bool withmarks) {
+  const auto [option, issynonym] = fnames.getobject(index);
+  shortstring text = fdefinition.nounderscore(fnames.getname(index));
   if (issynonym) text.append(" (Synonym for ").append(option->getname()).append(")");
   if (withmarks && option->hasdeprecation()) {
     const bool isdeprecated = option->hasdeprecation(tdeprecation::deprecated) ||

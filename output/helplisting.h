@@ -47,7 +47,7 @@ class thelplisting {
   void collectnames();
   void summary(bool withmarks);
   void summarygroup(const tgroupobj& group, bool withmarks);
-  void summaryline(std::int32_t entry, bool withmarks);
+  void summaryline(std::int32_t index, bool withmarks);
   void alphabetical();
   void tostandardoutput() const;
 
@@ -72,7 +72,7 @@ class thelplisting {
   const tdefinition& fdefinition;
   tmysortstringlist fnames;
   std::unordered_map<std::int32_t, std::vector<std::int32_t>>
-      fgroupentries;  // by group number, in sorted order
+      fgroupnames;  // by group number, in sorted order
   shortstring fbuffer;
 };
 
