@@ -1,4 +1,4 @@
-// Each family of the interface on a handle with 500 options that all have a value: a piece of work calls a
+// Each family of functions on a handle with 500 options that all have a value. A repetition calls one
 // function once for every option, message, text or entry, and adds up the results. Reading files and queries
 // by name are in tablerows.cpp, creation and output in singlerows.cpp.
 #include <array>
@@ -16,7 +16,7 @@ struct tbuffers {
   double x, y, z;
 };
 
-// A call of the family for one number; the result is what the function answers.
+// A call of the family for one number; returns the result of the function.
 using tcall = std::int32_t (*)(tvksoptions* h, std::int32_t nr, tbuffers& o);
 
 struct tfamily {
@@ -133,7 +133,8 @@ void callforoptions(benchmark::State& state, const tfamily& family) {
 
 // ---- messages, lists and entries
 
-// call(handle, number) for so many numbers in a handle that prepare has filled; each must answer 1.
+// Times call(handle, number) for so many numbers, with a handle that prepare has filled. Each call must
+// return 1.
 template <class tprepare, class tentrycall>
 void callforentries(benchmark::State& state, std::int64_t count, tprepare prepare, tentrycall call) {
   std::int64_t succeeded = 0;

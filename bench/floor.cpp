@@ -15,7 +15,7 @@ namespace bench {
 
 namespace {
 
-// The whole file by one read into what room(size) returns, and a line feed behind it.
+// Reads the whole file in one call into the buffer that room(size) returns, and adds a line feed.
 template <class troom>
 bool readall(const std::string& path, troom room) {
   const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
@@ -81,7 +81,8 @@ std::string_view quotedword(const char*& position, const char* end) {
   return {begin, static_cast<std::size_t>(last - begin)};
 }
 
-// The next word of a line, in double quotes or up to a blank. The line feed at its end stops the search, too.
+// Returns the next word of a line, in double quotes or up to a blank. The line feed at the end of the line
+// also ends it.
 inline std::string_view word(const char*& position, const char* end) {
   while (*position == ' ') ++position;
   if (*position == '"') return quotedword(position, end);
@@ -102,7 +103,7 @@ tfloor::ttext tfloor::keep(std::string_view text) {
   return kept;
 }
 
-// The default stays where it is; a value gets room of its own, and moves when it outgrows that.
+// The default stays in its place. A value has a place of its own, and moves when it becomes too long for it.
 void tfloor::settext(toption& option, std::string_view text) {
   const auto size = static_cast<std::uint32_t>(text.size());
   if (size > option.room) {

@@ -1,7 +1,7 @@
-// The floor: the same work as the library's, by hand and with nothing else. One read of the whole file, lines
-// cut with memchr, names found in an open-addressing table, numbers by from_chars, range check, store. All
-// texts lie in one block. Names are compared byte for byte, faults are only counted, only what the workloads
-// hold is understood.
+// The floor: the same work as the library's, by hand and with nothing else. It reads a whole file in one
+// call, splits lines with memchr, finds names in an open-addressing table, reads numbers with from_chars,
+// checks ranges and stores values. All texts are in one block. Names are compared byte for byte, faults are
+// only counted, and only the contents of the workloads are understood.
 #pragma once
 
 #include <cstdint>
@@ -31,12 +31,12 @@ class tfloor {
     ttext helptext, defaulttext;
   };
 
-  // Registers from a definition file, whose text stays in memory, or from a list that is in memory already.
-  // False when the file cannot be read or is none of ours.
+  // Registers the options of a definition file, whose text stays in memory, or of a list that is in memory
+  // already. Returns false when the file cannot be read or is not one of the workloads.
   bool readdefinition(const std::string& path);
   void define(const std::vector<tsample>& samples);
 
-  // The number of faulty lines, -1 without the file.
+  // Returns the number of faulty lines, or -1 when the file cannot be read.
   std::int64_t readparameters(const std::string& path);
 
   const toption* find(std::string_view name) const {
@@ -44,7 +44,7 @@ class tfloor {
     return number == 0 ? nullptr : &foptions[number - 1];
   }
   std::string_view view(ttext text) const { return {fblock.data() + text.at, text.size}; }
-  // The value as a zero-terminated text in a buffer of 256 bytes.
+  // Writes the value as a zero-terminated text to a buffer of 256 bytes.
   void valuetext(const toption& option, char* buffer) const;
 
   std::size_t count() const { return foptions.size(); }

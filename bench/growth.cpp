@@ -1,6 +1,6 @@
-// How reading and queries grow: the number of options, or of lines for 500 options, doubles from 1,000 to a
-// million, in each lookup mode, with a synonym for every option, with messages in the list, with echo, and
-// for entries.
+// How the time of reading and of queries grows. The number of options, or of lines for 500 options, doubles
+// from 1,000 to a million: in each lookup mode, with a synonym for every option, with messages in the list,
+// with echo, and for entries.
 #include <memory>
 
 #include "support.h"
@@ -29,7 +29,7 @@ void growdefinition(benchmark::State& state, const tworkload& work) {
       [&](const thandle& handle) { return holdsoptions(handle, work); });
 }
 
-// prepare(handle) before the file is read, check(handle) after it.
+// Calls prepare(handle) before the file is read and check(handle) after it.
 template <class tprepare, class tcheck>
 void growparameters(benchmark::State& state, const tworkload& work, std::int64_t lines, tprepare prepare,
                     tcheck check) {

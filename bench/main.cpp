@@ -1,4 +1,4 @@
-// The benchmarks that see the library as its clients do: the public header and the shared library.
+// The benchmarks that use the library as its clients do: through the public header and the shared library.
 #include "support.h"
 
 int main(int count, char** arguments) {

@@ -1,13 +1,13 @@
-// The same work with option libraries that everyone knows, beside the floor and this library: reading N
-// assignments from a file and asking for every value by name. Each library gets the file in its own syntax
-// and is used as its manual says; what it does not check itself is checked by hand.
+// Well-known option libraries at the same work as the floor and this library: reading N assignments from a
+// file and getting every value by name. Each library reads the file in its own syntax and is used as its
+// manual says. What it does not check itself is checked by hand.
 //
 //   boost  Boost.Program_options, bounds and items checked in notifiers
 //   inih   the inih reader with a std::unordered_map, everything checked by hand
 //   toml   toml++, which keeps a tree of values, looked up and checked by hand
 //
-// Reading a definition file is this library's alone, so there is no row for it. Boost searches all options
-// for each line and takes part in the smallest size only.
+// Only this library reads a definition file, so there is no row for that. Boost searches all options for each
+// line and is measured at the smallest size only.
 #include <ini.h>
 #include <toml++/toml.h>
 
@@ -66,21 +66,22 @@ double valueof(const ttable& table, const std::string& name) {
   return found.hastext() ? static_cast<double>(found.text.size()) : found.number;
 }
 
-// The file of assignments with a sign between name and value, texts in quotes or not.
+// Writes the file of assignments with a given sign between name and value, with or without quotes around
+// texts.
 std::string assignmentfile(const tworkload& work, bool quoted) {
   std::string text;
   for (const std::int32_t position : work.queryorder) {
     const tsample& option = work.options[static_cast<std::size_t>(position)];
     const bool quotes = quoted && (option.type == 's' || option.type == 'e');
     std::string value = option.finaltext;
-    // toml takes a number for real only by its point or exponent
+    // toml reads a number as a real only if it has a point or an exponent
     if (quoted && option.type == 'd' && value.find_first_of(".e") == std::string::npos) value += ".0";
     text += option.name + " = " + (quotes ? "\"" + value + "\"" : value) + "\n";
   }
   return writefile(quoted ? "quoted.cfg" : "plain.cfg", text);
 }
 
-// ---- the libraries: made from a workload, they read a file and give values
+// ---- the libraries: each class is made from a workload, reads a file and returns values
 
 class tinihsystem {
  public:

@@ -3,9 +3,10 @@
 
     plot.py RESULTS.json FOLDER
 
-One file per kind of work, growth-KIND.svg. Across is the number of options or lines, up the time for each,
-both in doublings: a line that stays level is work that doubles with its input. The colours suit a light and a
-dark page. Also prints, for each line, the worst doubling of the whole work from one size to the next.
+Each kind of work has one file, growth-KIND.svg. The x axis is the number of options or lines, the y axis the time
+for each of them, both on logarithmic scales. A horizontal line means linear growth. The colours suit a light and a
+dark page. The program also prints, for each line, the largest factor by which the whole time grows from one size to
+the next.
 """
 import json
 import math
@@ -37,7 +38,7 @@ def series(figures):
 
 
 class Axes:
-    """From size and time to a place in the picture."""
+    """Converts sizes and times to positions in the picture."""
 
     def __init__(self, variants):
         points = [point for line in variants.values() for point in line]
@@ -69,7 +70,7 @@ def grid(axes, sizes):
 
 
 def lines(axes, variants):
-    places = []  # of the names at the right end, kept apart
+    places = []  # of the names at the right end, which must not overlap
     for (variant, points), colour in zip(variants.items(), COLOURS):
         path = " ".join(f"{axes.x(size):.1f},{axes.y(time):.1f}" for size, time in points)
         yield f'<polyline fill="none" stroke="{colour}" stroke-width="2" points="{path}"/>'

@@ -1,4 +1,4 @@
-// What a process costs that only reads the two files, to compare process_library.cpp with.
+// A process that only reads the two files; process_library.cpp is compared with it.
 #include <fstream>
 #include <string>
 

@@ -1,6 +1,6 @@
-// A whole life with the library, as a process of its own: creates a handle, reads a definition and a
-// parameter file, asks for the value of every option, frees the handle. Ends with 0 if twenty options were
-// set without an error.
+// A whole run with the library as a process of its own. It creates a handle, reads a definition file and an
+// option file, gets the value of every option and frees the handle. The exit code is 0 when twenty options
+// were set without an error.
 #include <cstdint>
 
 #include "wexcorin/wexcorin.h"

@@ -4,10 +4,10 @@
     report.py measure BUILD RESULTS.json [--repetitions N] [--filter REGEX]
     report.py table RESULTS.json [OLD.json]
 
-measure runs every row and size in a process of its own, with the repetitions of all who take part in it
-mixed at random, so that a noisy moment meets all of them alike. The medians of the repetitions are what
-counts. Rows "growth" are run one by one, with fewer repetitions. table shows the figures that have a target, and with
-OLD.json beside them those from before and every other benchmark that has changed by more than a tenth.
+measure runs every row and size in a process of its own. The repetitions of the library and of what it is compared
+with are mixed at random, so that a disturbance affects them in the same way. The result is the median of the
+repetitions. The rows "growth" are run one by one, with fewer repetitions. table shows the figures that have a target.
+With OLD.json it also shows the older figures, and every other benchmark that has changed by more than a tenth.
 """
 import argparse
 import datetime
@@ -37,7 +37,7 @@ def groups(program, wanted):
 
 
 def run(program, pattern, repetitions):
-    """name -> figures of one benchmark, times in nanoseconds a piece of work."""
+    """name -> figures of one benchmark, with times in nanoseconds for a repetition."""
     done = subprocess.run(
         [program, f"--benchmark_filter={pattern}", f"--benchmark_repetitions={repetitions}",
          "--benchmark_enable_random_interleaving=true", "--benchmark_min_time=0.02",
@@ -81,7 +81,7 @@ def measure(args):
             print(pattern.strip("^"), file=sys.stderr)
             repetitions = args.repetitions if row != "growth" else max(1, args.repetitions // 3)
             results["benchmarks"].update(run(program, pattern, repetitions))
-            # again and again: what is done stays if the rest is given up
+            # after each group, so that the results so far are kept if the run is interrupted
             with open(args.results, "w") as out:
                 json.dump(results, out, indent=1)
                 out.write("\n")
@@ -92,7 +92,7 @@ def measure(args):
 # ---- showing
 
 class Figures:
-    """What was measured, with the ways to look at it; a figure that was not measured is None."""
+    """The figures that were measured, with queries on them; a figure that was not measured is None."""
 
     def __init__(self, results):
         self.all = results["benchmarks"]
@@ -114,7 +114,7 @@ class Figures:
 
 
 def targets(figures):
-    """(what, size, wanted, unit, value) of everything that has a target."""
+    """(what, size, wanted, unit, value) of each figure that has a target."""
     rows = [(work, size, wanted, "x floor", figures.ratio(row, "wexcorin", "floor", size))
             for row, work, sizes, wanted in (
                 ("definition", "read the definition", (500, 10000, 100000), "3 [1.5]"),
@@ -135,8 +135,8 @@ def targets(figures):
     rows.append(("memory beyond texts", 1000000, "200", "bytes a dot entry",
                  figures.counter("dotmemory/wexcorin/1000000", "resident")))
     for name, work in (("summary/500", "help, summary"), ("descriptions/500", "help, descriptions"),
-                       ("file/500", "as many bytes by the system alone"), ("parameters/500", "parameter file"),
-                       ("parameters/100000", "parameter file"),
+                       ("file/500", "as many bytes by the system alone"), ("parameters/500", "option file"),
+                       ("parameters/100000", "option file"),
                        ("definition/100000", "definition file"), ("pascal/100000", "Pascal include file"),
                        ("html/100000", "HTML table")):
         wanted = "-" if name.startswith("file") else "100"

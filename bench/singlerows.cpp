@@ -1,5 +1,6 @@
-// What has a target but no floor: making a handle, a whole process, a million dot lines or faulty lines, help
-// and parameter writing, and getters by number. The documentation writers are in writers.cpp.
+// The benchmarks that have a target but no floor: creating a handle, a whole process, a million dot lines or
+// faulty lines, writing help and option files, and getters by number. The documentation writers are in
+// writers.cpp.
 #include <fcntl.h>
 #include <malloc.h>
 #include <spawn.h>
@@ -44,7 +45,7 @@ int exitcode(std::string program, std::vector<std::string> arguments) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-// The program ends with 0 if it found as much as there is.
+// The program's exit code is 0 when it found everything.
 void process(benchmark::State& state, const std::string& program) {
   const tworkload& work = workload({500, 500});
   std::string lines;
@@ -67,7 +68,7 @@ void process(benchmark::State& state, const std::string& program) {
 
 // ---- lines
 
-// check(handle) after so many lines of a kind have been read.
+// Calls check(handle) after so many lines of a kind were read.
 template <class tcheck>
 void readlines(benchmark::State& state, tlines kind, std::int64_t lines, tcheck check) {
   const std::string definitionfile = entrydefinition();
@@ -151,7 +152,7 @@ void writeparameters(benchmark::State& state, std::int64_t size) {
   state.counters["bytes"] = static_cast<double>(std::filesystem::file_size(path));
 }
 
-// What the system alone takes to put as many bytes into a file of that name.
+// Times the system alone at writing as many bytes to a file of that name.
 void writebytes(benchmark::State& state, std::int64_t size) {
   const std::string bytes(static_cast<std::size_t>(27 * size), 'x');
   const std::string path = pathof("bytes");

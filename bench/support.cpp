@@ -20,8 +20,8 @@ namespace {
 bool smallest = false;
 bool failed = false;
 
-// Pages that were given back would have to be fetched again: keeps them, so that medians show the work and
-// not at which size the heap begins to return memory.
+// Makes the heap keep its pages. Otherwise returned pages would be fetched again, and medians would depend on
+// the size at which the heap begins to return memory.
 void keepmemory() {
   mallopt(M_MMAP_THRESHOLD, 1 << 30);
   mallopt(M_TRIM_THRESHOLD, 1 << 30);

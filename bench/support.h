@@ -1,10 +1,9 @@
-// What the benchmarks share: how one is registered and timed, a handle, memory figures, the check of every
-// value.
+// Shared by the benchmarks: registration, timing, a handle, memory figures, and the check of all values.
 //
-// A benchmark is called ROW/WHO/SIZE: what is done, by whom or how, and with how many options, lines or
-// calls. The clock runs during the work alone; the result of every piece of work is checked, and a wrong one
-// makes the program fail. Counters: "items" says how many options, lines or calls a piece of work has,
-// "bytes" how much it wrote.
+// The name of a benchmark is ROW/WHO/SIZE: what is done, by whom or how, and for how many options, lines or
+// calls. The clock runs only during the work. The result of each repetition is checked, and a wrong result
+// makes the program fail. The counter "items" is the number of options, lines or calls in a repetition,
+// "bytes" the number of bytes that it wrote.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -23,7 +22,7 @@ namespace bench {
 
 using tbenchmark = std::function<void(benchmark::State&, std::int64_t size)>;
 
-// With --smallest on the command line sizes are cut to 500 and each benchmark does its work once.
+// With --smallest on the command line, sizes are limited to 500 and each benchmark does its work once.
 void add(std::string_view row, std::string_view who, std::int64_t size, tbenchmark run);
 
 // The benchmarks of a program, each family in a file of its own.
@@ -34,19 +33,19 @@ void addgrowth();
 void addwriters();
 void addpeers();
 
-// The program: command line, registration, run. The result is 0 if every check held.
+// Runs the program: command line, registration, benchmarks. Returns 0 when every check succeeded.
 int run(int count, char** arguments, const std::vector<void (*)()>& families);
 
 void wrong(benchmark::State& state);
 
-// Seconds: of processor time that this thread has used, and of the time of day.
+// Return seconds: the processor time that this thread has used, and the time of day.
 double processorseconds();
 double seconds();
-// What processorseconds shows for no work at all.
+// The time that processorseconds measures for no work at all.
 double emptyseconds();
 
-// Times work(object) for objects that setup makes, and checks them. The clock is that of the thread: what
-// other programs do to the machine meanwhile does not count.
+// Times work(object) for objects that setup makes, and checks them. The clock is the processor time of the
+// thread, so the time that other programs use does not count.
 template <class tsetup, class twork, class tcheck>
 void timed(benchmark::State& state, std::int64_t items, tsetup setup, twork work, tcheck check) {
   for ([[maybe_unused]] auto _ : state) {
@@ -63,7 +62,7 @@ void timed(benchmark::State& state, std::int64_t items, tsetup setup, twork work
   state.counters["items"] = static_cast<double>(items);
 }
 
-// The same for work that leaves its object as it is.
+// Does the same for work that does not change its object.
 template <class twork, class tcheck>
 void timed(benchmark::State& state, std::int64_t items, twork work, tcheck check) {
   timed(
@@ -88,7 +87,8 @@ struct tdefined : thandle {
 };
 
 std::int32_t errors(tvksoptions* handle);
-// Whether the handle holds no error and every option the value that the workload says, asked by number.
+// Returns whether the handle has no error and every option, queried by number, has the value that the
+// workload gives.
 bool holdsvalues(tvksoptions* handle, const tworkload& work);
 bool holdsoptions(tvksoptions* handle, const tworkload& work);
 bool holdsdots(tvksoptions* handle, std::int64_t lines);
@@ -97,7 +97,7 @@ bool holdsindicators(tvksoptions* handle, std::int64_t lines);
 optshortstring shorttext(std::string_view text);
 
 double asdouble(std::string_view text);
-// The bytes of the process in memory, and those of its heap that are in use.
+// Return the resident bytes of the process, and the bytes of its heap that are in use.
 double residentbytes();
 double heapbytes();
 

@@ -1,5 +1,5 @@
-// The work that is measured against the floor: reading a definition of N options, reading N or a million
-// assignments, asking for every value by name, and the memory that an option takes.
+// The work that is compared with the floor: reading a definition of N options, reading N or a million
+// assignments, getting every value by name, and the memory that an option takes.
 #include <malloc.h>
 
 #include <algorithm>
@@ -56,7 +56,7 @@ void readparameters(benchmark::State& state, const tworkload& work, std::int64_t
       [&](const thandle& handle) { return holdsvalues(handle, work); });
 }
 
-// Registered from memory, which packs the floor's texts closer than its reading of a definition does.
+// Registers from memory. This packs the floor's texts more densely than reading a definition does.
 tfloor packedfloor(const tworkload& work) {
   tfloor floor;
   floor.define(work.options);
@@ -73,14 +73,14 @@ void floorparameters(benchmark::State& state, const tworkload& work, std::int64_
 
 // ---- queries by name
 
-// What the values of a type add to a sum: numbers themselves, texts their length.
+// What a value adds to the sum: a number its value, a text its length.
 double weight(const tsample& option) {
   return option.type == 's' || option.type == 'e' ? static_cast<double>(option.finaltext.size())
                                                   : asdouble(option.finaltext);
 }
 
-// What is asked, in the order of asking. Both forms of the names, and next to nothing beside them: a client
-// that has its names at hand should not wait for ours.
+// The queries in their order. It holds both forms of the names and little else, because a client that has its
+// names at hand would not have to load ours into the cache.
 struct tqueries {
   explicit tqueries(const tworkload& work) {
     for (const std::int32_t position : work.queryorder) {
@@ -146,7 +146,7 @@ void querytyped(benchmark::State& state, const tsystem& system, const tworkload&
       [&] { return sum == queries.sum; });
 }
 
-// The texts of all values, from get(name, buffer). A double need not come as it was written.
+// Checks the texts of all values, from get(name, buffer). A double may have another text than in the file.
 template <class tget>
 void querytexts(benchmark::State& state, const tworkload& work, tget get) {
   const tqueries queries(work);
@@ -199,7 +199,7 @@ void addqueries(std::int64_t size) {
 
 // ---- memory
 
-// So many registries that temporary blocks and half-used pages do not count.
+// Enough registries to make temporary blocks and partly used pages negligible.
 template <class tmake>
 void memory(benchmark::State& state, std::int64_t size, tmake make) {
   const tworkload& work = even(size);

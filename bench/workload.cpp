@@ -75,7 +75,7 @@ tvalue number(std::string_view text) {
   return value;
 }
 
-// At most six significant digits, so that rounding can lead out of the bounds.
+// Rounds to at most six significant digits. The result may be out of the bounds.
 std::string realtext(trandom& random, const tsample& option) {
   const double low = number<double>(option.low);
   const double high = number<double>(option.high);
@@ -104,7 +104,7 @@ std::string randomvalue(trandom& random, const tsample& option) {
   }
 }
 
-// Two words of three letters that no other position has.
+// Returns two words of three letters that are different for each position.
 std::string codewords(std::int64_t position) {
   constexpr std::uint64_t words = 26ULL * 26 * 26 * 26 * 26 * 26;
   std::uint64_t code =

@@ -1,8 +1,8 @@
-// The workloads of the benchmarks: a definition file of N typed options and parameter files for it, the same
-// in every run. Of ten options four are integers, three doubles, and one each boolean, string and enumstr
-// with four values; names have four words that stay apart in all three lookup modes.
+// The workloads of the benchmarks: a definition file of N typed options and option files for it, the same in
+// every run. Of ten options four are integers, three are doubles, and one each is a boolean, a string and an
+// enumstr with four values. Names have four words that are distinct in all three lookup modes.
 //
-// A workload also knows what every option holds after its assignments were read, and an order to ask in.
+// A workload also has the value of every option after its assignments were read, and an order of queries.
 #pragma once
 
 #include <cstdint>
@@ -13,8 +13,8 @@
 
 namespace bench {
 
-// How the definition has names looked up, or that each option has a synonym too and every second line uses
-// it.
+// The lookup mode of the definition; or `Normal` with a synonym for each option, which every second line
+// uses.
 enum class tnaming : std::uint8_t { normal, path, minos, synonyms };
 
 struct tshape {
@@ -32,7 +32,7 @@ struct tsample {
   std::vector<std::string> items;  // of an enumstr
   std::string finaltext;           // the value after the last assignment, as it was written
 
-  std::size_t textsize() const;  // the characters that anyone who keeps the option has to keep
+  std::size_t textsize() const;  // the characters that every implementation must store for the option
 };
 
 struct tworkload {
@@ -41,31 +41,31 @@ struct tworkload {
   std::string definitionfile;            // paths
   std::string parameterfile;
 
-  // Option and handle numbers: the reader of definitions puts an option of its own first.
+  // The number of an option in a handle, where the predefined option is the first.
   static std::int32_t number(std::int32_t position) { return position + 2; }
   // The name as a modeller types it.
   std::string typedname(std::int32_t position) const;
   tnaming naming = tnaming::normal;
 };
 
-// The workload of a shape; made and written on first use, kept until the program ends.
+// Returns the workload of a shape. It is made and written on first use, and kept until the program ends.
 const tworkload& workload(const tshape& shape);
 
-// Parameter files of so many lines; the result is the path. They are for the definition file
+// Writes an option file of so many lines and returns its path. It is for the definition file
 // entrydefinition(), which is that of workload({500, 500}) with the dot option "prior" and the indicator
 // keyword "indic" at its end.
 enum class tlines : std::uint8_t {
   dot,        // two elements each
-  indicator,  // one element on either side
-  unknown,    // names of no option
-  refused     // values that their options refuse
+  indicator,  // one element on each side
+  unknown,    // names that are not those of an option
+  refused     // values that the options refuse
 };
 std::string entrydefinition();
 std::string linesfile(tlines kind, std::int64_t lines);
-// Characters of the symbols and elements in the dot lines of such a file.
+// The number of characters of the symbols and elements in the dot lines of such a file.
 std::size_t dottextsize(std::int64_t lines);
 
-// A file in the folder of this run, which is removed when the program ends. Returns its path.
+// Returns the path of a file in the folder of this run, which is removed when the program ends.
 std::string pathof(std::string_view name);
 std::string writefile(std::string_view name, std::string_view text);
 

@@ -1,4 +1,4 @@
-// The documentation writers, which clients do not reach: this program is made of the library's own objects.
+// The documentation writers, which are not exported: this program is linked from the library's own objects.
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -13,7 +13,7 @@ namespace {
 
 using twriter = std::int32_t (optcore::tvksoptionwriter::*)(std::string_view filename) const;
 
-// The last option's name must stand in the file.
+// Checks that the file contains the name of the last option.
 void write(benchmark::State& state, std::int64_t size, twriter writer) {
   const tworkload& work = workload({size, size});
   const tdefined handle(work.definitionfile);

@@ -1,5 +1,5 @@
-# The Debian packages, one a component: libwexcorin2, libwexcorin-dev and wexcorin. CPack makes them in the
-# folder it is called in; scripts/package does so from a build of the preset `package`, whose prefix is /usr.
+# The Debian packages, one for each component: libwexcorin2, libwexcorin-dev and wexcorin. CPack writes them to the
+# folder in which it is called. scripts/package calls it for a build of the preset `package`, whose prefix is /usr.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME wexcorin)
@@ -19,8 +19,8 @@ set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME ${library_package})
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_LIBRARY_DESCRIPTION "options of a solver, shared library
 wexcorin reads a definition file that describes every option of a solver, and
-the option files of modellers. It checks every value, collects what is wrong as
-numbered messages, answers questions about options and values, prints help and
+the option files of modellers. It checks every value, reports problems as
+numbered messages, answers queries about options and values, prints help and
 writes the settings back.
 .
 This package holds the shared library for programs that use it.")
@@ -34,21 +34,22 @@ wexcorin reads a definition file that describes every option of a solver, and
 the option files of modellers, and checks every value.
 .
 This package holds what clients of the library are built with: the headers for
-C and C++, the link of the shared library, a CMake package and a pkg-config
-file. The package wexcorin holds documentation and example clients.")
+C and C++, a unit for Free Pascal, the link of the shared library, a CMake
+package and a pkg-config file. It also holds the documentation and example
+clients.")
 
 set(CPACK_DEBIAN_TOOL_PACKAGE_NAME wexcorin)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION math)
 set(CPACK_DEBIAN_TOOL_DESCRIPTION "options of a solver, command-line tool
 wexcorin checks the definition file that describes a solver's options, and the
-option files of modellers: it says what is wrong in them and at which line. It
-shows which values result, explains the options, writes settings as an option
-file, and a definition as a header for programs or as a reference for readers.
+option files of modellers, and reports mistakes with their lines. It shows the
+resulting values, explains the options, writes settings as an option file, and
+writes a definition as a header for programs or as a reference for readers.
 .
-This package holds the command-line tool, the documentation of both kinds of
-files and the examples.")
+This package holds the command-line tool, the documentation of the definition
+file and the option file, and the examples.")
 
-# --- beside the files that every installation has, each package has a copyright file and a changelog ---
+# --- what only packages hold: a copyright file and a changelog each, libwexcorin-dev also the documentation ---
 
 set(debian_output "${PROJECT_BINARY_DIR}/debian")
 string(STRIP "${release_notice}" notice)
@@ -58,7 +59,7 @@ file(READ "${debian_output}/copyright" common_copyright)
 file(CONFIGURE OUTPUT "${debian_output}/tool/copyright" @ONLY
   CONTENT "${common_copyright}\n${tool_copyright}")
 
-# The day of the week of the release, Sunday first: January and February count as months of the year before.
+# The day of the week of the release, counted from Sunday. January and February count as months of the year before.
 math(EXPR shifted_year "${release_year} - (14 - ${release_month}) / 12")
 math(EXPR shifted_month "${release_month} + 12 * ((14 - ${release_month}) / 12) - 2")
 math(EXPR weekday "(${release_day} + ${shifted_year} + ${shifted_year} / 4 - ${shifted_year} / 100
@@ -82,9 +83,13 @@ foreach(component IN ITEMS library development tool)
   # excluded: not part of an installation without a package
   install(FILES "${copyright}" "${debian_output}/changelog"
     DESTINATION "${documentation}" COMPONENT ${component} EXCLUDE_FROM_ALL)
+  # The author of a client need not install the tool, whose package has the same documents.
+  if(component STREQUAL "development")
+    wexcorin_install_documents("${documentation}" COMPONENT ${component} EXCLUDE_FROM_ALL)
+  endif()
 endforeach()
 
-# --- what the package system has to know of the shared library ---
+# --- what the package system needs to know about the shared library ---
 
 file(STRINGS "${PROJECT_SOURCE_DIR}/api/exports.txt" names REGEX "^[a-z]")
 list(SORT names)

@@ -1,11 +1,10 @@
-# Makes files part of a program. In the sources they stay files of their own, to be read and edited as what they
-# are.
+# Embeds files in a program. In the sources they stay files of their own, which are read and edited as such.
 
-# Sets `result` to the digest of a file as a Content-Security-Policy names it.
+# Sets `result` to the digest of a file in the form of a Content-Security-Policy.
 function(wexcorin_digest file result)
   set(alphabet "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/")
   file(SHA256 "${file}" hex)
-  string(REGEX MATCHALL "..." groups "${hex}00")  # 12 bits each, two digits of base 64
+  string(REGEX MATCHALL "..." groups "${hex}00")  # 12 bits each: two digits of base 64
   set(digits "")
   foreach(group IN LISTS groups)
     math(EXPR high "0x${group} >> 6")
@@ -18,8 +17,8 @@ function(wexcorin_digest file result)
   set(${result} "sha256-${digits}" PARENT_SCOPE)
 endfunction()
 
-# Writes generated/HEADER: for each file NAME.EXTENSION the constants NAMEEXTENSION, its text, and
-# NAMEEXTENSIONdigest, in `namespace`.
+# Writes generated/HEADER with two constants in `namespace` for each file NAME.EXTENSION: NAMEEXTENSION is its text,
+# NAMEEXTENSIONdigest its digest.
 function(wexcorin_embed header namespace)
   set(constants "")
   foreach(file IN LISTS ARGN)

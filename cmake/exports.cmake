@@ -1,5 +1,5 @@
-# Makes the linker export exactly the names of an export list (one name a line) from a shared library. The version
-# script has no version name: one would be a symbol of its own in the dynamic symbol table.
+# Makes the linker export exactly the names of an export list, which has one name on a line, from a shared library. The
+# version script has no version name, because that would be another symbol in the dynamic symbol table.
 
 function(wexcorin_export_only target list)
   file(STRINGS "${list}" names REGEX "^[a-z]")

@@ -1,11 +1,18 @@
-# What is installed, in three components: `library` is what programs need at run time, `development` what
-# clients are built with, `tool` the command-line tool with its manual page and completions, the documentation
-# and the examples. Outside projects find the library with a CMake package (find_package(wexcorin), target
+# What is installed, in three components. `library` is what programs need at run time, `development` is what clients
+# are built with, and `tool` is the command-line tool with its manual page and completion, the documentation and the
+# examples. Other projects find the installed library with a CMake package (find_package(wexcorin), target
 # wexcorin::wexcorin) or with pkg-config.
 include(CMakePackageConfigHelpers)
 
 set(WEXCORIN_ZSH_COMPLETIONS "${CMAKE_INSTALL_DATADIR}/zsh/site-functions" CACHE STRING
   "Folder below the prefix where zsh looks for completions")
+
+# Installs the documentation and the examples in `folder`; further arguments go to install(). The inside of the library
+# is described in its sources only.
+function(wexcorin_install_documents folder)
+  install(FILES README.md CHANGELOG.md DESTINATION "${folder}" ${ARGN})
+  install(DIRECTORY docs examples DESTINATION "${folder}" ${ARGN} PATTERN architecture.md EXCLUDE)
+endfunction()
 
 install(TARGETS wexcorin EXPORT wexcorinTargets
   LIBRARY COMPONENT library NAMELINK_COMPONENT development)
@@ -17,7 +24,7 @@ set(package_directory "${CMAKE_INSTALL_LIBDIR}/cmake/wexcorin")
 configure_package_config_file("${CMAKE_CURRENT_LIST_DIR}/wexcorinConfig.cmake.in"
   "${PROJECT_BINARY_DIR}/package/wexcorinConfig.cmake"
   INSTALL_DESTINATION "${package_directory}")
-# The first number of the version is that of the interface.
+# The first number of the version is the version of the interface.
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/package/wexcorinConfigVersion.cmake"
   COMPATIBILITY SameMajorVersion)
 install(FILES
@@ -26,8 +33,8 @@ install(FILES
   DESTINATION "${package_directory}" COMPONENT development)
 install(EXPORT wexcorinTargets NAMESPACE wexcorin:: DESTINATION "${package_directory}" COMPONENT development)
 
-# Written when it is installed, since the prefix may be chosen only then, and directly to its place, so that
-# two installations at a time do not meet in one file.
+# The pkg-config file names the prefix, which may be chosen only at installation, so it is written then. It is written
+# directly to its place, so that two installations at the same time do not write the same file.
 install(CODE "set(PROJECT_DESCRIPTION \"${PROJECT_DESCRIPTION}\")
 set(PROJECT_VERSION \"${PROJECT_VERSION}\")
 set(CMAKE_INSTALL_INCLUDEDIR \"${CMAKE_INSTALL_INCLUDEDIR}\")
@@ -43,7 +50,5 @@ if(WEXCORIN_BUILD_TOOL)
   install(FILES completion/wexcorin.bash RENAME wexcorin COMPONENT tool
     DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
   install(FILES completion/_wexcorin DESTINATION "${WEXCORIN_ZSH_COMPLETIONS}" COMPONENT tool)
-  install(FILES README.md CHANGELOG.md TYPE DOC COMPONENT tool)
-  # How the library is built inside goes with its sources.
-  install(DIRECTORY docs examples TYPE DOC COMPONENT tool PATTERN architecture.md EXCLUDE)
+  wexcorin_install_documents("${CMAKE_INSTALL_DOCDIR}" COMPONENT tool)
 endif()

@@ -1,5 +1,5 @@
-# The release data: what whoever makes a release fills in. The version itself is the project's, in CMakeLists.txt.
-# Everything else derives from these values; the result is generated/release.h in the build tree.
+# The release data, which are filled in for each release. The version itself is that of the project in CMakeLists.txt.
+# Everything else is derived from these values. The result is generated/release.h in the build tree.
 
 set(release_status "GOLD")              # four characters; ALFA or BETA for a pre-release
 set(release_day 21)
@@ -16,7 +16,7 @@ if(NOT PROJECT_VERSION MATCHES "^[0-9][0-9]?\\.[0-9]\\.[0-9]$")
                       "at most two digits, one digit and one digit.")
 endif()
 
-# Sets `result` to a number of one or two digits written with two.
+# Sets `result` to a number of one or two digits, written with two digits.
 function(wexcorin_two_digits number result)
   if(number LESS 10)
     string(PREPEND number "0")

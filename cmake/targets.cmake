@@ -1,7 +1,7 @@
 # Helpers for the project's own targets: how they are compiled, and how their sources are found.
 
-# Warnings are a matter of our own targets: nothing of this reaches a client's build. They are errors where
-# CMAKE_COMPILE_WARNING_AS_ERROR says so, as all presets do.
+# Switches warnings on for a target of our own. Nothing of this affects a client's build. Warnings are errors when
+# CMAKE_COMPILE_WARNING_AS_ERROR is set, as in all presets.
 function(wexcorin_own_target target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
   set_target_properties(${target} PROPERTIES
@@ -11,9 +11,8 @@ function(wexcorin_own_target target)
     C_EXTENSIONS OFF)
 endfunction()
 
-# What an attacker meets in the code that clients get: the library and the tool read files that anybody may
-# have written. Only builds that optimise have it, since the checked functions of the C library need the
-# optimiser.
+# Hardens a target against attacks: the library and the tool read files that anybody may have written. Only optimised
+# builds are hardened, because the checked functions of the C library need the optimiser.
 function(wexcorin_harden target)
   set(optimised "$<CONFIG:Release,RelWithDebInfo,MinSizeRel>")
   set(compile -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2
@@ -25,7 +24,7 @@ function(wexcorin_harden target)
   endif()
 endfunction()
 
-# Sets `result` to the C++ sources of the given folders. A new file is noticed by the next build.
+# Sets `result` to the C++ sources of the given folders. The next build finds new files by itself.
 function(wexcorin_sources result)
   list(TRANSFORM ARGN APPEND "/*.cpp" OUTPUT_VARIABLE patterns)
   file(GLOB sources CONFIGURE_DEPENDS ${patterns})

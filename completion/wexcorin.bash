@@ -1,14 +1,14 @@
-# Completion of wexcorin's command line in bash: commands, options, forms of doc, option names of the
-# definition that the line names (for `help` and --set), else file names. It needs nothing but bash itself.
+# Completion of wexcorin's command line in bash: commands, options, forms of doc, and file names. `help` and --set
+# complete the option names of the definition file that the command line names. It needs nothing but bash itself.
 
-# Prints the option names of a definition; those that are typed with blanks are left out.
+# Prints the option names of a definition, except names that are typed with blanks.
 _wexcorin_names() {
   local definition=${2/#\~\//$HOME/}
   [[ -f $definition ]] || return
   "$1" show --json "$definition" 2>/dev/null | sed -n 's/^      "name": "\([A-Za-z][A-Za-z0-9_]*\)",*$/\1/p'
 }
 
-# Leaves the word to bash's own completion of file names.
+# Lets bash complete the word as a file name.
 _wexcorin_files() {
   compopt -o bashdefault -o default 2>/dev/null
 }
@@ -17,8 +17,8 @@ _wexcorin_words() {
   mapfile -t COMPREPLY < <(compgen -W "$2" -- "$1")
 }
 
-# Reads the words before the cursor: sets `command`, `arguments` (those that are no options), and `awaits` to
-# the option whose argument comes next. Bash makes words of their own of equals signs.
+# Reads the words before the cursor. Sets `command`, `arguments` (the words that are not options), and `awaits`: the
+# option whose argument comes next. Bash treats each equals sign as a word of its own.
 _wexcorin_read() {
   local i word
   for ((i = 1; i < COMP_CWORD; ++i)); do

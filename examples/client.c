@@ -1,5 +1,5 @@
-/* client.c: a whole client in C. It loads a definition file, reads option files, prints what they set and what
- * the library has to say. The result is 0 when nothing was wrong.
+/* client.c: a whole client in C. It loads a definition file, reads option files, and prints their settings
+ * and the messages of the library. The result is 0 when there was no error and no warning.
  *
  *   client examples/solver.def examples/solver.opt
  */

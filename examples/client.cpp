@@ -1,6 +1,6 @@
-// client.cpp: the same client in C++17. The handle frees itself; texts go through both forms of the
-// interface: names and values as short strings, files and messages as zero-terminated texts. It prints what
-// client.c prints.
+// client.cpp: the same client in C++17 on the C interface, wexcorin.h, without the classes of wexcorin.hpp.
+// The handle is freed automatically. Both text forms are used: short strings for names and values,
+// zero-terminated texts for files and messages. It prints what client.c prints.
 //
 //   client examples/solver.def examples/solver.opt
 
@@ -80,7 +80,7 @@ void toptions::printindicator(std::int32_t number) const {
             << variabledims << ") is " << value << '\n';
 }
 
-// True when nothing was wrong.
+// Returns true when there was no error and no warning.
 bool toptions::printall() const {
   std::int32_t rejected, errors, warnings;
   for (std::int32_t number = 1; number <= optcount(handle()); ++number) printoption(number);

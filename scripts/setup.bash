@@ -1,11 +1,11 @@
-# Shared by the scripts of this folder, which read it with `source`: the repository's root, the installation of
-# Debian packages that a script needs and the machine lacks, and the table of what tests or inputs reach.
+# Shared by the scripts of this folder, which read it with `source`. It has the root of the repository, installs
+# Debian packages that a script needs and the machine lacks, and prints the table of coverage.
 # shellcheck shell=bash
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 export root
 
-# What a build of the library, the tool and the tests takes.
+# The packages that a build of the library, the tool and the tests needs.
 # shellcheck disable=SC2034  # used by the scripts
 build_packages=(binutils cmake g++ libcli11-dev libgmock-dev libgtest-dev ninja-build nlohmann-json3-dev)
 
@@ -20,7 +20,7 @@ installed() {
   [[ $(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]
 }
 
-# Installs those of the named packages that are missing. Says nothing where none is.
+# Installs those of the given packages that are missing. Prints nothing when none is missing.
 need() {
   local package missing=() become=()
   if ! command -v dpkg-query >/dev/null; then
@@ -51,8 +51,7 @@ need() {
   rm -f "$log"
 }
 
-# Of the columns of llvm-cov's report: lines and branches, for each source of the library's folders and for each
-# folder.
+# Prints lines and branches from llvm-cov's report, for each source in the library's folders and for each folder.
 percentages() {
   awk '
     function row(name, lines, missed, branches, missedbranches) {

@@ -1,6 +1,6 @@
-# Run by CPack on the trees that become the packages: strips the programs, finds out which packages they need,
-# and compresses manual page and changelogs. CPack's own search for what is needed would also add maintainer
-# scripts that call ldconfig, which the package system does by itself.
+# CPack runs this on the file trees of the packages. It strips the programs, finds the packages that they depend on, and
+# compresses the manual page and the changelogs. CPack's own search for dependencies would also add maintainer scripts
+# that call ldconfig, which the package system does by itself.
 cmake_policy(VERSION 3.25)
 file(GLOB_RECURSE files "${CPACK_TEMPORARY_DIRECTORY}/*")
 set(texts ${files})
@@ -9,8 +9,8 @@ execute_process(COMMAND gzip --best --no-name ${texts} COMMAND_ERROR_IS_FATAL AN
 
 set(work "${CPACK_TEMPORARY_DIRECTORY}/../needs")
 file(WRITE "${work}/debian/control" "Source: wexcorin\n\nPackage: wexcorin\nArchitecture: any\n")
-# finish(COMPONENT PATTERN): strips the one file that matches, and sets the dependencies of the component's
-# package
+# finish(COMPONENT PATTERN): strips the one file that matches, and sets the dependencies of the package of the
+# component
 function(finish component pattern)
   set(program ${files})
   list(FILTER program INCLUDE REGEX "${pattern}")

@@ -1,4 +1,4 @@
-// range.hpp: what the library numbers, as ranges for C++17 and later; a part of wexcorin.hpp.
+// range.hpp: the numbered things of the library as ranges, for C++17 and later. Part of wexcorin.hpp.
 #ifndef WEXCORIN_RANGE_HPP
 #define WEXCORIN_RANGE_HPP
 
@@ -16,7 +16,8 @@ namespace wexcorin {
 
 namespace detail {
 
-// Reads an element: its number within `outer`, which is the number of what contains it, or 0.
+// Reads the element of a number, from 1. `outer` is the number of what contains the element, such as the
+// option of an item, or 0.
 template <class telement>
 struct source {
   tvksoptions* handle;
@@ -26,7 +27,7 @@ struct source {
   telement operator()(std::int32_t number) const { return read(handle, outer, number); }
 };
 
-// The result of operator-> on an iterator whose elements are made when they are asked for.
+// The result of operator-> on an iterator that makes an element each time it is dereferenced.
 template <class telement>
 struct arrow {
   telement element;
@@ -35,10 +36,11 @@ struct arrow {
 
 }  // namespace detail
 
-// What the library numbers from 1, as a random access range from position 0: a view that can be copied, and
-// whose iterators outlive it. It stays valid when the options object is moved, and is over when that is
-// destroyed. Its size is the count at the time when it was taken; an element is read whenever an iterator to
-// it is dereferenced, so take a new range after clearing or removing what it shows.
+// A random access range over things that the library numbers from 1; positions in the range begin at 0. It is
+// a view: it can be copied, and its iterators may outlive it. It stays valid when the options object is
+// moved, and becomes invalid when that object is destroyed. Its size is the count at the time when it was
+// made. An element is read each time an iterator to it is dereferenced, so make a new range after elements
+// were cleared or removed.
 template <class telement>
 class range {
  public:
@@ -47,7 +49,7 @@ class range {
   class iterator {
    public:
     using iterator_concept = std::random_access_iterator_tag;
-    using iterator_category = std::input_iterator_tag;  // C++17 asks others for references to elements
+    using iterator_category = std::input_iterator_tag;  // stronger ones must return references in C++17
     using value_type = telement;
     using difference_type = std::ptrdiff_t;
     using pointer = detail::arrow<telement>;

@@ -1,9 +1,18 @@
 // wexcorin.hpp: the interface of the option library for C++17 and later, on top of wexcorin.h.
 //
-// Header only. One class owns a handle; texts are std::string, results that may be missing are std::optional,
-// and what is numbered comes as ranges that read one element at a time. What a function does, and which rules
-// hold for texts, numbers and threads, is told in wexcorin.h at the function of the same name; here stands
-// what differs.
+// Header only. The class wexcorin::options owns a handle. Texts are std::string, results that may be missing
+// are std::optional, and numbered things are ranges that read one element at a time.
+//
+// wexcorin.h describes the functions and the conventions on texts, numbering and threads. A member function
+// does what the function of the same name there does; the comments here say what differs. Throughout:
+//
+// - Numbers of options, messages and so on begin at 1; positions in a range begin at 0.
+// - A text argument of more than 255 characters throws std::length_error, and an integer value of more than
+//   32 bits throws std::out_of_range. Otherwise only the constructors throw, and std::string and std::vector
+//   when there is no memory.
+// - A function that returns std::optional returns no value where the C function fails. A bool is true for
+//   "ok" where the C function returns that.
+// - An options object is used by one thread at a time. loadpath and setloadpath are not thread-safe.
 //
 //   wexcorin::options options("solver.def");
 //   options.readparameterfile("solver.opt");
@@ -32,7 +41,7 @@
 
 namespace wexcorin {
 
-// The library found at run time does not go with the header that the program was compiled with.
+// Thrown when the library found at run time does not suit the header that the program was compiled with.
 class interface_mismatch : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -40,7 +49,7 @@ class interface_mismatch : public std::runtime_error {
 
 namespace detail {
 
-// A text argument. The library takes 255 characters; a longer text is an error of the caller, not to be cut.
+// A text argument. The library takes 255 characters; a longer text is an error of the caller and is not cut.
 class textin : private optshortstring {
  public:
   explicit textin(std::string_view argument) {
@@ -52,6 +61,7 @@ class textin : private optshortstring {
   operator const optshortstring*() const noexcept { return this; }
 };
 
+// A buffer for a text output.
 class textout : private optshortstring {
  public:
   textout() noexcept { length = 0; }
@@ -59,8 +69,9 @@ class textout : private optshortstring {
   std::string str() const { return std::string(text, length); }
 };
 
-// Options hold 32 bits; an integer beyond them is an error of the caller, not to be cut. The bounds and the
-// order of integers survive the conversion to double.
+// Integer options hold 32 bits; a larger integer is an error of the caller and is not cut. The comparison
+// with the bounds is also right for integers that double cannot represent exactly: rounding keeps their
+// order.
 template <class tinteger>
 std::int32_t int32(tinteger value) {
   const auto wide = static_cast<double>(value);
@@ -71,14 +82,15 @@ std::int32_t int32(tinteger value) {
 
 }  // namespace detail
 
-// An option, told by its number or by its name or synonym. A name is looked up at each call.
+// Identifies an option by its number, or by its name or synonym. A name is looked up at each call. The key
+// keeps a view of the name, not a copy.
 class key {
  public:
   key(std::int32_t number) noexcept : fname(), fnumber(number) {}
   template <class tname, std::enable_if_t<std::is_convertible_v<const tname&, std::string_view>, int> = 0>
   key(const tname& name) : fname(std::string_view(name)), fnumber(0) {}
 
-  // 0, which no option has, when there is none of that name.
+  // Returns the number of the option, or 0, which is no option, when there is none of that name.
   std::int32_t number(tvksoptions* handle) const {
     if (!fname) return fnumber;
     std::int32_t number = 0;
@@ -91,42 +103,48 @@ class key {
   std::int32_t fnumber;
 };
 
+// A message as optgetmessage returns it.
 struct message {
   std::int32_t kind;  // optMsgInputEcho ...
   std::string text;
 };
 
+// What optgetinfonr, optgethelpnr and optgetopthelpnr return for an option.
 struct option {
   std::int32_t number;
-  std::string name;       // the definition's, which can be looked up in every lookup mode
+  std::string name;       // as in the definition file: it can be looked up in every lookup mode
   std::int32_t datatype;  // optDataInteger ...
   std::int32_t type;      // optTypeInteger ...
   std::int32_t subtype;   // optsubRequired ...
-  std::int32_t group;
-  std::int32_t refnr;
-  std::int32_t helpflag;
-  std::int32_t defined;  // bit 1: the first value was set, bit 2: the second
-  std::int32_t recent;   // the same since the recent bits were cleared
+  std::int32_t group;     // group number, see findgroup
+  std::int32_t refnr;     // reference number
+  std::int32_t helpflag;  // above 0: listed in the help
+  std::int32_t defined;   // 1: the first value was set, 2: the second, 3: both
+  std::int32_t recent;    // the same since the recent bits were cleared
   std::string help;
 };
 
+// An item of an enumstr or enumint option.
 struct enumvalue {
-  std::int32_t integer;
+  std::int32_t integer;  // 0 for enumstr
   std::string text;
   std::int32_t helpflag;
   std::string help;
 };
 
+// A text taken from a list, and the name of the strlist option that held it.
 struct listtext {
   std::string option;
   std::string text;
 };
 
+// A synonym and the name of its option.
 struct synonym {
   std::string name;
-  std::string option;  // empty when the definition gave it an unknown one
+  std::string option;  // empty when the definition names an unknown option
 };
 
+// A group of options.
 struct group {
   std::string name;
   std::int32_t number;
@@ -134,14 +152,16 @@ struct group {
   std::string help;
 };
 
+// A dot entry; its index elements are in options::indices.
 struct dotentry {
   std::int32_t number;
   std::string symbol;
-  std::int32_t option;
-  std::int32_t dimensions;
+  std::int32_t option;      // number of the dot option
+  std::int32_t dimensions;  // number of index elements
   double value;
 };
 
+// An indicator; its index elements are in options::equationelements and variableelements.
 struct indicator {
   std::int32_t number;
   std::string equation;
@@ -151,6 +171,7 @@ struct indicator {
   bool value;
 };
 
+// The inclusive bounds and the default of an integer or double option.
 template <class tvalue>
 struct bounds {
   tvalue low;
@@ -158,15 +179,17 @@ struct bounds {
   tvalue defaultvalue;
 };
 
+// How many messages are errors and warnings, see opterrorcount.
 struct counts {
   std::int32_t errors;
   std::int32_t warnings;
 };
 
+// A set of options with its messages. Owns the handle.
 class options {
  public:
-  // Throws interface_mismatch when the library found at run time does not suit, std::bad_alloc without
-  // memory.
+  // Throws interface_mismatch when the library found at run time does not suit this header, and
+  // std::bad_alloc when there is no memory.
   options() {
     detail::textout text;
     std::int32_t compat = 0;
@@ -176,13 +199,13 @@ class options {
                                " of libwexcorin.");
     if (xcreate(&fhandle) == nullptr) throw std::bad_alloc();
   }
-  // Reads a definition file as well; throws std::system_error when it cannot be opened. Mistakes in the file
-  // are no exceptions: see errorcount() and messages().
+  // Also reads a definition file. Throws std::system_error when it cannot be opened. Mistakes in the file
+  // throw nothing: see errorcount() and messages().
   explicit options(std::string_view definitionfile) : options() {
     const std::int32_t code = readdefinition(definitionfile);
     if (code != 0) throw std::system_error(code, std::generic_category(), std::string(definitionfile));
   }
-  // A moved-from object may only be destroyed or assigned to.
+  // A moved-from object may only be destroyed, assigned to, or asked for get().
   options(options&& other) noexcept : fhandle(std::exchange(other.fhandle, nullptr)) {}
   options& operator=(options&& other) noexcept {
     options moved(std::move(other));
@@ -193,31 +216,33 @@ class options {
   options& operator=(const options&) = delete;
   ~options() { xfree(&fhandle); }
 
-  // The handle itself, for the functions of wexcorin.h; it stays owned here. Null in a moved-from object.
+  // Returns the handle, for the functions of wexcorin.h. The object still owns it. Null in a moved-from
+  // object.
   tvksoptions* get() const noexcept { return fhandle; }
 
-  // ---- reading and writing; 0 or the operating system's code
+  // ---- reading and writing; the result is 0 or the error code of the operating system
   std::int32_t readdefinition(std::string_view file) {
     return optreaddefinition(fhandle, detail::textin(file));
   }
   std::int32_t readparameterfile(std::string_view file) {
     return optreadparameterfile(fhandle, detail::textin(file));
   }
-  // EIO for a file that could be opened and not be written to its end, which the C function tells by messages
-  // alone. Once the list of messages is full (see optgetmessage) this cannot be told.
+  // Returns EIO when the file could be opened but not written to its end; the C function reports that by
+  // messages only. Returns 0 instead once the list of messages is full.
   std::int32_t writeparameterfile(std::string_view file) {
     const std::int32_t before = errorcount().errors;
     const std::int32_t code = optwriteparameterfile(fhandle, detail::textin(file));
     return code == 0 && errorcount().errors != before ? EIO : code;
   }
-  // Text of any length, up to the first zero byte or line feed.
+  // Reads option text of any length, up to the first zero byte or line feed, as optreadfrompchar does.
   void read(std::string_view text) { optreadfrompchar(fhandle, std::string(text).c_str()); }
+  // Files help as messages.
   void showhelp(std::string_view request) { optshowhelp(fhandle, detail::textin(request)); }
 
   // ---- messages
   range<message> messages() const { return numbered<message>(optmessagecount(fhandle), readmessage); }
   void addmessage(std::string_view text) { optaddmessage(fhandle, detail::textin(text)); }
-  // A range of messages that was taken before reads "Bad message number" afterwards: take a new one.
+  // A range of messages that was made before reads "Bad message number" afterwards: make a new one.
   void clearmessages() { optclearmessages(fhandle); }
   counts errorcount() const {
     counts result{};
@@ -225,8 +250,11 @@ class options {
     return result;
   }
 
-  // ---- options; nothing for a key that is none or a type that does not fit
+  // ---- options; nothing, or an empty range, for a key without an option and for a type that does not fit
+
+  // Returns the number of the option with this name or synonym.
   std::optional<std::int32_t> find(std::string_view name) const { return found(number(name)); }
+  // Returns all options, in the order of their numbers.
   range<option> all() const { return numbered<option>(optcount(fhandle), readoption); }
   std::optional<option> describe(key which) const {
     option result = readoption(fhandle, 0, number(which));
@@ -242,15 +270,17 @@ class options {
     const auto ok = optgetboundsdbl(fhandle, number(which), &result.low, &result.high, &result.defaultvalue);
     return ok != 0 ? std::optional(result) : std::nullopt;
   }
+  // Returns the default of a string option.
   std::optional<std::string> defaulttext(key which) const { return text(optgetdefaultstr, which); }
+  // Returns the items of an enumstr or enumint option.
   range<enumvalue> enumvalues(key which) const {
     const std::int32_t outer = number(which);
     std::int32_t count = 0;
     if (optgetenumcount(fhandle, outer, &count) == 0) count = 0;
     return numbered<enumvalue>(count, readenumvalue, outer);
   }
-  // The number of the item that an enumstr option has as its first value; nothing when it is none of the
-  // items.
+  // Returns the number of the item that is the first value of an enumstr option; no value when it is none of
+  // the items.
   std::optional<std::int32_t> enumitem(key which) const {
     detail::textout text;
     std::int32_t item = 0;
@@ -259,13 +289,13 @@ class options {
   bool setrefnr(key which, std::int32_t refnr) { return optsetrefnr(fhandle, number(which), refnr) != 0; }
   range<synonym> synonyms() const { return numbered<synonym>(optsynonymcount(fhandle), readsynonym); }
   range<group> groups() const { return numbered<group>(optgroupcount(fhandle), readgroup); }
-  // The group with a group number, as option::group holds it.
+  // Returns the first group with this group number, as option::group holds it.
   std::optional<group> findgroup(std::int32_t groupnumber) const {
     const std::int32_t position = optgetgroupgrpnr(fhandle, groupnumber);
     return position > 0 ? std::optional(readgroup(fhandle, 0, position)) : std::nullopt;
   }
 
-  // ---- values; nothing for a key that is none or a type that does not fit
+  // ---- values; nothing for a key without an option and for a type that does not fit; 2: the second value
   std::optional<std::int32_t> integer(key which) const { return value<std::int32_t>(optgetintnr, which); }
   std::optional<std::int32_t> integer2(key which) const { return value<std::int32_t>(optgetint2nr, which); }
   std::optional<double> real(key which) const { return value<double>(optgetdblnr, which); }
@@ -273,8 +303,8 @@ class options {
   std::optional<std::string> text(key which) const { return text(optgetstrnr, which); }
   std::optional<std::string> text2(key which) const { return text(optgetstr2nr, which); }
 
-  // True when the value was taken without an error message. The kind of the argument is that of the option:
-  // an integer or unscoped enumerator, a floating-point number, or a text, which every option takes.
+  // Returns true when the value was stored without an error message. The argument must fit the option: an
+  // integer or unscoped enumerator, a floating-point number, or a text, which every option takes.
   template <class tinteger, class = std::enable_if_t<
                                 (std::is_integral_v<tinteger> ||
                                  std::is_enum_v<tinteger>)&&std::is_convertible_v<tinteger, std::int64_t>>>
@@ -299,7 +329,8 @@ class options {
   void resetall() { optresetall(fhandle); }
   void resetallrecent() { optresetallrecent(fhandle); }
 
-  // The texts of a string list as they are now; empty for a name that is none.
+  // Returns the texts of a strlist option as they are now; empty when the name is not that of a strlist
+  // option.
   std::vector<std::string> list(std::string_view name) const {
     const detail::textin key(name);
     detail::textout text;
@@ -308,14 +339,14 @@ class options {
       result.push_back(text.str());
     return result;
   }
-  // The first text of a list, taken out of it.
+  // Removes the first text from a list and returns it.
   std::optional<std::string> takefromlist(std::string_view name) {
     detail::textout text;
     if (optgetfromliststr(fhandle, detail::textin(name), text) != 1) return std::nullopt;
     return text.str();
   }
-  // The same for the first list that has one: among the options whose name begins with "--", or among the
-  // others.
+  // Does the same for the first list that has a text: when dashed is true among the options whose name begins
+  // with "--", otherwise among the others.
   std::optional<listtext> takefromanylist(bool dashed) {
     detail::textout name;
     detail::textout text;
@@ -328,6 +359,7 @@ class options {
     std::int32_t rejected = 0;
     return numbered<dotentry>(optdotoptcount(fhandle, &rejected), readdotentry);
   }
+  // Returns the index elements of an entry.
   range<std::string> indices(const dotentry& entry) const {
     return numbered<std::string>(entry.dimensions, readtext<optgetdotoptuel>, entry.number);
   }
@@ -341,7 +373,7 @@ class options {
   range<std::string> variableelements(const indicator& item) const {
     return numbered<std::string>(item.variabledimensions, readtext<optgetvarindicatornr>, item.number);
   }
-  // How many were read and discarded because their line had an error.
+  // Return how many entries or indicators were discarded because their line had an error.
   std::int32_t rejecteddotentries() const {
     std::int32_t rejected = 0;
     optdotoptcount(fhandle, &rejected);
@@ -354,10 +386,14 @@ class options {
   }
 
   // ---- names; nothing for a code that does not exist
+
+  // Returns the name of a constant. `constants` is 1 for data types, 2 for option types, 3 for sub-types and
+  // 4 for message kinds.
   std::optional<std::string> constantname(std::int32_t constants, std::int32_t code) const {
     detail::textout text;
     return optgetconstname(fhandle, constants, code, text) != 0 ? std::optional(text.str()) : std::nullopt;
   }
+  // Returns the keyword of the definition file for an option type.
   std::optional<std::string> typekeyword(std::int32_t type) const {
     detail::textout text;
     return optgettypename(fhandle, type, text) != 0 ? std::optional(text.str()) : std::nullopt;
@@ -422,7 +458,7 @@ class options {
   static option readoption(tvksoptions* handle, std::int32_t, std::int32_t number) {
     option result{};
     detail::textout name;
-    detail::textout blankname;  // in lookup mode Minos not the one that is looked up
+    detail::textout blankname;  // not used: in lookup mode Minos it cannot be looked up
     detail::textout help;
     optgetinfonr(handle, number, &result.defined, &result.recent, &result.refnr, &result.datatype,
                  &result.type, &result.subtype);
@@ -492,8 +528,8 @@ inline std::string loadpath() {
 }
 inline void setloadpath(std::string_view path) { optsetloadpath(detail::textin(path)); }
 
-// What is wrong with a declaration of one of the library's functions, see xcheck; nothing when all agrees.
-// The codes are that of the result and those of the arguments after the handle.
+// Returns what is wrong with a declaration of one of the library's functions, see xcheck; no value when it is
+// right. The signature is the code of the result, then those of the arguments after the handle.
 inline std::optional<std::string> mismatch(std::string_view function,
                                            std::initializer_list<std::int32_t> signature) {
   detail::textout message;
