@@ -87,17 +87,30 @@ tdefinitionreader::tkeyword tdefinitionreader::type() {
   else
     modifier(word.substr(period + 1));
   const tkeyword keyword = findkeyword(word.substr(0, period));
-  if (fmodifier != tsubtype::required && !takesmodifier(keyword)) error("Type modifier not allowed");
-  if (isoption(keyword)) {
-    fsoughtname = tsoughtname(fname);
-    if (fdefinition.optionasobj(fsoughtname) != nullptr) error("Duplicate option");
-    if (keyword == tkeyword::macro || keyword == tkeyword::immediate)
-      fusermap = -1;
-    else
-      integerfield(fusermap, "Bad usermap value");
-  }
-  if (keyword == tkeyword::unknown) error(concat("Unknown option type ", quoted(word.substr(0, period))));
+  const std::optional<topttype> type = optiontype(keyword);
+  // an unknown word is treated as that of an option until its line is given up
+  const bool isunknown = keyword == tkeyword::unknown;
+  const bool modifiable = isunknown || (type && takesmodifier(*type));
+  if (fmodifier != tsubtype::required && !modifiable) error("Type modifier not allowed");
+  if (type || isunknown) usermap(type);
+  if (isunknown) error(concat("Unknown option type ", quoted(word.substr(0, period))));
   return keyword;
+}
+
+// What all options have next: a name of their own, and the user map where their type has one.
+void tdefinitionreader::usermap(std::optional<topttype> type) {
+  fsoughtname = tsoughtname(fname);
+  if (fdefinition.optionasobj(fsoughtname) != nullptr) error("Duplicate option");
+  if (type && !hasusermap(*type))
+    fusermap = -1;
+  else
+    integerfield(fusermap, "Bad usermap value");
+}
+
+std::optional<topttype> tdefinitionreader::optiontype(tkeyword keyword) {
+  const auto code = static_cast<std::int32_t>(keyword);
+  if (code < 0 || static_cast<std::size_t>(code) >= opttypecount) return std::nullopt;
+  return static_cast<topttype>(code);
 }
 
 void tdefinitionreader::modifier(std::string_view word) {
@@ -113,7 +126,7 @@ void tdefinitionreader::modifier(std::string_view word) {
 tdefinitionreader::tkeyword tdefinitionreader::findkeyword(std::string_view word) {
   static constexpr std::array<std::string_view, 7> others = {"synonym",   "group",  "deprecated", "obsolete",
                                                              "indicator", "lookup", "eolcomm"};
-  static_assert(opttypenames.size() == static_cast<std::size_t>(tkeyword::synonym));
+  static_assert(opttypecount == static_cast<std::size_t>(tkeyword::synonym));
   std::int32_t code = 0;
   for (const std::string_view keyword : opttypenames) {
     if (struequal(word, keyword)) return static_cast<tkeyword>(code);

@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include "input/miniparser.h"
@@ -53,9 +54,8 @@ class tdefinitionreader {
     eolcomm
   };
   static tkeyword findkeyword(std::string_view word);
-  // An unknown word is treated as that of an option until its line is given up.
-  static bool isoption(tkeyword keyword) { return keyword <= tkeyword::immediate; }
-  static bool takesmodifier(tkeyword keyword) { return keyword <= tkeyword::enumint; }
+  // The type of a keyword that is one of an option type.
+  static std::optional<topttype> optiontype(tkeyword keyword);
 
   // ---- lines
   bool nextline() { return fmore = fscanner.nextline(); }
@@ -69,6 +69,7 @@ class tdefinitionreader {
   bool name();
   tkeyword type();
   void modifier(std::string_view word);
+  void usermap(std::optional<topttype> type);
   void rest(tkeyword keyword);
 
   void integeroption();

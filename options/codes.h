@@ -39,6 +39,38 @@ inline constexpr auto datatypeofopttype = std::to_array<tdatatype>(
     {tdatatype::integer, tdatatype::dbl, tdatatype::string, tdatatype::integer, tdatatype::string,
      tdatatype::integer, tdatatype::none, tdatatype::strlist, tdatatype::none, tdatatype::none});
 
+// Whether the definition line of a type has a user map, and whether its keyword may have a modifier.
+constexpr bool hasusermap(topttype type) {
+  switch (type) {
+    case topttype::integer:
+    case topttype::dbl:
+    case topttype::string:
+    case topttype::boolean:
+    case topttype::enumstr:
+    case topttype::enumint:
+    case topttype::multilist:
+    case topttype::strlist: return true;
+    case topttype::macro:
+    case topttype::immediate: break;
+  }
+  return false;
+}
+constexpr bool takesmodifier(topttype type) {
+  switch (type) {
+    case topttype::integer:
+    case topttype::dbl:
+    case topttype::string:
+    case topttype::boolean:
+    case topttype::enumstr:
+    case topttype::enumint: return true;
+    case topttype::multilist:
+    case topttype::strlist:
+    case topttype::macro:
+    case topttype::immediate: break;
+  }
+  return false;
+}
+
 // What must follow an option's key; the modifiers of the definition file name all but the first.
 enum class tsubtype : std::uint8_t { required, novalue, optional, twovalues };
 inline constexpr std::array<std::string_view, 4> subtypeconstnames = {"optsubRequired", "optsubNoValue",

@@ -99,6 +99,31 @@ tenumitem itemof(const tenumintoption& option, std::int32_t index) {
   return {item, item->enumvalue(), inttostr(item->enumvalue())};
 }
 
+// Item `index`, counted from 1, if the option has so many.
+template <class toptionclass>
+std::optional<tenumitem> itemat(const toption& option, std::int32_t index) {
+  const auto& enumeration = as<toptionclass>(option);
+  if (index < 1 || index > enumeration.items().count()) return std::nullopt;
+  return itemof(enumeration, index - 1);
+}
+
+std::optional<tenumitem> enumitem(const toption* option, std::int32_t index) {
+  if (option == nullptr) return std::nullopt;
+  switch (option->opttype()) {
+    case topttype::enumstr: return itemat<tenumstroption>(*option, index);
+    case topttype::enumint: return itemat<tenumintoption>(*option, index);
+    case topttype::integer:
+    case topttype::dbl:
+    case topttype::string:
+    case topttype::boolean:
+    case topttype::multilist:
+    case topttype::strlist:
+    case topttype::macro:
+    case topttype::immediate: break;
+  }
+  return std::nullopt;
+}
+
 // -1 for what is no enumeration.
 std::int32_t enumcount(const toption* option) {
   if (option == nullptr) return -1;
@@ -115,13 +140,6 @@ std::int32_t enumcount(const toption* option) {
     case topttype::immediate: break;
   }
   return -1;
-}
-
-// Item `index`, counted from 1; none where there is no such item.
-std::optional<tenumitem> enumitem(const toption* option, std::int32_t index) {
-  if (index < 1 || index > enumcount(option)) return std::nullopt;
-  if (option->opttype() == topttype::enumstr) return itemof(as<tenumstroption>(*option), index - 1);
-  return itemof(as<tenumintoption>(*option), index - 1);
 }
 
 }  // namespace

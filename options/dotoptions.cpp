@@ -1,6 +1,8 @@
 // Dot entries.
 #include "options/dotoptions.h"
 
+#include <optional>
+
 #include "options/vksoptions.h"
 
 namespace optcore {
@@ -27,15 +29,33 @@ bool tdotobjlist::addindex(std::string_view text) {
   return findices.count() <= maxdimensions;
 }
 
+namespace {
+
+// The first value of an option, if it is a number.
+std::optional<double> asnumber(const toption& option) {
+  switch (option.opttype()) {
+    case topttype::integer: return as<tintoption>(option).value(twhich::first);
+    case topttype::dbl: return as<tdbloption>(option).getasdouble();
+    case topttype::boolean: return as<tbooleanoption>(option).value(twhich::first);
+    case topttype::enumint: return as<tenumintoption>(option).value(twhich::first);
+    case topttype::string:
+    case topttype::enumstr:
+    case topttype::multilist:
+    case topttype::strlist:
+    case topttype::macro:
+    case topttype::immediate: break;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
 void tdotobjlist::setvalue(std::string_view text) {
   if (!hasentry("Cannot SetValue to DotObj")) return;
   toption& option = fowner.definition().option(foptionindex);
   const tcurrentname current(fowner, option.name());
   option.setasstring(text);
-  if (option.opttype() == topttype::dbl)
-    fvalue = as<tdbloption>(option).getasdouble();
-  else if (const auto integer = option.getasinteger())
-    fvalue = *integer;
+  fvalue = asnumber(option).value_or(fvalue);
 }
 
 void tdotobjlist::keepentry() {

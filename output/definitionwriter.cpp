@@ -26,8 +26,7 @@ class tdefinitionwriter {
     ffile.write(option.name(), " ", opttypenames[ordinal(option.opttype())]);
     if (option.subtype() != tsubtype::required) ffile.write(".", subtypemodifiers[ordinal(option.subtype())]);
     ffile.write(" ");
-    if (option.opttype() != topttype::macro && option.opttype() != topttype::immediate)
-      ffile.write(inttostr(option.refnr()), " ");
+    if (hasusermap(option.opttype())) ffile.write(inttostr(option.refnr()), " ");
     writevalues(option);
     ffile.writeline(inttostr(option.helpflag()), " ", inttostr(option.groupnr()), " ", option.helptext());
     writecontinuation(option);

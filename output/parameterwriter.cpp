@@ -54,13 +54,20 @@ std::string_view tparameterwriter::boundsswitchname() const {
   return {};
 }
 
-// Of an option that was set, which multilists, macros and immediate options never are: they set others.
 void tparameterwriter::writeoption(const toption& option) {
   if (option.outofbounds() != 0) ffile.writeline(fboundsswitch, " 1");
-  if (const auto* list = ifis<tstrlistoption>(&option))
-    writelist(*list);
-  else
-    writevalue(option);
+  switch (option.opttype()) {
+    case topttype::integer:
+    case topttype::dbl:
+    case topttype::string:
+    case topttype::boolean:
+    case topttype::enumstr:
+    case topttype::enumint: writevalue(option); break;
+    case topttype::strlist: writelist(as<tstrlistoption>(option)); break;
+    case topttype::multilist:
+    case topttype::macro:
+    case topttype::immediate: break;  // are never set: they set others
+  }
   if (option.outofbounds() != 0) ffile.writeline(fboundsswitch, " 0");
 }
 
