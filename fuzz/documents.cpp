@@ -10,7 +10,7 @@
 #include "base/textcase.h"
 #include "fuzz/support/target.h"
 #include "output/vksoptionwriter.h"
-#include "tools/documents.h"
+#include "tools/doc/documents.h"
 #include "tools/text.h"
 
 namespace fuzzing {
