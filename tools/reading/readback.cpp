@@ -40,6 +40,14 @@ std::string valuetext(const toption& option, bool second) {
   return dbl != nullptr ? numbertext(dbl->value(second)) : currentvalue(option, second).text;
 }
 
+std::string subjectof(const toption& option) { return "option " + inquotes(option.getname()); }
+
+// The option, or one of its two values.
+std::string subjectof(const toption& option, bool second) {
+  if (option.subtype() != tsubtype::twovalues) return subjectof(option);
+  return (second ? "second value of " : "first value of ") + subjectof(option);
+}
+
 std::string isset(const std::string& subject, const std::string& value) {
   return subject + " is set to " + value + ", but is ";
 }
@@ -182,62 +190,50 @@ class tcomparison {
     if (option.name().starts_with('.')) return;  // its values are those of dot lines
     const tremarks remarks = take(linesof(option));
     const toption* twin = index < fdefined ? ffresh.getobjects(index) : ffresh.exactoption(option.name());
-    const std::string subject = "option " + inquotes(option.getname());
+    if (twin != nullptr && twin->opttype() != option.opttype()) twin = nullptr;  // the definition has changed
     const std::size_t before = fdifferences.size();
-    compare(index + 1, subject, option, twin);
+    if (const auto* list = ifis<tstrlistoption>(&option))
+      comparelists(index + 1, *list, ifis<tstrlistoption>(twin));
+    else
+      comparevalues(index + 1, option, twin);
     if (fdifferences.size() == before) return explainnothing(remarks);
     const tremark* reason = firsterror(remarks);
     if (reason == nullptr && !remarks.empty() && (twin == nullptr || twin->defined() == 0))
       reason = &remarks[0];
     if (reason == nullptr) return;
     fdifferences.resize(before);
-    add(index + 1, subject, *reason);
+    add(index + 1, subjectof(option), *reason);
   }
 
-  void compare(std::int32_t number, const std::string& subject, const toption& option, const toption* twin) {
-    if (option.opttype() == topttype::strlist)
-      return comparelists(number, subject, as<tstrlistoption>(option), ifis<tstrlistoption>(twin));
-    if (twin == nullptr) return;
-    const bool hastwo = option.subtype() == tsubtype::twovalues;
-    for (const bool second : {false, true})
-      if (!second || hastwo)
-        comparevalues(number,
-                      (!hastwo  ? ""
-                       : second ? "second value of "
-                                : "first value of ") +
-                          subject,
-                      option, *twin, second);
-    if (fdifferences.empty() || fdifferences.back().option != number)
-      comparemarks(number, subject, option, *twin);
-  }
-
-  void comparevalues(std::int32_t number, const std::string& subject, const toption& option,
-                     const toption& twin, bool second) {
-    const bool here = option.isdefined(valuebit(second)), there = twin.isdefined(valuebit(second));
-    if (here && !there)
-      add(number, isset(subject, valuetext(option, second)) + notset);
-    else if (!here && there)
-      add(number, subject + " is not set, but is " + isreadback(valuetext(twin, second)));
-    else if (here && !samevalue(option, twin, second))
-      add(number, isset(subject, valuetext(option, second)) + isreadback(valuetext(twin, second)));
-  }
-
-  void comparemarks(std::int32_t number, const std::string& subject, const toption& option,
-                    const toption& twin) {
+  void comparevalues(std::int32_t number, const toption& option, const toption* twin) {
+    comparevalue(number, option, twin, false);
+    if (option.subtype() == tsubtype::twovalues) comparevalue(number, option, twin, true);
+    const bool isnamed = !fdifferences.empty() && fdifferences.back().option == number;
     const bool ismarked = option.outofbounds() != 0;
-    if (ismarked == (twin.outofbounds() != 0)) return;
-    add(number, subject + (ismarked ? " counts as out of bounds, but not when it is read back"
-                                    : " counts as out of bounds when it is read back"));
+    if (isnamed || twin == nullptr || ismarked == (twin->outofbounds() != 0)) return;
+    add(number, subjectof(option) + (ismarked ? " counts as out of bounds, but not when it is read back"
+                                              : " counts as out of bounds when it is read back"));
+  }
+
+  void comparevalue(std::int32_t number, const toption& option, const toption* twin, bool second) {
+    const bool here = option.isdefined(valuebit(second));
+    const bool there = twin != nullptr && twin->isdefined(valuebit(second));
+    if (here && !there)
+      add(number, isset(subjectof(option, second), valuetext(option, second)) + notset);
+    else if (!here && there)
+      add(number, subjectof(option, second) + " is not set, but is " + isreadback(valuetext(*twin, second)));
+    else if (here && !samevalue(option, *twin, second))
+      add(number,
+          isset(subjectof(option, second), valuetext(option, second)) + isreadback(valuetext(*twin, second)));
   }
 
   // The first text that differs, or that one of the two does not have.
-  void comparelists(std::int32_t number, const std::string& subject, const tstrlistoption& list,
-                    const tstrlistoption* twin) {
+  void comparelists(std::int32_t number, const tstrlistoption& list, const tstrlistoption* twin) {
     const std::int32_t count = list.itemcount(), twincount = twin != nullptr ? twin->itemcount() : 0;
     std::int32_t same = 0;
     while (same < count && same < twincount && list.item(same) == twin->item(same)) ++same;
     if (same == count && same == twincount) return;
-    const std::string text = "text " + std::to_string(same + 1) + " of " + subject;
+    const std::string text = "text " + std::to_string(same + 1) + " of " + subjectof(list);
     if (same == count)
       add(number, text + " is not set, but is " + isreadback(shown(twin->item(same)).text));
     else if (same == twincount)
@@ -249,8 +245,7 @@ class tcomparison {
   // An option that reading has added.
   void added(const toption& option) {
     if (fwritten.exactoption(option.name()) == nullptr)
-      add(0, "option " + inquotes(option.getname()) + " is not set, but is " +
-                 isreadback(currentvalue(option, false).text));
+      add(0, subjectof(option) + " is not set, but is " + isreadback(valuetext(option, false)));
   }
 
   // ---- dot lines and indicators: each is a line, and read back from its line or not at all
