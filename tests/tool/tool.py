@@ -145,6 +145,9 @@ for definition, options, warnings in (
         (".cost double 1 0 0 1 1 1", "a.cost('i') 0.1234567890123456\nb.cost('i') 0.5",
          ["""warning: dot line "a.cost('i')" is set to 0.1234567890123456, but is read back as """
           "0.123456789012346"]),
+        (".note string 1 a 1 1\n.rank integer 1 0 0 9 1 1\nall macro 1 1\n .rank", "a.note x\nall 5",
+         ['warning: option ".note" is set to x, but is read back as 0',
+          'warning: option ".rank" is set to 5, but is not set when it is read back']),
         ("m indicator\nm integer 1 0 0 9 1 1\nn synonym m\nk integer 1 0 0 9 1 1", "n 5\nk 1",
          ['warning: option "m" is not read back as it was set: Equation ID expected for indicator'])):
     write("new.def", definition + "\n")

@@ -90,6 +90,7 @@ struct tdotlines {
     return std::string(entry.name()).append(store.getstrings(entry.optionindex())) +
            elementstext(entry.indices());
   }
+  static std::int32_t option(const tdotobj& entry) { return entry.optionindex(); }
   static std::string value(const tdotobj& entry) { return numbertext(entry.value()); }
 };
 
@@ -109,6 +110,7 @@ struct tindicatorlines {
     return std::string(item.equation().name()) + elementstext(item.equation().elements()) + "$" +
            std::string(item.variable().name()) + elementstext(item.variable().elements());
   }
+  static std::int32_t option(const tindicatoritem&) { return -1; }
   static std::string value(const tindicatoritem& item) { return std::to_string(item.value()); }
 };
 
@@ -124,9 +126,11 @@ std::int32_t newlines(std::string_view text) {
   return static_cast<std::int32_t>(std::ranges::count(text, '\n'));
 }
 
-// So many lines are written of the option: one for each of its texts, and two around what is out of bounds.
+bool isdotoption(const toption& option) { return option.name().starts_with('.'); }
+
+// So many lines are written of an option: one for each of its texts, and two around what is out of bounds.
 std::int32_t linesof(const toption& option) {
-  if (option.defined() == 0 || option.name().starts_with('.')) return 0;
+  if (option.defined() == 0) return 0;
   std::int32_t lines = option.outofbounds() != 0 ? 3 : 1;
   if (const auto* list = ifis<tstrlistoption>(&option)) {
     lines += list->itemcount() - 1;
@@ -153,6 +157,7 @@ class tcomparison {
     for (std::int32_t i = 0; i < fwritten.getcount(); ++i) option(i);
     for (std::int32_t i = fdefined; i < ffresh.getcount(); ++i) added(ffresh.option(i));
     entries(tdotlines{fwritten}, tdotlines{ffresh});
+    dotoptions();
     entries(tindicatorlines{fwritten}, tindicatorlines{ffresh});
     explainnothing(fremarks);
     return std::move(fdifferences);
@@ -185,17 +190,21 @@ class tcomparison {
 
   // ---- options
 
+  // The same option of the fresh store: what option text has added there has another number.
+  const toption* twinof(std::int32_t index) const {
+    const toption& option = fwritten.option(index);
+    const toption* twin = index < fdefined ? ffresh.getobjects(index) : ffresh.exactoption(option.name());
+    const bool issame = twin != nullptr && twin->opttype() == option.opttype();  // the file may have changed
+    return issame ? twin : nullptr;
+  }
+
   void option(std::int32_t index) {
     const toption& option = fwritten.option(index);
-    if (option.name().starts_with('.')) return;  // its values are those of dot lines
+    if (isdotoption(option)) return;  // dot lines have its values
     const tremarks remarks = take(linesof(option));
-    const toption* twin = index < fdefined ? ffresh.getobjects(index) : ffresh.exactoption(option.name());
-    if (twin != nullptr && twin->opttype() != option.opttype()) twin = nullptr;  // the definition has changed
+    const toption* twin = twinof(index);
     const std::size_t before = fdifferences.size();
-    if (const auto* list = ifis<tstrlistoption>(&option))
-      comparelists(index + 1, *list, ifis<tstrlistoption>(twin));
-    else
-      comparevalues(index + 1, option, twin);
+    compare(index + 1, option, twin);
     if (fdifferences.size() == before) return explainnothing(remarks);
     const tremark* reason = firsterror(remarks);
     if (reason == nullptr && !remarks.empty() && (twin == nullptr || twin->defined() == 0))
@@ -203,6 +212,13 @@ class tcomparison {
     if (reason == nullptr) return;
     fdifferences.resize(before);
     add(index + 1, subjectof(option), *reason);
+  }
+
+  void compare(std::int32_t number, const toption& option, const toption* twin) {
+    if (const auto* list = ifis<tstrlistoption>(&option))
+      comparelists(number, *list, ifis<tstrlistoption>(twin));
+    else
+      comparevalues(number, option, twin);
   }
 
   void comparevalues(std::int32_t number, const toption& option, const toption* twin) {
@@ -263,6 +279,7 @@ class tcomparison {
       }
       if (std::ranges::any_of(remarks, &tremark::counts)) twin = nullptr;
       if (twin != nullptr) ++next;
+      fentryoptions.insert(lines.option(lines.get(i)));
       const std::string subject = lines.kind + (" " + shortened(lines.key(lines.get(i))));
       if (const tremark* reason = firsterror(remarks))
         add(0, subject, *reason);
@@ -278,12 +295,20 @@ class tcomparison {
                  " is not set, but is read back");
   }
 
+  // A dot option has the value of the last dot line, unless that is a text, or a macro has set it.
+  void dotoptions() {
+    for (std::int32_t i = 0; i < fwritten.getcount(); ++i)
+      if (isdotoption(fwritten.option(i)) && !fentryoptions.contains(i))
+        compare(i + 1, fwritten.option(i), twinof(i));
+  }
+
   const tvksoptions& fwritten;
   const tvksoptions& ffresh;
   std::int32_t fdefined;
   tremarks fremarks;  // those on the lines that are still to come
   std::int32_t fline = 1;
   std::set<std::string> ftexts;
+  std::set<std::int32_t> fentryoptions;  // dot options of dot lines that were named
   std::vector<tdifference> fdifferences;
 };
 
