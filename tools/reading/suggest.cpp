@@ -106,8 +106,14 @@ std::vector<std::string> tsuggester::suggestionsfor(const tsubject& subject) {
   tword word(subject.problem, subject.option, isvalue ? subject.value : subject.name);
   const auto known = fanswers.find(word);
   if (known != fanswers.end()) return known->second;
-  if (fanswers.size() == mostwords) return {};
+  if (fcomparisons > mostcomparisons) return {};
   return fanswers.emplace(std::move(word), found(subject)).first->second;
+}
+
+std::vector<std::string> tsuggester::compared(std::string_view word, const std::vector<std::string>& names,
+                                              tmatch match) {
+  fcomparisons += names.size();
+  return nearest(word, names, match);
 }
 
 std::vector<std::string> tsuggester::found(const tsubject& subject) {
@@ -116,10 +122,10 @@ std::vector<std::string> tsuggester::found(const tsubject& subject) {
     case tsubject::tproblem::unknownoption: return likekey(std::string(subject.name));
     case tsubject::tproblem::unknowndotoption:
       if (!fdots) fdots = dotnames(fstore);
-      return nearest(subject.name, *fdots, tmatch::nearorlonger);
+      return compared(subject.name, *fdots, tmatch::nearorlonger);
     case tsubject::tproblem::illegalvalue:
       if (const auto* option = ifis<tenumstroption>(subject.option))
-        return nearest(subject.value, words(*option), tmatch::nearorlonger);
+        return compared(subject.value, words(*option), tmatch::nearorlonger);
   }
   return {};
 }
@@ -128,12 +134,12 @@ std::vector<std::string> tsuggester::found(const tsubject& subject) {
 // its first words are tried alone as well, unless they are too short to tell anything.
 std::vector<std::string> tsuggester::likekey(const std::string& key) {
   if (!fkeys) fkeys = keynames(fstore);
-  std::vector<std::string> result = nearest(key, *fkeys, tmatch::nearorlonger);
+  std::vector<std::string> result = compared(key, *fkeys, tmatch::nearorlonger);
   for (std::size_t end = key.rfind('_'); result.empty() && end != std::string::npos && end >= 4;
        end = key.rfind('_', end - 1)) {
     const std::string first = key.substr(0, end);
     if (const toption* option = fstore.optionasobj(first)) return {std::string(option->getname())};
-    result = nearest(first, *fkeys, tmatch::near);
+    result = compared(first, *fkeys, tmatch::near);
   }
   return result;
 }

@@ -37,16 +37,19 @@ class tsuggester {
   std::vector<std::string> suggestionsfor(const optcore::tsubject& subject);
 
  private:
-  // Comparing a word with all names takes time, so a word that comes again is answered from memory. A file
-  // with more unknown words than this has not been mistyped but is of another kind: no further suggestions.
-  static constexpr std::size_t mostwords = 5000;
+  // A word that comes again is answered from memory. After so many comparisons there are no further
+  // suggestions: a file with so many unknown words has not been mistyped, but is of another kind.
+  static constexpr std::size_t mostcomparisons = 10'000'000;
   using tword = std::tuple<optcore::tsubject::tproblem, const optcore::toption*, std::string>;
 
   std::vector<std::string> found(const optcore::tsubject& subject);
+  std::vector<std::string> compared(std::string_view word, const std::vector<std::string>& names,
+                                    tmatch match);
   std::vector<std::string> likekey(const std::string& key);
 
   const optcore::tvksoptions& fstore;
   std::optional<std::vector<std::string>> fkeys, fdots;
+  std::size_t fcomparisons = 0;
   std::map<tword, std::vector<std::string>> fanswers;
 };
 
