@@ -81,12 +81,10 @@ void checkmessages(tpair& pair);
 enum class tscope { everything, whatisset };
 void checkstate(tpair& pair, tscope scope);
 
-// What was set is written as a parameter file, read into a fresh store of the same definition, to the end of
-// the line or word by word, and written again: the bytes must be the same and nothing may be refused on the
-// way.
-//
-// Options with a value that a parameter file cannot express, as the tool says, are reset before; other such
-// settings end the comparison.
+// What was set is written as a parameter file and read into a fresh store of the same definition, to the end of
+// the line or word by word. Then either the tool finds that nothing differs, nothing was refused, and what is
+// written again is the same byte for byte; or each option that the tool names holds something else. Named
+// options are reset and the rest is tried again.
 void checkroundtrip(tpair& pair, bool eolonly);
 
 }  // namespace fuzzing
