@@ -15,7 +15,8 @@ namespace optcore {
 namespace {
 
 // Finds the next word from `position` (counted from 0) on, which moves behind the word and its separator.
-// Words are ended by the path-list separator, not by blanks. False when there is no further word.
+// Words are ended by the path-list separator, not by blanks. False when there is no further word; one that is
+// empty at the end of the text is none.
 bool nextlistword(std::string_view text, std::size_t& position, std::string_view& word) noexcept {
   position = std::min(text.find_first_not_of(" \t", position), text.size());
   if (position == text.size()) return false;
@@ -23,7 +24,7 @@ bool nextlistword(std::string_view text, std::size_t& position, std::string_view
   position = std::min(text.find(charpath(), begin), text.size());
   word = text.substr(begin, position - begin);
   if (position < text.size()) ++position;
-  return true;
+  return !word.empty() || position < text.size();
 }
 
 class tspreader {

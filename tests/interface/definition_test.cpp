@@ -245,13 +245,17 @@ TEST(definition, blocksinuse) {
       " one l\nmany multilist 3 0 0\n many x\n l\n",
       reading, R"(
     1 => ml 1::b:x:c:: => x=1 l=[]
-      => V1 Integer expected, for option "ml" saw "x" | V1 Integer expected, for option "ml" saw ""
+      => V1 Integer expected, for option "ml" saw "x"
     1 => ml 1:a:b:2:c:3:4 => x=3 l=[a] => V1 Too many items for multilist "ml"
     // A word ends at the path-list separator, not at a blank.
     1 => ml 1: \ta b :c => x=1 l=[a b ]
     1 => ml 1 :b => l=[b] => V1 Integer expected, for option "ml" saw "1 "
     1 => ml " \t "
     1 => ml 1: => x=1
+    1 => ml 1:: => x=1
+    1 => ml ":"
+    1 => ml 7::y => x=7 l=[]
+    0 => ml "4:: " => x=4 l=[]
     1 => mix 5:b:c => x=5 l=[5|b] => V1 Too many items for multilist "mix"
     1 => two 50 => l=[50]
       => V1 Integer range error for option "two" saw "50" | V1    Valid range is 0 to 9
