@@ -3,6 +3,7 @@
 #include "interface/script.h"
 
 #include <map>
+#include <set>
 
 namespace testsupport {
 
@@ -209,32 +210,92 @@ std::string filled(const std::string& text, const tcolumns& columns) {
   return result.append(rest, text.end());
 }
 
-void take(thandle& h, const std::string& text, const tcolumns& columns) {
+// A step that answers otherwise is reported at the place.
+void take(thandle& h, const std::string& text, const tcolumns& columns, const ttable& place) {
   const std::size_t arrow = text.find("=>");
   const tcolumns part = columnsof(text);
-  const std::string answer = answered(h, h.expanded(filled(part[0], columns)));
+  const std::string call = h.expanded(filled(part[0], columns));
+  const std::string answer = h.shortened(answered(h, call));
   if (part[0].starts_with("told") || part[0] == "problems") h.one(optclearmessages);
   if (arrow == std::string::npos) return;
-  EXPECT_EQ(h.shortened(answer), filled(part[1], columns)) << text;
+  const std::string expected = filled(part[1], columns);
+  if (answer != expected)
+    ADD_FAILURE_AT(place.file, place.line)
+        << h.shortened(call) << "\n   answers: " << answer << "\n  expected: " << expected;
+}
+
+void playscene(const std::string& definition, const ttable& steps, const tcolumns& columns,
+               const ttable* row) {
+  static const std::regex separator(" ; ");
+  thandle h;
+  EXPECT_EQ(definition.empty() ? 0 : h.definition(definition), 0);
+  h.one(optclearmessages);
+  for (const ttable& line : rowsof(steps)) {
+    const ttable& place = row != nullptr ? *row : line;
+    const testing::ScopedTrace trace(place.file, place.line, place.text);
+    for (std::sregex_token_iterator step(line.text.begin(), line.text.end(), separator, -1), end; step != end;
+         ++step)
+      take(h, *step, columns, place);
+  }
+}
+
+// The comments of a table, each with what stands below it.
+std::vector<std::pair<ttable, ttable>> rulesof(const ttable& table) {
+  std::vector<std::pair<ttable, ttable>> rules;
+  std::istringstream lines(table.text);
+  int nr = table.line;
+  for (std::string line; std::getline(lines, line); ++nr) {
+    const std::size_t begin = line.find_first_not_of(' ');
+    if (begin != line.npos && line.compare(begin, 3, "// ") == 0)
+      rules.push_back({{nr, line.substr(begin + 3), table.file}, {nr + 1, "", table.file}});
+    else if (!rules.empty())
+      rules.back().second.text += line + '\n';
+    else if (begin != line.npos)
+      throw std::logic_error("no comment above: " + line);
+  }
+  return rules;
+}
+
+class truletest : public testing::Test {
+ public:
+  explicit truletest(std::function<void()> body) : fbody(std::move(body)) {}
+  void TestBody() override { fbody(); }
+
+ private:
+  std::function<void()> fbody;
+};
+
+void addtests(const char* suite, const ttable& table, const std::function<void(const ttable&)>& body) {
+  static std::set<std::string> names;
+  for (const auto& [comment, rows] : rulesof(table)) {
+    const std::string name = std::regex_replace(comment.text, std::regex("[^A-Za-z0-9]+"), "_");
+    if (!names.insert(std::string(suite) + '.' + name).second)
+      throw std::logic_error("two comments are the same: " + comment.text);
+    testing::RegisterTest(
+        suite, name.c_str(), nullptr, nullptr, comment.file, comment.line,
+        [=, rows = rows]() -> testing::Test* { return new truletest([=] { body(rows); }); });
+  }
 }
 
 }  // namespace
 
 taddedstep::taddedstep(const char* name, tstep step) { steps()[name] = std::move(step); }
 
-void play(const std::string& definition, const std::string& script, const std::string& rows) {
-  static const std::regex separator(" ; ");
-  for (const std::string& row : rowsof(rows.c_str())) {
-    SCOPED_TRACE(row);
-    tcolumns columns = columnsof(row);
+void play(const std::string& definition, const ttable& steps) { playscene(definition, steps, {}, nullptr); }
+
+void play(const std::string& definition, const ttable& steps, const ttable& rows) {
+  for (const ttable& row : rowsof(rows)) {
+    tcolumns columns = columnsof(row.text);
     std::rotate(columns.begin(), columns.end() - 1, columns.end());
-    thandle h;
-    EXPECT_EQ(definition.empty() ? 0 : h.definition(definition), 0);
-    h.one(optclearmessages);
-    for (const std::string& line : rowsof(script.c_str()))
-      for (std::sregex_token_iterator step(line.begin(), line.end(), separator, -1), end; step != end; ++step)
-        take(h, *step, columns);
+    playscene(definition, steps, columns, &row);
   }
+}
+
+trules::trules(const char* suite, const std::string& definition, const ttable& table) {
+  addtests(suite, table, [=](const ttable& scene) { play(definition, scene); });
+}
+trules::trules(const char* suite, const std::string& definition, const ttable& steps, const ttable& table) {
+  addtests(suite, table, [=](const ttable& rows) { play(definition, steps, rows); });
 }
 
 }  // namespace testsupport

@@ -4,27 +4,44 @@
 #pragma once
 
 #include <array>
+#include <concepts>
 #include <regex>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace testsupport {
 
-using tcolumns = std::array<std::string, 7>;
+// A text and where it stands in the sources, so that a row that fails is found. A text of several lines is
+// given as {__LINE__, R"(...)"}: compilers disagree on the line of a call that spans several.
+struct ttable {
+  ttable(int begin, std::string_view lines, const char* source = __builtin_FILE())
+      : text(lines), file(source), line(begin) {}
+  template <std::convertible_to<std::string_view> ttext>
+  ttable(const ttext& one, int begin = __builtin_LINE(), const char* source = __builtin_FILE())
+      : ttable(begin, one, source) {
+    if (text.find('\n') != text.npos) throw std::logic_error("__LINE__ is missing before the text: " + text);
+  }
+  std::string text;
+  const char* file;
+  int line;
+};
 
-inline std::vector<std::string> rowsof(const char* table) {
-  std::vector<std::string> rows;
-  std::istringstream lines(table);
-  for (std::string line; std::getline(lines >> std::ws, line);) {
-    if (line.starts_with("//")) continue;
+inline std::vector<ttable> rowsof(const ttable& table) {
+  std::vector<ttable> rows;
+  std::istringstream lines(table.text);
+  int nr = table.line;
+  for (std::string line; std::getline(lines, line); ++nr) {
+    line.erase(0, line.find_first_not_of(' '));
+    if (line.empty() || line.starts_with("//")) continue;
     if (line.starts_with("\\n"))
-      rows.back() += line;
+      rows.back().text += line;
     else if (line.starts_with("=>") || line[0] == '|')
-      rows.back() += ' ' + line;
+      rows.back().text += ' ' + line;
     else
-      rows.push_back(line);
+      rows.emplace_back(nr, line, table.file);
   }
   return rows;
 }
@@ -45,6 +62,8 @@ inline std::string literal(const std::string& text) {
   }
   return result.append(rest, text.end());
 }
+
+using tcolumns = std::array<std::string, 7>;
 
 inline tcolumns columnsof(const std::string& row) {
   static const std::regex separator(" *=> *");
