@@ -3,7 +3,6 @@
 #include "interface/script.h"
 
 #include <map>
-#include <set>
 
 namespace testsupport {
 
@@ -239,44 +238,6 @@ void playscene(const std::string& definition, const ttable& steps, const tcolumn
   }
 }
 
-// The comments of a table, each with what stands below it.
-std::vector<std::pair<ttable, ttable>> rulesof(const ttable& table) {
-  std::vector<std::pair<ttable, ttable>> rules;
-  std::istringstream lines(table.text);
-  int nr = table.line;
-  for (std::string line; std::getline(lines, line); ++nr) {
-    const std::size_t begin = line.find_first_not_of(' ');
-    if (begin != line.npos && line.compare(begin, 3, "// ") == 0)
-      rules.push_back({{nr, line.substr(begin + 3), table.file}, {nr + 1, "", table.file}});
-    else if (!rules.empty())
-      rules.back().second.text += line + '\n';
-    else if (begin != line.npos)
-      throw std::logic_error("no comment above: " + line);
-  }
-  return rules;
-}
-
-class truletest : public testing::Test {
- public:
-  explicit truletest(std::function<void()> body) : fbody(std::move(body)) {}
-  void TestBody() override { fbody(); }
-
- private:
-  std::function<void()> fbody;
-};
-
-void addtests(const char* suite, const ttable& table, const std::function<void(const ttable&)>& body) {
-  static std::set<std::string> names;
-  for (const auto& [comment, rows] : rulesof(table)) {
-    const std::string name = std::regex_replace(comment.text, std::regex("[^A-Za-z0-9]+"), "_");
-    if (!names.insert(std::string(suite) + '.' + name).second)
-      throw std::logic_error("two comments are the same: " + comment.text);
-    testing::RegisterTest(
-        suite, name.c_str(), nullptr, nullptr, comment.file, comment.line,
-        [=, rows = rows]() -> testing::Test* { return new truletest([=] { body(rows); }); });
-  }
-}
-
 }  // namespace
 
 taddedstep::taddedstep(const char* name, tstep step) { steps()[name] = std::move(step); }
@@ -291,11 +252,9 @@ void play(const std::string& definition, const ttable& steps, const ttable& rows
   }
 }
 
-trules::trules(const char* suite, const std::string& definition, const ttable& table) {
-  addtests(suite, table, [=](const ttable& scene) { play(definition, scene); });
-}
-trules::trules(const char* suite, const std::string& definition, const ttable& steps, const ttable& table) {
-  addtests(suite, table, [=](const ttable& rows) { play(definition, steps, rows); });
-}
+trules::trules(const char* suite, const std::string& definition, const ttable& table)
+    : ttests(suite, table, [=](const ttable& scene) { play(definition, scene); }) {}
+trules::trules(const char* suite, const std::string& definition, const ttable& steps, const ttable& table)
+    : ttests(suite, table, [=](const ttable& rows) { play(definition, steps, rows); }) {}
 
 }  // namespace testsupport

@@ -19,9 +19,8 @@ namespace testsupport {
 void play(const std::string& definition, const ttable& steps);
 void play(const std::string& definition, const ttable& steps, const ttable& rows);
 
-// A test for each comment in a table. The comment says what holds and is the test's name; the lines below it
-// are played, as rows or, without steps, as steps.
-struct trules {
+// Tests that are played: the lines below a comment as rows or, without steps, as steps.
+struct trules : ttests {
   trules(const char* suite, const std::string& definition, const ttable& table);
   trules(const char* suite, const std::string& definition, const ttable& steps, const ttable& table);
 };

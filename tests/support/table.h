@@ -5,8 +5,7 @@
 
 #include <array>
 #include <concepts>
-#include <regex>
-#include <sstream>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -29,49 +28,16 @@ struct ttable {
   int line;
 };
 
-inline std::vector<ttable> rowsof(const ttable& table) {
-  std::vector<ttable> rows;
-  std::istringstream lines(table.text);
-  int nr = table.line;
-  for (std::string line; std::getline(lines, line); ++nr) {
-    line.erase(0, line.find_first_not_of(' '));
-    if (line.empty() || line.starts_with("//")) continue;
-    if (line.starts_with("\\n"))
-      rows.back().text += line;
-    else if (line.starts_with("=>") || line[0] == '|')
-      rows.back().text += ' ' + line;
-    else
-      rows.emplace_back(nr, line, table.file);
-  }
-  return rows;
-}
-
-inline std::string literal(const std::string& text) {
-  static const std::regex special(R"(\\x(..)|\\([^])|<(\d+)([^>]+)>)");
-  std::string result;
-  auto rest = text.begin();
-  for (std::sregex_iterator at(text.begin(), text.end(), special), end; at != end; ++at) {
-    const std::smatch& found = *at;
-    result.append(rest, found[0].first);
-    rest = found[0].second;
-    if (found[1].matched) result += static_cast<char>(std::stoi(found[1], nullptr, 16));
-    for (int count = found[3].matched ? std::stoi(found[3]) : 0; count > 0; --count) result += found[4];
-    if (!found[2].matched || found[2] == "e") continue;
-    const std::size_t control = std::string_view("ntr").find(*found[2].first);
-    result += control < 3 ? "\n\t\r"[control] : *found[2].first;
-  }
-  return result.append(rest, text.end());
-}
+std::vector<ttable> rowsof(const ttable& table);
+std::string literal(const std::string& text);
 
 using tcolumns = std::array<std::string, 7>;
+tcolumns columnsof(const std::string& row);
 
-inline tcolumns columnsof(const std::string& row) {
-  static const std::regex separator(" *=> *");
-  tcolumns columns;
-  std::size_t column = 0;
-  for (std::sregex_token_iterator part(row.begin(), row.end(), separator, -1), end; part != end; ++part)
-    columns.at(column++) = literal(*part);
-  return columns;
-}
+// A test for each comment in a table, which says what holds and is the test's name; the body gets the lines
+// below it.
+struct ttests {
+  ttests(const char* suite, const ttable& table, const std::function<void(const ttable&)>& body);
+};
 
 }  // namespace testsupport
