@@ -1,6 +1,8 @@
 // The writers for maintainers (definition file, Pascal include file, HTML table) and the HTML writer under
 // them, byte for byte.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <regex>
 #include <string>
@@ -20,7 +22,9 @@ std::string written(twrite write, const std::string& definition) {
   const ttempdir directory;
   tvksoptions store;
   store.optreaddefinition(directory.write("def", definition));
+  const int standardinput = fcntl(STDIN_FILENO, F_GETFD);
   EXPECT_EQ((tvksoptionwriter(store).*write)("/no/such/directory/file"), ENOENT);
+  EXPECT_EQ(fcntl(STDIN_FILENO, F_GETFD), standardinput);  // as open as it was
   EXPECT_EQ((tvksoptionwriter(store).*write)("/dev/full"), ENOSPC);
   EXPECT_EQ((tvksoptionwriter(store).*write)(directory.path("out")), 0);
   return readfile(directory.path("out"));
