@@ -69,7 +69,7 @@ const taddedstep definitionerrors("errors", [](thandle& h, const std::string&) {
 constexpr const char* defining = "definition $1 => 0 ; made => $2 ; errors => $3";
 
 const trules lines("definition", "", defining, {__LINE__, R"(
-    // fields stand between blanks and tabs and the text is what is left of the line
+    // fields are separated by blanks and tabs, and the help text is the rest of the line
     x\tINTEGER \t1 "5" minint MaxInt 2 3 \t the  text \t\x20
       => x integer 5 in -2147483648..2147483647 (1 2 3) the  text
     x integer -1234567890 1234567890 0 MaxInt 2 3 => x integer 1234567890 in 0..2147483647 (-1234567890 2 3)
@@ -87,7 +87,7 @@ const trules lines("definition", "", defining, {__LINE__, R"(
     // the default of a boolean is not checked
     b boolean 1 7 2 3 t => b boolean 7 (1 2 3) t
 
-    // modifiers follow the type and a string option does not keep one
+    // a modifier follows the type; a string option ignores it
     a integer.nv 1 0 0 0 0 0\nb double.Opt 1 0 0 0 0 0\nc boolean.TWO 1 0 0 0
       => a integer.NV 0 in 0..0 (1 0 0) | b double.OPT 0 in 0..0 (1 0 0) | c boolean.TWO 0 (1 0 0)
     d enumstr.NV 1 x 0 0\n x 0\ne enumint.OPT 1 2 0 0\n 2 0\nf string.TWO 1 x 0 0
@@ -97,12 +97,12 @@ const trules lines("definition", "", defining, {__LINE__, R"(
     x integer 1 0 0 9 0 0\ny synonym X and more\nz synonym x\ng group 3 1 the text\nh group -4 0
       => x integer 0 in 0..9 (1 0 0) | y -> x | z -> x | [g] 3 1 the text | [h] -4 0
 
-    // bytes other than line ends and code 26 are kept
+    // all bytes are kept but line ends and code 26
     x string 1 v 0 0 text\r\ny strlist 1 0 0\r\n\r\n => x string "v" (1 0 0) text | y strlist (1 0 0)
     x string 1 v 0 0 t\x01\xE9\rxt\r\r\n => x string "v" (1 0 0) t\x01\xE9\rxt\r
     x string 1 v 0 0 te\x1Axt\ny strlist 1 0 0 => x string "v" (1 0 0) te | y strlist (1 0 0)
 
-    // a name or text is cut at 255 characters and a line at 1020
+    // names and texts are cut at 255 characters, lines at 1020
     <254n>nnnz integer 1 0 0 9 2 3 => <254n>z integer 0 in 0..9 (1 2 3)
     x string 1 v 0 0 <254t>uvw => x string "v" (1 0 0) <254t>w
     x string 1 v 0 0 <1002t>uvw\ny strlist 1 0 0 => x string "v" (1 0 0) <254t>u | y strlist (1 0 0)
@@ -149,7 +149,7 @@ const trules mistakes("definition", "", defining, {__LINE__, R"(
       => x integer 5 in 10..1 (1 2 3) | y double 5 in 6..7 (1 2 3) | z double 8 in 6..7 (1 2 3)
       => 1 x: Default not in range | 2 y: Default not in range | 3 z: Default not in range
 
-    // a name that is taken is reported and used once more
+    // a duplicate name is reported and defined all the same
     * nothing\n\nHELP integer 1 0 0 9 1 1 => HELP integer 0 in 0..9 (1 1 1) => 3 HELP: Duplicate option
     x integer 1 5 0 9 0 0\nX integer 2 5 0 9 0 0\ny synonym x\nY string 3 t 0 0
       => x integer 5 in 0..9 (1 0 0) | X integer 5 in 0..9 (2 0 0) | Y string "t" (3 0 0) | y -> x
@@ -195,7 +195,7 @@ const trules mistakes("definition", "", defining, {__LINE__, R"(
       | 3 m: MultiList option "zz" is undefined; Duplicate option used
     m multilist 1 0 0\n Help, zz\n\n \n HELP => m multilist (1 0 0) => 5 m: Duplicate option used
 
-    // a problem whose text has the word synonym names the option without the words for option
+    // a message that mentions a synonym lacks the words "for option"
     m multilist 1 0 0\n mysynonym => m multilist (1 0 0)
       => 2: MultiList option "mysynonym" is undefined"m"
 
@@ -212,7 +212,7 @@ const trules mistakes("definition", "", defining, {__LINE__, R"(
       => 2: Unknown option for synonym"lost" | 4 names: Deprecated option "zz" is undefined
       | 6 names: Deprecated option "lost" is undefined | 8 names2: Deprecated option "zz" is undefined
 
-    // the way of looking up names holds for the lines after it but not for members of macros
+    // a lookup mode holds for the lines after it, but not for members of macros
     normal lookup\nPATH lookup x\nMinos lookup\nFoo lookup => => 4 Foo: Unknown lookup code "Foo"
     Path lookup\nconv_tolerance strlist 1 0 0\nconvergence_tol strlist 2 0 0\nm_one multilist 1 0 0
       \n con_tol\nmac macro 0 0\n con_tol\nsyn synonym con_tol
@@ -255,7 +255,7 @@ const trules endings("definition", "",
     x string 1 t 0 0\n help => ?
     ind indicator\n help => ?
 
-    // help and values are lines that begin with a blank and not with a tab
+    // lines of help and values begin with a blank, not with a tab
     x integer 1 0 0 0 0 0\n\thelp => ?
     x integer 1 0 0 0 0 0\n\x20 => 0
     x boolean 1 0 0 0\n* no help\n\n help => 0
@@ -267,7 +267,7 @@ const trules endings("definition", "",
     x enumstr 1 v 0 0\n v 0\n , w 0 => ?
     x macro 0 0\n \t\x20 => ?
 
-    // a blank line ends a block of names and the line after it is one of its own
+    // a blank line ends a block of names, and the line after it stands alone
     names obsolete\n\x20 => 0
     names obsolete\n \n Help => ?
 )"});
@@ -278,7 +278,7 @@ const trules deprecated(
     "names deprecated\n x use z\n sx use x\nnames obsolete\n y went away\n sy use y\nnames deprecated\n"
     " X  use it   no more\nnames obsolete\n sx\n",
     reading, {__LINE__, R"(
-    // a deprecated name bears the word of its last line
+    // of several lines on a deprecated name the last one gives the text
     1 => X 5 => x=5 => W1 deprecated option "X"; use it   no more
     1 => sx 5 => => W1 deprecated synonym "sx";\x20
     1 => y 5 => => W1 obsolete option "y"; went away
@@ -297,7 +297,7 @@ const trules members(
     1 => words 1:a:b:c => x=1 l=[a] n=[b] => V1 Too many items for multilist "words"
     1 => words bad:a => l=[a] => V1 Integer expected, for option "words" saw "bad"
 
-    // words of a multilist begin behind blanks and end at the separator only
+    // blanks before a word of a multilist are skipped, blanks behind it belong to it
     1 => words 1: \ta b :c => x=1 l=[a b ] n=[c]
     1 => words 1 :b => l=[b] => V1 Integer expected, for option "words" saw "1 "
 
@@ -314,12 +314,12 @@ const trules members(
     1 => words 1::2 => x=1 l=[] n=[2]
     0 => words "4:: " => x=4 l=[]
 
-    // a macro hands the whole text to its members and to theirs
+    // a macro hands the whole text to each member, and so do macros among them
     1 => both 5:a => l=[5:a] => V1 Integer expected, for option "both" saw "5:a"
     1 => all 5 => x=5 l=[5]
     1 => mix 5:b => x=5 l=[5] n=[b]
 
-    // a member that is the multilist itself or unknown passes a word by
+    // a member that is unknown or the multilist itself uses up a word
     1 => self y:z:w => l=[w]
 )"});
 
@@ -347,7 +347,7 @@ const trules comments("comments", "flag integer.NV 1 0 0 9 0 0\n", "definition $
     c eolcomm !1# => !
     c eolcomm !+# => !
 
-    // the last list counts
+    // of several lists the last one counts
     c eolcomm !\nd eolcomm # => #
 )"});
 

@@ -48,20 +48,20 @@ const std::string normal = "eolonlyset 0 ; " + endofline;
 
 // Dot options mean the same in both modes of reading.
 const ttable dotoptions = {__LINE__, R"~(
-    // a dot option has a name and an option and a value
+    // a dot option has a name, an option and a value
     X.PRIOR=10 y.level := 5, x.keep yes\na 1 => X.prior=10 y.level=5 x.keep=1
       => a=1 .prior=10 .level=5 .keep=1
     x.kind 5 x.note hi x.mark no => x.kind=5 x.note=0 x.mark=0 => .kind=5 .note=hi .mark=0
 
-    // elements stand in brackets of three kinds with or without quotes
+    // elements stand in brackets of any kind, with or without quotes
     x.prior('a','b') 2 x.prior[*] 3 x.prior {"c d" , 'e '} = 4 ! 5
       => x.prior(a,b)=2 x.prior(*)=3 x.prior(c d,e)=4 => .prior=4
     x.prior("it's",'',"'") 2 => x.prior(it's,,')=2 => .prior=2
 
-    // behind a dash there is no dot option
+    // after a dash there is no dot option
     -a.5 => => => V1 Integer expected, for option "a" saw ".5"
 
-    // behind the period a dot option has to follow
+    // a dot option has to follow the period
     x. 5 a 1\nx. a 1 => => a=1
       => E1 .suffix expected for key "x" | E1 Option keyword expected, saw "5"
       | E2 .suffix expected for key "x"
@@ -72,7 +72,7 @@ const ttable dotoptions = {__LINE__, R"~(
     x.prior\nx.prior = ! 5\nx.prior "5\nx.mark => rejected 4 => => E1 E2 E3 E4 Value expected for .option "x"
     x.prior 5 6 a 1 => x.prior=5 => .prior=5 => E1 Option keyword expected, saw "6"
 
-    // an element is a text in quotes or a star and never the name of a set
+    // an element is a text in quotes or a star, never the name of a set
     x.prior('a',) 2\nx.prior( => rejected 2 =>
       => E1 Element expected for .option "x" | E1 Option keyword expected, saw ")"
       | E2 Element expected for .option "x"
@@ -96,11 +96,11 @@ const ttable dotoptions = {__LINE__, R"~(
       => W1 Double out of range for option ".prior" saw "101" | W1    Valid range is 0 to 100
     x.prior , a 1 => rejected 1 => a=1 => V1 Double expected for option ".prior" saw ""
 
-    // a name of more than 63 characters is rejected behind the value
+    // a name of more than 63 characters is rejected, and its value stored
     <63n>.prior 5\n<64n>.prior 6 a 1 => <63n>.prior=5 rejected 1 => a=1 .prior=6
       => E2 .Option ID too long "<64n>"
 
-    // an element is cut at 253 characters and more than twenty are rejected
+    // an element is cut at 253 characters, and more than twenty are rejected
     x.prior('<254i>jk', 'l') 5 => x.prior(<253i>,l)=5 => .prior=5
     x.prior(<19'x',>'y') 5 => x.prior(<19x,>y)=5 => .prior=5
     x.prior(<19'x',>'y',*,'22') 5 a 1 => rejected 1 => a=1 .prior=5
@@ -110,20 +110,20 @@ const trules normaldotoptions("dotoptions", options, normal, dotoptions);
 const trules dotoptionsatendofline("dotoptions_at_end_of_line", options, endofline, dotoptions);
 
 const trules indicators("indicators", options, normal, {__LINE__, R"~(
-    // an indicator has an equation and a variable and a boolean
+    // an indicator has an equation, a variable and a boolean
     IND Equ $ Var = off, a 1 => Equ$Var=0 => a=1
     ind e$v 1 a 5 => e$v=1 => a=5
 
-    // elements stand in brackets of three kinds with or without quotes
+    // elements stand in brackets of any kind, with or without quotes
     ind e('i',"j k")$v["j k"] := T ind\t f {i , j} $w ( j ) N ! 1 => e('i',"j k")$v("j k")=1 f(i,j)$w(j)=0
 
-    // behind a dash the keyword is no keyword and before a period it is a name
+    // the keyword is an option name after a dash, and a symbol before a period
     -ind 1 a 5\nind.prior 7 => ind.prior=7 => a=5 .prior=7 => E1 Unknown option "ind"
 
     // an equation has to follow
     ind\nind 5 a 1\nind=e$v 1 => => => E1 E2 E3 Equation ID expected for indicator
 
-    // a dollar and a variable have to follow the equation
+    // a dollar sign and a variable have to follow the equation
     ind e v 1\nind e('i')\nind e => rejected 3 => => E1 E2 E3 $ expected after equation identifier "e"
     ind e$ 1 a 1\nind e$ => rejected 2 => => E1 E2 Equation ID expected for indicator
 
@@ -133,7 +133,7 @@ const trules indicators("indicators", options, normal, {__LINE__, R"~(
       => E1 Boolean value expected for equation indicator "e", Saw "maybe"
       | E2 Boolean value expected for equation indicator "e", Saw ""
 
-    // an error among the elements ends that name and the line goes on with its next part
+    // after an error among the elements the line goes on with its next part
     ind e('i',)$v 1\nind e($v 1 a 1 => rejected 2 => a=1
       => E1 Unique element expected for indicator id "e" | E1 $ expected after equation identifier "e"
       | E2 Unique element expected for indicator id "e"
@@ -144,7 +144,7 @@ const trules indicators("indicators", options, normal, {__LINE__, R"~(
     ind e(i$v( => rejected 1 => => E1 Closing bracket ")" expected for id "e"
       | E1 Unique element expected for indicator id "v" | E1 Boolean value expected for equation indicator "e"
 
-    // sets of the variable have to be among those of the equation and quoted elements need not
+    // sets of the variable have to be sets of the equation, but quoted elements are free
     ind e(i,'j')$v(j,k) 1 a 1\nind e(i)$v(I) 1 => rejected 2 => a=1
       => E1 Index "j" not controled for variable "v" | E1 Index "k" not controled for variable "v"
       | E2 Index "I" not controled for variable "v"
@@ -164,14 +164,14 @@ const trules indicators("indicators", options, normal, {__LINE__, R"~(
 )~"});
 
 const trules indicatorsatendofline("indicators_at_end_of_line", options, endofline, {__LINE__, R"(
-    // the statement is over behind a good line and a rejected one takes the rest of the line
+    // another statement may follow an indicator, but not a rejected one
     ind e$v 1 a 5\nind e$v 0 ind f$w yes 1\nind e v a 6\nind e$v no ! a 7
       => e$v=1 e$v=0 f$w=1 e$v=0 rejected 1 => a=5
       => E2 Option keyword expected, saw "1" | E3 $ expected after equation identifier "e"
 )"});
 
 const trules keywords("indicators", "a integer 1 0 0 9 1 1\n", {__LINE__, R"(
-    // there are no indicators without a keyword and of several keywords the last counts
+    // without a keyword there are no indicators, and of several keywords the last one counts
     readfromstr ind e$v 1 ; entries => ; clearmessages
     definition ind indicator\nwhen indicator\n ; messagecount => 1 ; clearmessages
     readfromstr when e$v 1 ; readfromstr ind e$v 0 ; problems => E Unknown option "ind" ; entries => e$v=1
@@ -182,7 +182,7 @@ const trules entriesthatstay("entries", options, {__LINE__, R"(
     // entries stay through a reset
     readfromstr x.prior 5 ; readfromstr ind e$v 1 ; resetall ; entries => x.prior=5 e$v=1
 
-    // with a full list of messages a line that was begun adds an entry and one that was not does not
+    // when the list of messages is full, a line that is rejected adds an entry once it has a name
     readfromstr y.prior 500 ; entries => rejected 1 ; fill 5001
     parameters ind\nind e\nind e$v 1\ny.prior\ny.prior 500\n
     entries => y.prior=0 y.prior=1 e$=0 e$v=1 rejected 1

@@ -66,7 +66,7 @@ const trules otherrequests("help", groupsdefinition, request, {__LINE__, R"(
 )"});
 
 const trules withoutgroups("help", "lone boolean 1 5 1 1\n", request, {__LINE__, R"(
-    // a title without lines below it goes unless the list follows in its line
+    // a title without lines below it is left out unless the list ends its line
     1 => \n
     2 => \nOptions in alphabetical order\n\nlone: \n>boolean,  default: 5\n
     3 => \nOptions summary by group\n\nOptions in alphabetical order\n\nlone: \n>boolean,  default: 5\n
@@ -92,7 +92,7 @@ const trules columns(
     "b1234567890123456789x boolean 2 0 1 1 has 21\nc123456789012345678901x boolean 3 0 1 1 has 23\n"
     "d boolean 4 0 1 1\nf12345 synonym d\nf123456 synonym d\nold deprecated\n d\n",
     request, {__LINE__, R"(
-    // a text stands in column 23 and behind a longer name on a line of its own
+    // help texts begin in column 23, on a line of their own where the name is longer
     1 => \nOptions summary by group\n\nG\na12345678901234567890x: has 22\nb1234567890123456789x : has 21
       \nc123456789012345678901x\n<: has 23\nd                     :\x20
       \nf12345 (Synonym for d): \nf123456 (Synonym for d)\n<: \n
@@ -111,7 +111,7 @@ const trules descriptions(
     "No items\nwords multilist 10 1 1 Words\n"
     "names strlist 11 1 1 Names\nall macro 1 1 All\nact immediate Message 1 1 Act\n",
     request, {__LINE__, R"(
-    // a description has type and range and default and the further lines of help
+    // a description has the type, the range, the default and further lines of help
     gap => gap: Gap\n>double,  range: 0 to maxdouble default: 0.1\n>Relative gap\n
     any => any: \n>double,  range: mindouble to 1E20 default: 1.5E-7\n
     iter => iter: Two\n>integer,  range: -5 to maxint default: minint\n
@@ -125,7 +125,7 @@ const trules descriptions(
     steps => steps: \n>enumint,  default: 7\n>      7 \n>    100 Most\n
     bare => bare: No items\n>enumint,  default: 7\n
 
-    // a description of what has no value of its own has the type alone
+    // a description of an option without a value of its own has the type alone
     words => words: Words\n>multilist, \n
     names => names: Names\n>strlist, \n
     all => all: All\n>macro, \n
@@ -151,13 +151,13 @@ const trules order("help", "g group 1 1 G\n", "integers $1 ; summary => $2", {__
     x10000000000000000000 b1 x_1 x0 x9999999999999999999 x a99
       => a99 b1 x x0 x9999999999999999999 x10000000000000000000 x_1
 
-    // names that are equal but for zeros stand as the sort swaps them
+    // names that differ in leading zeros only stand as the sort leaves them
     eq1 b eq01 a eq001 eq0001 c eq00001 => a b c eq0001 eq00001 eq01 eq1 eq001
 )"});
 const trules orderofsynonyms(
     "help", "g group 1 1 G\ne01 string 1 x 1 1\ne1 string 1 x 1 1\ne001 synonym e1\ne0001 synonym e01\n",
     request, {__LINE__, R"(
-    // names of synonyms that are equal but for zeros stand as the sort swaps them
+    // synonyms that differ in leading zeros only stand as the sort leaves them
     1 => \nOptions summary by group\n\nG\ne001 (Synonym for e1) : \ne0001 (Synonym for e01)\n<:\x20
       \ne01                   : \ne1                    : \n
 )"});
@@ -167,7 +167,7 @@ const trules minos(
     "g group 1 1 G\nmajor_iterations integer 1 5 0 10 1 1 Limit\nmax_loops synonym major_iterations\n"
     "Minos lookup\n",
     request, {__LINE__, R"(
-    // a name of several words may be asked for with blanks or underscores and is shown with blanks
+    // a name of several words may be typed with blanks or underscores, and is shown with blanks
     MAJOR ITERATIONS => major iterations: Limit\n>integer,  range: 0 to 10 default: 5\n
     maj iter => maj iter is a synonym for major iterations
       \nmajor iterations: Limit\n>integer,  range: 0 to 10 default: 5\n

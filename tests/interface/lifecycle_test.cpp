@@ -67,7 +67,7 @@ const taddedstep check("check", [](thandle&, const std::string& declared) {
 
 // The compiler takes the codes of the library from the types of its functions.
 const trules agreement("agreement", "", {__LINE__, R"(
-    // a client of another version is compatible or newer or too old
+    // a client of another version is compatible, newer or too old
     apiversion 2 => 1|API version and library version are the same.|1
     apiversion 3 => 1|API version is newer than this library.|3
     apiversion 2147483647 => 1|API version is newer than this library.|3
@@ -119,7 +119,7 @@ const trules nulltexts("texts", everytype, {__LINE__, R"(
       | E Cannot open parameter file "" | E Error code = 2; No such file or directory
       | E Cannot write parameter file "" | E    Error code = 2; No such file or directory
 
-    // a null is an empty text and message and request
+    // a null is an empty text, message or request
     readfromstr(null) ; readfrompchar(null) ; addmessage(null) ; showhelp(null) ; told => E  |\x20
 
     // a null is an empty name of an option

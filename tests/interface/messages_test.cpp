@@ -18,7 +18,7 @@ const taddedstep kinds("kinds", [](thandle& h, const std::string&) {
 
 // The echo comes when a source is opened or a line is read, before what is said about the line.
 const trules decorations("messages", everytype, {__LINE__, R"(
-    // every kind but the limit has its decoration and notes and help and echo bear no line number
+    // each kind of message has its decoration; notes, help and echo have no line number
     definition old integer 3 5 0 10 1 1\nmarks deprecated\n old use maxit\nbroken integer x 5 0 10 1 1\n
     echoset 1 ; parameters * comment\nmaxit 11\nlimits 1\nmaxit 11\nold 6\nhelp maxit\nnosuch 1\n
     echoset 0 ; addmessage the client's own ; errorcount => 5|3 ; kinds => 2600330044050110979
@@ -32,7 +32,7 @@ const trules decorations("messages", everytype, {__LINE__, R"(
 )"});
 
 const trules numbers("messages", "", "addmessage one ; getmessage $1 => $2|9", {__LINE__, R"(
-    // the first has number 1 and a number out of range gives a text that says so
+    // messages count from 1, and a number out of range gives a text that says so
     1 => *** Error one
     0 => Bad message number = -1
     2 => Bad message number = 1
@@ -41,27 +41,27 @@ const trules numbers("messages", "", "addmessage one ; getmessage $1 => $2|9", {
 )"});
 
 const trules limit("limit", everytype, {__LINE__, R"(
-    // behind 5000 messages one says that there are no more
+    // after 5000 messages one more says so, and the rest are dropped
     fill 4999 ; addmessage the 5000th ; getmessage 5000 => *** Error the 5000th|9 ; errorcount => 5000|0
     addmessage one more ; showhelp 3 ; messagecount => 5001
     getmessage 5001 => Maximum of 5000 messages reached|8 ; errorcount => 5001|0
 
-    // a setter counts messages and says with a full list that a value was taken which was refused
+    // when the list is full, a setter returns 1 for a value that it refuses
     fill 5001 ; setintnr maxit 11 => 1 ; value maxit => 5
 
-    // the notes on a source without messages come and go at the limit
+    // notes on a source without messages cancel each other unless the limit was reached between
     fill 4999 ; readfromstr maxit 3 ; messagecount => 4999 ; getmessage 4999 => *** Error filler|9
     fill 5000 ; readfromstr maxit 4 ; messagecount => 5001
     getmessage 5001 => Maximum of 5000 messages reached|8
 
-    // echo passes the limit and takes the place of the message on it
+    // echo is not limited, and takes the place of the message on the limit
     fill 4998 ; echoset 1 ; readfromstr maxit 4
     messagecount => 4999 ; getmessage 4999 => >>  maxit 4|0
     fill 5000 ; readfromstr nosuch 4 ; messagecount => 5001 ; getmessage 5001 => >>  nosuch 4|0
 )"});
 
 const trules cuts("messages", everytype, {__LINE__, R"(
-    // the text is cut at 255 characters and so is the text with its decoration
+    // a text is cut at 255 characters, and so is the text with its decoration
     addmessage <254x> ; setstrnr maxit <254x> ; parameters maxit <254x>\n
     messages => *** Error <245x>
       \n*** Value Error Integer expected, for option "maxit" saw "<197x>
@@ -79,7 +79,7 @@ const trules pieces(
     // a line is echoed as it stands in the file
     \x20nv\t! x => >>  \x20nv\t! x\n
 
-    // a longer line is echoed in pieces of 130 characters with marks where they were cut
+    // a longer line is echoed in pieces of 130 characters, marked where they were cut
     *<129c> => >>  *<129c>\n
     *<130c> => >> \xBB*<129c>\n>> \xBBc\n
     *<131c> => >> \xBB*<129c>\xBB\n>> \xBBcc\n

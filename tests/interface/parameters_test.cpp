@@ -26,16 +26,16 @@ constexpr const char* options =
     "Say immediate Message 0 0\nFree immediate NoBounds 0 0\nmarks eolcomm !#\n";
 
 const trules keys("keys", options, reading, {__LINE__, R"(
-    // dashes and a slash may stand before a key and a comma between settings
+    // dashes and slashes may stand before a key, and a comma between settings
     0 => , \tALIAS\t=\t1 ,/b=2 -/-s x => a=1 b=2 --s=[x]
     0 => a 1 , \n, ! b 3\n,\nb 2 => a=1 b=2
     1 => ,a 1\n,b 2 => a=1 b=2
     0 => \x20,, a 1\nb 2 => b=2 => E1 Option keyword expected, saw ","
 
-    // behind a dash a period belongs to the value
+    // after a dash a period begins the value
     0 => -d.5 => d=0.5
 
-    // behind a dash a key has to follow
+    // a key has to follow a dash
     0 => - a 1\n-\nb 2 => b=2
       => E1 Option keyword expected, saw " " | E2 Option keyword expected, saw ""
 
@@ -47,7 +47,7 @@ const trules keys("keys", options, reading, {__LINE__, R"(
     // a star in the first column and an end-of-line character begin a comment
     0 => * a 1\n\n * a 1\n\t! a 1\nb 2 ! a 1 => b=2 => E3 Option keyword expected, saw "*"
 
-    // an unknown option loses its value and the line goes on
+    // an unknown option is skipped with its value, and the line goes on
     0 => bad , a 3 bad "x y" b 2\nbad=1 a 4\nbad = 1 a 5 => a=4 b=2
       => E1 E1 E2 E3 Unknown option "bad" | E3 Option keyword expected, saw "1"
 
@@ -62,12 +62,12 @@ const trules keys("keys", options, reading, {__LINE__, R"(
 )"});
 
 const trules values("settings", options, reading, {__LINE__, R"(
-    // in normal reading a value is one word or stands in quotes
+    // in normal reading a value is one word or a text in quotes
     0 => s "x y" b 2\nl x l "y z",l "" l w!v # z => b=2 s=x y l=[x|y z||w!v]
     0 => s "a"b"c" b 2 => b=2 => V1 Bad double-quote in value
     0 => s , b 2\na , t 1 => b=2 s= t=1 => V2 Integer expected, for option "a" saw ""
 
-    // in normal reading a quote that nothing closes makes no value
+    // in normal reading a quote that nothing closes gives no value and ends the line
     0 => s "x y b 2\nb 3 => b=3
     0 => s "a"b" b 2\nb 3 => b=3
     0 => s "\ntwo "3\nb 3 => b=3
@@ -84,19 +84,19 @@ const trules values("settings", options, reading, {__LINE__, R"(
     1 => t = \na ! 5\na :5\nb 2 => b=2
       => E1 Value expected for key "t" | E2 E3 Value expected for key "a" | E3 Remainder of line ignored
 
-    // an option that takes no value leaves what follows to the line
+    // after an option without value the line goes on
     0 => nv flag b 2 => b=2 nv=7 flag=1
     0 => nv 5 b 2\nflag=1 => nv=7 flag=1
       => E1 Option keyword expected, saw "5" | E2 Option keyword expected, saw "="
     1 => nv\nflag b 2\nflag =\nb 2 => b=2 nv=7 flag=1 => E2 E3 Remainder of line ignored
 
-    // an option that takes a value at will takes any that follows
+    // an option with an optional value takes the word that follows
     0 => opt\nshape b 2 level => b=2 opt=8 shape=box level=5
     0 => opt b 2\nopt =\nopt , b 3 => b=3
       => V1 Integer expected, for option "opt" saw "b" | E1 Option keyword expected, saw "2"
       | E2 Value expected for key "opt" | V3 Integer expected, for option "opt" saw ""
 
-    // of an option with two values one word sets both and a star leaves one as it is
+    // one word sets both of two values, and a star leaves one as it is
     0 => two 3 4 b 2 => b=2 two=3,4
     0 => two 3 * => two=3,-
     1 => two * "4" # five => two=-,4
@@ -111,7 +111,7 @@ const trules values("settings", options, reading, {__LINE__, R"(
     1 => color blue red wine => color=blue,-
       => V1 Unknown value for option "color" saw "red wine" | V1    Possible values are  red blue
 
-    // of a value 255 characters are held and each further one takes the place of the last
+    // of a value 255 characters are kept, and each further one replaces the last
     1 => l <254v>wxyz\nl <254v>wx  ! c => l=[<254v>z|<254v>]
     1 => l "<254v>wxyz" ! c => => V1 Bad double-quote in value
     0 => s "<254v>wxyz" b 2 => b=2 s=<254v>
@@ -122,16 +122,16 @@ const trules optionalvalues("settings",
                             "i integer.OPT 1 4 0 9 1 1\nd double.OPT 2 2.5 0 9 1 1\nb boolean.OPT 3 1 1 1\n"
                             "e enumstr.OPT 4 x 1 1\n x 1\n y 1\nn enumint.OPT 5 3 1 1\n 3 1\n 6 1\n",
                             {__LINE__, R"(
-    // an option that is named without the value it may have goes back to its default
+    // an option with an optional value goes back to its default when it is named alone
     parameters i 1\nd 1\nb 0\ne y\nn 6\n ; settings => i=1 d=1 b=0 e=y n=6
     parameters i\nd\nb\ne\nn\n ; settings => i=4 d=2.5 b=1 e=x n=3
 )"});
 
 const trules oldnames("deprecated", options, reading, {__LINE__, R"(
-    // a deprecated name is told and obeyed
+    // a deprecated name is reported and works
     0 => OLD 3 b 2 => b=2 old=3 => W1 deprecated option "OLD"; use a
 
-    // an obsolete name is told and ignored with its value
+    // an obsolete name is reported and ignored together with its value
     0 => gonetwo 3 4 b 2 => b=2 => W1 obsolete option "gonetwo"; left as well
     1 => gone 3 4\ngoneflag 1 => => W1 obsolete option "gone"; left in release 3
       | W2 obsolete option "goneflag"; left, too | E2 Remainder of line ignored
@@ -139,7 +139,7 @@ const trules oldnames("deprecated", options, reading, {__LINE__, R"(
     // a synonym can be deprecated by itself
     0 => lately 3 b 4 => b=4 => W1 deprecated synonym "lately"; b is shorter
 
-    // an option with both marks is called deprecated and its synonym ignored all the same
+    // an option with both marks is called deprecated, and its obsolete synonym is ignored
     0 => mixed 3 was 4 => mixed=3
       => W1 deprecated option "mixed"; use b | W1 deprecated synonym "was"; never more
 )"});
@@ -158,7 +158,7 @@ const trules immediates("immediates", options, reading, {__LINE__, R"(
     1 => read "" b 2 => b=2
       => E1 Cannot open parameter file "" | E1 Error code = 2; No such file or directory
 
-    // an immediate option lets values be out of bounds until it is switched off
+    // an immediate option switches the checking of bounds
     0 => free 1 b 50 free 0 a 500 => b=50
       => W1 Integer range error for option "b" saw "50" | W1    Valid range is 0 to 9
       | V1 Integer range error for option "a" saw "500" | V1    Valid range is -100 to 100
@@ -171,7 +171,7 @@ const trules immediates("immediates", options, reading, {__LINE__, R"(
 )"});
 
 const trules bytes("lines", options, reading, {__LINE__, R"(
-    // a carriage return counts as part of a line end before a line feed only
+    // a carriage return at the end of a line belongs to the line end, another does not
     1 => a 1\r\n\r\nb 2\r\nnv\r\nd 1\r => a=1 b=2 d=1 nv=7
     0 => s x\ry\r\r\nb 2\n\r => b=2 s=x\ry\r
 
@@ -181,7 +181,7 @@ const trules bytes("lines", options, reading, {__LINE__, R"(
     1 => s "x\x1A y"\na\x1A 5
       => => V1 Bad double-quote in value | E2 Value expected for key "a"
 
-    // a line end ends a setting
+    // a setting does not go on in the next line
     0 => b\n2 => => E1 Value expected for key "b" | E2 Option keyword expected, saw "2"
 
     // bytes above 127 are no part of a key
@@ -211,7 +211,7 @@ const trules pathkeys("pathkeys", "Path lookup\n" + names, reading, {__LINE__, R
     // words of a key may be abbreviated to three characters
     0 => majXX_iter_lim 7 fas 3 => major_iterations_limit=7 fast=3
 
-    // words of a list that a key made may be abbreviated as well
+    // keys with two dashes may be abbreviated as well
     0 => --ab x --abcd y --aXb z --Xb w => --ab=[x|y|z] --Xb=[w]
 )"});
 const trules minoskeys("minoskeys", "Minos lookup\n" + names, reading, {__LINE__, R"(
@@ -262,7 +262,7 @@ const trules includes("files", options, "file inner $1 ; parameters $2 => 0 ; se
       => +OPT | +inner | V2 Integer expected, for option "a" saw "x" | -inner
       | V2 Integer expected, for option "b" saw "y" | E3 Unknown option "bad" | -OPT
 
-    // the notes on a file without messages go and those around it stay
+    // notes on a file without messages are removed, those around it stay
     a 1 => say one\nread %DIR%/inner say two => a=1 => +OPT | E1 one | E2 two | -OPT
     say inside => read %DIR%/inner => => +OPT | +inner | E1 inside | -inner | -OPT
 
@@ -285,13 +285,13 @@ constexpr const char* selfreading =
     " ; settings => a=2 --list=[x|x|x|x|x|x|x|x|x] ; told => $1 ; resetall ; readfromstr read = %DIR%/self"
     " ; settings => a=2 --list=[x|x|x|x|x|x|x|x|x] ; told => $1";
 const trules nesting("files", options, selfreading, {__LINE__, R"(
-    // nine files are open within each other at most and the depth is back afterwards
+    // files nest nine deep at most, each time
     +string<10 | +self> | E File nesting level too deep; file ignored<10 | -self> | -string
 )"});
 
 // Without the bound, f5 would be read 14,641 times.
 const trules filecount("files", "read immediate ReadFile 1 1\nnote strlist 1 1 1\n", {__LINE__, R"(
-    // one call reads ten thousand files at most and the next call has its own count
+    // one call reads ten thousand files at most, and the next call as many again
     eolonlyset 0 ; file f5 note x ; file f4 <11read %DIR%/f5 > ; file f3 <11read %DIR%/f4 >
     file f2 <11read %DIR%/f3 > ; file f1 <11read %DIR%/f2 > ; parameters read %DIR%/f1
     listcountstr note => 9088 ; getmessage 7 => *** Error Too many parameter files; file ignored|9

@@ -18,7 +18,7 @@ constexpr const char* options =
 // The query, the option or other number and what else it asks for, the answer; an option that the query does
 // not fit, answered like a number out of range.
 const ttable queries = {__LINE__, R"(
-    // an option has flags and a reference number and codes of its data type and type and sub-type
+    // an option has flags, a reference number, a data type, a type and a sub-type
     getinfonr => 2 => => 1|1|1|101|1|0|0 => 17 => 0|0|0|0|-1|-1|-1
     getdefinednr => pair => => 1|2 => 17 => 0|0
 
@@ -37,7 +37,7 @@ const ttable queries = {__LINE__, R"(
     // only a string has a default that can be asked for by itself
     getdefaultstr => note => => 1|a b => method => 0|
 
-    // bounds are left alone for an option of another type
+    // the outputs for bounds are left alone for an option of another type
     getboundsint => maxit => => 1|-1|10|5 => gap => 0|-7|-7|-7
     getboundsdbl => gap => => 1|0|1|0.5 => maxit => 0|-7.5|-7.5|-7.5
 
@@ -55,14 +55,14 @@ const ttable queries = {__LINE__, R"(
     getenumstrnr => pairstr => => 1|y|2 => level => 0||-1
     getenumstrnr => methodx => => 1|other|0 => level => 0||-1
 
-    // numbers are left alone for an option of another type
+    // the output for a number is left alone for an option of another type
     getintnr => maxit => => 1|3 => gap => 0|-7
     getint2nr => pair => => 1|4 => maxit => 0|-7
     getint2nr => pair => => 1|4 => off_grid => 0|-7
     getdblnr => gap => => 1|0.5 => maxit => 0|-7.5
     getdbl2nr => off_grid => => 1|2.5 => gap => 0|-7.5
 
-    // a value of any type can be had as a text and that of a list is empty
+    // a value of any type is there as a text, which is empty for a list
     getstrnr => maxit => => 1|3 => 17 => 0|
     getstrnr => names => => 1| => 17 => 0|
     getstr2nr => off_grid => => 1|2.5 => maxit => 0|
@@ -75,7 +75,7 @@ const ttable queries = {__LINE__, R"(
     getvaluesnr => level => => 1|level|1|0|1 => 17 => 0||0|0|
     getvaluesnr => flag => => 1|flag|1|0|1 => 17 => 0||0|0|
 
-    // what has no single value is refused by the query for three and named all the same
+    // an option without a single value gives its name and no value
     getvaluesnr => say => => 0|say|0|0| => 17 => 0||0|0|
     getvaluesnr => words => => 0|words|0|0| => 17 => 0||0|0|
     getvaluesnr => all => => 0|all|0|0| => 17 => 0||0|0|
@@ -102,7 +102,7 @@ const trules bynumber(
 const trules ofnothing("queries_without_definition", "", "$1 1 $3 => $6 ; messages =>", queries);
 
 const trules types("types", options, {__LINE__, R"(
-    // the constants of four kinds have names and the tenth kind of message has none
+    // constants have names, but for the tenth kind of message
     each getconstname 1 => optDataNone | optDataInteger | optDataDouble | optDataString | optDataStrList
     each getconstname 2 => optTypeInteger | optTypeDouble | optTypeString | optTypeBoolean | optTypeEnumStr
       | optTypeEnumInt | optTypeMultiList | optTypeStrList | optTypeMacro | optTypeImmediate
@@ -157,7 +157,7 @@ const trules stringlists("stringlists", options, {__LINE__, R"(
     getfromanystrlist 1 => 1|--extra|three ; getfromanystrlist -1 => 1|--more|four
     getfromanystrlist 0 => 1|names|one
 
-    // where no list has a text the name is that of the last one looked at and the text is left alone
+    // when no list has a text, the name is that of the last list and the text is left alone
     readfromstr names one ; readfromstr --extra three ; getfromanystrlist 0 => 1|names|one
     getfromanystrlist 0 => 0|--extra|old ; getfromanystrlist 1 => 1|--extra|three
     getfromanystrlist 0 => 0|old|old ; messages =>
@@ -166,11 +166,11 @@ const trules stringlists("stringlists", options, {__LINE__, R"(
 // The mode, the names of options 2 and on, what is looked up, what is found, and where.
 const trules modes("lookup", "", "integers $2 ; definition $1 lookup ; gethelpnr $3 => $4| ; lookup $3 => $5",
                    {__LINE__, R"(
-    // in mode normal a name counts whole and in any case
+    // in mode normal a name has to be complete, in any case of letters
     Normal => alpha Beta beta => BETA => 1|Beta => 2
     Normal => alpha => alph => 0| => -1
 
-    // in mode path three characters of each word agree before the first that does not
+    // in mode path the first three characters of each word count, and those up to the first difference
     Path => convergence_tolerance => con_tol => 1|convergence_tolerance => 1
     path => convergence_tolerance => CONxx_tolyyyyyyyyyy => 1|convergence_tolerance => 1
     Path => convergence_tolerance => co_tol => 0| => -1
@@ -178,7 +178,7 @@ const trules modes("lookup", "", "integers $2 ; definition $1 lookup ; gethelpnr
     Path => convergence_tolerance => coxv_tol => 0| => -1
     Path => convergence_tolerance => con_txlerance => 0| => -1
 
-    // in mode path a name has as many words as what is looked up
+    // in mode path the number of words has to be the same
     Path => convergence_tolerance => con => 0| => -1
     Path => convergence => con_tol => 0| => -1
     Path => con_tol => convergence_tol_x => 0| => -1
@@ -189,25 +189,25 @@ const trules modes("lookup", "", "integers $2 ; definition $1 lookup ; gethelpnr
     Path => xy abc => xy => 0| => -1
     Path => con_t => con_t => 0| => -1
 
-    // in mode minos three characters of the first word agree and four of each further one
+    // in mode minos the first three characters of the first word count and four of each further one
     Minos => major_iterations_limit => majxxx_iter_limi => 1|major_iterations_limit => 1
     Minos => major_iterations_limit => MAJ_ITERx_limiyy => 1|major_iterations_limit => 1
     Minos => major_iterations_limit => maj_ite_limi => 0| => -1
     Minos => major_iterations_limit => maj_iterations_lim => 0| => -1
     Minos => major_ite => maj_iter => 0| => -1
 
-    // in mode minos a name has as many words as what is looked up
+    // in mode minos the number of words has to be the same
     Minos => major_iterations_limit => major_iterations => 0| => -1
     Minos => major_iter => majx_iter_limi => 0| => -1
 
-    // in mode minos a shorter word counts whole
+    // in mode minos a shorter word has to be complete
     minos => ma_x => ma_x => 1|ma_x => 1
     Minos => ma_x => mx_x => 0| => -1
 )"});
 
 const trules namesofminos("lookup", "major_iterations_limit integer 1 1 0 9 1 1\nMinos lookup\n",
                           {__LINE__, R"(
-    // in mode minos names are handed out with blanks but for the one of the help
+    // in mode minos names are handed out with blanks, except with help texts
     getnamenr 2 => 1|major iterations limit ; getopthelpnr 2 => 1|major iterations limit|1|1
     getvaluesnr 2 => 1|major iterations limit|1|0|1 ; gethelpnr 2 => 1|major_iterations_limit|
     lookup major iterations limit => -1

@@ -104,7 +104,7 @@ const trules doubling("scale",
                       "texts strlist 1 1 1\nd0 macro 1 1\n texts\n texts\n" +
                           repeated(39, "d@ macro 1 1\n d#\n d#\n"),
                       {__LINE__, R"(
-    // an assignment ends when it stands for a thousand more than there are options
+    // an assignment stands for a thousand more than there are options at most
     readfromstr d8 x ; listcountstr texts => 512 ; told =>
     readfromstr d39 x ; problems => V Too many members for option "d39" ; listcountstr texts => 1018
     resetnr d39 => 1 ; listcountstr texts => 0

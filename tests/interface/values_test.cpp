@@ -45,7 +45,7 @@ const trules texts("values", everytype, settingtext, {__LINE__, R"(
     note => say "hi => 0 => none => V Bad double-quote in value
     maxit => "3" => 0 => 5 => V Bad double-quote in value
 
-    // a boolean is no number but 0 and 1
+    // the only numbers for a boolean are 0 and 1
     flag => 2 => 0 => 0 => V Boolean value expected for @ saw "2"
 
     // an enumeration takes its own values only
@@ -59,12 +59,12 @@ const trules texts("values", everytype, settingtext, {__LINE__, R"(
     // an option without a value of its own takes any text
     limits => 1 => 1
 
-    // an option that takes no value is marked and its value is not the default
+    // an option without value is marked as set, whatever the text
     quiet => any " text => 1 => 0
 )"});
 
 const trules unbounded("values", everytype, std::string("noboundsset 1 ; ") + settingtext, {__LINE__, R"(
-    // without checking of bounds a value outside is stored and told as a warning
+    // without checking of bounds a value outside is stored with a warning
     maxit => 11 => 1 => 11 => W Integer range error for @ saw "11" | W    Valid range is 0 to 10
     big_step => -2 => 1 => -2 => W Double out of range for @ saw "-2" | W    Valid range is 0 to 1E20
     level => 12 => 1 => 12 => W Unknown value for @ saw "12" | W    Possible values are  1 2
@@ -168,7 +168,7 @@ const trules marks("outofbounds", everytype, {__LINE__, R"(
 )"});
 
 const trules flagsandresets("flags", everytype, {__LINE__, R"(
-    // each value has a flag of its own and a list has one
+    // each of two values has a flag of its own, and a list has one
     flags => ; setint2nr pair 4 ; setstrnr string_list one ; setstrnr string_list ; setstrnr string_list one
     settings => pair=-,4 string_list=[one||one] ; flags => pair 2 2 | string_list 1 1
 
@@ -181,11 +181,11 @@ const trules flagsandresets("flags", everytype, {__LINE__, R"(
     resetrecentchanges ; flags => maxit 1 0 | flag 1 0
     setintnr maxit 2 ; flags => maxit 1 1 | flag 1 0 ; resetallrecent ; flags => maxit 1 0 | flag 1 0
 
-    // a reset clears both flags and a macro resets its members
+    // a reset clears both flags, and that of a macro those of its members
     setintnr maxit 2 ; setintnr pair 3 ; setstrnr all 1 ; resetnr pair => 1 ; flags => maxit 1 1 | flag 1 1
     resetnr all => 1 ; flags => ; setintnr maxit 2 ; setstrnr string_list one ; resetall ; flags => ; written =>
 
-    // after a reset of all a multilist has no members and a macro has them still
+    // a reset takes the members of a multilist away, but not those of a macro
     resetall ; setstrnr words 3 => 0 ; setstrnr all 1 => 1 ; value maxit => 1
     told => V Too many items for multilist "words"
 )"});
@@ -198,7 +198,7 @@ const trules writer("writer", everytype, "parameters $1 ; written => $2", {__LIN
     flag yes\nmaxit 3\nbig_step 1e20 => maxit=3\nbig_step=1E20\nflag=1\n
     method "two words"\nlevel 2 => method="two words"\nlevel=2\n
 
-    // a text with a blank or tab or comma and an empty one stand in quotes
+    // a text is written in quotes when it is empty or has a blank, tab or comma
     note a=b;c => note=a=b;c\n
     note a b => note="a b"\n
     note "" => note=""\n
@@ -211,7 +211,7 @@ const trules writer("writer", everytype, "parameters $1 ; written => $2", {__LIN
     // an option that takes no value is written as its name
     quiet\ntrace => quiet\ntrace=4\n
 
-    // two values are written on one line and the default stands in for one that was not set
+    // two values are written on one line, with the default for one that was not set
     pair 3 4\nspan 1.5e-7 -2\nboth a b c => pair=3 4\nspan=1.5E-7 -2\nboth=a "b c"\n
     pair * 4 => pair=1 4\n
 
@@ -227,20 +227,20 @@ const trules writer("writer", everytype, "parameters $1 ; written => $2", {__LIN
     x.prior('a',"b",*) = 2.5\nindic eq(i,'j') $ var(i) 0\ny.mark 3\nindic e$v yes\nmaxit 2
       => maxit=2\nx.prior('a',"b",*) = 2.5\ny.mark = 3\nindic eq(i,'j')$var(i)=0\nindic e$v=1\n
 
-    // a dot option is no setting of its own and has no lines that switch the checking
+    // a dot option out of bounds is written without lines that switch the checking
     free on x.prior 200 => x.prior = 200\n
 )"});
 
 const trules withoutswitch("writer",
                            "big_max integer 1 5 0 10 1 1\nstring_list strlist 2 1 1\nMinos lookup\n",
                            {__LINE__, R"(
-    // without an option that switches the checking of bounds the lines around a value have no name
+    // without an option that switches the checking the lines around a value have no name
     noboundsset 1 ; readfromstr big max 11 ; readfromstr string list a
     written => \x201\nbig max=11\n 0\nstring_list=a\n
 )"});
 
 const trules unreadable("writer", everytype, "setvaluesnr note 0 0 $1 ; written => note=$2\\n", {__LINE__, R"(
-    // a text that no reading would take back is written as it is
+    // a text that cannot be read back is written as it is
     " => "
     a"b c => "a"b c"
     "a,b" => ""a,b""

@@ -100,7 +100,7 @@ const testsupport::ttests records("records", {__LINE__, R"~(
     file x.none 1 => User OPT:1 'unknown .suffix ".none" for key "x"' [.none,,] unknown dot option
       | User OPT:1 'Option keyword expected, saw "1"'
 
-    // an illegal value is a problem of the option and what is legal explains it
+    // an illegal value is a problem of the option, explained by what is legal
     file old 10\nd 10 => Deprecated OPT:1 'deprecated synonym "old"; use i' [old,i,]
       | Value OPT:1 'Integer range error for option "old" saw "10"' [old,i,10] illegal value
       | Value OPT:1 '   Valid range is 0 to 9' explains
@@ -117,7 +117,7 @@ const testsupport::ttests records("records", {__LINE__, R"~(
     file bounds 1\ni 10 => Warning OPT:2 'Integer range error for option "i" saw "10"' [i,i,10] illegal value
       | Warning OPT:2 '   Valid range is 0 to 9' explains
 
-    // a text that is no value names the value and is no problem that can be compared
+    // a text that is no value at all is no such problem
     file i x\nd x\nb x\ns " => Value OPT:1 'Integer expected, for option "i" saw "x"' [i,i,x]
       | Value OPT:2 'Double expected for option "d" saw "x"' [d,d,x]
       | Value OPT:3 'Boolean value expected for option "b" saw "x"' [b,b,x]
@@ -131,7 +131,7 @@ const testsupport::ttests records("records", {__LINE__, R"~(
     file ind e(*$v 1\nind e$v z => User OPT:1 'Universe not allowed for indicator id "e"' [e,,]
       | User OPT:2 'Boolean value expected for equation indicator "e", Saw "z"' [e,,z]
 
-    // a file that is read by another is told with the lines that led there
+    // a file that is read by another is reported with the lines that led there
     notes ; inner \ni x ; file \nread %DIR%/inner\ni x => Enter OPT:0 'OPT' | Enter inner:0<OPT:2 'inner'
       | Value inner:2<OPT:2 'Integer expected, for option "i" saw "x"' [i,i,x] | Leave inner:2<OPT:2 'inner'
       | Value OPT:3 'Integer expected, for option "i" saw "x"' [i,i,x] | Leave OPT:3 'OPT'
