@@ -19,7 +19,7 @@ constexpr const char* groupsdefinition =
     "ghost synonym nosuch\nquietly synonym silent\nmarks deprecated\n iter10 use iter2\n loop use iter2\n"
     "olds obsolete\n plain gone\n";
 
-// Requests for the summary, for the list in alphabetical order, and for both: the columns are the same.
+// What the requests for the summary and for the list in alphabetical order give.
 const std::string summary =
     "help $1 => \\nOptions summary by group\\n\\nLate options\\n"
     "plain                 : \\n\\niter2                 : Second\\niter10                : Tenth\\n"

@@ -86,7 +86,10 @@ ttests::ttests(const char* suite, const ttable& table, const std::function<void(
     else if (begin < line.size())
       throw std::logic_error("no comment above: " + line);
   }
-  for (const auto& [comment, rows] : rules) addtest(suite, comment, [body, rows = rows] { body(rows); });
+  for (const auto& [comment, rows] : rules) {
+    if (rowsof(rows).empty()) throw std::logic_error("no row below: " + comment.text);
+    addtest(suite, comment, [body, rows = rows] { body(rows); });
+  }
 }
 
 }  // namespace testsupport

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 #include <random>
+#include <sstream>
 #include <string>
 #include <vector>
 

@@ -1,7 +1,6 @@
 // What stands around the store: text conversion, the version line, start and stop of the units, and the text
 // scanner. Its tokens and echo are tested where what they become can be fetched.
 #include <gtest/gtest.h>
-
 #include <unistd.h>
 
 #include <cerrno>
@@ -23,7 +22,7 @@
 #include "options/vksoptions.h"
 #include "support/handle.h"
 
-// The linker hands calls of memmove to the first of these.
+// The linker hands calls of memmove to __wrap_memmove.
 static std::size_t movedbytes = 0;
 // NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" void* __real_memmove(void*, const void*, std::size_t);
