@@ -1,0 +1,27 @@
+#!/bin/sh
+# Folders include only what lies below them, as docs/architecture.md says: the table here is the one there.
+set -eu
+failures=0
+
+# may FOLDER ALLOWED...: the folders that the sources of a folder may include.
+may() {
+  folder=$1
+  shift
+  allowed=$(printf '%s/|' "$folder" "$@")
+  wrong=$(grep -rnE '^#include "[a-z]+/' "$folder" | grep -vE "#include \"(${allowed%|})" || true)
+  if [ -n "$wrong" ]; then
+    printf '%s/ may include %s, but:\n%s\n' "$folder" "${*:-nothing}" "$wrong"
+    failures=1
+  fi
+}
+
+may base
+may options base
+may input options base
+may output options base
+may api options base wexcorin
+may tools output input options base
+may examples wexcorin
+may include wexcorin
+for folder in interface host support; do may "tests/$folder" host support wexcorin; done
+exit $failures
