@@ -23,5 +23,5 @@ may api options base wexcorin
 may tools output input options base
 may examples wexcorin
 may include wexcorin
-for folder in interface host support; do may "tests/$folder" host support wexcorin; done
+for folder in interface host support; do may "tests/$folder" "$folder" support wexcorin; done
 exit $failures
