@@ -49,14 +49,17 @@ std::string written(tpair& pair, const std::string& filename) {
 std::string contents(const optcore::toption* option) {
   using namespace optcore;
   if (option == nullptr) return {};
-  std::string all = std::to_string(option->defined()) + (option->outofbounds() != 0 ? " out of bounds" : "");
+  std::string all;
+  if (const auto* list = ifis<tstrlistoption>(option)) {
+    for (std::int32_t i = 0; i < list->itemcount(); ++i) all.append("\n").append(list->item(i));
+    return all;
+  }
+  all = std::to_string(option->defined()) + (option->outofbounds() != 0 ? " out of bounds" : "");
   for (const tvaluetext& text : {option->getasstring(), option->getasstring2()})
     all.append("\n").append(text.view());
   if (const auto* dbl = ifis<tdbloption>(option))
     for (const double value : {dbl->getasdouble(), dbl->getasdouble2()})
       all.append("\n").append(std::to_string(std::bit_cast<std::uint64_t>(value)));
-  if (const auto* list = ifis<tstrlistoption>(option))
-    for (std::int32_t i = 0; i < list->itemcount(); ++i) all.append("\n").append(list->item(i));
   return all;
 }
 
@@ -113,6 +116,11 @@ bool triesagain(tpair& pair, bool eolonly) {
   if (differences.empty()) {
     HOLDS(errors == 0, first, messages(again));
     HOLDS(first == second, first, second);
+    for (std::int32_t number = 1; number <= pair.one(optcount); ++number) {
+      const optcore::toption& option = pair.handle(0)->option(number - 1);
+      const std::string here = contents(&option);
+      HOLDS(option.defined() == 0 || here == contents(twin(again, defined, number, option.name())), here);
+    }
     return false;
   }
   HOLDS(errors != 0 || first != second || contents(*pair.handle(0)) != contents(*again.handle(0)),
