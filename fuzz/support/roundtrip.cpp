@@ -51,7 +51,8 @@ std::string contents(const optcore::toption* option) {
   if (option == nullptr) return {};
   std::string all;
   if (const auto* list = ifis<tstrlistoption>(option)) {
-    for (std::int32_t i = 0; i < list->itemcount(); ++i) all.append("\n").append(list->item(i));
+    for (std::int32_t i = 0; i < list->itemcount(); ++i)
+      all.append(std::to_string(list->item(i).size())).append(" ").append(list->item(i)).append("\n");
     return all;
   }
   all = std::to_string(option->defined()) + (option->outofbounds() != 0 ? " out of bounds" : "");
