@@ -22,7 +22,7 @@ void tpair::clearmessages() {
   one(optclearmessages);
 }
 
-bool tpair::wasfull() const { return fwasfull || handle(0)->messagesfull(); }
+bool tpair::wasfull() const { return fwasfull || handle(0)->messages().full(); }
 
 namespace {
 
@@ -49,14 +49,18 @@ std::string written(tpair& pair, const std::string& filename) {
 std::string contents(const optcore::toption* option) {
   using namespace optcore;
   if (option == nullptr) return {};
-  std::string all = std::to_string(option->defined()) + (option->outofbounds() != 0 ? " out of bounds" : "");
+  std::string all;
+  if (const auto* list = ifis<tstrlistoption>(option)) {
+    for (std::int32_t i = 0; i < list->itemcount(); ++i)
+      all.append(std::to_string(list->item(i).size())).append(" ").append(list->item(i)).append("\n");
+    return all;
+  }
+  all = std::to_string(option->defined()) + (option->outofbounds() != 0 ? " out of bounds" : "");
   for (const tvaluetext& text : {option->getasstring(), option->getasstring2()})
     all.append("\n").append(text.view());
   if (const auto* dbl = ifis<tdbloption>(option))
     for (const double value : {dbl->getasdouble(), dbl->getasdouble2()})
       all.append("\n").append(std::to_string(std::bit_cast<std::uint64_t>(value)));
-  if (const auto* list = ifis<tstrlistoption>(option))
-    for (std::int32_t i = 0; i < list->itemcount(); ++i) all.append("\n").append(list->item(i));
   return all;
 }
 
@@ -83,7 +87,7 @@ bool resetnamed(tpair& pair, const tpair& again, std::int32_t defined,
   bool isreset = false;
   for (const tool::tdifference& each : differences) {
     if (each.option == 0) continue;
-    const optcore::toption& option = pair.handle(0)->option(each.option - 1);
+    const optcore::toption& option = pair.handle(0)->definition().option(each.option - 1);
     if (option.defined() == 0) continue;
     const std::string here = contents(&option);
     const std::string there = contents(twin(again, defined, each.option, option.name()));
@@ -114,6 +118,11 @@ bool triesagain(tpair& pair, bool eolonly) {
   if (differences.empty()) {
     HOLDS(errors == 0, first, messages(again));
     HOLDS(first == second, first, second);
+    for (std::int32_t number = 1; number <= pair.one(optcount); ++number) {
+      const optcore::toption& option = pair.handle(0)->definition().option(number - 1);
+      const std::string here = contents(&option);
+      HOLDS(option.defined() == 0 || here == contents(twin(again, defined, number, option.name())), here);
+    }
     return false;
   }
   HOLDS(errors != 0 || first != second || contents(*pair.handle(0)) != contents(*again.handle(0)),

@@ -82,9 +82,9 @@ enum class tscope { everything, whatisset };
 void checkstate(tpair& pair, tscope scope);
 
 // What was set is written as a parameter file and read into a fresh store of the same definition, to the end of
-// the line or word by word. Then either the tool finds that nothing differs, nothing was refused, and what is
-// written again is the same byte for byte; or each option that the tool names holds something else. Named
-// options are reset and the rest is tried again.
+// the line or word by word. Either the tool finds no difference: then nothing was refused, all options hold the
+// same, and what is written again is the same byte for byte. Or each option that it names holds something else;
+// these are reset, and the rest is tried again.
 void checkroundtrip(tpair& pair, bool eolonly);
 
 }  // namespace fuzzing

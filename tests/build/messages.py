@@ -1,14 +1,17 @@
-"""The tool knows no text of a library message, nor a part of one: messages reach it as records, so that rewording
-one breaks nothing. It stands on the inside of the library alone, and includes nothing of the interface.
-Run in the repository's root. usage: messages.py"""
+"""The tool knows no text of a library message, nor a part of one: messages reach it as records, so that
+rewording one breaks nothing. It stands on the inside of the library alone, and includes nothing of the
+interface. Run in the repository's root.
+usage: messages.py"""
 import glob, json, re, sys
 
 LIBRARY, INTERFACE = ("api", "base", "input", "options", "output"), ("api/", "include/", "wexcorin/")
 SHORTEST = 12  # characters; what is shorter, or a single word, says nothing by itself
-TOKEN = re.compile(r"""//[^\n]*|#include[^\n]*|R"(\w*)\(.*?\)\1"|"((?:[^"\\\n]|\\.)*)"|'(?:[^'\\\n]|\\.)+'""", re.S)
+# Comments, includes, literals: raw ones, strings, characters.
+TOKEN = re.compile(r"""//[^\n]*|\#include[^\n]*|R"(\w*)\(.*?\)\1" |
+                       "((?:[^"\\\n]|\\.)*)" | '(?:[^'\\\n]|\\.)+'""", re.S | re.X)
 
 
-# The string literals of a source as what they stand for; those with nothing but white space between them are one.
+# The string literals of a source as what they stand for; with nothing but white space between, they are one.
 def literals(source):
     result, end = [], None
     for token in TOKEN.finditer(source):
@@ -42,9 +45,10 @@ def sources(*folders):
                 yield name, file.read()
 
 
-messages = {text.strip() for _, source in sources(*LIBRARY) for text in literals(source) if telling(text.strip())}
+messages = {text.strip() for _, source in sources(*LIBRARY) for text in literals(source)
+            if telling(text.strip())}
 
-# What must be noticed of a message: all of it, with more around it, in two pieces, a part of it; but no comment.
+# What must be noticed of a message: all of it, with more around it, in two pieces, a part; but no comment.
 text, quoted = max(messages, key=len), json.dumps
 for source, found in ((quoted(text), True), (quoted(f"line 1: {text}!"), True), ("// " + quoted(text), False),
                       (quoted(text[:5]) + "\n" + quoted(text[5:]), True), (quoted(text[1:-1]), True)):

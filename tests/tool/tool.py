@@ -159,14 +159,16 @@ for definition, options, warnings in (
 # A text may be longer than a line of a file; what is lost in one line leaves those around it alone.
 write("new.def", ".rank integer 1 0 0 9 1 1\n")
 elements = ",".join(f"'{number:060}'" for number in range(20))
-runs(f"""wexcorin write new.def --set 'a.rank 1' --set "b.rank({elements}) 1" --set 'c.rank 1' /dev/null -o new.opt""",
+runs(f"""wexcorin write new.def --set 'a.rank 1' --set "b.rank({elements}) 1" --set 'c.rank 1' /dev/null \\
+         -o new.opt""",
      err=f"""new.opt: warning: dot line "b.rank({elements[:70]}..." is not read back as it was set: """
          'Closing bracket ")" expected for .option "b"\n')
 
 # The definition may be a pipe, and be written over; the output need not be a file either.
 write("new.def", "tol double 1 0 0 1 1 1 \r\r\n")
 write("new.opt", "tol 0.1234567890123456")
-for command in ("wexcorin write - new.opt -o - <new.def", "cat new.def | wexcorin write /dev/stdin new.opt -o -",
+for command in ("wexcorin write - new.opt -o - <new.def",
+                "cat new.def | wexcorin write /dev/stdin new.opt -o -",
                 "wexcorin write new.def new.opt -o /dev/stdout | cat",
                 "wexcorin write new.def new.opt -o new.def; cat new.def"):
     out, err, _ = run(command)

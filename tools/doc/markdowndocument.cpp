@@ -2,6 +2,7 @@
 // group.
 #include <algorithm>
 
+#include "base/textcase.h"
 #include "tools/doc/documents.h"
 #include "tools/text.h"
 
@@ -18,7 +19,8 @@ std::string plain(std::string_view text) {
     result.push_back(c);
   }
   result.erase(0, result.find_first_not_of(" \t"));
-  const std::size_t digits = std::min(result.find_first_not_of("0123456789"), result.size());
+  const auto digits =
+      static_cast<std::size_t>(std::ranges::find_if_not(result, optcore::isdigit) - result.begin());
   if (digits < result.size() &&
       std::string_view(digits == 0 ? "#+-=" : ".)").find(result[digits]) != std::string::npos)
     result.insert(digits, 1, '\\');

@@ -44,6 +44,7 @@ std::vector<std::string> dotnames(const tvksoptions& store) {
 
 std::vector<std::string> words(const tenumstroption& option) {
   std::vector<std::string> result;
+  result.reserve(static_cast<std::size_t>(option.items().count()));
   for (std::int32_t i = 0; i < option.items().count(); ++i) result.emplace_back(option.items().getname(i));
   return result;
 }
