@@ -31,7 +31,7 @@ bool nextlistword(std::string_view text, std::size_t& position, std::string_view
 
 class tspreader {
  public:
-  // `members` is the number of members of the option itself, which the limit always admits.
+  // `members` is the number of members of the option itself; the limit grows with it.
   tspreader(tvksoptions& owner, std::int32_t members)
       : fowner(owner), fleft(std::int64_t{1000} + owner.getcount() + members) {}
 

@@ -65,7 +65,8 @@ class toption : public toptionx, public tinarena {
   std::int32_t definedr() const noexcept { return fdefinedr; }
   std::int32_t outofbounds() const noexcept { return foutofbounds; }
   bool isdefined(std::int32_t bits) const noexcept { return (fdefined & bits) != 0; }
-  // Adds bits to the defined and recent masks and notifies the observer. 0 clears both masks.
+  // Adds bits to the defined mask and, unless that is switched off, to the recent mask, and notifies the
+  // observer. 0 clears both masks.
   void setdefined(std::int32_t bits);
   void clearrecent() noexcept { fdefinedr = 0; }
   void clearoutofbounds() noexcept { foutofbounds = 0; }
