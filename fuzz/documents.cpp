@@ -10,7 +10,7 @@
 #include "base/textcase.h"
 #include "fuzz/support/target.h"
 #include "output/vksoptionwriter.h"
-#include "tools/documents.h"
+#include "tools/doc/documents.h"
 #include "tools/text.h"
 
 namespace fuzzing {
@@ -83,7 +83,7 @@ void checklibrarydocuments(const tpair& pair) {
   for (const auto& [write, check] : librarydocuments) {
     std::string bytes[2];
     for (const int form : {0, 1}) {
-      const tvksoptionwriter writer(*pair.handle(form));
+      const tvksoptionwriter writer(pair.handle(form)->definition());
       beforecall();
       HOLDS((writer.*write)("out") == 0, "out");
       bytes[form] = readfile("out");

@@ -43,8 +43,7 @@ void tvksoptions::optreadfrompchar(const char* text) { tparameterreading(*this).
 std::int32_t tparameterreading::readfile(std::string_view filename) {
   tminiparser scanner(fstore.messages(), fstore.echo(), fstore.definition().eolcommset());
   if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
-    fstore.addmessage(tmsgkind::usererror, concat("Cannot open parameter file ", quoted(filename)),
-                      {filename});
+    fstore.addmessage(tmsgkind::usererror, concat("Cannot open parameter file ", quoted(filename)));
     fstore.addexplanation(tmsgkind::usererror, errorcodetext(code));
     return code;
   }
@@ -52,8 +51,7 @@ std::int32_t tparameterreading::readfile(std::string_view filename) {
   fstore.addmessage(tmsgkind::fileenter, filename);
   parsefile(scanner);
   if (const std::int32_t code = scanner.readerror(); code != 0) {
-    fstore.addmessage(tmsgkind::usererror, concat("Cannot read parameter file ", quoted(filename)),
-                      {filename});
+    fstore.addmessage(tmsgkind::usererror, concat("Cannot read parameter file ", quoted(filename)));
     fstore.addexplanation(tmsgkind::usererror, errorcodetext(code));
   }
   fstore.addmessage(tmsgkind::fileleave, filename);

@@ -35,7 +35,8 @@ struct tmessage {
   bool explains = false;  // adds to the message before it
   tsubject subject{};
   const tlinesource* source = nullptr;  // the source that is being read; null for none
-  std::int32_t line = 0;                // in that source, from 1; 0 where the source has no lines
+  // The line in that source, from 1; 0 before its first line and for a source without lines.
+  std::int32_t line = 0;
 };
 
 class tstoreobserver {

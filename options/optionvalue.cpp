@@ -4,7 +4,7 @@
 
 namespace optcore {
 
-tvaluetext toption::valuetext(twhich which) const {
+tvaluetext toption::getasstring12(twhich which) const {
   switch (fopttype) {
     case topttype::integer: return inttostr(as<tintoption>(*this).value(which));
     case topttype::dbl: return dbltostr(as<tdbloption>(*this).value(which));

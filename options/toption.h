@@ -84,11 +84,13 @@ class toption : public toptionx, public tinarena {
   virtual void reset();
 
   // The value as text: the value that was set, or else the default; empty for types without a value.
-  tvaluetext getasstring() const { return valuetext(twhich::first); }
-  tvaluetext getasstring2() const { return valuetext(twhich::second); }
+  tvaluetext getasstring() const { return getasstring12(twhich::first); }
+  tvaluetext getasstring2() const { return getasstring12(twhich::second); }
+  tvaluetext getasstring12(twhich which) const;
   // The same as a number, for the types whose value is an integer.
-  std::optional<std::int32_t> getasinteger() const { return integervalue(twhich::first); }
-  std::optional<std::int32_t> getasinteger2() const { return integervalue(twhich::second); }
+  std::optional<std::int32_t> getasinteger() const { return getasinteger12(twhich::first); }
+  std::optional<std::int32_t> getasinteger2() const { return getasinteger12(twhich::second); }
+  std::optional<std::int32_t> getasinteger12(twhich which) const;
 
   // Sets the first value to the default; does nothing for types without a default.
   void usedefined();
@@ -107,8 +109,6 @@ class toption : public toptionx, public tinarena {
   static constexpr std::uint8_t deprecationbit(tdeprecation kind) {
     return static_cast<std::uint8_t>(1U << ordinal(kind));
   }
-  tvaluetext valuetext(twhich which) const;
-  std::optional<std::int32_t> integervalue(twhich which) const;
   void setvaluefromtext(twhich which, std::string_view text);
 
   tvksoptions* fowner;
@@ -350,7 +350,7 @@ const tclass& as(const toption& option) noexcept {
 }
 
 // Defined inline, because clients that query integers by option number do so often.
-inline std::optional<std::int32_t> toption::integervalue(twhich which) const {
+inline std::optional<std::int32_t> toption::getasinteger12(twhich which) const {
   switch (fopttype) {
     case topttype::integer: return as<tintoption>(*this).value(which);
     case topttype::boolean: return as<tbooleanoption>(*this).value(which);

@@ -13,8 +13,7 @@ std::int32_t tvksoptions::optwriteparameterfile(std::string_view filename) {
 
 std::int32_t writeparameters(tvksoptions& store, std::string_view filename) {
   const auto fileproblem = [&store, filename](std::int32_t code) {
-    store.addmessage(tmsgkind::usererror, concat("Cannot write parameter file ", quoted(filename)),
-                     {filename});
+    store.addmessage(tmsgkind::usererror, concat("Cannot write parameter file ", quoted(filename)));
     store.addexplanation(tmsgkind::usererror, concat("   ", errorcodetext(code).view()));
   };
   ttextfile file;

@@ -6,9 +6,10 @@
 #include <iostream>
 #include <map>
 
+#include "base/strutilx.h"
+#include "base/zqaaudit.h"
 #include "release.h"
 #include "tools/commands.h"
-#include "tools/handle.h"
 #include "tools/text.h"
 
 namespace tool {
@@ -22,9 +23,8 @@ constexpr const char* notes =
     "Exit codes: 0 clean, 1 problems found, 2 wrong use or a file that cannot be opened.";
 
 std::string versiontext() {
-  std::string line = thandle().version();
-  line.erase(line.find_last_not_of(' ') + 1);  // it is padded to its full width
-  return "wexcorin " + std::string(optcore::release::version) + "\n" + line;
+  const std::string_view line = optcore::trimright(optcore::zqagetauditline());  // it has a fixed width
+  return "wexcorin " + std::string(optcore::release::version) + "\n" + std::string(line);
 }
 
 std::string checkfilename(const std::string& name) {

@@ -5,10 +5,9 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
-#include "tools/assignments.h"
 #include "tools/commands.h"
 #include "tools/jsontext.h"
-#include "tools/reading.h"
+#include "tools/reading/reading.h"
 
 namespace tool {
 
@@ -22,11 +21,22 @@ struct tsummary {
 };
 
 tsummary summaryof(const treading& reading, const tfindings& findings) {
+  const optcore::tvksoptions& store = reading.store();
   tsummary result = {countof(findings, tseverity::error), countof(findings, tseverity::warning),
-                     reading.handle().count(), 0};
-  for (std::int32_t number = 1; number <= result.options; ++number)
-    if (reading.handle().info(number).defined != 0) ++result.set;
+                     store.getcount(), 0};
+  for (std::int32_t i = 0; i < result.options; ++i)
+    if (store.definition().option(i).defined() != 0) ++result.set;
   return result;
+}
+
+// A line that no definition can begin with ends the reading of the definition without a message.
+void addearlyend(treading& reading) {
+  const std::int32_t line = reading.store().definition().earlyend();
+  if (line != 0)
+    reading.add({.place = {reading.definition(), line},
+                 .severity = tseverity::warning,
+                 .text = "The definition ends here, because no definition can begin like this line; "
+                         "this line and all that follow are not read"});
 }
 
 ordered_json findingjson(const tfinding& finding) {
@@ -84,10 +94,10 @@ int run(const tcheckarguments& arguments) {
   treading reading;
   if (reading.readdefinition(arguments.inputs.definition)) {
     addearlyend(reading);
-    const tassignmentwatch watch(reading);
+    reading.watchassignments();
     reading.readoptions(arguments.inputs);
   }
-  const tfindings& findings = reading.finish();
+  const tfindings& findings = reading.findings();
   const tsummary summary = summaryof(reading, findings);
   reportunopened(findings);
   if (arguments.json)

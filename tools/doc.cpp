@@ -2,13 +2,12 @@
 // documents.
 #include <iostream>
 
-#include "api/handle.h"
 #include "base/systemerror.h"
 #include "output/textfile.h"
 #include "output/vksoptionwriter.h"
 #include "tools/commands.h"
-#include "tools/documents.h"
-#include "tools/reading.h"
+#include "tools/doc/documents.h"
+#include "tools/reading/reading.h"
 #include "tools/text.h"
 
 namespace tool {
@@ -24,7 +23,7 @@ std::int32_t writetext(const std::string& path, const std::string& text) {
 
 // 0, or the operating system's code of what went wrong with the file.
 std::int32_t write(const treading& reading, tdocform form, const std::string& path) {
-  const optcore::tvksoptions& store = *reading.handle().get();
+  const optcore::tvksoptions& store = reading.store();
   const optcore::tvksoptionwriter writer(store.definition());
   switch (form) {
     case tdocform::definition: return writer.writedefinition(path);
@@ -69,7 +68,7 @@ bool document(treading& reading, const tdocarguments& arguments) {
 int run(const tdocarguments& arguments) {
   treading reading;
   const bool written = !reading.readdefinition(arguments.definition) || document(reading, arguments);
-  const int code = reportproblems(reading.finish());
+  const int code = reportproblems(reading.findings());
   return written ? code : exitunusable;
 }
 

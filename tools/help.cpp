@@ -1,32 +1,28 @@
 // help: the library's help listing for a request.
 #include <algorithm>
-#include <charconv>
 #include <iostream>
 
+#include "base/numtext.h"
+#include "base/textcase.h"
 #include "tools/commands.h"
-#include "tools/reading.h"
-#include "tools/suggest.h"
+#include "tools/reading/reading.h"
+#include "tools/reading/suggest.h"
 
 namespace tool {
 
 namespace {
 
-bool isnumber(std::string_view text) {
-  if (text.starts_with('+')) text.remove_prefix(1);
-  std::int32_t number = 0;
-  const char* end = text.data() + text.size();
-  const auto [rest, error] = std::from_chars(text.data(), end, number);
-  return error == std::errc() && rest == end;
-}
-
-// The library answers an unknown name with the summary, without a word.
-bool isanswerable(const thandle& handle, std::string request) {
+// The library answers an unknown name with the summary, without a word. A number begins with no letter: words
+// for numbers are names here.
+bool isanswerable(const optcore::tvksoptions& store, std::string request) {
   std::ranges::replace(request, ' ', '_');
-  return request.empty() || isnumber(request) || handle.find(request) != 0;
+  std::int32_t number = 0;
+  return request.empty() || (!optcore::isletter(request[0]) && optcore::strasintex(request, number)) ||
+         store.optionasobj(request) != nullptr;
 }
 
-void reportunknown(const thandle& handle, const std::string& request) {
-  const std::string suggestion = suggestiontext(nearest(request, keynames(handle), tmatch::nearorlonger));
+void reportunknown(const optcore::tvksoptions& store, const std::string& request) {
+  const std::string suggestion = suggestiontext(nearest(request, keynames(store), tmatch::nearorlonger));
   std::cerr << "wexcorin: there is no option " << printable(inquotes(request))
             << (suggestion.empty() ? "" : "; " + printable(suggestion)) << '\n';
 }
@@ -36,16 +32,16 @@ void reportunknown(const thandle& handle, const std::string& request) {
 int run(const thelparguments& arguments) {
   treading reading;
   if (reading.readdefinition(arguments.definition)) reading.showhelp(arguments.request);
-  const bool answered = isanswerable(reading.handle(), arguments.request);
+  const bool answered = isanswerable(reading.store(), arguments.request);
   tfindings problems;
-  for (const tfinding& finding : reading.finish())
+  for (const tfinding& finding : reading.findings())
     if (finding.severity == tseverity::plain)
       std::cout << printable(finding.text) << '\n';
     else
       problems.push_back(finding);
   const int code = reportproblems(problems);
   if (code == exitunusable || answered) return code;
-  reportunknown(reading.handle(), arguments.request);
+  reportunknown(reading.store(), arguments.request);
   return exitproblems;
 }
 

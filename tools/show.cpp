@@ -7,9 +7,9 @@
 #include <nlohmann/json.hpp>
 
 #include "tools/commands.h"
+#include "tools/doc/reference.h"
 #include "tools/jsontext.h"
-#include "tools/optionrow.h"
-#include "tools/reading.h"
+#include "tools/reading/reading.h"
 
 namespace tool {
 
@@ -20,18 +20,35 @@ using nlohmann::ordered_json;
 constexpr std::size_t columncount = 7;
 using tcells = std::array<std::string, columncount>;
 
-std::string legaltext(const toptionrow& row) {
-  if (!row.low.text.empty()) return row.low.text + " to " + row.high.text;
-  std::string result;
-  for (const tshownvalue& value : row.values) result += (result.empty() ? "" : ", ") + value.text;
+// An option of the definition with its values.
+struct trow {
+  toptionreference option;
+  bool set;
+  tshownvalue value, value2, defaultvalue;
+};
+
+std::vector<tshownvalue> legalvalues(const toptionreference& option) {
+  if (option.type == optcore::topttype::boolean) return {shownboolean(0), shownboolean(1)};
+  std::vector<tshownvalue> result;
+  for (const tvaluereference& value : option.values) result.push_back(value.value);
   return result;
 }
 
-tcells cellsof(const toptionrow& row) {
+std::string legaltext(const toptionreference& option) {
+  std::string result = rangephrase(option);
+  for (const tshownvalue& value : legalvalues(option)) result += (result.empty() ? "" : ", ") + value.text;
+  return result;
+}
+
+tcells cellsof(const trow& row) {
   const std::string second = row.value2.text.empty() ? "" : " " + row.value2.text;
-  tcells cells = {
-      std::to_string(row.number), row.name,      row.type, row.set ? "yes" : "", row.value.text + second,
-      row.defaultvalue.text,      legaltext(row)};
+  tcells cells = {std::to_string(row.option.number),
+                  row.option.name,
+                  std::string(optcore::opttypenames[optcore::ordinal(row.option.type)]),
+                  row.set ? "yes" : "",
+                  row.value.text + second,
+                  row.defaultvalue.text,
+                  legaltext(row.option)};
   for (std::string& cell : cells) cell = printable(cell);
   return cells;
 }
@@ -47,9 +64,9 @@ std::string aligned(const tcells& cells, const std::array<std::size_t, columncou
   return line;
 }
 
-void printtable(const std::vector<toptionrow>& rows) {
+void printtable(const std::vector<trow>& rows) {
   std::vector<tcells> lines = {tcells{"Nr", "Name", "Type", "Set", "Value", "Default", "Range or values"}};
-  for (const toptionrow& row : rows) lines.push_back(cellsof(row));
+  for (const trow& row : rows) lines.push_back(cellsof(row));
   std::array<std::size_t, columncount> widths{};
   for (const tcells& cells : lines)
     for (std::size_t column = 0; column < columncount; ++column)
@@ -60,37 +77,49 @@ void printtable(const std::vector<toptionrow>& rows) {
               << '\n';
 }
 
-ordered_json rowjson(const toptionrow& row) {
-  ordered_json result = {{"number", row.number},
-                         {"name", jsontext(row.name)},
-                         {"type", row.type},
+ordered_json rowjson(const trow& row) {
+  ordered_json result = {{"number", row.option.number},
+                         {"name", row.option.name},
+                         {"type", optcore::opttypenames[optcore::ordinal(row.option.type)]},
                          {"set", row.set},
                          {"value", row.value.json}};
   if (!row.value2.json.is_null()) result["value2"] = row.value2.json;
   result["default"] = row.defaultvalue.json;
-  if (!row.low.json.is_null()) {
-    result["low"] = row.low.json;
-    result["high"] = row.high.json;
+  if (!row.option.low.json.is_null()) {
+    result["low"] = row.option.low.json;
+    result["high"] = row.option.high.json;
   }
-  for (const tshownvalue& value : row.values) result["values"].push_back(value.json);
+  for (const tshownvalue& value : legalvalues(row.option)) result["values"].push_back(value.json);
   return result;
 }
 
-void printjson(const std::string& definition, const std::vector<toptionrow>& rows) {
+void printjson(const std::string& definition, const std::vector<trow>& rows) {
   ordered_json options = ordered_json::array();
-  for (const toptionrow& row : rows) options.push_back(rowjson(row));
+  for (const trow& row : rows) options.push_back(rowjson(row));
   const ordered_json document = {{"definition", jsontext(definition)}, {"options", options}};
   std::cout << document.dump(2) << '\n';
 }
 
-std::vector<toptionrow> rowsof(const thandle& handle, const std::vector<tshownvalue>& defaults,
-                               bool changedonly) {
-  std::vector<toptionrow> rows;
-  for (std::int32_t number = 1; number <= handle.count(); ++number) {
-    if (changedonly && handle.info(number).defined == 0) continue;
-    // option text may have added options, which have no default
-    const std::size_t index = static_cast<std::size_t>(number - 1);
-    rows.push_back(describeoption(handle, number, index < defaults.size() ? defaults[index] : tshownvalue()));
+// A list of the definition is empty until it is set; what option text has added has no default.
+tshownvalue defaultof(const toptionreference& option, bool isdefined) {
+  const bool islist = option.type == optcore::topttype::strlist;
+  return islist && isdefined ? tshownvalue{{}, ordered_json::array()} : option.defaultvalue;
+}
+
+std::vector<trow> rowsof(const optcore::tvksoptions& store, std::int32_t defined, bool changedonly) {
+  std::vector<trow> rows;
+  for (std::int32_t i = 0; i < store.getcount(); ++i) {
+    const optcore::toption& option = store.definition().option(i);
+    if (changedonly && option.defined() == 0) continue;
+    trow row = {describeoption(store, i),
+                option.defined() != 0,
+                currentvalue(option, optcore::twhich::first),
+                {},
+                {}};
+    if (option.subtype() == optcore::tsubtype::twovalues)
+      row.value2 = currentvalue(option, optcore::twhich::second);
+    row.defaultvalue = defaultof(row.option, i < defined);
+    rows.push_back(std::move(row));
   }
   return rows;
 }
@@ -99,12 +128,12 @@ std::vector<toptionrow> rowsof(const thandle& handle, const std::vector<tshownva
 
 int run(const tshowarguments& arguments) {
   treading reading;
-  if (!reading.readdefinition(arguments.inputs.definition)) return reportproblems(reading.finish());
-  const std::vector<tshownvalue> defaults = firstvalues(reading.handle());
+  if (!reading.readdefinition(arguments.inputs.definition)) return reportproblems(reading.findings());
+  const std::int32_t defined = reading.store().getcount();
   const bool opened = reading.readoptions(arguments.inputs);
-  const int code = reportproblems(reading.finish());
+  const int code = reportproblems(reading.findings());
   if (!opened) return code;
-  const std::vector<toptionrow> rows = rowsof(reading.handle(), defaults, arguments.changedonly);
+  const std::vector<trow> rows = rowsof(reading.store(), defined, arguments.changedonly);
   if (arguments.json)
     printjson(reading.definition(), rows);
   else

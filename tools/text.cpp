@@ -11,8 +11,6 @@ namespace tool {
 
 namespace {
 
-constexpr std::string_view hexdigits = "0123456789abcdef";
-
 unsigned char byteat(std::string_view text, std::size_t position) {
   return static_cast<unsigned char>(text[position]);
 }
@@ -76,12 +74,10 @@ std::string printable(std::string_view text) {
   for (std::string_view rest = valid; !rest.empty();) {
     const std::string_view character = rest.substr(0, sequence(rest));
     rest.remove_prefix(character.size());
-    if (!iscontrol(character)) {
+    if (iscontrol(character))
+      result.append("\\x").append(hexdigits(character.back()));
+    else
       result.append(character);
-    } else {
-      const unsigned char code = byteat(character, character.size() - 1);
-      result.append("\\x").append({hexdigits[code >> 4], hexdigits[code & 15]});
-    }
   }
   return result;
 }
@@ -91,9 +87,10 @@ std::size_t columns(std::string_view text) {
       std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
 }
 
-std::string external(std::string_view text) {
-  const bool quote = text.empty() || text.find_first_of(" \t,") != std::string_view::npos;
-  return quote ? inquotes(text) : std::string(text);
+std::string hexdigits(char byte) {
+  static constexpr std::string_view digits = "0123456789abcdef";
+  const auto code = static_cast<unsigned char>(byte);
+  return {digits[code >> 4], digits[code & 15]};
 }
 
 std::string inquotes(std::string_view text) { return '"' + std::string(text) + '"'; }

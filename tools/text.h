@@ -16,8 +16,8 @@ std::string printable(std::string_view text);
 // The number of columns that a valid UTF-8 text takes, one per character.
 std::size_t columns(std::string_view text);
 
-// As an option file needs it: in double quotes when it is empty or holds a blank, tab or comma.
-std::string external(std::string_view text);
+// The two hexadecimal digits of a byte.
+std::string hexdigits(char byte);
 
 // In double quotes.
 std::string inquotes(std::string_view text);

@@ -1,34 +1,52 @@
 // write: what option files and texts set, as one option file in the library's form.
+#include <filesystem>
 #include <iostream>
-#include <optional>
 
-#include "api/handle.h"
 #include "tools/commands.h"
-#include "tools/inexpressible.h"
-#include "tools/reading.h"
+#include "tools/reading/readback.h"
+#include "tools/reading/reading.h"
 
 namespace tool {
 
 namespace {
 
+// Writes the output and answers a file that holds the same, to be read; empty when nothing could be written.
+std::string written(treading& reading, const std::string& output, const std::string& name,
+                    const ttemporaryfile& copy) {
+  const bool isstandard = output == "-";
+  if (!isstandard && !reading.write(name, output)) return {};
+  std::error_code unknown;
+  if (!isstandard && std::filesystem::is_regular_file(output, unknown)) return output;
+  if (!reading.write(name, copy.path())) return {};
+  if (isstandard) std::cout << copy.contents();
+  return copy.path();
+}
+
 void write(treading& reading, const std::string& output) {
   const std::string name = output == "-" ? "<stdout>" : output;
-  // options are read to the end of the line, where nobody asks for something else
-  for (const tinexpressible& each : inexpressible(*reading.handle().get(), true))
-    reading.add({.place = {name}, .severity = tseverity::warning, .text = each.text});
-  if (output != "-") return reading.write(name, output);
-  const ttemporaryfile file;
-  reading.write(name, file.path());
-  std::cout << file.contents();
+  const auto warn = [&](const std::string& text, const std::vector<std::string>& details) {
+    reading.add({.place = {name}, .severity = tseverity::warning, .text = text, .details = details});
+  };
+  optcore::tvksoptions fresh;  // it comes first: what is written may be the definition's own file
+  const bool hasdefinition = reading.readdefinitionagain(fresh);
+  const ttemporaryfile copy;
+  const std::string file = written(reading, output, name, copy);
+  if (file.empty()) return;
+  treadback readback(fresh);
+  const std::int32_t code = fresh.optreadparameterfile(file);
+  if (!hasdefinition || code != 0)
+    return warn("the file cannot be read back, so it is not known whether it holds all that was set", {});
+  for (const tdifference& each : readback.differences(reading.store())) warn(each.text, each.details);
 }
 
 }  // namespace
 
 int run(const twritearguments& arguments) {
   treading reading;
+  reading.keepdefinition();
   if (reading.readdefinition(arguments.inputs.definition) && reading.readoptions(arguments.inputs))
     write(reading, arguments.output);
-  return reportproblems(reading.finish());
+  return reportproblems(reading.findings());
 }
 
 }  // namespace tool

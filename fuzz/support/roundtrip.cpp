@@ -1,7 +1,10 @@
 // The round trip of a parameter file, and what a pair keeps for it.
+#include <bit>
+#include <vector>
+
 #include "api/handle.h"
 #include "fuzz/support/target.h"
-#include "tools/inexpressible.h"
+#include "tools/reading/readback.h"
 
 namespace fuzzing {
 
@@ -42,29 +45,86 @@ std::string written(tpair& pair, const std::string& filename) {
   return bytes[0];
 }
 
-}  // namespace
+// All that an option holds; empty where there is none.
+std::string contents(const optcore::toption* option) {
+  using namespace optcore;
+  if (option == nullptr) return {};
+  std::string all = std::to_string(option->defined()) + (option->outofbounds() != 0 ? " out of bounds" : "");
+  for (const tvaluetext& text : {option->getasstring(), option->getasstring2()})
+    all.append("\n").append(text.view());
+  if (const auto* dbl = ifis<tdbloption>(option))
+    for (const double value : {dbl->getasdouble(), dbl->getasdouble2()})
+      all.append("\n").append(std::to_string(std::bit_cast<std::uint64_t>(value)));
+  if (const auto* list = ifis<tstrlistoption>(option))
+    for (std::int32_t i = 0; i < list->itemcount(); ++i) all.append("\n").append(list->item(i));
+  return all;
+}
 
-void checkroundtrip(tpair& pair, bool eolonly) {
-  written(pair, "out1");
-  bool survives = true;
-  for (const auto& [option, text] : tool::inexpressible(*pair.handle(0), eolonly)) {
-    if (option > 0) pair.one(optresetnr, option);
-    survives &= option > 0;
+// The same of all options, and the numbers of the dot entries, whose texts are in the file.
+std::string contents(const optcore::tvksoptions& store) {
+  std::string all;
+  for (std::int32_t i = 0; i < store.getcount(); ++i)
+    all += contents(store.definition().getobjects(i)) + "\n\n";
+  for (std::int32_t i = 0; i < store.dotoptions().count(); ++i)
+    all += std::to_string(std::bit_cast<std::uint64_t>(store.dotoptions().getobject(i)->value())) + "\n";
+  return all;
+}
+
+// Options of the definition have the same numbers in both, an option that was added has only its name.
+const optcore::toption* twin(const tpair& again, std::int32_t defined, std::int32_t number,
+                             std::string_view name) {
+  const tvksoptions& store = *again.handle(0);
+  return number <= defined ? store.definition().getobjects(number - 1) : store.definition().exactoption(name);
+}
+
+// What is named must differ, and is reset. False when nothing was there to be reset.
+bool resetnamed(tpair& pair, const tpair& again, std::int32_t defined,
+                const std::vector<tool::tdifference>& differences) {
+  bool isreset = false;
+  for (const tool::tdifference& each : differences) {
+    if (each.option == 0) continue;
+    const optcore::toption& option = pair.handle(0)->option(each.option - 1);
+    if (option.defined() == 0) continue;
+    const std::string here = contents(&option);
+    const std::string there = contents(twin(again, defined, each.option, option.name()));
+    HOLDS(here != there, each.text, here);
+    isreset = true;
   }
+  for (const tool::tdifference& each : differences)
+    if (each.option > 0) pair.one(optresetnr, each.option);
+  return isreset;
+}
+
+// Whether there are settings to be tried again, those that were named being gone.
+bool triesagain(tpair& pair, bool eolonly) {
   const std::string first = written(pair, "out1");
-  if (pair.definition() == nullptr) return;
+  if (pair.definition() == nullptr) return false;
   tpair again;
   writefile("round.def", *pair.definition());
   HOLDS(again.readdefinition("round.def") == 0, "definition");
   again.clearmessages();
   again.one(opteolonlyset, eolonly ? 1 : 0);
+  const std::int32_t defined = again.one(optcount);
+  tool::treadback readback(*again.handle(0));
   HOLDS(again.call(BOTH(readparameterfile), ttext("out1")) == 0, "what was written");
+  const std::vector<tool::tdifference> differences = readback.differences(*pair.handle(0));
   const std::string second = written(again, "out2");
-  if (pair.wasfull() || !survives) return;
   std::int32_t errors{}, warnings{};
   again.one(opterrorcount, errors, warnings);
-  HOLDS(errors == 0, first, messages(again));
-  HOLDS(first == second, first, second);
+  if (differences.empty()) {
+    HOLDS(errors == 0, first, messages(again));
+    HOLDS(first == second, first, second);
+    return false;
+  }
+  HOLDS(errors != 0 || first != second || contents(*pair.handle(0)) != contents(*again.handle(0)),
+        differences.front().text, first);
+  return resetnamed(pair, again, defined, differences);
+}
+
+}  // namespace
+
+void checkroundtrip(tpair& pair, bool eolonly) {
+  while (triesagain(pair, eolonly)) continue;
 }
 
 }  // namespace fuzzing

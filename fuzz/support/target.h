@@ -84,11 +84,10 @@ void checkmessages(tpair& pair);
 enum class tscope { everything, whatisset };
 void checkstate(tpair& pair, tscope scope);
 
-// Writes the settings as a parameter file, reads it into a new store with the same definition, in end-of-line
-// mode or in normal mode, and writes them again. The bytes must be the same, and reading must file no error.
-//
-// Options with a value that a parameter file cannot express, as the tool determines, are reset first. If
-// there are other such settings, the bytes are not compared.
+// Writes the settings as a parameter file and reads it into a new store with the same definition, in
+// end-of-line mode or in normal mode. If the tool finds no difference between the stores, reading must have
+// filed no error, and writing again must give the same bytes. Otherwise each option that the tool names must
+// really differ; the named options are reset, and the check is repeated.
 void checkroundtrip(tpair& pair, bool eolonly);
 
 }  // namespace fuzzing

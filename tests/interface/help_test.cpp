@@ -1,5 +1,7 @@
 // The help listing, line by line: the summary by group with its column, the alphabetical listing, the
 // description of one option by type, what a request selects, and the order of the names.
+#include <stdio_ext.h>
+
 #include "interface/script.h"
 
 namespace testsupport::helptest {
@@ -17,94 +19,118 @@ constexpr const char* groupsdefinition =
     "ghost synonym nosuch\nquietly synonym silent\nmarks deprecated\n iter10 use iter2\n loop use iter2\n"
     "olds obsolete\n plain gone\n";
 
-const std::string summary = R"(
-      \nOptions summary by group\n\nLate options\nplain                 : \n\niter2                 : Second
-      \niter10                : Tenth\nloop (Synonym for iter2)\n<: Second\n\nNothing here\n)";
-const std::string alphabet = R"(
-      \nOptions in alphabetical order\n\niter2: Second\n>integer,  range: minint to maxint default: 5\niter10: Tenth
-      \n>integer,  range: 0 to 10 default: 5\n>More about the tenth,\n>in two lines
-      \nplain: \n>string,  default: "a b"\nsecret: In a hidden group\n>boolean,  default: 0\n)";
+// What the requests for the summary and for the list in alphabetical order give.
+const std::string summary =
+    "help $1 => \\nOptions summary by group\\n\\nLate options\\n"
+    "plain                 : \\n\\niter2                 : Second\\niter10                : Tenth\\n"
+    "loop (Synonym for iter2)\\n<: Second\\n\\nNothing here\\n";
+const std::string list =
+    "\\nOptions in alphabetical order\\n\\niter2: Second\\n"
+    ">integer,  range: minint to maxint default: 5\\niter10: Tenth\\n"
+    ">integer,  range: 0 to 10 default: 5\\n>More about the tenth,\\n>in two lines\\nplain: \\n"
+    ">string,  default: \"a b\"\\nsecret: In a hidden group\\n>boolean,  default: 0\\n";
 
-TEST(help, requests) {
-  // What is neither number nor name gives the summary.
-  for (const std::string number : {"1", "\\e", "ghost", "\\x202", "2.0", "99999999999"})
-    play(groupsdefinition, request, number + " => \\e" + summary);
-  for (const std::string number : {"+3", "0"})
-    play(groupsdefinition, request, number + " => \\e" + summary + alphabet);
-  play(groupsdefinition, request, "2 => \\e" + alphabet);
-  play(groupsdefinition, request, R"(
+const trules summaries("help", groupsdefinition, summary, {__LINE__, R"(
+    // the summary is what 1 asks for
+    1
+
+    // what is neither a number nor a name asks for the summary
+    \e
+    ghost
+    \x202
+    2.0
+    99999999999
+)"});
+const trules listings("help", groupsdefinition, "help $1 => " + list, {__LINE__, R"(
+    // the list in alphabetical order is what 2 asks for
+    2
+)"});
+const trules summariesandlists("help", groupsdefinition, summary + list, {__LINE__, R"(
+    // the summary and the list are what 3 and a number below 1 ask for
+    +3
+    0
+)"});
+
+const trules otherrequests("help", groupsdefinition, request, {__LINE__, R"(
+    // 8 alone asks for nothing
     8
+
+    // the summary that 9 asks for says what is deprecated
     9 => \nOptions summary by group\n\nLate options\nplain (Obsolete)      : \n\niter2 (Deprecated)    : Second
       \niter10 (Deprecated)   : Tenth\nloop (Synonym for iter2) (Deprecated)\n<: Second\n\nNothing here\n
+
+    // the name of an option or synonym asks for its description
     ITER2 => iter2: Second\n>integer,  range: minint to maxint default: 5\n
     silent => silent: Without help flag\n>boolean,  default: 0\n
     Loop => Loop is a synonym for iter2\niter2: Second\n>integer,  range: minint to maxint default: 5\n
-  )");
-  // A title that no line follows is left out, unless the alphabetical listing ends its line.
-  play("lone boolean 1 5 1 1\n", request, R"(
+)"});
+
+const trules withoutgroups("help", "lone boolean 1 5 1 1\n", request, {__LINE__, R"(
+    // a title without lines below it is left out unless the list ends its line
     1 => \n
     2 => \nOptions in alphabetical order\n\nlone: \n>boolean,  default: 5\n
     3 => \nOptions summary by group\n\nOptions in alphabetical order\n\nlone: \n>boolean,  default: 5\n
-  )");
-}
+)"});
 
-// The debugging list goes to standard output, and there alone.
-TEST(help, debugginglist) {
+const trules fromafile("help", "lone boolean 1 5 1 1\n", {__LINE__, R"(
+    // the option help without a request gives the summary
+    readfromstr help ; told => +string |  | -string
+)"});
+
+// The debugging list goes to standard output at once; the list in alphabetical order goes with it.
+TEST(help, debugging_list_is_printed_and_flushed) {
   testing::internal::CaptureStdout();
-  play(groupsdefinition, "help 6 => $1", "\\e" + alphabet);
-  const std::string list = "\niter2 \niter10 \nloop *****Nil = Syn\nplain \nsecret \n";
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), list + list);
+  play(groupsdefinition, "help 6 => " + list);
+  EXPECT_EQ(__fpending(stdout), 0u);
+  const std::string printed = "\niter2 \niter10 \nloop *****Nil = Syn\nplain \nsecret \n";
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), printed + printed);
 }
 
-TEST(help, of_a_parameter_file_without_request) {
-  thandle h;
-  h.definition("lone boolean 1 5 1 1\n");
-  h.string("help");
-  EXPECT_EQ(told(h), "+string |  | -string");
-}
-
-// Names up to column 22, names of 22 and of 23 characters.
-TEST(help, columnofthesummary) {
-  play(
-      "g group 1 1 G\na12345678901234567890x boolean 1 0 1 1 has 22\n"
-      "b1234567890123456789x boolean 2 0 1 1 has 21\nc123456789012345678901x boolean 3 0 1 1 has 23\n"
-      "d boolean 4 0 1 1\nf12345 synonym d\nf123456 synonym d\nold deprecated\n d\n",
-      request, R"(
+const trules columns(
+    "help",
+    "g group 1 1 G\na12345678901234567890x boolean 1 0 1 1 has 22\n"
+    "b1234567890123456789x boolean 2 0 1 1 has 21\nc123456789012345678901x boolean 3 0 1 1 has 23\n"
+    "d boolean 4 0 1 1\nf12345 synonym d\nf123456 synonym d\nold deprecated\n d\n",
+    request, {__LINE__, R"(
+    // help texts begin in column 23, on a line of their own where the name is longer
     1 => \nOptions summary by group\n\nG\na12345678901234567890x: has 22\nb1234567890123456789x : has 21
       \nc123456789012345678901x\n<: has 23\nd                     :\x20
       \nf12345 (Synonym for d): \nf123456 (Synonym for d)\n<: \n
     9 => \nOptions summary by group\n\nG\na12345678901234567890x: has 22\nb1234567890123456789x : has 21
       \nc123456789012345678901x\n<: has 23\nd (Deprecated)        : \nf12345 (Synonym for d) (Deprecated)
       \n<: \nf123456 (Synonym for d) (Deprecated)\n<: \n
-  )");
-}
+)"});
 
-TEST(help, descriptionbytype) {
-  play(
-      "gap double 1 0.1 0 maxdouble 1 1 Gap\n Relative gap\nany double 2 1.5e-7 mindouble 1e20 1 1\n"
-      "iter integer.two 3 minint -5 maxint 1 1 Two\nflag boolean.nv 4 1 1 1 Flag\n About  the flag  \n\n"
-      "  closing words\n* left out\n \n last\nnote string 5 \"\" 1 1 Note\nmethod enumstr 6 auto 1 1 Method\n"
-      " auto 1 Automatic choice\n Primal 0\n \"two words\" 1 Two\nlevel enumint 7 minint 1 1 Level\n"
-      " minint 1 Lowest\n 99 1 Highest\n 7 1\nsteps enumint 8 7 1 1\n 7 1\n 100 1 Most\nbare enumint 9 7 1 1 "
-      "No items\nwords multilist 10 1 1 Words\n"
-      "names strlist 11 1 1 Names\nall macro 1 1 All\nact immediate Message 1 1 Act\n",
-      request, R"(
+const trules descriptions(
+    "help",
+    "gap double 1 0.1 0 maxdouble 1 1 Gap\n Relative gap\nany double 2 1.5e-7 mindouble 1e20 1 1\n"
+    "iter integer.two 3 minint -5 maxint 1 1 Two\nflag boolean.nv 4 1 1 1 Flag\n About  the flag  \n\n"
+    "  closing words\n* left out\n \n last\nnote string 5 \"\" 1 1 Note\nmethod enumstr 6 auto 1 1 Method\n"
+    " auto 1 Automatic choice\n Primal 0\n \"two words\" 1 Two\nlevel enumint 7 minint 1 1 Level\n"
+    " minint 1 Lowest\n 99 1 Highest\n 7 1\nsteps enumint 8 7 1 1\n 7 1\n 100 1 Most\nbare enumint 9 7 1 1 "
+    "No items\nwords multilist 10 1 1 Words\n"
+    "names strlist 11 1 1 Names\nall macro 1 1 All\nact immediate Message 1 1 Act\n",
+    request, {__LINE__, R"(
+    // a description has the type, the range, the default and further lines of help
     gap => gap: Gap\n>double,  range: 0 to maxdouble default: 0.1\n>Relative gap\n
     any => any: \n>double,  range: mindouble to 1E20 default: 1.5E-7\n
     iter => iter: Two\n>integer,  range: -5 to maxint default: minint\n
     flag => flag: Flag\n>boolean,  default: 1\n>About  the flag\n>closing words\n>\n>last\n
     note => note: Note\n>string,  default: ""\n
+
+    // a description lists the values of an enumeration
     method => method: Method\n>enumstr,  default: "auto"\n>   auto       Automatic choice\n>   Primal    \x20
       \n>   two words  Two\n
     level => level: Level\n>enumint,  default: minint\n>    -2147483648 Lowest\n>    99 Highest\n>     7 \n
     steps => steps: \n>enumint,  default: 7\n>      7 \n>    100 Most\n
     bare => bare: No items\n>enumint,  default: 7\n
+
+    // a description of an option without a value of its own has the type alone
     words => words: Words\n>multilist, \n
     names => names: Names\n>strlist, \n
     all => all: All\n>macro, \n
     act => act: Act\n>immediate, \n
-  )");
-}
+)"});
 
 // The names in the order of the summary.
 const taddedstep summarystep("summary", [](thandle& h, const std::string&) {
@@ -114,30 +140,34 @@ const taddedstep summarystep("summary", [](thandle& h, const std::string&) {
   return result;
 });
 
-// A prefix without regard to case, then the number at the end. Names that are equal in both fall as the sort
-// swaps them: options as defined, then synonyms, is where it starts.
-TEST(help, orderofnames) {
-  play("g group 1 1 G\n", "integers $1 ; summary => $2", R"(
+// The sort starts with options as they are defined and synonyms behind them.
+const trules order("help", "g group 1 1 G\n", "integers $1 ; summary => $2", {__LINE__, R"(
+    // names are ordered without regard to case
     b A c aa B_ => A aa b B_ c
-    iter10 Iter2 iter2a x ITER02 iter a2 iter002 => a2 iter ITER02 iter002 Iter2 iter10 iter2a x
+
+    // a number at the end of a name counts by its value
+    iter10 Iter2 iter2a x ITER1 iter a2 iter003 => a2 iter ITER1 Iter2 iter003 iter10 iter2a x
+    n30 n12 n21 n11 => n11 n12 n21 n30
     x10000000000000000000 b1 x_1 x0 x9999999999999999999 x a99
       => a99 b1 x x0 x9999999999999999999 x10000000000000000000 x_1
+
+    // names that differ in leading zeros only stand as the sort leaves them
     eq1 b eq01 a eq001 eq0001 c eq00001 => a b c eq0001 eq00001 eq01 eq1 eq001
-  )");
-  play("g group 1 1 G\ne01 string 1 x 1 1\ne1 string 1 x 1 1\ne001 synonym e1\ne0001 synonym e01\n", request,
-       R"(
+)"});
+const trules orderofsynonyms(
+    "help", "g group 1 1 G\ne01 string 1 x 1 1\ne1 string 1 x 1 1\ne001 synonym e1\ne0001 synonym e01\n",
+    request, {__LINE__, R"(
+    // synonyms that differ in leading zeros only stand as the sort leaves them
     1 => \nOptions summary by group\n\nG\ne001 (Synonym for e1) : \ne0001 (Synonym for e01)\n<:\x20
       \ne01                   : \ne1                    : \n
-  )");
-}
+)"});
 
-// With names of words the request may be typed with blanks or underscores; blanks are what names are shown
-// with.
-TEST(help, lookupmodeminos) {
-  play(
-      "g group 1 1 G\nmajor_iterations integer 1 5 0 10 1 1 Limit\nmax_loops synonym major_iterations\n"
-      "Minos lookup\n",
-      request, R"(
+const trules minos(
+    "help",
+    "g group 1 1 G\nmajor_iterations integer 1 5 0 10 1 1 Limit\nmax_loops synonym major_iterations\n"
+    "Minos lookup\n",
+    request, {__LINE__, R"(
+    // a name of several words may be typed with blanks or underscores, and is shown with blanks
     MAJOR ITERATIONS => major iterations: Limit\n>integer,  range: 0 to 10 default: 5\n
     maj iter => maj iter is a synonym for major iterations
       \nmajor iterations: Limit\n>integer,  range: 0 to 10 default: 5\n
@@ -145,15 +175,16 @@ TEST(help, lookupmodeminos) {
       \nmajor iterations: Limit\n>integer,  range: 0 to 10 default: 5\n
     1 => \nOptions summary by group\n\nG\nmajor iterations      : Limit
       \nmax loops (Synonym for major iterations)\n<: Limit\n
-  )");
-}
+)"});
 
-TEST(help, linesarecutat255) {
-  const std::string text(252, 'x');
-  play("g group 1 1 " + text + "xyz\niter integer 1 5 0 10 1 1 " + text + "\n " + text + "\n", request, R"(
+const std::string longtext(252, 'x');
+const trules longlines("help",
+                       "g group 1 1 " + longtext + "xyz\niter integer 1 5 0 10 1 1 " + longtext + "\n " +
+                           longtext + "\n",
+                       request, {__LINE__, R"(
+    // a line is cut at 255 characters
     iter => iter: <249x>\n>integer,  range: 0 to 10 default: 5\n><231x>\n
     1 => \nOptions summary by group\n\n<252x>xyz\niter                  : <231x>\n
-  )");
-}
+)"});
 
 }  // namespace testsupport::helptest

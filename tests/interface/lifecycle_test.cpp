@@ -14,7 +14,7 @@ std::string loadpath() {
 
 const std::string pathatload = loadpath();
 
-TEST(lifecycle, createandfree) {
+TEST(lifecycle, handles_are_independent_and_a_freed_one_is_null) {
   tvksoptions *first = nullptr, *second = nullptr;
   EXPECT_EQ(xcreate(&first), first);
   EXPECT_EQ(xcreate(&second), second);
@@ -25,14 +25,13 @@ TEST(lifecycle, createandfree) {
   xfree(&first);  // nothing to free
   EXPECT_EQ(first, nullptr);
   xfree(&second);
-  play("", R"(
+  play("", {__LINE__, R"(
     count => 0 ; synonymcount => 0 ; groupcount => 0 ; lookup Help => -1 ; dotoptcount => 0|0
     indicatorcount => 0|0 ; recentenabled => 1 ; eolonlyset 0 => 1
-  )");
+  )"});
 }
 
-// One path for the whole process, in whichever form it was set.
-TEST(lifecycle, loadpath) {
+TEST(lifecycle, the_process_has_one_load_path_in_whichever_form_it_was_set) {
   EXPECT_EQ(pathatload, "");
   const auto set = [](auto path) {
     bothforms::call(BOTH(setloadpath), path);
@@ -66,33 +65,37 @@ const taddedstep check("check", [](thandle&, const std::string& declared) {
   return std::to_string(result) + '|' + message;
 });
 
-// The compiler takes the codes from the functions' types.
-TEST(lifecycle, agreementwithclients) {
-  play("", R"(
+// The compiler takes the codes of the library from the types of its functions.
+const trules agreement("agreement", "", {__LINE__, R"(
+    // a client of another version is compatible, newer or too old
     apiversion 2 => 1|API version and library version are the same.|1
     apiversion 3 => 1|API version is newer than this library.|3
     apiversion 2147483647 => 1|API version is newer than this library.|3
     apiversion 1 => 1|Client version is compatible to this version of the library.|2
     apiversion 0 => 0|The API is too old for the used library, API version: 0, library version: 2|0
     apiversion -1 => 0|The API is too old for the used library, API version: -1, library version: 2|0
+
+    // a function agrees by the codes of its result and arguments
     check optReadFromPChar 0 10 => 1| ; check optFindStr 3 11 4 4 => 1| ; check optCount 3 => 1|
     check optSetValuesNr 3 3 3 13 11 => 1| ; check optGetValuesNr 3 3 12 4 14 12 => 1|
     check optGetInfoNr 3 3 4 4 4 4 4 4 => 1| ; check optResetAll 0 => 1|
+
+    // a function is known by its name in mixed case
     check optreaddefinition 3 11 => 0|optreaddefinition cannot be found in wexcorin.
     check  3 => 0| cannot be found in wexcorin.
     check xCreate 3 => 0|xCreate cannot be found in wexcorin.
     check <254x> 3 => 0|<254x>\x20
+
+    // a function that differs is reported with what differs
     check optCount 3 3
       => 0|optCount has wrong number of arguments, the API expects 0 but it has 1 in the library.
     check optGetValuesNr 3 3 12 4 13 12 => 0|optGetValuesNr has wrong argument type for argument 4
     check optFindStr 0 11 3 4 => 0|optFindStr has wrong argument type for argument 0,2
     check optFindStr 0 0 0 0 => 0|optFindStr has wrong argument type for argument 0,1,2,3
-  )");
-}
+)"});
 
-// Zero-terminated texts arrive whole up to 254 characters; a short string holds 255, and zero bytes like any
-// other.
-TEST(lifecycle, longtexts) {
+// A short string may hold zero bytes like any other.
+TEST(texts, arrive_whole_up_to_254_characters_and_up_to_255_as_short_strings) {
   play(everytype, "setstrnr note <254x> ; value note => <254x>");
   thandle h;
   h.definition(everytype);
@@ -108,23 +111,27 @@ TEST(lifecycle, longtexts) {
   }
 }
 
-TEST(lifecycle, nulltextsareempty) {
-  play(everytype, R"(
-    readdefinition(null) => 2 ; readparameterfile(null) => 2 ; readfromstr(null) ; readfrompchar(null)
-    // The help is the summary, which has no group to show here.
-    writeparameterfile(null) => 2 ; addmessage(null) ; showhelp(null)
+// The help that is shown is the summary, which has no group here.
+const trules nulltexts("texts", everytype, {__LINE__, R"(
+    // a null is an empty name of a file
+    readdefinition(null) => 2 ; readparameterfile(null) => 2 ; writeparameterfile(null) => 2
     told => D Cannot open option file "" | D Error code = 2; No such file or directory
       | E Cannot open parameter file "" | E Error code = 2; No such file or directory
-      | E Cannot write parameter file "" | E    Error code = 2; No such file or directory | E  |\x20
+      | E Cannot write parameter file "" | E    Error code = 2; No such file or directory
+
+    // a null is an empty text, message or request
+    readfromstr(null) ; readfrompchar(null) ; addmessage(null) ; showhelp(null) ; told => E  |\x20
+
+    // a null is an empty name of an option
     findstr(null) => 0|-1|-1 ; lookup(null) => -1 ; listcountstr(null) => -2
+
+    // a null is an empty value
     setstrnr(null) note => 1 ; value note => ; setstr2nr(null) pair => 0 ; setvaluesnr(null) method 1 1 => 0
     told => V Integer expected, for option "pair" saw "" | V Unknown value for option "method" saw ""
       | V    Possible values are  auto Primal two words
-  )");
-}
+)"});
 
-// The name may stand in the buffer that receives the text.
-TEST(lifecycle, resultoverargument) {
+TEST(texts, a_name_may_stand_in_the_buffer_that_receives_the_text) {
   thandle h;
   h.definition(everytype);
   for (const char* line : {"string_list same", "string_list same", "pair 3 4"}) h.string(line);
@@ -140,9 +147,8 @@ TEST(lifecycle, resultoverargument) {
   EXPECT_EQ(over("string_list", BOTH(getfromliststr)), "same");
 }
 
-// The line is 78 characters wide: component, status, date, version, platform and builds, build code and
-// system.
-TEST(lifecycle, versionline) {
+// Component, status, date, version, platform and builds, build code and system.
+TEST(lifecycle, the_version_line_is_78_characters_wide) {
   thandle h;
   std::string line;
   h.call(BOTH(version), line);

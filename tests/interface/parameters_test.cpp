@@ -25,244 +25,314 @@ constexpr const char* options =
     " goneflag left, too\n was never more\nLines immediate EolFlag 0 0\nRead immediate ReadFile 0 0\n"
     "Say immediate Message 0 0\nFree immediate NoBounds 0 0\nmarks eolcomm !#\n";
 
-TEST(parameters, keysandvalues) {
-  play(options, reading, R"(
-    // after a dash the period belongs to the value
-    0 => , \tALIAS\t=\t1 ,/b=2 -d.5 -/-s x => a=1 b=2 d=0.5 --s=[x]
-    0 => \x20,, a 1\nb 2 => b=2 => E1 Option keyword expected, saw ","
+const trules keys("keys", options, reading, {__LINE__, R"(
+    // dashes and slashes may stand before a key, and a comma between settings
+    0 => , \tALIAS\t=\t1 ,/b=2 -/-s x => a=1 b=2 --s=[x]
     0 => a 1 , \n, ! b 3\n,\nb 2 => a=1 b=2
+    1 => ,a 1\n,b 2 => a=1 b=2
+    0 => \x20,, a 1\nb 2 => b=2 => E1 Option keyword expected, saw ","
+
+    // after a dash a period begins the value
+    0 => -d.5 => d=0.5
+
+    // a key has to follow a dash
     0 => - a 1\n-\nb 2 => b=2
       => E1 Option keyword expected, saw " " | E2 Option keyword expected, saw ""
+
+    // a key and its value are separated by blanks or an equals sign
+    1 => \ta = 1 \nb := 2 # two => a=1 b=2
     0 => a:=1 b 2\nb, 2\nnv! b 3\n--zz:5 => => E1 Bad separator after key "a"
       | E2 Bad separator after key "b" | E3 Bad separator after key "nv" | E4 Bad separator after key "zz"
+
+    // a star in the first column and an end-of-line character begin a comment
     0 => * a 1\n\n * a 1\n\t! a 1\nb 2 ! a 1 => b=2 => E3 Option keyword expected, saw "*"
+
+    // an unknown option is skipped with its value, and the line goes on
     0 => bad , a 3 bad "x y" b 2\nbad=1 a 4\nbad = 1 a 5 => a=4 b=2
       => E1 E1 E2 E3 Unknown option "bad" | E3 Option keyword expected, saw "1"
-    1 => ,a 1\n,b 2,\na 3, b 2\ns 1, b 2 => a=1 s=1, b 2
-      => V2 Integer expected, for option "b" saw "2," | V3 Integer expected, for option "a" saw "3, b 2"
-    1 => \ta = 1 \nb := 2 # two => a=1 b=2
-    // Messages on values quote the key as typed.
+
+    // messages on values quote the key as it was typed
     0 => Alias 101 /B x => => V1 Integer range error for option "Alias" saw "101"
       | V1    Valid range is -100 to 100 | V1 Integer expected, for option "B" saw "x"
 
-    // Normal reading: one token.
+    // a key with two dashes makes a list of what it is given
+    1 => --zz = a, b ! c\n//ZZ\n-/b 2 => --zz=[a, b ! c|] --b=[2]
+    0 => --zz = x y 1 --zz "a b",---zz :x => --zz=[x|a b|:x] => E1 Unknown option "y"
+    1 => --zz "a b"\n--zz ! => --zz=[] => V1 Bad double-quote in value
+)"});
+
+const trules values("settings", options, reading, {__LINE__, R"(
+    // in normal reading a value is one word or a text in quotes
     0 => s "x y" b 2\nl x l "y z",l "" l w!v # z => b=2 s=x y l=[x|y z||w!v]
     0 => s "a"b"c" b 2 => b=2 => V1 Bad double-quote in value
-    // A quote that nothing closes is no value; a second quote inside a value opens a third.
-    0 => s "x y b 2\ns "a"b" b 2\nb 3 => b=3
-    0 => s "\ntwo "3\nb 3 => b=3
     0 => s , b 2\na , t 1 => b=2 s= t=1 => V2 Integer expected, for option "a" saw ""
+
+    // in normal reading a quote that nothing closes gives no value and ends the line
+    0 => s "x y b 2\nb 3 => b=3
+    0 => s "a"b" b 2\nb 3 => b=3
+    0 => s "\ntwo "3\nb 3 => b=3
+
+    // in end-of-line reading a value is the rest of the line without blanks around it
+    1 => s  x  y \t ! z\nl "x ! y" # "z"\nl "  x  "\nl x, y\nl "z"\nl "" => s=x  y l=[x ! y|x|x, y|z|]
+    1 => b 2,\na 3, b 2\ns 1, b 2 => s=1, b 2
+      => V1 Integer expected, for option "b" saw "2," | V2 Integer expected, for option "a" saw "3, b 2"
+    1 => s "x y\ns "x" y\na "5" ! five => a=5 => V1 V2 Bad double-quote in value
+
+    // a key needs a value
     0 => ALIAS\na :5\nb 2 => b=2
       => E1 E2 Value expected for key "a" | E2 Option keyword expected, saw ":"
     1 => t = \na ! 5\na :5\nb 2 => b=2
       => E1 Value expected for key "t" | E2 E3 Value expected for key "a" | E3 Remainder of line ignored
-    // Options without a value or with one at will.
-    0 => nv flag b 2 opt\nshape b 2 level => b=2 nv=7 opt=8 flag=1 shape=box level=5
+
+    // after an option without value the line goes on
+    0 => nv flag b 2 => b=2 nv=7 flag=1
     0 => nv 5 b 2\nflag=1 => nv=7 flag=1
       => E1 Option keyword expected, saw "5" | E2 Option keyword expected, saw "="
     1 => nv\nflag b 2\nflag =\nb 2 => b=2 nv=7 flag=1 => E2 E3 Remainder of line ignored
+
+    // an option with an optional value takes the word that follows
+    0 => opt\nshape b 2 level => b=2 opt=8 shape=box level=5
     0 => opt b 2\nopt =\nopt , b 3 => b=3
       => V1 Integer expected, for option "opt" saw "b" | E1 Option keyword expected, saw "2"
       | E2 Value expected for key "opt" | V3 Integer expected, for option "opt" saw ""
-    // Two values: one sets both, "*" leaves a value as it is.
+
+    // one word sets both of two values, and a star leaves one as it is
     0 => two 3 4 b 2 => b=2 two=3,4
     0 => two 3 * => two=3,-
+    1 => two * "4" # five => two=-,4
+    0 => two 3\ncolor red blue s x => s=x two=3,3 color=red,blue
     0 => two 3, b 2 => b=2 two=3,- => V1 Integer expected, for option "two" saw ""
     0 => two x => => V1 V1 Integer expected, for option "two" saw "x"
-    0 => two\ntwo 3\ncolor red blue s x => s=x two=3,3 color=red,blue => E1 Value expected for key "two"
+    0 => two => => E1 Value expected for key "two"
+
+    // in end-of-line reading the second value is the rest of the line
     1 => two 3 4 5\ntwo 6,7 => two=6,-
       => V1 Integer expected, for option "two" saw "4 5" | V2 Integer expected, for option "two" saw ",7"
-    1 => two * "4" # five => two=-,4
     1 => color blue red wine => color=blue,-
       => V1 Unknown value for option "color" saw "red wine" | V1    Possible values are  red blue
 
-    // The rest of a line.
-    1 => s  x  y \t ! z\nl "x ! y" # "z"\nl "  x  "\nl x, y\nl "z"\nl "" => s=x  y l=[x ! y|x|x, y|z|]
-    1 => s "x y\ns "x" y\na "5" ! five => a=5 => V1 V2 Bad double-quote in value
-    // 255 characters are held; each further one takes the place of the last.
-    1 => l <254v>wxyz\nl <254v>wx  ! c\nl "<254v>wxyz" ! c => l=[<254v>z|<254v>]
-      => V3 Bad double-quote in value
+    // of a value 255 characters are kept, and each further one replaces the last
+    1 => l <254v>wxyz\nl <254v>wx  ! c => l=[<254v>z|<254v>]
+    1 => l "<254v>wxyz" ! c => => V1 Bad double-quote in value
     0 => s "<254v>wxyz" b 2 => b=2 s=<254v>
+)"});
 
-    // Deprecated names.
+// An option of each type that takes a value at will.
+const trules optionalvalues("settings",
+                            "i integer.OPT 1 4 0 9 1 1\nd double.OPT 2 2.5 0 9 1 1\nb boolean.OPT 3 1 1 1\n"
+                            "e enumstr.OPT 4 x 1 1\n x 1\n y 1\nn enumint.OPT 5 3 1 1\n 3 1\n 6 1\n",
+                            {__LINE__, R"(
+    // an option with an optional value goes back to its default when it is named alone
+    parameters i 1\nd 1\nb 0\ne y\nn 6\n ; settings => i=1 d=1 b=0 e=y n=6
+    parameters i\nd\nb\ne\nn\n ; settings => i=4 d=2.5 b=1 e=x n=3
+)"});
+
+const trules oldnames("deprecated", options, reading, {__LINE__, R"(
+    // a deprecated name is reported and works
     0 => OLD 3 b 2 => b=2 old=3 => W1 deprecated option "OLD"; use a
+
+    // an obsolete name is reported and ignored together with its value
+    0 => gonetwo 3 4 b 2 => b=2 => W1 obsolete option "gonetwo"; left as well
     1 => gone 3 4\ngoneflag 1 => => W1 obsolete option "gone"; left in release 3
       | W2 obsolete option "goneflag"; left, too | E2 Remainder of line ignored
-    0 => gonetwo 3 4 b 2 => b=2 => W1 obsolete option "gonetwo"; left as well
+
+    // a synonym can be deprecated by itself
     0 => lately 3 b 4 => b=4 => W1 deprecated synonym "lately"; b is shorter
-    // The word is that of all marks together, the text and the consequence those of the name that was used.
+
+    // an option with both marks is called deprecated, and its obsolete synonym is ignored
     0 => mixed 3 was 4 => mixed=3
       => W1 deprecated option "mixed"; use b | W1 deprecated synonym "was"; never more
+)"});
 
-    // Keys that make a list.
-    1 => --zz = a, b ! c\n//ZZ\n-/b 2 => --zz=[a, b ! c|] --b=[2]
-    0 => --zz = x y 1 --zz "a b",---zz :x => --zz=[x|a b|:x] => E1 Unknown option "y"
-    1 => --zz "a b"\n--zz ! => --zz=[] => V1 Bad double-quote in value
-
-    // Immediate options.
+const trules immediates("immediates", options, reading, {__LINE__, R"(
+    // an immediate option changes the mode of reading for the rest of the source
     1 => Lines = OFF, a 1\nd 1 lines on s x, b 2\ns y z => a=1 d=1 s=y z
     0 => lines perhaps s x y => s=x y
-    0 => LINES\nlines "no\nSay =\nread\nfree !\nsay , b 2 => b=2
-      => E1 Value expected for immediate option "LINES" | E2 Value expected for immediate option "lines"
-      | E3 Value expected for immediate option "Say" | E4 Value expected for immediate option "read"
-      | E5 Value expected for immediate option "free" | E6\x20
-    1 => say "hello there" say = you help a read "" b 2 => b=2 => E1 hello there | E1 you
+
+    // an immediate option adds a message or help
+    1 => say "hello there" say = you help a b 2 => b=2 => E1 hello there | E1 you
       | a: an integer | <24 >integer,  range: -100 to 100 default: 0
-      | E1 Cannot open parameter file "" | E1 Error code = 2; No such file or directory
+    0 => say , b 2 => b=2 => E1\x20
+
+    // an immediate option reads a file
+    1 => read "" b 2 => b=2
+      => E1 Cannot open parameter file "" | E1 Error code = 2; No such file or directory
+
+    // an immediate option switches the checking of bounds
     0 => free 1 b 50 free 0 a 500 => b=50
       => W1 Integer range error for option "b" saw "50" | W1    Valid range is 0 to 9
       | V1 Integer range error for option "a" saw "500" | V1    Valid range is -100 to 100
 
-    // Carriage returns, code 26 and the 1,020 characters of a line that are read.
+    // every immediate option but help needs a value
+    0 => LINES\nlines "no\nSay =\nread\nfree ! =>
+      => E1 Value expected for immediate option "LINES" | E2 Value expected for immediate option "lines"
+      | E3 Value expected for immediate option "Say" | E4 Value expected for immediate option "read"
+      | E5 Value expected for immediate option "free"
+)"});
+
+const trules bytes("lines", options, reading, {__LINE__, R"(
+    // a carriage return at the end of a line belongs to the line end, another does not
     1 => a 1\r\n\r\nb 2\r\nnv\r\nd 1\r => a=1 b=2 d=1 nv=7
     0 => s x\ry\r\r\nb 2\n\r => b=2 s=x\ry\r
+
+    // code 26 ends a line
+    0 => a 1\x1A b 3\nt 1 => a=1 t=1
+    1 => s x y\x1A z\nnv\x1A\n\x1A\nb 2 => b=2 s=x y nv=7
+    1 => s "x\x1A y"\na\x1A 5
+      => => V1 Bad double-quote in value | E2 Value expected for key "a"
+
+    // a setting does not go on in the next line
+    0 => b\n2 => => E1 Value expected for key "b" | E2 Option keyword expected, saw "2"
+
+    // bytes above 127 are no part of a key
     0 => \xEF\xBB\xBF\nb 2 => b=2 => E1 Option keyword expected, saw "\xEF"
-    0 => a 1\x1A b 3\nb\n2 => a=1
-      => E2 Value expected for key "b" | E3 Option keyword expected, saw "2"
-    1 => s "x\x1A y"\ns x y\x1A z\na\x1A 5\nnv\x1A\n\x1A\nb 2 => b=2 s=x y nv=7
-      => V1 Bad double-quote in value | E3 Value expected for key "a"
+
+    // of a line 1020 characters are read
     1 => *<1000000v>\ns <1017v>wxy\nb 2 => b=2 s=<254v>w
     0 => s x<1015 >b 2\nt 1 => s=x t=1 => E1 Value expected for key "b"
-  )");
-  // the option that is made has nothing but its name
-  play("", R"(readfromstr --New text ; settings => --New=[text] ; help --New => --New: \n>strlist, \n)");
-  // An option of each type that takes a value at will goes back to its default when it is named alone.
-  play(
-      "i integer.OPT 1 4 0 9 1 1\nd double.OPT 2 2.5 0 9 1 1\nb boolean.OPT 3 1 1 1\n"
-      "e enumstr.OPT 4 x 1 1\n x 1\n y 1\nn enumint.OPT 5 3 1 1\n 3 1\n 6 1\n",
-      R"(
-    parameters i 1\nd 1\nb 0\ne y\nn 6\n ; settings => i=1 d=1 b=0 e=y n=6
-    parameters i\nd\nb\ne\nn\n ; settings => i=4 d=2.5 b=1 e=x n=3
-  )");
-}
+)"});
 
-// An immediate option changes the mode of one reading, the exported switch that of all later ones.
-TEST(parameters, readingmode) {
-  play(options, R"(
+const trules madelists("keys", "", {__LINE__, R"(
+    // an option that a key makes has nothing but its name
+    readfromstr --New text ; settings => --New=[text] ; help --New => --New: \n>strlist, \n
+)"});
+
+const trules modes("immediates", options, {__LINE__, R"(
+    // the exported switch sets the mode of all later readings
     eolonlyset 5 => 1 ; readfromstr lines 0 a 1 b 2 ; readfromstr s x, a 3 ; settings => a=1 b=2 s=x, a 3
     eolonlyset 0 => 1 ; readfromstr lines 1 s y z ; readfromstr a 3 b 4 ; settings => a=3 b=4 s=y z
     eolonlyset -1 => 0 ; eolonlyset 0 => 1 ; messages =>
-  )");
-}
+)"});
 
-// Names that are abbreviated or take several words.
-TEST(parameters, lookupmodes) {
-  const std::string names =
-      "major_iterations_limit integer 1 0 0 99 0 0\nscale_option strlist 2 0 0\nfast integer 3 0 0 99 0 0\n"
-      "one_two_three_four integer 4 0 0 99 0 0\nnames deprecated\n major_iterations_limit too long\n";
-  play("Path lookup\n" + names, reading, R"(
+const std::string names =
+    "major_iterations_limit integer 1 0 0 99 0 0\nscale_option strlist 2 0 0\nfast integer 3 0 0 99 0 0\n"
+    "one_two_three_four integer 4 0 0 99 0 0\nnames deprecated\n major_iterations_limit too long\n";
+const trules pathkeys("pathkeys", "Path lookup\n" + names, reading, {__LINE__, R"(
+    // words of a key may be abbreviated to three characters
     0 => majXX_iter_lim 7 fas 3 => major_iterations_limit=7 fast=3
+
+    // keys with two dashes may be abbreviated as well
     0 => --ab x --abcd y --aXb z --Xb w => --ab=[x|y|z] --Xb=[w]
-  )");
-  play("Minos lookup\n" + names, reading, R"(
+)"});
+const trules minoskeys("minoskeys", "Minos lookup\n" + names, reading, {__LINE__, R"(
+    // a key is one word or several
     0 => Major Iterations Limit 7 fas 3 => major_iterations_limit=7 fast=3
       => W1 deprecated option "Major_Iterations_Limit"; too long
-    0 => MAJX iterX limiXX=100 => => V1 Integer range error for option "MAJX_iterX_limiXX" saw "100"
-      | V1    Valid range is 0 to 99
-    1 => scale option x y => scale_option=[x y]
-    0 => scale -5 fast 3\n => fast=3 => E1 Unknown option "scale"
     0 => one two three fox five one two three four 7 => one_two_three_four=7
       => E1 Unknown option "one_two_three_fox"
-    0 => --zz y 1 => --zz_y=[1]
-  )");
-}
+    1 => scale option x y => scale_option=[x y]
 
-// A string and a buffer are one line each, without number; a line feed ends it, and nothing after it is read.
-TEST(parameters, stringsandbuffers) {
-  play(options, R"(
+    // a word that is no identifier ends the key
+    0 => scale -5 fast 3\n => fast=3 => E1 Unknown option "scale"
+
+    // a key that is typed with underscores is no option but may make a list
+    0 => one_two 7 => => E1 Unknown option "one_two"
+    0 => --zz y 1 => --zz_y=[1]
+
+    // messages name the words that were typed
+    0 => MAJX iterX limiXX=100 => => V1 Integer range error for option "MAJX_iterX_limiXX" saw "100"
+      | V1    Valid range is 0 to 99
+)"});
+
+const trules texts("texts", options, {__LINE__, R"(
+    // a string or buffer is one line that a line feed ends
     readfromstr a 1\nb 2 ; settings => a=1
     readfrompchar s x y\nb 2 ; settings => a=1 s=x y
     readfromstr \na 2 ; readfromstr ; readfrompchar ; messages =>
+
+    // messages on a string or buffer name no line
     readfromstr * a 2 ; readfrompchar bad ; readfromstr read none
     told => +string | E Option keyword expected, saw "*" | -string | +pchar | E Unknown option "bad"
       | -pchar | +string | E Cannot open parameter file "none" | E Error code = 2; No such file or directory
       | -string
-    // a buffer's length has no limit
+
+    // the length of a buffer has no limit
     eolonlyset 0 ; readfrompchar b 2<1000000 >t 1 ; value t => 1
-  )");
-}
+)"});
 
 // The file "inner", the text that names it, what both set and say.
-TEST(files, includes) {
-  play(options, "file inner $1 ; parameters $2 => 0 ; settings => $3 ; told => $4", R"(
+const trules includes("files", options, "file inner $1 ; parameters $2 => 0 ; settings => $3 ; told => $4",
+                      {__LINE__, R"(
+    // one file reads another where it names it
     a 1\n => read %DIR%/inner\r\nb 2 => a=1 b=2
     \e => read = "%DIR%/inner" b 2\na 1 => a=1 b=2
-    // Line numbers are those of each file, before and after.
+
+    // line numbers are those of each file
     \e\na x\n => * first\nread %DIR%/inner b y\nbad 1 =>
       => +OPT | +inner | V2 Integer expected, for option "a" saw "x" | -inner
       | V2 Integer expected, for option "b" saw "y" | E3 Unknown option "bad" | -OPT
-    // The notes of a file with nothing to say go; those around it stay when there is something else to say.
+
+    // notes on a file without messages are removed, those around it stay
     a 1 => say one\nread %DIR%/inner say two => a=1 => +OPT | E1 one | E2 two | -OPT
     say inside => read %DIR%/inner => => +OPT | +inner | E1 inside | -inner | -OPT
-    // The reading mode is each reading's own, checking of bounds is not.
+
+    // the mode of reading is that of each file by itself
     s x, a 1\nlines off => lines off read %DIR%/inner b 2 a 3\nb 4 a 5 => a=5 b=4 s=x, a 1
     lines off a 1 b 2 => read %DIR%/inner s x, a 3 => a=1 b=2 s=x, a 3
+
+    // the checking of bounds is the same in all files
     free on => read %DIR%/inner b 50 => b=50
       => +OPT | W1 Integer range error for option "b" saw "50" | W1    Valid range is 0 to 9 | -OPT
-    // Failures are told where the including file stands.
+
+    // a file that cannot be opened is reported in the file that names it
     \e => \nread %DIR%/. a 1\nread %DIR%/inner/x => a=1
       => +OPT | E2 Cannot open parameter file "." | E2 Error code = 21; Is a directory
       | E3 Cannot open parameter file "inner/x" | E3 Error code = 20; Not a directory | -OPT
-  )");
-}
+)"});
 
-// A file that reads itself ends with the tenth; strings do not count, and the depth is back where it was.
-TEST(files, tenfiles) {
-  play(options, R"(
-    file self --list x\nread %DIR%/self\na 2
-    readfromstr $1 ; settings => a=2 --list=[x|x|x|x|x|x|x|x|x] ; told => $2 ; resetall
-    readfromstr $1 ; settings => a=2 --list=[x|x|x|x|x|x|x|x|x] ; told => $2
-  )",
-       R"(
-    read = %DIR%/self
-      => +string<10 | +self> | E File nesting level too deep; file ignored<10 | -self> | -string
-  )");
-}
+constexpr const char* selfreading =
+    "file self --list x\\nread %DIR%/self\\na 2 ; readfromstr read = %DIR%/self"
+    " ; settings => a=2 --list=[x|x|x|x|x|x|x|x|x] ; told => $1 ; resetall ; readfromstr read = %DIR%/self"
+    " ; settings => a=2 --list=[x|x|x|x|x|x|x|x|x] ; told => $1";
+const trules nesting("files", options, selfreading, {__LINE__, R"(
+    // files nest nine deep at most, each time
+    +string<10 | +self> | E File nesting level too deep; file ignored<10 | -self> | -string
+)"});
 
-// Files that include each other several times over would otherwise be read many millions of times.
-TEST(files, one_call_reads_ten_thousand_files) {
-  play("read immediate ReadFile 1 1\nnote strlist 1 1 1\n", R"(
+// Without the bound, f5 would be read 14,641 times.
+const trules filecount("files", "read immediate ReadFile 1 1\nnote strlist 1 1 1\n", {__LINE__, R"(
+    // one call reads ten thousand files at most, and the next call as many again
     eolonlyset 0 ; file f5 note x ; file f4 <11read %DIR%/f5 > ; file f3 <11read %DIR%/f4 >
-    // would read f5 14,641 times
     file f2 <11read %DIR%/f3 > ; file f1 <11read %DIR%/f2 > ; parameters read %DIR%/f1
     listcountstr note => 9088 ; getmessage 7 => *** Error Too many parameter files; file ignored|9
-    // the next call has its own count
     clearmessages ; parameters read %DIR%/f4 ; messages => ; listcountstr note => 9099
-  )");
-}
+)"});
 
-// What is no ordinary file: nothing is read.
-TEST(files, noordinaryfiles) {
-  play("", R"(
-    readdefinition $1 => $2
-    told => D Cannot open option file "$3" | D Error code = $2; $4
-    readparameterfile $1 => $2
-    told => E Cannot open parameter file "$3" | E Error code = $2; $4
-  )",
-       R"(
-    %DIR%/ => 21 => => Is a directory
-    %DIR%/none => 2 => none => No such file or directory
-    \e => 2 => => No such file or directory
-  )");
-  play("", "readdefinition /dev/null => 0 ; readparameterfile /dev/null => 0 ; messages =>");
-  // A name counts whole: the system would take it for the one before the NUL.
+const trules noordinaryfiles("files", "", {__LINE__, R"(
+    // a definition that is no ordinary file is reported and not read
+    readdefinition %DIR%/ => 21
+    told => D Cannot open option file "" | D Error code = 21; Is a directory
+    readdefinition %DIR%/none => 2
+    told => D Cannot open option file "none" | D Error code = 2; No such file or directory
+    readdefinition => 2 ; told => D Cannot open option file "" | D Error code = 2; No such file or directory
+
+    // a parameter file that is no ordinary file is reported and not read
+    readparameterfile %DIR%/ => 21
+    told => E Cannot open parameter file "" | E Error code = 21; Is a directory
+    readparameterfile %DIR%/none => 2
+    told => E Cannot open parameter file "none" | E Error code = 2; No such file or directory
+    readparameterfile => 2 ; told => E Cannot open parameter file "" | E Error code = 2; No such file or directory
+
+    // the null device is an empty file
+    readdefinition /dev/null => 0 ; readparameterfile /dev/null => 0 ; messages =>
+
+    // a device that has no end is too large
+    readparameterfile /dev/zero => 0
+    told => +/dev/zero | E1 Option keyword expected, saw "\x00"
+      | E1 Cannot read parameter file "/dev/zero" | E1 Error code = 27; File too large | -/dev/zero
+)"});
+
+// The system would take the name for the one before the NUL.
+TEST(files, a_name_counts_whole) {
   thandle h;
   h.string("--any x");
   const std::string name = "/dev/null\0x"s;
   EXPECT_EQ(h.call(BOTH(readdefinition), name), ENOENT);
   EXPECT_EQ(h.call(BOTH(readparameterfile), name), ENOENT);
   EXPECT_EQ(h.call(BOTH(writeparameterfile), name), ENOENT);
-  h.one(optclearmessages);
-  // A device that has no end is too large.
-  EXPECT_EQ(h.call(BOTH(readparameterfile), "/dev/zero"), 0);
-  EXPECT_EQ(
-      told(h),
-      "+/dev/zero | E1 Option keyword expected, saw \"\0\" | E1 Cannot read parameter file \"/dev/zero\""
-      " | E1 Error code = 27; File too large | -/dev/zero"s);
 }
 
-// Lines that are added during the reading are read or not, one by one; so are files that come and go.
-TEST(files, changes) {
+TEST(files, that_grow_come_and_go_while_they_are_read_are_read_line_by_line_or_not) {
   constexpr int n = 1000;
   thandle h;
   h.definition(options);

@@ -17,22 +17,31 @@ constexpr const char* options =
 
 // The query, the option or other number and what else it asks for, the answer; an option that the query does
 // not fit, answered like a number out of range.
-constexpr const char* queries = R"(
-    // result|defined|recent|reference number|data type|option type|sub-type
+const ttable queries = {__LINE__, R"(
+    // an option has flags, a reference number, a data type, a type and a sub-type
     getinfonr => 2 => => 1|1|1|101|1|0|0 => 17 => 0|0|0|0|-1|-1|-1
     getdefinednr => pair => => 1|2 => 17 => 0|0
+
+    // names and help texts are cleared where there are none
     getnamenr => 2 => => 1|maxit => 17 => 0|
     gethelpnr => maxit => => 1|maxit|Iteration limit => 17 => 0||
     getopthelpnr => gap => => 1|gap|2|20 => 17 => 0||-1|-1
+
+    // groups and synonyms have numbers of their own
     getoptgroupnr => gap => => 20 => 17 => -1
     getgroupnr => 1 => => 1|g1|10|1|General => 3 => 0||0|0|
     getgroupgrpnr => 20 => => 2 => 2 => -1
     getsynonym => 1 => => 1|iterations|maxit => 3 => 0||
     getsynonym => 2 => => 1|ghost| => 3 => 0||
-    // only of type string
+
+    // only a string has a default that can be asked for by itself
     getdefaultstr => note => => 1|a b => method => 0|
+
+    // the outputs for bounds are left alone for an option of another type
     getboundsint => maxit => => 1|-1|10|5 => gap => 0|-7|-7|-7
     getboundsdbl => gap => => 1|0|1|0.5 => maxit => 0|-7.5|-7.5|-7.5
+
+    // the items of an enumeration count from 1
     getenumcount => method => => 1|2 => flag => 0|-1
     getenumvalue => method => 2 => 1|0|Primal => flag => 0|-1|
     getenumvalue => method => 0 => 0|-1| => flag => 0|-1|
@@ -41,146 +50,177 @@ constexpr const char* queries = R"(
     getenumhelp => level => 2 => 1|-1| => flag => 0|-1|
     getenumhelp => level => 3 => 0|-1| => flag => 0|-1|
     getenumhelp => level => 0 => 0|-1| => flag => 0|-1|
+
+    // the item of a value is 0 for a default outside the list
     getenumstrnr => pairstr => => 1|y|2 => level => 0||-1
-    // a default outside the list
     getenumstrnr => methodx => => 1|other|0 => level => 0||-1
+
+    // the output for a number is left alone for an option of another type
     getintnr => maxit => => 1|3 => gap => 0|-7
     getint2nr => pair => => 1|4 => maxit => 0|-7
     getint2nr => pair => => 1|4 => off_grid => 0|-7
     getdblnr => gap => => 1|0.5 => maxit => 0|-7.5
     getdbl2nr => off_grid => => 1|2.5 => gap => 0|-7.5
+
+    // a value of any type is there as a text, which is empty for a list
     getstrnr => maxit => => 1|3 => 17 => 0|
-    // lists have no text
     getstrnr => names => => 1| => 17 => 0|
     getstr2nr => off_grid => => 1|2.5 => maxit => 0|
+
+    // of three values the one of the type of the option is filled
     getvaluesnr => maxit => => 1|maxit|3|0|3 => 17 => 0||0|0|
     getvaluesnr => gap => => 1|gap|0|0.5|0.5 => 17 => 0||0|0|
     getvaluesnr => method => => 1|method|0|0|auto => 17 => 0||0|0|
     getvaluesnr => note => => 1|note|0|0|a b => 17 => 0||0|0|
     getvaluesnr => level => => 1|level|1|0|1 => 17 => 0||0|0|
     getvaluesnr => flag => => 1|flag|1|0|1 => 17 => 0||0|0|
-    // refused, yet named
+
+    // an option without a single value gives its name and no value
     getvaluesnr => say => => 0|say|0|0| => 17 => 0||0|0|
     getvaluesnr => words => => 0|words|0|0| => 17 => 0||0|0|
     getvaluesnr => all => => 0|all|0|0| => 17 => 0||0|0|
     getvaluesnr => names => => 0|names|0|0| => 17 => 0||0|0|
+
+    // a reset and a new reference number need an option
     resetnr => maxit => => 1 => 17 => 0
     setrefnr => say => 77 => 1 => 17 => 0
+
+    // dot entries and indicators have numbers of their own
     getdotoptnr => 1 => => 1|x|16|1|3 => 2 => 0||0|0|0
     getdotoptuel => 1 => 1 => 1|u => 2 => 0|
     getindicatornr => 1 => => 1|e|v|1|0|1 => 2 => 0|||0|0|0
     getequindicatornr => 1 => 1 => 1|'i' => 2 => 0|
     getvarindicatornr => 1 => 1 => 0| => 2 => 0|
-)";
+)"};
 
-TEST(queries, bynumber) {
-  play(options, R"(
-    readfromstr maxit 3 ; setint2nr pair 4 ; setdbl2nr off_grid 2.5 ; setstrnr pairstr Y
-    readfromstr x.off('u') 3 ind e('i')$v 1
-    $1 $2 $3 => $4 ; $1 $5 $3 => $6 ; $1 0 $3 => $6 ; $1 -1 $3 => $6 ; $1 99 $3 => $6 ; messages =>
-  )",
-       queries);
-  play("", "$1 1 $3 => $6 ; messages =>", queries);
-}
+const trules bynumber(
+    "queries", options,
+    "readfromstr maxit 3 ; setint2nr pair 4 ; setdbl2nr off_grid 2.5 ; setstrnr pairstr Y"
+    " ; readfromstr x.off('u') 3 ind e('i')$v 1"
+    " ; $1 $2 $3 => $4 ; $1 $5 $3 => $6 ; $1 0 $3 => $6 ; $1 -1 $3 => $6 ; $1 99 $3 => $6 ; messages =>",
+    queries);
+const trules ofnothing("queries_without_definition", "", "$1 1 $3 => $6 ; messages =>", queries);
 
-TEST(queries, types) {
-  play(options, R"(
+const trules types("types", options, {__LINE__, R"(
+    // constants have names, but for the tenth kind of message
     each getconstname 1 => optDataNone | optDataInteger | optDataDouble | optDataString | optDataStrList
     each getconstname 2 => optTypeInteger | optTypeDouble | optTypeString | optTypeBoolean | optTypeEnumStr
       | optTypeEnumInt | optTypeMultiList | optTypeStrList | optTypeMacro | optTypeImmediate
     each getconstname 3 => optsubRequired | optsubNoValue | optsubOptional | optsub2Values
-    // not the tenth
     each getconstname 4 => optMsgInputEcho | optMsgHelp | optMsgDefineError | optMsgValueError
       | optMsgValueWarning | optMsgDeprecated | optMsgFileEnter | optMsgFileLeave | optMsgTooManyMsgs
     each getconstname -1 => ; each getconstname 0 => ; each getconstname 5 => ; getconstname 1 -1 => 0|
+
+    // the types have the names that definitions use
     each gettypename => integer | double | string | boolean | enumstr | enumint | multilist | strlist | macro
       | immediate
     gettypename -1 => 0|
+
+    // each option has its data type and type and sub-type
     each getinfonr => 0|0|0|0|9|2 | 0|0|101|1|0|0 | 0|0|102|2|1|0 | 0|0|103|3|2|0 | 0|0|104|1|3|0
       | 0|0|105|3|4|0 | 0|0|106|1|5|0 | 0|0|107|0|6|0 | 0|0|108|4|7|0 | 0|0|-1|0|8|0 | 0|0|-1|0|9|0
       | 0|0|109|1|0|3 | 0|0|110|2|1|3 | 0|0|112|3|4|3 | 0|0|113|3|4|0 | 0|0|114|2|1|0
-  )");
-}
+)"});
 
-TEST(queries, byname) {
-  play(options, R"(
+const trules byname("queries", options, {__LINE__, R"(
+    // counts are those of what is defined
     count => 16 ; synonymcount => 2 ; groupcount => 2 ; definitionfile => DEF
+
+    // a value is found by the name of its option or a synonym
     value MAXIT => 5 ; value iterations => 5 ; value names => ; value pair => 1|1
     getvalstr nosuch => 0| ; getval2str nosuch => 0| ; getval2str maxit => 0| ; getval2str ghost => 0|
-    readfromstr x.off('u') 3 ind e('i')$v 1 ; getdotoptuel 1 0 => 0| ; getdotoptuel 1 -1 => 0|
-    getdotoptuel 1 2 => 0| ; getequindicatornr 1 0 => 0| ; getequindicatornr 1 2 => 0|
+
+    // an option is found by its name or a synonym that leads to one
     findstr Iterations => 1|2|101 ; findstr ghost => 0|-1|-1
     setrefnrstr iterations -5 => 1 ; setrefnrstr nosuch -5 => 0 ; findstr maxit => 1|2|-5
-  )");
-}
 
-TEST(queries, stringlists) {
-  play(options, R"(
+    // elements of entries count from 1
+    readfromstr x.off('u') 3 ind e('i')$v 1 ; getdotoptuel 1 0 => 0| ; getdotoptuel 1 -1 => 0|
+    getdotoptuel 1 2 => 0| ; getequindicatornr 1 0 => 0| ; getequindicatornr 1 2 => 0|
+)"});
+
+const trules stringlists("stringlists", options, {__LINE__, R"(
+    // the count is below 0 for what is no list
     listcountstr nosuch => -2 ; listcountstr maxit => -1 ; listcountstr names => 0
-    readfromstr names one ; readfromstr names two ; readfromstr --extra three ; readfromstr --more four
-    listcountstr NAMES => 2 ; readfromliststr names 2 => 1|two
-    readfromliststr names 3 => 0| ; readfromliststr names 0 => 0|
+
+    // texts are read by their numbers and stay
+    readfromstr names one ; readfromstr names two ; listcountstr NAMES => 2 ; readfromliststr names 2 => 1|two
+    readfromliststr names 3 => 0| ; readfromliststr names 0 => 0| ; listcountstr names => 2
     readfromliststr maxit 1 => -1| ; readfromliststr nosuch 1 => -2|
+
+    // texts are taken out from the first on
+    readfromstr names one ; readfromstr names two ; getfromliststr names => 1|one ; getfromliststr names => 1|two
+    getfromliststr names => 0| ; getfromliststr maxit => -1| ; getfromliststr nosuch => -2|
+
+    // texts are taken from the lists that keys made or from the others
+    readfromstr names one ; readfromstr --extra three ; readfromstr --more four
     getfromanystrlist 1 => 1|--extra|three ; getfromanystrlist -1 => 1|--more|four
-    // Nothing left of the wanted sort: the name is that of the last list looked at, the text is left alone.
-    getfromanystrlist 1 => 0|names|old
-    getfromanystrlist 0 => 1|names|one ; getfromliststr names => 1|two ; getfromliststr names => 0|
-    getfromliststr maxit => -1| ; getfromliststr nosuch => -2|
+    getfromanystrlist 0 => 1|names|one
+
+    // when no list has a text, the name is that of the last list and the text is left alone
+    readfromstr names one ; readfromstr --extra three ; getfromanystrlist 0 => 1|names|one
+    getfromanystrlist 0 => 0|--extra|old ; getfromanystrlist 1 => 1|--extra|three
     getfromanystrlist 0 => 0|old|old ; messages =>
-  )");
-}
+)"});
 
 // The mode, the names of options 2 and on, what is looked up, what is found, and where.
-TEST(lookup, bymode) {
-  play("", "integers $2 ; definition $1 lookup ; gethelpnr $3 => $4| ; lookup $3 => $5", R"(
+const trules modes("lookup", "", "integers $2 ; definition $1 lookup ; gethelpnr $3 => $4| ; lookup $3 => $5",
+                   {__LINE__, R"(
+    // in mode normal a name has to be complete, in any case of letters
     Normal => alpha Beta beta => BETA => 1|Beta => 2
     Normal => alpha => alph => 0| => -1
-    // Of each word three characters have to agree before the first that does not.
+
+    // in mode path the first three characters of each word count, and those up to the first difference
     Path => convergence_tolerance => con_tol => 1|convergence_tolerance => 1
     path => convergence_tolerance => CONxx_tolyyyyyyyyyy => 1|convergence_tolerance => 1
     Path => convergence_tolerance => co_tol => 0| => -1
     Path => convergence_tolerance => con_to => 0| => -1
     Path => convergence_tolerance => coxv_tol => 0| => -1
     Path => convergence_tolerance => con_txlerance => 0| => -1
+
+    // in mode path the number of words has to be the same
     Path => convergence_tolerance => con => 0| => -1
     Path => convergence => con_tol => 0| => -1
     Path => con_tol => convergence_tol_x => 0| => -1
     Path => con_tolerance_of => con_tol_off => 0| => -1
     Path => con_tolerance_off => con_tol_offer => 1|con_tolerance_off => 1
+
+    // in mode path a word of fewer than three characters is never found
     Path => xy abc => xy => 0| => -1
     Path => con_t => con_t => 0| => -1
-    // Of the first word three characters count, of each further one four.
+
+    // in mode minos the first three characters of the first word count and four of each further one
     Minos => major_iterations_limit => majxxx_iter_limi => 1|major_iterations_limit => 1
     Minos => major_iterations_limit => MAJ_ITERx_limiyy => 1|major_iterations_limit => 1
-    Minos => major_iterations_limit => major_iterations => 0| => -1
     Minos => major_iterations_limit => maj_ite_limi => 0| => -1
     Minos => major_iterations_limit => maj_iterations_lim => 0| => -1
-    Minos => major_iter => majx_iter_limi => 0| => -1
     Minos => major_ite => maj_iter => 0| => -1
+
+    // in mode minos the number of words has to be the same
+    Minos => major_iterations_limit => major_iterations => 0| => -1
+    Minos => major_iter => majx_iter_limi => 0| => -1
+
+    // in mode minos a shorter word has to be complete
     minos => ma_x => ma_x => 1|ma_x => 1
     Minos => ma_x => mx_x => 0| => -1
-  )");
-}
+)"});
 
-// Where names consist of words, they are handed out with blanks; help and writing by the raw name keep
-// underscores.
-TEST(lookup, namesofmodeminoshaveblanks) {
-  play("major_iterations_limit integer 1 1 0 9 1 1\nMinos lookup\n", R"(
+const trules namesofminos("lookup", "major_iterations_limit integer 1 1 0 9 1 1\nMinos lookup\n",
+                          {__LINE__, R"(
+    // in mode minos names are handed out with blanks, except with help texts
     getnamenr 2 => 1|major iterations limit ; getopthelpnr 2 => 1|major iterations limit|1|1
     getvaluesnr 2 => 1|major iterations limit|1|0|1 ; gethelpnr 2 => 1|major_iterations_limit|
     lookup major iterations limit => -1
-  )");
-}
+)"});
 
-// Among many options that fit, behind many that do not.
-TEST(lookup, thefirstthatfits) {
-  play("",
-       "integers covert_tolerance# conv_totals# con_to# $2 conv# ; definition $1 lookup ; lookup $3 => 601",
-       R"(
+const trules ofmany(
+    "lookup", "",
+    "integers covert_tolerance# conv_totals# con_to# $2 conv# ; definition $1 lookup ; lookup $3 => 601",
+    {__LINE__, R"(
+    // the first of many options that fit is found behind many that do not
     Normal => convergence_tolerance => CONVERGENCE_tolerance
     Path => convergence_tolerance# => con_tol
     Minos => convergence_tole# => conv_tole
-  )");
-}
+)"});
 
 }  // namespace testsupport::queriestest

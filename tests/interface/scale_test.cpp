@@ -29,8 +29,7 @@ std::string repeated(int count, const std::string& text) {
   return result;
 }
 
-// Every option is found by its name, set and written, in each way of comparing names.
-TEST(scale, options) {
+TEST(scale, every_one_of_many_options_is_found_set_and_written_in_each_way_of_comparing_names) {
   for (const std::string mode : {"normal", "path", "minos"}) {
     SCOPED_TRACE(mode);
     // In both shorter modes three characters of each word count.
@@ -57,8 +56,7 @@ TEST(scale, options) {
   }
 }
 
-// What hangs on one option or stands beside the options.
-TEST(scale, definitions) {
+TEST(scale, an_option_may_have_many_values_help_lines_synonyms_members_and_marks) {
   const int n = many / 2;
   const std::string last = std::to_string(n - 1);
   std::string definition =
@@ -86,9 +84,8 @@ TEST(scale, definitions) {
   EXPECT_EQ(h.help("long").size(), 5001u);
 }
 
-// Chains that no recursion survives; and macros of macros that name each member twice, so that every level
-// doubles the assignments, until there are more than options.
-TEST(scale, depth) {
+// Longer chains than any recursion survives.
+TEST(scale, macros_and_multilists_may_stand_for_each_other_to_any_depth) {
   thandle h;
   h.definition("x integer 1 0 0 9 0 0\nm0 macro 0 0\n x\nl0 multilist 1 0 0\n x\n" +
                repeated(many, "m@ macro 0 0\n m#\nl@ multilist 1 0 0\n l#\n"));
@@ -100,22 +97,29 @@ TEST(scale, depth) {
     EXPECT_EQ(h.value("x"), "0");
   }
   EXPECT_EQ(told(h), "");
-  play("texts strlist 1 1 1\nd0 macro 1 1\n texts\n texts\n" + repeated(39, "d@ macro 1 1\n d#\n d#\n"), R"(
+}
+
+// Each macro names the one before it twice, so that every level doubles the assignments.
+const trules doubling("scale",
+                      "texts strlist 1 1 1\nd0 macro 1 1\n texts\n texts\n" +
+                          repeated(39, "d@ macro 1 1\n d#\n d#\n"),
+                      {__LINE__, R"(
+    // an assignment stands for a thousand more than there are options at most
     readfromstr d8 x ; listcountstr texts => 512 ; told =>
     readfromstr d39 x ; problems => V Too many members for option "d39" ; listcountstr texts => 1018
     resetnr d39 => 1 ; listcountstr texts => 0
-  )");
-}
+)"});
 
-// Many times the same line: what is wrong with it, which is told of the first 4,999 lines, behind the note on
-// the file, or what becomes of it.
-TEST(scale, lines) {
-  for (const std::string& row : rowsof(R"(
+// A line, what is wrong with it, and what becomes of it. With the note on the file in front, 4,999 lines have
+// their message.
+TEST(scale, a_line_may_come_many_times) {
+  for (const ttable& row : rowsof({__LINE__, R"(
     maxit 5
     \e
     string_list x\r => => listed
     --own x => => listed
     x.prior('i') 3 => => entered
+    indic e(i)$v('j') 1 => => indicated
     unknown 5 => Unknown option "unknown"
     maxit 5 5 => Integer expected, for option "maxit" saw "5 5"
     maxit " => Bad double-quote in value
@@ -123,16 +127,17 @@ TEST(scale, lines) {
     \x00\x00maxit 5 => Option keyword expected, saw "\x00"
     \xFF => Option keyword expected, saw "\xFF"
     x.none => unknown .suffix ".none" for key "x"
-  )")) {
-    SCOPED_TRACE(row);
-    const tcolumns columns = columnsof(row);
+  )"})) {
+    const testing::ScopedTrace trace(row.file, row.line, row.text);
+    const tcolumns columns = columnsof(row.text);
     thandle h;
     h.definition(everytype);
     h.parameters(repeated(verymany, columns[0] + '\n') + "note last");
+    const auto becomes = [&](const char* word) { return columns[2] == word ? verymany : 0; };
     std::int32_t rejected = 0;
-    EXPECT_EQ(h.call(BOTH(listcountstr), row[0] == '-' ? "--own" : "string_list"),
-              columns[2] == "listed" ? verymany : 0);
-    EXPECT_EQ(h.one(optdotoptcount, rejected), columns[2] == "entered" ? verymany : 0);
+    EXPECT_EQ(h.call(BOTH(listcountstr), row.text[0] == '-' ? "--own" : "string_list"), becomes("listed"));
+    EXPECT_EQ(h.one(optdotoptcount, rejected), becomes("entered"));
+    EXPECT_EQ(h.one(optindicatorcount, rejected), becomes("indicated"));
     EXPECT_EQ(h.value("note"), "last");
     const tlines all = h.messages();
     ASSERT_EQ(all.size(), columns[1].empty() ? 0u : 5001u);
@@ -143,18 +148,17 @@ TEST(scale, lines) {
   }
 }
 
-// Of a line 1,020 characters count, however it goes on, and the line after it is read as always: the begin of
-// the line, what fills it, what is set and told.
-TEST(scale, oneline) {
-  for (const std::string& row : rowsof(R"(
+// The begin of a line, what fills it, what is set and told.
+TEST(scale, a_line_may_be_of_any_length_and_the_line_after_it_is_read_as_always) {
+  for (const ttable& row : rowsof({__LINE__, R"(
     maxit 5 => \x20 => maxit=5 note=last
     * => * => note=last
     string_list\x20 => x => note=last string_list=[<255x>]
     \e => \x00 => note=last => +OPT | E1 Option keyword expected, saw "\x00" | -OPT
     \e => " => note=last => +OPT | E1 Option keyword expected, saw """ | -OPT
-  )")) {
-    SCOPED_TRACE(row);
-    const tcolumns columns = columnsof(row);
+  )"})) {
+    const testing::ScopedTrace trace(row.file, row.line, row.text);
+    const tcolumns columns = columnsof(row.text);
     thandle h;
     h.definition(everytype);
     h.parameters(columns[0] + std::string(hugeline, columns[1][0]) + "\nnote last");

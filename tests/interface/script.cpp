@@ -209,32 +209,52 @@ std::string filled(const std::string& text, const tcolumns& columns) {
   return result.append(rest, text.end());
 }
 
-void take(thandle& h, const std::string& text, const tcolumns& columns) {
+// A step that answers otherwise is reported at the place.
+void take(thandle& h, const std::string& text, const tcolumns& columns, const ttable& place) {
   const std::size_t arrow = text.find("=>");
   const tcolumns part = columnsof(text);
-  const std::string answer = answered(h, h.expanded(filled(part[0], columns)));
+  const std::string call = h.expanded(filled(part[0], columns));
+  const std::string answer = h.shortened(answered(h, call));
   if (part[0].starts_with("told") || part[0] == "problems") h.one(optclearmessages);
   if (arrow == std::string::npos) return;
-  EXPECT_EQ(h.shortened(answer), filled(part[1], columns)) << text;
+  const std::string expected = filled(part[1], columns);
+  if (answer != expected)
+    ADD_FAILURE_AT(place.file, place.line)
+        << h.shortened(call) << "\n   answers: " << answer << "\n  expected: " << expected;
+}
+
+void playscene(const std::string& definition, const ttable& steps, const tcolumns& columns,
+               const ttable* row) {
+  static const std::regex separator(" ; ");
+  thandle h;
+  EXPECT_EQ(definition.empty() ? 0 : h.definition(definition), 0);
+  h.one(optclearmessages);
+  for (const ttable& line : rowsof(steps)) {
+    const ttable& place = row != nullptr ? *row : line;
+    const testing::ScopedTrace trace(place.file, place.line, place.text);
+    for (std::sregex_token_iterator step(line.text.begin(), line.text.end(), separator, -1), end; step != end;
+         ++step)
+      take(h, *step, columns, place);
+  }
 }
 
 }  // namespace
 
 taddedstep::taddedstep(const char* name, tstep step) { steps()[name] = std::move(step); }
 
-void play(const std::string& definition, const std::string& script, const std::string& rows) {
-  static const std::regex separator(" ; ");
-  for (const std::string& row : rowsof(rows.c_str())) {
-    SCOPED_TRACE(row);
-    tcolumns columns = columnsof(row);
+void play(const std::string& definition, const ttable& steps) { playscene(definition, steps, {}, nullptr); }
+
+void play(const std::string& definition, const ttable& steps, const ttable& rows) {
+  for (const ttable& row : rowsof(rows)) {
+    tcolumns columns = columnsof(row.text);
     std::rotate(columns.begin(), columns.end() - 1, columns.end());
-    thandle h;
-    EXPECT_EQ(definition.empty() ? 0 : h.definition(definition), 0);
-    h.one(optclearmessages);
-    for (const std::string& line : rowsof(script.c_str()))
-      for (std::sregex_token_iterator step(line.begin(), line.end(), separator, -1), end; step != end; ++step)
-        take(h, *step, columns);
+    playscene(definition, steps, columns, &row);
   }
 }
+
+trules::trules(const char* suite, const std::string& definition, const ttable& table)
+    : ttests(suite, table, [=](const ttable& scene) { play(definition, scene); }) {}
+trules::trules(const char* suite, const std::string& definition, const ttable& steps, const ttable& table)
+    : ttests(suite, table, [=](const ttable& rows) { play(definition, steps, rows); }) {}
 
 }  // namespace testsupport

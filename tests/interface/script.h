@@ -16,7 +16,14 @@ namespace testsupport {
 
 // Reads the definition, unless it is empty, and takes the steps; with rows once for each row, whose columns
 // stand where the steps have "$1" to "$6".
-void play(const std::string& definition, const std::string& steps, const std::string& rows = "-");
+void play(const std::string& definition, const ttable& steps);
+void play(const std::string& definition, const ttable& steps, const ttable& rows);
+
+// Tests that are played: the lines below a comment as rows or, without steps, as steps.
+struct trules : ttests {
+  trules(const char* suite, const std::string& definition, const ttable& table);
+  trules(const char* suite, const std::string& definition, const ttable& steps, const ttable& table);
+};
 
 // For rows of a mode, 1 for end-of-line reading, a parameter file, what it sets, and what is told but for the
 // notes on entering and leaving.

@@ -4,55 +4,40 @@
 #pragma once
 
 #include <array>
-#include <regex>
-#include <sstream>
+#include <concepts>
+#include <functional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace testsupport {
 
+// A text and where it stands in the sources, so that a row that fails is found. A text of several lines is
+// given as {__LINE__, R"(...)"}: compilers disagree on the line of a call that spans several.
+struct ttable {
+  ttable(int begin, std::string_view lines, const char* source = __builtin_FILE())
+      : text(lines), file(source), line(begin) {}
+  template <std::convertible_to<std::string_view> ttext>
+  ttable(const ttext& one, int begin = __builtin_LINE(), const char* source = __builtin_FILE())
+      : ttable(begin, one, source) {
+    if (text.find('\n') != text.npos) throw std::logic_error("__LINE__ is missing before the text: " + text);
+  }
+  std::string text;
+  const char* file;
+  int line;
+};
+
+std::vector<ttable> rowsof(const ttable& table);
+std::string literal(const std::string& text);
+
 using tcolumns = std::array<std::string, 7>;
+tcolumns columnsof(const std::string& row);
 
-inline std::vector<std::string> rowsof(const char* table) {
-  std::vector<std::string> rows;
-  std::istringstream lines(table);
-  for (std::string line; std::getline(lines >> std::ws, line);) {
-    if (line.starts_with("//")) continue;
-    if (line.starts_with("\\n"))
-      rows.back() += line;
-    else if (line.starts_with("=>") || line[0] == '|')
-      rows.back() += ' ' + line;
-    else
-      rows.push_back(line);
-  }
-  return rows;
-}
-
-inline std::string literal(const std::string& text) {
-  static const std::regex special(R"(\\x(..)|\\([^])|<(\d+)([^>]+)>)");
-  std::string result;
-  auto rest = text.begin();
-  for (std::sregex_iterator at(text.begin(), text.end(), special), end; at != end; ++at) {
-    const std::smatch& found = *at;
-    result.append(rest, found[0].first);
-    rest = found[0].second;
-    if (found[1].matched) result += static_cast<char>(std::stoi(found[1], nullptr, 16));
-    for (int count = found[3].matched ? std::stoi(found[3]) : 0; count > 0; --count) result += found[4];
-    if (!found[2].matched || found[2] == "e") continue;
-    const std::size_t control = std::string_view("ntr").find(*found[2].first);
-    result += control < 3 ? "\n\t\r"[control] : *found[2].first;
-  }
-  return result.append(rest, text.end());
-}
-
-inline tcolumns columnsof(const std::string& row) {
-  static const std::regex separator(" *=> *");
-  tcolumns columns;
-  std::size_t column = 0;
-  for (std::sregex_token_iterator part(row.begin(), row.end(), separator, -1), end; part != end; ++part)
-    columns.at(column++) = literal(*part);
-  return columns;
-}
+// A test for each comment in a table, which says what holds and is the test's name; the body gets the lines
+// below it.
+struct ttests {
+  ttests(const char* suite, const ttable& table, const std::function<void(const ttable&)>& body);
+};
 
 }  // namespace testsupport

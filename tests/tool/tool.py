@@ -78,8 +78,31 @@ for command in "check none.def -", "show examples/first.def none.opt", "check - 
     runs(f"wexcorin {command}", None, None, 2)
 runs("wexcorin help examples/first.def limt", None,
      'wexcorin: there is no option "limt"; did you mean "limit"?\n', 1)
-expect_part("message limit", run("wexcorin check examples/first.def -", 6000 * "zzz 1\n")[0],
-            '\n<stdin>:4999: error: Unknown option "zzz"\n<stdin>: error: Maximum of 5000 messages reached\n')
+expect("more findings than the library keeps messages",
+       run("wexcorin check examples/first.def -", 6000 * "zzz 1\n")[0].split("\n")[-3:],
+       ['<stdin>:6000: error: Unknown option "zzz"', "6000 errors, 0 warnings; 4 options, 0 set", ""])
+
+# Each finding has the file and line that it is about, however the file came to be read.
+for number in range(1, 10):
+    write(f"chain{number}.opt", f"zzz\ninclude chain{number + 1}.opt\nseed x{number}\n")
+out = run("wexcorin check examples/solver.def - --set 'include chain9.opt'",
+          "include none.opt\ninclude chain7.opt")[0]
+expect("a chain of files", out, """<stdin>:1: error: Cannot open parameter file "none.opt"
+<stdin>:1: note: Error code = 2; No such file or directory
+chain7.opt:1: error: Unknown option "zzz"
+chain8.opt:1: error: Unknown option "zzz"
+chain9.opt:1: error: Unknown option "zzz"
+chain9.opt:2: error: Cannot open parameter file "chain10.opt"
+chain9.opt:2: note: Error code = 2; No such file or directory
+chain9.opt:3: error: Integer expected, for option "seed" saw "x9"
+chain8.opt:3: error: Integer expected, for option "seed" saw "x8"
+chain7.opt:3: error: Integer expected, for option "seed" saw "x7"
+chain9.opt:1: error: Unknown option "zzz"
+chain9.opt:2: error: Cannot open parameter file "chain10.opt"
+chain9.opt:2: note: Error code = 2; No such file or directory
+chain9.opt:3: error: Integer expected, for option "seed" saw "x9"
+11 errors, 0 warnings; 155 options, 0 set
+""")
 
 # Names are suggested, nearest first, as the lookup mode wants them typed, and never the one that was typed.
 write("minos.def", "Minos lookup\nmajor_iterations integer 1 5 0 9 1 1 A\nmethod string 1 a 1 1 A\n")
@@ -96,6 +119,60 @@ runs("wexcorin write examples/types.def - -o -", written, None, stdin=written)
 for form in "", "--json":
     expect_part(f"show {form}", run(f"wexcorin show examples/types.def - {form}", written)[0], "Rätsel")
 runs("wexcorin write examples/types.def - -o none/new.opt", err=None, code=2)
+
+# What is written is read back, and what has changed on the way is named, with the reason.
+for definition, options, warnings in (
+        ("tol double 1 0.5 0 0.66666666666666663 1 1", "tol 0.66666666666666663",
+         ['warning: option "tol" is not read back as it was set: '
+          'Double out of range for option "tol" saw "0.666666666666667"',
+          "note: Valid range is 0 to 0.666666666666667"]),
+        ("tol double.TWO 1 0 0 1 1 1", "tol * 0.5",
+         ['warning: first value of option "tol" is not set, but is read back as 0']),
+        ("tol double.TWO 1 0 -1 1 1 1", "tol -0 0.1234567890123456",
+         ['warning: first value of option "tol" is set to -0, but is read back as 0',
+          'warning: second value of option "tol" is set to 0.1234567890123456, '
+          "but is read back as 0.123456789012346"]),
+        ("quiet boolean.NV 1 1 1 1\nmute macro 1 1\n quiet", "mute 0",  # a macro gives it no value
+         ['warning: option "quiet" is set to 0, but is read back as 1']),
+        ("any immediate NoBounds 1 1\nsize integer.OPT 1 5 0 9 1 1", "any 1\nsize 10\nsize",
+         ['warning: option "size" counts as out of bounds, but not when it is read back']),
+        ("x eolcomm #\nword strlist 1 1 1", 'word a\nword "b#c"\nword d',
+         ['warning: text 2 of option "word" is set to b#c, but is read back as b']),
+        ("Minos lookup\nmy_list strlist 1 1 1", "my list a",
+         ['warning: option "my list" is not read back as it was set: Unknown option "my_list"']),
+        ("end string 1 a 1 1\nstop synonym end\nx obsolete\n end Use stop.", "stop x",
+         ['warning: option "end" is not read back as it was set: obsolete option "end"; Use stop.']),
+        (".cost double 1 0 0 1 1 1", "a.cost('i') 0.1234567890123456\nb.cost('i') 0.5",
+         ["""warning: dot line "a.cost('i')" is set to 0.1234567890123456, but is read back as """
+          "0.123456789012346"]),
+        (".note string 1 a 1 1\n.rank integer 1 0 0 9 1 1\nall macro 1 1\n .rank", "a.note x\nall 5",
+         ['warning: option ".note" is set to x, but is read back as 0',
+          'warning: option ".rank" is set to 5, but is not set when it is read back']),
+        ("m indicator\nm integer 1 0 0 9 1 1\nn synonym m\nk integer 1 0 0 9 1 1", "n 5\nk 1",
+         ['warning: option "m" is not read back as it was set: Equation ID expected for indicator'])):
+    write("new.def", definition + "\n")
+    write("new.opt", options + "\n")
+    err = run("wexcorin write new.def new.opt -o back.opt")[1]
+    seen = [line[10:] for line in err.splitlines() if line.startswith("back.opt: ")]
+    expect(f"what is not read back of {options!r}", seen, warnings)
+
+# A text may be longer than a line of a file; what is lost in one line leaves those around it alone.
+write("new.def", ".rank integer 1 0 0 9 1 1\n")
+elements = ",".join(f"'{number:060}'" for number in range(20))
+runs(f"""wexcorin write new.def --set 'a.rank 1' --set "b.rank({elements}) 1" --set 'c.rank 1' /dev/null -o new.opt""",
+     err=f"""new.opt: warning: dot line "b.rank({elements[:70]}..." is not read back as it was set: """
+         'Closing bracket ")" expected for .option "b"\n')
+
+# The definition may be a pipe, and be written over; the output need not be a file either.
+write("new.def", "tol double 1 0 0 1 1 1 \r\r\n")
+write("new.opt", "tol 0.1234567890123456")
+for command in ("wexcorin write - new.opt -o - <new.def", "cat new.def | wexcorin write /dev/stdin new.opt -o -",
+                "wexcorin write new.def new.opt -o /dev/stdout | cat",
+                "wexcorin write new.def new.opt -o new.def; cat new.def"):
+    out, err, _ = run(command)
+    expect(command, (out, err.partition(": ")[2]),
+           ("tol=0.123456789012346\n", 'warning: option "tol" is set to 0.1234567890123456, '
+                                       "but is read back as 0.123456789012346\n"))
 
 # ---- doc: every form goes to standard output or a file, and leaves what was there when it cannot be written
 

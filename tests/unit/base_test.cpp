@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 #include <random>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -55,18 +56,28 @@ TEST(comparison, only_letters_of_the_alphabet_have_a_case) {
   EXPECT_LT(strucmp("abc", "ABCD"), 0);
   EXPECT_EQ(strucmp("abc", "ABC"), 0);
   EXPECT_FALSE(struequal("abc", "abcd"));
+}
+
+TEST(comparison, numbers_at_the_end_of_names_count_by_their_values) {
   EXPECT_LT(strucmpnum("9", "10"), 0);
+  EXPECT_LT(strucmpnum("a12", "A21"), 0);
+  EXPECT_EQ(strucmpnum("a012", "a12"), 0);
 }
 
 TEST(texts, positions_count_from_1) {
   tcharset set;
   set.set('n').set('b');
-  const std::vector<std::int32_t> positions = {lchpos('a', "banana"),     lchpos('a', "banana", 3),
-                                               lchpos('x', "banana"),     rchpos('a', "banana"),
-                                               lchupos('N', "banana"),    rchupos('N', "banana"),
-                                               rchupos('N', "banana", 4), lchsetpos(set, "banana", 2),
-                                               rchsetpos(set, "banana"),  rchsetpos(set, "")};
-  EXPECT_EQ(positions, (std::vector<std::int32_t>{2, 4, 0, 6, 3, 5, 3, 3, 5, 0}));
+  EXPECT_EQ(lchpos('a', "banana"), 2);
+  EXPECT_EQ(lchpos('a', "banana", 3), 4);
+  EXPECT_EQ(lchpos('x', "banana"), 0);
+  EXPECT_EQ(rchpos('a', "banana"), 6);
+  EXPECT_EQ(rchpos('b', "banana"), 1);
+  EXPECT_EQ(lchupos('N', "banana"), 3);
+  EXPECT_EQ(rchupos('N', "banana"), 5);
+  EXPECT_EQ(rchupos('N', "banana", 4), 3);
+  EXPECT_EQ(lchsetpos(set, "banana", 2), 3);
+  EXPECT_EQ(rchsetpos(set, "banana"), 5);
+  EXPECT_EQ(rchsetpos(set, ""), 0);
 }
 
 TEST(texts, replacing_filling_and_splitting) {
@@ -87,21 +98,25 @@ TEST(texts, replacing_filling_and_splitting) {
 
 // check(input) gives the result for each word "input:result"; "z" is a zero.
 template <class tcheck>
-void pairs(const char* text, tcheck check) {
-  std::istringstream words(testsupport::literal(text));
-  for (std::string word; words >> word;) {
-    std::replace(word.begin(), word.end(), 'z', '0');
-    const std::string input = word.substr(0, word.find(':'));
-    EXPECT_EQ(input + ':' + check(input), word);
+void pairs(const testsupport::ttable& table, tcheck check) {
+  for (const testsupport::ttable& row : testsupport::rowsof(table)) {
+    const testing::ScopedTrace trace(row.file, row.line, row.text);
+    std::istringstream words(testsupport::literal(row.text));
+    for (std::string word; words >> word;) {
+      std::replace(word.begin(), word.end(), 'z', '0');
+      const std::string input = word.substr(0, word.find(':'));
+      EXPECT_EQ(input + ':' + check(input), word);
+    }
   }
 }
 
 TEST(numtext, doubles_have_15_digits_and_the_shorter_of_two_forms) {
   // The fixed form reaches from 0.0001 to below 1e15.
-  pairs(R"(0:0 -0.0:0 -2.5:-2.5 0.30000000000000004:0.3 0.33333333333333331:0.333333333333333 0.0001:0.0001
+  pairs({__LINE__, R"(
+           0:0 -0.0:0 -2.5:-2.5 0.30000000000000004:0.3 0.33333333333333331:0.333333333333333 0.0001:0.0001
            123456789012345:123456789012345 0.000099:9.9E-5 999999999999999:999999999999999
            999999999999999.9:1000000000000000 1e15:1E15 1.25e-300:1.25E-300 nan:NAN inf:INF -inf:-INF
-           1.7976931348623157e308:1.79769313486232E308)",
+           1.7976931348623157e308:1.79769313486232E308)"},
         [](const std::string& number) { return std::string(dbltostr(std::stod(number)).view()); });
   EXPECT_EQ(dbltostr(5e-324).view(), "4.94065645841247E-324");
   EXPECT_EQ(dbltostrex(1e299).view(), "maxdouble");
@@ -114,18 +129,20 @@ TEST(numtext, texts_are_doubles_as_a_whole_or_not_at_all) {
     double number = -1.0;
     return strasdoubleex(text, number) ? std::string(dbltostr(number).view()) : "none";
   };
-  pairs(R"(+1.5:1.5 -.5:-0.5 2.5d-3:0.0025 MaxDouble:1E299 mindouble:-1E299 EPS:1E-20 epsdouble:1E-20 1e-400:0
+  pairs({__LINE__, R"(
+           +1.5:1.5 -.5:-0.5 2.5d-3:0.0025 MaxDouble:1E299 mindouble:-1E299 EPS:1E-20 epsdouble:1E-20 1e-400:0
            0.000001e-320:0 0e99999999999999999999:0 1e-99999999999999999999:0 0.<240z>1e300:1E59
            1<240z>e-300:1E-60 0.<400z>1:0 1e400:none 1e99999999999999999999:none 1<400z>:none 1d0<300z>:none
-           1<240z>e100:none .:none 1.2.3:none +-1:none 1e:none 1dd5:none 1,5:none 0x10:none inf:none nan:none)",
+           1<240z>e100:none .:none 1.2.3:none +-1:none 1e:none 1dd5:none 1,5:none 0x10:none inf:none nan:none)"},
         read);
   EXPECT_EQ(read("") + read("1 ") + read(" 1"), "nonenonenone");
 }
 
 TEST(numtext, texts_are_integers_within_32_bits) {
-  pairs(R"(12:12/12 -0012:-12/-12 MaxInt:2147483647/2147483647 minint:-2147483648/-2147483648
+  pairs({__LINE__, R"(
+           12:12/12 -0012:-12/-12 MaxInt:2147483647/2147483647 minint:-2147483648/-2147483648
            2147483647:2147483647/2147483647 -2147483648:-2147483648/-2147483648 2147483648:none/none 3.0:none/3
-           1e3:none/1000 2.5:none/none eps:none/none 12x:none/none)",
+           1e3:none/1000 2.5:none/none eps:none/none 12x:none/none)"},
         [](const std::string& text) {
           std::int32_t plain = -1, wide = -1;
           const bool isplain = strasintex(text, plain), iswide = strasintex2(text, wide);

@@ -1,6 +1,8 @@
 // The writers for maintainers (definition file, Pascal include file, HTML table) and the HTML writer under
 // them, byte for byte.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <regex>
 #include <string>
@@ -21,7 +23,9 @@ std::string written(twrite write, const std::string& definition) {
   const ttempdir directory;
   tvksoptions store;
   store.optreaddefinition(directory.write("def", definition));
+  const int standardinput = fcntl(STDIN_FILENO, F_GETFD);
   EXPECT_EQ((tvksoptionwriter(store.definition()).*write)("/no/such/directory/file"), ENOENT);
+  EXPECT_EQ(fcntl(STDIN_FILENO, F_GETFD), standardinput);  // as open as it was
   EXPECT_EQ((tvksoptionwriter(store.definition()).*write)("/dev/full"), ENOSPC);
   EXPECT_EQ((tvksoptionwriter(store.definition()).*write)(directory.path("out")), 0);
   return readfile(directory.path("out"));
@@ -57,14 +61,15 @@ TEST(definitionwriter, writes_what_the_reader_takes_back) {
 
 // The members of a list, and the lines that name them.
 TEST(definitionwriter, breaks_a_line_where_a_name_would_pass_80_characters) {
-  for (const std::string& row : testsupport::rowsof(R"(
+  for (const testsupport::ttable& row : testsupport::rowsof({__LINE__, R"(
     <39a> <39b> => \x20<39a> <39b>\n
     <39a> <40b> => \x20<39a>\n <40b>\n
     <79a> => \x20<79a>\n
     // the line before it is empty then
     <80a> => \n <80a>\n
-  )")) {
-    const testsupport::tcolumns columns = testsupport::columnsof(row);
+  )"})) {
+    const testing::ScopedTrace trace(row.file, row.line, row.text);
+    const testsupport::tcolumns columns = testsupport::columnsof(row.text);
     const std::string members = std::regex_replace(columns[0] + ' ', std::regex(" "), " boolean 1 0 1 1\n");
     const std::string text = written(&tvksoptionwriter::writedefinition,
                                      members + "list multilist 1 1 1 t\n " + columns[0] + '\n');

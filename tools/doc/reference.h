@@ -9,7 +9,7 @@
 
 #include "options/codes.h"
 #include "options/vksoptions.h"
-#include "tools/shownvalue.h"
+#include "tools/doc/shownvalue.h"
 
 namespace tool {
 
@@ -65,6 +65,8 @@ struct treference {
   std::vector<toptionreference> options;
 };
 
+// The option at this position, from 0; its synonyms are left out.
+toptionreference describeoption(const optcore::tvksoptions& store, std::int32_t index);
 treference describe(const optcore::tvksoptions& store, const std::string& definition);
 
 // The listed options by group, in the order of the groups; options without a listed group come last, under a

@@ -1,15 +1,12 @@
-// From the library's messages to findings: what a user is told, with file and line. The file is the one whose
-// reading the message fell in, nested files included; the line is taken from the front of the message.
+// Findings: what a user is told, each with the file and line that it is about.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <iosfwd>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "tools/handle.h"
 #include "tools/text.h"
 
 namespace tool {
@@ -33,23 +30,12 @@ struct tfinding {
   tplace place;
   tseverity severity;
   std::string text;
-  std::vector<std::string> details{};      // the library's further messages on the same matter
+  std::vector<std::string> details{};      // further sentences on the same matter
   std::vector<std::string> suggestions{};  // names that may have been meant, nearest first
   bool unopened = false;                   // a file named by the caller could not be opened
 };
 
 using tfindings = std::vector<tfinding>;
-
-// A finding of the tool's own; it stands in front of message number `before`.
-struct tinsertion {
-  std::int32_t before;
-  tfinding finding;
-};
-
-// What the messages say that the reading of one source has left; of equal findings that follow each other,
-// one. `numbered` is false for a source without lines.
-tfindings collectfindings(const thandle& handle, const std::string& source, bool numbered,
-                          const std::vector<tinsertion>& insertions);
 
 std::size_t countof(const tfindings& findings, tseverity severity);
 

@@ -1,5 +1,5 @@
 // The store's contents as plain values.
-#include "tools/reference.h"
+#include "tools/doc/reference.h"
 
 #include <array>
 #include <map>
@@ -28,12 +28,6 @@ tnamestanding standingof(const toption& option, tdeprecation deprecated, tdeprec
   return {};
 }
 
-tshownvalue utf8value(std::string_view value) {
-  tshownvalue result = shown(value);
-  result.text = utf8(result.text);
-  return result;
-}
-
 // What only options of a type have.
 void addtyped(const tvksoptions& store, const toption& option, toptionreference& result) {
   switch (option.opttype()) {
@@ -51,17 +45,16 @@ void addtyped(const tvksoptions& store, const toption& option, toptionreference&
       result.high = shown(dbl.hi());
       break;
     }
-    case topttype::string: result.defaultvalue = utf8value(as<tstringoption>(option).defaultvalue()); break;
+    case topttype::string: result.defaultvalue = shown(as<tstringoption>(option).defaultvalue()); break;
     case topttype::boolean:
       result.defaultvalue = shownboolean(as<tbooleanoption>(option).defaultvalue());
       break;
     case topttype::enumstr: {
       const auto& enumstr = as<tenumstroption>(option);
-      result.defaultvalue = utf8value(enumstr.defaultvalue());
+      result.defaultvalue = shown(enumstr.defaultvalue());
       for (std::int32_t i = 0; i < enumstr.items().count(); ++i) {
         const toptionx& item = *enumstr.items().getobject(i);
-        result.values.push_back(
-            {utf8value(enumstr.items().getname(i)), utf8(item.helptext()), item.islisted()});
+        result.values.push_back({shown(enumstr.items().getname(i)), utf8(item.helptext()), item.islisted()});
       }
       break;
     }
@@ -94,7 +87,22 @@ void addtyped(const tvksoptions& store, const toption& option, toptionreference&
   }
 }
 
-toptionreference describe(const tvksoptions& store, std::int32_t index) {
+constexpr std::array<const char*, 10> typephrases = {"integer",
+                                                     "number",
+                                                     "text",
+                                                     "boolean",
+                                                     "choice",
+                                                     "choice of numbers",
+                                                     "list of values for several options",
+                                                     "text, may be given repeatedly",
+                                                     "sets several options",
+                                                     "acts when it is read"};
+constexpr std::array<const char*, 4> subtypephrases = {"", ", takes no value", ", the value may be left out",
+                                                       ", two values"};
+
+}  // namespace
+
+toptionreference describeoption(const tvksoptions& store, std::int32_t index) {
   const toption& option = *store.definition().getobjects(index);
   toptionreference result = {
       .number = index + 1,
@@ -121,21 +129,6 @@ toptionreference describe(const tvksoptions& store, std::int32_t index) {
   return result;
 }
 
-constexpr std::array<const char*, 10> typephrases = {"integer",
-                                                     "number",
-                                                     "text",
-                                                     "boolean",
-                                                     "choice",
-                                                     "choice of numbers",
-                                                     "list of values for several options",
-                                                     "text, may be given repeatedly",
-                                                     "sets several options",
-                                                     "acts when it is read"};
-constexpr std::array<const char*, 4> subtypephrases = {"", ", takes no value", ", the value may be left out",
-                                                       ", two values"};
-
-}  // namespace
-
 treference describe(const tvksoptions& store, const std::string& definition) {
   treference result = {.definition = utf8(definition),
                        .lookupmode = store.definition().lookupmode(),
@@ -152,7 +145,7 @@ treference describe(const tvksoptions& store, const std::string& definition) {
     result.groups.push_back({group.groupnumber(), utf8(store.definition().groups().getname(i)),
                              utf8(group.helptext()), group.islisted()});
   }
-  for (std::int32_t i = 0; i < store.getcount(); ++i) result.options.push_back(describe(store, i));
+  for (std::int32_t i = 0; i < store.getcount(); ++i) result.options.push_back(describeoption(store, i));
   for (std::int32_t i = 0; i < store.definition().synonyms().count(); ++i) {
     const std::int32_t target = store.definition().synonyms().getobject(i);
     if (target >= 0)

@@ -2,7 +2,7 @@
 // describes the form.
 #include <array>
 
-#include "tools/documents.h"
+#include "tools/doc/documents.h"
 #include "tools/jsontext.h"
 
 namespace tool {

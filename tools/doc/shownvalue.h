@@ -1,11 +1,13 @@
 // A value as the tool shows it: as text for people, in the form that definition and option files have, and as
-// JSON.
+// JSON. Both are UTF-8.
 #pragma once
 
 #include <cstdint>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
+
+#include "options/toption.h"
 
 namespace tool {
 
@@ -22,5 +24,9 @@ tshownvalue shown(std::string_view value);
 tshownvalue shownboolean(std::int32_t value);
 // An enumint option's: a plain number.
 tshownvalue shownnumber(std::int32_t value);
+
+// What an option has now: what was set, or else its default. A list has all its texts; multilists, macros and
+// immediate options have nothing.
+tshownvalue currentvalue(const optcore::toption& option, optcore::twhich which);
 
 }  // namespace tool

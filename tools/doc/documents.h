@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "tools/reference.h"
+#include "tools/doc/reference.h"
 
 namespace tool {
 

@@ -2,10 +2,11 @@
 // options as enumerators. A name of the definition becomes its letters and digits with one underscore for
 // whatever stands between them; where two names become one, the header is refused.
 #include <algorithm>
-#include <limits>
 #include <map>
 
-#include "tools/documents.h"
+#include "base/numtext.h"
+#include "base/textcase.h"
+#include "tools/doc/documents.h"
 #include "tools/text.h"
 
 namespace tool {
@@ -13,9 +14,6 @@ namespace tool {
 namespace {
 
 using namespace optcore;
-
-bool isdigit(char c) { return c >= '0' && c <= '9'; }
-bool isletter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 // A dot option is told apart from an option without the dot.
 std::string identifier(std::string_view name) {
@@ -44,13 +42,12 @@ std::string prefixof(const std::string& definition) {
 
 // INT32_MIN has no literal in C.
 std::string literal(std::int32_t value) {
-  return value == std::numeric_limits<std::int32_t>::min() ? "-2147483647 - 1" : std::to_string(value);
+  return value == minint ? "-2147483647 - 1" : std::to_string(value);
 }
 
 // Printable ASCII that neither ends nor opens a comment; all else as \x: some characters steer how an editor
 // shows a line, and compilers warn of them.
 std::string commenttext(std::string_view text) {
-  static constexpr std::string_view hexdigits = "0123456789abcdef";
   std::string result;
   for (const char c : text) {
     const auto code = static_cast<unsigned char>(c);
@@ -60,7 +57,7 @@ std::string commenttext(std::string_view text) {
     if (code >= 0x20 && code < 0x7F)
       result.push_back(c);
     else
-      result.append("\\x").append({hexdigits[code >> 4], hexdigits[code & 15]});
+      result.append("\\x").append(hexdigits(c));
   }
   if (result.ends_with('*') || result.ends_with('\\')) result.push_back(' ');
   return result;
@@ -73,8 +70,7 @@ class theaderwriter {
 
   std::string write() {
     std::string guard = fprefix + "_options_h";
-    std::ranges::transform(guard, guard.begin(),
-                           [](char c) { return c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c; });
+    std::ranges::transform(guard, guard.begin(), upchar);
     line("/* Options of " + commenttext(freference.definition) + ", written by \"wexcorin doc c\". */");
     line("#ifndef " + guard);
     line("#define " + guard);

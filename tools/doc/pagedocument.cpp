@@ -8,7 +8,7 @@
 
 #include "base/textcase.h"
 #include "page.h"
-#include "tools/documents.h"
+#include "tools/doc/documents.h"
 #include "tools/text.h"
 
 namespace tool {
@@ -21,8 +21,7 @@ constexpr std::array<std::string_view, 3> lookupnotes = {
     "Names are the same in upper and lower case.",
     "Names are the same in upper and lower case; of each of their words the first three letters suffice.",
     "Names are the same in upper and lower case; of their first word three letters suffice, of each further "
-    "one "
-    "four."};
+    "one four."};
 
 // For element text and for attributes in double quotes.
 std::string escaped(std::string_view text) {
@@ -57,18 +56,14 @@ std::string filled(std::string_view skeleton, const std::map<std::string_view, s
 
 // A name as part of an address. The anchors of the page's own begin with "~", which no name's anchor does.
 std::string anchorform(const std::string& name) {
-  static constexpr std::string_view hexdigits = "0123456789abcdef";
   std::string result;
   for (const char c : name) {
-    const auto code = static_cast<unsigned char>(c);
-    const bool plain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-                       c == '.' || c == '-' || c == '_';
-    if (plain)
+    if (isdigit(c) || isletter(c) || c == '.' || c == '-' || c == '_')
       result += c;
     else if (c == ' ')
       result += '_';
     else
-      result.append({'-', hexdigits[code >> 4], hexdigits[code & 15]});
+      result.append("-").append(hexdigits(c));
   }
   return result.empty() ? "-" : result;
 }

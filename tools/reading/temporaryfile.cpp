@@ -1,5 +1,5 @@
-// Temporary files, and standard input read to its end.
-#include "tools/temporaryfile.h"
+// Temporary files, and what is copied into them.
+#include "tools/reading/temporaryfile.h"
 
 #include <stdlib.h>
 #include <unistd.h>
@@ -11,12 +11,15 @@
 #include <iterator>
 #include <system_error>
 
+#include "input/linereader.h"
+#include "output/textfile.h"
+
 namespace tool {
 
 namespace {
 
-[[noreturn]] void fail(const std::string& what) {
-  throw std::system_error(errno, std::generic_category(), what);
+[[noreturn]] void fail(const std::string& what, int code = errno) {
+  throw std::system_error(code, std::generic_category(), what);
 }
 
 }  // namespace
@@ -35,6 +38,20 @@ void ttemporaryfile::write(std::string_view bytes) const {
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   file.close();
   if (!file) fail("cannot write " + fpath);
+}
+
+// The library's own line reader knows how long to wait for a pipe, and where to stop when a device never ends.
+// The lines get both characters of a line end, lest a carriage return of their own be taken for part of it.
+bool ttemporaryfile::copylines(const std::string& filename) const {
+  optcore::tlinereader source;
+  if (source.open(filename) != 0) return false;
+  optcore::ttextfile copy;
+  copy.open(fpath);
+  for (auto line = source.next(); line.text != nullptr; line = source.next())
+    copy.write(std::string_view(line.text, line.length), "\r\n");
+  if (const int code = source.readerror(); code != 0) fail("cannot read " + filename, code);
+  if (const int code = copy.close(); code != 0) fail("cannot write " + fpath, code);
+  return true;
 }
 
 std::string ttemporaryfile::contents() const {

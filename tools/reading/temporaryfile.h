@@ -1,5 +1,5 @@
-// A file that is removed with its object. The library reads and writes files by name only; standard input and
-// standard output go through such a file.
+// A file that is removed with its object. The library reads and writes files by name only; standard input,
+// standard output and what can be read only once go through such a file.
 #pragma once
 
 #include <string>
@@ -16,6 +16,8 @@ class ttemporaryfile {
 
   const std::string& path() const { return fpath; }
   void write(std::string_view bytes) const;
+  // Copies what the library would read of each line of the file. False when it cannot be opened.
+  bool copylines(const std::string& filename) const;
   std::string contents() const;
 
  private:

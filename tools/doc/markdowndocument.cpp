@@ -2,7 +2,7 @@
 // group.
 #include <algorithm>
 
-#include "tools/documents.h"
+#include "tools/doc/documents.h"
 #include "tools/text.h"
 
 namespace tool {

@@ -1,0 +1,59 @@
+"""The tool knows no text of a library message, nor a part of one: messages reach it as records, so that rewording
+one breaks nothing. It stands on the inside of the library alone, and includes nothing of the interface.
+Run in the repository's root. usage: messages.py"""
+import glob, json, re, sys
+
+LIBRARY, INTERFACE = ("api", "base", "input", "options", "output"), ("api/", "include/", "wexcorin/")
+SHORTEST = 12  # characters; what is shorter, or a single word, says nothing by itself
+TOKEN = re.compile(r"""//[^\n]*|#include[^\n]*|R"(\w*)\(.*?\)\1"|"((?:[^"\\\n]|\\.)*)"|'(?:[^'\\\n]|\\.)+'""", re.S)
+
+
+# The string literals of a source as what they stand for; those with nothing but white space between them are one.
+def literals(source):
+    result, end = [], None
+    for token in TOKEN.finditer(source):
+        if token[2] is None:
+            continue
+        text = re.sub(r"\\(.)", r"\1", token[2])
+        if end is not None and not source[end:token.start()].strip():
+            result[-1] += text
+        else:
+            result.append(text)
+        end = token.end()
+    return result
+
+
+def telling(text):
+    return len(text) >= SHORTEST and " " in text
+
+
+# The messages, or parts of them, that a source of the tool holds.
+def held(source, messages):
+    texts = [text.strip() for text in literals(source)]
+    return sorted({message for text in texts for message in messages
+                   if message in text or (telling(text) and text in message)})
+
+
+def sources(*folders):
+    names = [name for folder in folders for name in glob.glob(f"{folder}/**/*.*", recursive=True)]
+    for name in sorted(names):
+        if name.endswith((".cpp", ".h")):
+            with open(name, encoding="utf-8") as file:
+                yield name, file.read()
+
+
+messages = {text.strip() for _, source in sources(*LIBRARY) for text in literals(source) if telling(text.strip())}
+
+# What must be noticed of a message: all of it, with more around it, in two pieces, a part of it; but no comment.
+text, quoted = max(messages, key=len), json.dumps
+for source, found in ((quoted(text), True), (quoted(f"line 1: {text}!"), True), ("// " + quoted(text), False),
+                      (quoted(text[:5]) + "\n" + quoted(text[5:]), True), (quoted(text[1:-1]), True)):
+    if (text in held(source, messages)) != found:
+        sys.exit(f"the search itself is wrong about {source!r}")
+
+problems = []
+for name, source in sources("tools"):
+    problems += [f"{name} holds {text!r}, which is a text of the library" for text in held(source, messages)]
+    problems += [f"{name} includes {header}, which is not of the inside"
+                 for header in re.findall(r'#include ["<]([^">]*)', source) if header.startswith(INTERFACE)]
+sys.exit("\n".join(problems) or 0)

@@ -1,0 +1,173 @@
+// What the observer of a store is notified of: each message as a record.
+#include <gtest/gtest.h>
+
+#include <regex>
+
+#include "options/vksoptions.h"
+#include "support/handle.h"
+
+namespace optcore::observertest {
+
+using testsupport::ttable;
+
+constexpr const char* options =
+    "i integer 1 1 0 9 1 1 Help\nd double 2 1 0 9 1 1\nb boolean 3 0 1 1\ns string 4 t 1 1\n"
+    "e enumstr 5 x 1 1\n x 1\n y 1\nn enumint 6 1 1 1\n 1 1\n 2 1\nm multilist 7 1 1\n i d\n"
+    ".dot double 8 0 0 9 1 1\nold synonym i\nnames deprecated\n old use i\nsay immediate Message 1 1\n"
+    "read immediate ReadFile 1 1\nbounds immediate NoBounds 1 1\nind indicator\n";
+
+// The records as text: the kind, the source with the ones that asked for it and their lines, the text, whether
+// it explains the one before, and in brackets the name, option, value and problem that it is about.
+struct trecords : tstoreobserver {
+  static std::string place(const tlinesource& source, std::int32_t line) {
+    const bool isfile = source.sourcekind() == tsourcekind::file;
+    const tlinesource* from = source.includer();
+    return std::string(source.sourcename()) + (isfile ? ':' + std::to_string(line) : "") +
+           (from != nullptr ? '<' + place(*from, from->linenr()) : "");
+  }
+  void filed(const tmessage& message) override {
+    constexpr const char* kinds[] = {"Echo",       "Help",  "Definition", "Value", "Warning",
+                                     "Deprecated", "Enter", "Leave",      "Limit", "User"};
+    constexpr const char* problems[] = {"", " unknown option", " unknown dot option", " illegal value"};
+    ++count;
+    const bool isnote = message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave;
+    if (isnote && !showsnotes) return;
+    text += std::string(text.empty() ? "" : " | ") + kinds[ordinal(message.kind)] + ' ';
+    if (message.source != nullptr) text += place(*message.source, message.line) + ' ';
+    text.append("'").append(message.text).append(message.explains ? "' explains" : "'");
+    const auto& [name, option, value, problem] = message.subject;
+    if (name.empty() && option == nullptr && value.empty()) return;
+    text.append(" [").append(name).append(",").append(option != nullptr ? option->name() : "");
+    text.append(",").append(value).append("]").append(problems[ordinal(problem)]);
+  }
+  void assigned(const toption&, std::int32_t) override {}
+  std::string text;
+  int count = 0;
+  bool showsnotes = false;  // those on entering and leaving a source
+};
+
+struct tobserved {
+  tobserved() {
+    store.optreaddefinition(directory.write("DEF", options));
+    store.setobserver(&records);
+  }
+  // Does what a word says with the text behind it; "%DIR%/" is the temporary directory.
+  void take(const std::string& word, const std::string& text) {
+    const std::string expanded = std::regex_replace(text, std::regex("%DIR%/"), directory.path(""));
+    if (word == "file") store.optreadparameterfile(directory.write("OPT", expanded));
+    if (word == "inner") directory.write("inner", expanded);
+    if (word == "definition") store.optreaddefinition(directory.write("DEF", expanded));
+    if (word == "string") store.optreadfromstr(expanded);
+    if (word == "buffer") store.optreadfrompchar(expanded.c_str());
+    if (word == "open") store.optreadparameterfile(expanded), store.optreaddefinition(expanded);
+    if (word == "echo") store.optechoset(true);
+    if (word == "help") store.optshowhelp(expanded);
+    if (word == "boolean") store.optsetintnr(4, std::stoi(expanded));
+    if (word == "notes") records.showsnotes = true;
+  }
+  std::string seen() const { return std::regex_replace(records.text, std::regex(directory.path("")), ""); }
+
+  testsupport::ttempdir directory;
+  trecords records;
+  tvksoptions store;
+};
+
+void check(const ttable& rows) {
+  for (const ttable& row : testsupport::rowsof(rows)) {
+    const testsupport::tcolumns columns = testsupport::columnsof(row.text);
+    tobserved observed;
+    static const std::regex step("([^ ;]+) ?([^;]*?)(?: ; |$)");
+    for (std::sregex_iterator at(columns[0].begin(), columns[0].end(), step), end; at != end; ++at)
+      observed.take((*at)[1], (*at)[2]);
+    if (observed.seen() != columns[1])
+      ADD_FAILURE_AT(row.file, row.line)
+          << columns[0] << "\n   records: " << observed.seen() << "\n  expected: " << columns[1];
+  }
+}
+
+const testsupport::ttests records("records", {__LINE__, R"~(
+    // a mistake in a definition is about the name that its line defines
+    definition x widget\ny integer 1 q 0 9 1 1 => Definition DEF:1 'Bad usermap value for option "x"' [x,,]
+      | Definition DEF:1 'Unknown option type "widget" for option "x"' [x,,]
+      | Definition DEF:2 'Bad default value for option "y"' [y,,]
+    definition z synonym none => Definition DEF:1 'Unknown option for synonym"z"' [z,,]
+
+    // an unknown option is a problem with the name that was typed
+    file nosuch 1\n\n-NoSuch 2 => User OPT:1 'Unknown option "nosuch"' [nosuch,,] unknown option
+      | User OPT:3 'Unknown option "NoSuch"' [NoSuch,,] unknown option
+
+    // an unknown dot option is a problem with its own name
+    file x.none 1 => User OPT:1 'unknown .suffix ".none" for key "x"' [.none,,] unknown dot option
+      | User OPT:1 'Option keyword expected, saw "1"'
+
+    // an illegal value is a problem of the option, explained by what is legal
+    file old 10\nd 10 => Deprecated OPT:1 'deprecated synonym "old"; use i' [old,i,]
+      | Value OPT:1 'Integer range error for option "old" saw "10"' [old,i,10] illegal value
+      | Value OPT:1 '   Valid range is 0 to 9' explains
+      | Value OPT:2 'Double out of range for option "d" saw "10"' [d,d,10] illegal value
+      | Value OPT:2 '   Valid range is 0 to 9' explains
+    file e z\nn 3 => Value OPT:1 'Unknown value for option "e" saw "z"' [e,e,z] illegal value
+      | Value OPT:1 '   Possible values are  x y' explains
+      | Value OPT:2 'Unknown value for option "n" saw "3"' [n,n,3] illegal value
+      | Value OPT:2 '   Possible values are  1 2' explains
+    boolean 2 => Value 'Boolean out of range for option "b" saw "2"' [b,b,2] illegal value
+      | Value '   Valid values are 0 or 1' explains
+
+    // an illegal value that is stored is the same problem
+    file bounds 1\ni 10 => Warning OPT:2 'Integer range error for option "i" saw "10"' [i,i,10] illegal value
+      | Warning OPT:2 '   Valid range is 0 to 9' explains
+
+    // a text that is no value at all is no such problem
+    file i x\nd x\nb x\ns " => Value OPT:1 'Integer expected, for option "i" saw "x"' [i,i,x]
+      | Value OPT:2 'Double expected for option "d" saw "x"' [d,d,x]
+      | Value OPT:3 'Boolean value expected for option "b" saw "x"' [b,b,x]
+      | Value OPT:4 'Bad double-quote in value' [s,s,"]
+
+    // a word of a multilist is about the member
+    file m 1:x => Value OPT:1 'Double expected for option "m" saw "x"' [m,d,x]
+
+    // a mistake in the line of a dot option or indicator is about its name
+    file x.dot('a' 1 => User OPT:1 'Closing bracket ")" expected for .option "x"' [x,,]
+    file ind e(*$v 1\nind e$v z => User OPT:1 'Universe not allowed for indicator id "e"' [e,,]
+      | User OPT:2 'Boolean value expected for equation indicator "e", Saw "z"' [e,,z]
+
+    // a file that is read by another is reported with the lines that led there
+    notes ; inner \ni x ; file \nread %DIR%/inner\ni x => Enter OPT:0 'OPT' | Enter inner:0<OPT:2 'inner'
+      | Value inner:2<OPT:2 'Integer expected, for option "i" saw "x"' [i,i,x] | Leave inner:2<OPT:2 'inner'
+      | Value OPT:3 'Integer expected, for option "i" saw "x"' [i,i,x] | Leave OPT:3 'OPT'
+    inner read none ; string read %DIR%/inner => User inner:1<string 'Cannot open parameter file "none"'
+      | User inner:1<string 'Error code = 2; No such file or directory' explains
+
+    // a string and a buffer have no lines
+    notes ; string i x => Enter string 'string'
+      | Value string 'Integer expected, for option "i" saw "x"' [i,i,x] | Leave string 'string'
+    buffer i x => Value pchar 'Integer expected, for option "i" saw "x"' [i,i,x]
+
+    // a file that cannot be read is reported with the reason
+    open none => User 'Cannot open parameter file "none"'
+      | User 'Error code = 2; No such file or directory' explains
+      | Definition 'Cannot open option file "none"'
+      | Definition 'Error code = 2; No such file or directory' explains
+    string read /dev/zero => User /dev/zero:1<string 'Option keyword expected, saw "\x00"'
+      | User /dev/zero:1<string 'Cannot read parameter file "/dev/zero"'
+      | User /dev/zero:1<string 'Error code = 27; File too large' explains
+
+    // an echoed line has its source as well
+    echo ; inner i 2 ; file * c\nread %DIR%/inner
+      => Echo OPT:1 ' * c' | Echo OPT:2 ' read inner' | Echo inner:1<OPT:2 ' i 2'
+
+    // help and a message that a line asks for come from that line
+    help i => Help 'i: Help' | Help '<24 >integer,  range: 0 to 9 default: 1'
+    file \nhelp b => Help OPT:2 'b: ' | Help OPT:2 '<24 >boolean,  default: 0'
+    file say hello => User OPT:1 'hello' [say,say,hello]
+)~"},
+                                  check);
+
+TEST(records, go_on_when_the_list_of_messages_is_full) {
+  tobserved observed;
+  for (int text = 0; text < 6000; ++text) observed.store.addmessage(tmsgkind::usererror, "text");
+  EXPECT_EQ(observed.store.messages().count(), 5001);
+  EXPECT_EQ(observed.records.count, 6000);
+}
+
+}  // namespace optcore::observertest

@@ -1,0 +1,58 @@
+// How a finding is written.
+#include "tools/reading/findings.h"
+
+#include <algorithm>
+#include <ostream>
+#include <string_view>
+
+namespace tool {
+
+namespace {
+
+struct tlabel {
+  std::string_view word;
+  tcolour colour;
+};
+
+tlabel labelof(tseverity severity) {
+  return severity == tseverity::error ? tlabel{"error", tcolour::red} : tlabel{"warning", tcolour::yellow};
+}
+
+void writeline(std::ostream& stream, const tpalette& palette, const tplace& place, tlabel label,
+               std::string_view text) {
+  stream << palette.paint(tcolour::bold, printable(placetext(place)) + ":") << ' '
+         << palette.paint(label.colour, std::string(label.word) + ":") << ' ' << printable(text) << '\n';
+}
+
+}  // namespace
+
+std::string placetext(const tplace& place) {
+  return place.line == 0 ? place.file : place.file + ":" + std::to_string(place.line);
+}
+
+std::size_t countof(const tfindings& findings, tseverity severity) {
+  return static_cast<std::size_t>(std::ranges::count(findings, severity, &tfinding::severity));
+}
+
+void writefinding(std::ostream& stream, const tfinding& finding, const tpalette& palette) {
+  if (finding.severity == tseverity::plain) {
+    stream << printable(finding.text) << '\n';
+    return;
+  }
+  const std::string suggestion = suggestiontext(finding.suggestions);
+  writeline(stream, palette, finding.place, labelof(finding.severity),
+            finding.text + (suggestion.empty() ? "" : "; " + suggestion));
+  for (const std::string& detail : finding.details)
+    writeline(stream, palette, finding.place, {"note", tcolour::cyan}, detail);
+}
+
+std::string suggestiontext(const std::vector<std::string>& suggestions) {
+  std::string result;
+  for (std::size_t i = 0; i < suggestions.size(); ++i) {
+    const bool last = i + 1 == suggestions.size();
+    result += (i == 0 ? "" : last ? " or " : ", ") + inquotes(suggestions[i]);
+  }
+  return result.empty() ? result : "did you mean " + result + "?";
+}
+
+}  // namespace tool
