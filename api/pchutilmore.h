@@ -10,7 +10,7 @@
 namespace optcore {
 
 // Converts the zero-terminated text in a buffer of 256 bytes to a short string in the same buffer. A text of
-// more than 254 characters is replaced, as by pchartostr.
+// more than 254 characters is replaced by words that say so.
 void convertpchar(char* buffer) noexcept;
 
 // Copy the text and a terminating zero byte to `target`, which must have room for both. The result is the
