@@ -75,7 +75,7 @@ class tarena {
 // arena.
 class tinarena {
  public:
-  // There is no matching delete: when a constructor throws, the memory stays in the arena.
+  // There is no matching operator delete: when a constructor throws, the memory stays in the arena.
   static void* operator new(std::size_t size, tarena& arena) {  // NOLINT(cert-dcl54-cpp)
     return arena.allocate(size);
   }

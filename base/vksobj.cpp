@@ -87,6 +87,7 @@ void tquicksortclass::quicksort(std::int32_t lo, std::int32_t hi) {
 
 void tquicksortclass::sortn(std::int32_t n) { quicksort(0, n - 1); }
 
+// The list grows before the text is allocated, so a failure to grow loses no text.
 std::int32_t txstrings::add(std::string_view text) {
   if (count() == capacity()) grow();
   return txlist<char*>::add(newstring(text));

@@ -2,9 +2,9 @@
 // each with an object). All can be sorted through tquicksortclass. Indices count from 0 and must be within
 // the list.
 //
-// A list has room for 16 items at first; then the room grows eightfold, and by a quarter above a million
-// items. Insertion neither sorts nor removes duplicates. Owning lists override freeitem or freeobject and
-// clear themselves in their destructors; that is the one rule by which contents are freed.
+// The first capacity is 16 items. It grows eightfold, and by a quarter above a million items. Insertion
+// neither sorts nor removes duplicates. Owning lists override freeitem or freeobject and clear themselves in
+// their destructors; that is the one rule by which contents are freed.
 #pragma once
 
 #include <cassert>
@@ -37,8 +37,8 @@ class tquicksortclass {
   // Negative, zero or positive when item i belongs before, is equal to, or belongs after item j.
   virtual std::int32_t compare(std::int32_t i, std::int32_t j) const = 0;
 
-  // Sorts items 0 .. n - 1; the time is never worse than in proportion to n log n. The sort is not stable:
-  // the order of equal items depends on the choice of the pivots.
+  // Sorts items 0 .. n - 1 in O(n log n) steps, also in the worst case. The sort is not stable: the order of
+  // equal items depends on the choice of the pivots.
   void sortn(std::int32_t n);
 
  private:

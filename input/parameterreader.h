@@ -91,7 +91,7 @@ class tparameterreader {
   toption* findjoined();
   toption& addlist();
   // Files a warning if the key is the option's own name and that is marked as deprecated or obsolete, or if
-  // the key is a synonym and the synonyms are. Returns false if they are obsolete: the value is not stored
+  // the key is a synonym and the synonyms are. Returns false for the mark obsolete: the value is not stored
   // then.
   bool allowsdeprecated(const toption& option) {
     return !option.hasdeprecation() || warnsofdeprecated(option);

@@ -12,7 +12,7 @@ enum class tsourcekind : std::uint8_t { file, string, pchar };
 class tlinesource {
  public:
   virtual ~tlinesource() = default;
-  // The line being read, counted from 1; 0 for sources without lines.
+  // The line being read, counted from 1; 0 before the first line and for sources without lines.
   virtual std::int32_t linenr() const = 0;
   virtual tsourcekind sourcekind() const = 0;
   // The file's name, or the word string or pchar for a text in memory.
