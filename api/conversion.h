@@ -1,5 +1,6 @@
-// What every entry point needs: text arguments as views, text results as ttextout, and the barrier that no
-// exception passes.
+// What all entry points share: `in` makes a view of a text argument, `out` wraps the buffer of a text result,
+// and `guarded` is the barrier that no exception passes. Views and wrappers point into the caller's buffers;
+// nothing is owned here. The entry points themselves are in the files exports_*.cpp.
 #pragma once
 
 #include <cstdint>
@@ -15,23 +16,23 @@ namespace optcore {
 
 static_assert(sizeof(optshortstring) == sizeof(shortstring));
 
-// A null pointer reads as the empty text in both forms.
+// A view of a text argument. A null pointer means the empty text, in both forms.
 inline std::string_view in(const optshortstring* text) noexcept {
   return text == nullptr ? std::string_view() : std::string_view(text->text, text->length);
 }
 inline std::string_view in(const char* text) noexcept { return pchartostr(text); }
 
-// A text result. The buffer may be that of a text argument, since results are written only when the arguments
-// have been used.
+// Wraps the caller's buffer for a text result. A text argument may use the same buffer, because results are
+// written only after the arguments have been used.
 inline ttextout out(optshortstring* buffer) noexcept {
   return {ttextout::tform::shortstring, reinterpret_cast<char*>(buffer)};
 }
 inline ttextout out(char* buffer) noexcept { return {ttextout::tform::zeroterminated, buffer}; }
 
-// Runs the call and returns its result as the interface has it: 1 and 0 for true and false. When the call
-// fails for want of memory the result is `failure`, and a message says so: not every function has a result.
-// Only what stores, reads or writes can fail so: queries need no memory. Nothing else is thrown here; if
-// something were, the message would not blame the memory.
+// Runs the call and returns its result in the form of the interface: 1 and 0 for true and false. When memory
+// runs out, the result is `failure`, and a message is filed as well, because some functions have no result.
+// Only calls that store, read or write can fail this way; queries need no memory. No other exception is
+// expected; one would be filed as an internal error.
 template <class tcall>
 auto guarded(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
   using tresult = std::conditional_t<std::is_void_v<decltype(call())>, void, std::int32_t>;

@@ -1,4 +1,5 @@
-// Entry points: is the client's idea of the interface that of this library? They touch no handle.
+// Entry points of the interface check. They compare the interface version and the function declarations of a
+// client with those of this library, and use no handle. The signatures are in signatures.cpp.
 #include <algorithm>
 
 #include "api/conversion.h"
@@ -14,7 +15,7 @@ using optcore::ttextout;
 
 namespace {
 
-// How a client of some interface version gets along with this library.
+// The compatibility codes: how the client's interface version compares with the library's.
 constexpr std::int32_t incompatible = 0;
 constexpr std::int32_t sameversion = 1;
 constexpr std::int32_t olderclient = 2;
@@ -38,7 +39,8 @@ bool checkversion(std::int32_t version, ttextout message, std::int32_t& compat) 
   return compat != incompatible;
 }
 
-// Names every argument that differs; number 0 is the result.
+// The message lists the numbers of all arguments that differ: 0 is the result, 1 the first argument after the
+// handle.
 bool checkcodes(const tsignature& signature, const std::int32_t* codes, ttextout& message) {
   shortstring text;
   for (std::size_t i = 0; i < signature.codes().size(); ++i) {

@@ -1,5 +1,5 @@
-// Entry points: descriptions of options, values, groups and codes; counts.
-// Each forwards to the store's method of the same name; the form for zero-terminated texts is directly below.
+// Entry points: descriptions of options, values, groups and codes; counts. Each calls one method of the
+// store, mostly that of the same name. The form for zero-terminated texts follows directly below.
 #include "api/conversion.h"
 
 using optcore::guarded;

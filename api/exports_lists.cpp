@@ -1,5 +1,6 @@
-// Entry points: string lists, dot options and indicators, switches, reference numbers, load path.
-// Each forwards to the store's method of the same name; the form for zero-terminated texts is directly below.
+// Entry points: string lists, dot options and indicators, switches, reference numbers, load path. Each calls
+// the store's method of the same name; the load path is global and uses no handle. The form for
+// zero-terminated texts follows directly below.
 #include "api/conversion.h"
 #include "options/globals.h"
 

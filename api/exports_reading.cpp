@@ -1,5 +1,5 @@
-// Entry points: lifecycle, reading, writing, messages, resetting.
-// Each forwards to the store's method of the same name; the form for zero-terminated texts is directly below.
+// Entry points: lifecycle, reading, writing, messages, resetting. Except for the lifecycle, each calls the
+// store's method of the same name. The form for zero-terminated texts follows directly below.
 #include <cerrno>
 #include <new>
 

@@ -1,5 +1,5 @@
-// Entry points: lookup, values by number and by name.
-// Each forwards to the store's method of the same name; the form for zero-terminated texts is directly below.
+// Entry points: lookup, values by number and by name. Each calls the store's method of the same name. The
+// form for zero-terminated texts follows directly below.
 #include "api/conversion.h"
 
 using optcore::guarded;

@@ -1,4 +1,5 @@
-// What a client's handle points to: the option store itself.
+// The type behind a client's handle. The public header declares it as an opaque type in the global namespace;
+// here it is defined as the option store.
 #pragma once
 
 #include "options/vksoptions.h"

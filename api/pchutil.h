@@ -1,4 +1,5 @@
-// Conversion of zero-terminated texts. pchutilmore.h has the rest of the unit.
+// Conversion of zero-terminated text arguments to views. The other routines of this unit are in
+// pchutilmore.h.
 #pragma once
 
 #include <cstddef>
@@ -7,9 +8,9 @@
 
 namespace optcore {
 
-// The text of a zero-terminated argument; empty for a null pointer. A text of 255 characters, one short of
-// what a short string can hold, and every longer one is replaced by words that say so. The result is a view
-// of the argument, or of these words.
+// Returns the text of a zero-terminated argument; the empty text for a null pointer. A text of more than 254
+// characters, one less than a short string can hold, is replaced by `overflow`. The result is a view of the
+// argument or of `overflow`.
 inline std::string_view pchartostr(const char* text,
                                    std::string_view overflow = "PCharToStr Overflow") noexcept {
   constexpr std::size_t overlong = 255;

@@ -1,4 +1,5 @@
-// Conversion in place, and copies.
+// The routines of the text conversion unit that neither the library nor the tool calls: conversion in place,
+// copies and length.
 #include "api/pchutilmore.h"
 
 #include <algorithm>

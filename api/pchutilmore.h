@@ -1,5 +1,5 @@
-// The rest of the unit of text conversion: neither the library nor the tool calls these; programs that are
-// built with the objects may.
+// The routines of the text conversion unit that neither the library nor the tool calls. They are kept for
+// programs that are linked with the library's objects. pchutil.h has the routine that the library uses.
 #pragma once
 
 #include <cstddef>
@@ -9,19 +9,21 @@
 
 namespace optcore {
 
-// As pchartostr, in place: makes the zero-terminated text in a buffer of 256 bytes the short string in it.
+// Converts the zero-terminated text in a buffer of 256 bytes to a short string in the same buffer. A text of
+// more than 254 characters is replaced by words that say so.
 void convertpchar(char* buffer) noexcept;
 
-// Copies a text and a terminating zero; returns the number of characters. The second form copies at most
-// `max`.
+// Copy the text and a terminating zero byte to `target`, which must have room for both. The result is the
+// number of characters copied. strpcopyn copies at most `max` characters.
 std::int32_t strpcopy(char* target, std::string_view source) noexcept;
 std::int32_t strpcopyn(char* target, std::string_view source, std::int32_t max) noexcept;
 
-// A new zero-terminated copy, null for the empty text; and a new empty text.
+// strtopchar returns a new zero-terminated copy, or null for the empty text. emptytopchar returns a new empty
+// text.
 std::unique_ptr<char[]> strtopchar(std::string_view text);
 std::unique_ptr<char[]> emptytopchar();
 
-// 0 for a null pointer.
+// The number of characters; 0 for a null pointer.
 std::size_t pcharlen(const char* text) noexcept;
 
 }  // namespace optcore

@@ -1,11 +1,12 @@
-// The signatures of the functions that can be checked.
+// The table of the signatures that a client can check. Each row has the name in mixed case and the
+// short-string form of the function; the codes come from the function's type, see signatures.h.
 #include "api/signatures.h"
 
 namespace optcore {
 
 namespace {
 
-// A function with its name as the compiler has it.
+// A function, and its name as text, with which the name in mixed case is compared.
 #define SYMBOL(function) #function, function
 
 constexpr tsignature table[] = {

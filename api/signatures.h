@@ -1,5 +1,6 @@
-// What an exported function takes and gives, as codes that a client can compare its own declarations with.
-// The compiler derives the codes from the function's own type, so that they cannot differ from the code.
+// The signature of an exported function, as codes of its result and its arguments. The compiler derives the
+// codes from the function's own type, so they cannot differ from the code. The table of all signatures is in
+// signatures.cpp; exports_check.cpp compares it with a client's declarations.
 #pragma once
 
 #include <algorithm>
@@ -15,7 +16,7 @@
 
 namespace optcore {
 
-// The code of a result or argument type; a type without a code does not compile.
+// The code of a result or argument type. A signature with a type that has no code does not compile.
 template <class ttype>
 struct tsignaturecode;
 template <std::int32_t number>
@@ -43,7 +44,7 @@ class tsignature {
  public:
   static constexpr std::size_t maxarguments = 7;
 
-  // A name that is not that of the symbol but for the case of letters does not compile.
+  // `name` and `symbol` must be equal regardless of case; otherwise the table does not compile.
   template <class tresult, class... targuments>
   constexpr tsignature(std::string_view name, std::string_view symbol,
                        tresult (*)(tvksoptions*, targuments...))
@@ -54,11 +55,11 @@ class tsignature {
     if (!std::ranges::equal(name, symbol, {}, lowchar)) throw std::logic_error("another function's name");
   }
 
-  // In mixed case, as clients know the function.
+  // The name in mixed case, which clients pass to the check.
   constexpr std::string_view name() const noexcept { return fname; }
-  // The arguments after the handle.
+  // The number of arguments after the handle.
   constexpr std::int32_t count() const noexcept { return fcount; }
-  // The code of the result, and of each argument after the handle.
+  // The code of the result, then one code for each argument after the handle.
   constexpr std::span<const std::int32_t> codes() const noexcept {
     return std::span(fcodes).first(static_cast<std::size_t>(fcount) + 1);
   }
@@ -69,7 +70,7 @@ class tsignature {
   std::array<std::int32_t, maxarguments + 1> fcodes;
 };
 
-// The signatures of all functions that can be checked, in the order of the interface's own list.
+// The signatures of all functions that a client can check.
 std::span<const tsignature> signatures() noexcept;
 
 }  // namespace optcore

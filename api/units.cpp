@@ -1,5 +1,5 @@
-// Start and stop of the library's units, in the order in which they build on each other. Only units that hold
-// state have something to do: the string conversions, string routines, lists and the scanner need no start.
+// Start and stop of the library's units. Only units with state are listed here. Text conversion, string
+// routines, lists and the scanner have none and need no start.
 #include "api/units.h"
 
 #include <array>
@@ -17,7 +17,7 @@ struct tunit {
   void (*stop)();
 };
 
-// Later units use earlier ones.
+// In the order of the start: a unit may use those before it. They are stopped in reverse order.
 constexpr std::array<tunit, 2> units = {{
     {zqaauditstart, zqaauditstop},
     {vksoptionsstart, vksoptionsstop},
@@ -48,7 +48,7 @@ bool registerexitprocedure(texitprocedure procedure) {
 
 namespace {
 
-// The dynamic loader makes this object when it loads the library and destroys it when it unloads it.
+// The dynamic loader constructs this object when it loads the library and destroys it on unload.
 struct tlibrary {
   tlibrary() noexcept { libraryload(); }
   ~tlibrary() { libraryunload(); }

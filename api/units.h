@@ -1,4 +1,5 @@
-// Start and stop of the library's units. The first load starts them, the last unload stops them.
+// Start and stop of the library's units, the modules with state that all handles share. Loads are counted:
+// the first one starts the units, and the last unload stops them.
 #pragma once
 
 namespace optcore {
@@ -6,8 +7,8 @@ namespace optcore {
 void libraryload();
 void libraryunload();
 
-// A procedure to run at the last unload, before the units stop; the last one registered runs first. At most
-// 16.
+// Registers a procedure that is called at the last unload, before the units stop. Procedures are called in
+// reverse order of registration. Returns false when 16 are registered already.
 using texitprocedure = void (*)();
 bool registerexitprocedure(texitprocedure procedure);
 

@@ -1,4 +1,4 @@
-// Blocks of the arena.
+// Allocation of the arena's blocks, and storing of texts.
 #include "base/arena.h"
 
 #include <algorithm>
@@ -15,11 +15,11 @@ tarena::~tarena() {
   }
 }
 
-// Blocks double, so that few are needed, up to a size of which the unused rest does not count.
+// Block sizes double, so that few blocks are needed, up to a limit that keeps the unused memory small.
 void tarena::addblock(std::size_t size) {
   constexpr std::size_t smallest = 1024;
   constexpr std::size_t largest = 16 * 1024;
-  // a block ends aligned, so that aligning does not lead out of it
+  // the end of a block is aligned, so that aligning fnext never moves it past the end
   const std::size_t wanted = (sizeof(tblock) + size + alignment - 1) / alignment * alignment;
   const std::size_t blocksize = std::max(wanted, std::clamp(2 * fblocksize, smallest, largest));
   fblocks = ::new (::operator new(blocksize)) tblock{fblocks};

@@ -1,5 +1,6 @@
-// Memory for what definitions say: texts and objects that stay as long as the store that they belong to. It
-// is taken from the system in large blocks and given back as a whole.
+// An arena: memory for objects and texts that live as long as their owner, such as the contents of a
+// definition. It is allocated in large blocks and freed as a whole when the arena is destroyed. The arena
+// does not call destructors.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +14,8 @@
 
 namespace optcore {
 
-// A text in an arena, in the form of heap short strings: the empty text is no block.
+// A text in an arena, in the form of heapstring.h: a length byte and the characters, or no block for the
+// empty text. The arena owns the block.
 class tstoredtext {
  public:
   tstoredtext() noexcept = default;
@@ -32,8 +34,8 @@ class tarena {
   tarena& operator=(const tarena&) = delete;
   ~tarena();
 
-  // An object that is made here, as whoever takes it must hold it: with its owner, or as a plain pointer if
-  // there is nothing to destroy. Throws std::bad_alloc.
+  // Makes an object in the arena. The result is a unique_ptr, which runs the destructor, or a plain pointer
+  // if the destructor does nothing. Throws std::bad_alloc.
   template <class tobject>
   using tmade =
       std::conditional_t<std::is_trivially_destructible_v<tobject>, tobject*, std::unique_ptr<tobject>>;
@@ -41,12 +43,12 @@ class tarena {
   tmade<tobject> make(targuments&&... arguments) {
     return tmade<tobject>(new (*this) tobject(std::forward<targuments>(arguments)...));
   }
-  // Room that is aligned for any of them. Throws std::bad_alloc.
+  // Returns `size` bytes, aligned for every type that is made here. Throws std::bad_alloc.
   void* allocate(std::size_t size) {
     fnext += -reinterpret_cast<std::uintptr_t>(fnext) % alignment;
     return take(size);
   }
-  // A copy of the first 255 characters. Throws std::bad_alloc.
+  // Stores a copy of the first 255 characters. Throws std::bad_alloc.
   tstoredtext text(std::string_view text);
 
  private:
@@ -65,14 +67,15 @@ class tarena {
 
   tblock* fblocks = nullptr;
   std::size_t fblocksize = 0;
-  char* fnext = nullptr;  // the room that is left
+  char* fnext = nullptr;  // the unused part of the newest block, up to fend
   char* fend = nullptr;
 };
 
-// The base of objects that are made in an arena. They are deleted like any others, but their memory stays.
+// The base class of objects in an arena. Deleting one runs its destructor; its memory is freed with the
+// arena.
 class tinarena {
  public:
-  // When a constructor throws there is nothing to give back: the arena keeps the memory.
+  // There is no matching operator delete: when a constructor throws, the memory stays in the arena.
   static void* operator new(std::size_t size, tarena& arena) {  // NOLINT(cert-dcl54-cpp)
     return arena.allocate(size);
   }

@@ -9,8 +9,9 @@ namespace optcore {
 
 namespace {
 
-// Blocks come in these sizes, which are those that the allocator would round to; so a block can take any text
-// of its size later, without holding its size.
+// The size of the block for a text of `length` characters. The allocator would round to the same sizes, so no
+// memory is lost. Texts with the same block size can use one block after the other, and the size need not be
+// stored.
 std::size_t blocksize(std::size_t length) noexcept {
   constexpr std::size_t step = 16;
   constexpr std::size_t smallest = 24;

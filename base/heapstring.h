@@ -1,6 +1,6 @@
-// Heap short strings: a length byte and at most 255 characters in a block of their own. The empty
-// text is held as no pointer, never as an empty block. newstring, disposestring, strassign and getstring are
-// the primitives; classes hold a heapstring by value, so that their destructors write themselves.
+// Heap short strings: a length byte and at most 255 characters in a heap block. The empty text is a null
+// pointer, never an empty block. Lists own their blocks and use newstring, disposestring and getstring
+// directly. Other classes hold a heapstring by value, which frees its block in its destructor.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace optcore {
 
-// The text of a block; empty for no block.
+// The text of a block; the empty text for null.
 inline std::string_view getstring(const char* block) noexcept {
   if (block == nullptr) return "";
   return {block + 1, static_cast<unsigned char>(block[0])};
@@ -20,16 +20,18 @@ inline std::string_view getstring(const char* block) noexcept {
 // The first 255 characters.
 inline std::string_view shortened(std::string_view text) noexcept { return text.substr(0, 255); }
 
-// Makes the text, of at most 255 characters, that of a block with room for it, which the text may lie in.
+// Writes a text of at most 255 characters to a block, which must have room for it, and returns the block. The
+// text may lie in the block.
 char* fillstring(char* block, std::string_view text) noexcept;
 
-// A new block with the first 255 characters of text, or null for the empty text. Throws std::bad_alloc.
+// Allocates a block with the first 255 characters of the text; null for the empty text. Throws
+// std::bad_alloc.
 char* newstring(std::string_view text);
 
 // Frees a block of newstring; null is ignored.
 void disposestring(char* block) noexcept;
 
-// Comparison of two blocks regardless of case, as strucmp and struequal.
+// Compare the texts of two blocks regardless of case, like strucmp and struequal.
 inline std::int32_t pstrucmp(const char* a, const char* b) noexcept {
   return strucmp(getstring(a), getstring(b));
 }
@@ -52,8 +54,8 @@ class heapstring {
   std::string_view view() const noexcept { return getstring(fblock); }
   bool empty() const noexcept { return fblock == nullptr; }
 
-  // Replaces the text held, in its block if that is of the right size. The new text may be the old one or a
-  // part of it.
+  // Replaces the text. The block is reused when the new text needs one of the same size. The new text may be
+  // the old one or a part of it.
   friend void strassign(heapstring& target, std::string_view text);
 
  private:

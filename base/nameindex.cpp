@@ -1,4 +1,4 @@
-// Growth of the name index.
+// Reset and growth of the name index.
 #include "base/nameindex.h"
 
 namespace optcore {

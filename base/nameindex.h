@@ -1,8 +1,9 @@
-// A hash table of list positions that stands beside a list and finds the first item of a key without walking
-// the list. It holds no keys: it asks the owner for the key of a position. Keys have hash() and ==.
+// A hash index for a list: it finds the position of the first item with a key, as a linear search would. It
+// stores positions and hashes but no keys; its user supplies the key of a position. A key type has hash() and
+// ==.
 //
-// The index is never more than a shortcut. It is made on the first search, grows with the list, and is thrown
-// away when positions change; short lists are walked, and so is a list for which there is no memory.
+// The index is built on the first search, grows with the list, and is discarded when positions change. Short
+// lists are searched linearly, and so is every list when there is no memory for the index.
 #pragma once
 
 #include <cassert>
@@ -16,15 +17,15 @@
 
 namespace optcore {
 
-// A name, of which the case does not count.
+// A name, compared regardless of case.
 struct tnamekey {
   std::string_view text;
   std::uint32_t hash() const noexcept { return struhash(text); }
   bool operator==(const tnamekey& other) const noexcept { return struequal(text, other.text); }
 };
 
-// A name that is looked for, in more than one list or before it is added: its hash is taken once, when it is
-// first asked for.
+// A name that is searched for in several lists, or before it is added to a list. Its hash is computed once,
+// on first use. The text is not owned.
 class tsoughtname : public tnamekey {
  public:
   explicit tsoughtname(std::string_view name) noexcept : tnamekey{name} {}
@@ -47,8 +48,9 @@ struct tnumberkey {
 
 class tnameindex {
  public:
-  // The first of the positions 0 .. count - 1 with this key, or -1. `keyat(position)` gives the key of a
-  // position; items that were there at the last search must not have changed since, unless by reset.
+  // Returns the first of the positions 0 .. count - 1 with this key, or -1. `keyat(position)` returns the key
+  // of a position. Between two searches, items may be added at the end; after any other change of positions
+  // or keys, reset must be called first.
   template <class tkey, class tkeyat>
   std::int32_t find(std::int32_t count, const tkey& key, tkeyat keyat) {
     assert(fentered <= count);
@@ -56,19 +58,19 @@ class tnameindex {
     return fslots[slotof(key, key.hash(), keyat)].position;
   }
 
-  // Enters the item that was just added, which makes `count`, if those before it are: with its key at hand
-  // that is cheaper than by the next search.
+  // Enters the item that was just added at position count - 1, if all items before it are entered. This is
+  // cheaper than leaving it to the next search, because the hash of `key` may be known already.
   template <class tkey, class tkeyat>
   void added(std::int32_t count, const tkey& key, tkeyat keyat) {
     assert(count > 0 && keyat(count - 1) == key);
     if (count > walkedcount && fentered == count - 1 && reserveone()) enternext(key, keyat);
   }
 
-  // To be called when positions change other than by adding at the end.
+  // Discards the index.
   void reset() noexcept;
 
  private:
-  // Up to this count a walk is as quick as the index and costs no memory.
+  // Up to this count a linear search is as fast as the index and needs no memory.
   static constexpr std::int32_t walkedcount = 8;
 
   struct tslot {
@@ -79,7 +81,7 @@ class tnameindex {
   template <class tkey, class tkeyat>
   static std::int32_t walk(std::int32_t count, const tkey& key, tkeyat keyat);
 
-  // The slot of the key, or the empty one where it belongs. There must be an empty one.
+  // Returns the slot of the key, or the empty slot where it belongs. At least one slot must be empty.
   template <class tkey, class tkeyat>
   std::size_t slotof(const tkey& key, std::uint32_t hash, tkeyat keyat) const {
     assert(fused < fslots.size());
@@ -89,10 +91,11 @@ class tnameindex {
     return i;
   }
 
-  // Enters the positions that are not entered yet; of equal keys only the first. False without memory.
+  // Enters all positions below `count` that are not entered yet. Only the first of several equal keys gets a
+  // slot. Returns false when there is no memory.
   template <class tkeyat>
   bool enter(std::int32_t count, tkeyat keyat);
-  // Enters the first position that is not entered yet; there must be room.
+  // Enters the position fentered, whose key is given. There must be room for it, see reserveone.
   template <class tkey, class tkeyat>
   void enternext(const tkey& key, tkeyat keyat) {
     assert(4 * (fused + 1) <= 3 * fslots.size());
@@ -109,12 +112,12 @@ class tnameindex {
   bool reserveone() noexcept { return 4 * (fused + 1) <= 3 * fslots.size() || grow(); }
   bool grow() noexcept;
 
-  std::vector<tslot> fslots;  // a power of two of them, at most three quarters in use
-  std::size_t fused = 0;
-  std::int32_t fentered = 0;
+  std::vector<tslot> fslots;  // their number is a power of two; at most three quarters are in use
+  std::size_t fused = 0;      // slots in use
+  std::int32_t fentered = 0;  // positions below this are entered
 };
 
-// Out of the class, so that every search that finds does not hold a copy of them.
+// Defined outside the class, so that the compiler does not inline them into every call of find.
 
 template <class tkey, class tkeyat>
 std::int32_t tnameindex::walk(std::int32_t count, const tkey& key, tkeyat keyat) {

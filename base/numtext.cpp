@@ -22,14 +22,15 @@ void tnumbertext::append(std::size_t count, char character) noexcept {
 }
 
 void tnumbertext::append(std::int64_t number) noexcept {
-  char digits[20];  // enough for any
+  char digits[20];  // enough for any 64-bit number
   const char* const end = std::to_chars(digits, std::end(digits), number).ptr;
   append({digits, static_cast<std::size_t>(end - digits)});
 }
 
 namespace {
 
-// from_chars knows no plus sign; a sign after it is no number.
+// Removes a leading plus sign, which from_chars does not accept. A text that begins with "+-" keeps it and is
+// therefore refused.
 std::string_view withoutplus(std::string_view text) noexcept {
   return text.size() > 1 && text[0] == '+' && text[1] != '-' ? text.substr(1) : text;
 }
@@ -56,8 +57,8 @@ namespace {
 
 constexpr int significantdigits = 15;
 
-// A finite number other than 0 as sign, significant digits without trailing zeros, and decimal exponent of
-// the first digit.
+// A finite number other than 0: its sign, its significant digits without trailing zeros, and the decimal
+// exponent of the first digit.
 struct tdecimal {
   bool negative;
   char digits[significantdigits];
@@ -65,8 +66,9 @@ struct tdecimal {
   int exponent;
 };
 
-// Where the shortest text that only this number has is of so few digits, its digits are those to which the
-// number rounds, and they are found sooner. Below the normal numbers that is not so.
+// Rounds the number to 15 significant digits. The shortest text that reads back as the same number is faster
+// to compute. If it has at most 15 digits, they are the digits of the rounded number. That does not hold for
+// subnormal numbers.
 tdecimal todecimal(double number) noexcept {
   constexpr std::size_t longest = significantdigits + 1;  // the digits and the point
   char text[32];                                          // d.ddddddddddddddE+ddd
@@ -145,8 +147,9 @@ tnumbertext dbltostrex(double number) noexcept {
 
 namespace {
 
-// A text of at most fifteen digits, with or without a minus sign and a point, as most numbers are: the digits
-// and the power of ten are exact, so that dividing them rounds as it must.
+// The fast path for most numbers: an optional minus sign, then at most fifteen characters, which are digits
+// and at most one point. Such digits and the power of ten are exact as doubles, so their quotient is rounded
+// correctly.
 bool parseshortdecimal(std::string_view text, double& number) noexcept {
   static constexpr double powersoften[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6, 1e7,
                                            1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
@@ -173,10 +176,10 @@ bool parseshortdecimal(std::string_view text, double& number) noexcept {
   return true;
 }
 
-// Whether a syntactically good number that no double can hold is too large rather than too small: decided by
-// the decimal exponent of its first digit that is not zero.
+// Whether a well-formed number outside the range of doubles is too large rather than too small. The decimal
+// exponent of its first digit that is not zero decides.
 bool istoolarge(std::string_view text) noexcept {
-  std::int64_t position = 0;  // of the digit being looked at, relative to the point
+  std::int64_t position = 0;  // of the current digit, relative to the point
   std::int64_t first = 0;
   bool found = false;
   bool point = false;
@@ -197,13 +200,14 @@ bool istoolarge(std::string_view text) noexcept {
   const std::string_view exponent = withoutplus(text.substr(i + 1));
   std::int64_t value = 0;
   const auto result = std::from_chars(exponent.data(), exponent.data() + exponent.size(), value);
-  // far beyond every number whose digits fit a text, so that adding cannot change the sign or overflow
+  // more than the digits of any text: an exponent of this size decides alone, and the sum below cannot
+  // overflow
   constexpr std::int64_t huge = 1000000;
   if (result.ec == std::errc::result_out_of_range) value = exponent[0] == '-' ? -huge : huge;
   return first + std::clamp(value, -huge, huge) > 0;
 }
 
-// Rounds to nearest, whatever the process has set: from_chars multiplies short numbers in the current mode.
+// Sets the rounding mode to nearest while it exists: from_chars multiplies short numbers in the current mode.
 class troundingtonearest {
  public:
   troundingtonearest() noexcept {
@@ -219,11 +223,11 @@ class troundingtonearest {
   int fmode = std::fegetround();
 };
 
-// The whole text as a number in C notation.
+// Parses the whole text as a decimal number in C notation.
 bool parsedecimal(std::string_view text, double& number) noexcept {
   text = withoutplus(text);
   const std::string_view unsignedtext = text.substr(!text.empty() && text[0] == '-' ? 1 : 0);
-  // keeps out the words for infinities and not-a-number, which from_chars takes
+  // excludes the words for infinity and not-a-number, which from_chars accepts
   if (unsignedtext.empty() || !(isdigit(unsignedtext[0]) || unsignedtext[0] == '.')) return false;
   double value = 0.0;
   const troundingtonearest rounding;

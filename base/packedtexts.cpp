@@ -1,4 +1,4 @@
-// Packing texts.
+// Collecting and packing of texts.
 #include "base/packedtexts.h"
 
 #include <cstring>

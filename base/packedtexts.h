@@ -1,5 +1,5 @@
-// Texts that belong together and no longer change, in one piece of an arena: for what there may be millions
-// of.
+// An immutable list of texts, stored in one piece of an arena. It is meant for the elements of dot entries
+// and indicators, of which there may be millions. ttextpacker collects the texts and packs them.
 #pragma once
 
 #include <cassert>
@@ -28,12 +28,12 @@ class tpackedtexts {
   friend class ttextpacker;
   explicit tpackedtexts(const std::uint32_t* places) noexcept : fplaces(places) {}
 
-  // Their number, the place of each, counted from here in bytes, and the texts in the form of heap short
-  // strings; null for none.
+  // The number of texts, the offset of each in bytes from fplaces, then the texts in the form of heap short
+  // strings. Null for the empty list. The arena owns the memory.
   const std::uint32_t* fplaces = nullptr;
 };
 
-// Collects texts, each cut at 255 characters, and packs them. Its room is kept for the next ones.
+// Collects texts, each cut at 255 characters, and packs them. It keeps its memory for the next list.
 class ttextpacker {
  public:
   void clear() noexcept {
@@ -49,7 +49,7 @@ class ttextpacker {
   tpackedtexts pack(tarena& arena) const;
 
  private:
-  std::vector<std::uint32_t> fplaces;  // in ftexts
+  std::vector<std::uint32_t> fplaces;  // the offset of each text in ftexts
   std::string ftexts;
 };
 

@@ -1,6 +1,6 @@
-// Short strings: a value of 256 bytes, the length byte first, at most 255 characters: exactly the layout of
-// text at the interface. Appending cuts at 255. Meant for the buffers at the edge and for building one
-// message; everything between passes std::string_view.
+// Short strings: values of 256 bytes, a length byte and up to 255 characters, which is exactly the layout of
+// texts at the interface. Appended text is cut at 255 characters. They serve as buffers at the interface and
+// for building one message or line; all other code passes std::string_view.
 #pragma once
 
 #include <cstddef>
@@ -54,7 +54,7 @@ class shortstring {
 
 static_assert(sizeof(shortstring) == 256);
 
-// A piece of a message that stands between double quotes.
+// A piece of a message that is written in double quotes.
 struct tquoted {
   std::string_view text;
 };

@@ -1,4 +1,4 @@
-// Routines on short texts.
+// Routines on short texts: replacement, case, filling, and comparison of names that end in a number.
 #include "base/strutilx.h"
 
 #include <algorithm>

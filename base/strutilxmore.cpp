@@ -1,4 +1,5 @@
-// Positions, further replacement, splitting, and numbers in groups of digits.
+// The text routines that neither the library nor the tool calls: positions, replacement, splitting, and
+// numbers in groups of digits.
 #include "base/strutilxmore.h"
 
 #include <algorithm>

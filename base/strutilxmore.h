@@ -1,6 +1,6 @@
-// The rest of the unit of text routines: neither the library nor the tool calls these; programs that are
-// built with the objects may. Positions are counted from 1, 0 means absent. Results that are texts are cut at
-// 255 characters.
+// The text routines (see strutilx.h) that neither the library nor the tool calls. They are kept for programs
+// that are linked with the library's objects. Positions count from 1; 0 means that nothing was found. Short
+// strings that they return are cut at 255 characters.
 #pragma once
 
 #include <cstdint>
@@ -12,9 +12,9 @@
 
 namespace optcore {
 
-// First and last position of a character; the forms with a start look at it and what follows it (lch) or
-// comes before it (rch). The "u" forms take upper and lower case for the same, the "set" forms any character
-// of a set.
+// The first (lch) or last (rch) position of a character. With `start`, the search begins at that position and
+// goes to the right (lch) or to the left (rch). The "u" forms ignore case; the "set" forms search for any
+// character of a set.
 std::int32_t lchpos(char character, std::string_view text, std::int32_t start = 1) noexcept;
 std::int32_t rchpos(char character, std::string_view text) noexcept;
 std::int32_t rchpos(char character, std::string_view text, std::int32_t start) noexcept;
@@ -24,16 +24,17 @@ std::int32_t rchupos(char character, std::string_view text, std::int32_t start) 
 std::int32_t lchsetpos(const tcharset& set, std::string_view text, std::int32_t start = 1) noexcept;
 std::int32_t rchsetpos(const tcharset& set, std::string_view text) noexcept;
 
-// Every occurrence replaced, from left to right; an empty `from` replaces nothing.
+// Replaces every occurrence, from left to right. An empty `from` replaces nothing.
 shortstring replacestr(std::string_view from, std::string_view to, std::string_view text) noexcept;
 shortstring deletechar(char character, std::string_view text) noexcept;
 shortstring lowercase(std::string_view text) noexcept;
 
-// The next word, ended by a blank or tab, from `position` (1-based) on, which moves behind it; empty at the
-// end.
+// Returns the next word at or after `position` (1-based) and moves `position` behind it. A word ends at a
+// blank or tab. The result is empty when there is no further word.
 std::string_view extracttoken(std::string_view text, std::int32_t& position) noexcept;
 
-// Decimal with a comma between groups of three digits, padded on the left with blanks to width (at most 255).
+// The number in decimal, with a comma between groups of three digits. inttonicestrw pads it on the left with
+// blanks to `width` (at most 255).
 tnumbertext inttonicestr(std::int32_t number) noexcept;
 tnumbertext int64tonicestr(std::int64_t number) noexcept;
 shortstring inttonicestrw(std::int32_t number, std::int32_t width) noexcept;

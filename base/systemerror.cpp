@@ -1,4 +1,4 @@
-// The operating system's text for an error code.
+// Texts for the operating system's error codes.
 #include "base/systemerror.h"
 
 #include <cstring>

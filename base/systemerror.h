@@ -1,4 +1,4 @@
-// The operating system's text for an error code, in English whatever the process locale.
+// Texts for the operating system's error codes (errno), in English whatever the locale of the process is.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@ namespace optcore {
 
 std::string_view systemerrortext(std::int32_t code) noexcept;
 
-// What messages say of a code: its number and its text.
+// The explaining line of a message: the number of the code and its text.
 shortstring errorcodetext(std::int32_t code) noexcept;
 
 }  // namespace optcore

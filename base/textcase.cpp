@@ -11,8 +11,9 @@ namespace {
 using tword = std::uint64_t;
 __extension__ using twideword = unsigned __int128;
 
-// Upper-cases the eight characters of a word at once. Adding moves a character's code past 127 exactly when
-// it is at least 'a' (or above 'z'), so the two sums mark the lower-case letters in each character's top bit.
+// Converts the eight characters of a word to upper case at once. In each byte, the first sum sets the top bit
+// if the character is at least 'a', the second if it is above 'z'. Where only the first is set, and the
+// character is below 128, it is a lower-case letter.
 tword upperword(tword word) {
   constexpr tword each = 0x0101010101010101ULL;
   const tword low = word & (each * 0x7f);
@@ -28,8 +29,8 @@ tword loadword(const char* text) {
   return word;
 }
 
-// The characters of a text of `count` (1 to 7) characters, some of them twice: equal words mean equal texts
-// of one length.
+// Packs a text of `count` characters, 1 to 7, into a word. Some characters may be loaded twice. For texts of
+// the same length, equal words mean equal texts.
 tword loadfew(const char* text, std::size_t count) {
   if (count >= 4) {
     std::uint32_t first;
@@ -42,7 +43,8 @@ tword loadfew(const char* text, std::size_t count) {
   return (code(0) << 16) | (code(count / 2) << 8) | code(count - 1);
 }
 
-// What follows the full words of a text of `count` characters. The word reaches back into the last full one.
+// Loads the characters that follow the full words of a text of `count` characters. Behind a full word, the
+// result overlaps that word.
 inline tword loadrest(const char* text, std::size_t count) {
   return count > sizeof(tword) ? loadword(text + count - sizeof(tword)) : loadfew(text, count);
 }
@@ -52,7 +54,8 @@ tword mix(tword state, tword word) {
   return static_cast<tword>(product) ^ static_cast<tword>(product >> 64);
 }
 
-// Where the loader put the library: different in every process, and of no effect on any result.
+// The seed of the hashes: the load address of the library, which differs between processes. It has no effect
+// on any result.
 tword seed() { return 0x243F6A8885A308D3ULL ^ (reinterpret_cast<std::uintptr_t>(&detail::uppertable) >> 4); }
 
 std::uint32_t folded(tword state) { return static_cast<std::uint32_t>(state ^ (state >> 32)); }
@@ -79,7 +82,8 @@ bool equalanycase(const char* a, const char* b, std::size_t count) {
 
 }  // namespace
 
-// Most names are written the same way everywhere, and most that differ do so by more than case.
+// Compares the characters as they are first: most equal names are written the same way, and most different
+// names differ in more than case.
 bool detail::equalcharacters(const char* a, const char* b, std::size_t count) noexcept {
   constexpr tword casebits = 0x2020202020202020ULL;
   std::size_t i = 0;

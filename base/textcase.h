@@ -1,5 +1,5 @@
-// Upper and lower case of ASCII letters, and comparison and hashing without regard to case. Never asks the
-// process locale: bytes above 127 are themselves.
+// Upper and lower case of ASCII letters, and comparison and hashing regardless of case. The locale of the
+// process has no effect, and bytes above 127 never change.
 #pragma once
 
 #include <array>
@@ -32,21 +32,22 @@ constexpr bool isletter(char character) {
 }
 constexpr bool isdigit(char character) { return character >= '0' && character <= '9'; }
 
-// Three-way comparison: the difference of the first upper-cased codes that differ, else of the lengths.
+// Three-way comparison regardless of case. The result is the difference of the first upper-case codes that
+// differ, or else of the lengths.
 std::int32_t strucmp(std::string_view a, std::string_view b) noexcept;
 
-// True when both texts are the same but for the case of letters.
 namespace detail {
 bool equalcharacters(const char* a, const char* b, std::size_t count) noexcept;
 }
+// Whether the texts are equal regardless of case.
 inline bool struequal(std::string_view a, std::string_view b) noexcept {
   return a.size() == b.size() && detail::equalcharacters(a.data(), b.data(), a.size());
 }
 
-// A hash that is equal for texts that are equal without regard to case. It differs from process to process,
-// so that no file can be made up whose names all collide.
+// A hash for comparison regardless of case: equal texts have equal hashes. It differs between processes, so
+// that nobody can prepare a file whose names all collide.
 std::uint32_t struhash(std::string_view text) noexcept;
-// The same for numbers.
+// A hash of a number, which also differs between processes.
 std::uint32_t inthash(std::int32_t number) noexcept;
 
 }  // namespace optcore

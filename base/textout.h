@@ -1,6 +1,6 @@
-// A text result: the caller's buffer in either of the two text forms of the interface, 256 bytes long. Of a
-// short string only the length byte and the characters are written, of a zero-terminated text the characters
-// and the zero byte.
+// A text result: writes to the caller's buffer of 256 bytes, in either of the two text forms of the
+// interface. The bytes behind the text stay unchanged: a short string is written as its length byte and
+// characters, a zero-terminated text as its characters and the zero byte.
 #pragma once
 
 #include <cstddef>
@@ -20,7 +20,7 @@ class ttextout {
       : fbuffer(buffer), fform(form), fwritten(form == tform::shortstring) {}
   ttextout(const ttextout&) = delete;
   ttextout& operator=(const ttextout&) = delete;
-  // A text that was left untouched comes back empty in the zero-terminated form.
+  // A result that was not set becomes the empty text in the zero-terminated form.
   ~ttextout() {
     if (!fwritten) fbuffer[0] = '\0';
   }
@@ -41,7 +41,7 @@ class ttextout {
  private:
   char* fbuffer;
   tform fform;
-  bool fwritten;  // or need not be
+  bool fwritten;  // always true for a short string, which may stay untouched
 };
 
 }  // namespace optcore

@@ -14,8 +14,8 @@ std::int32_t growncapacity(std::int32_t capacity) {
   return capacity + capacity / 4;
 }
 
-// Splits the range around a pivot that is followed by its position. Items lo .. result.hi belong before items
-// result.lo .. hi.
+// Splits the range around a pivot. `pivot` is its position, which is updated when an exchange moves it.
+// Afterwards no item of range.lo .. result.hi belongs behind an item of result.lo .. range.hi.
 tquicksortclass::trange tquicksortclass::partition(trange range) {
   std::int32_t i = range.lo;
   std::int32_t j = range.hi;
@@ -35,7 +35,7 @@ tquicksortclass::trange tquicksortclass::partition(trange range) {
   return {i, j};
 }
 
-// Moves the item at `root` of the heap lo .. hi down until none below belongs behind it.
+// Moves the item at `root` down in the heap until none of its children belongs behind it.
 void tquicksortclass::siftdown(trange heap, std::int32_t root) {
   while (root - heap.lo < heap.hi - root) {
     const std::int32_t left = root + (root - heap.lo) + 1;
@@ -56,14 +56,14 @@ void tquicksortclass::heapsort(trange range) {
   }
 }
 
-// The parts of a split are sorted independently of each other, so the smaller one goes first and the stack
-// stays shallow whatever the order of the items. An order made to meet bad pivots would take quadratic time:
-// what has been split far more often than halving needs goes to the heap sort.
+// Of the two parts of a split, the smaller one is sorted first, so the stack stays shallow for every order of
+// the items. An order that is made to meet bad pivots would take quadratic time; therefore a part that was
+// split far more often than halving needs is sorted by heapsort.
 void tquicksortclass::quicksort(std::int32_t lo, std::int32_t hi) {
   constexpr std::size_t deepest = 32;  // each part at most half as long as the one below it
   struct tpart {
     trange range;
-    int splits;  // that are left
+    int splits;  // how often it may still be split
   } waiting[deepest];
   std::size_t depth = 0;
   tpart part{{lo, hi}, 4 * std::numeric_limits<std::int32_t>::digits};
@@ -87,6 +87,7 @@ void tquicksortclass::quicksort(std::int32_t lo, std::int32_t hi) {
 
 void tquicksortclass::sortn(std::int32_t n) { quicksort(0, n - 1); }
 
+// The list grows before the text is allocated, so a failure to grow loses no text.
 std::int32_t txstrings::add(std::string_view text) {
   if (count() == capacity()) grow();
   return txlist<char*>::add(newstring(text));

@@ -1,9 +1,9 @@
-// The growable lists under the option store: txlist (plain items), txstrings (texts) and txstringlist (texts
-// with one word of data each), all sortable through tquicksortclass. Indices count from 0 and must be within
+// The growable lists under the option store: txlist (plain items), txstrings (texts) and txstringlist (texts,
+// each with an object). All can be sorted through tquicksortclass. Indices count from 0 and must be within
 // the list.
 //
-// Growth is fast while a list is small (16, then eightfold) and by a quarter past a million items. Nothing
-// is sorted or made unique on insertion. Owning lists override freeitem or freeobject and clear themselves in
+// The first capacity is 16 items. It grows eightfold, and by a quarter above a million items. Insertion
+// neither sorts nor removes duplicates. Owning lists override freeitem or freeobject and clear themselves in
 // their destructors; that is the one rule by which contents are freed.
 #pragma once
 
@@ -25,7 +25,7 @@
 
 namespace optcore {
 
-// Sorting through comparison and exchange of positions.
+// The base of the lists, with the sort. The sort needs only comparison and exchange of two positions.
 class tquicksortclass {
  public:
   tquicksortclass() = default;
@@ -34,11 +34,11 @@ class tquicksortclass {
   virtual ~tquicksortclass() = default;
 
   virtual void exchange(std::int32_t i, std::int32_t j) = 0;
-  // Negative, zero or positive as item i belongs before, with or after item j.
+  // Negative, zero or positive when item i belongs before, is equal to, or belongs after item j.
   virtual std::int32_t compare(std::int32_t i, std::int32_t j) const = 0;
 
-  // Sorts items 0 .. n - 1 in at most n log n steps. Not stable: equal items come out in the order that the
-  // pivots give them.
+  // Sorts items 0 .. n - 1 in O(n log n) steps, also in the worst case. The sort is not stable: the order of
+  // equal items depends on the choice of the pivots.
   void sortn(std::int32_t n);
 
  private:
@@ -51,10 +51,11 @@ class tquicksortclass {
   void quicksort(std::int32_t lo, std::int32_t hi);
 };
 
-// The capacity that follows `capacity` when a list is full. Throws std::bad_alloc past 32 bits.
+// The next capacity of a list that is full. Throws std::bad_alloc if it does not fit 32 bits.
 std::int32_t growncapacity(std::int32_t capacity);
 
-// A contiguous array of plain items: what the lists share. Growing moves bytes, never constructs.
+// The array inside the lists: contiguous, for trivially copyable items, grown with realloc. It does not grow
+// by itself: before an insertion its user calls setcapacity if it is full.
 template <class titem>
 class tgrowarray {
   static_assert(std::is_trivially_copyable_v<titem>);
@@ -88,7 +89,7 @@ class tgrowarray {
     fcapacity = capacity;
   }
 
-  // Without items and without memory, as at first.
+  // Removes all items and frees the memory.
   void release() noexcept {
     std::free(fmemory);
     fmemory = nullptr;
@@ -118,8 +119,8 @@ class tgrowarray {
   }
 
  private:
-  // Moves the items from `from` on to `to`, where the count is that of before an insertion or after a
-  // removal.
+  // Moves the items from index `from` to the end so that they begin at index `to`. fcount must be the count
+  // before an insertion or after a removal.
   void move(std::int32_t to, std::int32_t from) noexcept {
     const std::int32_t moved = fcount - (to < from ? to : from);
     if (moved > 0)
@@ -132,7 +133,7 @@ class tgrowarray {
   std::int32_t fcapacity = 0;
 };
 
-// A list of plain items (pointers, numbers).
+// A list of plain items (pointers, numbers). It does not own what pointers point to.
 template <class titem>
 class txlist : public tquicksortclass {
  public:
@@ -140,7 +141,7 @@ class txlist : public tquicksortclass {
   std::int32_t capacity() const noexcept { return fitems.capacity(); }
   void setcapacity(std::int32_t capacity) { fitems.setcapacity(capacity); }
 
-  // Returns the new item's index.
+  // Returns the index of the new item.
   std::int32_t add(titem item) {
     if (fitems.full()) grow();
     fitems.insert(count(), item);
@@ -156,12 +157,12 @@ class txlist : public tquicksortclass {
       if (fitems[i] == item) return i;
     return -1;
   }
-  // The "delete" of the list; the word is taken in this language.
+  // The "delete" of the list, which is a keyword in C++.
   void remove(std::int32_t index) {
     freeitem(index);
     fitems.remove(index);
   }
-  // Deletes so many items at the front, moving the rest once.
+  // Deletes the first `removed` items; the others are moved only once.
   void removefirst(std::int32_t removed) {
     for (std::int32_t i = 0; i < removed; ++i) freeitem(i);
     fitems.removefirst(removed);
@@ -189,13 +190,13 @@ class txlist : public tquicksortclass {
   tgrowarray<titem> fitems;
 };
 
-// A list of texts, each cut at 255 characters.
+// A list that owns its texts, each cut at 255 characters.
 class txstrings : public txlist<char*> {
  public:
   ~txstrings() override { clear(); }
   std::int32_t add(std::string_view text);
   std::string_view get(std::int32_t index) const noexcept { return getstring(txlist<char*>::get(index)); }
-  // The first equal text regardless of case, or -1.
+  // The index of the first text that is equal regardless of case, or -1.
   std::int32_t indexof(std::string_view text) const noexcept;
 
   std::int32_t compare(std::int32_t i, std::int32_t j) const override {
@@ -204,7 +205,8 @@ class txstrings : public txlist<char*> {
   void freeitem(std::int32_t index) override { disposestring(txlist<char*>::get(index)); }
 };
 
-// A list of texts with one word of data each: a pointer or a number. The base list does not own the data.
+// A list of texts, each with an object: a pointer, a number or a small structure. The list owns the texts,
+// each cut at 255 characters; derived lists may own the objects.
 template <class tobject>
 class txcustomstringlist : public tquicksortclass {
  public:
@@ -228,7 +230,7 @@ class txcustomstringlist : public tquicksortclass {
   tobject getobject(std::int32_t index) const noexcept { return fitems[index].object; }
   void putobject(std::int32_t index, tobject object) noexcept { fitems[index].object = object; }
 
-  // The first text of that name regardless of case, or -1.
+  // The index of the first text that is equal regardless of case, or -1.
   std::int32_t indexof(std::string_view text) const { return findex.find(count(), tnamekey{text}, keyat()); }
   std::int32_t indexof(const tsoughtname& name) const { return findex.find(count(), name, keyat()); }
   std::int32_t indexofobject(tobject object) const noexcept {
@@ -236,7 +238,7 @@ class txcustomstringlist : public tquicksortclass {
       if (fitems[i].object == object) return i;
     return -1;
   }
-  // The "delete" of the list; the word is taken in this language.
+  // The "delete" of the list, which is a keyword in C++.
   void remove(std::int32_t index) {
     findex.reset();
     freetext(fitems[index].text);
@@ -260,12 +262,12 @@ class txcustomstringlist : public tquicksortclass {
   virtual void freeobject(std::int32_t) {}
 
  protected:
-  // Adds a text that is in a block already.
+  // Adds a text that has a block already.
   void addblock(char* text, tobject object) {
     if (fitems.full()) grow();
     fitems.insert(count(), {text, object});
   }
-  // The text just added, as it was searched for before.
+  // Enters the text that was just added into the index. `name` must be that text.
   void addedname(const tsoughtname& name) { findex.added(count(), name, keyat()); }
 
  private:
@@ -288,18 +290,18 @@ class txcustomstringlist : public tquicksortclass {
   }
 
   tgrowarray<tlistitem> fitems;
-  mutable tnameindex findex;  // made on the first search, thrown away when positions change
+  mutable tnameindex findex;  // built on the first search, discarded when positions change
 };
 
 template <class tobject>
 class txstringlist : public txcustomstringlist<tobject> {};
 
-// The two owning lists: items or data are objects that the list frees.
+// The two owning lists: they delete their items, or the objects of their texts.
 template <class tobject>
 class txlistobj : public txlist<tobject*> {
  public:
   ~txlistobj() override { this->clear(); }
-  // Takes the object over.
+  // Takes ownership of the object.
   std::int32_t add(std::unique_ptr<tobject> object) {
     const std::int32_t index = txlist<tobject*>::add(object.get());
     static_cast<void>(object.release());
@@ -312,7 +314,7 @@ template <class tobject>
 class txstringlistobj : public txstringlist<tobject*> {
  public:
   ~txstringlistobj() override { this->clear(); }
-  // Takes the object over.
+  // Takes ownership of the object.
   std::int32_t addobject(std::string_view text, std::unique_ptr<tobject> object) {
     const std::int32_t index = txstringlist<tobject*>::addobject(text, object.get());
     static_cast<void>(object.release());
@@ -321,12 +323,12 @@ class txstringlistobj : public txstringlist<tobject*> {
   void freeobject(std::int32_t index) override { delete this->getobject(index); }
 };
 
-// The same, but the texts lie in an arena.
+// A txstringlistobj whose texts lie in an arena, which frees them.
 template <class tobject>
 class tstoredlistobj : public txstringlistobj<tobject> {
  public:
   ~tstoredlistobj() override { this->clear(); }
-  // Takes the object over. The name, if given, must be the text: it enters the index.
+  // Takes ownership of the object. `name`, if given, must be the text; it is entered into the index.
   void addstored(tstoredtext text, std::unique_ptr<tobject> object) {
     this->addblock(text.block(), object.get());
     static_cast<void>(object.release());

@@ -16,8 +16,8 @@ constexpr std::int32_t auditlinelength = 78;
 constexpr std::size_t marklength = 6;  // at either end of a registered line
 constexpr std::string_view platformname = "x86_64/Linux";
 
-// Days from 1 January 1900 (day 1) to a day of the Gregorian calendar, the year beginning in March so that
-// the leap day is its last.
+// The day number of a date of the Gregorian calendar, with 1 January 1900 as day 1. The year begins in March
+// here, so that a leap day is its last day.
 std::int32_t daynumber(std::int32_t year, std::int32_t month, std::int32_t day) {
   if (month <= 2) {
     --year;
@@ -44,7 +44,7 @@ shortstring makeregistration() {
 
 }  // namespace
 
-// Made on first use: the unit may be started before this file's own globals are.
+// Constructed on first use, because the unit may be started before the globals of this file are constructed.
 tauditstate& zqaauditstate() {
   static tauditstate theone;
   return theone;

@@ -1,24 +1,24 @@
-// Release data and the audit line: one fixed-width line that names the component, its release status and
-// date, version, build and platform. All of it is module state that the start of the unit sets.
-// zqaauditmore.h has the rest of the unit.
+// Release data and the audit line, a line of fixed width that names the component, its release status and
+// date, version, build and platform. Both are global state, which zqaauditstart sets. The other routines of
+// this unit are in zqaauditmore.h.
 #pragma once
 
 #include <string_view>
 
 namespace optcore {
 
-// The start sets every value and empties both audit lines; the stop empties all of it.
+// zqaauditstart sets the release data and clears both audit lines; zqaauditstop clears everything.
 void zqaauditstart();
 void zqaauditstop();
 
-// The audit line as the library registers it: 77 characters, a mark of six characters at either end included.
+// The audit line as the library registers it: 77 characters, including a mark of six characters at each end.
 std::string_view zqaauditregistration();
 
-// Sets the library's line to what lies between the first six and the last six characters, padded with blanks
-// or cut to 78.
+// Sets the library's audit line to the text without its first six and its last six characters, padded with
+// blanks or cut to 78 characters.
 void zqasetauditlinelib(std::string_view text);
 
-// The audit line if one is set, else the library's.
+// The line that zqasetauditline set (see zqaauditmore.h), or else the library's.
 std::string_view zqagetauditline();
 
 }  // namespace optcore

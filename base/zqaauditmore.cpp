@@ -1,4 +1,5 @@
-// Release data one by one, the audit line that goes before the library's, and the question for it.
+// The routines of the release data unit that neither the library nor the tool calls: single release data, the
+// audit line that takes precedence, and whether the command line asks for it.
 #include "base/zqaauditmore.h"
 
 #include <cstdio>
@@ -43,7 +44,7 @@ bool zqaisauditword(std::string_view parameter) { return struequal(parameter, "A
 bool zqaauditrun(const char* commandline) {
   const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(commandline, "rb"), std::fclose);
   if (file == nullptr) return false;
-  // the first one is the program's own name
+  // index 0 is the program's own name
   std::string parameter;
   std::int32_t index = 0;
   for (int character = std::getc(file.get()); character != EOF; character = std::getc(file.get())) {

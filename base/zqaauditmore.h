@@ -1,5 +1,5 @@
-// The rest of the unit of release data: neither the library nor the tool calls these; programs that are built
-// with the objects may.
+// The routines of the release data unit (see zqaaudit.h) that neither the library nor the tool calls. They
+// are kept for programs that are linked with the library's objects.
 #pragma once
 
 #include <cstdint>
@@ -7,8 +7,8 @@
 
 namespace optcore {
 
-// Sets the line that goes before the library's, as zqasetauditlinelib does, and the system name to its first
-// 16 characters.
+// Sets the audit line that takes precedence over the library's. The text is treated as by zqasetauditlinelib.
+// The system name becomes the first 16 characters of the line.
 void zqasetauditline(std::string_view text);
 
 bool zqaisalfa();
@@ -24,15 +24,15 @@ std::string_view zqagethdr();      // 22 characters: the platform in words
 std::string_view zqagetcod();      // 3 characters
 std::string_view zqagetcpr();      // 70 characters: the notice
 
-// Day numbers, 1 January 1900 being day 1: the release, and the day before the start of the unit.
+// Day numbers, with 1 January 1900 as day 1: of the release, and of the day before the unit was started.
 std::int32_t zqagetjul();
 std::int32_t zqagettoday();
 
-// Whether a parameter asks for the audit line: AUDIT in any case.
+// Whether a parameter asks for the audit line: the word AUDIT, regardless of case.
 bool zqaisauditword(std::string_view parameter);
 
-// Whether the first command-line parameter of the process does. The file holds the parameters, a zero byte
-// behind each.
+// Whether the first command-line parameter of the process asks for the audit line. `commandline` names a file
+// with the program's name and its parameters, each followed by a zero byte.
 bool zqaauditrun(const char* commandline = "/proc/self/cmdline");
 
 }  // namespace optcore

@@ -1,4 +1,4 @@
-// The state of the unit, for its two sources alone.
+// The global state of the release data unit, for zqaaudit.cpp and zqaauditmore.cpp alone.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +18,7 @@ tauditstate& zqaauditstate();
 
 inline constexpr std::size_t zqasystemnamelength = 16;
 
-// What lies between the first six and the last six characters, padded with blanks or cut to 78.
+// The text without its first six and its last six characters, padded with blanks or cut to 78 characters.
 shortstring zqabetweenmarks(std::string_view text);
 
 }  // namespace optcore

@@ -1,5 +1,5 @@
-// The input is a definition file and, behind a line "%%", a parameter file, with two bytes of switches in
-// front.
+// The input is two bytes of switches, a definition file and, after a line "%%", a parameter file. Both files
+// are read, the state is checked, and the settings are written and read back.
 #include "fuzz/support/target.h"
 
 void fuzzing::run(std::string_view input) {

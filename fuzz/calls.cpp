@@ -1,5 +1,5 @@
-// The input is a sequence of calls on several handles: a byte chooses the handle and one the call, its
-// arguments follow. Every exported function is among them.
+// The input is a sequence of calls on several handles. One byte chooses the handle and one the call; the
+// arguments of the call follow. Every exported function is among the calls.
 #include <optional>
 
 #include "base/textcase.h"
@@ -8,8 +8,8 @@
 namespace fuzzing {
 namespace {
 
-// Turns the bytes of an input into numbers and texts, from the front to the back. At the end every number is
-// 0 and every text empty.
+// Decodes an input into numbers and texts, from front to back. When nothing is left, numbers are decoded from
+// bytes 0, and texts are empty.
 struct tdecoder {
   explicit tdecoder(std::string_view input) : finput(input) {}
 
@@ -20,9 +20,9 @@ struct tdecoder {
     finput.remove_prefix(1);
     return value;
   }
-  // 0 to highest.
+  // A number from 0 to `highest`.
   std::int32_t pick(std::int32_t highest) { return static_cast<std::int32_t>(byte()) % (highest + 1); }
-  // Mostly a number that exists, that is from 1 to count, or one beside them; sometimes any.
+  // Usually a number from 0 to count + 1, where 1 to count exist; sometimes any integer.
   std::int32_t number(std::int32_t count) {
     const unsigned choice = byte();
     return choice == 255 ? integer() : static_cast<std::int32_t>(choice) % (count + 2);
@@ -41,7 +41,8 @@ struct tdecoder {
     for (int i = 0; i < 8; ++i) bits = (bits << 8) | byte();
     return std::bit_cast<double>(bits);
   }
-  // Up to 254 characters, or with the highest lengths some more, which are made up.
+  // Up to 255 characters of the input. From length 250 on, a few characters are appended, so that texts that
+  // are too long occur, too.
   std::string text() {
     const std::size_t length = byte();
     return std::string(taken(length)).append(length >= 250 ? length - 246 : 0, 'x');
@@ -61,8 +62,8 @@ struct tdecoder {
   std::string_view finput;
 };
 
-// What calls are made with: the pair that was chosen, arguments out of the input, and results to fill. The
-// pair compares the results; what the calls do is asked by checkstate.
+// What the calls use: the chosen pair of handles, arguments from the input, and variables for the results.
+// The pair compares the results of its handles; checkstate checks the state that the calls leave.
 struct tcontext : tdecoder {
   using tdecoder::tdecoder;
   tpair* pair = nullptr;
@@ -89,7 +90,7 @@ struct tcontext : tdecoder {
     const std::string argument = text();
     return argument == "\x01" ? ttext(nullptr) : ttext(argument);
   }
-  // With a name and the text that comes out in one buffer.
+  // Calls a function with the name and the text result in one buffer.
   template <class tfirst, class tsecond>
   void callshared(tfirst first, tsecond second) {
     ttext shared(name(), true);
@@ -102,7 +103,8 @@ struct tcontext : tdecoder {
   }
 };
 
-// A call, in braces: so its arguments are taken from the input in their order.
+// A call whose arguments are written in braces, which are evaluated in order. So they are taken from the
+// input in order.
 struct tcalled {
   template <class... targuments>
   explicit tcalled(tcontext& context, targuments&&... arguments) {
@@ -213,7 +215,7 @@ constexpr tcall calls[] = {
     },
     [](tcontext& c) { call(xapiversion, cxapiversion, c.integer(), c.text1, c.int1); },
     [](tcontext& c) {
-      // as many codes as the count says, and no more
+      // exactly as many codes as the count says
       const std::int32_t count = c.number(8);
       std::vector<std::int32_t> codes(count >= 0 && count < 100 ? static_cast<std::size_t>(count) + 1 : 0);
       for (std::int32_t& code : codes) code = c.pick(14);
@@ -239,8 +241,8 @@ void fuzzing::run(std::string_view input) {
   optsetloadpath(nullptr);
   for (const int mode : {0, 1, 2}) writefile(std::to_string(mode), richdefinition(mode));
   for (int count = 0; !context.atend() && count < 1000; ++count) {
-    // Three bytes in four go on with the first handle; some of the others end a handle, and its place gets a
-    // new one.
+    // Three bytes in four choose the first pair of handles. Bytes above 250 free the chosen pair first, and a
+    // new one takes its place.
     const unsigned choice = context.byte();
     std::optional<tpair>& pair = pairs[choice < 192 ? 0 : choice % 3];
     if (choice > 250) pair.reset();

@@ -1,5 +1,5 @@
-// The input is a definition file. Whatever it defines is asked for, each option is set to the value that it
-// has, and the settings are written and read again.
+// The input is a definition file. Everything that it defines is queried, each option is set to the value that
+// it has, and the settings are written and read back.
 #include "fuzz/support/target.h"
 
 void fuzzing::run(std::string_view input) {
@@ -12,7 +12,7 @@ void fuzzing::run(std::string_view input) {
   std::int32_t defined{}, recent{}, refnr{}, datatype{}, opttype{}, subtype{};
   for (std::int32_t i = pair.one(optcount); i > 0; --i) {
     pair.one(optgetinfonr, i, defined, recent, refnr, datatype, opttype, subtype);
-    // one that hands its text on is given one for several options
+    // an option that passes its text on gets words for several members
     const bool handson = opttype == optTypeMultiList || opttype == optTypeMacro;
     pair.call(BOTH(getstrnr), i, text);
     pair.call(BOTH(setstrnr), i, ttext(handson ? "1:2:3" : text.text()));

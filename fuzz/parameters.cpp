@@ -1,5 +1,5 @@
-// The input is a parameter file, read against a definition that has everything. Its first two bytes choose
-// the lookup mode, the way of reading and the switches.
+// The input is two bytes of switches and a parameter file, which is read with a definition that has
+// everything. The switches choose the lookup mode, the way of reading and the flags of the handles.
 #include "fuzz/support/target.h"
 
 void fuzzing::run(std::string_view input) {

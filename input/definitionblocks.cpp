@@ -1,4 +1,5 @@
-// Reads what may follow an option's line in a definition file, and the definitions that are not options.
+// The other half of the definition reader: the continuation lines of options, and the definitions that are
+// not options. Lines, names, types and the fields of options are in definitionreader.cpp.
 #include <unordered_set>
 
 #include "input/definitionreader.h"
@@ -131,7 +132,7 @@ void tdefinitionreader::indicator() {
   nextline();
 }
 
-// The name is that of the lookup mode.
+// The name is the name of a lookup mode.
 void tdefinitionreader::lookup() {
   bool isknown = false;
   for (std::size_t mode = 0; mode < lookupmodenames.size() && !isknown; ++mode) {
@@ -144,7 +145,7 @@ void tdefinitionreader::lookup() {
 
 namespace {
 
-// Characters that values and identifiers are made of start no comment.
+// Characters of which values and identifiers consist cannot start a comment.
 bool startscomment(char character) {
   constexpr std::string_view others = "\"'+-.";
   return static_cast<unsigned char>(character) > ' ' && !isdigit(character) && !isletter(character) &&

@@ -39,7 +39,7 @@ void tdefinitionreader::read() {
   while (fmore) definition();
 }
 
-// The one option that every definition has.
+// Adds the option that every definition has.
 void tdefinitionreader::addhelpoption() {
   const toptionhead head{"Help", &fstore, 0, 0, 0, {}};
   auto help = fdefinition.arena().make<timmediateoption>(head, timmkind::help);
@@ -47,7 +47,8 @@ void tdefinitionreader::addhelpoption() {
   fdefinition.addoption(std::move(help), tsoughtname(head.name));
 }
 
-// The line that is being read cannot begin a definition: it and what follows it are not read.
+// Ends the reading at the current line, with which no definition can begin. The line and all lines after it
+// are ignored.
 void tdefinitionreader::endearly() {
   fdefinition.setearlyend(fscanner.linenr());
   fmore = false;
@@ -88,7 +89,7 @@ tdefinitionreader::tkeyword tdefinitionreader::type() {
     modifier(word.substr(period + 1));
   const tkeyword keyword = findkeyword(word.substr(0, period));
   const std::optional<topttype> type = optiontype(keyword);
-  // an unknown word is treated as that of an option until its line is given up
+  // an unknown keyword is treated like an option type until the rest of its line is skipped
   const bool isunknown = keyword == tkeyword::unknown;
   const bool modifiable = isunknown || (type && takesmodifier(*type));
   if (fmodifier != tsubtype::required && !modifiable) error("Type modifier not allowed");
@@ -97,7 +98,8 @@ tdefinitionreader::tkeyword tdefinitionreader::type() {
   return keyword;
 }
 
-// What all options have next: a name of their own, and the user map where their type has one.
+// Checks that no option or synonym has the name, and reads the user map if the type has one. An unknown type
+// counts as one that has.
 void tdefinitionreader::usermap(std::optional<topttype> type) {
   fsoughtname = tsoughtname(fname);
   if (fdefinition.optionasobj(fsoughtname) != nullptr) error("Duplicate option");
@@ -139,7 +141,7 @@ tdefinitionreader::tkeyword tdefinitionreader::findkeyword(std::string_view word
   return tkeyword::unknown;
 }
 
-// Every branch moves on to the line after the definition.
+// Every branch moves to the line after the definition.
 void tdefinitionreader::rest(tkeyword keyword) {
   switch (keyword) {
     case tkeyword::integer: return integeroption();
@@ -165,7 +167,7 @@ void tdefinitionreader::rest(tkeyword keyword) {
 
 // ---- fields
 
-// The fields with which every option ends.
+// The last two fields of every option, which come before the text.
 void tdefinitionreader::hcandgroup(std::string_view hcproblem) {
   integerfield(fhc, hcproblem);
   integerfield(fgroup, "Bad Group value");
@@ -177,7 +179,7 @@ toptionhead tdefinitionreader::head() {
   return {fname, &fstore, fusermap, fhc, fgroup, text};
 }
 
-// Makes the option of the line whose fields have been read; the text is read last.
+// Makes the option from the fields that have been read; head() reads the text, which comes last on the line.
 template <class tclass, class... targuments>
 std::unique_ptr<tclass> tdefinitionreader::make(const targuments&... arguments) {
   return fdefinition.arena().make<tclass>(head(), arguments...);
@@ -207,7 +209,7 @@ void tdefinitionreader::dbloption() {
   helplines(add(std::move(option)));
 }
 
-// A default that is missing is the empty text.
+// A missing default is the empty text.
 void tdefinitionreader::stringoption() {
   std::string_view word;
   fscanner.nexttoken(word);
@@ -233,7 +235,7 @@ void tdefinitionreader::enumstroption() {
   enumstrvalues(as<tenumstroption>(add(std::move(option))));
 }
 
-// Added to the store only after its values.
+// The option is added to the definition only after its values have been read.
 void tdefinitionreader::enumintoption() {
   integerfield(fdefault, "Bad default value");
   hcandgroup("Bad HC");
@@ -254,7 +256,7 @@ void tdefinitionreader::strlistoption() {
   nextline();
 }
 
-// Added to the store only after its members.
+// The option is added to the definition only after its members have been read, so it cannot contain itself.
 void tdefinitionreader::macrooption() {
   hcandgroup("Bad HC");
   auto option = make<tmacrooption>();

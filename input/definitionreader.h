@@ -1,13 +1,13 @@
-// Reads a definition file into a store. Every problem is a message; none ends the reading but a line that no
-// definition can begin with.
+// Reads a definition file into a store. Problems are filed as messages, and reading continues. Only a line
+// with which no definition can begin ends the reading.
 //
 //   definitionfile = { definition } .
 //   definition     = [ "." ] name type [ "." modifier ] rest .
 //   rest           = option | synonym | group | marks | indicator | lookup | eolcomm .
 //   option         = fields text { continuation } .
 //
-// Definitions begin in the first column; continuation lines begin with a blank. Empty lines and lines that
-// begin with "*" are passed over by the scanner.
+// Definitions begin in the first column; continuation lines begin with a blank. The scanner (miniparser.h)
+// reads lines and tokens; it skips empty lines and lines that begin with "*".
 #pragma once
 
 #include <cstdint>
@@ -20,19 +20,19 @@
 
 namespace optcore {
 
-// Returns 0, or the system's code of a file that cannot be opened; there are messages then.
+// Returns 0, or the system's error code if the file cannot be opened; messages are filed then.
 std::int32_t readdefinition(tvksoptions& store, std::string_view filename);
 
 class tdefinitionreader {
  public:
-  // Both must outlive the reader; the scanner has its file open.
+  // Both must outlive the reader. The scanner must have its file open.
   tdefinitionreader(tvksoptions& store, tminiparser& scanner)
       : fstore(store), fdefinition(store.definition()), fscanner(scanner) {}
 
   void read();
 
  private:
-  // The words after a name, in the order of their codes: the option types first.
+  // The keywords that may follow a name. The option types come first and have the codes of topttype.
   enum class tkeyword : std::int32_t {
     unknown = -1,
     integer,
@@ -54,12 +54,12 @@ class tdefinitionreader {
     eolcomm
   };
   static tkeyword findkeyword(std::string_view word);
-  // The type of a keyword that is one of an option type.
+  // The option type of a keyword; none for the other keywords.
   static std::optional<topttype> optiontype(tkeyword keyword);
 
   // ---- lines
   bool nextline() { return fmore = fscanner.nextline(); }
-  // Moves to the next line; true if it continues the definition.
+  // Moves to the next line. Returns whether it continues the definition.
   bool nextcontinuation() { return nextline() && fscanner.ch() == ' '; }
   void endearly();
 
@@ -110,18 +110,18 @@ class tdefinitionreader {
     return fdefinition.addoption(std::move(option), fsoughtname);
   }
 
-  // Files a definition error with the name of the definition at its end.
+  // Files a definition error; its text ends with the name of the definition.
   void error(std::string_view problem);
 
   tvksoptions& fstore;
   tdefinition& fdefinition;
   tminiparser& fscanner;
-  bool fmore = false;  // the scanner stands on a line that is still to be read
+  bool fmore = false;  // the scanner is at a line that is still to be read
 
-  // What was read last. Lines leave these fields as they are where a token is missing, so that the value of
-  // an earlier line stands.
+  // The fields that were read last. They keep their values from line to line: where a token is missing, the
+  // value of an earlier line is used.
   shortstring fname;
-  tsoughtname fsoughtname{{}};  // views fname, of an option
+  tsoughtname fsoughtname{{}};  // views fname; set for options only
   tsubtype fmodifier = tsubtype::required;
   std::int32_t fusermap = 0;
   std::int32_t fdefault = 0;

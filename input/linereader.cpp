@@ -1,4 +1,4 @@
-// Reads a text file in blocks and hands it out line by line.
+// Reads a text file in blocks and returns it line by line.
 #include "input/linereader.h"
 
 #include <fcntl.h>
@@ -18,12 +18,12 @@ namespace {
 constexpr int waitforwriter = 5000;  // milliseconds
 
 mode_t kindoffile(int descriptor) noexcept {
-  struct stat status {};  // stays so when the system cannot tell
+  struct stat status {};  // stays zero if fstat fails
   ::fstat(descriptor, &status);
   return status.st_mode;
 }
 
-// Waits until there is something to read or the other end is closed. False when the time is over.
+// Waits until data can be read or the other end is closed. Returns false if neither happens in time.
 bool becomesready(int descriptor) noexcept {
   pollfd request = {descriptor, POLLIN, 0};
   int result;
@@ -38,7 +38,7 @@ int tlinereader::open(std::string_view filename) {
   close();
   if (fblock == nullptr) fblock = std::make_unique_for_overwrite<char[]>(blocksize + 1);
   const std::string name(filename);
-  if (name.find('\0') != std::string::npos) return ENOENT;  // the system would open what comes before it
+  if (name.find('\0') != std::string::npos) return ENOENT;  // the system would ignore the rest
   do fdescriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   while (fdescriptor < 0 && errno == EINTR);
   if (fdescriptor < 0) return errno;
@@ -51,17 +51,17 @@ int tlinereader::open(std::string_view filename) {
   return freaderror;
 }
 
-// Reads the first block. To open a FIFO in the ordinary way would wait for a program that writes into it, for
-// ever if none comes; here it is given some time.
+// Reads the first block. The file was opened without blocking, because an ordinary open of a FIFO waits for a
+// program that writes to it, for ever if none comes. Here that program has a limited time.
 void tlinereader::begin() noexcept {
   const mode_t kind = kindoffile(fdescriptor);
   if (S_ISFIFO(kind) && !becomesready(fdescriptor) && !readmore()) {
-    if (freaderror == 0) freaderror = ETIMEDOUT;  // nobody writes
+    if (freaderror == 0) freaderror = ETIMEDOUT;  // no program has it open for writing
     if (freaderror != EAGAIN) return;
-    freaderror = 0;  // somebody does, but slowly
+    freaderror = 0;  // one has, but has not written yet
     fatend = false;
   }
-  if (!S_ISREG(kind)) ::fcntl(fdescriptor, F_SETFL, 0);  // from here on reading waits
+  if (!S_ISREG(kind)) ::fcntl(fdescriptor, F_SETFL, 0);  // from here on, reading blocks
   if (unread() == 0) readmore();
 }
 
@@ -71,7 +71,7 @@ void tlinereader::close() noexcept {
   fatend = true;
 }
 
-// Reads behind what the block holds up to fend. False at the end of the file.
+// Reads more data into the block, at fend. Returns false at the end of the file and after an error.
 bool tlinereader::readmore() noexcept {
   if (fatend) return false;
   ssize_t count;
@@ -97,7 +97,7 @@ bool tlinereader::fill() noexcept {
   return readmore();
 }
 
-// The next line where the block does not hold its end.
+// Returns the next line when the block does not contain its end.
 tlinereader::tline tlinereader::nextbyreading() {
   for (std::size_t searched = unread(); searched < blocksize && fill(); searched = unread())
     if (char* feed = findfeed(searched)) return takeline(feed);
@@ -110,7 +110,7 @@ tlinereader::tline tlinereader::nextbyreading() {
   return {line, maxline};
 }
 
-// Drops what is left of a line that fills the whole block, keeping its beginning, which is handed out.
+// Drops the rest of a line that fills the whole block. Its beginning, which is returned, stays in the block.
 void tlinereader::skiprestofline() noexcept {
   for (;;) {
     fbegin = fend = fblock.get() + maxline;

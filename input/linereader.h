@@ -1,4 +1,5 @@
-// Reads a text file in blocks and hands it out line by line. Only the beginning of a very long line is kept.
+// Reads a text file in blocks and returns it line by line, without copying the lines. Only the beginning of a
+// very long line is kept, so memory does not depend on the input. What the lines mean is left to the scanner.
 #pragma once
 
 #include <algorithm>
@@ -12,37 +13,40 @@ namespace optcore {
 
 class tlinereader {
  public:
-  static constexpr std::size_t maxline = 1020;  // what follows in a line is dropped
+  static constexpr std::size_t maxline = 1020;  // characters; the rest of a longer line is dropped
 
   tlinereader() = default;
   tlinereader(const tlinereader&) = delete;
   tlinereader& operator=(const tlinereader&) = delete;
   ~tlinereader() { close(); }
 
-  // Opens the file and reads its first block. Returns 0, or the system's code when one of the two fails, as
-  // for a directory, or for a FIFO that no program opens for writing within some seconds (ETIMEDOUT).
+  // Opens the file and reads its first block. Returns 0, or the system's error code if either fails.
+  // Directories fail, and so do FIFOs that no program opens for writing within some seconds (ETIMEDOUT).
   int open(std::string_view filename);
   void close() noexcept;
 
-  // Characters that may be changed, and with them the one behind, until the next line is asked for.
+  // A line in the block. Its characters and the one behind them may be changed. Valid until the next call of
+  // next.
   struct tline {
     char* text = nullptr;
     std::size_t length = 0;
   };
 
-  // The next line; at the end of the file one without text. A line ends at a line feed; one carriage return
-  // directly before it, or at the very end of the file, is not part of the line.
+  // Returns the next line; at the end of the file, a line whose text is null. A line ends at a line feed. One
+  // carriage return directly before it, or at the very end of the file, is not part of the line.
   tline next() {
     char* const feed = findfeed(0);
     return feed != nullptr ? takeline(feed) : nextbyreading();
   }
 
-  // The system's code of a read that failed after the file was opened, else 0. The file ends there.
+  // The system's error code if reading failed after the file was opened, otherwise 0. The lines end at the
+  // failure.
   int readerror() const noexcept { return freaderror; }
 
  private:
   static constexpr std::size_t blocksize = 64 * 1024;
-  // A file ends with the error EFBIG behind this: some devices never end. Lines can be counted in 32 bits.
+  // The largest number of bytes in a file; a longer one ends with the error EFBIG. Some devices never end,
+  // and the number of a line must fit 32 bits.
   static constexpr std::ptrdiff_t maxfile = 0x7FFFFFFF;
 
   void begin() noexcept;
@@ -52,7 +56,8 @@ class tlinereader {
   void skiprestofline() noexcept;
 
   std::size_t unread() const noexcept { return static_cast<std::size_t>(fend - fbegin); }
-  // The first line feed of the unread part behind so many characters that hold none.
+  // The first line feed of the unread part, or null. The first `searched` characters are known to contain
+  // none.
   char* findfeed(std::size_t searched) const noexcept {
     return static_cast<char*>(std::memchr(fbegin + searched, '\n', unread() - searched));
   }
@@ -60,7 +65,7 @@ class tlinereader {
     if (length > 0 && line[length - 1] == '\r') --length;
     return {line, std::min(length, maxline)};
   }
-  // The line up to the feed, which is in the block.
+  // Takes the line up to `feed`, which must be in the unread part.
   tline takeline(char* feed) noexcept {
     assert(feed >= fbegin && feed < fend);
     char* const line = fbegin;
@@ -71,7 +76,7 @@ class tlinereader {
   int fdescriptor = -1;
   int freaderror = 0;
   bool fatend = false;
-  std::ptrdiff_t funread = 0;  // how much may still come
+  std::ptrdiff_t funread = 0;  // how many bytes may still be read
   std::unique_ptr<char[]> fblock;
   char* fbegin = nullptr;  // the unread part of the block
   char* fend = nullptr;

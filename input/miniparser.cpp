@@ -1,4 +1,4 @@
-// The text scanner: sources, lines, echo and tokens.
+// The scanner: sources, lines, echo and tokens.
 #include "input/miniparser.h"
 
 #include <algorithm>
@@ -68,7 +68,7 @@ bool tminiparser::nextfileline() {
       endinput();
       return false;
     }
-    ++flinenr;  // a file is cut off before its lines can no longer be counted
+    ++flinenr;  // cannot overflow: tlinereader limits the size of a file
     if (fechoflag) flushecho({line.text, line.length});
     if (line.length == 0 || line.text[0] == '*') continue;
     fposition = line.text;
@@ -100,8 +100,8 @@ void tminiparser::nextch() {
     endinput();
 }
 
-// The end of the line, or the character in it that ends it before. Such a character is rare: it is looked for
-// by itself.
+// The end of the line, or the first endofline or endofinput character in its text, which ends it early. Such
+// characters are rare, so memchr looks for each separately.
 char* tminiparser::endofrest() const noexcept {
   char* end = flineend;
   const auto endat = [&](char character) {
@@ -117,7 +117,7 @@ char* tminiparser::endofrest() const noexcept {
 
 void tminiparser::flushecho(std::string_view line) {
   constexpr std::size_t width = 130;
-  constexpr char broken = static_cast<char>(187);  // in place of the leading blank where a line is cut
+  constexpr char broken = static_cast<char>(187);  // marks where a line is split; replaces the leading blank
   if (line.empty()) {
     echo({});
     return;
@@ -129,7 +129,7 @@ void tminiparser::flushecho(std::string_view line) {
   for (std::size_t begin = 0; begin < line.size(); begin += width) {
     shortstring piece;
     piece.append(1, broken).append(line.substr(begin, width));
-    // a single character that follows has no mark before it
+    // there is no mark if only one character follows
     if (begin + width + 1 < line.size()) piece.append(1, broken);
     echo(piece);
   }
@@ -137,7 +137,7 @@ void tminiparser::flushecho(std::string_view line) {
 
 // ---- tokens
 
-// Takes the characters that belong by more than their class, up to the end of the line.
+// Takes characters as long as `belongs` returns true for them, up to the end of the line.
 template <class tbelongs>
 std::string_view tminiparser::collectwhile(tbelongs belongs) {
   if (atlineend()) return {};
@@ -159,8 +159,9 @@ bool tminiparser::nexttoken(std::string_view& text) {
   return true;
 }
 
-// The token ends at a comma, blank or tab that follows a double quote, if the number of double quotes so far
-// is odd: a double quote that no separator follows stands for itself.
+// Reads a token in double quotes. It ends at the end of the line, or at a comma, blank or tab that follows a
+// double quote, if the number of double quotes since the opening one is odd. Other double quotes are part of
+// the text. Returns false if the last character is not a double quote.
 bool tminiparser::nextquotedtoken(std::string_view& text) {
   nextch();
   bool odd = false;
@@ -176,7 +177,8 @@ bool tminiparser::nextquotedtoken(std::string_view& text) {
   return true;
 }
 
-// Most numbers are a token of a few digits, read in one go. Nothing is passed when this is none.
+// The fast path for most numbers, tokens of at most nine digits. For other tokens it returns false and reads
+// nothing.
 inline bool tminiparser::shortinteger(std::int32_t& number) noexcept {
   constexpr std::ptrdiff_t longest = 9;  // cannot overflow
   const bool negative = ch() == '-';
@@ -191,7 +193,7 @@ inline bool tminiparser::shortinteger(std::int32_t& number) noexcept {
 }
 
 bool tminiparser::nextinteger(std::int32_t& number) {
-  if (is(ch(), blank)) ++fposition;  // mostly there is one
+  if (is(ch(), blank)) ++fposition;  // usually there is exactly one
   return shortinteger(number) || longinteger(number);
 }
 

@@ -1,10 +1,8 @@
-// The text scanner under both readers. It reads one source (a file, a short string or a zero-terminated text)
-// line by line, keeps a current character, and offers the small readers of tokens. It knows characters, no
-// grammar.
+// The scanner that both readers use. It reads one source (a file, a short string or a zero-terminated text)
+// line by line, keeps a current character, and reads tokens. The grammars are left to the readers.
 //
-// Texts that it hands out are views of the current line, valid until the next line is read. A text of more
-// than 255 characters keeps its first 254 and its last one: once 255 are held, every further one takes the
-// last place.
+// Texts that it returns are views of the current line, valid until the next line is read. Of a text with more
+// than 255 characters, the first 254 and the last one are kept.
 #pragma once
 
 #include <array>
@@ -24,27 +22,30 @@ namespace optcore {
 
 class tminiparser final : public tlinesource {
  public:
-  // What the current character is where there is none: the end of the line, and the end of the input.
+  // The current character at the end of a line, and at the end of the input.
   static constexpr char endofline = '\n';
   static constexpr char endofinput = '\x1a';
 
-  // `messages` receives the lines while the echo switch is on; it is not owned. The characters of
+  // `messages` receives the lines while the echo switch is on; it must outlive the scanner. The characters of
   // `commentset` start a comment that ends with the line.
   tminiparser(tmessagelist& messages, bool echo, const tcharset& commentset);
 
-  // ---- sources: one of these is called once
-  // Returns 0 or the system's code. Reading begins with nextline.
+  // ---- sources: exactly one of these functions is called, once; then reading begins with nextline
+  // Returns 0 or the system's error code.
   std::int32_t fileopen(std::string_view filename);
-  // The text as the one line of the source. Of a short string 255 characters count. Both echo the line.
+  // Copy the text, which is the only line of the source, and echo it. readfromstr uses at most 255
+  // characters.
   void readfromstr(std::string_view text);
   void readfrompchar(const char* text);
 
   // ---- lines and characters
-  // Moves to the next line and makes its first character current. In a file, empty lines and lines whose
-  // first character is "*" are passed over; the one line of a text in memory is there unless it is empty.
+  // Moves to the next line and makes its first character current. Returns false at the end of the input. In a
+  // file, empty lines and lines whose first character is "*" are skipped. A text in memory has one line, or
+  // none if it is empty.
   bool nextline() { return fkind == tsourcekind::file ? nextfileline() : nexttextline(); }
-  // The next character: after the last one of a line endofline, and after that, in a file, the first one of
-  // the next line, else endofinput, which stays.
+  // Makes the next character current. The last character of a line is followed by endofline. In a file,
+  // endofline is followed by the first character of the next line; otherwise by endofinput, which stays
+  // current.
   void nextch();
   char ch() const noexcept { return *fposition; }
   bool atlineend() const noexcept { return is(ch(), lineend); }
@@ -52,14 +53,15 @@ class tminiparser final : public tlinesource {
     if (!atlineend()) fposition = endofrest();
   }
 
-  // ---- tokens, in the order of their complexity; the results say whether something was read
-  // Skips blanks, tabs and a comment. False at the end of the line.
+  // ---- tokens; a bool result says whether something was read
+  // Skips blanks, tabs and a comment. Returns false at the end of the line.
   bool skipbl() {
-    if (is(ch(), blank)) ++fposition;  // mostly there is one
+    if (is(ch(), blank)) ++fposition;  // usually there is exactly one
     if (is(ch(), blank | comment)) skipblanksandcomment();
     return !atlineend();
   }
-  // Letter { letter | digit | "_" }, or without the "_"; blanks are not skipped.
+  // An identifier: letter { letter | digit | "_" }; for nextidentx without "_". Blanks before it are not
+  // skipped.
   bool nextident(std::string_view& text) {
     text = is(ch(), letter) ? collect(letter | digit | underscore) : std::string_view();
     return !text.empty();
@@ -68,20 +70,22 @@ class tminiparser final : public tlinesource {
     text = is(ch(), letter) ? collect(letter | digit) : std::string_view();
     return !text.empty();
   }
-  // { "-" | "/" } identifier, with the number of signs.
+  // { "-" | "/" } identifier; `dashes` is the number of signs.
   bool nextkey(std::string_view& text, std::int32_t& dashes) {
     dashes = 0;
     for (; ch() == '-' || ch() == '/'; ++fposition) ++dashes;
     return nextident(text);
   }
-  // Up to a blank, tab or comma, or a text in double quotes. Empty and true before a comma, which stays.
+  // The text up to a blank, tab or comma, or a text in double quotes. A comma is not skipped: directly before
+  // one, the token is empty and the result true.
   bool nexttoken(std::string_view& text);
-  // A token as a number. Without a token the number stays as it was; a token that is none makes it 0.
+  // A token as a number. The result is false without a token, which leaves the number unchanged, and for a
+  // token that is not a number, which sets it to 0.
   bool nextinteger(std::int32_t& number);
   bool nextdouble(double& number);
-  // An identifier, "*", or a quoted text with its quotes.
+  // An identifier, "*", or a text in single or double quotes, which are kept.
   bool nextindex(shortstring& text);
-  // An optional "=" or ":=". False when nothing follows it on the line, or at a ":" without "=".
+  // Skips an optional "=" or ":=". Returns false if nothing follows on the line, and at a ":" without "=".
   bool skipbecomes() {
     if (!skipbl()) return false;
     if (ch() == '=')
@@ -94,27 +98,27 @@ class tminiparser final : public tlinesource {
       return false;
     return skipbl();
   }
-  // Skips the character, or one of the set, if it comes next after blanks.
+  // Skips blanks and then the character, or one of the set, if it comes next. Returns whether it does.
   bool skiptochar(char character);
   bool skiptochars(const tcharset& set, char& found);
   // Everything up to the end of the line, without blanks and tabs at either end.
   void restofline(std::string_view& text);
   // Everything up to the end of the line or an end-of-line comment; nothing is skipped or trimmed.
   std::string_view untilcomment() { return collectuntil(lineend | comment); }
-  // The same behind a double quote that is the current character: a comment begins only where an odd number
-  // of further double quotes came before.
+  // The same for a text after a double quote, which is the current character and is skipped. A comment begins
+  // only after an odd number of further double quotes.
   std::string_view untilcommentafterquote();
 
-  // ---- what the store asks
+  // ---- the interface of a line source
   std::int32_t linenr() const override { return flinenr; }
   tsourcekind sourcekind() const override { return fkind; }
   std::string_view sourcename() const override { return fsourcename.view(); }
   void setecho(bool echo) override { fechoflag = echo; }
-  // The system's code of a read that failed in the middle of a file, else 0.
+  // The system's error code if reading failed in the middle of a file, otherwise 0.
   std::int32_t readerror() const noexcept { return ffile.readerror(); }
 
  private:
-  // What a character belongs to, as bits: one look tells whether it is one of several kinds.
+  // The classes of characters, as bits: one test covers several classes.
   static constexpr std::uint8_t letter = 1, digit = 2, underscore = 4, blank = 8, comma = 16, lineend = 32;
   static constexpr std::uint8_t comment = 64;
   using tclasses = std::array<std::uint8_t, 256>;
@@ -132,8 +136,8 @@ class tminiparser final : public tlinesource {
   bool nexttextline();
   void endinput() noexcept;
 
-  // The text from the current character up to another, which becomes the current one. It is cut in place to
-  // 255 characters.
+  // Takes the text from the current character up to `end`, which becomes the current character. A longer text
+  // is shortened to 255 characters in place.
   std::string_view taken(char* end) noexcept {
     assert(end == fposition || (end > fposition && end <= flineend));
     constexpr std::size_t longest = shortstring::capacity;
@@ -143,13 +147,13 @@ class tminiparser final : public tlinesource {
     begin[longest - 1] = begin[length - 1];
     return {begin, longest};
   }
-  // Takes the characters of the classes, among which the end of the line is not.
+  // Takes characters as long as they are of the classes. The end of the line must not be one of the classes.
   std::string_view collect(unsigned classes) {
     char* end = fposition;
     while (is(*end, classes)) ++end;
     return taken(end);
   }
-  // Takes the characters that are not of the classes, among which the end of the line must be.
+  // Takes characters as long as they are not of the classes. The end of the line must be one of the classes.
   std::string_view collectuntil(unsigned classes) {
     char* end = fposition;
     while (!is(*end, classes)) ++end;
@@ -166,9 +170,9 @@ class tminiparser final : public tlinesource {
   tlinereader ffile;
   std::unique_ptr<char[]> ftext;  // the line of a text in memory
   std::size_t ftextlength = 0;
-  char fnothing = endofinput;   // the current character where there is no line
-  char* fposition = &fnothing;  // of the current character in the line
-  char* flineend = nullptr;     // where an endofline stands, so that no loop has to look for the end
+  char fnothing = endofinput;   // the current character when there is no line
+  char* fposition = &fnothing;  // the current character
+  char* flineend = nullptr;     // the endofline at the end of the line, which stops the loops
   std::int32_t flinenr = 0;
   tsourcekind fkind = tsourcekind::file;
   bool fechoflag;

@@ -1,4 +1,5 @@
-// Reads parameter text: sources, statements, keys and values.
+// Reads parameter text: sources, statements, keys and values. Dot lines and indicator lines are in
+// symbollines.cpp.
 #include "input/parameterreader.h"
 
 #include <cassert>
@@ -10,13 +11,14 @@ namespace optcore {
 
 namespace {
 
-// Most parameter files that may be open within each other, the first one included.
+// The deepest nesting of parameter files, counting the first one.
 constexpr std::int32_t deepestnesting = 9;
 
-// Most parameter files that one call reads: files that include each other several times over would otherwise
-// be read many millions of times before the nesting ends them.
+// The largest number of parameter files that one call reads. Files that include each other several times
+// would otherwise be read many millions of times, even with limited nesting.
 constexpr std::int32_t mostfiles = 10000;
 
+// Counts a level of nesting while it exists.
 class tnesting {
  public:
   explicit tnesting(std::int32_t& level) noexcept : flevel(level) { ++flevel; }
@@ -97,7 +99,7 @@ void tparameterreader::parse() {
 }
 
 // statement = [ "," ] key ( dotline | indicatorline | listvalue | immediate | ordinary ) .
-// False when the rest of the line is to be dropped.
+// Returns false when the rest of the line is to be dropped.
 bool tparameterreader::statement() {
   if (!fscanner.skipbl()) return false;
   if (fscanner.ch() == ',') {
@@ -114,7 +116,7 @@ bool tparameterreader::statement() {
   return dispatch(dashes);
 }
 
-// The messages are put together in functions of their own, so that good lines do not pay for their room.
+// Messages are built in functions of their own, so that lines without errors need no stack space for them.
 bool tparameterreader::nokey() {
   const char saw = fscanner.ch();
   error(concat("Option keyword expected, saw ", quoted({&saw, fscanner.atlineend() ? 0U : 1U})));
@@ -147,7 +149,7 @@ bool tparameterreader::dispatch(std::int32_t dashes) {
 
 toption* tparameterreader::findoption() {
   if (fdefinition.lookupmode() != tlookupmode::minos) return fdefinition.optionasobj(fkey);
-  // names are typed with blanks in this mode
+  // in this mode, names are written with blanks in place of underscores
   if (fkey.find('_') != std::string_view::npos) return nullptr;
   toption* option = fdefinition.optionasobj(fkey);
   return option != nullptr ? option : findjoined();
@@ -165,7 +167,7 @@ toption* tparameterreader::findjoined() {
   return option;
 }
 
-// A key with two dashes that is no option becomes one.
+// Adds a string list for a key with two dashes that is not the name of an option.
 toption& tparameterreader::addlist() {
   const toptionhead head{fkey, &fstore, 0, 0, 0, {}};
   return fdefinition.addoption(fdefinition.arena().make<tstrlistoption>(head), tsoughtname(fkey));
@@ -245,8 +247,7 @@ void tparameterreader::restasvalue(toption& option) {
   if (allowsdeprecated(option)) option.setasstring(text);
 }
 
-// The first of two is a token in both modes. A value of "*" leaves that value as it is; a single value sets
-// both.
+// The first of two values is a token in both modes. "*" leaves a value unchanged. A single value sets both.
 void tparameterreader::twovalues(toption& option) {
   const tvalue first = token();
   const tvalue second = !feolonly ? token() : fscanner.skipbl() ? tvalue(restvalue()) : std::nullopt;
@@ -281,15 +282,15 @@ tparameterreader::tvalue tparameterreader::token() {
   return fscanner.nexttoken(text) ? tvalue(text) : std::nullopt;
 }
 
-// The rest of the line, of which there is some, up to a comment.
+// The rest of the line up to a comment, as a value. The line must not be at its end.
 std::string_view tparameterreader::restvalue() {
   const std::string_view text = fscanner.ch() == '"' ? quotedrest() : trimright(fscanner.untilcomment());
   fscanner.skiptolineend();
   return text;
 }
 
-// A text that begins with a double quote loses it and the one at its end; where that is missing one is added,
-// so that the setters refuse the text.
+// Removes the double quotes at both ends. If the closing one is missing, a double quote is added to the text,
+// so that the setters refuse it.
 std::string_view tparameterreader::quotedrest() {
   std::string_view text = trim(fscanner.untilcommentafterquote());
   if (!text.empty() && text.back() == '"')

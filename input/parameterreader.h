@@ -1,5 +1,6 @@
-// Reads parameter text into a store: a file, a short string or a zero-terminated text. Every problem is a
-// message; the reading goes on with the next statement or line.
+// Reads parameter text into a store: a parameter file (which users call an option file), a short string or a
+// zero-terminated text. Problems are filed as messages, and reading continues with the next statement or
+// line.
 //
 //   parametertext = { line } .
 //   line          = { statement } .
@@ -25,8 +26,8 @@
 
 namespace optcore {
 
-// What one call reads: a file or a text, and the files that it asks for, within each other and one after the
-// other.
+// One call that reads parameter text: a file or a text, and all files that it includes. It limits how deep
+// they nest and how many are read.
 class tparameterreading {
  public:
   // The store must outlive the reading.
@@ -34,9 +35,9 @@ class tparameterreading {
   tparameterreading(const tparameterreading&) = delete;
   tparameterreading& operator=(const tparameterreading&) = delete;
 
-  // Returns 0, or the system's code of a file that cannot be opened; there are messages then.
+  // Returns 0, or the system's error code if the file cannot be opened; messages are filed then.
   std::int32_t readfile(std::string_view filename);
-  // Of a short string 255 characters count.
+  // Reads at most 255 characters.
   void readstring(std::string_view text);
   void readpchar(const char* text);
 
@@ -45,8 +46,8 @@ class tparameterreading {
   void parsefile(tminiparser& scanner);
 
   tvksoptions& fstore;
-  std::int32_t fnestlevel = 0;  // files that are open within each other
-  std::int32_t ffilesread = 0;
+  std::int32_t fnestlevel = 0;  // how deep the open files nest
+  std::int32_t ffilesread = 0;  // how many files this call has read
 };
 
 class tparameterreader {
@@ -62,10 +63,10 @@ class tparameterreader {
   void parse();
 
  private:
-  // A value that may not be there; there and empty is not the same.
+  // A value that may be missing. A missing value is not the same as an empty one.
   using tvalue = std::optional<std::string_view>;
 
-  // ---- the grammar: each answers whether the statements of the line go on
+  // ---- the grammar: a function returns whether reading continues on the same line
   bool statement();
   bool dispatch(std::int32_t dashes);
   bool dotline();
@@ -89,8 +90,9 @@ class tparameterreader {
   toption* findoption();
   toption* findjoined();
   toption& addlist();
-  // Files a warning when the option's name, or its synonyms, as whichever it was called, are on their way
-  // out. False when the name or the synonyms are obsolete: the value is not taken.
+  // Files a warning if the key is the option's own name and that is marked as deprecated or obsolete, or if
+  // the key is a synonym and the synonyms are. Returns false for the mark obsolete: the value is not stored
+  // then.
   bool allowsdeprecated(const toption& option) {
     return !option.hasdeprecation() || warnsofdeprecated(option);
   }
@@ -120,9 +122,9 @@ class tparameterreader {
   tdefinition& fdefinition;
   tminiparser& fscanner;
   tparameterreading& freading;
-  bool feolonly;          // the running mode; an immediate option may change it
-  std::string_view fkey;  // of the statement, without signs or with exactly two dashes
-  // What is not part of the line as it stands: a key, and a value.
+  bool feolonly;          // the current mode; an immediate option may change it
+  std::string_view fkey;  // the key of the statement, without signs or with exactly two dashes
+  // Buffers for a key and a value that are not contained in the line as they are.
   shortstring fkeytext;
   shortstring fresttext;
 };

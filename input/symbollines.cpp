@@ -1,4 +1,5 @@
-// Dot lines and indicator lines of parameter text. A line with an error leaves nothing behind.
+// The part of the parameter reader for dot lines and indicator lines. A line with an error adds no dot entry
+// and no indicator to the store.
 #include "input/parameterreader.h"
 #include "options/checkboolean.h"
 
@@ -6,7 +7,7 @@ namespace optcore {
 
 // ---- elements = "(" element { "," element } ")" , or in [] or {} .
 
-// Skips an opening bracket, if one comes next, and tells the one that closes it.
+// Skips an opening bracket, if one comes next, and sets `closer` to the bracket that closes it.
 bool tparameterreader::opensbracket(char& closer) {
   static const tcharset openers = tcharset().set('(').set('[').set('{');
   char opener = '\0';
@@ -15,8 +16,8 @@ bool tparameterreader::opensbracket(char& closer) {
   return true;
 }
 
-// Steps over what follows an element. False at anything but a comma, after which there is more, or the
-// closer.
+// Skips the comma or the closing bracket after an element; `more` is true after a comma. Returns false if
+// neither comes next.
 bool tparameterreader::nextelement(char closer, bool& more) {
   more = fscanner.skiptochar(',');
   return more || fscanner.skiptochar(closer);
@@ -58,7 +59,7 @@ void tparameterreader::dotentry(std::int32_t optionindex) {
     error(concat("Value expected for .option ", quoted(fkey)), {fkey});
 }
 
-// False when the line is to be given up here.
+// Returns false when an error ends the dot line here.
 bool tparameterreader::dotelements() {
   char closer = '\0';
   bool more = opensbracket(closer);
@@ -95,7 +96,7 @@ bool tparameterreader::indicatorline() {
   return true;
 }
 
-// False when the rest of the line is to be discarded.
+// Returns false when the rest of the line is to be discarded.
 bool tparameterreader::indicatoritem() {
   if (!equation()) return false;
   if (!fscanner.skiptochar('$')) {
@@ -119,7 +120,7 @@ bool tparameterreader::equation() {
   return true;
 }
 
-// The message about a missing variable is the one about a missing equation.
+// The message about a missing variable is the same as the one about a missing equation.
 bool tparameterreader::variable() {
   std::string_view name;
   fscanner.skipbl();
@@ -135,7 +136,7 @@ bool tparameterreader::variable() {
   return true;
 }
 
-// An error ends the elements of the identifier.
+// The elements of the identifier end at the first error.
 template <class taddelement>
 void tparameterreader::indicatorelements(std::string_view name, taddelement addelement) {
   char closer = '\0';

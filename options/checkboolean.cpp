@@ -1,4 +1,4 @@
-// The words that parameter text takes for true and false.
+// The words that parameter text accepts as true and false.
 #include "options/checkboolean.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// The words that parameter text takes for true and false.
+// The words that parameter text accepts as true and false.
 #pragma once
 
 #include <string_view>
@@ -7,7 +7,8 @@ namespace optcore {
 
 enum class tbooleanword { yes, no, neither };
 
-// The whole text in any case: 1 Y YES ON TRUE T, or 0 N NO OFF FALSE F. Blanks are not trimmed.
+// Compares the whole text, regardless of case, with 1 Y YES ON TRUE T and with 0 N NO OFF FALSE F. Blanks are
+// not trimmed.
 tbooleanword checkboolean(std::string_view text) noexcept;
 
 }  // namespace optcore

@@ -1,5 +1,6 @@
-// The code tables that the library, definition files and clients share: option types, data types, sub-types,
-// message kinds, immediate kinds, lookup modes and deprecation kinds, each with its names in code order.
+// The codes that the library, definition files and clients share: option types, data types, sub-types,
+// message kinds, immediate kinds and lookup modes, each with its names in the order of the codes. Deprecation
+// kinds and the two values of an option are for the library alone. The public header repeats the numbers.
 #pragma once
 
 #include <array>
@@ -21,8 +22,8 @@ enum class topttype : std::uint8_t {
   macro,
   immediate
 };
-// How many there are. A table by type is made with std::to_array and has its size asserted, so that one with
-// a missing item does not compile.
+// The number of option types. A table by type is made with std::to_array and has its size asserted against
+// it, so a table that lacks an item does not compile.
 inline constexpr std::size_t opttypecount = 10;
 inline constexpr auto opttypenames =
     std::to_array<std::string_view>({"integer", "double", "string", "boolean", "enumstr", "enumint",
@@ -31,7 +32,7 @@ inline constexpr auto opttypeconstnames = std::to_array<std::string_view>(
     {"optTypeInteger", "optTypeDouble", "optTypeString", "optTypeBoolean", "optTypeEnumStr", "optTypeEnumInt",
      "optTypeMultiList", "optTypeStrList", "optTypeMacro", "optTypeImmediate"});
 
-// What kind of value an option holds.
+// The kind of value that an option has.
 enum class tdatatype : std::uint8_t { none, integer, dbl, string, strlist };
 inline constexpr std::array<std::string_view, 5> datatypeconstnames = {
     "optDataNone", "optDataInteger", "optDataDouble", "optDataString", "optDataStrList"};
@@ -39,7 +40,8 @@ inline constexpr auto datatypeofopttype = std::to_array<tdatatype>(
     {tdatatype::integer, tdatatype::dbl, tdatatype::string, tdatatype::integer, tdatatype::string,
      tdatatype::integer, tdatatype::none, tdatatype::strlist, tdatatype::none, tdatatype::none});
 
-// Whether the definition line of a type has a user map, and whether its keyword may have a modifier.
+// hasusermap: whether the definition line of a type has a user map, which is the option's reference number.
+// takesmodifier: whether the keyword of the type may have a modifier.
 constexpr bool hasusermap(topttype type) {
   switch (type) {
     case topttype::integer:
@@ -71,7 +73,8 @@ constexpr bool takesmodifier(topttype type) {
   return false;
 }
 
-// What must follow an option's key; the modifiers of the definition file name all but the first.
+// What must follow the key of an option in parameter text. In a definition file a modifier of the keyword
+// selects it; the first one has no modifier.
 enum class tsubtype : std::uint8_t { required, novalue, optional, twovalues };
 inline constexpr std::array<std::string_view, 4> subtypeconstnames = {"optsubRequired", "optsubNoValue",
                                                                       "optsubOptional", "optsub2Values"};
@@ -93,7 +96,7 @@ inline constexpr std::array<std::string_view, 10> msgkindconstnames = {
     "optMsgInputEcho",  "optMsgHelp",      "optMsgDefineError", "optMsgValueError",  "optMsgValueWarning",
     "optMsgDeprecated", "optMsgFileEnter", "optMsgFileLeave",   "optMsgTooManyMsgs", "optMsgUserError"};
 
-// What an immediate option does when it is met in parameter text.
+// What an immediate option does when it is read in parameter text.
 enum class timmkind : std::uint8_t { eolflag, readfile, message, nobounds, help };
 inline constexpr std::array<std::string_view, 5> immkindnames = {"EolFlag", "ReadFile", "Message", "NoBounds",
                                                                  "Help"};
@@ -102,7 +105,7 @@ inline constexpr std::array<std::string_view, 5> immkindnames = {"EolFlag", "Rea
 enum class tlookupmode : std::uint8_t { normal, path, minos };
 inline constexpr std::array<std::string_view, 3> lookupmodenames = {"Normal", "Path", "Minos"};
 
-// How an option is on its way out: its own name, or its synonyms.
+// The deprecation marks of an option: for its own name, or for its synonyms.
 enum class tdeprecation : std::uint8_t { deprecated, deprecatedsynonym, obsolete, obsoletesynonym };
 
 template <class tcode>

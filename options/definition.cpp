@@ -1,4 +1,4 @@
-// The contents of a definition.
+// The contents of a definition: adding options and groups, finding synonyms and groups.
 #include "options/definition.h"
 
 namespace optcore {

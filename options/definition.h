@@ -1,6 +1,6 @@
-// What a definition file defines, as one part of the store: the options with their synonyms and groups, how
-// names are looked up, and which characters and keyword parameter text may use. Readers fill it, queries and
-// writers read it. Positions count from 0 and are -1 for none.
+// The contents of a definition, as one part of the store: options, synonyms, groups, the lookup mode, and the
+// comment characters and indicator keyword of parameter text. The readers in input/ fill it; queries and the
+// writers in output/ read it. Positions count from 0; -1 means that there is none.
 #pragma once
 
 #include <cassert>
@@ -21,7 +21,8 @@ class tdefinition {
   // ---- the file
   std::string_view filename() const noexcept { return ffilename.view(); }
   void setfilename(std::string_view filename) { strassign(ffilename, filename); }
-  // The line at which a reading ended early, because no definition can begin like it; 0 if none did.
+  // The number of the line (from 1) at which reading stopped, because no definition can begin with it; 0 if
+  // the whole file was read.
   std::int32_t earlyend() const noexcept { return fearlyend; }
   void setearlyend(std::int32_t line) noexcept { fearlyend = line; }
 
@@ -31,18 +32,18 @@ class tdefinition {
     assert(isindex(index));
     return *foptions.getobject(index);
   }
-  // Null, and the empty name, for a position where no option is.
+  // The option at a position, and its name; null and the empty name if there is none.
   toption* getobjects(std::int32_t index) const noexcept {
     return isindex(index) ? foptions.getobject(index) : nullptr;
   }
   std::string_view getstrings(std::int32_t index) const noexcept {
     return isindex(index) ? foptions.getobject(index)->name() : std::string_view();
   }
-  // The name must be the option's.
+  // Takes ownership of the option. `name` must be its name.
   toption& addoption(std::unique_ptr<toption> option, const tsoughtname& name);
 
-  // ---- finding options, by the lookup mode; none finds an option that is not added yet
-  // Synonyms are not looked at.
+  // ---- finding options that have been added, according to the lookup mode
+  // By name alone, without the synonyms.
   std::int32_t optlookup(const tsoughtname& name) const { return flookup.find(flookupmode, name); }
   std::int32_t optlookup(std::string_view name) const { return optlookup(tsoughtname(name)); }
   // By name or, failing that, by synonym.
@@ -52,13 +53,13 @@ class tdefinition {
   }
   toption* optionasobj(const tsoughtname& name) const { return getobjects(indexof(name)); }
   toption* optionasobj(std::string_view name) const { return optionasobj(tsoughtname(name)); }
-  // The first option of exactly this name, regardless of case and lookup mode.
+  // The first option with exactly this name, regardless of case and whatever the lookup mode is.
   toption* exactoption(std::string_view name) const { return getobjects(foptions.indexof(name)); }
 
-  // ---- synonyms, each with the position of its option, which may be negative
+  // ---- synonyms, each with the position of its option, which is -1 for an undefined option
   const txstringlist<std::int32_t>& synonyms() const noexcept { return fsynonyms; }
   void addsynonym(std::string_view synonym, std::int32_t index) { fsynonyms.addobject(synonym, index); }
-  // The option that the synonym at a position of the list stands for, or null.
+  // The option of the synonym at a position of synonyms(); null if it is undefined.
   toption* synonymtarget(std::int32_t position) const noexcept {
     return getobjects(fsynonyms.getobject(position));
   }
@@ -73,11 +74,12 @@ class tdefinition {
   // ---- how names are written and found
   tlookupmode lookupmode() const noexcept { return flookupmode; }
   void setlookupmode(tlookupmode mode) noexcept { flookupmode = mode; }
-  // A name as it is handed out: with blanks for underscores in lookup mode "Minos", else as it is.
+  // A name in the form that clients and listings show: with blanks for underscores in lookup mode "Minos",
+  // otherwise unchanged.
   shortstring nounderscore(std::string_view name) const;
 
   // ---- what parameter text may use
-  // The characters that start a comment at the end of a line.
+  // The characters that start a comment up to the end of the line.
   const tcharset& eolcommset() const noexcept { return feolcommset; }
   void seteolcommset(const tcharset& set) noexcept { feolcommset = set; }
   // The keyword with which indicator lines begin; empty when there are none.
@@ -92,7 +94,7 @@ class tdefinition {
   bool isindex(std::int32_t index) const noexcept { return index >= 0 && index < getcount(); }
   std::int32_t synonymindex(const tsoughtname& name) const;
 
-  tarena farena;  // before what lies in it
+  tarena farena;  // declared first, because it must outlive what lies in it
   heapstring ffilename;
   tstoredlistobj<toption> foptions;
   tlookup flookup{foptions};

@@ -1,4 +1,4 @@
-// Descriptions by number: options, enumeration items, synonyms, groups, and the names of codes.
+// Queries by number that describe options, enumeration items, synonyms and groups; the names of codes.
 #include <optional>
 #include <span>
 
@@ -84,7 +84,7 @@ bool tvksoptions::optgetboundsdbl(std::int32_t nr, double& lo, double& hi, doubl
 
 namespace {
 
-// What both kinds of enumeration have: a number of items, and help, an integer and a text for each.
+// An item of either kind of enumeration. The number of an enumstr item is 0.
 struct tenumitem {
   const toptionx* help;
   std::int32_t number;
@@ -99,7 +99,7 @@ tenumitem itemof(const tenumintoption& option, std::int32_t index) {
   return {item, item->enumvalue(), inttostr(item->enumvalue())};
 }
 
-// Item `index`, counted from 1, if the option has so many.
+// Item `index`, counted from 1, if it exists.
 template <class toptionclass>
 std::optional<tenumitem> itemat(const toption& option, std::int32_t index) {
   const auto& enumeration = as<toptionclass>(option);
@@ -124,7 +124,7 @@ std::optional<tenumitem> enumitem(const toption* option, std::int32_t index) {
   return std::nullopt;
 }
 
-// -1 for what is no enumeration.
+// The number of items; -1 if the option is not an enumeration.
 std::int32_t enumcount(const toption* option) {
   if (option == nullptr) return -1;
   switch (option->opttype()) {
@@ -165,7 +165,7 @@ bool tvksoptions::optgetenumhelp(std::int32_t nr, std::int32_t index, std::int32
   return item.has_value();
 }
 
-// Position 0 for a current text that is none of the items.
+// The index is 0 if the current value is none of the items.
 bool tvksoptions::optgetenumstrnr(std::int32_t nr, ttextout value, std::int32_t& index) const {
   const auto* option = ifis<tenumstroption>(optionat(nr));
   index = option != nullptr ? option->items().indexof(option->value(twhich::first)) + 1 : -1;
@@ -216,7 +216,7 @@ bool tvksoptions::optgetconstname(std::int32_t group, std::int32_t index, ttexto
     case 1: return namefrom(datatypeconstnames, index, name);
     case 2: return namefrom(opttypeconstnames, index, name);
     case 3: return namefrom(subtypeconstnames, index, name);
-    case 4:  // the last kind is the clients' own and not served
+    case 4:  // the last kind is left out
       return namefrom(std::span(msgkindconstnames).first(ordinal(tmsgkind::usererror)), index, name);
     default: name.clear(); return false;
   }

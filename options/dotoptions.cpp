@@ -1,4 +1,4 @@
-// Dot entries.
+// Collecting of dot entries.
 #include "options/dotoptions.h"
 
 #include <optional>
@@ -17,7 +17,8 @@ void tdotobjlist::addentry(std::string_view key, std::int32_t optionindex) {
   findices.clear();
 }
 
-// The parameter reader begins an entry before its parts, so its absence is an error inside the library.
+// Whether an entry was begun; if not, files the message `without`. The parameter reader begins an entry
+// before it adds parts, so a missing one is an error of the library.
 bool tdotobjlist::hasentry(std::string_view without) {
   if (!fbegun) fowner.addmessage(tmsgkind::usererror, without);
   return fbegun;

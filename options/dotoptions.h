@@ -1,4 +1,5 @@
-// Dot entries: values that parameter text gives for a symbol, a dot option and a list of indices.
+// Dot entries: values that parameter text gives for a symbol, a dot option and a list of indices. The
+// parameter reader collects them (input/symbollines.cpp); the queries are in symbolqueries.cpp.
 #pragma once
 
 #include <cstdint>
@@ -13,10 +14,10 @@ namespace optcore {
 
 class tvksoptions;
 
-// Most indices or elements that an identifier may carry.
+// The largest number of indices or elements of one identifier.
 inline constexpr std::int32_t maxdimensions = 20;
 
-// Most characters of an identifier or of a quoted element without its quotes.
+// The largest number of characters of an identifier, and of an element without its quotes.
 inline constexpr std::size_t maxidentifier = 63;
 
 class tdotobj : public tinarena {
@@ -27,7 +28,7 @@ class tdotobj : public tinarena {
   // Position of the dot option in the option list, counted from 0.
   std::int32_t optionindex() const noexcept { return foptionindex; }
   double value() const noexcept { return fvalue; }
-  // As they were written: "*", or a text with its quotes.
+  // The indices as they were written: "*", or a text with its quotes.
   const tpackedtexts& indices() const noexcept { return findices; }
 
  private:
@@ -37,8 +38,8 @@ class tdotobj : public tinarena {
   std::int32_t foptionindex;
 };
 
-// The dot entries of a store in the order of reading, each under its symbol's name. An entry is collected
-// from its parts and in the list only when it is kept.
+// The dot entries of a store, in the order in which they were read. An entry is collected part by part and
+// enters the list only when it is kept.
 class tdotobjlist {
  public:
   explicit tdotobjlist(tvksoptions& owner) noexcept : fowner(owner) {}
@@ -47,11 +48,13 @@ class tdotobjlist {
   std::string_view getname(std::int32_t index) const noexcept { return fentries[index]->name(); }
   const tdotobj* getobject(std::int32_t index) const noexcept { return fentries[index]; }
 
-  // Begins an entry; one that was not kept is forgotten.
+  // Begins an entry for the symbol `key`. An entry that was begun before and not kept is discarded.
   void addentry(std::string_view key, std::int32_t optionindex);
-  // False when the entry held the most indices already; the index is added all the same.
+  // Adds an index as it was written. Returns false when the entry has too many indices; the index is added
+  // nevertheless.
   bool addindex(std::string_view text);
-  // Assigns the text to the entry's dot option and takes the option's number over as the entry's value.
+  // Assigns the text to the entry's dot option. The value of the entry becomes that of the option, if it is a
+  // number.
   void setvalue(std::string_view text);
   void keepentry();
 
@@ -61,7 +64,7 @@ class tdotobjlist {
   tvksoptions& fowner;
   tarena farena;
   tgrowarray<const tdotobj*> fentries;
-  // What is known of the entry that was begun.
+  // The entry that was begun.
   bool fbegun = false;
   std::int32_t foptionindex = 0;
   double fvalue = 0.0;

@@ -1,4 +1,4 @@
-// What one process shares among all handles.
+// The global state of the option store: the load path, and the separator of path lists.
 #include "options/globals.h"
 
 #include "base/shortstring.h"
@@ -13,7 +13,7 @@ constexpr char separators[] = {';', '/', '/', '\\', ':', '?'};  // by operating-
 
 char separator = '\0';
 
-// Made on first use: the unit may be started before this file's own globals are.
+// Constructed on first use, because the unit may be started before the globals of this file are constructed.
 shortstring& loadpathtext() {
   static shortstring path;
   return path;

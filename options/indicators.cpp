@@ -1,4 +1,4 @@
-// Indicators.
+// Collecting and checking of indicators.
 #include "options/indicators.h"
 
 #include "options/vksoptions.h"
@@ -13,7 +13,7 @@ bool istoolong(std::string_view text) {
   return text.size() > (isquotedelement(text) ? maxidentifier + 2 : maxidentifier);
 }
 
-// A text that is compared with regard to case.
+// A text, compared with regard to case.
 struct texactkey {
   std::string_view text;
   std::uint32_t hash() const noexcept { return struhash(text); }

@@ -1,4 +1,5 @@
-// Indicators: an equation and a variable, each with optional elements, and a boolean value.
+// Indicators: an equation and a variable, each with optional elements, and a boolean value. The parameter
+// reader collects them (input/symbollines.cpp); the queries are in symbolqueries.cpp.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +16,7 @@ namespace optcore {
 
 class tvksoptions;
 
-// A symbol and its elements, as they were written: quotes included.
+// A symbol (an equation or a variable) and its elements as they were written, with their quotes.
 class tsymbol {
  public:
   tsymbol(tstoredtext name, const tpackedtexts& elements) noexcept : fname(name), felements(elements) {}
@@ -27,7 +28,7 @@ class tsymbol {
   tpackedtexts felements;
 };
 
-// A symbol that is being read.
+// Collects a symbol while it is read.
 class tsymbolparts {
  public:
   void clear() noexcept;
@@ -35,7 +36,7 @@ class tsymbolparts {
   void setname(std::string_view name) noexcept { fname.assign(name); }
   const ttextpacker& elements() const noexcept { return felements; }
   void addelement(std::string_view text) { felements.add(text); }
-  // Elements are texts as written: unlike names, they are compared with regard to case.
+  // Whether the element was added. Unlike names, elements are compared with regard to case.
   bool haselement(std::string_view text);
   tsymbol pack(tarena& arena) const;
 
@@ -59,9 +60,9 @@ class tindicatoritem : public tinarena {
   std::int32_t fvalue;
 };
 
-// The indicators of a store in the order of reading. An item is collected from its parts and in the list
-// only when it is kept. Whatever is wrong with an identifier or element becomes a message; it is added all
-// the same, and the reader then drops the whole item.
+// The indicators of a store, in the order in which they were read. An item is collected part by part and
+// enters the list only when it is kept. Problems with an identifier or element are filed as messages. The
+// part is added nevertheless; the reader then drops the whole item.
 class tindicatorlist {
  public:
   explicit tindicatorlist(tvksoptions& owner) noexcept : fowner(owner) {}
@@ -69,23 +70,23 @@ class tindicatorlist {
   std::int32_t count() const noexcept { return fitems.count(); }
   const tindicatoritem* get(std::int32_t index) const noexcept { return fitems[index]; }
 
-  // Begins an item. What follows is about the one that was begun.
+  // Begins an item, to which the functions below refer.
   void addentry(std::string_view equation);
   std::string_view equation() const noexcept { return fequation.name(); }
   void addequdim(std::string_view text);
   void setvariable(std::string_view name) noexcept { fvariable.setname(name); }
   void addvardim(std::string_view text);
   void setvalue(bool value) noexcept { fvalue = value ? 1 : 0; }
-  // Does nothing if none was begun.
+  // Adds the item to the list; does nothing if none was begun.
   void keepitem();
-  // Returns the number of items dropped: none or one.
+  // Discards the item. Returns the number of discarded items: 1, or 0 if none was begun.
   std::int32_t dropitem() noexcept { return std::exchange(fbegun, false) ? 1 : 0; }
 
  private:
   tvksoptions& fowner;
   tarena farena;
   tgrowarray<const tindicatoritem*> fitems;
-  // What is known of the item that was begun.
+  // The item that was begun.
   bool fbegun = false;
   std::int32_t fvalue = 0;
   tsymbolparts fequation;

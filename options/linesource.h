@@ -1,5 +1,5 @@
-// What the store needs to know of a scanner that reads for it: what is read, how far the reading has come,
-// for messages, and the echo switch.
+// The interface through which the store sees the scanner that reads for it: the source that is read, the
+// current line for messages, and the echo switch. The scanner, tminiparser in input/, implements it.
 #pragma once
 
 #include <cstdint>
@@ -12,14 +12,14 @@ enum class tsourcekind : std::uint8_t { file, string, pchar };
 class tlinesource {
  public:
   virtual ~tlinesource() = default;
-  // The line being read, counted from 1; 0 for sources without lines.
+  // The line being read, counted from 1; 0 before the first line and for sources without lines.
   virtual std::int32_t linenr() const = 0;
   virtual tsourcekind sourcekind() const = 0;
   // The file's name, or the word string or pchar for a text in memory.
   virtual std::string_view sourcename() const = 0;
   virtual void setecho(bool echo) = 0;
 
-  // The source that asked for this one, at its current line; null if none did.
+  // The source that includes this one, at its current line; null if there is none. Set by tactivesource.
   const tlinesource* includer() const noexcept { return fincluder; }
   void setincluder(const tlinesource* includer) noexcept { fincluder = includer; }
 

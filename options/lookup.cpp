@@ -22,8 +22,8 @@ void tsignificantkey::append(std::string_view text) noexcept {
   for (const char character : text) fcharacters[flength++] = upchar(character);
 }
 
-// Three characters of every word, so the number of words shows in the length. Of a name that matches nothing
-// the whole name is kept, so that many such names do not crowd one place of an index.
+// Three characters of each word; no separator is needed, because all have the same length. A name that
+// matches nothing is kept whole, so that many such names do not share one hash.
 void tsignificantkey::addpath(std::string_view name) noexcept {
   constexpr std::size_t significant = 3;
   for (std::size_t begin = 0; begin <= name.size();) {
@@ -39,8 +39,8 @@ void tsignificantkey::addpath(std::string_view name) noexcept {
   }
 }
 
-// The first three characters, underscores among them or not, with their number in front; then for every
-// underscore of the name the sign and up to four characters of the word behind it.
+// The number of the first characters, at most three, then these characters, which may include underscores.
+// Then, for each underscore of the name, an underscore and up to four characters of the word behind it.
 void tsignificantkey::addminos(std::string_view name) noexcept {
   const std::string_view first = name.substr(0, 3);
   fcharacters[flength++] = static_cast<char>('0' + first.size());

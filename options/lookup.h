@@ -1,8 +1,9 @@
 // Finding options by name in the three lookup modes.
 //
-// Normal: the whole name counts. Path: every "_"-separated word counts with its first three characters, and a
-// word of fewer matches nothing. Minos: the first three characters of the name count, and four of each later
-// word. Case never counts, and the first option that matches is found.
+// Words of a name are separated by "_". Normal: the whole name counts. Path: the first three characters of
+// each word count, and a name with a shorter word matches nothing. Minos: the first three characters of the
+// name count, and the first four of each later word. Case never counts. If several options match, the first
+// one is found.
 #pragma once
 
 #include <array>
@@ -18,12 +19,13 @@ namespace optcore {
 
 class toption;
 
-// What counts of a name in mode Path or Minos, in a form in which names match exactly when they are equal.
+// The characters of a name that count in mode Path or Minos. Two names match exactly when their keys are
+// equal.
 class tsignificantkey {
  public:
   tsignificantkey(tlookupmode mode, std::string_view name) noexcept;
   std::uint32_t hash() const noexcept { return struhash(view()); }
-  // A name with too short a word matches no name, not even itself.
+  // In mode Path, a name with too short a word matches no name, not even itself.
   bool operator==(const tsignificantkey& other) const noexcept {
     return fmatchable && other.fmatchable && view() == other.view();
   }
@@ -43,8 +45,8 @@ class tlookup {
  public:
   explicit tlookup(const txstringlistobj<toption>& options) noexcept : foptions(options) {}
 
-  // The position (from 0) of the first option that matches, or -1. Options may be added between calls, not
-  // removed or moved.
+  // The position (from 0) of the first option that matches, or -1. Between calls, options may be added but
+  // not removed or moved.
   std::int32_t find(tlookupmode mode, const tsoughtname& name) const {
     return mode == tlookupmode::normal ? foptions.indexof(name) : findsignificant(mode, name.text);
   }

@@ -7,7 +7,7 @@ namespace optcore {
 
 namespace {
 
-// Whether messages of this kind name the line at which a reader stands.
+// Whether messages of this kind begin with the line number.
 bool hasline(tmsgkind kind) noexcept {
   switch (kind) {
     case tmsgkind::inputecho:
@@ -26,8 +26,9 @@ bool hasline(tmsgkind kind) noexcept {
 
 }  // namespace
 
-// A note of leaving that directly follows its note of entering: reading what says nothing leaves no trace.
-// The notes nest, so an enter note that comes last is its own.
+// Whether this is a leave note directly after its enter note. Both are dropped then, so reading a source
+// without messages leaves no trace. The notes nest, so an enter note at the end of the list belongs to this
+// leave note.
 bool tmessagelist::cancelsenternote(tmsgkind kind) const noexcept {
   return kind == tmsgkind::fileleave && count() > 0 && ftexts.getobject(count() - 1) == tmsgkind::fileenter;
 }
@@ -37,7 +38,7 @@ void tmessagelist::addoutofmemory() noexcept {
     foutofmemory = true;
     fileoutofmemory();
   } catch (...) {
-    // it stays to be filed
+    // foutofmemory stays set, so the message is filed later
   }
 }
 

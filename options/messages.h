@@ -1,5 +1,6 @@
-// The message list: everything that readers, setters and writers have to say, numbered in the order of
-// filing. Errors and warnings are counted as they are filed, so that asking costs nothing.
+// The message list of a store: what readers, setters and writers file, numbered from 1 in the order of
+// filing. Errors and warnings are counted when they are filed, so reading the counts takes constant time. The
+// list adds prefixes and line numbers; the text of a message stands where it is filed.
 #pragma once
 
 #include <cstdint>
@@ -13,35 +14,38 @@ namespace optcore {
 
 class tmessagelist {
  public:
-  // Files a message. The line, if it has one, comes in front of the text of errors and warnings.
+  // Files a message. If an error or warning has a line number, the text begins with it.
   void add(const tmessage& message);
-  // Files a line of input. Echoed lines pass the limit.
+  // Files a line of input. The limit of messages does not apply to echoed lines.
   void addecho(std::string_view line, const tlinesource& source);
-  // Files that memory has run out. When there is none even for that, the error counts at once and the message
-  // comes in front of the next one.
+  // Files the message that memory has run out. If there is no memory for the message either, the error is
+  // counted at once, and the message is filed directly before the next one.
   void addoutofmemory() noexcept;
-  // Files that a call was given up for another reason.
+  // Files the message that a call failed for another reason.
   void addinternalerror() noexcept;
 
-  // The text as the client sees it; a number outside 1 .. count gives a text that says so.
+  // The text with the prefix of its kind, as clients see it. For a number outside 1 .. count it is a text
+  // that says so.
   shortstring decorated(std::int32_t nr) const;
-  // 9 for a number outside 1 .. count.
+  // tmsgkind::usererror for a number outside 1 .. count.
   tmsgkind kind(std::int32_t nr) const noexcept;
 
   void clear();
-  // The list has reached its limit: what is added from now on is dropped.
+  // The list has reached its limit: further messages are dropped, except echoed lines.
   bool full() const noexcept { return count() > maxmessages; }
-  // Adding such a message would leave everything as it is, and nobody would notice.
+  // A message of this kind would have no effect: the list would drop it, and there is no observer. A leave
+  // note is never without effect, because it may remove its enter note.
   bool ignores(tmsgkind kind) const noexcept {
     return full() && kind != tmsgkind::fileleave && fobserver == nullptr;
   }
   std::int32_t count() const noexcept { return ftexts.count(); }
   std::int32_t errors() const noexcept { return ferrors + (foutofmemory ? 1 : 0); }
   std::int32_t warnings() const noexcept { return fwarnings; }
-  // What the setters compare before and after: errors and lines of help.
+  // Errors and lines of help. Setters and readers compare this count before and after an operation.
   std::int32_t errorcount() const noexcept { return errors() + fhelplines; }
 
-  // Notified of every message; null for nobody. It must outlive the list or be removed.
+  // Sets the observer that is notified of every message; null for none. It is not owned, and must be removed
+  // before it is destroyed.
   void setobserver(tstoreobserver* observer) noexcept { fobserver = observer; }
 
  private:
@@ -57,7 +61,7 @@ class tmessagelist {
   std::int32_t ferrors = 0;
   std::int32_t fwarnings = 0;
   std::int32_t fhelplines = 0;
-  bool foutofmemory = false;  // the message about it is still to be filed
+  bool foutofmemory = false;  // memory ran out, and the message about it is still to be filed
   tstoreobserver* fobserver = nullptr;
 };
 

@@ -72,9 +72,9 @@ std::int32_t tvksoptions::optgetfromliststr(std::string_view name, ttextout valu
   return list != nullptr ? 0 : notalist(option);
 }
 
-// A flag other than 0 asks for lists whose names begin with two dashes, 0 for the others. The name is that of
-// the last list looked at, taken or not; it is written once, since a longer one before it would leave its end
-// behind the text.
+// A flag other than 0 asks for a list whose name begins with two dashes, 0 for any other list. The name that
+// is returned is that of the last list that was examined, whether it matched or not. It is written only once:
+// a longer name written before it would leave its end behind the text in the buffer.
 bool tvksoptions::optgetfromanystrlist(std::int32_t flag, ttextout name, ttextout value) {
   tstrlistoption* last = nullptr;
   bool found = false;

@@ -5,7 +5,7 @@
 
 namespace optcore {
 
-// Only an option of two values has a usable second one.
+// The option if its sub-type has two values, otherwise null. The others have no second value to query.
 const toption* tvksoptions::twovalueoption(std::int32_t nr) const noexcept {
   const toption* option = optionat(nr);
   return option != nullptr && option->subtype() == tsubtype::twovalues ? option : nullptr;
@@ -42,7 +42,7 @@ bool tvksoptions::optgetvaluesnr(std::int32_t nr, ttextout name, std::int32_t& i
 
 namespace {
 
-// Leaves the target as it is where there is no value.
+// Leaves the target unchanged if there is no value.
 bool assignto(std::int32_t& target, std::optional<std::int32_t> value) {
   if (value) target = *value;
   return value.has_value();
@@ -88,8 +88,8 @@ bool tvksoptions::optgetstr2nr(std::int32_t nr, ttextout sval) const {
 
 // ---- setting
 
-// Runs the assignment, which answers false for an option that does not take it. True exactly when it took
-// place without a new error message.
+// Runs the assignment, which returns false for an option of another type. The result is true exactly when the
+// assignment took place and filed no error.
 template <class tassign>
 bool tvksoptions::assignednew(std::int32_t nr, twhich which, tassign assign) {
   toption* option = optionat(nr);
@@ -124,7 +124,8 @@ bool assigndouble(toption& option, twhich which, double dval) {
   return target != nullptr;
 }
 
-// For types whose value is a text; a client's text may hold any character, double quotes too.
+// For types whose value is a text. Unlike toption::setasstring, this accepts double quotes: a client's text
+// may contain any character.
 bool assigntext(toption& option, twhich which, std::string_view sval) {
   switch (option.opttype()) {
     case topttype::string: as<tstringoption>(option).setasstring12(which, sval); return true;

@@ -1,6 +1,6 @@
-// What happens in a store, reported while it happens: every message that is filed, as a record, and every
-// value that is stored. The message list is for clients; it decorates texts, cuts them and ends at its limit.
-// A record says the same in parts, so that nobody has to take a text apart.
+// The observer of a store, which is notified of every message that is filed and of every value that is
+// stored. A message is passed as a record of its parts, so that an observer need not parse texts. The message
+// list is for clients: it decorates texts, cuts them, and has a limit.
 #pragma once
 
 #include <cstdint>
@@ -15,12 +15,12 @@ class toption;
 
 // The name, option or value that a message is about. All are optional.
 struct tsubject {
-  // Problems whose subject can be compared with what would have been right.
+  // The kind of problem. All but `other` are about a name or value that can be compared with the legal ones.
   enum class tproblem : std::uint8_t {
     other,
     unknownoption,     // no option or synonym has the name
     unknowndotoption,  // the name begins with a period, and no dot option has it
-    illegalvalue       // the value is none of those that the option permits
+    illegalvalue       // the value is out of the bounds, or none of the legal values
   };
 
   std::string_view name{};  // as it was written
@@ -34,18 +34,19 @@ struct tmessage {
   std::string_view text;  // without the prefix of its kind and without the line number
   bool explains = false;  // adds to the message before it
   tsubject subject{};
-  const tlinesource* source = nullptr;  // what was being read; null for nothing
-  // In that source, from 1; 0 before its first line and for a source without lines.
+  const tlinesource* source = nullptr;  // the source that is being read; null for none
+  // The line in that source, from 1; 0 before its first line and for a source without lines.
   std::int32_t line = 0;
 };
 
 class tstoreobserver {
  public:
   virtual ~tstoreobserver() = default;
-  // Called before the message enters the list, and also when the list is full and drops it. The record and
-  // its texts are valid during the call.
+  // Called before the message enters the list, also when the list is full and drops it. The record and its
+  // texts are valid only during the call.
   virtual void filed(const tmessage& message) = 0;
-  // Called after a value of the option was stored or marked as set; the bits say which values.
+  // Called after a value of the option was stored or marked as set. `bits` has firstvaluebit, secondvaluebit
+  // or both.
   virtual void assigned(const toption& option, std::int32_t bits) = 0;
 };
 

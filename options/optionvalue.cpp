@@ -1,4 +1,5 @@
-// Reading values: the value that was set, else the default, as a number or as text.
+// Getting the value of an option as text, and setting its value to the default: one switch over the type for
+// each. Values as integers are in toption.h, the setters in setters.cpp.
 #include "options/toption.h"
 
 namespace optcore {

@@ -1,6 +1,6 @@
-// The typed setters: a value is checked against the option's bounds or legal values, stored, and marked; what
-// is wrong with it becomes messages. With bound checking off an illegal value is stored all the same, with
-// the same messages as warnings.
+// The setters of the option types. A value is checked against the bounds or the legal values, stored, and
+// marked as set; problems are filed as messages. With bound checking off, an illegal value is stored
+// nevertheless, and the same messages are warnings. Multilists and macros are in spread.cpp.
 #include <cmath>
 
 #include "options/checkboolean.h"
@@ -24,7 +24,7 @@ namespace {
 
 // ---- what the setters share
 
-// The first message about a refused value; every such message is built this way.
+// The text of the first message about a refused value.
 shortstring refusal(const toption& option, std::string_view head, std::string_view saw) {
   return concat(head, quoted(option.owner().curoptname()), " saw ", quoted(saw));
 }
@@ -35,8 +35,8 @@ void fileparseerror(const toption& option, std::string_view head, std::string_vi
   owner.addmessage(tmsgkind::valueerror, refusal(option, head, saw), {owner.curoptname(), &option, saw});
 }
 
-// Files the two messages about an illegal value: `saw` gives its text, `legal` builds the second message.
-// True when the value is to be stored nevertheless.
+// Files the two messages about an illegal value: `saw` returns the value as text, `legal` the text of the
+// second message. Returns true if the value is to be stored nevertheless.
 template <class tsaw, class tlegal>
 bool tolerated(const toption& option, std::string_view head, tsaw saw, tlegal legal) {
   tvksoptions& owner = option.owner();
@@ -50,13 +50,14 @@ bool tolerated(const toption& option, std::string_view head, tsaw saw, tlegal le
   return owner.nobounds();
 }
 
-// The range of an option that has bounds; `bound` gives the text of one.
+// The second message for an option with bounds; `bound` returns a bound as text.
 template <class tvalue, class tbound>
 shortstring validrange(tvalue lo, tvalue hi, tbound bound) {
   return concat("   Valid range is ", bound(lo).view(), " to ", bound(hi).view());
 }
 
-// Marks a value that was just stored. A legal one clears the marks of both values.
+// Marks a value that was just stored as set, and an illegal one as out of bounds. A legal value clears the
+// out-of-bounds marks of both values.
 void markstored(toption& option, twhich which, bool legal) {
   if (legal)
     option.clearoutofbounds();
@@ -65,7 +66,7 @@ void markstored(toption& option, twhich which, bool legal) {
   option.setdefined(valuebit(which));
 }
 
-// The list follows after a second blank.
+// Two blanks come before the first value.
 shortstring possiblevalues(const txstringlistobj<toptionx>& items) {
   shortstring text = concat("   Possible values are ");
   for (std::int32_t i = 0; i < items.count() && !text.full(); ++i) text.append(" ").append(items.getname(i));
@@ -104,7 +105,7 @@ void tintoption::setasstring12(twhich which, std::string_view text) {
 // ---- double
 
 void tdbloption::setasdouble12(twhich which, double value) {
-  // these comparisons do not raise an exception for what is not a number, which some hosts trap
+  // these comparisons raise no floating-point exception for a NaN; some hosts trap such exceptions
   const bool legal = std::isgreaterequal(value, flo) && std::islessequal(value, fhi);
   if (!legal && !tolerated(
                     *this, "Double out of range for option ", [&] { return dbltostr(value); },
@@ -158,7 +159,7 @@ void tenumstroption::setasstring12(twhich which, std::string_view text) {
       !tolerated(
           *this, "Unknown value for option ", [&] { return text; }, [&] { return possiblevalues(fitems); }))
     return;
-  // the list's own spelling; a value that it does not know has none
+  // stored as the definition spells it; an unknown value is stored as the empty text
   fvalues.store(which, legal ? fitems.getname(item) : std::string_view());
   markstored(*this, which, legal);
 }

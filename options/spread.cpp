@@ -1,8 +1,10 @@
-// Options that stand for others: a multilist hands its words to its members, a macro its text to each member.
+// Setting the options that stand for others: a multilist passes one word of its text to each member, a macro
+// its whole text to each member.
 //
-// Members may be such options again, to any depth, so the walk keeps its own stack. A definition can make a
-// single assignment stand for more assignments than any machine can do (macros of macros that name each
-// member twice); the walk gives up, with a message, when there were far more than there are options.
+// Members may be such options again, to any depth, so an explicit stack replaces recursion. A definition can
+// make a single assignment stand for more assignments than any machine can do (macros of macros that name
+// each member twice). Therefore the number of assignments is limited; at the limit the rest is dropped, with
+// a message.
 #include <algorithm>
 #include <vector>
 
@@ -14,9 +16,9 @@ namespace optcore {
 
 namespace {
 
-// Finds the next word from `position` (counted from 0) on, which moves behind the word and its separator.
-// Words are ended by the path-list separator, not by blanks. A word may be empty, but not at the end of the
-// text. False when there is no further word.
+// Finds the next word at or after `position` (counted from 0) and moves `position` behind the word and its
+// separator. Leading blanks are skipped. Words are separated by charpath(), not by blanks. A word may be
+// empty, but not at the end of the text. Returns false when there is no further word.
 bool nextlistword(std::string_view text, std::size_t& position, std::string_view& word) noexcept {
   position = std::min(text.find_first_not_of(" \t", position), text.size());
   if (position == text.size()) return false;
@@ -29,7 +31,7 @@ bool nextlistword(std::string_view text, std::size_t& position, std::string_view
 
 class tspreader {
  public:
-  // `members` are those of the option itself; they all get their turn.
+  // `members` is the number of members of the option itself; the limit grows with it.
   tspreader(tvksoptions& owner, std::int32_t members)
       : fowner(owner), fleft(std::int64_t{1000} + owner.getcount() + members) {}
 
@@ -54,11 +56,12 @@ class tspreader {
   struct topen {
     const toption* option;
     std::string_view text;
-    std::int32_t next;     // the member to assign next
-    std::size_t position;  // in the text, for a multilist
+    std::int32_t next;     // the index of the member to assign next, from 0
+    std::size_t position;  // of the next word in the text, for a multilist
   };
 
-  // The member is null where the text is used up without effect. False when there is no further member.
+  // Finds the next member and its text. The member is null if it is undefined or the multilist itself; its
+  // word is dropped. Returns false when there is no further member.
   bool nextmember(topen& open, toption*& member, std::string_view& text) {
     if (const auto* macro = ifis<tmacrooption>(open.option)) {
       if (open.next == macro->items().count()) return false;
@@ -91,7 +94,7 @@ class tspreader {
 
   tvksoptions& fowner;
   std::vector<topen> fopen;
-  std::int64_t fleft;  // so many members may still be assigned
+  std::int64_t fleft;  // how many members may still be assigned
 };
 
 }  // namespace

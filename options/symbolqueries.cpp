@@ -1,4 +1,4 @@
-// What was collected: dot entries and indicators, by number.
+// Queries for dot entries and indicators by number.
 #include "options/vksoptions.h"
 
 namespace optcore {

@@ -1,4 +1,5 @@
-// The state of option objects that does not depend on their values: construction, marks, reset, items.
+// The parts of the option objects that do not get or set values: construction, marks, reset, and the items of
+// enumerations and string lists.
 #include "options/toption.h"
 
 #include <memory>
@@ -9,7 +10,7 @@
 
 namespace optcore {
 
-// The name is stored first: it lies beside the object, and a search looks at both.
+// The name is stored before the help text, so it lies beside the object in the arena: a search reads both.
 toption::toption(const toptionhead& head, topttype opttype)
     : toption(head, opttype, head.owner->definition().stored(head.name)) {}
 
@@ -49,8 +50,8 @@ void tstrlistoption::reset() {
   toption::reset();
 }
 
-// Macros may stand for macros to any depth and name the same member many times over, so the members are
-// collected without recursion and each is reset once.
+// Macros may contain macros to any depth, and the same member many times. Therefore the members are collected
+// without recursion, and each is reset once.
 void tmacrooption::reset() {
   std::vector<toption*> reached{this};
   std::unordered_set<toption*> seen{this};

@@ -1,6 +1,6 @@
-// The option objects: one class per option type. The type code chooses the behaviour, by one switch per
-// operation; only destruction and reset are virtual. Setting values, with its checks and messages, is in
-// setters.cpp and spread.cpp.
+// The option objects: one class for each option type. The type code chooses the behaviour, by one switch for
+// each operation; only destruction and reset are virtual. The setters, with their checks and messages, are in
+// setters.cpp and spread.cpp, and values as text in optionvalue.cpp.
 #pragma once
 
 #include <cassert>
@@ -16,7 +16,8 @@ namespace optcore {
 
 class tvksoptions;
 
-// The text of a value: a number's own text, or a view of a text that the option holds. Empty at first.
+// A value as text: the text of a number, stored here, or a view of a text that the option owns. Empty by
+// default.
 class tvaluetext {
  public:
   tvaluetext() noexcept = default;
@@ -30,7 +31,7 @@ class tvaluetext {
   std::optional<std::string_view> ftext;
 };
 
-// What every option has besides its value.
+// The constructor arguments that all option types share. The texts are copied into the definition's arena.
 struct toptionhead {
   std::string_view name;
   tvksoptions* owner;
@@ -44,7 +45,7 @@ class toption : public toptionx, public tinarena {
  public:
   std::string_view name() const noexcept { return fname.view(); }
   tstoredtext storedname() const noexcept { return fname; }
-  // The name as it is handed out: with blanks for underscores in lookup mode "Minos".
+  // The name in the form that clients and listings show: with blanks for underscores in lookup mode "Minos".
   shortstring getname() const;
 
   tvksoptions& owner() const noexcept { return *fowner; }
@@ -52,19 +53,20 @@ class toption : public toptionx, public tinarena {
   tdatatype datatype() const noexcept { return datatypeofopttype[ordinal(fopttype)]; }
   tsubtype subtype() const noexcept { return fsubtype; }
   void setsubtype(tsubtype subtype) noexcept { fsubtype = subtype; }
-  // 0 or less: the option belongs to no group.
+  // 0 or less if the option belongs to no group.
   std::int32_t groupnr() const noexcept { return fgroupnr; }
-  // The client's own number; never interpreted here.
+  // The reference number: it belongs to the client and is never interpreted here.
   std::int32_t refnr() const noexcept { return frefnr; }
   void setrefnr(std::int32_t refnr) noexcept { frefnr = refnr; }
 
-  // Masks of firstvaluebit and secondvaluebit: set at all, set since the recent bits were cleared, accepted
-  // outside the bounds.
+  // Masks of firstvaluebit and secondvaluebit: the values that were set, those that were set since the recent
+  // bits were cleared, and those that are illegal but were stored with bound checking off.
   std::int32_t defined() const noexcept { return fdefined; }
   std::int32_t definedr() const noexcept { return fdefinedr; }
   std::int32_t outofbounds() const noexcept { return foutofbounds; }
   bool isdefined(std::int32_t bits) const noexcept { return (fdefined & bits) != 0; }
-  // Adds bits to the defined masks; 0 clears them.
+  // Adds bits to the defined mask and, unless that is switched off, to the recent mask, and notifies the
+  // observer. 0 clears both masks.
   void setdefined(std::int32_t bits);
   void clearrecent() noexcept { fdefinedr = 0; }
   void clearoutofbounds() noexcept { foutofbounds = 0; }
@@ -73,32 +75,33 @@ class toption : public toptionx, public tinarena {
   void setdeprecated(tdeprecation kind, std::string_view text);
   bool hasdeprecation() const noexcept { return fdeprecation != 0; }
   bool hasdeprecation(tdeprecation kind) const noexcept { return (fdeprecation & deprecationbit(kind)) != 0; }
-  // Why the option's own name, or its synonyms, are on their way out.
+  // The texts of the deprecation marks, for the option's own name and for its synonyms.
   std::string_view deprecatedmsg() const noexcept { return fdeprecatedmsg.view(); }
   std::string_view deprecatedmsg2() const noexcept { return fdeprecatedmsg2.view(); }
 
-  // Back to the default state, for list options without their items.
+  // Marks all values as not set. A string list also loses its texts and a multilist its members; a macro also
+  // resets its members.
   virtual void reset();
 
-  // The value as text: the value that was set, else the default; empty for types without a value.
+  // The value as text: the value that was set, or else the default; empty for types without a value.
   tvaluetext getasstring() const { return getasstring12(twhich::first); }
   tvaluetext getasstring2() const { return getasstring12(twhich::second); }
   tvaluetext getasstring12(twhich which) const;
-  // The value as a number, if the option holds an integer.
+  // The same as a number, for the types whose value is an integer.
   std::optional<std::int32_t> getasinteger() const { return getasinteger12(twhich::first); }
   std::optional<std::int32_t> getasinteger2() const { return getasinteger12(twhich::second); }
   std::optional<std::int32_t> getasinteger12(twhich which) const;
 
-  // Makes the default the first value; does nothing for types without a default.
+  // Sets the first value to the default; does nothing for types without a default.
   void usedefined();
 
-  // Takes a text as the first or second value; what is wrong with it is filed as messages.
+  // Set the first or second value from a text. Problems are filed as messages.
   void setasstring(std::string_view text);
   void setasstring2(std::string_view text);
 
  protected:
   toption(const toptionhead& head, topttype opttype);
-  // A copy that stays as long as the option.
+  // Copies a text into the definition's arena, where it lives as long as the option.
   tstoredtext stored(std::string_view text) const;
 
  private:
@@ -234,7 +237,7 @@ class tenumstroption final : public toption {
       : toption(head, type), fvalues{stored(defaultvalue), {}, {}} {}
   std::string_view defaultvalue() const noexcept { return fvalues.fdefault.view(); }
   std::string_view value(twhich which) const noexcept { return fvalues.current(*this, which); }
-  // The permitted values and their help, in definition order.
+  // The legal values and their help, in definition order.
   const txstringlistobj<toptionx>& items() const noexcept { return fitems; }
   void additem(std::string_view value, std::int32_t helpflag, std::string_view helptext);
   void setasstring12(twhich which, std::string_view text);
@@ -252,7 +255,7 @@ class tenumintoption final : public toption {
       : toption(head, type), fvalues{defaultvalue} {}
   std::int32_t defaultvalue() const noexcept { return fvalues.fdefault; }
   std::int32_t value(twhich which) const noexcept { return fvalues.current(*this, which); }
-  // The permitted values and their help, in definition order.
+  // The legal values and their help, in definition order.
   const txlistobj<tlistoptionx>& items() const noexcept { return fitems; }
   void additem(std::int32_t value, std::int32_t helpflag, std::string_view helptext);
   bool hasitem(std::int32_t value) const;
@@ -268,14 +271,14 @@ class tenumintoption final : public toption {
   mutable tnameindex fitemindex;
 };
 
-// Hands its words to a list of options, one word each.
+// Passes the words of its text to a list of options, one word to each.
 class tmultilistoption final : public toption {
  public:
   static constexpr topttype type = topttype::multilist;
   explicit tmultilistoption(const toptionhead& head) : toption(head, type) {}
   ~tmultilistoption() override { fitems.clear(); }
-  // Positions in the option list, counted from 0; -1 for a member that the definition names but nowhere
-  // defines.
+  // The members as positions in the option list, counted from 0; -1 for a member that was not defined when
+  // its name was read.
   const txlist<std::int32_t>& items() const noexcept { return fitems; }
   void additem(std::int32_t index) { fitems.add(index); }
   void setasstring(std::string_view text);
@@ -285,7 +288,7 @@ class tmultilistoption final : public toption {
   txlist<std::int32_t> fitems;
 };
 
-// Collects texts.
+// Collects texts in a list.
 class tstrlistoption final : public toption {
  public:
   static constexpr topttype type = topttype::strlist;
@@ -295,25 +298,26 @@ class tstrlistoption final : public toption {
     assert(index >= 0 && index < itemcount());
     return fitems.get(ftaken + index);
   }
-  // The number of texts in decimal, where every option's own form gives the empty text.
+  // The number of texts in decimal. This hides toption::getasstring, which returns the empty text for a list.
   tvaluetext getasstring() const { return inttostr(itemcount()); }
   void setasstring(std::string_view text);
-  // Takes the first text out of the list, which must hold one.
+  // Removes the first text from the list, which must not be empty, and returns it.
   shortstring takefirst();
   void reset() override;
 
  private:
   txstrings fitems;
-  // So many at the front are taken out but still in fitems, to take many in linear time.
+  // The number of texts at the front of fitems that were taken. They are removed many at a time, so taking
+  // all texts needs linear time.
   std::int32_t ftaken = 0;
 };
 
-// Hands its text to each of a list of options.
+// Passes its text to each of a list of options.
 class tmacrooption final : public toption {
  public:
   static constexpr topttype type = topttype::macro;
   explicit tmacrooption(const toptionhead& head) : toption(head, type) {}
-  // The options that it stands for; they belong to the option list.
+  // The members, which the option list owns.
   const txlist<toption*>& items() const noexcept { return fitems; }
   void additem(toption* option) { fitems.add(option); }
   void setasstring(std::string_view text);
@@ -333,7 +337,7 @@ class timmediateoption final : public toption {
   timmkind fimmkind;
 };
 
-// The option as its class, which its type must be that of.
+// Casts the option to its class. Its type must be that of the class.
 template <class tclass>
 tclass& as(toption& option) noexcept {
   assert(option.opttype() == tclass::type);
@@ -345,7 +349,7 @@ const tclass& as(const toption& option) noexcept {
   return static_cast<const tclass&>(option);
 }
 
-// Here, because clients that ask for a number by number do so often.
+// Defined inline, because clients that query integers by option number do so often.
 inline std::optional<std::int32_t> toption::getasinteger12(twhich which) const {
   switch (fopttype) {
     case topttype::integer: return as<tintoption>(*this).value(which);
@@ -362,7 +366,7 @@ inline std::optional<std::int32_t> toption::getasinteger12(twhich which) const {
   return std::nullopt;
 }
 
-// The option as its class if it is of that class, else null; null stays null.
+// Casts the option to a class if its type is that of the class; otherwise, and for null, the result is null.
 template <class tclass>
 tclass* ifis(toption* option) noexcept {
   return option != nullptr && option->opttype() == tclass::type ? static_cast<tclass*>(option) : nullptr;

@@ -1,4 +1,5 @@
-// What carries help: the base of options, groups and enumeration items.
+// The base class of everything that has help texts, and two kinds of classes that derive from it: groups and
+// enumeration items. The options are in toption.h.
 #pragma once
 
 #include <cstdint>
@@ -17,12 +18,12 @@ class toptionx {
   toptionx& operator=(const toptionx&) = delete;
   virtual ~toptionx() = default;
 
-  // Greater than 0: listed by help and documentation.
+  // The item is listed by help and documentation if the flag is greater than 0.
   std::int32_t helpflag() const noexcept { return fhelpflag; }
   bool islisted() const noexcept { return fhelpflag > 0; }
   std::string_view helptext() const noexcept { return fhelptext.view(); }
 
-  // The long help text, a line each; null when there is none.
+  // The lines of the long help text; null when there are none.
   const txstrings* bigtext() const noexcept { return fbigtext.get(); }
   void addbigtext(std::string_view line) {
     if (fbigtext == nullptr) fbigtext = std::make_unique<txstrings>();
@@ -46,13 +47,13 @@ class tgroupobj final : public toptionx, public tinarena {
   std::int32_t fgroupnumber;
 };
 
-// One permitted value of an enumstr option; the list that it is in has the value.
+// The help of one legal value of an enumstr option. The value itself is the text of the list item.
 class tenumstritem final : public toptionx, public tinarena {
  public:
   using toptionx::toptionx;
 };
 
-// One permitted value of an enumint option.
+// One legal value of an enumint option, with its help.
 class tlistoptionx final : public toptionx, public tinarena {
  public:
   tlistoptionx(std::int32_t value, std::int32_t helpflag, tstoredtext helptext)

@@ -1,4 +1,5 @@
-// The option store: creation, lookup, resetting, messages and switches.
+// The option store: creation, lookup, resetting, messages and switches. The queries are in
+// numberedvalues.cpp, namedvalues.cpp, descriptions.cpp and symbolqueries.cpp.
 #include "options/vksoptions.h"
 
 namespace optcore {
@@ -31,7 +32,8 @@ bool tvksoptions::optsetrefnr(std::int32_t nr, std::int32_t refnr) {
 
 // ---- resetting
 
-// The members of macros are options of the list too, so each option is reset once.
+// Macros are reset without their members, which are in the option list themselves. So each option is reset
+// once.
 void tvksoptions::optresetall() {
   for (std::int32_t i = 0; i < getcount(); ++i) {
     toption& option = fdefinition.option(i);

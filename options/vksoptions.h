@@ -1,10 +1,10 @@
-// The option store: the thin owner of everything that one handle stands for. What is done with it lives
-// beside it: the definition, lookup, messages, dot options and indicators in this folder, the readers in
-// input/, the writers in output/.
+// The option store: the owner of all parts of one handle. It is kept thin: the definition, lookup, messages,
+// dot entries and indicators are classes of their own in this folder, the readers are in input/ and the
+// writers in output/.
 //
-// The methods with an opt prefix are what the interface exports; option and message numbers count from 1
-// there. Text results are written to the caller's buffer, and what a query leaves in its outputs on failure
-// is part of its contract.
+// The methods with the prefix opt are those of the interface, and follow the conventions of the public
+// header. Option and message numbers count from 1 there. Text results are written to the caller's buffer. The
+// outputs of a failed query are part of its contract, too.
 #pragma once
 
 #include <cassert>
@@ -36,9 +36,10 @@ class tvksoptions : public toptionx {
   const tdotobjlist& dotoptions() const noexcept { return fdotoptions; }
   // Null unless the definition declares an indicator keyword.
   tindicatorlist* indicators() const noexcept { return findicators.get(); }
+  // Sets the indicator keyword and starts with an empty list of indicators.
   void declareindicator(std::string_view keyword);
 
-  // ---- reading and writing: each is defined beside the class that does it, in input/ or output/
+  // ---- reading and writing: each is defined in input/ or output/, beside the function that does the work
   std::int32_t optreaddefinition(std::string_view filename);
   std::int32_t optreadparameterfile(std::string_view filename);
   void optreadfromstr(std::string_view text);
@@ -48,23 +49,23 @@ class tvksoptions : public toptionx {
 
   // ---- messages
   void addmessage(tmsgkind kind, std::string_view text);
-  // The same with what the message is about.
+  // The same with the name, option or value that the message is about.
   void addmessage(tmsgkind kind, std::string_view text, const tsubject& subject);
   // Files a message that adds to the one before it.
   void addexplanation(tmsgkind kind, std::string_view text);
-  // Messages of this kind are neither kept nor noticed: their texts need not be put together.
+  // Messages of this kind would have no effect now, so their texts need not be built.
   bool ignores(tmsgkind kind) const noexcept { return fmessages.ignores(kind); }
   void optaddmessage(std::string_view text) { addmessage(tmsgkind::usererror, text); }
   void optgetmessage(std::int32_t nr, ttextout text, std::int32_t& kind) const;
   void optclearmessages() { fmessages.clear(); }
   std::int32_t optmessagecount() const noexcept { return fmessages.count(); }
   void opterrorcount(std::int32_t& errors, std::int32_t& warnings) const noexcept;
-  // The count that setters and readers compare before and after.
+  // Errors and lines of help, see tmessagelist.
   std::int32_t errorcount() const noexcept { return fmessages.errorcount(); }
 
   // ---- resetting
   void optresetall();
-  // Clear the recent bits of every option.
+  // Clear the recent bits of all options. Both do the same.
   void optresetallrecent();
   void optresetrecentchanges() { optresetallrecent(); }
   bool optresetnr(std::int32_t nr);
@@ -142,7 +143,7 @@ class tvksoptions : public toptionx {
   bool optgetequindicatornr(std::int32_t nr, std::int32_t dim, ttextout element) const;
   bool optgetvarindicatornr(std::int32_t nr, std::int32_t dim, ttextout element) const;
 
-  // Count what was rejected, for the two functions that return how many entries there are.
+  // Count rejected dot entries and indicators, for optdotoptcount and optindicatorcount.
   void countdoterror() noexcept { ++fdoterrors; }
   void countindicatorerrors(std::int32_t rejected) noexcept { findicatorerrors += rejected; }
 
@@ -156,15 +157,15 @@ class tvksoptions : public toptionx {
   void optrecentenabledset(bool recentenabled) noexcept { frecentenabled = recentenabled; }
   bool optrecentenabled() const noexcept { return frecentenabled; }
 
-  // ---- what is going on
-  // The scanner that is being read, set by tactivesource; null when there is none.
+  // ---- what is being read and set
+  // The source that is being read, set by tactivesource; null when there is none.
   const tlinesource* activesource() const noexcept { return fparser; }
-  // The name that messages quote for the option whose value is being set, as it was written; set by
-  // tcurrentname and empty when no value is being set.
+  // The name that messages quote for the option whose value is being set, as the caller wrote it. Set by
+  // tcurrentname; empty when no value is being set.
   std::string_view curoptname() const noexcept { return fcuroptname; }
 
-  // Notified of every message and of every value that is stored; null for nobody. It must outlive the store
-  // or be removed.
+  // Sets the observer that is notified of every message and of every value that is stored; null for none. It
+  // is not owned, and must be removed before it is destroyed.
   void setobserver(tstoreobserver* observer) noexcept {
     fobserver = observer;
     fmessages.setobserver(observer);
@@ -201,8 +202,8 @@ class tvksoptions : public toptionx {
   bool frecentenabled = true;
 };
 
-// Makes a scanner the one that a store is being read with, for as long as this object lives; readings may
-// nest.
+// Makes a source the active one of the store while this object exists. Readings may nest: the source that was
+// active before becomes the includer of this one, and is active again afterwards.
 class tactivesource {
  public:
   tactivesource(tvksoptions& store, tlinesource& source) noexcept
@@ -223,7 +224,7 @@ class tactivesource {
   tlinesource* fprevious;
 };
 
-// Makes a name the one that messages quote, for as long as this object lives; the text must live as long.
+// Sets the name that messages quote while this object exists. The text is not copied and must live as long.
 class tcurrentname {
  public:
   tcurrentname(tvksoptions& store, std::string_view name) noexcept

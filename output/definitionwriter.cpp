@@ -1,4 +1,5 @@
-// Writes a definition as a definition file.
+// The part of tvksoptionwriter that writes a definition as a definition file. The other forms are in
+// delphiwriter.cpp and optiontable.cpp.
 #include "output/parameterwriter.h"
 #include "output/textfile.h"
 #include "output/vksoptionwriter.h"
@@ -32,7 +33,7 @@ class tdefinitionwriter {
     writecontinuation(option);
   }
 
-  // What stands between the user map and the fields with which every option ends.
+  // Writes the fields between the user map and the last fields, which every option has.
   void writevalues(const toption& option) {
     switch (option.opttype()) {
       case topttype::integer: {
@@ -48,7 +49,7 @@ class tdefinitionwriter {
         break;
       }
       case topttype::string: ffile.write(strexternal(as<tstringoption>(option).defaultvalue()), " "); break;
-      // two blanks follow the defaults of these three
+      // two blanks follow the defaults of these three types
       case topttype::boolean: ffile.write(inttostr(as<tbooleanoption>(option).defaultvalue()), "  "); break;
       case topttype::enumstr:
         ffile.write(strexternal(as<tenumstroption>(option).defaultvalue()), "  ");
@@ -99,7 +100,7 @@ class tdefinitionwriter {
     }
   }
 
-  // As many names as fit on lines of 80 characters; a member that the definition does not define has none.
+  // Writes as many names on a line as fit in 80 characters. An undefined member has no name and is left out.
   void writemembers(const tmultilistoption& option) {
     constexpr std::size_t linewidth = 80;
     std::size_t used = 0;
@@ -131,7 +132,7 @@ class tdefinitionwriter {
     tdeprecation ownname, itssynonym;
   };
 
-  // The line that opens the block is a definition line too, so that the file reads back.
+  // A block begins with a definition line whose name has no meaning, so that the file can be read back.
   void writemarks(std::string_view keyword, tmarks marks) {
     bool isopen = false;
     for (std::int32_t i = 0; i < fdefinition.getcount(); ++i) {

@@ -1,5 +1,5 @@
-// Writes the options as a Pascal include file: for each kind of value an enumeration of their names and an
-// array that maps it to option numbers.
+// The part of tvksoptionwriter that writes a Pascal include file: for each kind of value, an enumeration of
+// the option names and an array that maps it to option numbers.
 #include <array>
 #include <vector>
 
@@ -12,12 +12,12 @@ namespace optcore {
 
 namespace {
 
-// The kinds of values by option type; the types from multilist on have no name of their own.
+// The names of the lists, by option type. The types from multilist on have no name.
 constexpr auto keynames = std::to_array<std::string_view>(
     {"integer", "real", "string", "boolean", "enumstr", "enumint", "", "", "", ""});
 static_assert(keynames.size() == opttypecount);
 
-// The list that options of a type go to; -1 for types that are left out.
+// The index of the list to which options of a type are added; -1 for types that are left out.
 std::int32_t listoftype(topttype type) {
   switch (type) {
     case topttype::integer:
@@ -34,7 +34,7 @@ std::int32_t listoftype(topttype type) {
   return -1;
 }
 
-// How the items of a list stand on its lines.
+// The layout of the items of a list: each is padded to a multiple of `width`.
 struct titemlayout {
   std::int32_t width;
   std::int32_t perline;
@@ -42,7 +42,7 @@ struct titemlayout {
 constexpr titemlayout keylayout = {14, 5};
 constexpr titemlayout numberlayout = {4, 10};
 
-// Writes one item; the counter tells the items on the line and is -1 before the first one.
+// Writes one item. The counter is the number of items on the line, and -1 before the first item.
 void writeitem(std::string_view item, titemlayout layout, ttextfile& file, std::int32_t& counter) {
   if (counter == -1) {
     file.write("       ");

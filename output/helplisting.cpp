@@ -1,4 +1,4 @@
-// The help text of a definition.
+// The help text of a definition: the summary, the alphabetical listing and the description of an option.
 #include "output/helplisting.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ constexpr std::int32_t namewidth = 22;
 
 bool belongsinlisting(const toption& option) { return option.islisted() && option.groupnr() > 0; }
 
-// Whether the whole text is a sign and digits within 32 bits: words for numbers are names here.
+// Parses the whole text as a number of 32 bits. Words for numbers, such as maxint, are names here.
 bool asnumber(std::string_view text, std::int32_t& number) {
   return !text.empty() && !isletter(text[0]) && strasintex(text, number);
 }
@@ -72,7 +72,7 @@ void thelplisting::collectnames() {
 
 // ---- the line buffer
 
-// An empty piece ends the line, if there is one.
+// Appends a piece to the line. An empty piece ends the line, which is filed unless it is empty.
 void thelplisting::addbuf(std::string_view piece) {
   if (!piece.empty()) {
     fbuffer.append(piece);
@@ -89,7 +89,8 @@ void thelplisting::blankline() {
 
 // ---- summary by group
 
-// The title is ended by the first group that follows; without one it never shows.
+// The title stays in the line buffer. It is filed by what ends the line next, a group or the alphabetical
+// listing; if neither follows, it is never filed.
 void thelplisting::summary(bool withmarks) {
   blankline();
   addbuf("Options summary by group");
@@ -144,7 +145,7 @@ void thelplisting::writedefinition(const toption& option) {
   addtypeline(option);
 }
 
-// Ends the line of the type, and adds the lines that explain the option's values.
+// Completes the line that begins with the type, and adds the lines that explain the option's values.
 void thelplisting::addtypeline(const toption& option) {
   switch (option.opttype()) {
     case topttype::integer: {
@@ -209,8 +210,8 @@ void thelplisting::addbigtext(const toption& option) {
 
 // ---- debugging
 
-// The one output of the library that goes to the process's standard output: who asks for it wants just that,
-// and what becomes of it there is the host's own affair.
+// The only output of the library to the standard output of the process. It is written only on request, and
+// errors of writing are ignored.
 void thelplisting::tostandardoutput() const {
   std::string text = "\n";
   for (std::int32_t i = 0; i < fnames.count(); ++i) {

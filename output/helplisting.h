@@ -1,5 +1,5 @@
-// The help text of a definition, as messages: a summary by group, a listing in alphabetical order, or the
-// description of one option.
+// The help text of a definition: a summary by group, a listing in alphabetical order, or the description of
+// one option. The lines are filed as messages of the store.
 #pragma once
 
 #include <cstdint>
@@ -11,20 +11,20 @@
 
 namespace optcore {
 
-// The option behind a listed name: the option of that name, or the one that the name is a synonym for.
+// The option of a listed name, and whether the name is a synonym for it.
 struct tlistedoption {
   const toption* option = nullptr;
   bool issynonym = false;
 };
 
-// The names that the listings show, ordered by prefix and trailing number. Nothing is owned.
+// The names in the listings, ordered by strucmpnum. The list does not own the options.
 class tmysortstringlist final : public txstringlist<tlistedoption> {
  public:
   std::int32_t compare(std::int32_t i, std::int32_t j) const override;
 };
 
 // Files the help for a request: the name of an option, or a number whose bits choose the parts of the
-// listing.
+// listing. Any other request gives the summary.
 void showhelp(tvksoptions& store, std::string_view request);
 
 class thelplisting {
@@ -72,7 +72,7 @@ class thelplisting {
   const tdefinition& fdefinition;
   tmysortstringlist fnames;
   std::unordered_map<std::int32_t, std::vector<std::int32_t>>
-      fgroupnames;  // by group number, in sorted order
+      fgroupnames;  // for each group number the positions in fnames, in order
   shortstring fbuffer;
 };
 

@@ -1,4 +1,4 @@
-// A small streaming writer of HTML files: its page, texts and tables.
+// A small streaming writer of HTML files: page, texts and tables. The other operations are in htmlwrmore.cpp.
 #include "output/htmlwr.h"
 
 #include <algorithm>
@@ -8,8 +8,8 @@ namespace optcore {
 
 namespace {
 
-// The names of the bytes from 160 on, as characters of ISO 8859-1. "cedille" is what this writer has always
-// written.
+// The entity names of the bytes from 160 on, which are characters of ISO 8859-1. The name in HTML is "cedil";
+// "cedille" is kept so that the output stays the same.
 constexpr std::array<std::string_view, 96> upperentities = {
     "nbsp",   "iexcl",  "cent",   "pound",  "curren",  "yen",    "brvbar", "sect",   "uml",    "copy",
     "ordf",   "laquo",  "not",    "shy",    "reg",     "macr",   "deg",    "plusmn", "sup2",   "sup3",
@@ -25,7 +25,7 @@ constexpr std::array<std::string_view, 96> upperentities = {
 constexpr std::size_t firstupper = 160;
 static_assert(upperentities[184 - firstupper] == "cedille" && upperentities.back() == "yuml");
 
-// The entity name of each byte; empty for a byte that stands for itself.
+// The entity name of each byte; empty for a byte that is written as it is.
 consteval std::array<std::string_view, 256> makehtmlcharmap() {
   std::array<std::string_view, 256> map{};
   map['&'] = "amp";

@@ -13,15 +13,15 @@ class thtmlwrite {
  public:
   enum class talign : std::uint8_t { left, right, center };
 
-  // Opens the file (created or truncated) and begins the page. Whether that went well is told by close(); on
-  // a file that is not open the operations do nothing.
+  // Creates or truncates the file and begins the page. If the file cannot be opened, close returns the error,
+  // and the operations do nothing.
   explicit thtmlwrite(std::string_view filename);
   thtmlwrite(const thtmlwrite&) = delete;
   thtmlwrite& operator=(const thtmlwrite&) = delete;
   ~thtmlwrite() { close(); }
 
   // Ends the page and closes the file. Returns 0 or the system's code of the first error. Further calls only
-  // return the code again.
+  // return the same code.
   std::int32_t close() noexcept;
 
   void writehtmlstr(std::string_view text);
@@ -35,7 +35,8 @@ class thtmlwrite {
   void endcell() { fout.writeline(" </td>"); }
   void addcell(std::string_view text);
 
-  // ---- what nothing here calls (htmlwrmore.cpp): text, links, lists, and colours as red, green and blue
+  // ---- operations that neither the library nor the tool calls (htmlwrmore.cpp): text, links, lists, and
+  // colours as red, green and blue
   void addtext(std::string_view text);
   void passhtml(std::string_view markup);
   void addbreak() { fout.write("<br>"); }

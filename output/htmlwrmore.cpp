@@ -1,5 +1,5 @@
-// The rest of the HTML writer: neither the library nor the tool calls these; programs that are built with the
-// objects may.
+// The operations of the HTML writer that neither the library nor the tool calls. They are kept for programs
+// that are linked with the library's objects.
 #include <algorithm>
 #include <array>
 

@@ -1,4 +1,5 @@
-// Writes the options as a table on an HTML page.
+// The part of tvksoptionwriter that writes the options as a table on an HTML page. Not all rows are opened
+// and closed correctly; the output is kept as it always was.
 #include "output/htmlwr.h"
 #include "output/parameterwriter.h"
 #include "output/vksoptionwriter.h"
@@ -63,7 +64,7 @@ class ttablewriter {
         endoption(option);
         return writemembers(as<tmultilistoption>(option));
       case topttype::strlist:
-      case topttype::macro: break;  // the row of these is not ended
+      case topttype::macro: break;  // the rows of these types are not ended
     }
   }
 

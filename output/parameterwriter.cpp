@@ -37,14 +37,14 @@ void tparameterwriter::write() {
   fboundsswitch = boundsswitchname();
   for (std::int32_t i = 0; i < fdefinition.getcount(); ++i) {
     const toption& option = *fdefinition.getobjects(i);
-    // the values of dot options belong to the dot entries
+    // the values of dot options are written with the dot entries
     if (option.defined() != 0 && option.name().substr(0, 1) != ".") writeoption(option);
   }
   writedotentries();
   writeindicators();
 }
 
-// The option that switches bound checking in parameter text; empty when the definition has none.
+// The name of the option that switches bound checking in parameter text; empty if the definition has none.
 std::string_view tparameterwriter::boundsswitchname() const {
   for (std::int32_t i = 0; i < fdefinition.getcount(); ++i) {
     const auto* immediate = ifis<timmediateoption>(fdefinition.getobjects(i));
@@ -65,7 +65,7 @@ void tparameterwriter::writeoption(const toption& option) {
     case topttype::strlist: writelist(as<tstrlistoption>(option)); break;
     case topttype::multilist:
     case topttype::macro:
-    case topttype::immediate: break;  // are never set: they set others
+    case topttype::immediate: break;  // have no value of their own
   }
   if (option.outofbounds() != 0) ffile.writeline(fboundsswitch, " 0");
 }

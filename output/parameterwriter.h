@@ -1,5 +1,6 @@
-// Writes the settings of a store as a parameter file that the parameter reader takes back: a line for every
-// value that was set, in definition order, then the dot entries and indicators.
+// Writes the settings of a store as a parameter file, which the parameter reader can read back: the values
+// that were set, in definition order, then the dot entries and the indicators. Files and their errors are
+// left to ttextfile.
 #pragma once
 
 #include <string>
@@ -10,16 +11,17 @@
 
 namespace optcore {
 
-// A value as it stands on a line of a definition or parameter file: in double quotes if it is empty or holds
-// a blank, tab or comma. Nothing inside is escaped.
+// A value as it is written in a definition or parameter file: in double quotes if it is empty or contains a
+// blank, tab or comma. Nothing inside is escaped.
 std::string strexternal(std::string_view text);
 
-// Returns 0, or the system's code of a file that cannot be opened; what goes wrong is filed as messages.
+// Returns 0, or the system's error code if the file cannot be opened. All errors are filed as messages; an
+// error in writing does not change the result.
 std::int32_t writeparameters(tvksoptions& store, std::string_view filename);
 
 class tparameterwriter {
  public:
-  // Both must outlive the writer; the file is open.
+  // Both must outlive the writer. The file must be open.
   tparameterwriter(const tvksoptions& store, ttextfile& file)
       : fstore(store), fdefinition(store.definition()), ffile(file) {}
 
@@ -39,7 +41,7 @@ class tparameterwriter {
   const tdefinition& fdefinition;
   ttextfile& ffile;
   std::string_view fboundsswitch;
-  shortstring fname;  // where it is not written as it is held
+  shortstring fname;  // buffer for a name that is not written as it is stored
 };
 
 }  // namespace optcore

@@ -16,7 +16,7 @@ std::int32_t ttextfile::open(std::string_view filename) {
   fblock = std::make_unique_for_overwrite<char[]>(blocksize);
   const std::string name(filename);
   if (name.find('\0') != std::string::npos)
-    return ferror = ENOENT;  // the system would open what comes before it
+    return ferror = ENOENT;  // the system would ignore the rest of the name
   do fdescriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
   while (fdescriptor < 0 && errno == EINTR);
   ferror = fdescriptor < 0 ? errno : 0;
@@ -26,7 +26,7 @@ std::int32_t ttextfile::open(std::string_view filename) {
   return 0;
 }
 
-// What fills the block, or does not fit it.
+// Writes a text that fills the block or does not fit in it.
 void ttextfile::putinparts(std::string_view text) noexcept {
   if (fdescriptor < 0) return;
   while (!text.empty()) {

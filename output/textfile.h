@@ -1,5 +1,5 @@
-// A text file that is written from beginning to end. Errors do not stop the writing; the first one is kept
-// and told at the end, when the data is with the system.
+// A text file that is written from beginning to end, through a buffer. Errors do not stop the caller: the
+// first one is kept and returned by close.
 #pragma once
 
 #include <algorithm>
@@ -17,7 +17,8 @@ class ttextfile {
   ttextfile& operator=(const ttextfile&) = delete;
   ~ttextfile() { close(); }
 
-  // Creates or truncates the file. Returns 0 or the system's code; without an open file writing does nothing.
+  // Creates or truncates the file. Returns 0 or the system's error code. Without an open file, writing does
+  // nothing.
   std::int32_t open(std::string_view filename);
   // Writes the texts one after the other.
   template <class... ttexts>
@@ -29,7 +30,8 @@ class ttextfile {
     write(texts...);
     put("\n");
   }
-  // Writes what is left and closes. Returns 0 or the code of the first error, that of opening included.
+  // Writes the rest of the buffer and closes the file. Returns 0 or the code of the first error, including an
+  // error of open.
   std::int32_t close() noexcept;
 
  private:
@@ -45,7 +47,7 @@ class ttextfile {
   int fdescriptor = -1;
   std::int32_t ferror = 0;
   std::unique_ptr<char[]> fblock;
-  char* fnext = nullptr;  // the room that is left in the block; none unless a file is open
+  char* fnext = nullptr;  // the free part of the block, up to fend; empty unless a file is open
   char* fend = nullptr;
 };
 

@@ -1,5 +1,6 @@
-// Turns a definition back into text for those who maintain a solver's options: the definition file, a
-// Pascal include file with enumerations and maps of the options, and an HTML table.
+// Writers for those who maintain the options of a solver. They write a definition as a definition file, as a
+// Pascal include file with enumerations and maps of the options, and as an HTML table. Each form has a source
+// file of its own.
 #pragma once
 
 #include <cstdint>
@@ -14,10 +15,10 @@ class tvksoptionwriter {
   // The definition must outlive the writer.
   explicit tvksoptionwriter(const tdefinition& definition) noexcept : fdefinition(definition) {}
 
-  // Each creates or truncates the file, writes it and returns 0, or the system's code of the first thing that
-  // went wrong: opening, writing or closing.
+  // Each creates or truncates the file and writes it. The result is 0, or the system's code of the first
+  // error in opening, writing or closing.
 
-  // A definition file that the definition reader takes back. String lists and groups are not written.
+  // A definition file that the definition reader can read back. String lists and groups are not written.
   std::int32_t writedefinition(std::string_view filename) const;
   // Pascal: for each kind of value an enumeration of the options and a map to their numbers.
   std::int32_t writedelphiinc(std::string_view filename) const;

@@ -1,5 +1,5 @@
-// Files in memory, the function that the linker puts in the place of the system's open, and what stands
-// around an input.
+// Files in memory, the function that the linker puts in place of the system's open, and the entry point that
+// the fuzzer calls.
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
@@ -12,7 +12,8 @@
 
 #include "fuzz/support/target.h"
 
-// The names that the linker's --wrap makes of "open"; where it got no mode, none is looked at.
+// The names that the linker option --wrap derives from "open". If the caller passes no mode, the mode is not
+// used.
 extern "C" int __real_open(const char* name, int flags, mode_t mode);
 extern "C" int __wrap_open(const char* name, int flags, mode_t mode);
 
@@ -20,12 +21,12 @@ namespace fuzzing {
 
 namespace {
 
-std::map<std::string, int, std::less<>> files;  // the descriptor of each
-std::vector<int> spare;                         // those of earlier inputs
+std::map<std::string, int, std::less<>> files;  // the descriptor of each file
+std::vector<int> spare;                         // descriptors of earlier inputs, to be used again
 int opens = 0;
 bool isrunning = false;
 
-// An empty file, in the place of one of that name.
+// Creates a file, or empties the existing one. Returns its descriptor.
 int created(std::string_view name) {
   int& file = files.try_emplace(std::string(name), -1).first->second;
   if (file < 0 && !spare.empty()) {
@@ -80,7 +81,7 @@ int __wrap_open(const char* name, int flags, mode_t mode) {
   return fuzzing::isrunning ? fuzzing::open(name, flags) : __real_open(name, flags, mode);
 }
 
-// Begins without files, and what the library prints goes nowhere.
+// Every input begins without files. Output to the standard output is discarded.
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   using namespace fuzzing;
   static const int nowhere = ::dup2(__real_open("/dev/null", O_WRONLY | O_CLOEXEC, 0), STDOUT_FILENO);

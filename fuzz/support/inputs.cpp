@@ -1,4 +1,4 @@
-// The definition that has everything, and the parts of an input.
+// The definition that has everything, and splitting an input into its parts.
 #include <algorithm>
 
 #include "fuzz/support/target.h"

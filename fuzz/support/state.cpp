@@ -1,4 +1,4 @@
-// The answers of the interface and what must hold between them.
+// Checks that the results of all queries of the interface agree with each other.
 #include <algorithm>
 
 #include "base/textcase.h"
@@ -29,7 +29,7 @@ void checkvalues(tpair& pair, std::int32_t number, std::int32_t datatype, std::i
   HOLDS(pair.one(optgetdbl2nr, number, dbl2) == (isdouble && hastwo), number);
 }
 
-// By name the first option is found that the name stands for, which may be an earlier one.
+// A query by name finds the first option that matches the name, which may be an earlier one.
 void checkname(tpair& pair, std::int32_t number, const std::string& name) {
   ttext argument(name), byname, bynumber, text;
   std::int32_t found{}, refnr{}, foundrefnr{}, defined{}, recent{}, datatype{}, opttype{}, subtype{};
@@ -89,7 +89,7 @@ void checkoption(tpair& pair, std::int32_t number) {
   checkitems(pair, number, opttype);
 }
 
-// ---- what else there is; a count fits when just the numbers from 1 to it can be fetched
+// ---- the rest; a count is right if exactly the numbers from 1 to the count can be queried
 
 void checksynonymsandgroups(tpair& pair) {
   ttext name, target, help;

@@ -1,5 +1,6 @@
-// What the fuzz targets share: assertions, files in memory, handles in both text forms, the parts of inputs,
-// and the checks of all that the interface answers.
+// What the fuzz targets share: files in memory, handles in both text forms, the parts of inputs, and the
+// checks of everything that the interface returns. Assertions and calls in both forms are in
+// tests/support/bothforms.h.
 #pragma once
 
 #include <string>
@@ -15,30 +16,30 @@ namespace fuzzing {
 
 using namespace bothforms;
 
-// What a target does with an input; each target has one. A condition that does not hold ends the process, so
-// that the fuzzer keeps the input.
+// Each target defines this function, which processes one input. A condition that does not hold ends the
+// process, so that the fuzzer keeps the input.
 void run(std::string_view input);
 
-// ---- files: bytes in memory under names that the target chooses. The library's calls of the system's open
-// end there (the linker redirects them), so that no input reaches the file system, whatever names it makes
-// up.
+// ---- files: bytes in memory under names that the target chooses. The linker redirects the library's calls
+// of the system's open to them, so no input reaches the file system, whatever names it contains.
 //
-// Besides the files there is "/", the directory that no read gets anything from, and "full", which takes no
-// byte. Files can be created under names that begin with "out". Any other name does not exist. A call opens
-// 48 files, then there are "too many open files": files that include themselves take a bounded time.
+// In addition there are "/", a directory, and "full", to which nothing can be written. The library can create
+// files under names that begin with "out". Other names do not exist. A call can open 48 files, then opening
+// fails with "too many open files"; so files that include themselves take a bounded time.
 
 void writefile(std::string_view name, std::string_view bytes);
 std::string readfile(std::string_view name);  // empty for a file that does not exist
 
-// Two handles, and what the round trip has to know of their past.
+// Two handles, and what the round trip must know about their past.
 class tpair : public thandles {
  public:
   std::int32_t readdefinition(std::string_view filename);
   void clearmessages();
-  // The bytes of the one definition file that was read when there was no option yet; null when it was none or
-  // not the only one.
+  // The bytes of the definition file that was read. Null if none was read, if there was more than one, or if
+  // there were options before it.
   const std::string* definition() const { return fdefinitions == 1 ? &fdefinition : nullptr; }
-  // When the list of messages is full, entries that have errors can no longer be told from good ones.
+  // Whether a list of messages was ever full. A full list no longer counts errors, so the store keeps entries
+  // that have errors.
   bool wasfull() const;
 
  private:
@@ -53,10 +54,11 @@ class tpair : public thandles {
 // options of each kind, an indicator keyword and comment characters, for lookup mode `mode` (0, 1, 2).
 std::string richdefinition(int mode);
 
-// The bits of one or two bytes; a printable byte serves, so that inputs can be written by hand.
+// Switches, which are bits of two bytes. Printable bytes are sufficient, so that inputs can be written by
+// hand.
 class tswitches {
  public:
-  explicit tswitches(std::string_view& input);  // takes them from its front
+  explicit tswitches(std::string_view& input);  // removes the bytes from the front
   int lookupmode() const { return static_cast<int>(fbits % 4 % 3); }
   bool writeeolonly() const { return (fmore & 4) == 0; }
   // Sets the pair's flags and reads the text: as a file, as one text, or line by line as texts of up to 255
@@ -67,24 +69,25 @@ class tswitches {
   unsigned fbits, fmore;
 };
 
-// What stands before and behind the first line "%%"; all of it stands before where there is none.
+// The text before and after the first line "%%". If there is none, the second part is empty.
 std::pair<std::string_view, std::string_view> split(std::string_view text);
 // The next line, without its end.
 std::string_view nextline(std::string_view& text);
 
-// ---- checks: counts must fit what can be fetched, names numbers, and values values
+// ---- checks: counts must match what can be queried, and queries by name those by number
 
-// The first messages, for what an assertion has to say.
+// The first messages, for the output of a failed assertion.
 std::string messages(tpair& pair);
 void checkmessages(tpair& pair);
-// All of it; of options that hold nothing of their own only where the definition is part of the input.
+// Checks the whole state. The scope `whatisset` leaves out options that are not set; it is for targets whose
+// input does not contain the definition.
 enum class tscope { everything, whatisset };
 void checkstate(tpair& pair, tscope scope);
 
-// What was set is written as a parameter file and read into a fresh store of the same definition, to the end of
-// the line or word by word. Either the tool finds no difference: then nothing was refused, all options hold the
-// same, and what is written again is the same byte for byte. Or each option that it names holds something else;
-// these are reset, and the rest is tried again.
+// Writes the settings as a parameter file and reads it into a new store with the same definition, in
+// end-of-line mode or in normal mode. If the tool finds no difference between the stores, reading must have
+// refused nothing, all options must hold the same, and writing again must give the same bytes. Otherwise each
+// option that the tool names must really differ; the named options are reset, and the check is repeated.
 void checkroundtrip(tpair& pair, bool eolonly);
 
 }  // namespace fuzzing
