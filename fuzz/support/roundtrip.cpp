@@ -55,7 +55,8 @@ std::string contents(const optcore::toption* option) {
       all.append(std::to_string(list->item(i).size())).append(" ").append(list->item(i)).append("\n");
     return all;
   }
-  all = std::to_string(option->defined()) + (option->outofbounds() != 0 ? " out of bounds" : "");
+  all = option->defined() != 0 ? "set" : "";  // a single one of two values is written with the other
+  all.append(option->outofbounds() != 0 ? " out of bounds" : "");
   for (const tvaluetext& text : {option->getasstring(), option->getasstring2()})
     all.append("\n").append(text.view());
   if (const auto* dbl = ifis<tdbloption>(option))

@@ -126,8 +126,9 @@ for definition, options, warnings in (
          ['warning: option "tol" is not read back as it was set: '
           'Double out of range for option "tol" saw "0.666666666666667"',
           "note: Valid range is 0 to 0.666666666666667"]),
-        ("tol double.TWO 1 0 0 1 1 1", "tol * 0.5",
-         ['warning: first value of option "tol" is not set, but is read back as 0']),
+        ("tol double.TWO 1 0 0 1 1 1", "tol * 0.5", []),  # the value in force is the same
+        ("tol double.TWO 1 0.1234567890123456 0 1 1 1", "tol * 0.5",
+         ['warning: first value of option "tol" is not set, but is read back as 0.123456789012346']),
         ("tol double.TWO 1 0 -1 1 1 1", "tol -0 0.1234567890123456",
          ['warning: first value of option "tol" is set to -0, but is read back as 0',
           'warning: second value of option "tol" is set to 0.1234567890123456, '

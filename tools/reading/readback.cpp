@@ -234,7 +234,8 @@ class tcomparison {
     const bool there = twin != nullptr && twin->isdefined(valuebit(which));
     if (here && !there)
       add(number, isset(subjectof(option, which), valuetext(option, which)) + notset);
-    else if (!here && there)
+    else if (!here && there &&
+             !samevalue(option, *twin, which))  // a single one of two is written with the other
       add(number, subjectof(option, which) + " is not set, but is " + isreadback(valuetext(*twin, which)));
     else if (here && !samevalue(option, *twin, which))
       add(number,
