@@ -1,7 +1,6 @@
 // Entry points: lifecycle, reading, writing, messages, resetting. Except for the lifecycle, each calls the
 // store's method of the same name. The form for zero-terminated texts follows directly below.
 #include <cerrno>
-#include <new>
 
 #include "api/conversion.h"
 

@@ -1,6 +1,8 @@
 // Reset and growth of the name index.
 #include "base/nameindex.h"
 
+#include <new>
+
 namespace optcore {
 
 void tnameindex::reset() noexcept {

@@ -9,7 +9,6 @@
 #include <cassert>
 #include <cstddef>
 #include <cstdint>
-#include <new>
 #include <string_view>
 #include <vector>
 

@@ -1,7 +1,6 @@
 // Growth and sorting of the lists.
 #include "base/vksobj.h"
 
-#include <algorithm>
 #include <limits>
 
 namespace optcore {

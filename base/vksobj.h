@@ -103,6 +103,10 @@ class tgrowarray {
     fmemory[index] = item;
     ++fcount;
   }
+  void append(const titem& item) {
+    if (full()) setcapacity(growncapacity(fcapacity));
+    insert(fcount, item);
+  }
   void remove(std::int32_t index) noexcept {
     assert(index >= 0 && index < fcount);
     --fcount;

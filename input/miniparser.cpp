@@ -35,7 +35,6 @@ std::int32_t tminiparser::fileopen(std::string_view filename) {
   assert(flinenr == 0 && flineend == nullptr);  // a scanner reads one source
   strassign(fsourcename, filename);
   fkind = tsourcekind::file;
-  flinenr = 0;
   return ffile.open(filename);
 }
 
@@ -55,7 +54,6 @@ void tminiparser::setsource(tsourcekind kind, std::string_view name, std::string
   ftext[text.size()] = endofline;
   ftextlength = text.size();
   fkind = kind;
-  flinenr = 0;
   if (fechoflag) flushecho(text);
 }
 

@@ -43,26 +43,43 @@ void tvksoptions::optreadfrompchar(const char* text) { tparameterreading(*this).
 std::int32_t tparameterreading::readfile(std::string_view filename) {
   tminiparser scanner(fstore.messages(), fstore.echo(), fstore.definition().eolcommset());
   if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
-    fstore.addmessage(tmsgkind::usererror, concat("Cannot open parameter file ", quoted(filename)));
-    fstore.addexplanation(tmsgkind::usererror, errorcodetext(code));
+    fileproblem("Cannot open parameter file ", filename, code);
     return code;
   }
   const tactivesource active(fstore, scanner);
   fstore.addmessage(tmsgkind::fileenter, filename);
   parsefile(scanner);
-  if (const std::int32_t code = scanner.readerror(); code != 0) {
-    fstore.addmessage(tmsgkind::usererror, concat("Cannot read parameter file ", quoted(filename)));
-    fstore.addexplanation(tmsgkind::usererror, errorcodetext(code));
-  }
+  if (const std::int32_t code = scanner.readerror(); code != 0)
+    fileproblem("Cannot read parameter file ", filename, code);
   fstore.addmessage(tmsgkind::fileleave, filename);
   return 0;
 }
 
+void tparameterreading::readstring(std::string_view text) {
+  tminiparser scanner(fstore.messages(), fstore.echo(), fstore.definition().eolcommset());
+  scanner.readfromstr(text);
+  readtext(scanner);
+}
+
+void tparameterreading::readpchar(const char* text) {
+  tminiparser scanner(fstore.messages(), fstore.echo(), fstore.definition().eolcommset());
+  scanner.readfrompchar(text);
+  readtext(scanner);
+}
+
+void tparameterreading::readtext(tminiparser& scanner) {
+  const tactivesource active(fstore, scanner);
+  fstore.addmessage(tmsgkind::fileenter, scanner.sourcename());
+  parse(scanner);
+  fstore.addmessage(tmsgkind::fileleave, scanner.sourcename());
+}
+
 void tparameterreading::parsefile(tminiparser& scanner) {
   const tnesting nesting(fnestlevel);
+  ++ffilesread;
   if (fnestlevel > deepestnesting)
     fstore.addmessage(tmsgkind::usererror, "File nesting level too deep; file ignored");
-  else if (++ffilesread > mostfiles)
+  else if (ffilesread > mostfiles)
     fstore.addmessage(tmsgkind::usererror, "Too many parameter files; file ignored");
   else
     parse(scanner);
@@ -70,22 +87,9 @@ void tparameterreading::parsefile(tminiparser& scanner) {
 
 void tparameterreading::parse(tminiparser& scanner) { tparameterreader(fstore, scanner, *this).parse(); }
 
-void tparameterreading::readstring(std::string_view text) {
-  tminiparser scanner(fstore.messages(), fstore.echo(), fstore.definition().eolcommset());
-  scanner.readfromstr(text);
-  const tactivesource active(fstore, scanner);
-  fstore.addmessage(tmsgkind::fileenter, "string");
-  parse(scanner);
-  fstore.addmessage(tmsgkind::fileleave, "string");
-}
-
-void tparameterreading::readpchar(const char* text) {
-  tminiparser scanner(fstore.messages(), fstore.echo(), fstore.definition().eolcommset());
-  scanner.readfrompchar(text);
-  const tactivesource active(fstore, scanner);
-  fstore.addmessage(tmsgkind::fileenter, "pchar");
-  parse(scanner);
-  fstore.addmessage(tmsgkind::fileleave, "pchar");
+void tparameterreading::fileproblem(std::string_view problem, std::string_view filename, std::int32_t code) {
+  fstore.addmessage(tmsgkind::usererror, concat(problem, quoted(filename)));
+  fstore.addexplanation(tmsgkind::usererror, errorcodetext(code));
 }
 
 // ---- statements
@@ -137,13 +141,25 @@ void tparameterreader::setkey(std::string_view identifier, std::int32_t dashes) 
 }
 
 bool tparameterreader::dispatch(std::int32_t dashes) {
-  if (dashes == 0 && fscanner.ch() == '.') return dotline();
-  if (dashes == 0 && isindicatorkeyword()) return indicatorline();
+  if (dashes == 0 && fscanner.ch() == '.') {
+    dotline();
+    return true;
+  }
+  if (dashes == 0 && isindicatorkeyword()) {
+    indicatorline();
+    return true;
+  }
   toption* option = findoption();
   const tcurrentname current(fstore, fkey);
-  if (dashes >= 2) return listvalue(option != nullptr ? *option : addlist());
+  if (dashes >= 2) {
+    listvalue(option != nullptr ? *option : addlist());
+    return true;
+  }
   if (option == nullptr) return unknownkey();
-  if (const auto* immediateoption = ifis<timmediateoption>(option)) return immediate(*immediateoption);
+  if (const auto* immediateoption = ifis<timmediateoption>(option)) {
+    immediate(*immediateoption);
+    return true;
+  }
   return ordinary(*option);
 }
 
@@ -183,7 +199,7 @@ bool tparameterreader::unknownkey() {
 }
 
 // listvalue = [ "=" | ":=" ] value .
-bool tparameterreader::listvalue(toption& option) {
+void tparameterreader::listvalue(toption& option) {
   fscanner.skipbecomes();
   std::string_view text;
   if (feolonly)
@@ -191,11 +207,10 @@ bool tparameterreader::listvalue(toption& option) {
   else
     fscanner.nexttoken(text);
   option.setasstring(text);
-  return true;
 }
 
 // immediate = [ "=" | ":=" ] [ value ] .
-bool tparameterreader::immediate(const timmediateoption& option) {
+void tparameterreader::immediate(const timmediateoption& option) {
   fscanner.skipbecomes();
   std::string_view text;
   if (!fscanner.nexttoken(text)) {
@@ -203,7 +218,7 @@ bool tparameterreader::immediate(const timmediateoption& option) {
       fstore.optshowhelp({});
     else
       error(concat("Value expected for immediate option ", quoted(fkey)), {fkey, &option});
-    return true;
+    return;
   }
   switch (option.immkind()) {
     case timmkind::eolflag: feolonly = checkboolean(text) != tbooleanword::no; break;
@@ -212,7 +227,6 @@ bool tparameterreader::immediate(const timmediateoption& option) {
     case timmkind::nobounds: fstore.optnoboundsset(checkboolean(text) != tbooleanword::no); break;
     case timmkind::help: fstore.optshowhelp(text); break;
   }
-  return true;
 }
 
 // ---- ordinary options
@@ -221,7 +235,7 @@ bool tparameterreader::immediate(const timmediateoption& option) {
 bool tparameterreader::ordinary(toption& option) {
   const tsubtype subtype = option.subtype();
   if (subtype == tsubtype::novalue || (subtype == tsubtype::optional && !fscanner.skipbl())) {
-    if (allowsdeprecated(option)) option.usedefined();
+    if (checkdeprecation(option)) option.usedefined();
   } else if (!fscanner.skipbecomes()) {
     novalue(option);
   } else if (subtype == tsubtype::twovalues) {
@@ -239,19 +253,19 @@ bool tparameterreader::ordinary(toption& option) {
 // A value is a token in normal mode, and the rest of the line in end-of-line mode.
 void tparameterreader::tokenasvalue(toption& option) {
   const tvalue value = token();
-  if (allowsdeprecated(option) && value) option.setasstring(*value);
+  if (checkdeprecation(option) && value) option.setasstring(*value);
 }
 
 void tparameterreader::restasvalue(toption& option) {
   const std::string_view text = restvalue();
-  if (allowsdeprecated(option)) option.setasstring(text);
+  if (checkdeprecation(option)) option.setasstring(text);
 }
 
 // The first of two values is a token in both modes. "*" leaves a value unchanged. A single value sets both.
 void tparameterreader::twovalues(toption& option) {
   const tvalue first = token();
   const tvalue second = !feolonly ? token() : fscanner.skipbl() ? tvalue(restvalue()) : std::nullopt;
-  if (!allowsdeprecated(option)) return;
+  if (!checkdeprecation(option)) return;
   if (first && *first != "*") {
     option.setasstring(*first);
     if (!second) option.setasstring2(*first);
@@ -259,7 +273,7 @@ void tparameterreader::twovalues(toption& option) {
   if (second && *second != "*") option.setasstring2(*second);
 }
 
-bool tparameterreader::warnsofdeprecated(const toption& option) {
+bool tparameterreader::reportdeprecation(const toption& option) {
   const bool ownname = struequal(fkey, option.name());
   const bool isdeprecated =
       option.hasdeprecation(ownname ? tdeprecation::deprecated : tdeprecation::deprecatedsynonym);

@@ -42,8 +42,10 @@ class tparameterreading {
   void readpchar(const char* text);
 
  private:
-  void parse(tminiparser& scanner);
+  void readtext(tminiparser& scanner);
   void parsefile(tminiparser& scanner);
+  void parse(tminiparser& scanner);
+  void fileproblem(std::string_view problem, std::string_view filename, std::int32_t code);
 
   tvksoptions& fstore;
   std::int32_t fnestlevel = 0;  // how deep the open files nest
@@ -69,10 +71,10 @@ class tparameterreader {
   // ---- the grammar: a function returns whether reading continues on the same line
   bool statement();
   bool dispatch(std::int32_t dashes);
-  bool dotline();
-  bool indicatorline();
-  bool listvalue(toption& option);
-  bool immediate(const timmediateoption& option);
+  void dotline();
+  void indicatorline();
+  void listvalue(toption& option);
+  void immediate(const timmediateoption& option);
   bool ordinary(toption& option);
   bool unknownkey();
 
@@ -93,10 +95,10 @@ class tparameterreader {
   // Files a warning if the key is the option's own name and that is marked as deprecated or obsolete, or if
   // the key is a synonym and the synonyms are. Returns false for the mark obsolete: the value is not stored
   // then.
-  bool allowsdeprecated(const toption& option) {
-    return !option.hasdeprecation() || warnsofdeprecated(option);
+  bool checkdeprecation(const toption& option) {
+    return !option.hasdeprecation() || reportdeprecation(option);
   }
-  bool warnsofdeprecated(const toption& option);
+  bool reportdeprecation(const toption& option);
   tvalue token();
   std::string_view restvalue();
   std::string_view quotedrest();

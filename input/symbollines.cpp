@@ -25,19 +25,19 @@ bool tparameterreader::nextelement(char closer, bool& more) {
 
 // ---- dotline = "." identifier [ elements ] [ "=" | ":=" ] value .
 
-bool tparameterreader::dotline() {
+void tparameterreader::dotline() {
   fscanner.nextch();
   std::string_view identifier;
   if (!fscanner.nextident(identifier)) {
     error(concat(".suffix expected for key ", quoted(fkey)), {fkey});
-    return true;
+    return;
   }
   const shortstring suffix = concat(".", identifier);
   const std::int32_t index = fdefinition.optlookup(suffix.view());
   if (index < 0) {
     error(concat("unknown .suffix ", quoted(suffix), " for key ", quoted(fkey)),
           {.name = suffix, .problem = tsubject::tproblem::unknowndotoption});
-    return true;
+    return;
   }
   const std::int32_t errorsbefore = fstore.errorcount();
   dotentry(index);
@@ -45,7 +45,6 @@ bool tparameterreader::dotline() {
     fstore.countdoterror();
   else
     fstore.dotoptions().keepentry();
-  return true;
 }
 
 void tparameterreader::dotentry(std::int32_t optionindex) {
@@ -84,7 +83,7 @@ bool tparameterreader::dotelements() {
 
 // ---- indicatorline = identifier [ elements ] "$" identifier [ elements ] [ "=" | ":=" ] boolean .
 
-bool tparameterreader::indicatorline() {
+void tparameterreader::indicatorline() {
   tindicatorlist& items = *fstore.indicators();
   const std::int32_t errorsbefore = fstore.errorcount();
   items.dropitem();
@@ -93,7 +92,6 @@ bool tparameterreader::indicatorline() {
     fstore.countindicatorerrors(items.dropitem());
   else
     items.keepitem();
-  return true;
 }
 
 // Returns false when the rest of the line is to be discarded.

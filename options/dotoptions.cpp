@@ -19,13 +19,13 @@ void tdotobjlist::addentry(std::string_view key, std::int32_t optionindex) {
 
 // Whether an entry was begun; if not, files the message `without`. The parameter reader begins an entry
 // before it adds parts, so a missing one is an error of the library.
-bool tdotobjlist::hasentry(std::string_view without) {
+bool tdotobjlist::requireentry(std::string_view without) {
   if (!fbegun) fowner.addmessage(tmsgkind::usererror, without);
   return fbegun;
 }
 
 bool tdotobjlist::addindex(std::string_view text) {
-  if (!hasentry("Cannot AddIndex to DotObj")) return false;
+  if (!requireentry("Cannot AddIndex to DotObj")) return false;
   findices.add(text);
   return findices.count() <= maxdimensions;
 }
@@ -52,7 +52,7 @@ std::optional<double> asnumber(const toption& option) {
 }  // namespace
 
 void tdotobjlist::setvalue(std::string_view text) {
-  if (!hasentry("Cannot SetValue to DotObj")) return;
+  if (!requireentry("Cannot SetValue to DotObj")) return;
   toption& option = fowner.definition().option(foptionindex);
   const tcurrentname current(fowner, option.name());
   option.setasstring(text);
@@ -60,9 +60,8 @@ void tdotobjlist::setvalue(std::string_view text) {
 }
 
 void tdotobjlist::keepentry() {
-  if (fentries.full()) fentries.setcapacity(growncapacity(fentries.capacity()));
   const tstoredtext name = farena.text(fname);
-  fentries.insert(count(), farena.make<tdotobj>(name, foptionindex, findices.pack(farena), fvalue));
+  fentries.append(farena.make<tdotobj>(name, foptionindex, findices.pack(farena), fvalue));
   fbegun = false;
 }
 

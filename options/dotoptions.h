@@ -59,7 +59,7 @@ class tdotobjlist {
   void keepentry();
 
  private:
-  bool hasentry(std::string_view without);
+  bool requireentry(std::string_view without);
 
   tvksoptions& fowner;
   tarena farena;

@@ -51,9 +51,8 @@ void tindicatorlist::addentry(std::string_view equation) {
 
 void tindicatorlist::keepitem() {
   if (!fbegun) return;
-  if (fitems.full()) fitems.setcapacity(growncapacity(fitems.capacity()));
   const tsymbol equation = fequation.pack(farena);
-  fitems.insert(count(), farena.make<tindicatoritem>(equation, fvariable.pack(farena), fvalue));
+  fitems.append(farena.make<tindicatoritem>(equation, fvariable.pack(farena), fvalue));
   fbegun = false;
 }
 

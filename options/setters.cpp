@@ -38,7 +38,7 @@ void fileparseerror(const toption& option, std::string_view head, std::string_vi
 // Files the two messages about an illegal value: `saw` returns the value as text, `legal` the text of the
 // second message. Returns true if the value is to be stored nevertheless.
 template <class tsaw, class tlegal>
-bool tolerated(const toption& option, std::string_view head, tsaw saw, tlegal legal) {
+bool reportillegal(const toption& option, std::string_view head, tsaw saw, tlegal legal) {
   tvksoptions& owner = option.owner();
   const tmsgkind kind = owner.nobounds() ? tmsgkind::valuewarning : tmsgkind::valueerror;
   if (!owner.ignores(kind)) {
@@ -86,7 +86,7 @@ shortstring possiblevalues(const txlistobj<tlistoptionx>& items) {
 
 void tintoption::setasinteger12(twhich which, std::int32_t value) {
   const bool legal = flo <= value && value <= fhi;
-  if (!legal && !tolerated(
+  if (!legal && !reportillegal(
                     *this, "Integer range error for option ", [&] { return inttostr(value); },
                     [&] { return validrange(flo, fhi, inttostrex); }))
     return;
@@ -107,7 +107,7 @@ void tintoption::setasstring12(twhich which, std::string_view text) {
 void tdbloption::setasdouble12(twhich which, double value) {
   // these comparisons raise no floating-point exception for a NaN; some hosts trap such exceptions
   const bool legal = std::isgreaterequal(value, flo) && std::islessequal(value, fhi);
-  if (!legal && !tolerated(
+  if (!legal && !reportillegal(
                     *this, "Double out of range for option ", [&] { return dbltostr(value); },
                     [&] { return validrange(flo, fhi, dbltostrex); }))
     return;
@@ -134,7 +134,7 @@ void tstringoption::setasstring12(twhich which, std::string_view text) {
 
 void tbooleanoption::setasinteger12(twhich which, std::int32_t value) {
   const bool legal = value == 0 || value == 1;
-  if (!legal && !tolerated(
+  if (!legal && !reportillegal(
                     *this, "Boolean out of range for option ", [&] { return inttostr(value); },
                     [] { return "   Valid values are 0 or 1"; }))
     return;
@@ -156,7 +156,7 @@ void tenumstroption::setasstring12(twhich which, std::string_view text) {
   const std::int32_t item = fitems.indexof(text);
   const bool legal = item >= 0;
   if (!legal &&
-      !tolerated(
+      !reportillegal(
           *this, "Unknown value for option ", [&] { return text; }, [&] { return possiblevalues(fitems); }))
     return;
   // stored as the definition spells it; an unknown value is stored as the empty text
@@ -168,7 +168,7 @@ void tenumstroption::setasstring12(twhich which, std::string_view text) {
 
 void tenumintoption::setasinteger12(twhich which, std::int32_t value) {
   const bool legal = hasitem(value);
-  if (!legal && !tolerated(
+  if (!legal && !reportillegal(
                     *this, "Unknown value for option ", [&] { return inttostr(value); },
                     [&] { return possiblevalues(fitems); }))
     return;

@@ -2,7 +2,6 @@
 // enumerations and string lists.
 #include "options/toption.h"
 
-#include <memory>
 #include <unordered_set>
 #include <vector>
 

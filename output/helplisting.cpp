@@ -51,7 +51,7 @@ bool thelplisting::showoption(std::string_view request, std::string_view name) {
   if (option == nullptr) return false;
   if (!struequal(request, option->getname()))
     addline(request, " is a synonym for ", option->getname().view());
-  writedefinition(*option);
+  describe(*option);
   return true;
 }
 
@@ -132,12 +132,12 @@ void thelplisting::alphabetical() {
   addbuf("Options in alphabetical order");
   blankline();
   for (std::int32_t i = 0; i < fnames.count(); ++i)
-    if (!fnames.getobject(i).issynonym) writedefinition(*fnames.getobject(i).option);
+    if (!fnames.getobject(i).issynonym) describe(*fnames.getobject(i).option);
 }
 
 // ---- the description of one option
 
-void thelplisting::writedefinition(const toption& option) {
+void thelplisting::describe(const toption& option) {
   addline(option.getname().view(), ": ", option.helptext());
   addbuf(blankstr(indentwidth));
   addbuf(opttypenames[ordinal(option.opttype())]);

@@ -52,7 +52,7 @@ class thelplisting {
   void tostandardoutput() const;
 
   // ---- the description of one option
-  void writedefinition(const toption& option);
+  void describe(const toption& option);
   void addtypeline(const toption& option);
   void additems(const tenumstroption& option);
   void additems(const tenumintoption& option);

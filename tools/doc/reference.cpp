@@ -87,16 +87,11 @@ void addtyped(const tvksoptions& store, const toption& option, toptionreference&
   }
 }
 
-constexpr std::array<const char*, 10> typephrases = {"integer",
-                                                     "number",
-                                                     "text",
-                                                     "boolean",
-                                                     "choice",
-                                                     "choice of numbers",
-                                                     "list of values for several options",
-                                                     "text, may be given repeatedly",
-                                                     "sets several options",
-                                                     "acts when it is read"};
+constexpr auto typephrases =
+    std::to_array<const char*>({"integer", "number", "text", "boolean", "choice", "choice of numbers",
+                                "list of values for several options", "text, may be given repeatedly",
+                                "sets several options", "acts when it is read"});
+static_assert(typephrases.size() == opttypecount);
 constexpr std::array<const char*, 4> subtypephrases = {"", ", takes no value", ", the value may be left out",
                                                        ", two values"};
 
