@@ -5,9 +5,9 @@ namespace optcore {
 
 toption& tdefinition::addoption(std::unique_ptr<toption> option, const tsoughtname& name) {
   assert(struequal(option->name(), name.text));
-  toption& added = *option;
-  foptions.addstored(added.storedname(), std::move(option), name);
-  return added;
+  const tstoredtext storedname = option->storedname();
+  foptions.addstored(storedname, std::move(option), name);
+  return *foptions.getobject(getcount() - 1);
 }
 
 std::int32_t tdefinition::synonymindex(const tsoughtname& name) const {
