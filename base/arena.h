@@ -41,6 +41,7 @@ class tarena {
       std::conditional_t<std::is_trivially_destructible_v<tobject>, tobject*, std::unique_ptr<tobject>>;
   template <class tobject, class... targuments>
   tmade<tobject> make(targuments&&... arguments) {
+    static_assert(alignof(tobject) <= alignment);
     return tmade<tobject>(new (*this) tobject(std::forward<targuments>(arguments)...));
   }
   // Returns `size` bytes, aligned for every type that is made here. Throws std::bad_alloc.

@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/shortstring.h"
 #include "base/textcase.h"
 
 namespace optcore {
@@ -28,6 +29,7 @@ struct tnamekey {
 class tsoughtname : public tnamekey {
  public:
   explicit tsoughtname(std::string_view name) noexcept : tnamekey{name} {}
+  explicit tsoughtname(shortstring&& name) = delete;  // it would be gone before it is looked for
   std::uint32_t hash() const noexcept {
     if (!fishashed) fhash = tnamekey::hash();
     fishashed = true;
@@ -61,7 +63,7 @@ class tnameindex {
   // cheaper than leaving it to the next search, because the hash of `key` may be known already.
   template <class tkey, class tkeyat>
   void added(std::int32_t count, const tkey& key, tkeyat keyat) {
-    assert(count > 0 && keyat(count - 1) == key);
+    assert(count > 0 && keyat(count - 1) == key && keyat(count - 1).hash() == key.hash());
     if (count > walkedcount && fentered == count - 1 && reserveone()) enternext(key, keyat);
   }
 

@@ -332,6 +332,10 @@ template <class tobject>
 class tstoredlistobj : public txstringlistobj<tobject> {
  public:
   ~tstoredlistobj() override { this->clear(); }
+  // These would put a text on the heap, which nobody would free.
+  std::int32_t add(std::string_view text) = delete;
+  std::int32_t addobject(std::string_view text, std::unique_ptr<tobject> object) = delete;
+  void insertitem(std::int32_t index, std::string_view text, tobject* object) = delete;
   // Takes ownership of the object. `name`, if given, must be the text; it is entered into the index.
   void addstored(tstoredtext text, std::unique_ptr<tobject> object) {
     this->addblock(text.block(), object.get());

@@ -121,7 +121,7 @@ class tdefinitionreader {
   // The fields that were read last. They keep their values from line to line: where a token is missing, the
   // value of an earlier line is used.
   shortstring fname;
-  tsoughtname fsoughtname{{}};  // views fname; set for options only
+  tsoughtname fsoughtname{std::string_view()};  // views fname; set for options only
   tsubtype fmodifier = tsubtype::required;
   std::int32_t fusermap = 0;
   std::int32_t fdefault = 0;

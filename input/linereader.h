@@ -35,6 +35,7 @@ class tlinereader {
   // Returns the next line; at the end of the file, a line whose text is null. A line ends at a line feed. One
   // carriage return directly before it, or at the very end of the file, is not part of the line.
   tline next() {
+    assert(fbegin != nullptr);  // a file was opened
     char* const feed = findfeed(0);
     return feed != nullptr ? takeline(feed) : nextbyreading();
   }
@@ -75,7 +76,7 @@ class tlinereader {
 
   int fdescriptor = -1;
   int freaderror = 0;
-  bool fatend = false;
+  bool fatend = true;
   std::ptrdiff_t funread = 0;  // how many bytes may still be read
   std::unique_ptr<char[]> fblock;
   char* fbegin = nullptr;  // the unread part of the block

@@ -129,6 +129,8 @@ static_assert(opttypeconstnames.size() == opttypecount);
 static_assert(datatypeofopttype.size() == opttypecount);
 static_assert(opttypeconstnames[ordinal(topttype::macro)] == "optTypeMacro");
 static_assert(datatypeofopttype[ordinal(topttype::strlist)] == tdatatype::strlist);
+static_assert(datatypeconstnames[ordinal(tdatatype::strlist)] == "optDataStrList");
+static_assert(subtypeconstnames[ordinal(tsubtype::twovalues)] == "optsub2Values");
 static_assert(subtypemodifiers[ordinal(tsubtype::twovalues)] == "TWO");
 static_assert(msgkindconstnames[ordinal(tmsgkind::usererror)] == "optMsgUserError");
 static_assert(immkindnames[ordinal(timmkind::help)] == "Help");

@@ -1,6 +1,7 @@
 // Collecting of dot entries.
 #include "options/dotoptions.h"
 
+#include <cassert>
 #include <optional>
 
 #include "options/vksoptions.h"
@@ -60,6 +61,7 @@ void tdotobjlist::setvalue(std::string_view text) {
 }
 
 void tdotobjlist::keepentry() {
+  assert(fbegun);
   const tstoredtext name = farena.text(fname);
   fentries.append(farena.make<tdotobj>(name, foptionindex, findices.pack(farena), fvalue));
   fbegun = false;

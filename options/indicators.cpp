@@ -1,6 +1,8 @@
 // Collecting and checking of indicators.
 #include "options/indicators.h"
 
+#include <cassert>
+
 #include "options/vksoptions.h"
 
 namespace optcore {
@@ -57,6 +59,7 @@ void tindicatorlist::keepitem() {
 }
 
 void tindicatorlist::addequdim(std::string_view text) {
+  assert(fbegun);
   if (fequation.elements().count() >= maxdimensions)
     fowner.addmessage(tmsgkind::usererror,
                       concat("Too many dimensions for equation ", quoted(fequation.name())),
@@ -68,6 +71,7 @@ void tindicatorlist::addequdim(std::string_view text) {
 }
 
 void tindicatorlist::addvardim(std::string_view text) {
+  assert(fbegun);
   if (fvariable.elements().count() >= maxdimensions)
     fowner.addmessage(tmsgkind::usererror,
                       concat("Too many dimensions for variable ", quoted(fvariable.name())),

@@ -7,6 +7,8 @@
 
 namespace optcore {
 
+class tactivesource;
+
 enum class tsourcekind : std::uint8_t { file, string, pchar };
 
 class tlinesource {
@@ -21,9 +23,9 @@ class tlinesource {
 
   // The source that includes this one, at its current line; null if there is none. Set by tactivesource.
   const tlinesource* includer() const noexcept { return fincluder; }
-  void setincluder(const tlinesource* includer) noexcept { fincluder = includer; }
 
  private:
+  friend class tactivesource;
   const tlinesource* fincluder = nullptr;
 };
 

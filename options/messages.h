@@ -47,6 +47,7 @@ class tmessagelist {
   // Sets the observer that is notified of every message; null for none. It is not owned, and must be removed
   // before it is destroyed.
   void setobserver(tstoreobserver* observer) noexcept { fobserver = observer; }
+  tstoreobserver* observer() const noexcept { return fobserver; }
 
  private:
   static constexpr std::int32_t maxmessages = 5000;

@@ -166,12 +166,9 @@ class tvksoptions : public toptionx {
 
   // Sets the observer that is notified of every message and of every value that is stored; null for none. It
   // is not owned, and must be removed before it is destroyed.
-  void setobserver(tstoreobserver* observer) noexcept {
-    fobserver = observer;
-    fmessages.setobserver(observer);
-  }
+  void setobserver(tstoreobserver* observer) noexcept { fmessages.setobserver(observer); }
   void notifyassigned(const toption& option, std::int32_t bits) const {
-    if (fobserver != nullptr) fobserver->assigned(option, bits);
+    if (fmessages.observer() != nullptr) fmessages.observer()->assigned(option, bits);
   }
 
  private:
@@ -190,7 +187,6 @@ class tvksoptions : public toptionx {
   tdefinition fdefinition;
   tmessagelist fmessages;
   tlinesource* fparser = nullptr;
-  tstoreobserver* fobserver = nullptr;
   std::string_view fcuroptname;
   tdotobjlist fdotoptions{*this};
   std::unique_ptr<tindicatorlist> findicators;
@@ -208,13 +204,13 @@ class tactivesource {
  public:
   tactivesource(tvksoptions& store, tlinesource& source) noexcept
       : fstore(store), fsource(source), fprevious(std::exchange(store.fparser, &source)) {
-    source.setincluder(fprevious);
+    source.fincluder = fprevious;
   }
   tactivesource(const tactivesource&) = delete;
   tactivesource& operator=(const tactivesource&) = delete;
   ~tactivesource() {
     assert(fstore.fparser == &fsource);  // readings end in reverse order, each before its scanner
-    fsource.setincluder(nullptr);
+    fsource.fincluder = nullptr;
     fstore.fparser = fprevious;
   }
 
@@ -229,6 +225,7 @@ class tcurrentname {
  public:
   tcurrentname(tvksoptions& store, std::string_view name) noexcept
       : fstore(store), fprevious(std::exchange(store.fcuroptname, name)) {}
+  tcurrentname(tvksoptions& store, shortstring&& name) = delete;  // it would be gone at once
   tcurrentname(const tcurrentname&) = delete;
   tcurrentname& operator=(const tcurrentname&) = delete;
   ~tcurrentname() { fstore.fcuroptname = fprevious; }
