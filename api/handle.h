@@ -12,4 +12,4 @@ static_assert(optTypeImmediate == optcore::ordinal(optcore::topttype::immediate)
 static_assert(optDataStrList == optcore::ordinal(optcore::tdatatype::strlist));
 static_assert(optsub2Values == optcore::ordinal(optcore::tsubtype::twovalues));
 static_assert(optMsgUserError == optcore::ordinal(optcore::tmsgkind::usererror));
-static_assert(optTypeImmediate + 1 == optcore::opttypecount);
+static_assert(optTypeImmediate + 1 == optcore::opttypecount, "a constant optTypeXxx for each type");

@@ -128,7 +128,8 @@ void tdefinitionreader::modifier(std::string_view word) {
 tdefinitionreader::tkeyword tdefinitionreader::findkeyword(std::string_view word) {
   static constexpr std::array<std::string_view, 7> others = {"synonym",   "group",  "deprecated", "obsolete",
                                                              "indicator", "lookup", "eolcomm"};
-  static_assert(opttypecount == static_cast<std::size_t>(tkeyword::synonym));
+  static_assert(opttypecount == static_cast<std::size_t>(tkeyword::synonym),
+                "a keyword for each option type, in front of synonym");
   static_assert(opttypecount + others.size() == static_cast<std::size_t>(tkeyword::eolcomm) + 1);
   std::int32_t code = 0;
   for (const std::string_view keyword : opttypenames) {

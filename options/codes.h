@@ -123,10 +123,10 @@ constexpr std::int32_t valuebit(twhich which) {
   return which == twhich::second ? secondvaluebit : firstvaluebit;
 }
 
-static_assert(opttypecount == ordinal(topttype::immediate) + 1);
-static_assert(opttypenames.size() == opttypecount);
-static_assert(opttypeconstnames.size() == opttypecount);
-static_assert(datatypeofopttype.size() == opttypecount);
+static_assert(opttypecount == ordinal(topttype::immediate) + 1, "the last type");
+static_assert(opttypenames.size() == opttypecount, "a keyword for each type");
+static_assert(opttypeconstnames.size() == opttypecount, "a constant name for each type");
+static_assert(datatypeofopttype.size() == opttypecount, "a data type for each type");
 static_assert(opttypeconstnames[ordinal(topttype::macro)] == "optTypeMacro");
 static_assert(datatypeofopttype[ordinal(topttype::strlist)] == tdatatype::strlist);
 static_assert(datatypeconstnames[ordinal(tdatatype::strlist)] == "optDataStrList");

@@ -15,7 +15,7 @@ namespace {
 // The names of the lists, by option type. The types from multilist on have no name.
 constexpr auto keynames = std::to_array<std::string_view>(
     {"integer", "real", "string", "boolean", "enumstr", "enumint", "", "", "", ""});
-static_assert(keynames.size() == opttypecount);
+static_assert(keynames.size() == opttypecount, "a name for each type, which may be empty");
 
 // The index of the list to which options of a type are added; -1 for types that are left out.
 std::int32_t listoftype(topttype type) {

@@ -91,7 +91,7 @@ constexpr auto typephrases =
     std::to_array<const char*>({"integer", "number", "text", "boolean", "choice", "choice of numbers",
                                 "list of values for several options", "text, may be given repeatedly",
                                 "sets several options", "acts when it is read"});
-static_assert(typephrases.size() == opttypecount);
+static_assert(typephrases.size() == opttypecount, "a phrase for each type");
 constexpr std::array<const char*, 4> subtypephrases = {"", ", takes no value", ", the value may be left out",
                                                        ", two values"};
 
