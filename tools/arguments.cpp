@@ -1,4 +1,5 @@
-// The command line of the tool: its commands with their arguments and help texts.
+// Parses the command line. It holds all commands and options with their help texts; the manual page and the
+// shell completions repeat them.
 #include "tools/arguments.h"
 
 #include <CLI/CLI.hpp>
@@ -16,14 +17,14 @@ namespace tool {
 
 namespace {
 
-constexpr std::size_t maxfilename = 254;  // what the library takes
+constexpr std::size_t maxfilename = 254;  // the longest that the library accepts
 
 constexpr const char* notes =
     "An input file named - is standard input, an output file named - standard output.\n"
-    "Exit codes: 0 clean, 1 problems found, 2 wrong use or a file that cannot be opened.";
+    "Exit codes: 0 no problems, 1 problems found, 2 wrong usage or a file that cannot be opened or written.";
 
 std::string versiontext() {
-  const std::string_view line = optcore::trimright(optcore::zqagetauditline());  // it has a fixed width
+  const std::string_view line = optcore::trimright(optcore::zqagetauditline());  // padded with blanks
   return "wexcorin " + std::string(optcore::release::version) + "\n" + std::string(line);
 }
 
@@ -121,7 +122,8 @@ const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
           "FORM", [&arguments](const std::string& form) { arguments.form = docforms().at(form); },
           "definition (a definition file), pascal (an include file with the option numbers),\n"
           "html (a table), c (a header with the numbers of options and values), markdown (a reference),\n"
-          "page (a reference to read and search, in HTML) or json (everything, for programs)")
+          "page (the reference as one HTML page that can be searched)\n"
+          "or json (the whole definition, for programs)")
       ->required()
       ->type_name("")
       ->check([](const std::string& form) {

@@ -1,4 +1,5 @@
-// The command line, understood.
+// The parsed command line: for each command, a structure with its arguments. Parsing checks the usage; the
+// commands open the files.
 #pragma once
 
 #include <string>
@@ -7,7 +8,7 @@
 
 namespace tool {
 
-// What is read before a command does its work: a definition, option files, texts of --set, in this order.
+// What a command reads, in this order: the definition, the option files, the texts of --set.
 struct tinputs {
   std::string definition;
   std::vector<std::string> optionfiles;
@@ -44,7 +45,8 @@ struct tdocarguments {
   std::string output;
 };
 
-// An exit code: everything has been said, there is nothing left to do.
+// The arguments of one command, or an exit code if there is nothing left to do: the help, the version or an
+// error message has been printed.
 using targuments =
     std::variant<int, tcheckarguments, tshowarguments, thelparguments, twritearguments, tdocarguments>;
 

@@ -1,5 +1,5 @@
-// check: what is wrong in a definition and in option files, one line each, and a summary; or the same as
-// JSON.
+// The check command: prints what is wrong in a definition and in option files, one finding on each line, then
+// a summary; or the same as JSON.
 #include <unistd.h>
 
 #include <iostream>
@@ -29,7 +29,8 @@ tsummary summaryof(const treading& reading, const tfindings& findings) {
   return result;
 }
 
-// A line that no definition can begin with ends the reading of the definition without a message.
+// Adds a finding if the library stopped reading before the end of the definition file. It files no message
+// about that.
 void addearlyend(treading& reading) {
   const std::int32_t line = reading.store().definition().earlyend();
   if (line != 0)
@@ -81,7 +82,8 @@ void printtext(const tfindings& findings, const tsummary& summary) {
   std::cout << summarytext(summary) << '\n';
 }
 
-// A file that cannot be opened is a matter of the call rather than of what was checked.
+// A file that cannot be opened is a mistake in the call, not in what was checked, so it is reported on
+// standard error.
 void reportunopened(const tfindings& findings) {
   const tpalette palette(STDERR_FILENO);
   for (const tfinding& finding : findings)

@@ -1,5 +1,5 @@
-// The commands. Each prints its result on standard output, what stands in its way on standard error, and
-// returns the tool's exit code.
+// The commands. Each prints its result on standard output and problems on standard error, and returns the
+// exit code of the tool. The result of `check` is the list of the problems that it finds.
 #pragma once
 
 #include "tools/arguments.h"
@@ -8,7 +8,7 @@ namespace tool {
 
 inline constexpr int exitclean = 0;
 inline constexpr int exitproblems = 1;
-inline constexpr int exitunusable = 2;  // wrong use, or a file that cannot be opened
+inline constexpr int exitunusable = 2;  // wrong usage, or a file that cannot be opened or written
 
 int run(const tcheckarguments& arguments);
 int run(const tshowarguments& arguments);

@@ -1,5 +1,5 @@
-// doc: a definition in another form: those of the library's writers for maintainers, and the tool's own
-// documents.
+// The doc command: writes a definition in another form. The writers of the library make some forms
+// (definition, pascal, html); the functions in doc/ make the others.
 #include <iostream>
 
 #include "base/systemerror.h"
@@ -21,7 +21,7 @@ std::int32_t writetext(const std::string& path, const std::string& text) {
   return file.close();
 }
 
-// 0, or the operating system's code of what went wrong with the file.
+// Returns 0, or the operating system's error code if the file cannot be written.
 std::int32_t write(const treading& reading, tdocform form, const std::string& path) {
   const optcore::tvksoptions& store = reading.store();
   const optcore::tvksoptionwriter writer(store.definition());
@@ -37,7 +37,7 @@ std::int32_t write(const treading& reading, tdocform form, const std::string& pa
   return 0;
 }
 
-// False when the file cannot be written; that has been said then.
+// Prints an error and returns false if the file cannot be written.
 bool writeoutput(const treading& reading, const tdocarguments& arguments) {
   std::int32_t code = 0;
   if (arguments.output == "-") {
@@ -53,6 +53,7 @@ bool writeoutput(const treading& reading, const tdocarguments& arguments) {
   return code == 0;
 }
 
+// Returns false only if the file cannot be written. The reasons for a refused document become findings.
 bool document(treading& reading, const tdocarguments& arguments) {
   try {
     return writeoutput(reading, arguments);

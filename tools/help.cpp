@@ -1,4 +1,4 @@
-// help: the library's help listing for a request.
+// The help command: prints the library's help for a request, and reports a request that names no option.
 #include <algorithm>
 #include <iostream>
 
@@ -12,8 +12,8 @@ namespace tool {
 
 namespace {
 
-// The library answers an unknown name with the summary, without a word. A number begins with no letter: words
-// for numbers are names here.
+// False if the request names no option; the library then prints the summary and files no message. A word for
+// a number, such as maxint, counts as a name here.
 bool isanswerable(const optcore::tvksoptions& store, std::string request) {
   std::ranges::replace(request, ' ', '_');
   std::int32_t number = 0;

@@ -1,4 +1,4 @@
-// Texts of the library as JSON, which holds UTF-8 only.
+// Texts of the library as JSON values. The texts are converted first, because JSON must be UTF-8.
 #pragma once
 
 #include <nlohmann/json.hpp>

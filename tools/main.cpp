@@ -1,4 +1,6 @@
-// The command-line tool of the option library.
+// The entry point of the command-line tool: runs the command that the command line names. An exception and a
+// write error on standard output become a message and an exit code here. arguments.cpp parses the command
+// line; each command has a file of its own.
 #include <exception>
 #include <iostream>
 #include <type_traits>

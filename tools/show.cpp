@@ -1,4 +1,4 @@
-// show: the options with their values, as an aligned table or as JSON.
+// The show command: prints the options with their values, as an aligned table or as JSON.
 #include <unistd.h>
 
 #include <algorithm>
@@ -20,7 +20,7 @@ using nlohmann::ordered_json;
 constexpr std::size_t columncount = 7;
 using tcells = std::array<std::string, columncount>;
 
-// An option of the definition with its values.
+// An option with its current values and its default.
 struct trow {
   toptionreference option;
   bool set;
@@ -53,7 +53,8 @@ tcells cellsof(const trow& row) {
   return cells;
 }
 
-// Cells as wide as the widest of their column; nothing follows the last one that is not empty.
+// Pads the cells to the widths of their columns, without blanks at the end of the line. The first column, a
+// number, is aligned to the right.
 std::string aligned(const tcells& cells, const std::array<std::size_t, columncount>& widths) {
   std::string line;
   for (std::size_t column = 0; column < columncount; ++column) {
@@ -100,12 +101,13 @@ void printjson(const std::string& definition, const std::vector<trow>& rows) {
   std::cout << document.dump(2) << '\n';
 }
 
-// A list of the definition is empty until it is set; what option text has added has no default.
+// The default of a strlist is the empty list. An option that reading an option file added has no default.
 tshownvalue defaultof(const toptionreference& option, bool isdefined) {
   const bool islist = option.type == optcore::topttype::strlist;
   return islist && isdefined ? tshownvalue{{}, ordered_json::array()} : option.defaultvalue;
 }
 
+// `defined` is the number of options in the definition. Options that reading added come after them.
 std::vector<trow> rowsof(const optcore::tvksoptions& store, std::int32_t defined, bool changedonly) {
   std::vector<trow> rows;
   for (std::int32_t i = 0; i < store.getcount(); ++i) {

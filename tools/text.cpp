@@ -1,4 +1,4 @@
-// Conversions of text for the terminal and for JSON.
+// Converts texts to UTF-8, escapes control characters and adds colours.
 #include "tools/text.h"
 
 #include <unistd.h>
@@ -19,8 +19,8 @@ bool continues(std::string_view text, std::size_t position, unsigned char low, u
   return position < text.size() && byteat(text, position) >= low && byteat(text, position) <= high;
 }
 
-// The length of the valid UTF-8 sequence at the start of text, 0 when there is none. The second byte's range
-// leaves out overlong forms, surrogates and what lies beyond U+10FFFF.
+// Returns the length of the valid UTF-8 sequence at the start of the text, 0 if there is none. The text must
+// not be empty. The range of the second byte excludes overlong forms, surrogates and codes above U+10FFFF.
 std::size_t sequence(std::string_view text) {
   const unsigned char first = byteat(text, 0);
   if (first < 0x80) return 1;
@@ -34,7 +34,8 @@ std::size_t sequence(std::string_view text) {
   return length;
 }
 
-// Tabs excepted. U+0080 to U+009F, whose last byte is the code itself, are control characters too.
+// Whether a UTF-8 character is a control character other than the tab. U+0080 to U+009F are control
+// characters, too; the last byte of their sequence is their code.
 bool iscontrol(std::string_view character) {
   const unsigned char first = byteat(character, 0);
   if (character.size() == 1) return (first < 0x20 && first != '\t') || first == 0x7F;

@@ -1,4 +1,5 @@
-// write: what option files and texts set, as one option file in the library's form.
+// The write command: writes the settings of option files and --set texts as one option file. It reads the
+// file back and warns about each setting that differs. The library does the writing.
 #include <filesystem>
 #include <iostream>
 
@@ -10,7 +11,7 @@ namespace tool {
 
 namespace {
 
-// Writes the output and answers a file that holds the same, to be read; empty when nothing could be written.
+// Writes the output. Returns the name of a regular file with the same contents, empty if writing failed.
 std::string written(treading& reading, const std::string& output, const std::string& name,
                     const ttemporaryfile& copy) {
   const bool isstandard = output == "-";
@@ -27,7 +28,8 @@ void write(treading& reading, const std::string& output) {
   const auto warn = [&](const std::string& text, const std::vector<std::string>& details) {
     reading.add({.place = {name}, .severity = tseverity::warning, .text = text, .details = details});
   };
-  optcore::tvksoptions fresh;  // it comes first: what is written may be the definition's own file
+  // The definition is read again before writing, because the output may overwrite its file.
+  optcore::tvksoptions fresh;
   const bool hasdefinition = reading.readdefinitionagain(fresh);
   const ttemporaryfile copy;
   const std::string file = written(reading, output, name, copy);
