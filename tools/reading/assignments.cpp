@@ -1,4 +1,4 @@
-// Which assignments are worth a warning.
+// Decides which assignments get a warning.
 #include "tools/reading/assignments.h"
 
 #include <utility>
@@ -10,7 +10,7 @@ namespace tool {
 
 namespace {
 
-// Whether the key being read names a macro, which then sets the option as one of its members.
+// Whether the key that is being read is a macro, which sets the option as one of its members.
 bool bymacro(const optcore::toption& option) {
   const optcore::tvksoptions& store = option.owner();
   if (store.curoptname() == option.name()) return false;

@@ -1,4 +1,4 @@
-// What the library forgives silently and a user must know: an option that is set twice with different values.
+// Warnings about an option that is set twice with different values, which the library accepts silently.
 #pragma once
 
 #include <array>
@@ -12,14 +12,15 @@
 
 namespace tool {
 
-// Is given each value when it has been stored, and warns, with both places, when the option had received
-// another one before. That is no mistake for
-// - a strlist, which is meant to collect texts,
-// - a dot option, whose values belong to different symbols,
-// - a value that replaces one set by a macro: a macro is a preset, which lines of their own may refine. A
-//   macro that replaces what was set before it is reported.
+// Remembers the last value of each option. There is no warning for
+// - a strlist, because it collects texts,
+// - a dot option, because its values belong to different symbols,
+// - a value that replaces one set by a macro, because a macro is a preset that later lines may refine. A
+//   macro that replaces an earlier value is reported.
 class tassignments {
  public:
+  // To be called after every assignment, with the place of the line that makes it. Returns a warning with
+  // both places if the option had another value before. `bits` are those of tstoreobserver::assigned.
   std::optional<tfinding> warning(const optcore::toption& option, std::int32_t bits, const tplace& place);
 
  private:

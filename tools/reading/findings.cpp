@@ -1,4 +1,4 @@
-// How a finding is written.
+// Writes findings as lines of text.
 #include "tools/reading/findings.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Findings: what a user is told, each with the file and line that it is about.
+// Findings: the errors and warnings that a command reports, each with the file and line that it is about.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@ namespace tool {
 
 struct tplace {
   std::string file;
-  std::int32_t line = 0;  // from 1; 0: nowhere in particular
+  std::int32_t line = 0;  // from 1; 0 for no particular line
   bool operator==(const tplace&) const = default;
 };
 
@@ -23,26 +23,26 @@ std::string placetext(const tplace& place);
 enum class tseverity {
   error,
   warning,
-  plain  // a line of help that a file asked for: shown as it is, no finding
+  plain  // no problem, but a line of help or echoed input, which is printed unchanged
 };
 
 struct tfinding {
   tplace place;
   tseverity severity;
   std::string text;
-  std::vector<std::string> details{};      // further sentences on the same matter
+  std::vector<std::string> details{};      // explanations, printed as notes
   std::vector<std::string> suggestions{};  // names that may have been meant, nearest first
-  bool unopened = false;                   // a file named by the caller could not be opened
+  bool unopened = false;                   // a file on the command line could not be opened or written
 };
 
 using tfindings = std::vector<tfinding>;
 
 std::size_t countof(const tfindings& findings, tseverity severity);
 
-// One line for the finding and one for each of its details.
+// Writes one line for the finding and one for each of its details.
 void writefinding(std::ostream& stream, const tfinding& finding, const tpalette& palette);
 
-// 'did you mean "a", "b" or "c"?'; empty without suggestions.
+// Returns 'did you mean "a", "b" or "c"?', or an empty text if there are no suggestions.
 std::string suggestiontext(const std::vector<std::string>& suggestions);
 
 }  // namespace tool

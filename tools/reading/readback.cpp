@@ -1,4 +1,4 @@
-// The comparison of two stores, setting by setting, in the order in which the settings are written.
+// Compares two stores, setting by setting, in the order in which settings are written.
 #include "tools/reading/readback.h"
 
 #include <algorithm>
@@ -111,7 +111,7 @@ struct tindicatorlines {
   static std::string value(const tindicatoritem& item) { return std::to_string(item.value()); }
 };
 
-// Keys may have many elements.
+// Keys are shortened, because they may have many elements.
 std::string shortened(const std::string& text) {
   constexpr std::size_t longest = 80;
   return inquotes(text.size() <= longest ? text : text.substr(0, longest - 3) + "...");
@@ -125,7 +125,8 @@ std::int32_t newlines(std::string_view text) {
 
 bool isdotoption(const toption& option) { return option.name().starts_with('.'); }
 
-// So many lines are written of an option: one for each of its texts, and two around what is out of bounds.
+// The number of lines that are written for an option: one for each of its texts, more if a text holds line
+// ends, and two around a value that is out of bounds.
 std::int32_t linesof(const toption& option) {
   if (option.defined() == 0) return 0;
   std::int32_t lines = option.outofbounds() != 0 ? 3 : 1;
@@ -167,7 +168,7 @@ class tcomparison {
         {option, subject + " is not read back as it was set: " + reason.text, reason.details});
   }
 
-  // The remarks on the next lines.
+  // Advances by this number of lines and returns the remarks about them.
   tremarks take(std::int32_t lines) {
     fline += lines;
     const auto behind =
@@ -178,7 +179,7 @@ class tcomparison {
     return taken;
   }
 
-  // Errors where nothing differs; each text once.
+  // Reports errors on lines whose setting is the same in both stores. Each text is reported once.
   void explainnothing(tremarks remarks) {
     for (const tremark& remark : remarks)
       if (remark.iserror && ftexts.insert(remark.text).second)
@@ -187,18 +188,20 @@ class tcomparison {
 
   // ---- options
 
-  // The same option of the fresh store: what option text has added there has another number.
+  // Returns the same option in the fresh store, null if it has none. An option that reading added may have
+  // another number there, so it is looked up by its name.
   const toption* twinof(std::int32_t index) const {
     const toption& option = fwritten.definition().option(index);
     const toption* twin = index < fdefined ? ffresh.definition().getobjects(index)
                                            : ffresh.definition().exactoption(option.name());
-    const bool issame = twin != nullptr && twin->opttype() == option.opttype();  // the file may have changed
+    // The definition file may have changed since it was first read.
+    const bool issame = twin != nullptr && twin->opttype() == option.opttype();
     return issame ? twin : nullptr;
   }
 
   void option(std::int32_t index) {
     const toption& option = fwritten.definition().option(index);
-    if (isdotoption(option)) return;  // dot lines have its values
+    if (isdotoption(option)) return;  // its values are written as dot lines
     const tremarks remarks = take(linesof(option));
     const toption* twin = twinof(index);
     const std::size_t before = fdifferences.size();
@@ -242,7 +245,7 @@ class tcomparison {
           isset(subjectof(option, which), valuetext(option, which)) + isreadback(valuetext(*twin, which)));
   }
 
-  // The first text that differs, or that one of the two does not have.
+  // Reports the first text that differs or that only one of the lists has.
   void comparelists(std::int32_t number, const tstrlistoption& list, const tstrlistoption* twin) {
     const std::int32_t count = list.itemcount(), twincount = twin != nullptr ? twin->itemcount() : 0;
     std::int32_t same = 0;
@@ -257,13 +260,13 @@ class tcomparison {
       add(number, isset(text, shown(list.item(same)).text) + isreadback(shown(twin->item(same)).text));
   }
 
-  // An option that reading has added.
+  // Reports an option that reading the file added, unless the written store has it, too.
   void added(const toption& option) {
     if (fwritten.definition().exactoption(option.name()) == nullptr)
       add(0, subjectof(option) + " is not set, but is " + isreadback(valuetext(option, twhich::first)));
   }
 
-  // ---- dot lines and indicators: each is a line, and read back from its line or not at all
+  // ---- dot lines and indicators: each is written on a line of its own
 
   template <class tlines>
   void entries(const tlines& lines, const tlines& freshlines) {
@@ -276,6 +279,7 @@ class tcomparison {
         ++next;
         continue;
       }
+      // The library dropped this line, so the next fresh entry belongs to a later one.
       if (std::ranges::any_of(remarks, &tremark::counts)) twin = nullptr;
       if (twin != nullptr) ++next;
       fentryoptions.insert(lines.option(lines.get(i)));
@@ -294,7 +298,8 @@ class tcomparison {
                  " is not set, but is read back");
   }
 
-  // A dot option has the value of the last dot line, unless that is a text, or a macro has set it.
+  // Compares the values of the dot options whose dot lines are all read back. Such a value differs from that
+  // of the last dot line if it is a text, or if a macro set it.
   void dotoptions() {
     for (std::int32_t i = 0; i < fwritten.getcount(); ++i)
       if (isdotoption(fwritten.definition().option(i)) && !fentryoptions.contains(i))
@@ -304,10 +309,10 @@ class tcomparison {
   const tvksoptions& fwritten;
   const tvksoptions& ffresh;
   std::int32_t fdefined;
-  tremarks fremarks;  // those on the lines that are still to come
+  tremarks fremarks;  // about lines that have not been compared yet
   std::int32_t fline = 1;
-  std::set<std::string> ftexts;
-  std::set<std::int32_t> fentryoptions;  // dot options of dot lines that were named
+  std::set<std::string> ftexts;          // of errors that explainnothing has reported
+  std::set<std::int32_t> fentryoptions;  // indices of dot options with a dot line that was reported
   std::vector<tdifference> fdifferences;
 };
 
@@ -321,7 +326,7 @@ std::vector<tdifference> treadback::differences(const tvksoptions& written) cons
   return tcomparison(written, ffresh, fdefined, fremarks).run();
 }
 
-// Warnings of values out of bounds are about values that are taken.
+// A warning about a value out of bounds is no remark, because the value is accepted.
 void treadback::filed(const tmessage& message) {
   if (message.explains) {
     if (fremarked) fremarks.back().details.emplace_back(trim(message.text));

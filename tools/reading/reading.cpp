@@ -1,4 +1,4 @@
-// Reading the sources of one command.
+// Reads the sources of a command and makes findings of the messages.
 #include "tools/reading/reading.h"
 
 #include <unistd.h>
@@ -22,7 +22,7 @@ std::string displayname(const std::string& filename) {
   return filename == "-" ? standardinputname : filename;
 }
 
-// A pipe, or a device: what it gives, it may give once only.
+// Whether the file is a pipe or a device, which may deliver its contents only once.
 bool givesonce(const std::string& filename) {
   std::error_code problem;
   const std::filesystem::file_status status = std::filesystem::status(filename, problem);
@@ -104,7 +104,8 @@ bool treading::collect(const std::string& name, const std::function<std::int32_t
   return opened;
 }
 
-// The name by which the library opens a file of the command line.
+// The path under which the library opens a file on the command line: that of a copy for standard input and,
+// if the file is read again, for a pipe or a device.
 const std::string& treading::pathof(const std::string& filename, bool readagain) {
   if (filename == "-") {
     fcopies.emplace_back().write(readstandardinput());
@@ -145,14 +146,15 @@ void treading::keep(tfinding finding) {
     ++fdropped;
 }
 
-// A macro files the same message for each of its members. Only now is the last finding known to be complete.
+// Drops the last finding if it is the same as the one before: a macro files the same message for each of its
+// members. Called when the last finding has got all its details.
 void treading::droprepetition() {
   const std::size_t count = ffindings.size();
   if (fdropped == 0 && count >= ffirst + 2 && issame(ffindings[count - 1], ffindings[count - 2]))
     ffindings.pop_back();
 }
 
-// What the command line named is called as it was named there, a file that it includes by its own name.
+// A source on the command line keeps the name that it has there; an included file has its own name.
 tplace treading::placeof(const tlinesource* source, std::int32_t line) const {
   const bool included = source != nullptr && source->includer() != nullptr;
   return {included ? std::string(source->sourcename()) : fsource, line};

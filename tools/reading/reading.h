@@ -1,4 +1,5 @@
-// One store and what is read into it: a definition, option files and texts, with the findings of each.
+// Reads the definition, the option files and the texts of one command into a store and collects the findings.
+// The commands print them.
 #pragma once
 
 #include <cstdint>
@@ -17,8 +18,8 @@
 
 namespace tool {
 
-// The findings are what the store reports while it reads. Its message list is not looked at: it ends at a
-// limit.
+// Observes the store: each message that is filed becomes a finding. The message list of the store is not
+// used, because it has a limit.
 class treading final : optcore::tstoreobserver {
  public:
   treading() { fstore.setobserver(this); }
@@ -28,41 +29,43 @@ class treading final : optcore::tstoreobserver {
 
   const optcore::tvksoptions& store() const { return fstore; }
 
-  // False when a file of the command line cannot be opened; there is a finding then. Further option files and
-  // the texts are read all the same.
+  // Return false, with a finding, if a file on the command line cannot be opened. The other option files and
+  // the texts are still read.
   bool readdefinition(const std::string& filename);
   bool readoptions(const tinputs& inputs);
 
-  // The definition is going to be read a second time: what can be read only once is copied. To be said before
-  // it is read.
+  // Must be called before readdefinition if the definition is to be read again: a definition that can be read
+  // only once, such as a pipe, is then copied.
   void keepdefinition() { fkeepsdefinition = true; }
-  // Reads the definition into another store. False when it cannot be opened any more.
+  // Reads the definition into another store. Returns false if it can no longer be opened.
   bool readdefinitionagain(optcore::tvksoptions& other) const;
 
-  // From now on an option that is set twice with different values is a finding.
+  // From now on, an option that is set twice with different values is a finding.
   void watchassignments() { fassignments.emplace(); }
 
-  // The lines of help are plain findings.
+  // Adds the lines of help as plain findings.
   void showhelp(const std::string& request);
-  // `name` is what findings call the file. False when it could not be written; there is a finding then.
+  // Writes the settings to the file `path`, which findings call `name`. Returns false, with a finding, if it
+  // cannot be written.
   bool write(const std::string& name, const std::string& path);
 
-  // A finding of the tool's own, when nothing is being read.
+  // Adds a finding of the tool. Must not be called while something is being read.
   void add(tfinding finding) { ffindings.push_back(std::move(finding)); }
 
-  // The definition file as findings name it.
+  // The name of the definition file in findings.
   const std::string& definition() const { return fdefinition; }
+  // All findings so far. If some were not kept, adds one that gives their number.
   const tfindings& findings();
 
  private:
-  // Findings that are kept; any more are only counted.
+  // The number of findings that are kept. Further ones are only counted.
   static constexpr std::size_t mostfindings = 1'000'000;
 
   void filed(const optcore::tmessage& message) override;
   void assigned(const optcore::toption& option, std::int32_t bits) override;
 
-  // Runs the action, which answers 0 or the operating system's code for a file that cannot be opened; the
-  // result is then false.
+  // Runs the action; findings call its source `name`. The action returns 0, or the operating system's error
+  // code for a file that cannot be opened or written, and collect then returns false.
   bool collect(const std::string& name, const std::function<std::int32_t()>& action);
   void keep(tfinding finding);
   void droprepetition();
@@ -73,18 +76,19 @@ class treading final : optcore::tstoreobserver {
   tsuggester fsuggester{fstore};
   std::optional<tassignments> fassignments;
   tfindings ffindings;
-  std::size_t ffirst = 0;    // the first finding of what is being read
+  std::size_t ffirst = 0;    // index of the first finding of the current action, from 0
   std::size_t fdropped = 0;  // findings that were not kept
   std::string fdefinition;
   std::string fdefinitionpath;
-  std::string fsource;  // what is being read, as findings name it
+  std::string fsource;  // the name of the current source in findings
   bool fkeepsdefinition = false;
-  std::deque<ttemporaryfile> fcopies;
+  std::deque<ttemporaryfile> fcopies;  // a deque: pathof returns references to their paths
 };
 
 int exitcode(const tfindings& findings, bool warningsaserrors);
 
-// For commands whose result is something else: the findings go to standard error.
+// Prints the findings on standard error and returns the exit code. For commands whose result is not the list
+// of findings.
 int reportproblems(const tfindings& findings);
 
 }  // namespace tool

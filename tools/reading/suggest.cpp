@@ -1,4 +1,4 @@
-// Edit distance, and what is compared with what.
+// Computes the edit distance and chooses the names that an unknown name is compared with.
 #include "tools/reading/suggest.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t maxsuggestions = 3;
 
-// Upper case, and underscores for blanks: names are compared alike however they are handed out.
+// Returns the text in upper case and with underscores for blanks, the form in which names are compared.
 std::string folded(std::string_view text) {
   std::string result(text);
   for (char& c : result) c = c == ' ' ? '_' : upchar(c);
@@ -23,7 +23,7 @@ std::string folded(std::string_view text) {
 
 std::size_t difference(std::size_t a, std::size_t b) { return a > b ? a - b : b - a; }
 
-// One mistake in every three characters is still a mistake; more is another word.
+// The number of typing mistakes in a word of this length. A word with more mistakes is another word.
 std::size_t tolerated(std::size_t length) { return std::clamp<std::size_t>(length / 3, 1, 4); }
 
 bool isnear(std::string_view typed, std::string_view candidate, std::size_t distance) {
@@ -54,7 +54,7 @@ std::vector<std::string> words(const tenumstroption& option) {
 std::size_t editdistance(std::string_view a, std::string_view b) {
   const std::string from = folded(a);
   const std::string to = folded(b);
-  // rows for from[0 .. i-2], from[0 .. i-1] and from[0 .. i]
+  // the distances from the first i - 2, i - 1 and i characters of `from` to each beginning of `to`
   std::vector<std::size_t> beforelast, last(to.size() + 1), row(to.size() + 1);
   for (std::size_t j = 0; j <= to.size(); ++j) row[j] = j;
   for (std::size_t i = 1; i <= from.size(); ++i) {
@@ -75,7 +75,7 @@ std::vector<std::string> nearest(std::string_view typed, const std::vector<std::
   const std::string key = folded(typed);
   std::vector<std::pair<std::size_t, const std::string*>> found;
   for (const std::string& candidate : candidates) {
-    // a name that its lookup mode cannot match is not worth another try
+    // the name that was typed is no suggestion, even if the lookup mode does not match it
     if (struequal(typed, candidate)) continue;
     const std::string name = folded(candidate);
     const bool abbreviated = match == tmatch::nearorlonger && isabbreviation(key, name);
@@ -133,8 +133,8 @@ std::vector<std::string> tsuggester::found(const tsubject& subject) {
   return {};
 }
 
-// A key may have one word too many; in lookup mode Minos words of its value are joined to an unknown key. So
-// its first words are tried alone as well, unless they are too short to tell anything.
+// A key may have too many words: in lookup mode Minos, the words of the value are joined to an unknown key.
+// So its first words are also tried alone, unless they are too short.
 std::vector<std::string> tsuggester::likekey(const std::string& key) {
   if (!fkeys) fkeys = keynames(fstore);
   std::vector<std::string> result = compared(key, *fkeys, tmatch::nearorlonger);

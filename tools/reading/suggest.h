@@ -1,4 +1,4 @@
-// "Did you mean": for an unknown name, the known ones that are written most like it.
+// Suggestions for an unknown name: the known names that are spelled most like it.
 #pragma once
 
 #include <map>
@@ -12,33 +12,35 @@
 
 namespace tool {
 
-// The number of insertions, deletions, replacements and swaps of neighbours that lead from a to b; the
-// letters A to Z are equal in both cases.
+// The number of insertions, deletions, replacements and swaps of neighbouring characters that turn a into b.
+// Upper and lower case of A to Z are the same, and so are blank and underscore.
 std::size_t editdistance(std::string_view a, std::string_view b);
 
 enum class tmatch {
-  near,         // written almost alike
+  near,         // spelled almost alike
   nearorlonger  // or beginning with what was typed
 };
 
-// At most three candidates that may be meant by `typed`, nearest first, otherwise in the given order.
+// Returns at most three candidates that `typed` may stand for, nearest first; equally near ones keep their
+// order.
 std::vector<std::string> nearest(std::string_view typed, const std::vector<std::string>& candidates,
                                  tmatch match);
 
-// The names and synonyms that can be typed as a key.
+// The names and synonyms that are suggested for a key: without dot options and names that begin with "--".
 std::vector<std::string> keynames(const optcore::tvksoptions& store);
 
-// Makes suggestions for what messages are about: an unknown option or dot option, or a word that an option
+// Makes suggestions for the subject of a message: an unknown option or dot option, or a word that an option
 // does not permit.
 class tsuggester {
  public:
-  // The store has read its definition when the first suggestion is asked for.
+  // The store must outlive this object, and have read its definition before the first unknown option is
+  // looked up: the names are collected then.
   explicit tsuggester(const optcore::tvksoptions& store) : fstore(store) {}
   std::vector<std::string> suggestionsfor(const optcore::tsubject& subject);
 
  private:
-  // A word that comes again is answered from memory. After so many comparisons there are no further
-  // suggestions: a file with so many unknown words has not been mistyped, but is of another kind.
+  // The suggestions for each word are cached. After this number of comparisons there are none for new words:
+  // a file with so many unknown words is not mistyped, but a file of another kind.
   static constexpr std::size_t mostcomparisons = 10'000'000;
   using tword = std::tuple<optcore::tsubject::tproblem, const optcore::toption*, std::string>;
 

@@ -1,4 +1,4 @@
-// Temporary files, and what is copied into them.
+// Creates and fills temporary files, and reads standard input.
 #include "tools/reading/temporaryfile.h"
 
 #include <stdlib.h>
@@ -40,8 +40,9 @@ void ttemporaryfile::write(std::string_view bytes) const {
   if (!file) fail("cannot write " + fpath);
 }
 
-// The library's own line reader knows how long to wait for a pipe, and where to stop when a device never ends.
-// The lines get both characters of a line end, lest a carriage return of their own be taken for part of it.
+// The line reader of the library knows how long to wait for a pipe, and where to stop if a device never ends.
+// Each line ends with CR LF, because with LF alone a CR at the end of its text would count as part of the
+// line end.
 bool ttemporaryfile::copylines(const std::string& filename) const {
   optcore::tlinereader source;
   if (source.open(filename) != 0) return false;

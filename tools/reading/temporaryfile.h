@@ -1,5 +1,6 @@
-// A file that is removed with its object. The library reads and writes files by name only; standard input,
-// standard output and what can be read only once go through such a file.
+// A temporary file, which the destructor removes. The library reads and writes files by name only, so
+// standard input, standard output and files that can be read only once go through such a file. The
+// constructor, write and copylines throw std::system_error if they fail.
 #pragma once
 
 #include <string>
@@ -9,14 +10,14 @@ namespace tool {
 
 class ttemporaryfile {
  public:
-  ttemporaryfile();  // empty
+  ttemporaryfile();  // creates an empty file
   ~ttemporaryfile();
   ttemporaryfile(const ttemporaryfile&) = delete;
   ttemporaryfile& operator=(const ttemporaryfile&) = delete;
 
   const std::string& path() const { return fpath; }
   void write(std::string_view bytes) const;
-  // Copies what the library would read of each line of the file. False when it cannot be opened.
+  // Copies of each line what the library reads of it. Returns false if the file cannot be opened.
   bool copylines(const std::string& filename) const;
   std::string contents() const;
 
@@ -24,7 +25,7 @@ class ttemporaryfile {
   std::string fpath;
 };
 
-// All of standard input; std::system_error when it cannot be read.
+// Returns all of standard input. Throws std::system_error if it cannot be read.
 std::string readstandardinput();
 
 }  // namespace tool
