@@ -1,6 +1,6 @@
-// doc c: a header for C and C++ with the numbers, the reference numbers and the permitted values of all
-// options as enumerators. A name of the definition becomes its letters and digits with one underscore for
-// whatever stands between them; where two names become one, the header is refused.
+// doc c: a header for C and C++ with enumerators for the numbers, the reference numbers and the permitted
+// values of all options. A name of the definition keeps its letters and digits; all other characters between
+// two of them become one underscore. If two names become one, the header is refused.
 #include <algorithm>
 #include <map>
 
@@ -15,7 +15,7 @@ namespace {
 
 using namespace optcore;
 
-// A dot option is told apart from an option without the dot.
+// The prefix "dot" distinguishes a dot option from an option with the same name without the dot.
 std::string identifier(std::string_view name) {
   std::string result = name.starts_with('.') ? "dot" : "";
   bool between = !result.empty();
@@ -28,12 +28,12 @@ std::string identifier(std::string_view name) {
   return result;
 }
 
-// Numbers may be negative.
+// The value may be a negative number.
 std::string valueidentifier(const std::string& text) {
   return text.starts_with('-') ? "minus_" + identifier(text) : identifier(text);
 }
 
-// From the name of the definition file, without folder and ending: solver.def gives "solver".
+// The name of the definition file without folder and extension: "solver" for solver.def.
 std::string prefixof(const std::string& definition) {
   const std::string name = definition.substr(definition.find_last_of('/') + 1);
   const std::string prefix = identifier(name.substr(0, name.find_last_of('.')));
@@ -45,8 +45,9 @@ std::string literal(std::int32_t value) {
   return value == minint ? "-2147483647 - 1" : std::to_string(value);
 }
 
-// Printable ASCII that neither ends nor opens a comment; all else as \x: some characters steer how an editor
-// shows a line, and compilers warn of them.
+// Keeps printable ASCII, with blanks where it would begin or end a comment or form a trigraph. All other
+// bytes are written in the form \x1b: some characters change how editors show a line, and compilers warn
+// about them.
 std::string commenttext(std::string_view text) {
   std::string result;
   for (const char c : text) {
@@ -104,7 +105,7 @@ class theaderwriter {
     line("};");
   }
 
-  // Of a word the item number, which optgetenumstrnr gives; of a number the number.
+  // A word stands for its item number, which optgetenumstrnr returns; a number stands for itself.
   void values(const toptionreference& option) {
     if (option.values.empty()) return;
     const bool words = option.type == topttype::enumstr;
@@ -127,7 +128,7 @@ class theaderwriter {
          (help.empty() ? "" : " /* " + commenttext(help) + " */"));
   }
 
-  // Keeps the name for what it stands for.
+  // Returns the name, and records a collision if it already stands for something else.
   const std::string& claimed(const std::string& name, const std::string& origin) {
     const auto [place, added] = forigins.try_emplace(name, origin);
     if (!added)
@@ -142,7 +143,7 @@ class theaderwriter {
   const treference& freference;
   std::string fprefix;
   std::string ftext;
-  std::map<std::string, std::string> forigins;  // what an enumerator stands for
+  std::map<std::string, std::string> forigins;  // what each enumerator stands for
   std::vector<std::string> fcollisions;
 };
 

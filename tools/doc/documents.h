@@ -1,5 +1,5 @@
-// The documents that `doc` writes from a definition for the reader of today, each as the text of the whole
-// file, in UTF-8. Whatever a definition holds is escaped as the form needs it.
+// The documents of a definition that the tool makes itself. Each function returns the text of the whole file,
+// in UTF-8, with the texts of the definition escaped as the form requires. The doc command writes the files.
 #pragma once
 
 #include <stdexcept>
@@ -11,7 +11,7 @@
 
 namespace tool {
 
-// A definition cannot have the document; the reasons are what is wrong with it.
+// Thrown if a document cannot be made from a definition. There is at least one reason.
 class trefuseddocument : public std::runtime_error {
  public:
   explicit trefuseddocument(std::vector<std::string> reasons)
@@ -22,7 +22,7 @@ class trefuseddocument : public std::runtime_error {
   std::vector<std::string> freasons;
 };
 
-std::string cdocument(const treference& reference);  // trefuseddocument when two names become one
+std::string cdocument(const treference& reference);  // throws trefuseddocument if two names become one
 std::string markdowndocument(const treference& reference);
 std::string jsondocument(const treference& reference);
 std::string pagedocument(const treference& reference);

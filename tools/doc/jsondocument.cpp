@@ -1,5 +1,5 @@
-// doc json: the whole definition as JSON, for dialogs, completion and bindings. docs/definition.schema.json
-// describes the form.
+// doc json: the whole definition as JSON, for dialogs, completion and bindings. Its schema is
+// docs/definition.schema.json.
 #include <array>
 
 #include "tools/doc/documents.h"
@@ -31,7 +31,7 @@ ordered_json valuejson(const tvaluereference& value) {
   return {{"value", value.value.json}, {"help", value.help}, {"listed", value.listed}};
 }
 
-// What only options of some types have stands there only for these.
+// Adds the members that only options of some types have.
 void addtyped(const toptionreference& option, ordered_json& result) {
   if (!option.defaultvalue.json.is_null()) result["default"] = option.defaultvalue.json;
   if (!option.low.json.is_null()) {

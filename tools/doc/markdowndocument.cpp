@@ -1,5 +1,5 @@
-// doc markdown: a reference of the options that help lists, with a table and a section per option in each
-// group.
+// doc markdown: a reference of the options that help lists. Each group has a table of its options, then a
+// section for each of them.
 #include <algorithm>
 
 #include "base/textcase.h"
@@ -10,7 +10,7 @@ namespace tool {
 
 namespace {
 
-// What would be markup is escaped: some characters everywhere, some only where a line begins.
+// Escapes what would be markup: some characters everywhere, some only at the beginning of a line.
 std::string plain(std::string_view text) {
   static constexpr std::string_view special = "\\`*_[]<>|&~$";
   std::string result;
@@ -27,8 +27,8 @@ std::string plain(std::string_view text) {
   return result;
 }
 
-// Text between backticks, more of them than the text has in a row. A bar would end a cell of a table even
-// there, so it is written as an entity, outside of the code.
+// Returns the text between backticks, of which there are more than the text has in a row. A bar would end a
+// table cell even there, so a text with a bar is escaped as plain text instead.
 std::string code(std::string_view text) {
   const std::string shown = printable(text);
   if (shown.find('|') != std::string::npos || shown.empty()) return plain(shown);

@@ -1,5 +1,5 @@
-// doc page: the reference of the options as one HTML file that needs nothing else. Its frame, looks and
-// search are the files in page/; here the definition's own texts are put in, all of them escaped.
+// doc page: the reference of the options as one self-contained HTML file. Its skeleton, style and search are
+// the files in page/. This file inserts the texts of the definition and escapes all of them.
 #include <array>
 #include <filesystem>
 #include <map>
@@ -23,7 +23,7 @@ constexpr std::array<std::string_view, 3> lookupnotes = {
     "Names are the same in upper and lower case; of their first word three letters suffice, of each further "
     "one four."};
 
-// For element text and for attributes in double quotes.
+// Escapes a text for elements and for attributes in quotes.
 std::string escaped(std::string_view text) {
   std::string result;
   for (const char c : printable(text)) {
@@ -41,7 +41,7 @@ std::string escaped(std::string_view text) {
 
 std::string code(const std::string& text) { return "<code>" + escaped(text) + "</code>"; }
 
-// The skeleton with its {{fields}} filled in; what is filled in is not looked at again.
+// Fills in the {{fields}} of the skeleton. A field within an inserted text is left as it is.
 std::string filled(std::string_view skeleton, const std::map<std::string_view, std::string>& fields) {
   std::string result;
   for (std::size_t begin = skeleton.find("{{"); begin != std::string_view::npos;
@@ -54,7 +54,8 @@ std::string filled(std::string_view skeleton, const std::map<std::string_view, s
   return result + std::string(skeleton);
 }
 
-// A name as part of an address. The anchors of the page's own begin with "~", which no name's anchor does.
+// Returns a name as an anchor. The other anchors of the page begin with "~", which the anchor of a name never
+// does.
 std::string anchorform(const std::string& name) {
   std::string result;
   for (const char c : name) {
@@ -68,7 +69,8 @@ std::string anchorform(const std::string& name) {
   return result.empty() ? "-" : result;
 }
 
-// Each option, and each synonym, has an anchor of its own that bears its name. Options take theirs first.
+// Gives each option and each synonym an anchor of its own, made from its name. Options get theirs first, so
+// that a synonym cannot take the anchor of an option.
 class tanchors {
  public:
   explicit tanchors(const std::vector<tchapter>& chapters) {
@@ -81,7 +83,7 @@ class tanchors {
   }
   const std::string& of(const toptionreference& option) const { return foptions.at(&option); }
   std::string forsynonym(const std::string& name) { return unused(anchorform(name)); }
-  // The name, as a link where the page has the option.
+  // Returns the name, as a link if the page has the option.
   std::string link(const std::string& name) const {
     const auto found = fnames.find(name);
     return found == fnames.end() ? code(name) : "<a href=\"#" + found->second + "\">" + code(name) + "</a>";
@@ -95,7 +97,7 @@ class tanchors {
     return result;
   }
   std::set<std::string> ftaken;
-  std::map<std::string, std::size_t> fuses;  // so that many equal names do not try all numbers again
+  std::map<std::string, std::size_t> fuses;  // saves equal names from trying all numbers again
   std::map<const toptionreference*, std::string> foptions;
   std::map<std::string, std::string> fnames;
 };
@@ -109,7 +111,7 @@ std::string_view word(tstanding standing) {
   return "";
 }
 
-// "obsolete: the name is now ..."
+// For example "obsolete: the name is now ...", as HTML.
 std::string standingnote(const tnamestanding& standing) {
   const std::string kind(word(standing.standing));
   if (kind.empty()) return "";
@@ -205,7 +207,7 @@ std::string chapterblocks(const std::vector<tchapter>& chapters, tanchors& ancho
   return result;
 }
 
-// How an option file is written, as far as the definition decides it.
+// Explains how to write an option file with the lookup mode and the comment characters of the definition.
 std::string notes(const treference& reference) {
   std::string result =
       "<p class=\"notes\">An option file sets one option a line, <code>name value</code> or "

@@ -1,4 +1,4 @@
-// The store's contents as plain values.
+// Converts the definition in a store to plain values.
 #include "tools/doc/reference.h"
 
 #include <array>
@@ -28,7 +28,7 @@ tnamestanding standingof(const toption& option, tdeprecation deprecated, tdeprec
   return {};
 }
 
-// What only options of a type have.
+// Adds the values that depend on the type of the option.
 void addtyped(const tvksoptions& store, const toption& option, toptionreference& result) {
   switch (option.opttype()) {
     case topttype::integer: {

@@ -1,6 +1,5 @@
-// A definition as its documents describe it: for every option all that a reader or a program could want to
-// know, in plain values. The forms of `doc` that are the tool's own are written from this. All texts are
-// UTF-8.
+// A definition as plain values: all that its documents say about each option. The tool's own documents and
+// the output of `show` are made from these values. All texts are UTF-8.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +14,7 @@ namespace tool {
 
 enum class tstanding { current, deprecated, obsolete };
 
-// Whether a name is on its way out, and what the definition says about it.
+// Whether a name is deprecated or obsolete, and the reason that the definition gives.
 struct tnamestanding {
   tstanding standing = tstanding::current;
   std::string reason;
@@ -28,20 +27,20 @@ struct tvaluereference {
 };
 
 struct toptionreference {
-  std::int32_t number;  // from 1, as everywhere at the interface
-  std::int32_t refnr;   // the client's own; macros have -1 and immediate options 0
+  std::int32_t number;  // from 1
+  std::int32_t refnr;   // chosen by the client; -1 for macros, 0 for immediate options
   std::string name;
   optcore::topttype type;
   optcore::tsubtype subtype;
   std::int32_t group;  // 0 or less for none
-  bool listed;         // in help; what is not listed is for the makers of the solver
+  bool listed;         // in help; other options are for the developers of the solver
   std::string help;
   std::vector<std::string> details;  // further help, line by line
   tnamestanding standing;
   std::vector<std::string> synonyms;
   tnamestanding synonymstanding;  // of all its synonyms
 
-  // What the type adds; empty where it does not.
+  // Empty for types that do not have them.
   tshownvalue defaultvalue;
   tshownvalue low, high;
   std::vector<tvaluereference> values;
@@ -57,29 +56,30 @@ struct tgroupreference {
 };
 
 struct treference {
-  std::string definition;  // the file, as the command line named it
+  std::string definition;  // the name of its file
   optcore::tlookupmode lookupmode;
-  std::string commentcharacters;  // that begin a comment at the end of a line of an option file
+  std::string commentcharacters;  // each begins a comment at the end of a line of an option file
   std::string indicatorkeyword;   // empty where there are no indicators
   std::vector<tgroupreference> groups;
   std::vector<toptionreference> options;
 };
 
-// The option at this position, from 0; its synonyms are left out.
+// Describes the option at this index, from 0, without its synonyms.
 toptionreference describeoption(const optcore::tvksoptions& store, std::int32_t index);
+// Describes the whole definition. `definition` is the name of its file.
 treference describe(const optcore::tvksoptions& store, const std::string& definition);
 
-// The listed options by group, in the order of the groups; options without a listed group come last, under a
-// title of the tool's.
+// The listed options of a group. The chapters are in the order of the groups; options without a listed group
+// come last, in a chapter with a title of the tool. Empty chapters are left out.
 struct tchapter {
   std::string title;
   std::vector<const toptionreference*> options;
 };
 std::vector<tchapter> chapters(const treference& reference);
 
-// "integer", "two doubles", "string, no value": the type with what must follow the key.
+// The type and what may follow the key, for example "integer, two values" or "text, takes no value".
 std::string typephrase(const toptionreference& option);
-// "0 to 1024"; empty where the type has no bounds.
+// For example "0 to 1024"; empty if the type has no bounds.
 std::string rangephrase(const toptionreference& option);
 
 }  // namespace tool

@@ -1,4 +1,4 @@
-// Values as text and as JSON.
+// Converts values to text and JSON.
 #include "tools/doc/shownvalue.h"
 
 #include <array>
@@ -16,8 +16,8 @@ namespace {
 
 using namespace optcore;
 
-// In the library's form, though with all digits: fixed-point where that is short, else an exponent without
-// plus sign and leading zeros.
+// Like the library, but with all digits: fixed-point for numbers that are neither very large nor very small,
+// otherwise with an exponent without plus sign and leading zeros.
 std::string doubletext(double value) {
   if (value == maxdouble || value == mindouble) return std::string(dbltostrex(value));
   if (value == 0) return "0";

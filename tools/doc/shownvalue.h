@@ -1,5 +1,5 @@
-// A value as the tool shows it: as text for people, in the form that definition and option files have, and as
-// JSON. Both are UTF-8.
+// A value as the tool shows it: as text, written as in definition and option files, and as JSON. Both are
+// UTF-8.
 #pragma once
 
 #include <cstdint>
@@ -12,21 +12,21 @@
 namespace tool {
 
 struct tshownvalue {
-  std::string text;             // empty where there is none
-  nlohmann::ordered_json json;  // null where there is none
+  std::string text;             // empty if there is no value
+  nlohmann::ordered_json json;  // null if there is no value
 };
 
-// With words for the limits of their range, and doubles with all digits.
+// The largest and smallest numbers are words such as maxint in the text. Doubles have all their digits.
 tshownvalue shown(std::int32_t value);
 tshownvalue shown(double value);
 tshownvalue shown(std::string_view value);
-// A boolean option's; the text is the number.
+// For a boolean option: the text is the number, the JSON true or false.
 tshownvalue shownboolean(std::int32_t value);
-// An enumint option's: a plain number.
+// For an enumint option: the number, without words for the largest and smallest.
 tshownvalue shownnumber(std::int32_t value);
 
-// What an option has now: what was set, or else its default. A list has all its texts; multilists, macros and
-// immediate options have nothing.
+// The current value of the option: the value that was set, otherwise the default. A strlist shows all its
+// texts; multilists, macros and immediate options have no value.
 tshownvalue currentvalue(const optcore::toption& option, optcore::twhich which);
 
 }  // namespace tool
