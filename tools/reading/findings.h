@@ -23,7 +23,7 @@ std::string placetext(const tplace& place);
 enum class tseverity {
   error,
   warning,
-  plain  // no problem, but a line of help or echoed input, which is printed unchanged
+  plain  // no problem, but a line of help or echoed input, printed without place and label
 };
 
 struct tfinding {
