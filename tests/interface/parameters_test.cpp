@@ -36,8 +36,7 @@ const trules keys("keys", options, reading, {__LINE__, R"(
     0 => -d.5 => d=0.5
 
     // a key has to follow a dash
-    0 => - a 1\n-\nb 2 => b=2
-      => E1 Option keyword expected, saw " " | E2 Option keyword expected, saw ""
+    0 => - a 1\n-\nb 2 => b=2 => E1 Option keyword expected, saw " " | E2 Option keyword expected, saw ""
 
     // a key and its value are separated by blanks or an equals sign
     1 => \ta = 1 \nb := 2 # two => a=1 b=2
@@ -79,8 +78,7 @@ const trules values("settings", options, reading, {__LINE__, R"(
     1 => s "x y\ns "x" y\na "5" ! five => a=5 => V1 V2 Bad double-quote in value
 
     // a key needs a value
-    0 => ALIAS\na :5\nb 2 => b=2
-      => E1 E2 Value expected for key "a" | E2 Option keyword expected, saw ":"
+    0 => ALIAS\na :5\nb 2 => b=2 => E1 E2 Value expected for key "a" | E2 Option keyword expected, saw ":"
     1 => t = \na ! 5\na :5\nb 2 => b=2
       => E1 Value expected for key "t" | E2 E3 Value expected for key "a" | E3 Remainder of line ignored
 
@@ -155,8 +153,7 @@ const trules immediates("immediates", options, reading, {__LINE__, R"(
     0 => say , b 2 => b=2 => E1\x20
 
     // an immediate option reads a file
-    1 => read "" b 2 => b=2
-      => E1 Cannot open parameter file "" | E1 Error code = 2; No such file or directory
+    1 => read "" b 2 => b=2 => E1 Cannot open parameter file "" | E1 Error code = 2; No such file or directory
 
     // an immediate option switches the checking of bounds
     0 => free 1 b 50 free 0 a 500 => b=50
@@ -178,8 +175,7 @@ const trules bytes("lines", options, reading, {__LINE__, R"(
     // code 26 ends a line
     0 => a 1\x1A b 3\nt 1 => a=1 t=1
     1 => s x y\x1A z\nnv\x1A\n\x1A\nb 2 => b=2 s=x y nv=7
-    1 => s "x\x1A y"\na\x1A 5
-      => => V1 Bad double-quote in value | E2 Value expected for key "a"
+    1 => s "x\x1A y"\na\x1A 5 => => V1 Bad double-quote in value | E2 Value expected for key "a"
 
     // a setting does not go on in the next line
     0 => b\n2 => => E1 Value expected for key "b" | E2 Option keyword expected, saw "2"
