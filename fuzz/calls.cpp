@@ -1,5 +1,5 @@
 // The input is a sequence of calls on several handles. One byte chooses the handle and one the call; the
-// arguments of the call follow. Every exported function is among the calls.
+// arguments of the call follow. Every exported function is among the calls, most queries as part of checkstate.
 #include <optional>
 
 #include "base/textcase.h"
@@ -68,8 +68,7 @@ struct tcontext : tdecoder {
   using tdecoder::tdecoder;
   tpair* pair = nullptr;
   ttext text1, text2;
-  std::int32_t int1{}, int2{}, int3{}, int4{}, int5{}, int6{};
-  double dbl1{}, dbl2{}, dbl3{};
+  std::int32_t int1{}, int2{};
 
   std::int32_t option() { return number(pair->one(optcount)); }
   // The name of an option or synonym, sometimes with the case of letters changed, or any text.
@@ -124,7 +123,6 @@ constexpr tcall calls[] = {
       const std::string text(c.longtext());
       c.pair->one(optreadfrompchar, text == "\x01" ? nullptr : text.c_str());
     },
-    CALL(BOTH(readfromliststr), ttext(c.name()), c.number(2), c.text1),
     CALL(BOTH(writeparameterfile), ttext(c.filename())), CALL(BOTH(showhelp), c.argument()),
     CALL(BOTH(showhelp), ttext(c.name())),
     // ---- messages
@@ -133,8 +131,7 @@ constexpr tcall calls[] = {
       for (std::int32_t count = c.integer(); count > 0 && count < 300; --count)
         c.pair->call(BOTH(addmessage), ttext("one of many"));
     },
-    CALL(BOTH(getmessage), c.number(c.pair->one(optmessagecount)), c.text1, c.int1),
-    [](tcontext& c) { c.pair->clearmessages(); }, CALL(ONE(opterrorcount), c.int1, c.int2),
+    [](tcontext& c) { c.pair->clearmessages(); },
     // ---- resetting
     CALL(ONE(optresetall)), CALL(ONE(optresetallrecent)), CALL(ONE(optresetrecentchanges)),
     CALL(ONE(optresetnr), c.option()),
@@ -142,62 +139,21 @@ constexpr tcall calls[] = {
     CALL(BOTH(findstr), ttext(c.name()), c.int1, c.int2), CALL(BOTH(lookup), c.argument()),
     [](tcontext& c) { c.callshared(BOTH(getvalstr)); }, [](tcontext& c) { c.callshared(BOTH(getval2str)); },
     // ---- values
-    CALL(BOTH(getvaluesnr), c.option(), c.text1, c.int1, c.dbl1, c.text2),
     CALL(BOTH(setvaluesnr), c.option(), c.integer(), c.dbl(), c.argument()),
     CALL(BOTH(setvalues2nr), c.option(), c.integer(), c.dbl(), c.argument()),
     CALL(ONE(optsetintnr), c.option(), c.integer()), CALL(ONE(optsetint2nr), c.option(), c.integer()),
     CALL(ONE(optsetdblnr), c.option(), c.dbl()), CALL(ONE(optsetdbl2nr), c.option(), c.dbl()),
     CALL(BOTH(setstrnr), c.option(), c.argument()), CALL(BOTH(setstr2nr), c.option(), c.argument()),
-    CALL(ONE(optgetintnr), c.option(), c.int1), CALL(ONE(optgetint2nr), c.option(), c.int1),
-    CALL(ONE(optgetdblnr), c.option(), c.dbl1), CALL(ONE(optgetdbl2nr), c.option(), c.dbl1),
-    CALL(BOTH(getstrnr), c.option(), c.text1), CALL(BOTH(getstr2nr), c.option(), c.text1),
-    // ---- information
+    // ---- what checkstate does not ask for
+    CALL(BOTH(gettypename), c.integer(), c.text1),
+    CALL(BOTH(getconstname), c.number(4), c.integer(), c.text1),
     [](tcontext& c) {
-      tcalled{c, ONE(optgetinfonr), c.option(), c.int1, c.int2, c.int3, c.int4, c.int5, c.int6};
-      tcalled{c, ONE(optgetdefinednr), c.option(), c.int1};
-      tcalled{c, BOTH(getnamenr), c.option(), c.text1};
-      tcalled{c, BOTH(gethelpnr), c.option(), c.text1, c.text2};
-      tcalled{c, BOTH(getopthelpnr), c.option(), c.text1, c.int1, c.int2};
-      tcalled{c, BOTH(getdefaultstr), c.option(), c.text1};
-      tcalled{c, ONE(optgetboundsint), c.option(), c.int1, c.int2, c.int3};
-      tcalled{c, ONE(optgetboundsdbl), c.option(), c.dbl1, c.dbl2, c.dbl3};
-      tcalled{c, ONE(optgetenumcount), c.option(), c.int1};
-      tcalled{c, ONE(optgetoptgroupnr), c.option()};
-    },
-    [](tcontext& c) {
-      const std::int32_t option = c.option(), item = c.number(4);
-      tcalled{c, BOTH(getenumhelp), option, item, c.int1, c.text1};
-      tcalled{c, BOTH(getenumvalue), option, item, c.int1, c.text1};
-      tcalled{c, BOTH(getenumstrnr), option, c.text1, c.int1};
-    },
-    [](tcontext& c) {
-      const std::int32_t number = c.integer();
-      tcalled{c, BOTH(getsynonym), number, c.text1, c.text2};
-      tcalled{c, BOTH(getgroupnr), number, c.text1, c.int1, c.int2, c.text2};
-      tcalled{c, ONE(optgetgroupgrpnr), number};
-      tcalled{c, BOTH(gettypename), number, c.text1};
-      tcalled{c, BOTH(getconstname), c.number(4), number, c.text1};
-    },
-    [](tcontext& c) {
-      tcalled{c, BOTH(definitionfile), c.text1};
-      tcalled{c, BOTH(version), c.text1};
+      c.pair->call(BOTH(version), c.text1);
       HOLDS(c.text1.text().size() == 78, c.text1.text());
-      tcalled{c, ONE(optgroupcount)};
-      tcalled{c, ONE(optdotoptcount), c.int1};
-      tcalled{c, ONE(optindicatorcount), c.int1};
     },
     // ---- string lists
     CALL(BOTH(listcountstr), c.argument()), [](tcontext& c) { c.callshared(BOTH(getfromliststr)); },
     CALL(BOTH(getfromanystrlist), c.pick(2), c.text1, c.text2),
-    // ---- dot options and indicators
-    [](tcontext& c) {
-      const std::int32_t number = c.number(5), index = c.number(5);
-      tcalled{c, BOTH(getdotoptnr), number, c.text1, c.int1, c.int2, c.dbl1};
-      tcalled{c, BOTH(getdotoptuel), number, index, c.text1};
-      tcalled{c, BOTH(getindicatornr), number, c.text1, c.text2, c.int1, c.int2, c.int3};
-      tcalled{c, BOTH(getequindicatornr), number, index, c.text1};
-      tcalled{c, BOTH(getvarindicatornr), number, index, c.text1};
-    },
     // ---- flags
     CALL(ONE(optechoset), c.integer()), CALL(ONE(optnoboundsset), c.integer()),
     CALL(ONE(opteolonlyset), c.integer()),

@@ -161,11 +161,6 @@ void checkmessages(tpair& pair) {
     HOLDS(kind >= 0 && kind <= 9 && text.text().starts_with(starts[kind]), kind, text.text());
     ++kinds[static_cast<std::size_t>(kind)];
   }
-  for (const std::int32_t beyond : {0, count + 1}) {
-    pair.call(BOTH(getmessage), beyond, text, kind);
-    HOLDS(text.text() == "Bad message number = " + std::to_string(beyond - 1), beyond, text.text());
-    HOLDS(kind == optMsgUserError, kind);
-  }
   pair.one(opterrorcount, errors, warnings);
   const std::int32_t raised = kinds[optMsgDefineError] + kinds[optMsgValueError] + kinds[optMsgUserError];
   HOLDS(errors == raised + kinds[optMsgTooManyMsgs], errors, raised);
@@ -175,17 +170,11 @@ void checkmessages(tpair& pair) {
 
 void checkstate(tpair& pair, tscope scope) {
   ttext text;
-  std::int32_t defined{}, helpflag{}, group{};
+  std::int32_t defined{};
   const std::int32_t count = pair.one(optcount);
   for (std::int32_t i = 1; i <= count; ++i) {
     pair.one(optgetdefinednr, i, defined);
     if (scope == tscope::everything || defined != 0) checkoption(pair, i);
-  }
-  for (const std::int32_t beyond : {0, count + 1}) {
-    HOLDS(pair.one(optgetdefinednr, beyond, defined) == 0 && defined == 0, beyond);
-    HOLDS(pair.call(BOTH(getnamenr), beyond, text) == 0 && text.text().empty(), beyond);
-    HOLDS(pair.call(BOTH(getopthelpnr), beyond, text, helpflag, group) == 0, beyond);
-    HOLDS(pair.one(optgetoptgroupnr, beyond) == -1 && group == -1, beyond);
   }
   pair.call(BOTH(definitionfile), text);
   checksynonymsandgroups(pair);

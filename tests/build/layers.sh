@@ -8,7 +8,7 @@ may() {
   folder=$1
   shift
   allowed=$(printf '%s/|' "$folder" "$@")
-  wrong=$(grep -rnE '^#include "[a-z]+/' "$folder" | grep -vE "#include \"(${allowed%|})" || true)
+  wrong=$(grep -rnE '^#include ("[a-z]+|<wexcorin)/' "$folder" | grep -vE "#include [\"<](${allowed%|})" || :)
   if [ -n "$wrong" ]; then
     printf '%s/ may include %s, but:\n%s\n' "$folder" "${*:-nothing}" "$wrong"
     failures=1

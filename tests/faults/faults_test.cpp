@@ -129,10 +129,8 @@ constexpr const char* moreoptions =
     "old integer 9 0 0 9 1 1 Old\n More on it\nlim synonym maxit\nnames deprecated\n old use maxit\n";
 
 constexpr std::string_view parameters =
-    "pair 3 4\nbig_step 3\ntrace\nnote \"one two\"\nquiet\nmethod primal\nlevel 2\nstring_list "
-    "a\nstring_list b\n--more "
-    "c\n"
-    "words 5:x\nall 1\ninclude nested.opt\nsay hello\nold 5\nlim 101\nnosuch 1\n"
+    "pair 3 4\nbig_step 3\ntrace\nnote \"one two\"\nquiet\nmethod primal\nlevel 2\nstring_list a\n"
+    "string_list b\n--more c\nwords 5:x\nall 1\ninclude nested.opt\nsay hello\nold 5\nlim 101\nnosuch 1\n"
     "x.prior(\"a\",\"b\") 3\nindic e(\"a\") v(\"b\") 1\n";
 
 // Calls functions armed, and keeps their results and what they gave out.

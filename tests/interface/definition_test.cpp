@@ -119,8 +119,7 @@ const trules mistakes("definition", "", defining, {__LINE__, R"(
       => 1 m: Bad usermap value; Bad HC; Bad Group value | 2 l: Bad HC | 3 c: Bad Group value
 
     // a quote that nothing closes takes the rest of the line
-    x integer 1 "5 0 9 2 3\ny integer 2 0 0 9 2 3
-      => x integer 0 in 0..0 (1 0 0) | y integer 0 in 0..9 (2 2 3)
+    x integer 1 "5 0 9 2 3\ny integer 2 0 0 9 2 3 => x integer 0 in 0..0 (1 0 0) | y integer 0 in 0..9 (2 2 3)
       => 1 x: Bad default value; Bad low value; Bad high value; Bad HC value; Bad Group value
     x string 1 "a b 2 3 t\x20 => x string "a b 2 3 t " (1 0 0) => 1 x: Bad HC; Bad Group value
 
@@ -196,8 +195,7 @@ const trules mistakes("definition", "", defining, {__LINE__, R"(
     m multilist 1 0 0\n Help, zz\n\n \n HELP => m multilist (1 0 0) => 5 m: Duplicate option used
 
     // a message that mentions a synonym lacks the words "for option"
-    m multilist 1 0 0\n mysynonym => m multilist (1 0 0)
-      => 2: MultiList option "mysynonym" is undefined"m"
+    m multilist 1 0 0\n mysynonym => m multilist (1 0 0) => 2: MultiList option "mysynonym" is undefined"m"
 
     // a macro names options by their own names and never itself
     x strlist 1 0 0\ny synonym x\nm macro 0 0\n X y\n zz x\n y\n m\nc macro 0 0\n m
@@ -207,8 +205,7 @@ const trules mistakes("definition", "", defining, {__LINE__, R"(
 
     // what is deprecated has to be known
     x strlist 1 0 0\nlost synonym nowhere\nnames deprecated and so on\n zz text\n x\n lost
-      \nnames2 obsolete\n zz text
-      => x strlist (1 0 0) | lost ->\x20
+      \nnames2 obsolete\n zz text => x strlist (1 0 0) | lost ->\x20
       => 2: Unknown option for synonym"lost" | 4 names: Deprecated option "zz" is undefined
       | 6 names: Deprecated option "lost" is undefined | 8 names2: Deprecated option "zz" is undefined
 

@@ -62,8 +62,7 @@ const ttable dotoptions = {__LINE__, R"~(
     -a.5 => => => V1 Integer expected, for option "a" saw ".5"
 
     // a dot option has to follow the period
-    x. 5 a 1\nx. a 1 => => a=1
-      => E1 .suffix expected for key "x" | E1 Option keyword expected, saw "5"
+    x. 5 a 1\nx. a 1 => => a=1 => E1 .suffix expected for key "x" | E1 Option keyword expected, saw "5"
       | E2 .suffix expected for key "x"
     x.foo a 5\nx.foo 5 a 1 => => a=5
       => E1 E2 unknown .suffix ".foo" for key "x" | E2 Option keyword expected, saw "5"

@@ -75,6 +75,9 @@ const trules withoutgroups("help", "lone boolean 1 5 1 1\n", request, {__LINE__,
 const trules fromafile("help", "lone boolean 1 5 1 1\n", {__LINE__, R"(
     // the option help without a request gives the summary
     readfromstr help ; told => +string |  | -string
+
+    // an option that a key makes has nothing but its name
+    readfromstr --New text ; help --New => --New: \n>strlist, \n
 )"});
 
 // The debugging list goes to standard output at once; the list in alphabetical order goes with it.
@@ -96,9 +99,6 @@ const trules columns(
     1 => \nOptions summary by group\n\nG\na12345678901234567890x: has 22\nb1234567890123456789x : has 21
       \nc123456789012345678901x\n<: has 23\nd                     :\x20
       \nf12345 (Synonym for d): \nf123456 (Synonym for d)\n<: \n
-    9 => \nOptions summary by group\n\nG\na12345678901234567890x: has 22\nb1234567890123456789x : has 21
-      \nc123456789012345678901x\n<: has 23\nd (Deprecated)        : \nf12345 (Synonym for d) (Deprecated)
-      \n<: \nf123456 (Synonym for d) (Deprecated)\n<: \n
 )"});
 
 const trules descriptions(

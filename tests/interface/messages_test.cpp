@@ -63,8 +63,7 @@ const trules limit("limit", everytype, {__LINE__, R"(
 const trules cuts("messages", everytype, {__LINE__, R"(
     // a text is cut at 255 characters, and so is the text with its decoration
     addmessage <254x> ; setstrnr maxit <254x> ; parameters maxit <254x>\n
-    messages => *** Error <245x>
-      \n*** Value Error Integer expected, for option "maxit" saw "<197x>
+    messages => *** Error <245x>\n*** Value Error Integer expected, for option "maxit" saw "<197x>
       \nReading parameter(s) from "OPT"
       \n*** Value Error line 1: Integer expected, for option "maxit" saw "<189x>
       \nFinished reading from "OPT"\n

@@ -97,7 +97,8 @@ const trules bynumber(
     "queries", options,
     "readfromstr maxit 3 ; setint2nr pair 4 ; setdbl2nr off_grid 2.5 ; setstrnr pairstr Y"
     " ; readfromstr x.off('u') 3 ind e('i')$v 1"
-    " ; $1 $2 $3 => $4 ; $1 $5 $3 => $6 ; $1 0 $3 => $6 ; $1 -1 $3 => $6 ; $1 99 $3 => $6 ; messages =>",
+    " ; $1 $2 $3 => $4 ; $1 $5 $3 => $6 ; $1 0 $3 => $6 ; $1 -2147483648 $3 => $6 ; $1 2147483647 $3 => $6"
+    " ; messages =>",
     queries);
 const trules ofnothing("queries_without_definition", "", "$1 1 $3 => $6 ; messages =>", queries);
 

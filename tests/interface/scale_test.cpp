@@ -20,10 +20,8 @@ std::string repeated(int count, const std::string& text) {
   std::string result;
   for (int i = 0; i < count; ++i)
     for (const char character : text)
-      if (character == '#')
-        result += std::to_string(i);
-      else if (character == '@')
-        result += std::to_string(i + 1);
+      if (character == '#' || character == '@')
+        result += std::to_string(character == '#' ? i : i + 1);
       else
         result += character;
   return result;
@@ -122,10 +120,7 @@ TEST(scale, a_line_may_come_many_times) {
     indic e(i)$v('j') 1 => => indicated
     unknown 5 => Unknown option "unknown"
     maxit 5 5 => Integer expected, for option "maxit" saw "5 5"
-    maxit " => Bad double-quote in value
-    """ => Option keyword expected, saw """
     \x00\x00maxit 5 => Option keyword expected, saw "\x00"
-    \xFF => Option keyword expected, saw "\xFF"
     x.none => unknown .suffix ".none" for key "x"
   )"})) {
     const testing::ScopedTrace trace(row.file, row.line, row.text);
@@ -155,7 +150,6 @@ TEST(scale, a_line_may_be_of_any_length_and_the_line_after_it_is_read_as_always)
     * => * => note=last
     string_list\x20 => x => note=last string_list=[<255x>]
     \e => \x00 => note=last => +OPT | E1 Option keyword expected, saw "\x00" | -OPT
-    \e => " => note=last => +OPT | E1 Option keyword expected, saw """ | -OPT
   )"})) {
     const testing::ScopedTrace trace(row.file, row.line, row.text);
     const tcolumns columns = columnsof(row.text);

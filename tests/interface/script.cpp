@@ -7,14 +7,15 @@
 namespace testsupport {
 
 std::string brief(const std::string& message) {
-  static const std::regex head(
-      R"(\*\*\* (?:(E)rror|(V)alue Error|(W)arning|(D)efinition Error) (?:line (\d+): )?)");
-  static const std::regex enter(R"~(Reading parameter\(s\) from "([^"]*)")~");
-  static const std::regex leave(R"~(Finished reading from "([^"]*)")~");
-  std::smatch parts;
-  if (std::regex_match(message, parts, enter)) return '+' + parts[1].str();
-  if (std::regex_match(message, parts, leave)) return '-' + parts[1].str();
-  return std::regex_replace(message, head, "$1$2$3$4$5 ", std::regex_constants::match_continuous);
+  static const std::pair<std::regex, const char*> forms[] = {
+      {std::regex(R"(\*\*\* (?:(E)rror|(V)alue Error|(W)arning|(D)efinition Error) (?:line (\d+): )?)"),
+       "$1$2$3$4$5 "},
+      {std::regex(R"~(Reading parameter\(s\) from "([^"]*)"$)~"), "+$1"},
+      {std::regex(R"~(Finished reading from "([^"]*)"$)~"), "-$1"}};
+  std::string text = message;
+  for (const auto& [form, shortform] : forms)
+    text = std::regex_replace(text, form, shortform, std::regex_constants::match_continuous);
+  return text;
 }
 
 std::string told(thandle& handle, bool notes) {

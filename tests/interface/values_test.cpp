@@ -107,8 +107,7 @@ const trules setters(
 
     // a second value is set where there are two
     setint2nr => pair => 7 => 1 => 1|7
-    setint2nr => pair => 77 => 0 => 1|1
-      => V Integer range error for @ saw "77" | V    Valid range is 0 to 10
+    setint2nr => pair => 77 => 0 => 1|1 => V Integer range error for @ saw "77" | V    Valid range is 0 to 10
     setdbl2nr => span => 2.5 => 1 => 0|2.5
     setstr2nr => pair => 8 => 1 => 1|8
     setstr2nr => both => " => 0 => a|a => V Bad double-quote in value

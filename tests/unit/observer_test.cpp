@@ -40,7 +40,10 @@ struct trecords : tstoreobserver {
     text.append(" [").append(name).append(",").append(option != nullptr ? option->name() : "");
     text.append(",").append(value).append("]").append(problems[ordinal(problem)]);
   }
-  void assigned(const toption&, std::int32_t) override {}
+  void assigned(const toption&, std::int32_t) override {
+    if (echoing != nullptr) echoing->optechoset(true);
+  }
+  tvksoptions* echoing = nullptr;  // the store that begins to echo when a value is set
   std::string text;
   int count = 0;
   bool showsnotes = false;  // those on entering and leaving a source
@@ -61,6 +64,7 @@ struct tobserved {
     if (word == "buffer") store.optreadfrompchar(expanded.c_str());
     if (word == "open") store.optreadparameterfile(expanded), store.optreaddefinition(expanded);
     if (word == "echo") store.optechoset(true);
+    if (word == "echolater") records.echoing = &store;
     if (word == "help") store.optshowhelp(expanded);
     if (word == "boolean") store.optsetintnr(4, std::stoi(expanded));
     if (word == "notes") records.showsnotes = true;
@@ -148,13 +152,10 @@ const testsupport::ttests records("records", {__LINE__, R"~(
       | User 'Error code = 2; No such file or directory' explains
       | Definition 'Cannot open option file "none"'
       | Definition 'Error code = 2; No such file or directory' explains
-    string read /dev/zero => User /dev/zero:1<string 'Option keyword expected, saw "\x00"'
-      | User /dev/zero:1<string 'Cannot read parameter file "/dev/zero"'
-      | User /dev/zero:1<string 'Error code = 27; File too large' explains
-
     // an echoed line has its source as well
     echo ; inner i 2 ; file * c\nread %DIR%/inner
       => Echo OPT:1 ' * c' | Echo OPT:2 ' read inner' | Echo inner:1<OPT:2 ' i 2'
+    echolater ; file i 1\ni 2 => Echo OPT:2 ' i 2'
 
     // help and a message that a line asks for come from that line
     help i => Help 'i: Help' | Help '<24 >integer,  range: 0 to 9 default: 1'
