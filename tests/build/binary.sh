@@ -10,6 +10,8 @@ sort api/exports.txt | diff -U0 - "$work/exported" ||
   fail "Names marked - are in api/exports.txt, but not exported: define each in api/ with the declaration of" \
     "wexcorin.h, or take it off the list. Those marked + are exported, but not listed: add each if clients are to" \
     "call it; if not, see why the version script let it through."
+sed -n 's/^WEXCORIN_API .*[ *]\(c\{0,1\}opt[a-z0-9]*\|c\{0,1\}x[a-z]*\)(.*/\1/p' include/wexcorin/wexcorin.h | sort |
+  diff api/exports.txt - || fail "Names marked > are declared in wexcorin.h, but not listed in api/exports.txt."
 ! grep '[^a-z0-9]' api/exports.txt || fail "Names in api/exports.txt are lower case, one a line, without blanks."
 
 # Functions with their types, layouts, numbers of constants.

@@ -281,6 +281,9 @@ const trules filecount("files", "read immediate ReadFile 1 1\nnote strlist 1 1 1
     file f2 <11read %DIR%/f3 > ; file f1 <11read %DIR%/f2 > ; parameters read %DIR%/f1
     listcountstr note => 9088 ; getmessage 7 => *** Error Too many parameter files; file ignored|9
     clearmessages ; parameters read %DIR%/f4 ; messages => ; listcountstr note => 9099
+
+    // a file that is too deep counts as one that was read
+    eolonlyset 0 ; file s note x <3read %DIR%/s > ; readparameterfile %DIR%/s => 0 ; listcountstr note => 3337
 )"});
 
 const trules noordinaryfiles("files", "", {__LINE__, R"(

@@ -6,9 +6,11 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "api/conversion.h"
 #include "api/pchutil.h"
 #include "api/pchutilmore.h"
 #include "api/signatures.h"
@@ -230,6 +232,15 @@ TEST(library, every_exported_function_with_a_handle_and_no_other_has_a_signature
 #include "abi_both.inc"
   for (const tsignature& signature : signatures()) described.emplace_back(lowercase(signature.name()).view());
   EXPECT_THAT(described, testing::UnorderedElementsAreArray(exported)) << "signatures and api/exports.txt";
+}
+
+// Nothing in the library throws anything but the want of memory; if something did, the message says so.
+TEST(entrypoints, let_no_exception_out_and_tell_want_of_memory_from_other_errors) {
+  ::tvksoptions store;
+  EXPECT_EQ(guarded(&store, 7, []() -> std::int32_t { throw std::bad_alloc(); }), 7);
+  EXPECT_EQ(guarded(&store, []() -> std::int32_t { throw std::runtime_error("x"); }), 0);
+  EXPECT_EQ(store.messages().decorated(1).view(), "*** Error Out of memory");
+  EXPECT_EQ(store.messages().decorated(2).view(), "*** Error Internal error");
 }
 
 }  // namespace optcore::librarytest
