@@ -22,17 +22,12 @@ namespace fuzzing {
 namespace {
 
 std::map<std::string, int, std::less<>> files;  // the descriptor of each file
-std::vector<int> spare;                         // descriptors of earlier inputs, to be used again
 int opens = 0;
 bool isrunning = false;
 
 // Creates a file, or empties the existing one. Returns its descriptor.
 int created(std::string_view name) {
   int& file = files.try_emplace(std::string(name), -1).first->second;
-  if (file < 0 && !spare.empty()) {
-    file = spare.back();
-    spare.pop_back();
-  }
   if (file < 0) file = ::memfd_create("fuzz", MFD_CLOEXEC);
   HOLDS(file >= 0 && ::ftruncate(file, 0) == 0, name, errno);
   return file;
@@ -89,7 +84,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   isrunning = true;
   run({reinterpret_cast<const char*>(bytes), size});
   isrunning = false;
-  for (const auto& [name, file] : files) spare.push_back(file);
+  for (const auto& [name, file] : files) ::close(file);
   files.clear();
   return 0;
 }

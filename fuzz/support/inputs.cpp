@@ -7,77 +7,35 @@ namespace fuzzing {
 
 std::string richdefinition(int mode) {
   constexpr std::string_view modes[] = {"Normal", "Path", "Minos"};
-  return std::string(modes[mode]) + R"( lookup
-comment eolcomm !#;
-indic indicator
+  return std::string(modes[mode]) + " lookup\n" + everytype + R"(comment eolcomm !#;
 general group 1 1 General
 hidden group 2 0 Not listed
-maxit integer 101 500 0 maxint 1 1 Iterations at most
- Counts both phases.
- Also of restarts.
-trace integer.OPT 102 4 0 9 1 1 Trace
-level_two integer.NV 103 2 1 3 1 1 Level
-pair integer.TWO 104 1 -10 10 1 1 Two of them
 feasible_tol double 201 1e-6 eps 0.1 1 1 Tolerance
-big_step double 202 1d20 mindouble maxdouble 1 1 Step
-opt_tol double.OPT 203 0.5 0 1 1 1 Another
-fixed_tol double.NV 204 0.25 0 1 1 1 Fixed
-span double.TWO 205 -1 -2.5 1e30 1 1 A range
- From and to.
-note string 301 "two words" 1 1 A text
-path_name string 302 "" 1 2 Another text
-flag boolean 401 1 1 1 Yes or no
-quiet boolean.NV 402 1 1 1 Silent
+ Counts both phases.
+opt_tol double.OPT 203 0.5 0 1 1 2 Another
 warm boolean.OPT 403 0 1 1 Warm
 both_ways boolean.TWO 404 0 1 1 Two switches
-method enumstr 501 auto 1 1 Method
- auto 1 Any
- primal 1 Primal simplex
- "two words" 1 With a blank
- "a,b" 0 Hidden
-style enumstr.TWO 502 a 1 1 Styles
- a 1 First
- "b c" 1 Second
- * 1 Third
 emphasis enumstr.OPT 503 Best 1 1 Emphasis
  best 1 Best
- fast 1 Fast
-profile enumint 601 0 1 1 Profile
- 0 1 None
- 3 1 Three
- -7 1 Minus seven
+ "a,b" 0 Hidden
+ * 1 Star
 gears enumint.TWO 602 1 1 1 Gears
  1 1 Low
- 2 1 High
-mode_nv enumint.NV 603 2 1 1 Mode
- 2 1 Two
-words multilist 701 1 1 Several at once
- maxit note flag
- span
+ -7 1 Minus seven
 nested multilist 702 1 1 A list of lists
  words nested method
-all macro 1 1 Several alike
- maxit
- trace
- note
+ span
 every macro 1 1 A macro of macros
  all
  all
  flag
-files strlist 801 1 1 Files
-cut_file strlist 802 1 1 More files
-.prior integer 901 0 0 1000 1 1 Priority
 .scale double 902 1 1e-3 1e3 1 1 Scale
 .lazy boolean 903 0 1 1 Lazy
-.mark enumint 904 1 1 1 Mark
- 1 1 One
- 2 1 Two
 .word string 905 x 1 1 A word
 .half integer.TWO 906 0 0 9 1 1 Two
 eolonly immediate EolFlag 1 1 One statement a line
 include immediate ReadFile 1 1 Another file
 remark immediate Message 1 1 A message
-nobounds immediate NoBounds 1 1 No bounds
 describe immediate Help 1 1 Help
 iterlim synonym maxit
 tol synonym feasible_tol

@@ -50,8 +50,8 @@ class tpair : public thandles {
 
 // ---- the parts of inputs
 
-// A definition with every type and sub-type, lists, macros, synonyms, groups, marks, dot options, immediate
-// options of each kind, an indicator keyword and comment characters, for lookup mode `mode` (0, 1, 2).
+// Every type, sub-types, lists of lists, synonyms, groups, marks, immediate options of each kind and comment
+// characters, for lookup mode `mode` (0, 1, 2).
 std::string richdefinition(int mode);
 
 // Switches, which are bits of two bytes. Printable bytes are sufficient, so that inputs can be written by

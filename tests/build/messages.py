@@ -9,19 +9,10 @@ TOKEN = re.compile(r"""//[^\n]*|\#include[^\n]*|R"(\w*)\(.*?\)\1" |
                        "((?:[^"\\\n]|\\.)*)" | '(?:[^'\\\n]|\\.)+'""", re.S | re.X)
 
 
-# The string literals of a source as what they stand for; with nothing but white space between, they are one.
+# The string literals of a source as what they stand for; those that follow each other are one.
 def literals(source):
-    result, end = [], None
-    for token in TOKEN.finditer(source):
-        if token[2] is None:
-            continue
-        text = re.sub(r"\\(.)", r"\1", token[2])
-        if end is not None and not source[end:token.start()].strip():
-            result[-1] += text
-        else:
-            result.append(text)
-        end = token.end()
-    return result
+    joined = re.sub(r'(?<!\\)"\s*\n\s*"', "", source)
+    return [re.sub(r"\\(.)", r"\1", token[2]) for token in TOKEN.finditer(joined) if token[2] is not None]
 
 
 def telling(text):

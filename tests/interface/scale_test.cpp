@@ -111,7 +111,7 @@ const trules doubling("scale",
 // A line, what is wrong with it, and what becomes of it. With the note on the file in front, 4,999 lines have
 // their message.
 TEST(scale, a_line_may_come_many_times) {
-  for (const ttable& row : rowsof({__LINE__, R"(
+  const ttable rows = {__LINE__, R"(
     maxit 5
     \e
     string_list x\r => => listed
@@ -122,43 +122,41 @@ TEST(scale, a_line_may_come_many_times) {
     maxit 5 5 => Integer expected, for option "maxit" saw "5 5"
     \x00\x00maxit 5 => Option keyword expected, saw "\x00"
     x.none => unknown .suffix ".none" for key "x"
-  )"})) {
-    const testing::ScopedTrace trace(row.file, row.line, row.text);
-    const tcolumns columns = columnsof(row.text);
+  )"};
+  eachrow(rows, [](const tcolumns& columns) {
     thandle h;
     h.definition(everytype);
     h.parameters(repeated(verymany, columns[0] + '\n') + "note last");
     const auto becomes = [&](const char* word) { return columns[2] == word ? verymany : 0; };
     std::int32_t rejected = 0;
-    EXPECT_EQ(h.call(BOTH(listcountstr), row.text[0] == '-' ? "--own" : "string_list"), becomes("listed"));
+    EXPECT_EQ(h.call(BOTH(listcountstr), columns[0][0] == '-' ? "--own" : "string_list"), becomes("listed"));
     EXPECT_EQ(h.one(optdotoptcount, rejected), becomes("entered"));
     EXPECT_EQ(h.one(optindicatorcount, rejected), becomes("indicated"));
     EXPECT_EQ(h.value("note"), "last");
     const tlines all = h.messages();
     ASSERT_EQ(all.size(), columns[1].empty() ? 0u : 5001u);
-    if (columns[1].empty()) continue;
+    if (columns[1].empty()) return;
     EXPECT_EQ(brief(all[1]).substr(1), "1 " + columns[1]);
     EXPECT_EQ(brief(all[4999]).substr(1), "4999 " + columns[1]);
     EXPECT_EQ(all.back(), "Maximum of 5000 messages reached");
-  }
+  });
 }
 
 // The begin of a line, what fills it, what is set and told.
 TEST(scale, a_line_may_be_of_any_length_and_the_line_after_it_is_read_as_always) {
-  for (const ttable& row : rowsof({__LINE__, R"(
+  const ttable rows = {__LINE__, R"(
     maxit 5 => \x20 => maxit=5 note=last
     * => * => note=last
     string_list\x20 => x => note=last string_list=[<255x>]
     \e => \x00 => note=last => +OPT | E1 Option keyword expected, saw "\x00" | -OPT
-  )"})) {
-    const testing::ScopedTrace trace(row.file, row.line, row.text);
-    const tcolumns columns = columnsof(row.text);
+  )"};
+  eachrow(rows, [](const tcolumns& columns) {
     thandle h;
     h.definition(everytype);
     h.parameters(columns[0] + std::string(hugeline, columns[1][0]) + "\nnote last");
     EXPECT_EQ(settings(h), columns[2]);
     EXPECT_EQ(told(h), columns[3]);
-  }
+  });
 }
 
 }  // namespace testsupport::scaletest

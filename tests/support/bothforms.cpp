@@ -6,6 +6,16 @@
 
 namespace bothforms {
 
+const char* const everytype =
+    "maxit integer 1 5 0 10 1 1\nbig_step double 2 0.5 0 1e20 1 1\nnote string 3 none 1 1\n"
+    "flag boolean 4 0 1 1\nmethod enumstr 5 auto 1 1\n auto 1\n Primal 1\n \"two words\" 1\n"
+    "level enumint 6 1 1 1\n 1 1\n 2 1\nquiet integer.nv 7 1 0 1 1 1\ntrace integer.opt 8 4 0 9 1 1\n"
+    "pair integer.two 9 1 0 10 1 1\nspan double.two 10 0 mindouble maxdouble 1 1\n"
+    "both enumstr.two 11 a 1 1\n a 1\n \"b c\" 1\nstring_list strlist 12 1 1\nwords multilist 13 1 1\n"
+    " maxit note\nall macro 1 1\n maxit\n flag\nlimits immediate NoBounds 1 1\n"
+    "free immediate NoBounds 1 1\n.prior double 14 1 0 100 1 1\n.mark integer 15 1 0 9 1 1\n"
+    "indic indicator\n";
+
 constexpr std::size_t longest = 255;
 
 ttext::ttext(std::string_view text, bool takesresult) : fhasinitial(true), ftakesresult(takesresult) {

@@ -20,6 +20,9 @@
 
 namespace bothforms {
 
+// Options of every type; two that switch the checking of bounds, dot options and a keyword of indicators.
+extern const char* const everytype;
+
 struct tseen {
   template <class tvalue>
   tseen(const tvalue& value) {

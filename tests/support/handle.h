@@ -15,8 +15,7 @@ namespace testsupport {
 
 using tlines = std::vector<std::string>;
 
-// Options of every type; two that switch the checking of bounds, dot options and a keyword of indicators.
-extern const char* const everytype;
+using bothforms::everytype;
 
 // The lines as one text, one line each; gtest shows two such texts that differ as a line by line difference.
 std::string joined(const tlines& lines);

@@ -73,6 +73,13 @@ tcolumns columnsof(const std::string& row) {
   return columns;
 }
 
+void eachrow(const ttable& table, const std::function<void(const tcolumns&)>& body) {
+  for (const ttable& row : rowsof(table)) {
+    const testing::ScopedTrace trace(row.file, row.line, row.text);
+    body(columnsof(row.text));
+  }
+}
+
 ttests::ttests(const char* suite, const ttable& table, const std::function<void(const ttable&)>& body) {
   std::vector<std::pair<ttable, ttable>> rules;  // a comment and the lines below it
   std::istringstream lines(table.text);

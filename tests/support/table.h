@@ -33,6 +33,8 @@ std::string literal(const std::string& text);
 
 using tcolumns = std::array<std::string, 7>;
 tcolumns columnsof(const std::string& row);
+// The body for the columns of each row; what fails in it is reported with the row's line.
+void eachrow(const ttable& table, const std::function<void(const tcolumns&)>& body);
 
 // A test for each comment in a table, which says what holds and is the test's name; the body gets the lines
 // below it.

@@ -99,15 +99,14 @@ TEST(texts, replacing_filling_and_splitting) {
 // check(input) gives the result for each word "input:result"; "z" is a zero.
 template <class tcheck>
 void pairs(const testsupport::ttable& table, tcheck check) {
-  for (const testsupport::ttable& row : testsupport::rowsof(table)) {
-    const testing::ScopedTrace trace(row.file, row.line, row.text);
-    std::istringstream words(testsupport::literal(row.text));
+  testsupport::eachrow(table, [check](const testsupport::tcolumns& columns) {
+    std::istringstream words(columns[0]);
     for (std::string word; words >> word;) {
       std::replace(word.begin(), word.end(), 'z', '0');
       const std::string input = word.substr(0, word.find(':'));
       EXPECT_EQ(input + ':' + check(input), word);
     }
-  }
+  });
 }
 
 TEST(numtext, doubles_have_15_digits_and_the_shorter_of_two_forms) {

@@ -61,20 +61,19 @@ TEST(definitionwriter, writes_what_the_reader_takes_back) {
 
 // The members of a list, and the lines that name them.
 TEST(definitionwriter, breaks_a_line_where_a_name_would_pass_80_characters) {
-  for (const testsupport::ttable& row : testsupport::rowsof({__LINE__, R"(
+  const testsupport::ttable rows = {__LINE__, R"(
     <39a> <39b> => \x20<39a> <39b>\n
     <39a> <40b> => \x20<39a>\n <40b>\n
     <79a> => \x20<79a>\n
     // the line before it is empty then
     <80a> => \n <80a>\n
-  )"})) {
-    const testing::ScopedTrace trace(row.file, row.line, row.text);
-    const testsupport::tcolumns columns = testsupport::columnsof(row.text);
+  )"};
+  testsupport::eachrow(rows, [](const testsupport::tcolumns& columns) {
     const std::string members = std::regex_replace(columns[0] + ' ', std::regex(" "), " boolean 1 0 1 1\n");
     const std::string text = written(&tvksoptionwriter::writedefinition,
                                      members + "list multilist 1 1 1 t\n " + columns[0] + '\n');
     EXPECT_EQ(text.substr(text.find("list")), "list multilist 1 1 1 t\n" + columns[1]);
-  }
+  });
 }
 
 // A line that ends in "|" is followed by an empty one.

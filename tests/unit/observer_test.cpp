@@ -8,8 +8,6 @@
 
 namespace optcore::observertest {
 
-using testsupport::ttable;
-
 constexpr const char* options =
     "i integer 1 1 0 9 1 1 Help\nd double 2 1 0 9 1 1\nb boolean 3 0 1 1\ns string 4 t 1 1\n"
     "e enumstr 5 x 1 1\n x 1\n y 1\nn enumint 6 1 1 1\n 1 1\n 2 1\nm multilist 7 1 1\n i d\n"
@@ -76,17 +74,14 @@ struct tobserved {
   tvksoptions store;
 };
 
-void check(const ttable& rows) {
-  for (const ttable& row : testsupport::rowsof(rows)) {
-    const testsupport::tcolumns columns = testsupport::columnsof(row.text);
+void check(const testsupport::ttable& rows) {
+  testsupport::eachrow(rows, [](const testsupport::tcolumns& columns) {
     tobserved observed;
     static const std::regex step("([^ ;]+) ?([^;]*?)(?: ; |$)");
     for (std::sregex_iterator at(columns[0].begin(), columns[0].end(), step), end; at != end; ++at)
       observed.take((*at)[1], (*at)[2]);
-    if (observed.seen() != columns[1])
-      ADD_FAILURE_AT(row.file, row.line)
-          << columns[0] << "\n   records: " << observed.seen() << "\n  expected: " << columns[1];
-  }
+    EXPECT_EQ(observed.seen(), columns[1]) << columns[0];
+  });
 }
 
 const testsupport::ttests records("records", {__LINE__, R"~(
