@@ -148,17 +148,13 @@ std::string messages(tpair& pair) {
 }
 
 void checkmessages(tpair& pair) {
-  // how a message of each kind begins
-  constexpr const char* starts[] = {
-      ">> ",          "",         "*** Definition ", "*** Value ", "*** Warning ",
-      "*** Warning ", "Reading ", "Finished ",       "Maximum ",   "*** Error "};
   const std::int32_t count = pair.one(optmessagecount);
   ttext text;
   std::int32_t kind{}, errors{}, warnings{};
   std::array<std::int32_t, 10> kinds{};
   for (std::int32_t i = 1; i <= count; ++i) {
     pair.call(BOTH(getmessage), i, text, kind);
-    HOLDS(kind >= 0 && kind <= 9 && text.text().starts_with(starts[kind]), kind, text.text());
+    HOLDS(kind >= 0 && kind <= 9, kind, text.text());
     ++kinds[static_cast<std::size_t>(kind)];
   }
   pair.one(opterrorcount, errors, warnings);
@@ -177,6 +173,7 @@ void checkstate(tpair& pair, tscope scope) {
     if (scope == tscope::everything || defined != 0) checkoption(pair, i);
   }
   pair.call(BOTH(definitionfile), text);
+  pair.one(optrecentenabled);
   checksynonymsandgroups(pair);
   checkentries(pair);
   checkmessages(pair);

@@ -7,9 +7,8 @@ library=$1 nm=$2 abi=$3 readelf=${4-} tool=${5-}
 # Everything that the library defines for others, whatever its kind: functions, data, weak template instances.
 "$nm" --dynamic --defined-only --format=posix "$library" | cut -d ' ' -f 1 | sort >"$work/exported"
 sort api/exports.txt | diff -U0 - "$work/exported" ||
-  fail "Names marked - are in api/exports.txt, but not exported: define each in api/ with the declaration of" \
-    "wexcorin.h, or take it off the list. Those marked + are exported, but not listed: add each if clients are to" \
-    "call it; if not, see why the version script let it through."
+  fail "Names marked - are not exported: define each in api/ as wexcorin.h declares it. Those marked + are not in" \
+    "api/exports.txt: add each if clients are to call it; if not, see why the version script let it through."
 sed -n 's/^WEXCORIN_API .*[ *]\(c\{0,1\}opt[a-z0-9]*\|c\{0,1\}x[a-z]*\)(.*/\1/p' include/wexcorin/wexcorin.h | sort |
   diff api/exports.txt - || fail "Names marked > are declared in wexcorin.h, but not listed in api/exports.txt."
 ! grep '[^a-z0-9]' api/exports.txt || fail "Names in api/exports.txt are lower case, one a line, without blanks."
@@ -21,10 +20,8 @@ header=include/wexcorin/wexcorin.h
   sed -n 's/^  \(opt[A-Za-z0-9]*\) = \(-\{0,1\}[0-9][0-9]*\),\{0,1\}\( .*\)\{0,1\}$/\1 = \2/p' "$header"
   sed -n 's/^#define \(WEXCORIN_[A-Z_]*\) \([0-9][0-9]*\)$/\1 = \2/p' "$header"
 } | diff api/abi.txt - ||
-  fail "What stands behind < was promised to clients and has changed or is gone: programs that are installed would" \
-    "call it wrongly. Keep it as it is and add a function beside it. If it has to go, raise the project's first" \
-    "version number and WEXCORIN_INTERFACE_VERSION (the soname follows), say so in CHANGELOG.md, then take over the" \
-    "new list. What stands behind > is new: put it into api/abi.txt. docs/compatibility.md says what that means."
+  fail "What stands behind < was promised to clients and is gone: keep it, and add a function beside it. What" \
+    "stands behind > is new: put it into api/abi.txt. docs/compatibility.md says what either means."
 
 if [ -n "$readelf" ]; then
   "$readelf" --dynamic --wide "$library" |

@@ -72,19 +72,16 @@ const ttable dotoptions = {__LINE__, R"~(
     x.prior 5 6 a 1 => x.prior=5 => .prior=5 => E1 Option keyword expected, saw "6"
 
     // an element is a text in quotes or a star, never the name of a set
-    x.prior('a',) 2\nx.prior( => rejected 2 =>
-      => E1 Element expected for .option "x" | E1 Option keyword expected, saw ")"
-      | E2 Element expected for .option "x"
-    x.prior(i) 1\nx.prior('a',i, a 1 => rejected 2 => a=1
-      => E1 Set name not allowed .option "x" | E1 Option keyword expected, saw ")"
-      | E2 Set name not allowed .option "x"
+    x.prior('a',) 2\nx.prior( => rejected 2 => => E1 Element expected for .option "x"
+      | E1 Option keyword expected, saw ")" | E2 Element expected for .option "x"
+    x.prior(i) 1\nx.prior('a',i, a 1 => rejected 2 => a=1 => E1 Set name not allowed .option "x"
+      | E1 Option keyword expected, saw ")" | E2 Set name not allowed .option "x"
 
     // the closing bracket is that of the opening one
     x.prior('a' 2 a 1\nx.prior('a) 3 => rejected 2 => a=1 .prior=2
       => E1 E2 Closing bracket ")" expected for .option "x" | E2 Value expected for .option "x"
-    x.prior['a') 1 => rejected 1 =>
-      => E1 Closing bracket "]" expected for .option "x" | V1 Double expected for option ".prior" saw ")"
-      | E1 Option keyword expected, saw "1"
+    x.prior['a') 1 => rejected 1 => => E1 Closing bracket "]" expected for .option "x"
+      | V1 Double expected for option ".prior" saw ")" | E1 Option keyword expected, saw "1"
     x.prior{'a' 2 => rejected 1 => .prior=2 => E1 Closing bracket "}" expected for .option "x"
 
     // the value has the type and the bounds of the option
@@ -133,9 +130,8 @@ const trules indicators("indicators", options, normal, {__LINE__, R"~(
       | E2 Boolean value expected for equation indicator "e", Saw ""
 
     // after an error among the elements the line goes on with its next part
-    ind e('i',)$v 1\nind e($v 1 a 1 => rejected 2 => a=1
-      => E1 Unique element expected for indicator id "e" | E1 $ expected after equation identifier "e"
-      | E2 Unique element expected for indicator id "e"
+    ind e('i',)$v 1\nind e($v 1 a 1 => rejected 2 => a=1 => E1 Unique element expected for indicator id "e"
+      | E1 $ expected after equation identifier "e" | E2 Unique element expected for indicator id "e"
     ind e(*$v 1 a 1\nind e(i)$v(* 1 a 2 => rejected 2 => a=2
       => E1 Universe not allowed for indicator id "e" | E2 Universe not allowed for indicator id "v"
     ind e[i $v 1 a 1\nind e{'i'}$v{'i' 1 a 2 => rejected 2 => a=2

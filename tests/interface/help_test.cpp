@@ -38,7 +38,6 @@ const trules summaries("help", groupsdefinition, summary, {__LINE__, R"(
     \e
     ghost
     \x202
-    2.0
     99999999999
 )"});
 const trules listings("help", groupsdefinition, "help $1 => " + list, {__LINE__, R"(

@@ -70,10 +70,8 @@ const trules agreement("agreement", "", {__LINE__, R"(
     // a client of another version is compatible, newer or too old
     apiversion 2 => 1|API version and library version are the same.|1
     apiversion 3 => 1|API version is newer than this library.|3
-    apiversion 2147483647 => 1|API version is newer than this library.|3
     apiversion 1 => 1|Client version is compatible to this version of the library.|2
     apiversion 0 => 0|The API is too old for the used library, API version: 0, library version: 2|0
-    apiversion -1 => 0|The API is too old for the used library, API version: -1, library version: 2|0
 
     // a function agrees by the codes of its result and arguments
     check optReadFromPChar 0 10 => 1| ; check optFindStr 3 11 4 4 => 1| ; check optCount 3 => 1|

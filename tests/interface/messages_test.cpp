@@ -84,7 +84,6 @@ const trules pieces(
     *<131c> => >> \xBB*<129c>\xBB\n>> \xBBcc\n
     *<259c> => >> \xBB*<129c>\xBB\n>> \xBB<130c>\n
     *<260c> => >> \xBB*<129c>\xBB\n>> \xBB<130c>\n>> \xBBc\n
-    *<299c> => >> \xBB*<129c>\xBB\n>> \xBB<130c>\xBB\n>> \xBB<40c>\n
 )"});
 
 // A note on entering that a note on leaving follows goes with it.

@@ -23,7 +23,7 @@ constexpr const char* options =
     " goneflag left, too\n was never more\nLines immediate EolFlag 0 0\nRead immediate ReadFile 0 0\n"
     "Say immediate Message 0 0\nFree immediate NoBounds 0 0\nmarks eolcomm !#\n";
 
-const trules keys("keys", options, reading, {__LINE__, R"(
+const trules settingsofkeys("settings", options, reading, {__LINE__, R"(
     // dashes and slashes may stand before a key, and a comma between settings
     0 => , \tALIAS\t=\t1 ,/b=2 -/-s x => a=1 b=2 --s=[x]
     0 => a 1 , \n, ! b 3\n,\nb 2 => a=1 b=2
@@ -56,9 +56,6 @@ const trules keys("keys", options, reading, {__LINE__, R"(
     1 => --zz = a, b ! c\n//ZZ\n-/b 2 => --zz=[a, b ! c|] --b=[2]
     0 => --zz = x y 1 --zz "a b",---zz :x => --zz=[x|a b|:x] => E1 Unknown option "y"
     1 => --zz "a b"\n--zz ! => --zz=[] => V1 Bad double-quote in value
-)"});
-
-const trules values("settings", options, reading, {__LINE__, R"(
     // in normal reading a value is one word or a text in quotes
     0 => s "x y" b 2\nl x l "y z",l "" l w!v # z => b=2 s=x y l=[x|y z||w!v]
     0 => s "a"b"c" b 2 => b=2 => V1 Bad double-quote in value
@@ -96,7 +93,6 @@ const trules values("settings", options, reading, {__LINE__, R"(
     0 => two 3 * => two=3,-
     1 => two * "4" # five => two=-,4
     0 => two 3\ncolor red blue s x => s=x two=3,3 color=red,blue
-    0 => two 3, b 2 => b=2 two=3,- => V1 Integer expected, for option "two" saw ""
     0 => two x => => V1 V1 Integer expected, for option "two" saw "x"
     0 => two => => E1 Value expected for key "two"
 
@@ -122,7 +118,7 @@ const trules optionalvalues("settings",
     parameters i\nd\nb\ne\nn\n ; settings => i=4 d=2.5 b=1 e=x n=3
 )"});
 
-const trules oldnames("deprecated", options, reading, {__LINE__, R"(
+const trules oldnamesandimmediates("statements", options, reading, {__LINE__, R"(
     // a deprecated name is reported and works
     0 => OLD 3 b 2 => b=2 old=3 => W1 deprecated option "OLD"; use a
 
@@ -137,9 +133,6 @@ const trules oldnames("deprecated", options, reading, {__LINE__, R"(
     // an option with both marks is called deprecated, and its obsolete synonym is ignored
     0 => mixed 3 was 4 => mixed=3
       => W1 deprecated option "mixed"; use b | W1 deprecated synonym "was"; never more
-)"});
-
-const trules immediates("immediates", options, reading, {__LINE__, R"(
     // an immediate option changes the mode of reading for the rest of the source
     1 => Lines = OFF, a 1\nd 1 lines on s x, b 2\ns y z => a=1 d=1 s=y z
     0 => lines perhaps s x y => s=x y
@@ -155,10 +148,9 @@ const trules immediates("immediates", options, reading, {__LINE__, R"(
       | V1 Integer range error for option "a" saw "500" | V1    Valid range is -100 to 100
 
     // every immediate option but help needs a value
-    0 => LINES\nlines "no\nSay =\nread\nfree ! =>
-      => E1 Value expected for immediate option "LINES" | E2 Value expected for immediate option "lines"
-      | E3 Value expected for immediate option "Say" | E4 Value expected for immediate option "read"
-      | E5 Value expected for immediate option "free"
+    0 => LINES\nlines "no\nSay =\nread\nfree ! => => E1 Value expected for immediate option "LINES"
+      | E2 Value expected for immediate option "lines" | E3 Value expected for immediate option "Say"
+      | E4 Value expected for immediate option "read" | E5 Value expected for immediate option "free"
 )"});
 
 const trules bytes("lines", options, reading, {__LINE__, R"(
@@ -227,9 +219,8 @@ const trules texts("texts", options, {__LINE__, R"(
 
     // messages on a string or buffer name no line
     readfromstr * a 2 ; readfrompchar bad ; readfromstr read none
-    told => +string | E Option keyword expected, saw "*" | -string | +pchar | E Unknown option "bad"
-      | -pchar | +string | E Cannot open parameter file "none" | E Error code = 2; No such file or directory
-      | -string
+    told => +string | E Option keyword expected, saw "*" | -string | +pchar | E Unknown option "bad" | -pchar
+      | +string | E Cannot open parameter file "none" | E Error code = 2; No such file or directory | -string
 
     // the length of a buffer has no limit
     eolonlyset 0 ; readfrompchar b 2<1000000 >t 1 ; value t => 1

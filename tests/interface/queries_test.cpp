@@ -49,7 +49,6 @@ const ttable queries = {__LINE__, R"(
     getenumhelp => method => 1 => 1|1|Automatic => flag => 0|-1|
     getenumhelp => level => 2 => 1|-1| => flag => 0|-1|
     getenumhelp => level => 3 => 0|-1| => flag => 0|-1|
-    getenumhelp => level => 0 => 0|-1| => flag => 0|-1|
 
     // the item of a value is 0 for a default outside the list
     getenumstrnr => pairstr => => 1|y|2 => level => 0||-1
@@ -102,7 +101,7 @@ const trules bynumber(
     queries);
 const trules ofnothing("queries_without_definition", "", "$1 1 $3 => $6 ; messages =>", queries);
 
-const trules types("types", options, {__LINE__, R"(
+const trules scenes("queries", options, {__LINE__, R"(
     // constants have names, but for the tenth kind of message
     each getconstname 1 => optDataNone | optDataInteger | optDataDouble | optDataString | optDataStrList
     each getconstname 2 => optTypeInteger | optTypeDouble | optTypeString | optTypeBoolean | optTypeEnumStr
@@ -121,9 +120,6 @@ const trules types("types", options, {__LINE__, R"(
     each getinfonr => 0|0|0|0|9|2 | 0|0|101|1|0|0 | 0|0|102|2|1|0 | 0|0|103|3|2|0 | 0|0|104|1|3|0
       | 0|0|105|3|4|0 | 0|0|106|1|5|0 | 0|0|107|0|6|0 | 0|0|108|4|7|0 | 0|0|-1|0|8|0 | 0|0|-1|0|9|0
       | 0|0|109|1|0|3 | 0|0|110|2|1|3 | 0|0|112|3|4|3 | 0|0|113|3|4|0 | 0|0|114|2|1|0
-)"});
-
-const trules byname("queries", options, {__LINE__, R"(
     // counts are those of what is defined
     count => 16 ; synonymcount => 2 ; groupcount => 2 ; definitionfile => DEF
 
@@ -138,9 +134,6 @@ const trules byname("queries", options, {__LINE__, R"(
     // elements of entries count from 1
     readfromstr x.off('u') 3 ind e('i')$v 1 ; getdotoptuel 1 0 => 0| ; getdotoptuel 1 -1 => 0|
     getdotoptuel 1 2 => 0| ; getequindicatornr 1 0 => 0| ; getequindicatornr 1 2 => 0|
-)"});
-
-const trules stringlists("stringlists", options, {__LINE__, R"(
     // the count is below 0 for what is no list
     listcountstr nosuch => -2 ; listcountstr maxit => -1 ; listcountstr names => 0
 
@@ -191,7 +184,6 @@ const trules modes("lookup", "", "integers $2 ; definition $1 lookup ; gethelpnr
     Path => con_t => con_t => 0| => -1
 
     // in mode minos the first three characters of the first word count and four of each further one
-    Minos => major_iterations_limit => majxxx_iter_limi => 1|major_iterations_limit => 1
     Minos => major_iterations_limit => MAJ_ITERx_limiyy => 1|major_iterations_limit => 1
     Minos => major_iterations_limit => maj_ite_limi => 0| => -1
     Minos => major_iterations_limit => maj_iterations_lim => 0| => -1

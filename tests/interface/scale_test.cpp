@@ -129,7 +129,9 @@ TEST(scale, a_line_may_come_many_times) {
     h.parameters(repeated(verymany, columns[0] + '\n') + "note last");
     const auto becomes = [&](const char* word) { return columns[2] == word ? verymany : 0; };
     std::int32_t rejected = 0;
-    EXPECT_EQ(h.call(BOTH(listcountstr), columns[0][0] == '-' ? "--own" : "string_list"), becomes("listed"));
+    const std::string list = columns[0][0] == '-' ? "--own" : "string_list";
+    EXPECT_EQ(h.call(BOTH(listcountstr), list), becomes("listed"));
+    for (std::string text; list == "--own" && h.call(BOTH(getfromliststr), list, text) == 1;) continue;
     EXPECT_EQ(h.one(optdotoptcount, rejected), becomes("entered"));
     EXPECT_EQ(h.one(optindicatorcount, rejected), becomes("indicated"));
     EXPECT_EQ(h.value("note"), "last");

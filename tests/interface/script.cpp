@@ -7,15 +7,14 @@
 namespace testsupport {
 
 std::string brief(const std::string& message) {
-  static const std::pair<std::regex, const char*> forms[] = {
-      {std::regex(R"(\*\*\* (?:(E)rror|(V)alue Error|(W)arning|(D)efinition Error) (?:line (\d+): )?)"),
-       "$1$2$3$4$5 "},
-      {std::regex(R"~(Reading parameter\(s\) from "([^"]*)"$)~"), "+$1"},
-      {std::regex(R"~(Finished reading from "([^"]*)"$)~"), "-$1"}};
-  std::string text = message;
-  for (const auto& [form, shortform] : forms)
-    text = std::regex_replace(text, form, shortform, std::regex_constants::match_continuous);
-  return text;
+  static const std::regex head(
+      R"(\*\*\* (?:(E)rror|(V)alue Error|(W)arning|(D)efinition Error) (?:line (\d+): )?)");
+  static const std::regex enter(R"~(Reading parameter\(s\) from "([^"]*)"$)~");
+  static const std::regex leave(R"~(Finished reading from "([^"]*)"$)~");
+  const auto replaced = [](const std::string& text, const std::regex& form, const char* by) {
+    return std::regex_replace(text, form, by, std::regex_constants::match_continuous);
+  };
+  return replaced(replaced(replaced(message, head, "$1$2$3$4$5 "), enter, "+$1"), leave, "-$1");
 }
 
 std::string told(thandle& handle, bool notes) {
@@ -157,7 +156,7 @@ const taddedstep basicsteps[] = {
        return count;
      }},
     // what there is to see; messages go with that, and of the option that is named have "@" for its name
-    {"messages", [](auto& h, auto&) { return joined(h.takemessages()); }},
+    {"messages", [](auto& h, auto&) { return joined(h.messages()); }},
     {"told",
      [](auto& h, auto& option) {
        return std::regex_replace(told(h), std::regex("option \"" + option + '"'), "@");
@@ -199,15 +198,13 @@ const taddedstep each("each", [](auto& h, auto& call) {
 });
 
 // The text with the columns in it.
-std::string filled(const std::string& text, const tcolumns& columns) {
-  static const std::regex column(R"(\$(\d))");
-  std::string result;
-  auto rest = text.begin();
-  for (std::sregex_iterator at(text.begin(), text.end(), column), end; at != end; ++at) {
-    result.append(rest, (*at)[0].first).append(columns.at(std::stoul((*at)[1])));
-    rest = (*at)[0].second;
+std::string filled(std::string text, const tcolumns& columns) {
+  for (std::size_t at = text.find('$'); at != std::string::npos; at = text.find('$', at)) {
+    const std::size_t column = static_cast<std::size_t>(text[at + 1] - '0');
+    if (column < columns.size()) text.replace(at, 2, columns[column]);
+    at += column < columns.size() ? columns[column].size() : 1;
   }
-  return result.append(rest, text.end());
+  return text;
 }
 
 // A step that answers otherwise is reported at the place.
@@ -216,7 +213,8 @@ void take(thandle& h, const std::string& text, const tcolumns& columns, const tt
   const tcolumns part = columnsof(text);
   const std::string call = h.expanded(filled(part[0], columns));
   const std::string answer = h.shortened(answered(h, call));
-  if (part[0].starts_with("told") || part[0] == "problems") h.one(optclearmessages);
+  static const std::regex taking("messages|problems|told.*");
+  if (std::regex_match(part[0], taking)) h.one(optclearmessages);
   if (arrow == std::string::npos) return;
   const std::string expected = filled(part[1], columns);
   if (answer != expected)

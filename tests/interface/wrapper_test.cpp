@@ -111,11 +111,6 @@ TEST_F(wrapper, ranges_are_views_that_survive_a_move) {
   const auto all = options.all();
   const wexcorin::options moved = std::move(options);
   EXPECT_EQ(std::ranges::count_if(all, [](const auto& each) { return each.group == 3; }), 5);
-#if !defined(__clang__) || __clang_major__ >= 16  // earlier ones cannot compile the views of libstdc++
-  auto grouped = all | std::views::filter([](const auto& each) { return each.group == 3; });
-  EXPECT_EQ(shown(grouped | std::views::take(2), &option::name), "limit tol");
-  EXPECT_EQ(shown(all | std::views::reverse | std::views::take(2), &option::name), ".prior notes");
-#endif
   const auto tol =
       std::ranges::find(moved.all(), "tol", &option::name);  // outlives the range that it came from
   EXPECT_EQ(tol->help + (tol - 1)->name + all[2].name, "A tolerancelimittol");

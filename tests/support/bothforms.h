@@ -128,33 +128,24 @@ decltype(auto) slot(targument& argument) {
     return tvalueslot<targument>{{}, argument};
 }
 
-// The result of both; 0 when they have none.
-template <class tfirst, class tsecond>
-std::int32_t agreed(tfirst first, tsecond second) {
-  const auto made = [](auto call) -> std::int32_t {
-    beforecall();
-    if constexpr (!std::is_void_v<decltype(call())>) return call();
-    call();
-    return 0;
-  };
-  const std::int32_t result = made(first), other = made(second);
-  HOLDS(result == other, result, other);
-  return result;
-}
-
-// A function without handle, in both forms.
+// A function without handle, in both forms; 0 when it has no result.
 template <class tresult, class... tfirst, class... tsecond, class... targuments>
 std::int32_t call(tresult (*first)(tfirst...), tresult (*second)(tsecond...), targuments&&... arguments) {
+  const auto result = [](auto function, auto... passed) -> std::int32_t {
+    beforecall();
+    if constexpr (!std::is_void_v<tresult>) return function(passed...);
+    function(passed...);
+    return 0;
+  };
   const auto made = [&](auto&&... slots) {
     const bool both = (slots.hasboth() && ...);
     (slots.prepare(both), ...);
-    const std::int32_t result = agreed([&] { return first(slots.template pass<tfirst>(0)...); },
-                                       [&] {
-                                         return both ? second(slots.template pass<tsecond>(1)...)
-                                                     : first(slots.template pass<tfirst>(1)...);
-                                       });
+    const std::int32_t one = result(first, slots.template pass<tfirst>(0)...);
+    const std::int32_t other = both ? result(second, slots.template pass<tsecond>(1)...)
+                                    : result(first, slots.template pass<tfirst>(1)...);
+    HOLDS(one == other, one, other);
     (slots.finish(both), ...);
-    return result;
+    return one;
   };
   return made(slot<tfirst>(arguments)...);
 }

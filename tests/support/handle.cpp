@@ -72,12 +72,6 @@ tlines thandle::messages() {
   return result;
 }
 
-tlines thandle::takemessages() {
-  tlines result = messages();
-  one(optclearmessages);
-  return result;
-}
-
 tlines thandle::help(const std::string& request) {
   const std::ptrdiff_t before = one(optmessagecount);
   call(BOTH(showhelp), request);

@@ -50,8 +50,7 @@ class thandle : public bothforms::thandles {
   int parameters(std::string_view text);  // the file OPT
   void string(std::string_view text);     // optReadFromStr
 
-  tlines messages();      // as optGetMessage gives them; names of the temporary directory without it
-  tlines takemessages();  // the same, and clears them
+  tlines messages();  // as optGetMessage gives them; names of the temporary directory without it
   tlines help(const std::string& request);     // what one request adds to the messages
   std::string written();                       // the bytes that optWriteParameterFile writes
   int number(const std::string& name);         // through optFindStr, -1 for an unknown name

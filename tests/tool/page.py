@@ -7,13 +7,11 @@ try:
     from selenium.webdriver import ActionChains, Chrome, ChromeOptions, Keys
     from selenium.webdriver.chrome.service import Service
     from selenium.webdriver.common import utils
+    if not shutil.which("chromedriver"):
+        raise ImportError
 except ImportError:
-    print("python3-selenium is not installed: the page is not tried in a browser")
+    print("python3-selenium or chromium-driver is not installed: the page is not tried in a browser")
     sys.exit(77)
-if not shutil.which("chromedriver"):
-    print("chromium-driver is not installed: the page is not tried in a browser")
-    sys.exit(77)
-
 
 
 class Driver(Service):  # is reached by its address: a bare system does not know the name of localhost

@@ -24,16 +24,6 @@
 #include "options/vksoptions.h"
 #include "support/handle.h"
 
-// The linker hands calls of memmove to __wrap_memmove.
-static std::size_t movedbytes = 0;
-// NOLINTBEGIN(bugprone-reserved-identifier)
-extern "C" void* __real_memmove(void*, const void*, std::size_t);
-extern "C" void* __wrap_memmove(void* to, const void* from, std::size_t size) {
-  movedbytes += size;
-  return __real_memmove(to, from, size);
-}
-// NOLINTEND(bugprone-reserved-identifier)
-
 namespace optcore::librarytest {
 
 TEST(pchutil, texts_of_255_and_more_characters_are_replaced_and_copies_end_in_a_zero) {
@@ -173,23 +163,6 @@ TEST(scanner, files_come_back_line_by_line_whatever_the_block_they_end_in) {
       for (; !scanner.atlineend(); scanner.nextch()) read += scanner.ch();
     EXPECT_EQ(read, expected + "last\n");
   }
-}
-
-// Removing each text by itself would move all others: for 10,000 texts, 400 MB.
-TEST(stringlists, a_long_list_is_emptied_from_its_front_with_work_in_proportion_to_its_length) {
-  constexpr int count = 10'000;
-  const testsupport::ttempdir directory;
-  tvksoptions store;
-  store.optreaddefinition(directory.write("def", "l strlist 1 1 1\n"));
-  auto& list = as<tstrlistoption>(*store.definition().getobjects(1));
-  for (int text = 0; text < count; ++text) list.setasstring("text");
-  movedbytes = 0;
-  for (int text = 0; text < count; ++text) list.takefirst();
-  EXPECT_EQ(list.itemcount(), 0);
-#ifndef WEXCORIN_SANITIZED  // which moves bytes by functions of its own
-  EXPECT_GT(movedbytes, 0U);
-#endif
-  EXPECT_LT(movedbytes, count * 100U);
 }
 
 TEST(systemerrors, have_a_code_where_the_system_has_no_words) {

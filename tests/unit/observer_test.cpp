@@ -27,7 +27,6 @@ struct trecords : tstoreobserver {
     constexpr const char* kinds[] = {"Echo",       "Help",  "Definition", "Value", "Warning",
                                      "Deprecated", "Enter", "Leave",      "Limit", "User"};
     constexpr const char* problems[] = {"", " unknown option", " unknown dot option", " illegal value"};
-    ++count;
     const bool isnote = message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave;
     if (isnote && !showsnotes) return;
     text += std::string(text.empty() ? "" : " | ") + kinds[ordinal(message.kind)] + ' ';
@@ -43,7 +42,6 @@ struct trecords : tstoreobserver {
   }
   tvksoptions* echoing = nullptr;  // the store that begins to echo when a value is set
   std::string text;
-  int count = 0;
   bool showsnotes = false;  // those on entering and leaving a source
 };
 
@@ -60,7 +58,6 @@ struct tobserved {
     if (word == "definition") store.optreaddefinition(directory.write("DEF", expanded));
     if (word == "string") store.optreadfromstr(expanded);
     if (word == "buffer") store.optreadfrompchar(expanded.c_str());
-    if (word == "open") store.optreadparameterfile(expanded), store.optreaddefinition(expanded);
     if (word == "echo") store.optechoset(true);
     if (word == "echolater") records.echoing = &store;
     if (word == "help") store.optshowhelp(expanded);
@@ -89,7 +86,6 @@ const testsupport::ttests records("records", {__LINE__, R"~(
     definition x widget\ny integer 1 q 0 9 1 1 => Definition DEF:1 'Bad usermap value for option "x"' [x,,]
       | Definition DEF:1 'Unknown option type "widget" for option "x"' [x,,]
       | Definition DEF:2 'Bad default value for option "y"' [y,,]
-    definition z synonym none => Definition DEF:1 'Unknown option for synonym"z"' [z,,]
 
     // an unknown option is a problem with the name that was typed
     file nosuch 1\n\n-NoSuch 2 => User OPT:1 'Unknown option "nosuch"' [nosuch,,] unknown option
@@ -142,11 +138,6 @@ const testsupport::ttests records("records", {__LINE__, R"~(
       | Value string 'Integer expected, for option "i" saw "x"' [i,i,x] | Leave string 'string'
     buffer i x => Value pchar 'Integer expected, for option "i" saw "x"' [i,i,x]
 
-    // a file that cannot be read is reported with the reason
-    open none => User 'Cannot open parameter file "none"'
-      | User 'Error code = 2; No such file or directory' explains
-      | Definition 'Cannot open option file "none"'
-      | Definition 'Error code = 2; No such file or directory' explains
     // an echoed line has its source as well
     echo ; inner i 2 ; file * c\nread %DIR%/inner
       => Echo OPT:1 ' * c' | Echo OPT:2 ' read inner' | Echo inner:1<OPT:2 ' i 2'
@@ -158,12 +149,5 @@ const testsupport::ttests records("records", {__LINE__, R"~(
     file say hello => User OPT:1 'hello' [say,say,hello]
 )~"},
                                   check);
-
-TEST(records, go_on_when_the_list_of_messages_is_full) {
-  tobserved observed;
-  for (int text = 0; text < 6000; ++text) observed.store.addmessage(tmsgkind::usererror, "text");
-  EXPECT_EQ(observed.store.messages().count(), 5001);
-  EXPECT_EQ(observed.records.count, 6000);
-}
 
 }  // namespace optcore::observertest
