@@ -69,7 +69,7 @@ bool tminiparser::nextfileline() {
     ++flinenr;  // cannot overflow: tlinereader limits the size of a file
     if (fechoflag) flushecho({line.text, line.length});
     if (line.length == 0 || line.text[0] == '*') continue;
-    fposition = line.text;
+    fposition = flinebegin = line.text;
     flineend = line.text + line.length;
     *flineend = endofline;
     return true;
@@ -81,7 +81,7 @@ bool tminiparser::nexttextline() {
     endinput();
     return false;
   }
-  fposition = ftext.get();
+  fposition = flinebegin = ftext.get();
   flineend = fposition + ftextlength;
   return ftextlength != 0;
 }

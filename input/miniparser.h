@@ -113,6 +113,9 @@ class tminiparser final : public tlinesource {
   std::int32_t linenr() const override { return flinenr; }
   tsourcekind sourcekind() const override { return fkind; }
   std::string_view sourcename() const override { return fsourcename.view(); }
+  std::string_view linetext() const override {
+    return fposition == &fnothing ? std::string_view() : std::string_view(flinebegin, flineend);
+  }
   void setecho(bool echo) override { fechoflag = echo; }
   // The system's error code if reading failed in the middle of a file, otherwise 0.
   std::int32_t readerror() const noexcept { return ffile.readerror(); }
@@ -172,7 +175,8 @@ class tminiparser final : public tlinesource {
   std::size_t ftextlength = 0;
   char fnothing = endofinput;   // the current character when there is no line
   char* fposition = &fnothing;  // the current character
-  char* flineend = nullptr;     // the endofline at the end of the line, which stops the loops
+  char* flinebegin = nullptr;
+  char* flineend = nullptr;  // the endofline at the end of the line, which stops the loops
   std::int32_t flinenr = 0;
   tsourcekind fkind = tsourcekind::file;
   bool fechoflag;

@@ -59,7 +59,10 @@ bool document(treading& reading, const tdocarguments& arguments) {
     return writeoutput(reading, arguments);
   } catch (const trefuseddocument& refused) {
     for (const std::string& reason : refused.reasons())
-      reading.add({{reading.definition()}, tseverity::error, reason});
+      reading.add({.place = {reading.definition()},
+                   .severity = tseverity::error,
+                   .rule = "document",
+                   .text = reason});
     return true;
   }
 }

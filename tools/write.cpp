@@ -26,7 +26,11 @@ std::string written(treading& reading, const std::string& output, const std::str
 void write(treading& reading, const std::string& output) {
   const std::string name = output == "-" ? "<stdout>" : output;
   const auto warn = [&](const std::string& text, const std::vector<std::string>& details) {
-    reading.add({.place = {name}, .severity = tseverity::warning, .text = text, .details = details});
+    reading.add({.place = {name},
+                 .severity = tseverity::warning,
+                 .rule = "not-read-back",
+                 .text = text,
+                 .details = details});
   };
   // The definition is read again before writing, because the output may overwrite its file.
   optcore::tvksoptions fresh;

@@ -79,9 +79,10 @@ for command in "check none.def -", "show examples/first.def none.opt":
     runs(f"wexcorin {command}", None, None, 2)
 runs("wexcorin help examples/first.def limt", None,
      'wexcorin: there is no option "limt"; did you mean "limit"?\n', 1)
-expect("more findings than the library keeps messages",
-       run("wexcorin check examples/first.def -", 6000 * "zzz 1\n")[0].split("\n")[-3:],
-       ['<stdin>:6000: error: Unknown option "zzz"', "6000 errors, 0 warnings; 4 options, 0 set", ""])
+expect("more findings of one kind than are listed, and one of another",
+       run("wexcorin check examples/first.def - --limit 5500", 6000 * "zzz 1\n" + "maxit x\n")[0].split("\n")[-4:],
+       ['<stdin>:5500: error: Unknown option "zzz"', '<stdin>:6001: error: Integer expected, for option "maxit" saw "x"',
+        "6001 errors, 0 warnings (500 of them not listed); 4 options, 0 set", ""])
 
 # Names are suggested, nearest first, as the lookup mode wants them typed, and never the one that was typed.
 write("minos.def", "Minos lookup\nmajor_iterations integer 1 5 0 9 1 1 A\nmethod string 1 a 1 1 A\n")
@@ -92,6 +93,18 @@ for definition, option, suggestion in (
         ("minos", "mtehod slow", "method"), ("path", "tol_x 5", 'tol_xy" or "tol_xyz')):
     out = run(f"wexcorin check {definition}.def -", option)[0]
     expect_part(option, out, f'; did you mean "{suggestion}"?\n')
+
+# What a name may have been meant to be, when it is written as in other formats or not quite right.
+for typed, name in {
+        "time/limit 5": "time_limit", "time.limit 5": "time_limit", "time-limit 5": "time_limit",
+        "limits/time-limit 5": "time_limit", "orrery.time_limit 5": "time_limit", "orrery_time_limit 5": "time_limit",
+        "time_limit/s 5": "time_limit", "time_limit_s 5": "time_limit",
+        "set time_limit 5": "time_limit", "set time/limt 5": "time_limit", "option threads=8": "threads",
+        "threads8": "threads", "time_limit:5": "time_limit", "timelimit 5": "time_limit",
+        "tiem_limit 5": "time_limit", "cores/x 5": "threads", "time_l 5": "time_limit"}.items():
+    expect_part(typed, run("wexcorin check examples/solver.def -", typed)[0], f'did you mean "{name}"?\n')
+expect_part("tree", run("wexcorin check examples/solver.def -", "limit 5")[0],
+            '; did you mean "limit_list", "time_limit" or "work_limit"?\n')
 
 written = 'vents=60\nglaze\ncone=a\ncone="b c"\nnote=R\udce4tsel\n'
 runs("wexcorin write examples/types.def - -o -", written, None, stdin=written)
