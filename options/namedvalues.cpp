@@ -74,7 +74,7 @@ std::int32_t tvksoptions::optgetfromliststr(std::string_view name, ttextout valu
 
 // A flag other than 0 asks for a list whose name begins with two dashes, 0 for any other list. The name that
 // is returned is that of the last list that was examined, whether it matched or not. It is written only once:
-// a longer name written before it would leave its end behind the text in the buffer.
+// a longer name written before it would leave its end after the text in the buffer.
 bool tvksoptions::optgetfromanystrlist(std::int32_t flag, ttextout name, ttextout value) {
   tstrlistoption* last = nullptr;
   bool found = false;

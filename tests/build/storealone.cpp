@@ -1,5 +1,5 @@
-// A program of base/ and options/ alone: the store works without readers, writers and entry points. That it
-// links is what is tested first.
+// A program that is linked from base/ and options/ alone. This shows that the store neither needs readers,
+// writers and entry points to link nor to work.
 #include <cstdio>
 
 #include "options/globals.h"
