@@ -44,7 +44,8 @@ void tmessagelist::addoutofmemory() noexcept {
 
 void tmessagelist::addinternalerror() noexcept {
   try {
-    add({.kind = tmsgkind::usererror, .text = "Internal error"});
+    fileoutofmemory();
+    file({.kind = tmsgkind::usererror, .text = "Internal error"});
   } catch (...) {
     addoutofmemory();
   }
@@ -56,9 +57,18 @@ void tmessagelist::fileoutofmemory() {
   foutofmemory = false;
 }
 
-void tmessagelist::add(const tmessage& message) {
+void tmessagelist::addmessage(tmsgkind kind, std::string_view text) { add(kind, text, false, {}); }
+
+void tmessagelist::addmessage(tmsgkind kind, std::string_view text, const tsubject& subject) {
+  add(kind, text, false, subject);
+}
+
+void tmessagelist::addexplanation(tmsgkind kind, std::string_view text) { add(kind, text, true, {}); }
+
+void tmessagelist::add(tmsgkind kind, std::string_view text, bool explains, const tsubject& subject) {
+  if (ignores(kind)) return;
   fileoutofmemory();
-  file(message);
+  file({kind, text, explains, subject, fsource, fsource != nullptr ? fsource->linenr() : 0});
 }
 
 void tmessagelist::addecho(std::string_view line, const tlinesource& source) {
