@@ -44,8 +44,7 @@ void tmessagelist::addoutofmemory() noexcept {
 
 void tmessagelist::addinternalerror() noexcept {
   try {
-    fileoutofmemory();
-    file({.kind = tmsgkind::usererror, .text = "Internal error"});
+    add({.kind = tmsgkind::usererror, .text = "Internal error"});
   } catch (...) {
     addoutofmemory();
   }
@@ -57,18 +56,21 @@ void tmessagelist::fileoutofmemory() {
   foutofmemory = false;
 }
 
-void tmessagelist::addmessage(tmsgkind kind, std::string_view text) { add(kind, text, false, {}); }
-
-void tmessagelist::addmessage(tmsgkind kind, std::string_view text, const tsubject& subject) {
-  add(kind, text, false, subject);
+void tmessagelist::addmessage(tmsgkind kind, std::string_view text) {
+  if (!ignores(kind)) add({kind, text, false, {}, fsource, linenr()});
 }
 
-void tmessagelist::addexplanation(tmsgkind kind, std::string_view text) { add(kind, text, true, {}); }
+void tmessagelist::addmessage(tmsgkind kind, std::string_view text, const tsubject& subject) {
+  if (!ignores(kind)) add({kind, text, false, subject, fsource, linenr()});
+}
 
-void tmessagelist::add(tmsgkind kind, std::string_view text, bool explains, const tsubject& subject) {
-  if (ignores(kind)) return;
+void tmessagelist::addexplanation(tmsgkind kind, std::string_view text) {
+  if (!ignores(kind)) add({kind, text, true, {}, fsource, linenr()});
+}
+
+void tmessagelist::add(const tmessage& message) {
   fileoutofmemory();
-  file({kind, text, explains, subject, fsource, fsource != nullptr ? fsource->linenr() : 0});
+  file(message);
 }
 
 void tmessagelist::addecho(std::string_view line, const tlinesource& source) {

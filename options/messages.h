@@ -73,7 +73,8 @@ class tmessagelist {
 
   static constexpr std::int32_t maxmessages = 5000;
 
-  void add(tmsgkind kind, std::string_view text, bool explains, const tsubject& subject);
+  std::int32_t linenr() const { return fsource != nullptr ? fsource->linenr() : 0; }
+  void add(const tmessage& message);
   void file(const tmessage& message);
   void append(tmsgkind kind, std::string_view text);
   void fileoutofmemory();
