@@ -38,7 +38,7 @@ void addearlyend(treading& reading) {
     reading.add({.place = {reading.definition(), line},
                  .severity = tseverity::warning,
                  .rule = "early-end",
-                 .text = "The definition ends here, because no definition can begin like this line; "
+                 .text = "The definition ends here, because no line of a definition can begin like this one; "
                          "this line and all that follow are not read"});
 }
 

@@ -158,11 +158,12 @@ void treading::filed(const tmessage& message) {
 
 void treading::assigned(const toption& option, std::int32_t bits) {
   if (!fassignments) return;
-  const tlinesource* source = fstore.activesource();
+  const tlinesource* source = fstore.messages().activesource();
   const std::int32_t line = source != nullptr ? source->linenr() : 0;
   const tassignments::tearlier* earlier = fassignments->replaced(option, bits, nameof(source), line);
   if (earlier == nullptr) return;
-  if (ffindings.keeps(replacedrule))
+  flistreplaced = flistreplaced && ffindings.keeps(replacedrule);
+  if (flistreplaced)
     ffindings.begin(replacedfinding(option, bits, *earlier, placeof(source, line)));
   else
     ffindings.countunlisted(tseverity::warning);

@@ -77,6 +77,7 @@ class treading final : optcore::tstoreobserver {
   optcore::tvksoptions fstore;
   tsuggester fsuggester{fstore};
   std::optional<tassignments> fassignments;
+  bool flistreplaced = true;  // findings about values that are set again are still listed
   tfindinglist ffindings;
   std::string fdefinition;
   std::string fdefinitionpath;
