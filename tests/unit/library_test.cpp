@@ -127,14 +127,14 @@ TEST(store, values_by_class_and_name) {
 TEST(scanner, the_next_character_runs_across_the_lines_of_a_file_only) {
   const testsupport::ttempdir directory;
   tmessagelist messages;
-  tminiparser file(messages, false, {});
+  tminiparser file(messages, {});
   EXPECT_EQ(file.fileopen(directory.path("none")), ENOENT);
   ASSERT_EQ(file.fileopen(directory.write("lines", "ab\n\n*comment\nc")), 0);
   std::string seen;
   for (file.nextline(); file.ch() != tminiparser::endofinput; file.nextch())
     seen += file.ch() == tminiparser::endofline ? '|' : file.ch();
   EXPECT_EQ(seen, "ab|c|");
-  tminiparser text(messages, false, {});
+  tminiparser text(messages, {});
   text.readfromstr("a");
   seen = text.ch();
   EXPECT_TRUE(text.nextline());
@@ -157,7 +157,7 @@ TEST(scanner, files_come_back_line_by_line_whatever_the_block_they_end_in) {
         expected += line.substr(0, 1020) + '\n';
       }
     tmessagelist messages;
-    tminiparser scanner(messages, false, {});
+    tminiparser scanner(messages, {});
     ASSERT_EQ(scanner.fileopen(directory.write("lines", bytes + "last\r")), 0);
     for (; scanner.nextline(); read += '\n')
       for (; !scanner.atlineend(); scanner.nextch()) read += scanner.ch();
