@@ -160,6 +160,29 @@ TEST_F(host, threadsWithTinyStacks) {
   }
 }
 
+// A thread that is to be cancelled finishes the calls of the library first.
+TEST_F(host, cancelledThread) {
+  struct twork {
+    std::string file;
+    wexcorin::options options = ::host::begin();
+    bool isdone = false;
+  } work{file("written")};
+  pthread_t thread{};
+  const auto run = [](void* argument) -> void* {
+    auto& mine = *static_cast<twork*>(argument);
+    pthread_cancel(pthread_self());
+    mine.options.readparameterfile("examples/solver.opt");
+    mine.isdone = mine.options.writeparameterfile(mine.file) == 0;
+    pthread_testcancel();
+    return nullptr;
+  };
+  ASSERT_EQ(pthread_create(&thread, nullptr, run, &work), 0);
+  void* result = nullptr;
+  pthread_join(thread, &result);
+  EXPECT_TRUE(work.isdone);
+  EXPECT_EQ(result, PTHREAD_CANCELED);
+}
+
 // Both processes go on with the handle.
 TEST_F(host, fork) {
   wexcorin::options options = ::host::begin();
