@@ -1,7 +1,7 @@
 // What all entry points share: `in` makes a view of a text argument, `out` wraps the buffer of a text result,
-// `barrier` lets no exception pass, and `guarded` also sees to the floating-point settings. Views and wrappers
-// point into the caller's buffers; nothing is owned here. The entry points themselves are in the files
-// exports_*.cpp.
+// `barrier` lets no exception pass, and `guarded` also sees to the floating-point settings. Views and
+// wrappers point into the caller's buffers; nothing is owned here. The entry points themselves are in the
+// files exports_*.cpp.
 #pragma once
 
 #include <cstdint>
