@@ -8,6 +8,7 @@
 
 #include "base/heldsignals.h"
 #include "base/systemerror.h"
+#include "options/vksoptions.h"
 
 namespace optcore {
 
@@ -36,9 +37,7 @@ int print(std::string_view text) noexcept {
 
 }  // namespace
 
-void tvksoptions::optshowhelp(std::string_view hlpmsg) { showhelp(*this, hlpmsg); }
-
-void showhelp(tvksoptions& store, std::string_view request) { thelplisting(store).show(request); }
+void tvksoptions::optshowhelp(std::string_view hlpmsg) { thelplisting(fdefinition, fmessages).show(hlpmsg); }
 
 std::int32_t tmysortstringlist::compare(std::int32_t i, std::int32_t j) const {
   return strucmpnum(getname(i), getname(j));
@@ -52,8 +51,9 @@ void thelplisting::show(std::string_view request) {
     level = summarybit;
   }
   if (level < 1) level = defaultlevel;
-  const std::int32_t shown =
-      fstore.ignores(tmsgkind::help) ? standardoutputbit : summarybit | alphabeticalbit | standardoutputbit;
+  const std::int32_t shown = fmessages.ignores(tmsgkind::help)
+                                 ? standardoutputbit
+                                 : summarybit | alphabeticalbit | standardoutputbit;
   if ((level & shown) == 0) return;
   collectnames();
   if ((level & summarybit) != 0) summary((level & marksbit) != 0);
@@ -92,14 +92,14 @@ void thelplisting::addbuf(std::string_view piece) {
   if (!piece.empty()) {
     fbuffer.append(piece);
   } else if (!fbuffer.empty()) {
-    fstore.addmessage(tmsgkind::help, fbuffer);
+    fmessages.addmessage(tmsgkind::help, fbuffer);
     fbuffer.clear();
   }
 }
 
 void thelplisting::blankline() {
   endline();
-  fstore.addmessage(tmsgkind::help, {});
+  fmessages.addmessage(tmsgkind::help, {});
 }
 
 // ---- summary by group
@@ -234,8 +234,8 @@ void thelplisting::tostandardoutput() const {
     text.append("\n");
   }
   if (const int error = print(text); error != 0) {
-    fstore.addmessage(tmsgkind::usererror, "Cannot write help to standard output");
-    fstore.addexplanation(tmsgkind::usererror, concat("   ", errorcodetext(error).view()));
+    fmessages.addmessage(tmsgkind::usererror, "Cannot write help to standard output");
+    fmessages.addexplanation(tmsgkind::usererror, concat("   ", errorcodetext(error).view()));
   }
 }
 
