@@ -20,8 +20,9 @@ std::int32_t readdefinition(tvksoptions& store, std::string_view filename) {
   };
   store.definition().setfilename(filename);
   store.definition().setearlyend(0);
+  twaiting waiting;
   tminiparser scanner(store.messages(), store.echo(), tcharset());
-  if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
+  if (const std::int32_t code = scanner.fileopen(filename, waiting); code != 0) {
     fileproblem("Cannot open option file ", code);
     return code;
   }

@@ -2,12 +2,16 @@
 // very long line is kept, so memory does not depend on the input. What the lines mean is left to the scanner.
 #pragma once
 
+#include <sys/types.h>
+
 #include <algorithm>
 #include <cassert>
 #include <cstddef>
 #include <cstring>
 #include <memory>
 #include <string_view>
+
+#include "base/waiting.h"
 
 namespace optcore {
 
@@ -21,8 +25,9 @@ class tlinereader {
   ~tlinereader() { close(); }
 
   // Opens the file and reads its first block. Returns 0, or the system's error code if either fails.
-  // Directories fail, and so do FIFOs that no program opens for writing within some seconds (ETIMEDOUT).
-  int open(std::string_view filename);
+  // Directories fail, and so do FIFOs that no program opens for writing or writes to in time (ETIMEDOUT).
+  // `waiting` must outlive the reading.
+  int open(std::string_view filename, twaiting& waiting);
   void close() noexcept;
 
   // A line in the block. Its characters and the one behind them may be changed. Valid until the next call of
@@ -50,8 +55,9 @@ class tlinereader {
   // and the number of a line must fit 32 bits.
   static constexpr std::ptrdiff_t maxfile = 0x7FFFFFFF;
 
-  void begin() noexcept;
+  int waitforwriter() noexcept;
   bool readmore() noexcept;
+  ssize_t readonce() noexcept;
   bool fill() noexcept;
   tline nextbyreading();
   void skiprestofline() noexcept;
@@ -75,6 +81,7 @@ class tlinereader {
   }
 
   int fdescriptor = -1;
+  twaiting* fwaiting = nullptr;
   int freaderror = 0;
   bool fatend = true;
   std::ptrdiff_t funread = 0;  // how many bytes may still be read

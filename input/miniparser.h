@@ -31,8 +31,8 @@ class tminiparser final : public tlinesource {
   tminiparser(tmessagelist& messages, bool echo, const tcharset& commentset);
 
   // ---- sources: exactly one of these functions is called, once; then reading begins with nextline
-  // Returns 0 or the system's error code.
-  std::int32_t fileopen(std::string_view filename);
+  // Returns 0 or the system's error code. `waiting` must outlive the scanner.
+  std::int32_t fileopen(std::string_view filename, twaiting& waiting);
   // Copy the text, which is the only line of the source, and echo it. readfromstr uses at most 255
   // characters.
   void readfromstr(std::string_view text);

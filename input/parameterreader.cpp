@@ -42,7 +42,7 @@ void tvksoptions::optreadfrompchar(const char* text) { tparameterreading(*this).
 
 std::int32_t tparameterreading::readfile(std::string_view filename) {
   tminiparser scanner(fstore.messages(), fstore.echo(), fstore.definition().eolcommset());
-  if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
+  if (const std::int32_t code = scanner.fileopen(filename, fwaiting); code != 0) {
     fileproblem("Cannot open parameter file ", filename, code);
     return code;
   }

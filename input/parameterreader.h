@@ -48,6 +48,7 @@ class tparameterreading {
   void fileproblem(std::string_view problem, std::string_view filename, std::int32_t code);
 
   tvksoptions& fstore;
+  twaiting fwaiting;
   std::int32_t fnestlevel = 0;  // how deep the open files nest
   std::int32_t ffilesread = 0;  // how many files this call has read
 };

@@ -2,6 +2,7 @@
 #include "output/textfile.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -17,8 +18,7 @@ std::int32_t ttextfile::open(std::string_view filename) {
   const std::string name(filename);
   if (name.find('\0') != std::string::npos)
     return ferror = ENOENT;  // the system would ignore the rest of the name
-  do fdescriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  while (fdescriptor < 0 && errno == EINTR);
+  fdescriptor = fwaiting.open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC);
   ferror = fdescriptor < 0 ? errno : 0;
   if (ferror != 0) return ferror;
   fnext = fblock.get();
@@ -45,6 +45,8 @@ void ttextfile::flush() noexcept {
       unwritten += count;
     else if (count == 0)
       ferror = EIO;
+    else if (errno == EAGAIN)
+      ferror = fwaiting.untilready(fdescriptor, POLLOUT);
     else if (errno != EINTR)
       ferror = errno;
   }

@@ -167,10 +167,11 @@ WEXCORIN_API void xfree(tvksoptions** handle);
 /* --------------------------------------------------------------------------
  * Reading
  *
- * A file is given by its path; pipes and devices are read like files. A FIFO that no program opens for
- * writing within five seconds counts as a file that cannot be opened (ETIMEDOUT). When a file cannot be read
- * to its end, two messages report it, of which the first begins with "Cannot read"; what was read before
- * takes effect. The same holds for a file of more than 2 GiB (EFBIG).
+ * A file is given by its path; pipes and devices are read like files. One call waits for pipes, FIFOs and
+ * terminals for 60 seconds at most, whatever number of files it opens; 5 of these seconds are for programs
+ * that open the other end of a FIFO. After that, a file without data cannot be opened or not be read to its
+ * end (ETIMEDOUT). When a file cannot be read to its end, two messages report it, of which the first begins
+ * with "Cannot read"; what was read before takes effect. The same holds for a file of more than 2 GiB (EFBIG).
  */
 
 /* Reads a definition file: options, groups, synonyms and the other parts of a solver's description. Call it
@@ -219,7 +220,8 @@ WEXCORIN_API int32_t coptreadfromliststr(tvksoptions* handle, const char* name, 
  * not 0, in the order of the definition, then the dot entries and the indicators. filename is the path of the
  * file; an existing file is replaced. The result is 0 when the file could be opened. Otherwise it is the
  * error code of the operating system, and two messages of kind optMsgUserError are filed. The same messages
- * are filed, with result 0, when the file could be opened but not written to its end. */
+ * are filed, with result 0, when the file could be opened but not written to its end. A FIFO is waited for as
+ * in reading: 5 seconds for a program that reads it, and 60 seconds in all (ETIMEDOUT). */
 WEXCORIN_API int32_t optwriteparameterfile(tvksoptions* handle, const optshortstring* filename);
 WEXCORIN_API int32_t coptwriteparameterfile(tvksoptions* handle, const char* filename);
 
