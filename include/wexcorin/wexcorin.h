@@ -52,8 +52,10 @@
  *     thread-safe.
  *
  * 12. Out of memory. The call fails and the handle stays usable. The result is then a null handle, ENOMEM for
- *     a function that returns an error code of the operating system, and otherwise 0. The message "Out of
- *     memory" is filed as soon as there is memory for it; it counts as an error at once.
+ *     a function that returns an error code of the operating system, -1 for optlookup and optgetgroupgrpnr,
+ *     and otherwise 0; outputs may be unchanged. A query can fail, too, because a long list of names needs an
+ *     index. The message "Out of memory" is filed as soon as there is memory for it; it counts as an error at
+ *     once.
  *
  * 13. Locale. Numbers are read and written with a decimal point, whatever the locale of the process is.
  *

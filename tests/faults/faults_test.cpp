@@ -19,6 +19,7 @@
 #include <regex>
 #include <thread>
 
+#include "base/nameindex.h"
 #include "support/handle.h"
 
 namespace {
@@ -294,6 +295,28 @@ TEST(faults, ateverypoint) {
     } while (happened());
     EXPECT_GT(which, 1);
     EXPECT_EQ(istold, row.effect != interrupted);
+  }
+}
+
+// A long list is not walked for each of many names.
+TEST(faults, without_memory_for_an_index_only_a_short_list_is_searched) {
+  for (const std::int32_t items : {500, 501}) {
+    optcore::tnameindex index;
+    const auto numberat = [](std::int32_t position) { return optcore::tnumberkey{position}; };
+    const auto search = [&] { return index.find(items, optcore::tnumberkey{items - 1}, numberat); };
+    plan(toperation::allocation, teffect::failsforgood, 1);
+    armed = true;
+    std::int32_t found = -1;
+    bool failed = false;
+    try {
+      found = search();
+    } catch (const std::bad_alloc&) {
+      failed = true;
+    }
+    armed = false;
+    EXPECT_EQ(failed, items > 500);
+    EXPECT_EQ(found, failed ? -1 : items - 1);
+    EXPECT_EQ(search(), items - 1);
   }
 }
 
