@@ -13,18 +13,8 @@
 
 namespace optcore {
 
-namespace {
-
-bool isfifo(int descriptor) noexcept {
-  struct stat status {};
-  return ::fstat(descriptor, &status) == 0 && S_ISFIFO(status.st_mode);
-}
-
-}  // namespace
-
 int tlinereader::open(std::string_view filename, twaiting& waiting) {
   close();
-  if (fblock == nullptr) fblock = std::make_unique_for_overwrite<char[]>(blocksize + 1);
   const std::string name(filename);
   if (name.find('\0') != std::string::npos) return ENOENT;  // the system would ignore the rest
   fwaiting = &waiting;
@@ -32,11 +22,28 @@ int tlinereader::open(std::string_view filename, twaiting& waiting) {
   if (fdescriptor < 0) return errno;
   fatend = false;
   funread = maxfile;
-  fbegin = fend = fblock.get();
-  freaderror = isfifo(fdescriptor) ? waitforwriter() : 0;
+  askstatus();
+  makeblock();
+  freaderror = fstatus.isfifo ? waitforwriter() : 0;
   if (freaderror == 0 && unread() == 0) readmore();
   if (freaderror != 0) close();
   return freaderror;
+}
+
+void tlinereader::askstatus() noexcept {
+  struct stat status {};  // stays zero if fstat fails
+  ::fstat(fdescriptor, &status);
+  fstatus = {status.st_dev, status.st_ino, 0, S_ISREG(status.st_mode), S_ISFIFO(status.st_mode)};
+  if (fstatus.isordinary) fstatus.size = std::min<std::int64_t>(status.st_size, maxfile);
+}
+
+// One byte more than the file has is needed to see its end.
+void tlinereader::makeblock() {
+  fblocksize = largestblock;
+  if (fstatus.isordinary)
+    fblocksize = std::clamp(static_cast<std::size_t>(fstatus.size) + 1, smallestblock, largestblock);
+  fblock = std::make_unique_for_overwrite<char[]>(fblocksize + 1);
+  fbegin = fend = fblock.get();
 }
 
 // A FIFO that no program has open for writing looks as if it were at its end. Waits until one has. Returns 0
@@ -75,7 +82,7 @@ bool tlinereader::readmore() noexcept {
 // Reads what is there. Returns the number of bytes, 0 at the end, -1 with the error code in errno.
 ssize_t tlinereader::readonce() noexcept {
   ssize_t count;
-  do count = ::read(fdescriptor, fend, static_cast<std::size_t>(fblock.get() + blocksize - fend));
+  do count = ::read(fdescriptor, fend, static_cast<std::size_t>(fblock.get() + fblocksize - fend));
   while (count < 0 && errno == EINTR);
   if (count > funread) {
     errno = EFBIG;
@@ -99,7 +106,7 @@ bool tlinereader::fill() noexcept {
 
 // Returns the next line when the block does not contain its end.
 tlinereader::tline tlinereader::nextbyreading() {
-  for (std::size_t searched = unread(); searched < blocksize && fill(); searched = unread())
+  for (std::size_t searched = unread(); searched < fblocksize && fill(); searched = unread())
     if (char* feed = findfeed(searched)) return takeline(feed);
   char* const line = fbegin;
   const std::size_t length = unread();

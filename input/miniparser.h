@@ -116,6 +116,11 @@ class tminiparser final : public tlinesource {
   void setecho(bool echo) override { fechoflag = echo; }
   // The system's error code if reading failed in the middle of a file, otherwise 0.
   std::int32_t readerror() const noexcept { return ffile.readerror(); }
+  // What the system says about the file that was opened, and how much of it was read.
+  const tfilestatus& filestatus() const noexcept { return ffile.status(); }
+  std::int64_t bytesread() const noexcept { return ffile.bytesread(); }
+  // The length of a text in memory.
+  std::size_t textlength() const noexcept { return ftextlength; }
 
  private:
   // The classes of characters, as bits: one test covers several classes.

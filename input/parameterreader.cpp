@@ -41,18 +41,35 @@ void tvksoptions::optreadfromstr(std::string_view text) { tparameterreading(*thi
 void tvksoptions::optreadfrompchar(const char* text) { tparameterreading(*this).readpchar(text); }
 
 std::int32_t tparameterreading::readfile(std::string_view filename) {
+  if (fbytes.hasrefused()) return refuse(filename);
   tminiparser scanner(fstore.messages(), fstore.echo(), fstore.definition().eolcommset());
   if (const std::int32_t code = scanner.fileopen(filename, fwaiting); code != 0) {
     fileproblem("Cannot open parameter file ", filename, code);
     return code;
   }
+  if (!fbytes.admits(scanner.filestatus())) return refuse(filename);
   const tactivesource active(fstore, scanner);
   fstore.addmessage(tmsgkind::fileenter, filename);
   parsefile(scanner);
+  fbytes.wasread(scanner.filestatus(), scanner.bytesread());
   if (const std::int32_t code = scanner.readerror(); code != 0)
     fileproblem("Cannot read parameter file ", filename, code);
   fstore.addmessage(tmsgkind::fileleave, filename);
   return 0;
+}
+
+// From the first refusal on, no file is opened: a text can name very many.
+std::int32_t tparameterreading::refuse(std::string_view filename) {
+  fstore.addmessage(tmsgkind::usererror,
+                    concat("Too many bytes read again; file ", quoted(filename), " ignored"));
+  return 0;
+}
+
+void tparameterreading::showhelp(std::string_view request) {
+  if (fhelp > mosthelp)
+    fstore.addmessage(tmsgkind::usererror, "Too much help requested; request ignored");
+  else
+    fhelp += fstore.optshowhelp(request);
 }
 
 void tparameterreading::readstring(std::string_view text) {
@@ -69,6 +86,7 @@ void tparameterreading::readpchar(const char* text) {
 
 void tparameterreading::readtext(tminiparser& scanner) {
   const tactivesource active(fstore, scanner);
+  fbytes.addtext(scanner.textlength());
   fstore.addmessage(tmsgkind::fileenter, scanner.sourcename());
   parse(scanner);
   fstore.addmessage(tmsgkind::fileleave, scanner.sourcename());
@@ -215,7 +233,7 @@ void tparameterreader::immediate(const timmediateoption& option) {
   std::string_view text;
   if (!fscanner.nexttoken(text)) {
     if (option.immkind() == timmkind::help)
-      fstore.optshowhelp({});
+      freading.showhelp({});
     else
       error(concat("Value expected for immediate option ", quoted(fkey)), {fkey, &option});
     return;
@@ -225,7 +243,7 @@ void tparameterreader::immediate(const timmediateoption& option) {
     case timmkind::readfile: freading.readfile(text); break;
     case timmkind::message: error(text, {fkey, &option, text}); break;
     case timmkind::nobounds: fstore.optnoboundsset(checkboolean(text) != tbooleanword::no); break;
-    case timmkind::help: fstore.optshowhelp(text); break;
+    case timmkind::help: freading.showhelp(text); break;
   }
 }
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <string>
 
 namespace optcore {
@@ -21,9 +22,13 @@ bool asnumber(std::string_view text, std::int32_t& number) {
 
 }  // namespace
 
-void tvksoptions::optshowhelp(std::string_view hlpmsg) { showhelp(*this, hlpmsg); }
+std::int64_t tvksoptions::optshowhelp(std::string_view hlpmsg) { return showhelp(*this, hlpmsg); }
 
-void showhelp(tvksoptions& store, std::string_view request) { thelplisting(store).show(request); }
+std::int64_t showhelp(tvksoptions& store, std::string_view request) {
+  thelplisting listing(store);
+  listing.show(request);
+  return listing.putout();
+}
 
 std::int32_t tmysortstringlist::compare(std::int32_t i, std::int32_t j) const {
   return strucmpnum(getname(i), getname(j));
@@ -56,6 +61,7 @@ bool thelplisting::showoption(std::string_view request, std::string_view name) {
 }
 
 void thelplisting::collectnames() {
+  fputout += fdefinition.getcount() + fdefinition.synonyms().count() + fdefinition.groups().count();
   for (std::int32_t i = 0; i < fdefinition.getcount(); ++i) {
     const toption* option = fdefinition.getobjects(i);
     if (belongsinlisting(*option)) fnames.addobject(option->name(), {option, false});
@@ -78,6 +84,7 @@ void thelplisting::addbuf(std::string_view piece) {
     fbuffer.append(piece);
   } else if (!fbuffer.empty()) {
     fstore.addmessage(tmsgkind::help, fbuffer);
+    fputout += std::ssize(fbuffer.view());
     fbuffer.clear();
   }
 }
@@ -212,13 +219,14 @@ void thelplisting::addbigtext(const toption& option) {
 
 // The only output of the library to the standard output of the process. It is written only on request, and
 // errors of writing are ignored.
-void thelplisting::tostandardoutput() const {
+void thelplisting::tostandardoutput() {
   std::string text = "\n";
   for (std::int32_t i = 0; i < fnames.count(); ++i) {
     text.append(fnames.getname(i)).append(" ");
     if (fnames.getobject(i).issynonym) text.append("*****Nil = Syn");
     text.append("\n");
   }
+  fputout += std::ssize(text);
   std::fwrite(text.data(), 1, text.size(), stdout);
   std::fflush(stdout);
 }

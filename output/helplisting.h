@@ -24,8 +24,8 @@ class tmysortstringlist final : public txstringlist<tlistedoption> {
 };
 
 // Files the help for a request: the name of an option, or a number whose bits choose the parts of the
-// listing. Any other request gives the summary.
-void showhelp(tvksoptions& store, std::string_view request);
+// listing. Any other request gives the summary. Returns how much was put out, see thelplisting::putout.
+std::int64_t showhelp(tvksoptions& store, std::string_view request);
 
 class thelplisting {
  public:
@@ -33,6 +33,9 @@ class thelplisting {
   explicit thelplisting(tvksoptions& store) : fstore(store), fdefinition(store.definition()) {}
 
   void show(std::string_view request);
+  // The bytes of all lines, also of those that a full list of messages drops, and one byte for each name that
+  // was looked at.
+  std::int64_t putout() const noexcept { return fputout; }
 
  private:
   // Parts of the listing, as bits of a request that is a number.
@@ -49,7 +52,7 @@ class thelplisting {
   void summarygroup(const tgroupobj& group, bool withmarks);
   void summaryline(std::int32_t index, bool withmarks);
   void alphabetical();
-  void tostandardoutput() const;
+  void tostandardoutput();
 
   // ---- the description of one option
   void describe(const toption& option);
@@ -74,6 +77,7 @@ class thelplisting {
   std::unordered_map<std::int32_t, std::vector<std::int32_t>>
       fgroupnames;  // for each group number the positions in fnames, in order
   shortstring fbuffer;
+  std::int64_t fputout = 0;
 };
 
 }  // namespace optcore
