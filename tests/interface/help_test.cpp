@@ -95,6 +95,12 @@ TEST(help, requests_of_one_call_are_refused_once_they_have_put_out_a_mebibyte) {
     EXPECT_EQ(all.at(all.size() - 3), "*** Error line 7: Too much help requested; request ignored");
     EXPECT_EQ(all.at(all.size() - 2), "*** Error line 8: Too much help requested; request ignored");
   }
+  // what is printed counts like what is listed; each of the two handles prints
+  h.one(optclearmessages);
+  testing::internal::CaptureStdout();
+  h.parameters(std::regex_replace(std::string(300, '4'), std::regex("4"), "ask 4\n"));
+  EXPECT_NEAR(static_cast<double>(testing::internal::GetCapturedStdout().size()), 1.8e6, 2e5);
+  EXPECT_GT(h.messages().size(), 100u);
 }
 
 // The debugging list goes to standard output at once; the list in alphabetical order goes with it.
