@@ -6,6 +6,8 @@
 #include <iterator>
 #include <string>
 
+#include "options/vksoptions.h"
+
 namespace optcore {
 
 namespace {
@@ -22,11 +24,9 @@ bool asnumber(std::string_view text, std::int32_t& number) {
 
 }  // namespace
 
-std::int64_t tvksoptions::optshowhelp(std::string_view hlpmsg) { return showhelp(*this, hlpmsg); }
-
-std::int64_t showhelp(tvksoptions& store, std::string_view request) {
-  thelplisting listing(store);
-  listing.show(request);
+std::int64_t tvksoptions::optshowhelp(std::string_view hlpmsg) {
+  thelplisting listing(fdefinition, fmessages);
+  listing.show(hlpmsg);
   return listing.putout();
 }
 
@@ -42,8 +42,9 @@ void thelplisting::show(std::string_view request) {
     level = summarybit;
   }
   if (level < 1) level = defaultlevel;
-  const std::int32_t shown =
-      fstore.ignores(tmsgkind::help) ? standardoutputbit : summarybit | alphabeticalbit | standardoutputbit;
+  const std::int32_t shown = fmessages.ignores(tmsgkind::help)
+                                 ? standardoutputbit
+                                 : summarybit | alphabeticalbit | standardoutputbit;
   if ((level & shown) == 0) return;
   collectnames();
   if ((level & summarybit) != 0) summary((level & marksbit) != 0);
@@ -83,7 +84,7 @@ void thelplisting::addbuf(std::string_view piece) {
   if (!piece.empty()) {
     fbuffer.append(piece);
   } else if (!fbuffer.empty()) {
-    fstore.addmessage(tmsgkind::help, fbuffer);
+    fmessages.addmessage(tmsgkind::help, fbuffer);
     fputout += std::ssize(fbuffer.view());
     fbuffer.clear();
   }
@@ -91,7 +92,7 @@ void thelplisting::addbuf(std::string_view piece) {
 
 void thelplisting::blankline() {
   endline();
-  fstore.addmessage(tmsgkind::help, {});
+  fmessages.addmessage(tmsgkind::help, {});
 }
 
 // ---- summary by group

@@ -1,5 +1,5 @@
-// A program of base/ and options/ alone: the store works without readers, writers and entry points. That it
-// links is what is tested first. With an argument it prints a hash instead, see seed.sh.
+// A program that is linked from base/ and options/ alone. This shows that the store neither needs readers,
+// writers and entry points to link nor to work. With an argument the program prints a hash, see seed.sh.
 #include <cstdio>
 
 #include "options/globals.h"
@@ -12,8 +12,8 @@ int main(int argc, char**) {
   vksoptionsstart();
   tvksoptions store;
   tdefinition& definition = store.definition();
-  const toptionhead head{"limit", &store, 1, 1, 1, "At most"};
-  definition.addoption(definition.arena().make<tintoption>(head, 5, 0, 10), tsoughtname("limit"));
+  const toptionhead head{"limit", 1, 1, 1, "At most"};
+  definition.addoption(definition.make<tintoption>(head, 5, 0, 10), tsoughtname("limit"));
   definition.addsynonym("most", 0);
   store.setasstring("most", "7");
   store.setasstring("limit", "11");
