@@ -3,8 +3,8 @@
 // ==.
 //
 // The index is built on the first search, grows with the list, and is discarded when positions change. Short
-// lists are searched linearly. When there is no memory for the index, lists of some hundred items are, too; for
-// a longer one the search fails, because a linear search for each of many names would take hours.
+// lists are searched linearly. When there is no memory for the index, lists of some hundred items are, too.
+// For a longer one the search fails then, because a linear search for each of many names would take hours.
 #pragma once
 
 #include <cassert>

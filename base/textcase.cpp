@@ -57,8 +57,8 @@ tword mix(tword state, tword word) noexcept {
 }
 
 // The seed of the hashes, from random bytes that the system gives to each process. The address of the library
-// would not do: without address randomisation it is always the same. The C library uses the bytes for secrets of
-// its own, so half of what is in them goes into the seed. It has no effect on any result.
+// would not do: without address randomisation it is always the same. The C library makes secrets of its own
+// from these bytes, so the seed holds only half of what is in them. It has no effect on any result.
 tword makeseed() noexcept {
   tword random[2] = {};
   // NOLINTNEXTLINE(performance-no-int-to-ptr) ; the system gives the address as a number

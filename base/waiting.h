@@ -1,6 +1,6 @@
 // The time that one call may spend waiting for files: for a FIFO that no program has open at its other end, a
-// pipe that nobody writes to, one that nobody reads, a terminal at which nobody types. Files are opened without
-// blocking, and whatever a call waits for is counted together, so a call ends however many files it opens.
+// pipe that nobody writes to or reads, a terminal at which nobody types. Files are opened without blocking,
+// and all waiting of a call is counted together, so a call ends however many files it opens.
 #pragma once
 
 #include <cstdint>

@@ -5,8 +5,8 @@
 
 namespace optcore {
 
-// A size counts as input when the file is opened for the first time. Devices and the system's own files have the
-// size 0: they do not count, because reading them costs nobody anything.
+// A size counts as input when the file is opened for the first time. Devices and the system's own files have
+// the size 0: they do not count, because nobody had to write their bytes.
 bool tbytesread::admits(const tfilestatus& file) {
   if (fhasrefused || file.isfifo) return !fhasrefused;
   const auto [known, isnew] = ffiles.try_emplace({file.device, file.number}, 0);

@@ -1,5 +1,5 @@
-// Counts what one call reads, and how much of it again. Files that name each other can be read many times; without
-// a bound, a small file would take any amount of memory and time.
+// Counts what one call reads, and how much of it again. Files that name each other can be read many times.
+// Without a bound, a small file would take any amount of memory and time.
 #pragma once
 
 #include <sys/types.h>

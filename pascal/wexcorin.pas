@@ -147,10 +147,10 @@ function optReadDefinition(handle: tvksoptions; constref filename: ShortString):
   cdecl; external wexcorinlibrary name 'optreaddefinition';
 
 { Reads an option file, given by its path. An immediate option may read further files. At most nine files may
-  be open within each other and 10,000 may be read in one call, this file included. The result is 0 when the
-  file could be opened. Otherwise it is the error code of the operating system, and two messages are filed. An
-  error or warning about a line of the file has the number of the line before its text; the messages of a file
-  stand between two that name the file. }
+  be open within each other and 10,000 may be read in one call, this file included; what is read again, and
+  help, are bounded as well. The result is 0 when the file could be opened. Otherwise it is the error code of
+  the operating system, and two messages are filed. An error or warning about a line of the file has the
+  number of the line before its text; the messages of a file stand between two that name the file. }
 function optReadParameterFile(handle: tvksoptions; constref filename: ShortString): LongInt;
   cdecl; external wexcorinlibrary name 'optreadparameterfile';
 

@@ -173,7 +173,8 @@ WEXCORIN_API void xfree(tvksoptions** handle);
  * terminals for 60 seconds at most, whatever number of files it opens; 5 of these seconds are for programs
  * that open the other end of a FIFO. After that, a file without data cannot be opened or not be read to its
  * end (ETIMEDOUT). When a file cannot be read to its end, two messages report it, of which the first begins
- * with "Cannot read"; what was read before takes effect. The same holds for a file of more than 2 GiB (EFBIG).
+ * with "Cannot read"; what was read before takes effect. The same holds for a file of more than 2 GiB
+ * (EFBIG).
  */
 
 /* Reads a definition file: options, groups, synonyms and the other parts of a solver's description. Call it
@@ -187,13 +188,16 @@ WEXCORIN_API void xfree(tvksoptions** handle);
 WEXCORIN_API int32_t optreaddefinition(tvksoptions* handle, const optshortstring* filename);
 WEXCORIN_API int32_t coptreaddefinition(tvksoptions* handle, const char* filename);
 
-/* Reads an option file: sets options, collects dot entries and indicators, and carries out immediate options.
- * An immediate option may read further files. At most nine files may be open within each other and 10,000 may
- * be read in one call, this file included. filename is the path of the file. The result is 0 when the file
- * could be opened. Otherwise it is the error code of the operating system, and two messages of kind
- * optMsgUserError are filed. An error or warning about a line of the file has "line " and the number of the
- * line before its text. The messages of a file stand between a message of kind optMsgFileEnter and one of
- * kind optMsgFileLeave, which name the file; both are left out when there is no message between them. */
+/* Reads an option file: sets options, collects dot entries and indicators, and carries out immediate
+ * options. An immediate option may read further files. At most nine files may be open within each other and
+ * 10,000 may be read in one call, this file included. Files that were read before are read again for at most
+ * five times the bytes that the call reads at all, or 32 KiB, and requests for help are answered until they
+ * have put out 1 MiB; further ones are refused with a message of kind optMsgUserError. filename is the path
+ * of the file. The result is 0 when the file could be opened. Otherwise it is the error code of the
+ * operating system, and two messages of kind optMsgUserError are filed. An error or warning about a line of
+ * the file has "line " and the number of the line before its text. The messages of a file stand between a
+ * message of kind optMsgFileEnter and one of kind optMsgFileLeave, which name the file; both are left out
+ * when there is no message between them. */
 WEXCORIN_API int32_t optreadparameterfile(tvksoptions* handle, const optshortstring* filename);
 WEXCORIN_API int32_t coptreadparameterfile(tvksoptions* handle, const char* filename);
 

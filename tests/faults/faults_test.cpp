@@ -115,8 +115,8 @@ int __wrap_close(int descriptor) {
   return turn ? static_cast<int>(failed(plannedeffect == teffect::fails ? EIO : EINTR)) : result;
 }
 
-// `failsforgood` means that there is no memory. While time is hastened, waiting in vain takes no time: the clock
-// is put forward instead.
+// `failsforgood` means that there is no memory. While time is hastened, waiting in vain takes no time: the
+// clock is put forward instead.
 int __real_poll(pollfd*, nfds_t, int);
 int __wrap_poll(pollfd* requests, nfds_t length, int patience) {
   if (isturn(toperation::poll))

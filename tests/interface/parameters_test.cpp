@@ -267,7 +267,8 @@ const trules nesting("files", options, selfreading, {__LINE__, R"(
 
 const trules filecount("files", "read immediate ReadFile 1 1\nnote strlist 1 1 1\n", {__LINE__, R"(
     // one call reads at most ten thousand files, and the next call may again read as many
-    eolonlyset 0 ; file f note x ; readfrompchar <10000read %DIR%/f > ; messages => ; listcountstr note => 10000
+    eolonlyset 0 ; file f note x ; readfrompchar <10000read %DIR%/f > ; messages =>
+    listcountstr note => 10000
     readfrompchar <10001read %DIR%/f > ; listcountstr note => 20000
     told => +pchar | +f | E Too many parameter files; file ignored | -f | -pchar
 
@@ -276,7 +277,8 @@ const trules filecount("files", "read immediate ReadFile 1 1\nnote strlist 1 1 1
     listcountstr note => 3337
 
     // of a small file 32 KiB are read again, and after that no file is read
-    eolonlyset 0 ; file f *<4088v>\nnote x ; readfrompchar <9read %DIR%/f > ; messages => ; listcountstr note => 9
+    eolonlyset 0 ; file f *<4088v>\nnote x ; readfrompchar <9read %DIR%/f > ; messages =>
+    listcountstr note => 9
     readfrompchar <10read %DIR%/f >read none ; listcountstr note => 18
     told => +pchar | E Too many bytes read again; file "f" ignored
       | E Too many bytes read again; file "none" ignored | -pchar
@@ -286,7 +288,8 @@ const trules filecount("files", "read immediate ReadFile 1 1\nnote strlist 1 1 1
     told => +OPT | +self<5 | +self> | E3 Too many bytes read again; file "self" ignored<6 | -self> | -OPT
 
     // the text of the call counts as well
-    eolonlyset 0 ; file f *<4088v>\nnote x ; readfrompchar <1000000 ><50read %DIR%/f > ; listcountstr note => 50
+    eolonlyset 0 ; file f *<4088v>\nnote x ; readfrompchar <1000000 ><50read %DIR%/f >
+    listcountstr note => 50
 
     // a device that has no end is not read again
     parameters read /dev/zero\nread /dev/zero
