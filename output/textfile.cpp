@@ -2,13 +2,14 @@
 #include "output/textfile.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <string>
+
+#include "base/heldsignals.h"
 
 namespace optcore {
 
@@ -39,17 +40,7 @@ void ttextfile::putinparts(std::string_view text) noexcept {
 }
 
 void ttextfile::flush() noexcept {
-  for (const char* unwritten = fblock.get(); unwritten < fnext && ferror == 0;) {
-    const ssize_t count = ::write(fdescriptor, unwritten, static_cast<std::size_t>(fnext - unwritten));
-    if (count > 0)
-      unwritten += count;
-    else if (count == 0)
-      ferror = EIO;
-    else if (errno == EAGAIN)
-      ferror = fwaiting.untilready(fdescriptor, POLLOUT);
-    else if (errno != EINTR)
-      ferror = errno;
-  }
+  if (ferror == 0) ferror = writeall(fdescriptor, {fblock.get(), fnext}, &fwaiting);
   fnext = fblock.get();
 }
 
