@@ -41,6 +41,10 @@ class tparameterreading {
   void readstring(std::string_view text);
   void readpchar(const char* text);
 
+  // The system's error code of the first file that could not be read to its end without a message, because
+  // the list of messages was full; 0 if there is none.
+  std::int32_t unreported() const noexcept { return funreported; }
+
  private:
   void readtext(tminiparser& scanner);
   void parsefile(tminiparser& scanner);
@@ -50,6 +54,7 @@ class tparameterreading {
   tvksoptions& fstore;
   std::int32_t fnestlevel = 0;  // how deep the open files nest
   std::int32_t ffilesread = 0;  // how many files this call has read
+  std::int32_t funreported = 0;
 };
 
 class tparameterreader {

@@ -307,6 +307,16 @@ TEST(files, a_name_counts_whole) {
   EXPECT_EQ(h.call(BOTH(writeparameterfile), name), ENOENT);
 }
 
+TEST(files, of_two_gib_are_too_large) {
+  thandle h;
+  const std::string path = h.directory().write("large", "*");
+  for (const auto size : {0x7FFFFFFFU, 0x80000000U}) {
+    std::filesystem::resize_file(path, size);
+    EXPECT_EQ(h.call(BOTH(readparameterfile), path), 0);
+    EXPECT_EQ(told(h, false).find("Cannot read") != std::string::npos, size == 0x80000000U);
+  }
+}
+
 // Another thread makes and removes one file and adds lines to another.
 TEST(files, that_grow_come_and_go_while_they_are_read_are_read_line_by_line_or_not) {
   constexpr int n = 100;
