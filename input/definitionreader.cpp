@@ -14,29 +14,31 @@ std::int32_t tvksoptions::optreaddefinition(std::string_view filename) {
 }
 
 std::int32_t readdefinition(tvksoptions& store, std::string_view filename) {
-  const auto fileproblem = [&store, filename](std::string_view problem, std::int32_t code) {
-    store.addmessage(tmsgkind::defineerror, concat(problem, quoted(filename)));
-    store.addexplanation(tmsgkind::defineerror, errorcodetext(code));
+  tdefinition& definition = store.definition();
+  tmessagelist& messages = store.messages();
+  const auto fileproblem = [&messages, filename](std::string_view problem, std::int32_t code) {
+    messages.addmessage(tmsgkind::defineerror, concat(problem, quoted(filename)));
+    messages.addexplanation(tmsgkind::defineerror, errorcodetext(code));
   };
-  store.definition().setfilename(filename);
-  store.definition().setearlyend(0);
-  tminiparser scanner(store.messages(), store.echo(), tcharset());
+  definition.setfilename(filename);
+  definition.setearlyend(0);
+  tminiparser scanner(messages, tcharset());
   if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
     fileproblem("Cannot open option file ", code);
     return code;
   }
-  const tactivesource active(store, scanner);
-  tdefinitionreader(store, scanner).read();
+  const tactivesource active(messages, scanner);
+  tdefinitionreader(definition, store.indicators(), messages, scanner).read();
   const std::int32_t code = scanner.readerror();
   if (code == 0) return 0;
-  const bool reported = store.messages().hasroom();
+  const bool reported = messages.hasroom();
   fileproblem("Cannot read option file ", code);
   return reported ? 0 : code;
 }
 
 // definitionfile = { definition } .
 void tdefinitionreader::read() {
-  assert(fstore.activesource() == &fscanner);
+  assert(fmessages.activesource() == &fscanner);
   addhelpoption();
   nextline();
   while (fmore) definition();
@@ -44,8 +46,8 @@ void tdefinitionreader::read() {
 
 // Adds the option that every definition has.
 void tdefinitionreader::addhelpoption() {
-  const toptionhead head{"Help", &fstore, 0, 0, 0, {}};
-  auto help = fdefinition.arena().make<timmediateoption>(head, timmkind::help);
+  const toptionhead head{"Help", 0, 0, 0, {}};
+  auto help = fdefinition.make<timmediateoption>(head, timmkind::help);
   help->setsubtype(tsubtype::optional);
   fdefinition.addoption(std::move(help), tsoughtname(head.name));
 }
@@ -59,8 +61,8 @@ void tdefinitionreader::endearly() {
 
 void tdefinitionreader::error(std::string_view problem) {
   const bool namesoption = problem.find("synonym") == std::string_view::npos;
-  fstore.addmessage(tmsgkind::defineerror, concat(problem, namesoption ? " for option " : "", quoted(fname)),
-                    {fname.view()});
+  fmessages.addmessage(tmsgkind::defineerror,
+                       concat(problem, namesoption ? " for option " : "", quoted(fname)), {fname.view()});
 }
 
 // definition = [ "." ] name type [ "." modifier ] rest .
@@ -105,7 +107,7 @@ tdefinitionreader::tkeyword tdefinitionreader::type() {
 // counts as one that has.
 void tdefinitionreader::usermap(std::optional<topttype> type) {
   fsoughtname = tsoughtname(fname);
-  if (fdefinition.optionasobj(fsoughtname) != nullptr) error("Duplicate option");
+  if (fdefinition.indexof(fsoughtname) >= 0) error("Duplicate option");
   if (type && !hasusermap(*type))
     fusermap = -1;
   else
@@ -181,13 +183,13 @@ void tdefinitionreader::hcandgroup(std::string_view hcproblem) {
 toptionhead tdefinitionreader::head() {
   std::string_view text;
   fscanner.restofline(text);
-  return {fname, &fstore, fusermap, fhc, fgroup, text};
+  return {fname, fusermap, fhc, fgroup, text};
 }
 
 // Makes the option from the fields that have been read; head() reads the text, which comes last on the line.
 template <class tclass, class... targuments>
 std::unique_ptr<tclass> tdefinitionreader::make(const targuments&... arguments) {
-  return fdefinition.arena().make<tclass>(head(), arguments...);
+  return fdefinition.make<tclass>(head(), arguments...);
 }
 
 // ---- option = fields text { continuation } .
