@@ -29,7 +29,12 @@ bool asnumber(std::string_view text, std::int32_t& number) {
 // Returns 0 or the system's error code.
 int print(std::string_view text) noexcept {
   const theldsignals held;
-  if (std::fflush(stdout) == 0) return writeall(::fileno(stdout), text);
+  if (std::fflush(stdout) == 0) {
+    const int descriptor = ::fileno(stdout);
+    if (descriptor >= 0) return writeall(descriptor, text);
+    // a stream in memory, which the host put in its place
+    if (std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0) return 0;
+  }
   const int error = errno;
   held.take(error);
   return error;
