@@ -35,7 +35,9 @@ class tnesting {
 // ---- sources
 
 std::int32_t tvksoptions::optreadparameterfile(std::string_view filename) {
-  return tparameterreading(*this).readfile(filename);
+  tparameterreading reading(*this);
+  const std::int32_t code = reading.readfile(filename);
+  return code != 0 ? code : reading.unreported();
 }
 void tvksoptions::optreadfromstr(std::string_view text) { tparameterreading(*this).readstring(text); }
 void tvksoptions::optreadfrompchar(const char* text) { tparameterreading(*this).readpchar(text); }
@@ -52,8 +54,10 @@ std::int32_t tparameterreading::readfile(std::string_view filename) {
   fstore.messages().addmessage(tmsgkind::fileenter, filename);
   parsefile(scanner);
   fbytes.wasread(scanner.filestatus(), scanner.bytesread());
-  if (const std::int32_t code = scanner.readerror(); code != 0)
+  if (const std::int32_t code = scanner.readerror(); code != 0) {
+    if (funreported == 0 && !fstore.messages().hasroom()) funreported = code;
     fileproblem("Cannot read parameter file ", filename, code);
+  }
   fstore.messages().addmessage(tmsgkind::fileleave, filename);
   return 0;
 }

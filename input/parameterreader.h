@@ -45,6 +45,10 @@ class tparameterreading {
   // Answers a request for help in the text that is read.
   void showhelp(std::string_view request);
 
+  // The system's error code of the first file that could not be read to its end without a message, because
+  // the list of messages was full; 0 if there is none.
+  std::int32_t unreported() const noexcept { return funreported; }
+
  private:
   // Once help has put out more than this, further requests are refused.
   static constexpr std::int64_t mosthelp = 1024 * 1024;
@@ -61,6 +65,7 @@ class tparameterreading {
   std::int64_t fhelp = 0;       // how much help was put out, see thelplisting::putout
   std::int32_t fnestlevel = 0;  // how deep the open files nest
   std::int32_t ffilesread = 0;  // how many files this call has read
+  std::int32_t funreported = 0;
 };
 
 class tparameterreader {

@@ -299,6 +299,42 @@ TEST(faults, ateverypoint) {
   }
 }
 
+// By messages, or by the result when the list of messages is too full for them.
+TEST(faults, afilethatisnotreadtoitsendisreported) {
+  const struct {
+    int where;
+    decltype(&coptreadparameterfile) read;
+    const char* file;
+    int failing;   // the number of the read
+    int messages;  // that are filed before; a file that is entered adds one
+    int result;
+  } rows[] = {
+      {__LINE__, coptreaddefinition, "test.def", 2, 4999, 0},
+      {__LINE__, coptreaddefinition, "test.def", 2, 5000, EIO},
+      {__LINE__, coptreadparameterfile, "nested.opt", 2, 4998, 0},
+      {__LINE__, coptreadparameterfile, "nested.opt", 2, 4999, EIO},
+      {__LINE__, coptreadparameterfile, "nested.opt", 2, 6000, EIO},
+      {__LINE__, coptreadparameterfile, "including.opt", 3, 4997, 0},
+      {__LINE__, coptreadparameterfile, "including.opt", 3, 4998, EIO},
+  };
+  for (const auto& row : rows) {
+    const testing::ScopedTrace trace(__FILE__, row.where, "row");
+    const tscene scene;
+    std::ofstream("including.opt") << "include nested.opt\nnote last\n";
+    tvksoptions* handle = nullptr;
+    xcreate(&handle);
+    if (row.read == coptreadparameterfile) coptreaddefinition(handle, "test.def");
+    for (int i = 0; i < row.messages; ++i) coptaddmessage(handle, "filler");
+    plan(toperation::read, teffect::fails, row.failing);
+    tsteps step;
+    step(row.read, handle, row.file);
+    EXPECT_EQ(step.log, std::to_string(row.result) + " \n");
+    EXPECT_EQ(tscene::messages(handle).find("Cannot read") != std::string::npos, row.result == 0);
+    EXPECT_TRUE(row.failing == 2 || valueof(handle, "note") == "last");
+    xfree(&handle);
+  }
+}
+
 // A long list is not walked for each of many names.
 TEST(faults, without_memory_for_an_index_only_a_short_list_is_searched) {
   for (const std::int32_t items : {500, 501}) {
