@@ -83,6 +83,18 @@ expect("more findings of one kind than are listed, and one of another",
        ['<stdin>:5500: error: Unknown option "zzz"', '<stdin>:6001: error: Integer expected, for option "maxit" saw "x"',
         "6001 errors, 0 warnings (500 of them not listed); 4 options, 0 set", ""])
 
+write("read.def", "read immediate readfile 0 0\n")
+out, err, code = run("wexcorin check read.def -", 6000 * "zzz 1\n" + "read /dev/zero\n")
+expect("a file that is not read to its end, after more errors than the library keeps messages",
+       (out.split("\n")[-4:-2], err, code),
+       (['/dev/zero:1: error: Cannot read parameter file "/dev/zero"',
+         "/dev/zero:1: note: Error code = 27; File too large"], "", 1))
+expect("a failure to write, after more errors than the tool lists",
+       run("wexcorin write read.def - -o /dev/full", "--any x\n" + 1000001 * "z\n")[1].split("\n")[1000000:],
+       ['/dev/full: error: Cannot write parameter file "/dev/full"',
+        "/dev/full: note: Error code = 28; No space left on device",
+        "/dev/full: error: 1 further finding not listed", ""])
+
 # The nearest name is suggested first. Names are suggested as they are typed in the lookup mode; the name that was typed
 # is never suggested.
 write("minos.def", "Minos lookup\nmajor_iterations integer 1 5 0 9 1 1 A\nmethod string 1 a 1 1 A\n")
@@ -100,9 +112,9 @@ for typed, name in {
         "limits/time-limit 5": "time_limit", "orrery.time_limit 5": "time_limit", "orrery_time_limit 5": "time_limit",
         "time_limit/s 5": "time_limit", "time_limit_s 5": "time_limit",
         "set time_limit 5": "time_limit", "set time/limt 5": "time_limit", "option threads=8": "threads",
-        "threads8": "threads", "time_limit:5": "time_limit", "timelimit 5": "time_limit",
+        "threads8": "threads", "timelimit 5": "time_limit",
         "tiem_limit 5": "time_limit", "cores/x 5": "threads", "time_l 5": "time_limit"}.items():
-    expect_part(typed, run("wexcorin check examples/solver.def -", typed)[0], f'did you mean "{name}"?\n')
+    expect_part(typed, run("wexcorin check examples/solver.def -", typed)[0], f'did you mean "{name}"')
 expect_part("tree", run("wexcorin check examples/solver.def -", "limit 5")[0],
             '; did you mean "limit_list", "time_limit" or "work_limit"?\n')
 

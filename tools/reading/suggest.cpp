@@ -55,8 +55,9 @@ std::string withunderscores(std::string_view text) {
 // alone if it is not in the line.
 std::string typedat(std::string_view line, std::string_view name) {
   const std::string_view stem = name.substr(std::min(name.find_first_not_of("-."), name.size()));
-  const std::size_t begin = line.find(stem);
-  if (stem.empty() || begin == std::string_view::npos) return std::string(name);
+  const std::size_t at = line.find(stem);
+  if (stem.empty() || at == std::string_view::npos) return std::string(name);
+  const std::size_t begin = line.find_last_of(" \t,", at) + 1;  // npos + 1 is 0
   const std::string_view word = firstword(line.substr(begin));
   if (!issetter(word)) return std::string(word);
   line.remove_prefix(begin + word.size());
@@ -106,11 +107,16 @@ std::vector<std::string> tsuggester::found(const tsubject& subject, std::string_
   switch (subject.problem) {
     case tsubject::tproblem::other: break;
     case tsubject::tproblem::unknownoption: return likekey(subject.name, typed);
-    case tsubject::tproblem::badseparator: return likekey(withunderscores(typed), typed);
+    case tsubject::tproblem::badseparator: {
+      std::vector<std::string> names = likekey(withunderscores(typed), typed);
+      // the name itself is right where only the sign after it is wrong
+      std::erase_if(names, [&](const std::string& name) { return struequal(name, subject.name); });
+      return names;
+    }
     case tsubject::tproblem::unknowndotoption: {
       if (!fdots) fdots.emplace(dotnames(fstore));
-      std::vector<std::string> dots = fdots->nearest(subject.name, tmatch::nearorlonger);
-      return dots.empty() ? likekey(subject.name.substr(1), typed) : dots;
+      if (std::string name = writtenotherwise(typed); !name.empty()) return {std::move(name)};
+      return fdots->nearest(subject.name, tmatch::nearorlonger);
     }
     case tsubject::tproblem::illegalvalue:
       if (const auto* option = ifis<tenumstroption>(subject.option))
