@@ -15,7 +15,8 @@ std::int32_t tvksoptions::optreaddefinition(std::string_view filename) {
 
 std::int32_t readdefinition(tvksoptions& store, std::string_view filename) {
   const auto fileproblem = [&store, filename](std::string_view problem, std::int32_t code) {
-    store.addmessage(tmsgkind::defineerror, concat(problem, quoted(filename)));
+    store.addmessage(tmsgkind::defineerror, concat(problem, quoted(filename)),
+                     {.name = filename, .problem = tsubject::tproblem::unusablefile});
     store.addexplanation(tmsgkind::defineerror, errorcodetext(code));
   };
   store.definition().setfilename(filename);

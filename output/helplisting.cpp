@@ -210,8 +210,8 @@ void thelplisting::addbigtext(const toption& option) {
 
 // ---- debugging
 
-// The only output of the library to the standard output of the process. It is written only on request, and
-// errors of writing are ignored.
+// The only output of the library to the standard output of the process, unless an observer takes it. It is
+// written only on request, and errors of writing are ignored.
 void thelplisting::tostandardoutput() const {
   std::string text = "\n";
   for (std::int32_t i = 0; i < fnames.count(); ++i) {
@@ -219,6 +219,8 @@ void thelplisting::tostandardoutput() const {
     if (fnames.getobject(i).issynonym) text.append("*****Nil = Syn");
     text.append("\n");
   }
+  if (tstoreobserver* observer = fstore.messages().observer(); observer != nullptr)
+    return observer->listed(text);
   std::fwrite(text.data(), 1, text.size(), stdout);
   std::fflush(stdout);
 }

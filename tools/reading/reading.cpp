@@ -8,6 +8,8 @@
 #include <iostream>
 #include <utility>
 
+#include "base/numtext.h"
+#include "output/parameterwriter.h"
 #include "tools/commands.h"
 
 namespace tool {
@@ -58,6 +60,7 @@ bool issame(const tfinding& a, const tfinding& b) {
 bool treading::readdefinition(const std::string& filename) {
   fdefinition = displayname(filename);
   fdefinitionpath = pathof(filename, fkeepsdefinition);
+  ffilesread.add(fdefinitionpath);
   return collect(fdefinition, [&] { return fstore.optreaddefinition(fdefinitionpath); });
 }
 
@@ -88,9 +91,9 @@ void treading::showhelp(const std::string& request) {
   });
 }
 
-bool treading::write(const std::string& name, const std::string& path) {
+bool treading::write(const std::string& name, const std::string& path, bool exact) {
   const std::size_t before = ffindings.size();
-  collect(name, [&] { return fstore.optwriteparameterfile(path); });
+  collect(name, [&] { return writeparameters(fstore, path, exact ? dbltostrexact : dbltostr); });
   return ffindings.size() == before;
 }
 
@@ -100,7 +103,6 @@ bool treading::collect(const std::string& name, const std::function<std::int32_t
   const bool opened = action() == 0;
   fstore.optclearmessages();
   droprepetition();
-  for (std::size_t i = ffirst; i < ffindings.size(); ++i) ffindings[i].unopened = !opened;
   return opened;
 }
 
@@ -119,6 +121,8 @@ const std::string& treading::pathof(const std::string& filename, bool readagain)
 // ---- what the store reports
 
 void treading::filed(const tmessage& message) {
+  if (message.kind == tmsgkind::fileenter && message.source->sourcekind() == tsourcekind::file)
+    ffilesread.add(std::string(message.source->sourcename()));
   if (message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave) return;
   if (message.explains && ffindings.size() > ffirst) {
     const std::size_t text = std::min(message.text.find_first_not_of(' '), message.text.size());
@@ -128,7 +132,8 @@ void treading::filed(const tmessage& message) {
   keep({.place = placeof(message.source, message.line),
         .severity = severityof(message.kind),
         .text = std::string(message.text),
-        .suggestions = fsuggester.suggestionsfor(message.subject)});
+        .suggestions = fsuggester.suggestionsfor(message.subject),
+        .unusable = message.subject.problem == tsubject::tproblem::unusablefile});
 }
 
 void treading::assigned(const toption& option, std::int32_t bits) {
@@ -136,6 +141,14 @@ void treading::assigned(const toption& option, std::int32_t bits) {
   const tlinesource* source = fstore.activesource();
   const tplace place = placeof(source, source != nullptr ? source->linenr() : 0);
   if (std::optional<tfinding> warning = fassignments->warning(option, bits, place)) keep(std::move(*warning));
+}
+
+// Each name is on a line of its own.
+void treading::listed(std::string_view names) {
+  for (; !names.empty(); names.remove_prefix(std::min(names.find('\n'), names.size() - 1) + 1))
+    keep({.place = {fsource},
+          .severity = tseverity::plain,
+          .text = std::string(names.substr(0, names.find('\n')))});
 }
 
 void treading::keep(tfinding finding) {
@@ -171,7 +184,7 @@ const tfindings& treading::findings() {
 }
 
 int exitcode(const tfindings& findings, bool warningsaserrors) {
-  if (std::ranges::any_of(findings, &tfinding::unopened)) return exitunusable;
+  if (std::ranges::any_of(findings, &tfinding::unusable)) return exitunusable;
   const bool problems = countof(findings, tseverity::error) != 0 ||
                         (warningsaserrors && countof(findings, tseverity::warning) != 0);
   return problems ? exitproblems : exitclean;
