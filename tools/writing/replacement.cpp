@@ -2,6 +2,7 @@
 #include "tools/writing/replacement.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <signal.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -57,6 +58,11 @@ class tsignalsheld {
  private:
   sigset_t fbefore{};
 };
+
+void waitfor(int descriptor) {
+  pollfd request = {descriptor, POLLOUT, 0};
+  poll(&request, 1, -1);
+}
 
 std::string foldername(const std::string& path) {
   const std::filesystem::path folder = std::filesystem::path(path).parent_path();
@@ -201,6 +207,8 @@ std::int32_t writeall(int descriptor, std::string_view contents) {
       contents.remove_prefix(static_cast<std::size_t>(count));
     else if (count == 0)
       return EIO;
+    else if (errno == EAGAIN)  // a pipe that is full, and was opened not to be waited for
+      waitfor(descriptor);
     else if (errno != EINTR)
       return errno;
   }
