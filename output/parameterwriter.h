@@ -25,9 +25,14 @@ std::int32_t writeparameters(tvksoptions& store, std::string_view filename, tdou
 
 class tparameterwriter {
  public:
-  // Both must outlive the writer. The file must be open.
-  tparameterwriter(const tvksoptions& store, ttextfile& file, tdoubletext doubletext)
-      : fstore(store), fdefinition(store.definition()), ffile(file), fdoubletext(doubletext) {}
+  // All must outlive the writer. The file must be open.
+  tparameterwriter(const tdefinition& definition, const tdotobjlist& dotoptions,
+                   const tindicatorlist& indicators, ttextfile& file, tdoubletext doubletext)
+      : fdefinition(definition),
+        fdotoptions(dotoptions),
+        findicators(indicators),
+        ffile(file),
+        fdoubletext(doubletext) {}
 
   void write();
 
@@ -42,8 +47,9 @@ class tparameterwriter {
   void writeelements(const tlist& elements);
   std::string_view boundsswitchname() const;
 
-  const tvksoptions& fstore;
   const tdefinition& fdefinition;
+  const tdotobjlist& fdotoptions;
+  const tindicatorlist& findicators;
   ttextfile& ffile;
   tdoubletext fdoubletext;
   std::string_view fboundsswitch;

@@ -11,7 +11,7 @@ os.environ["PATH"] = f"{work.name}:{os.environ['PATH']}"
 failures = []
 
 
-# Bytes that are no UTF-8 are in texts as surrogates: \udce4 is the byte E4.
+# In texts, a surrogate stands for a byte that is not UTF-8: \udce4 is the byte E4.
 def write(name, text):
     with open(name, "w", encoding="utf-8", errors="surrogateescape", newline="") as file:
         file.write(text)
@@ -40,7 +40,7 @@ def expect_part(what, text, part):
         failures.append(f"{what}: {part!r} is not in {text!r}")
 
 
-# What a command prints and how it ends; nothing is checked of what is None.
+# Compares the output, the errors and the exit code of a command with what is wanted; None means that anything goes.
 def runs(command, out="", err="", code=0, stdin=""):
     for name, seen, wanted in zip(("output", "errors", "exit code"), run(command, stdin), (out, err, code)):
         if wanted is not None:

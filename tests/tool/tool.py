@@ -1,11 +1,10 @@
-"""The tool as a process: the session in examples/ and what the tool makes of the examples, then what users
-seldom meet. Its JSON must fit the schemas in docs/. Run in the repository's root; exit code 77: all is well,
-but the schemas stay untried.
-usage: tool.py TOOL"""
+"""Runs the tool as a process: the session in examples/ and the documents that are made from the examples, then
+unusual cases. Its JSON must match the schemas in docs/.
+usage: tool.py TOOL; run in the repository's root; exit code 77: no failure, but the schemas were not tested"""
 import copy, json, os, re, subprocess, sys
 from support import DOCS, expect, expect_part, failures, read, run, runs, write
 
-# ---- the examples; in the session the lines of a command begin with $ and >, its output and exit code follow
+# ---- the examples. In the session, the lines of a command begin with $ and >; its output and exit code follow
 
 session = "\n".join(line[4:] for line in read("examples/session.md").split("\n") if not line[:4].strip())
 for block in session.split("\n$ ")[1:]:
@@ -23,7 +22,7 @@ for name, command in {
     seen, wanted = run(f"wexcorin {command}")[0], read(f"examples/{name}")
     expect(f"wexcorin {command} >examples/{name}", seen, wanted)
 
-# ---- check, show, help, write: what goes to which stream, and what a session does not show
+# ---- check, show, help, write: which stream gets what, and cases that are not in the session
 
 unknown = '<stdin>:1: error: Unknown option "maxitt"; did you mean "maxit"?\n'
 runs("wexcorin show examples/first.def - --changed", "Nr  Name  Type  Set  Value  Default  Range or values\n",
@@ -39,7 +38,8 @@ expect("more findings than the library keeps messages",
        run("wexcorin check examples/first.def -", 6000 * "zzz 1\n")[0].split("\n")[-3:],
        ['<stdin>:6000: error: Unknown option "zzz"', "6000 errors, 0 warnings; 4 options, 0 set", ""])
 
-# Names are suggested, nearest first, as the lookup mode wants them typed, and never the one that was typed.
+# The nearest name is suggested first. Names are suggested as they are typed in the lookup mode; the name that was typed
+# is never suggested.
 write("minos.def", "Minos lookup\nmajor_iterations integer 1 5 0 9 1 1 A\nmethod string 1 a 1 1 A\n")
 write("path.def", "Path lookup\n" + "".join(f"tol_{name} string 1 a 1 1 A\n" for name in ("x", "xyz", "xy")))
 for definition, option, suggestion in (
@@ -55,7 +55,7 @@ for form in "", "--json":
     expect_part(f"show {form}", run(f"wexcorin show examples/types.def - {form}", written)[0], "Rätsel")
 runs("wexcorin write examples/types.def - -o none/new.opt", err=None, code=2)
 
-# What is written is read back, and what has changed on the way is named, with the reason.
+# write reads back what it has written, and reports each setting that has changed, with the reason.
 for definition, options, warnings in (
         ("tol double 1 0.5 0 0.66666666666666663 1 1", "tol 0.66666666666666663",
          ['warning: option "tol" is not read back as it was set: '
@@ -68,7 +68,7 @@ for definition, options, warnings in (
          ['warning: first value of option "tol" is set to -0, but is read back as 0',
           'warning: second value of option "tol" is set to 0.1234567890123456, '
           "but is read back as 0.123456789012346"]),
-        ("quiet boolean.NV 1 1 1 1\nmute macro 1 1\n quiet", "mute 0",  # a macro gives it no value
+        ("quiet boolean.NV 1 1 1 1\nmute macro 1 1\n quiet", "mute 0",  # a macro can set it to 0
          ['warning: option "quiet" is set to 0, but is read back as 1']),
         ("any immediate NoBounds 1 1\nsize integer.OPT 1 5 0 9 1 1", "any 1\nsize 10\nsize",
          ['warning: option "size" counts as out of bounds, but not when it is read back']),
@@ -76,6 +76,12 @@ for definition, options, warnings in (
          ['warning: text 2 of option "word" is set to b#c, but is read back as b']),
         ("Minos lookup\nmy_list strlist 1 1 1", "my list a",
          ['warning: option "my list" is not read back as it was set: Unknown option "my_list"']),
+        # of a key of several words, the first words that name an option are the key
+        ("Minos lookup\nab integer 1 5 0 9 1 1\nab_cde_fgh integer 1 5 0 9 1 1\nset macro 1 1\n ab_cde_fgh",
+         "set 6", ['warning: option "ab cde fgh" is not read back as it was set: '
+                   'Integer expected, for option "ab" saw "cde fgh=6"']),
+        ("Minos lookup\nmajor_iterations integer 1 5 0 9 1 1", "major iterations 6", []),
+        (255 * "n" + " integer 1 5 0 9 1 1", 255 * "n" + " 6", []),  # no name is too long
         ("end string 1 a 1 1\nstop synonym end\nx obsolete\n end Use stop.", "stop x",
          ['warning: option "end" is not read back as it was set: obsolete option "end"; Use stop.']),
         (".cost double 1 0 0 1 1 1", "a.cost('i') 0.1234567890123456\nb.cost('i') 0.5",
@@ -92,7 +98,7 @@ for definition, options, warnings in (
     seen = [line[10:] for line in err.splitlines() if line.startswith("back.opt: ")]
     expect(f"what is not read back of {options!r}", seen, warnings)
 
-# A text may be longer than a line of a file; what is lost in one line leaves those around it alone.
+# A dot line may be longer than a line of a file can be. Only this one is then lost.
 write("new.def", ".rank integer 1 0 0 9 1 1\n")
 elements = ",".join(f"'{number:060}'" for number in range(20))
 runs(f"""wexcorin write new.def --set 'a.rank 1' --set "b.rank({elements}) 1" --set 'c.rank 1' /dev/null \\
@@ -100,7 +106,7 @@ runs(f"""wexcorin write new.def --set 'a.rank 1' --set "b.rank({elements}) 1" --
      err=f"""new.opt: warning: dot line "b.rank({elements[:70]}..." is not read back as it was set: """
          'Closing bracket ")" expected for .option "b"\n')
 
-# The definition may be a pipe; the output need not be a file either.
+# The definition may be a pipe. The output may be a pipe, too.
 write("new.def", "tol double 1 0 0 1 1 1 \r\r\n")
 write("new.opt", "tol 0.1234567890123456")
 for command in ("wexcorin write - new.opt -o - <new.def",
@@ -111,7 +117,7 @@ for command in ("wexcorin write - new.opt -o - <new.def",
            ("tol=0.123456789012346\n", 'warning: option "tol" is set to 0.1234567890123456, '
                                        "but is read back as 0.123456789012346\n"))
 
-# ---- doc: every form goes to standard output or a file, and leaves what was there when it cannot be written
+# ---- doc: every form can be written to standard output or a file; on failure the old file stays
 
 for form in "definition", "pascal", "html", "c", "markdown", "page", "json":
     out = run(f"wexcorin doc {form} examples/first.def -o -")[0]
@@ -126,17 +132,20 @@ expect("new, refused", read("new"), out)
 for form, part in ("definition", "\ntol double 2 1E-6 "), ("pascal", "Tpfrealkeys"):
     expect_part(form, run(f"wexcorin doc {form} examples/first.def -o -")[0], part)
 
-# Names that are used twice, members that are not there and control characters.
+# Duplicate names, members that do not exist, and control characters.
 write("wrong.def", """Minos lookup
 word string 1 a 1 1 R\udce4tsel \x01\x1b[31m \x7f {{style}} nul:\0:end
-main_limit multilist 2 1 1
+main_limit multilist 2 1 1 = no title
  nowhere word
 MAIN_LIMIT integer 3 5 0 9 1 1
 upper synonym main_limit
 upper synonym main_limit
 """)
 for form, part in (
-        ("markdown", "\n- Options: `word`\n"),
+        ("markdown", "\n- Options: `word`\n"), ("markdown", "\n\\= no title\n"),
+        # an option without help
+        ("markdown", "### `MAIN LIMIT`\n\n- Type: integer\n"),
+        ("page", 'MAIN LIMIT</a></h3>\n</div>\n<div>\n<dl class="facts">'),
         ("json", '"members": [\n        null,\n        "word"\n      ],'),
         ("page", 'Stands for <a href="#word"><code>word</code></a></p>'), ("page", 'id="main_limit">\n'),
         ("page", 'id="MAIN_LIMIT">\n'),
@@ -151,15 +160,18 @@ for command, said in (("show examples/first.def --all", "--all"),
     out, err, code = run(f"wexcorin {command}")
     expect_part(command, err, said)
     expect(command, (out, code), ("", 2))
+for command in "", "check", "show", "help", "write", "doc":
+    expect_part(f"{command} --help", " ".join(run(f"wexcorin {command} --help")[0].split()),
+                " Exit codes: 0 no problems; 1 problems in what was read; 2 wrong use, or a file that cannot be opened, "
+                "read or written.")
 expect("version", run("wexcorin --version")[0][:9], "wexcorin ")
 
-# ---- the schemas; each is also tried on documents that are broken in one place: one that takes everything
-# would prove nothing
+# ---- the schemas. Each must also reject documents with one mistake.
 
 try:
     import jsonschema
 except ImportError:
-    print("python3-jsonschema is not installed: the schemas stay untried")
+    print("python3-jsonschema is not installed: the schemas are not tested")
     sys.exit("\n".join(failures) or 77)
 
 
@@ -173,7 +185,7 @@ documents = {"definition": json.loads(read("examples/types.json")),
              "settings": json.loads(read("examples/types_settings.json"))}
 documents["definition"]["options"] += json.loads(run("wexcorin doc json wrong.def -o -")[0])["options"]
 for schema, document in documents.items():
-    expect(f"docs/{schema}.schema.json: what it does not describe", problems(schema, document), [])
+    expect(f"docs/{schema}.schema.json: what does not match", problems(schema, document), [])
 for schema, kind, key, value in (
         ("definition", "integer", "default", "7"), ("definition", "double", "high", None),
         ("definition", "string", "low", 0), ("definition", "macro", "members", [1]),

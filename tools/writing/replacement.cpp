@@ -49,9 +49,9 @@ class tsignalsheld {
   tsignalsheld() {
     sigset_t all;
     sigfillset(&all);
-    sigprocmask(SIG_SETMASK, &all, &fbefore);
+    pthread_sigmask(SIG_SETMASK, &all, &fbefore);
   }
-  ~tsignalsheld() { sigprocmask(SIG_SETMASK, &fbefore, nullptr); }
+  ~tsignalsheld() { pthread_sigmask(SIG_SETMASK, &fbefore, nullptr); }
   tsignalsheld(const tsignalsheld&) = delete;
   tsignalsheld& operator=(const tsignalsheld&) = delete;
 
