@@ -91,16 +91,20 @@ void treading::showhelp(const std::string& request) {
   });
 }
 
+// Writing reports one problem at most. It is listed however many findings there are.
 bool treading::write(const std::string& name, const std::string& path, bool exact) {
   const std::size_t before = ffindings.size();
+  fmost = before + 1;
   collect(name, [&] { return writeparameters(fstore, path, exact ? dbltostrexact : dbltostr); });
+  fmost = mostfindings;
   return ffindings.size() == before;
 }
 
 bool treading::collect(const std::string& name, const std::function<std::int32_t()>& action) {
   fsource = name;
   ffirst = ffindings.size();
-  const bool opened = action() == 0;
+  // with a full list of messages, the code may be that of a file that was opened but not read to its end
+  const bool opened = action() == 0 || !fstore.messages().hasroom();
   fstore.optclearmessages();
   droprepetition();
   return opened;
@@ -126,7 +130,7 @@ void treading::filed(const tmessage& message) {
   if (message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave) return;
   if (message.explains && ffindings.size() > ffirst) {
     const std::size_t text = std::min(message.text.find_first_not_of(' '), message.text.size());
-    if (fdropped == 0) ffindings.back().details.emplace_back(message.text.substr(text));
+    if (fkept) ffindings.back().details.emplace_back(message.text.substr(text));
     return;
   }
   keep({.place = placeof(message.source, message.line),
@@ -153,10 +157,10 @@ void treading::listed(std::string_view names) {
 
 void treading::keep(tfinding finding) {
   droprepetition();
-  if (ffindings.size() < mostfindings)
-    ffindings.push_back(std::move(finding));
-  else
-    ++fdropped;
+  fkept = ffindings.size() < fmost;
+  if (fkept) return ffindings.push_back(std::move(finding));
+  ++fdropped;
+  fdroppedunusable |= finding.unusable;
 }
 
 // Drops the last finding if it is the same as the one before: a macro files the same message for each of its
@@ -179,7 +183,8 @@ const tfindings& treading::findings() {
   if (const std::size_t dropped = std::exchange(fdropped, 0); dropped != 0)
     add({.place = {fsource},
          .severity = tseverity::error,
-         .text = counted(dropped, "further finding") + " not listed"});
+         .text = counted(dropped, "further finding") + " not listed",
+         .unusable = fdroppedunusable});
   return ffindings;
 }
 
