@@ -45,6 +45,11 @@
  *     and prints nothing, except for the list of names that optshowhelp prints on request. When it writes to
  *     a pipe whose reader has left, or beyond the size limit for files, the process receives no signal; this,
  *     too, is reported as a message.
+ *     Messages and help hold bytes of the files as they are. A file that somebody else wrote can hold what
+ *     controls a terminal or makes a text look like another one, so a host that shows a text to people first
+ *     replaces the control characters (0x00 to 0x1F, 0x7F, U+0080 to U+009F), the marks that change the order
+ *     of characters and the invisible ones (U+200B to U+200F, U+2028 to U+202E, U+2060 to U+206F, U+FEFF), and
+ *     bytes that are not valid in its encoding. The same holds for names, values and all other texts.
  *
  * 10. Ownership. The library copies each text that it receives, and copies its results into the caller's
  *     buffers. The handle is all that a client has to free.

@@ -12,6 +12,8 @@
 //   when there is no memory.
 // - A function that returns std::optional returns no value where the C function fails. A bool is true for
 //   "ok" where the C function returns that.
+// - Texts hold bytes of the files as they are; convention 9 of wexcorin.h says what to replace before they are
+//   shown to people.
 // - An options object is used by one thread at a time. loadpath and setloadpath are not thread-safe.
 //
 //   wexcorin::options options("solver.def");

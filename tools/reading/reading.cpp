@@ -8,6 +8,8 @@
 #include <iostream>
 #include <utility>
 
+#include "base/numtext.h"
+#include "output/parameterwriter.h"
 #include "tools/commands.h"
 
 namespace tool {
@@ -54,6 +56,7 @@ std::string_view ruleof(const tmessage& message) {
     case tsubject::tproblem::unknowndotoption: return "unknown-option";
     case tsubject::tproblem::badseparator: return "bad-separator";
     case tsubject::tproblem::illegalvalue: return "illegal-value";
+    case tsubject::tproblem::unusablefile: return "unusable-file";
     case tsubject::tproblem::other: break;
   }
   switch (message.kind) {
@@ -78,6 +81,7 @@ std::string_view ruleof(const tmessage& message) {
 bool treading::readdefinition(const std::string& filename) {
   fdefinition = displayname(filename);
   fdefinitionpath = pathof(filename, fkeepsdefinition);
+  ffilesread.add(fdefinitionpath);
   return collect(fdefinition, [&] { return fstore.optreaddefinition(fdefinitionpath); });
 }
 
@@ -108,19 +112,21 @@ void treading::showhelp(const std::string& request) {
   });
 }
 
-bool treading::write(const std::string& name, const std::string& path) {
+// Writing reports one problem at most. It is listed however many findings there are.
+bool treading::write(const std::string& name, const std::string& path, bool exact) {
   const std::size_t before = errors();
-  collect(name, [&] { return fstore.optwriteparameterfile(path); });
+  fwriting = true;
+  collect(name, [&] { return writeparameters(fstore, path, exact ? dbltostrexact : dbltostr); });
+  fwriting = false;
   return errors() == before;
 }
 
 bool treading::collect(const std::string& name, const std::function<std::int32_t()>& action) {
   fsource = name;
-  const std::size_t first = ffindings.kept().size();
-  const bool opened = action() == 0;
+  // with a full list of messages, the code may be that of a file that was opened but not read to its end
+  const bool opened = action() == 0 || !fstore.messages().hasroom();
   fstore.optclearmessages();
   ffindings.end();
-  for (std::size_t i = first; i < ffindings.kept().size(); ++i) ffindings.kept()[i].unopened = !opened;
   return opened;
 }
 
@@ -139,13 +145,15 @@ const std::string& treading::pathof(const std::string& filename, bool readagain)
 // ---- what the store reports
 
 void treading::filed(const tmessage& message) {
+  if (message.kind == tmsgkind::fileenter && message.source->sourcekind() == tsourcekind::file)
+    ffilesread.add(std::string(message.source->sourcename()));
   if (message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave) return;
   if (message.explains) {
     const std::size_t text = std::min(message.text.find_first_not_of(' '), message.text.size());
     ffindings.explain(std::string(message.text.substr(text)));
     return;
   }
-  const std::string_view rule = ruleof(message);
+  const std::string_view rule = fwriting ? "not-written" : ruleof(message);
   const std::string_view line = message.source != nullptr ? message.source->linetext() : std::string_view();
   std::vector<std::string> suggestions;
   if (ffindings.keeps(rule)) suggestions = fsuggester.suggestionsfor(message.subject, line);
@@ -153,7 +161,8 @@ void treading::filed(const tmessage& message) {
                    .severity = severityof(message.kind),
                    .rule = rule,
                    .text = std::string(message.text),
-                   .suggestions = std::move(suggestions)});
+                   .suggestions = std::move(suggestions),
+                   .unusable = message.subject.problem == tsubject::tproblem::unusablefile});
 }
 
 void treading::assigned(const toption& option, std::int32_t bits) {
@@ -169,6 +178,15 @@ void treading::assigned(const toption& option, std::int32_t bits) {
     ffindings.countunlisted(tseverity::warning);
 }
 
+// Each name is on a line of its own.
+void treading::listed(std::string_view names) {
+  for (; !names.empty(); names.remove_prefix(std::min(names.find('\n'), names.size() - 1) + 1))
+    ffindings.begin({.place = {fsource},
+                     .severity = tseverity::plain,
+                     .rule = {},
+                     .text = std::string(names.substr(0, names.find('\n')))});
+}
+
 // A source on the command line keeps the name that it has there; an included file has its own name.
 std::string_view treading::nameof(const tlinesource* source) const {
   return source != nullptr && source->includer() != nullptr ? source->sourcename() : fsource;
@@ -181,7 +199,7 @@ tplace treading::placeof(const tlinesource* source, std::int32_t line) const {
 // ---- what is found
 
 int exitcode(const tfindings& findings, bool warningsaserrors) {
-  if (std::ranges::any_of(findings, &tfinding::unopened)) return exitunusable;
+  if (std::ranges::any_of(findings, &tfinding::unusable)) return exitunusable;
   const bool problems = std::ranges::any_of(findings, [&](const tfinding& finding) {
     return finding.severity == tseverity::error ||
            (warningsaserrors && finding.severity == tseverity::warning);

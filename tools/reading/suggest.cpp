@@ -92,7 +92,8 @@ std::string tsuggester::known(std::string_view name) const {
 }
 
 std::vector<std::string> tsuggester::suggestionsfor(const tsubject& subject, std::string_view line) {
-  if (subject.problem == tsubject::tproblem::other) return {};
+  if (subject.problem == tsubject::tproblem::other || subject.problem == tsubject::tproblem::unusablefile)
+    return {};
   const bool isvalue = subject.problem == tsubject::tproblem::illegalvalue;
   tword word(subject.problem, subject.option,
              isvalue ? std::string(subject.value) : typedat(line, subject.name));
@@ -105,7 +106,8 @@ std::vector<std::string> tsuggester::suggestionsfor(const tsubject& subject, std
 
 std::vector<std::string> tsuggester::found(const tsubject& subject, std::string_view typed) {
   switch (subject.problem) {
-    case tsubject::tproblem::other: break;
+    case tsubject::tproblem::other:
+    case tsubject::tproblem::unusablefile: break;
     case tsubject::tproblem::unknownoption: return likekey(subject.name, typed);
     case tsubject::tproblem::badseparator: {
       std::vector<std::string> names = likekey(withunderscores(typed), typed);
