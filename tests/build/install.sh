@@ -9,7 +9,7 @@ failing="The project in examples/, which finds the installed package with find_p
 logged "$failing" "$cmake" -S examples -B "$work" -DCMAKE_PREFIX_PATH="$prefix" \
   -DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx"
 logged "$failing" "$cmake" --build "$work"
-set -- "$work/client_c" "$work/client_cpp"
+set -- "$work/client_c" "$work/client_cpp" "$work/client_classes"
 
 if command -v pkg-config >/dev/null; then
   flags="$(PKG_CONFIG_PATH=$lib/pkgconfig pkg-config --cflags --libs wexcorin) -Wl,-rpath,$lib"
