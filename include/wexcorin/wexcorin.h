@@ -165,7 +165,7 @@ enum {
  * client calls the other library's xfree with a handle and aborts, or the other library calls this xfree and
  * crashes. No order of linking avoids both. What does:
  * - link this library last, and take the two functions from the library itself:
- *     void* library = dlopen("libwexcorin.so.2", RTLD_NOW);
+ *     void* library = dlopen("libwexcorin.so.2", RTLD_NOW | RTLD_LOCAL);
  *     *(void**)&create = dlsym(library, "xcreate");  and the same for xfree
  * - or put the client into a shared library, link only that with this library, and load it with dlopen and
  *   RTLD_LOCAL | RTLD_DEEPBIND, or with dlmopen and LM_ID_NEWLM.

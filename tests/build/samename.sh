@@ -8,9 +8,8 @@ library=$1 cc=$2 cxx=$3 from=tests/build/samename guide=docs/client-guide.md
   echo "libreadline-dev is not installed: no library that has a function xfree, too"
   exit 77
 }
-ulimit -c 0
 printf 'first\nsecond\n' >"$work/lines"
-sed -n '/own\.c:/,/```/{/```/d;s/^   //;p}' "$guide" >"$work/own.c"
+sed -n '/own\.c:/,/^   }$/s/^   //p' "$guide" >"$work/own.c"
 grep 'client = dlopen(' "$guide" >"$work/scope"
 grep 'client = dlmopen(' "$guide" >"$work/namespace"
 echo 'void* client = dlopen("./solverlink.so", RTLD_NOW | RTLD_LOCAL);' >"$work/local"
