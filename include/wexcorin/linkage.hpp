@@ -23,7 +23,7 @@ namespace detail {
 
 // The functions that the dynamic linker found. These are variables, so that it writes their values: in a
 // program that is not position-independent, a constant would be the address of a jump in the program. They
-// are hidden because each shared library of a process may get another function.
+// and what uses them are hidden, because each shared library of a process may get other functions.
 using anyfunction = void (*)();
 [[gnu::visibility("hidden")]] inline anyfunction volatile linkedxcreate =
     reinterpret_cast<anyfunction>(&xcreate);
@@ -32,7 +32,7 @@ using anyfunction = void (*)();
     reinterpret_cast<anyfunction>(&coptreadparameterfile);  // no other library has one of this name
 
 // Throws when the function is not in the same file as the library's other functions.
-inline void requireown(anyfunction function, const char* name) {
+[[gnu::visibility("hidden")]] inline void requireown(anyfunction function, const char* name) {
   Dl_info library{};
   Dl_info found{};
   if (dladdr(reinterpret_cast<void*>(linkedown), &library) == 0 ||
@@ -43,7 +43,7 @@ inline void requireown(anyfunction function, const char* name) {
                            ". The client guide of wexcorin says how to link both.");
 }
 
-inline void requireownfunctions() {
+[[gnu::visibility("hidden")]] inline void requireownfunctions() {
   requireown(linkedxcreate, "xcreate");
   requireown(linkedxfree, "xfree");
 }

@@ -93,7 +93,7 @@ class options {
     if (xcreate(&fhandle) == nullptr) throw std::bad_alloc();
   }
   // Also reads a definition file. Throws std::system_error when it cannot be opened. Mistakes in the file
-  // throw nothing: see errorcount() and messages().
+  // throw nothing: see problems().
   explicit options(std::string_view definitionfile) : options() {
     const std::int32_t code = readdefinition(definitionfile);
     if (code != 0) throw std::system_error(code, std::generic_category(), std::string(definitionfile));
@@ -241,19 +241,19 @@ class options {
   // types a number stands for its decimal text. An unscoped enumerator is an integer.
   template <class tinteger, class = detail::ifinteger<tinteger>>
   [[nodiscard]] bool set(const key& which, tinteger value) {
-    return setnumber(which, detail::integral(value), firstvalue);
+    return setnumber(which, detail::integral(value), firstvalue());
   }
-  [[nodiscard]] bool set(const key& which, double value) { return setnumber(which, value, firstvalue); }
+  [[nodiscard]] bool set(const key& which, double value) { return setnumber(which, value, firstvalue()); }
   [[nodiscard]] bool set(const key& which, std::string_view value) {
-    return settext(settable(which, firstvalue), value, firstvalue);
+    return settext(settable(which, firstvalue()), value, firstvalue());
   }
   template <class tinteger, class = detail::ifinteger<tinteger>>
   [[nodiscard]] bool set2(const key& which, tinteger value) {
-    return setnumber(which, detail::integral(value), secondvalue);
+    return setnumber(which, detail::integral(value), secondvalue());
   }
-  [[nodiscard]] bool set2(const key& which, double value) { return setnumber(which, value, secondvalue); }
+  [[nodiscard]] bool set2(const key& which, double value) { return setnumber(which, value, secondvalue()); }
   [[nodiscard]] bool set2(const key& which, std::string_view value) {
-    return settext(settable(which, secondvalue), value, secondvalue);
+    return settext(settable(which, secondvalue()), value, secondvalue());
   }
   [[nodiscard]] bool reset(const key& which) { return optresetnr(fhandle, number(which)) != 0; }
   void resetall() { optresetall(fhandle); }
@@ -267,14 +267,14 @@ class options {
     std::int32_t code = 1;
     for (std::int32_t index = 1; (code = optreadfromliststr(fhandle, key, index, text)) == 1; ++index)
       result.push_back(text.str());
-    if (code == notalist) throw mismatch(number(name), "list");
+    if (code == notalist) throw wrongtype(number(name), "list");
     return result;
   }
   // Removes the first text from a list and returns it; nothing when there is none.
   std::optional<std::string> takefromlist(std::string_view name) {
     detail::textout text;
     const std::int32_t code = optgetfromliststr(fhandle, detail::textin(name), text);
-    if (code == notalist) throw mismatch(number(name), "takefromlist");
+    if (code == notalist) throw wrongtype(number(name), "takefromlist");
     return code == 1 ? std::optional(text.str()) : std::nullopt;
   }
   // Does the same for the first list that has a text: when dashed is true among the options whose name begins
@@ -384,7 +384,7 @@ class options {
     optgetinfonr(fhandle, nr, &defined, &recent, &refnr, &result.datatype, &result.type, &result.subtype);
     return result;
   }
-  wrong_type mismatch(std::int32_t nr, const char* function) const {
+  wrong_type wrongtype(std::int32_t nr, const char* function) const {
     const typeinfo info = infoof(nr);
     return wrong_type("wexcorin: Option \"" + detail::readoption(fhandle, 0, nr).name + "\" (" +
                       typekeyword(info.type).value_or("") +
@@ -393,7 +393,7 @@ class options {
   }
   // Whether a query was answered. Throws when the option exists and therefore has the wrong type.
   bool answered(std::int32_t ok, std::int32_t nr, const char* function) const {
-    if (ok == 0 && infoof(nr).type >= 0) throw mismatch(nr, function);
+    if (ok == 0 && infoof(nr).type >= 0) throw wrongtype(nr, function);
     return ok != 0;
   }
 
@@ -421,18 +421,18 @@ class options {
     std::int32_t (*integer)(tvksoptions*, std::int32_t, std::int32_t);
     std::int32_t (*real)(tvksoptions*, std::int32_t, double);
     std::int32_t (*text)(tvksoptions*, std::int32_t, const optshortstring*);
-    const char* name;
+    bool second;
   };
-  static constexpr setters firstvalue = {optsetintnr, optsetdblnr, optsetstrnr, "set"};
-  static constexpr setters secondvalue = {optsetint2nr, optsetdbl2nr, optsetstr2nr, "set2"};
+  static setters firstvalue() { return {optsetintnr, optsetdblnr, optsetstrnr, false}; }
+  static setters secondvalue() { return {optsetint2nr, optsetdbl2nr, optsetstr2nr, true}; }
 
   // Returns the number of the option, and 0 when there is none. Throws when it does not have such a value.
   std::int32_t settable(const key& which, const setters& functions) const {
     const std::int32_t nr = number(which);
     const typeinfo info = infoof(nr);
     if (info.type == optTypeImmediate ||
-        (info.type >= 0 && functions.name == secondvalue.name && info.subtype != optsub2Values))
-      throw mismatch(nr, functions.name);
+        (info.type >= 0 && functions.second && info.subtype != optsub2Values))
+      throw wrongtype(nr, functions.second ? "set2" : "set");
     return nr;
   }
   bool settext(std::int32_t nr, std::string_view value, const setters& functions) {

@@ -72,9 +72,13 @@ compare("examples/solver.def", "examples/solver_mistakes.opt", f"{work.name}/no.
 compare(bad, top, part)
 compare(f"{work.name}/no.def")
 
-first = output(build("README.md", "c", "main"))
-if first != "at most 2000 iterations\n":
-    failures.append(f"the first client of README.md prints {first!r}")
+with open("docs/client-guide.md", encoding="utf-8") as file:
+    printed = re.search(r"(?ms)^It prints:\n\n```\n(.*?)^```$", file.read())[1]
+for document, language, word, wanted in (("docs/client-guide.md", "cpp", "values.cpp", printed),
+                                         ("README.md", "c", "main", "at most 2000 iterations\n")):
+    seen = output(build(document, language, word))
+    if seen != wanted:
+        failures.append(f"{word} of {document} prints {seen!r}, but the document says {wanted!r}")
 if failures:
     sys.exit("\n".join(failures))
 print("the programs of the documents do what the documents say")
