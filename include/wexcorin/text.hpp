@@ -2,8 +2,8 @@
 #ifndef WEXCORIN_TEXT_HPP
 #define WEXCORIN_TEXT_HPP
 
+#include <cfenv>
 #include <charconv>
-#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <optional>
@@ -54,20 +54,27 @@ auto integral(tinteger value) noexcept {
     return value;
 }
 
-// ---- numbers, converted where nothing is lost; otherwise no value. No conversion rounds, so a host program
-// that traps inexact results meets none here.
+// ---- numbers, converted where nothing is lost; otherwise no value. A program may round differently, treat
+// subnormal numbers as 0 or trap floating-point exceptions. So nothing here computes with doubles.
 
-template <class tinteger>
+template <class tinteger, class = std::enable_if_t<std::is_integral_v<tinteger>>>
 std::optional<std::int32_t> exactint32(tinteger value) noexcept {
-  if constexpr (std::is_floating_point_v<tinteger>) {
-    // The first condition is false for NaN, which must not reach the others.
-    if (std::trunc(value) != value || value < -2147483648.0 || value > 2147483647.0) return std::nullopt;
-    return static_cast<std::int32_t>(value);
-  } else {
-    const auto result = static_cast<std::int32_t>(value);
-    const bool same = static_cast<tinteger>(result) == value && (std::is_signed_v<tinteger> || result >= 0);
-    return same ? std::optional(result) : std::nullopt;
-  }
+  const auto result = static_cast<std::int32_t>(value);
+  const bool same = static_cast<tinteger>(result) == value && (std::is_signed_v<tinteger> || result >= 0);
+  return same ? std::optional(result) : std::nullopt;
+}
+
+inline std::optional<std::int32_t> exactint32(double value) noexcept {
+  std::uint64_t bits = 0;
+  std::memcpy(&bits, &value, sizeof bits);
+  if (bits << 1 == 0) return 0;
+  const int exponent = static_cast<int>(bits >> 52 & 0x7FF) - 1023;
+  if (exponent < 0 || exponent > 31) return std::nullopt;
+  const std::uint64_t one = std::uint64_t{1} << (52 - exponent);  // the bit that stands for 1
+  const std::uint64_t digits = (bits & ((std::uint64_t{1} << 52) - 1)) | std::uint64_t{1} << 52;
+  if (digits % one != 0) return std::nullopt;
+  const auto magnitude = static_cast<std::int64_t>(digits / one);
+  return exactint32(bits >> 63 != 0 ? -magnitude : magnitude);
 }
 
 inline std::optional<double> exactdouble(double value) noexcept { return value; }
@@ -81,9 +88,25 @@ std::optional<double> exactdouble(tinteger value) noexcept {
   return digits < std::uint64_t{1} << 53 ? std::optional(static_cast<double>(value)) : std::nullopt;
 }
 
+// The usual floating-point settings, while it lives.
+class usualsettings {
+ public:
+  usualsettings() noexcept {
+    std::fegetenv(&fbefore);
+    std::fesetenv(FE_DFL_ENV);
+  }
+  ~usualsettings() { std::fesetenv(&fbefore); }
+  usualsettings(const usualsettings&) = delete;
+  usualsettings& operator=(const usualsettings&) = delete;
+
+ private:
+  std::fenv_t fbefore{};
+};
+
 // The number in decimal, with as many digits as it needs.
 template <class tnumber>
 std::string decimal(tnumber number) {
+  const usualsettings settings;
   char digits[32];
   return std::string(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
 }

@@ -131,8 +131,11 @@ TEST_F(wrapper, a_number_is_converted_where_nothing_is_lost) {
   EXPECT_EQ(set("limit", 4.0), "true 4");
   EXPECT_EQ(set("limit", 2.5), "false 4");
   EXPECT_EQ(set("limit", std::numeric_limits<double>::quiet_NaN()), "false 4");
-  EXPECT_EQ(set("limit", -1e10), "false 4");
+  EXPECT_EQ(set("limit", -2147483648.0), "false 4");
+  EXPECT_EQ(set("limit", -2147483649.0), "false 4");
   EXPECT_EQ(options.messages()[0].text, "*** Value Error Integer expected, for option \"limit\" saw \"2.5\"");
+  EXPECT_EQ(options.problems()[2].text, "Integer range error for option \"limit\" saw \"-2147483648\"");
+  EXPECT_EQ(options.problems()[3].text, "Integer expected, for option \"limit\" saw \"-2147483649\"");
   EXPECT_EQ(set("limit", std::numeric_limits<std::uint64_t>::max()), "out_of_range 4");
   EXPECT_EQ(set("limit", -2147483649LL), "out_of_range 4");
   EXPECT_EQ(set("big", std::numeric_limits<std::int64_t>::min()), "true -9.22337203685478E18");
