@@ -115,8 +115,8 @@ class options {
   // object.
   tvksoptions* get() const noexcept { return fhandle; }
 
-  // ---- reading and writing; the result is 0 or the error code of the operating system. For a file that could
-  // be opened but not read to its end it is 0, unless the list of messages is too full to report it.
+  // ---- reading and writing; the result is 0 or the error code of the operating system. For a file that
+  // could be opened but not read to its end it is 0, unless the list of messages is too full to report it.
   std::int32_t readdefinition(std::string_view file) {
     return noted(file, 0, [&] { return optreaddefinition(fhandle, detail::textin(file)); });
   }
