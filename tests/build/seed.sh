@@ -5,7 +5,7 @@ set -eu
 setarch -R true 2>/dev/null || exit 77
 first=$(setarch -R "$1" hash)
 second=$(setarch -R "$1" hash)
-[ -n "$first" ] && [ "$first" != "$second" ] || {
+if [ -z "$first" ] || [ "$first" = "$second" ]; then
   printf 'two processes have the hash %s\n' "$first"
   exit 1
-}
+fi
