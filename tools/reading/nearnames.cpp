@@ -29,7 +29,8 @@ tcounts countsof(std::string_view key) {
   return counts;
 }
 
-// By how much the counts in a exceed those in b, 16 counts at a time.
+// By how much the counts in a exceed those in b, 16 counts at a time. x86-64 is the only platform.
+// NOLINTBEGIN(portability-simd-intrinsics)
 std::size_t excess(const tcounts& a, const tcounts& b) {
   __m128i sums = _mm_setzero_si128();
   for (std::size_t i = 0; i < a.size(); i += 16) {
@@ -39,6 +40,7 @@ std::size_t excess(const tcounts& a, const tcounts& b) {
   }
   return static_cast<std::size_t>(_mm_cvtsi128_si64(sums) + _mm_cvtsi128_si64(_mm_srli_si128(sums, 8)));
 }
+// NOLINTEND(portability-simd-intrinsics)
 
 // The smallest distance that names with these characters can have: a change makes up for at most one
 // character that occurs too often and one that occurs too rarely.
@@ -117,7 +119,7 @@ void tnearnames::addnear(std::string_view key, std::string_view typed, std::vect
       hits.push_back({found, i});
       enough = std::min(enough, found + 1);
     }
-  std::erase_if(hits, [enough](const thit& hit) { return hit.distance > enough; });
+  std::erase_if(hits, [enough](const thit& hit) { return hit.first > enough; });
 }
 
 void tnearnames::addlonger(std::string_view key, std::vector<thit>& hits) const {
@@ -129,7 +131,7 @@ std::vector<std::string> tnearnames::best(std::vector<thit> hits, std::string_vi
   std::ranges::sort(hits);
   std::vector<std::string> result;
   for (const thit& hit : hits) {
-    const std::string& name = fnames[hit.position];
+    const std::string& name = fnames[hit.second];
     // the name that was typed is no suggestion, even if the lookup mode does not match it
     if (optcore::struequal(typed, name) || std::ranges::find(result, name) != result.end()) continue;
     result.push_back(name);

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tool {
@@ -37,10 +38,7 @@ class tnearnames {
   using tcounts = std::array<std::uint8_t, 48>;
 
  private:
-  struct thit {
-    std::size_t distance, position;
-    auto operator<=>(const thit&) const = default;
-  };
+  using thit = std::pair<std::size_t, std::size_t>;  // the distance of a name, and its position
 
   void addnear(std::string_view key, std::string_view typed, std::vector<thit>& hits) const;
   void addlonger(std::string_view key, std::vector<thit>& hits) const;
