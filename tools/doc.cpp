@@ -21,18 +21,24 @@ std::int32_t writetext(const std::string& path, const std::string& text) {
   return file.close();
 }
 
+treference described(const treading& reading, const tdocarguments& arguments) {
+  treference result = describe(reading.store(), reading.definition());
+  result.title = utf8(arguments.title);
+  result.release = utf8(arguments.release);
+  return result;
+}
+
 // Returns 0, or the operating system's error code if the file cannot be written.
-std::int32_t write(const treading& reading, tdocform form, const std::string& path) {
-  const optcore::tvksoptions& store = reading.store();
-  const optcore::tvksoptionwriter writer(store.definition());
-  switch (form) {
+std::int32_t write(const treading& reading, const tdocarguments& arguments, const std::string& path) {
+  const optcore::tvksoptionwriter writer(reading.store().definition());
+  switch (arguments.form) {
     case tdocform::definition: return writer.writedefinition(path);
     case tdocform::pascal: return writer.writedelphiinc(path);
     case tdocform::html: return writer.writeashtml(path);
-    case tdocform::c: return writetext(path, cdocument(describe(store, reading.definition())));
-    case tdocform::markdown: return writetext(path, markdowndocument(describe(store, reading.definition())));
-    case tdocform::json: return writetext(path, jsondocument(describe(store, reading.definition())));
-    case tdocform::page: return writetext(path, pagedocument(describe(store, reading.definition())));
+    case tdocform::c: return writetext(path, cdocument(described(reading, arguments)));
+    case tdocform::markdown: return writetext(path, markdowndocument(described(reading, arguments)));
+    case tdocform::json: return writetext(path, jsondocument(described(reading, arguments)));
+    case tdocform::page: return writetext(path, pagedocument(described(reading, arguments)));
   }
   return 0;
 }
@@ -42,10 +48,10 @@ bool writeoutput(const treading& reading, const tdocarguments& arguments) {
   std::int32_t code = 0;
   if (arguments.output == "-") {
     const ttemporaryfile file;
-    code = write(reading, arguments.form, file.path());
+    code = write(reading, arguments, file.path());
     if (code == 0) std::cout << file.contents();
   } else {
-    code = write(reading, arguments.form, arguments.output);
+    code = write(reading, arguments, arguments.output);
   }
   if (code != 0)
     std::cerr << printable(arguments.output)
@@ -53,15 +59,19 @@ bool writeoutput(const treading& reading, const tdocarguments& arguments) {
   return code == 0;
 }
 
-// Returns false only if the file cannot be written. The reasons for a refused document become findings.
+// Whether the file would compile, or is to be written all the same. What is wrong with it becomes findings.
+bool compiles(treading& reading, const tdocarguments& arguments) {
+  std::vector<std::string> problems;
+  if (arguments.form == tdocform::c) problems = cproblems(described(reading, arguments));
+  if (arguments.form == tdocform::pascal) problems = pascalproblems(reading.store().definition());
+  for (const std::string& problem : problems)
+    reading.add({{reading.definition()}, arguments.force ? tseverity::warning : tseverity::error, problem});
+  return problems.empty() || arguments.force;
+}
+
+// Returns false only if the file cannot be written.
 bool document(treading& reading, const tdocarguments& arguments) {
-  try {
-    return writeoutput(reading, arguments);
-  } catch (const trefuseddocument& refused) {
-    for (const std::string& reason : refused.reasons())
-      reading.add({{reading.definition()}, tseverity::error, reason});
-    return true;
-  }
+  return !compiles(reading, arguments) || writeoutput(reading, arguments);
 }
 
 }  // namespace
