@@ -48,7 +48,8 @@ tanchors::tanchors(const std::vector<tchapter>& chapters) {
         fnames.emplace(folded(synonym), option);
       }
   for (const tchapter& chapter : chapters)
-    fchapters.push_back(unused(chapter.group.empty() ? "group" : "group-" + anchorform(chapter.group)));
+    fchapters.push_back(
+        unused(chapter.group.empty() ? "further-options" : "group-" + anchorform(chapter.group)));
   findex = unused("index-of-names");
 }
 

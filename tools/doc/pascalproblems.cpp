@@ -54,7 +54,8 @@ std::vector<std::string> pascalproblems(const tdefinition& definition) {
   for (std::int32_t i = 0; i < definition.getcount(); ++i)
     if (const topttype type = definition.getobjects(i)->opttype(); haskey(type))
       origins.try_emplace(std::string(mapof(type)), "the array of option numbers");
-  if (origins.empty()) result.emplace_back("no option has a type that the Pascal file lists, and an empty one does not compile");
+  if (origins.empty())
+    result.emplace_back("no option has a type that the Pascal file lists, and an empty one does not compile");
   for (std::int32_t i = 0; i < definition.getcount(); ++i) {
     if (!haskey(definition.getobjects(i)->opttype())) continue;
     const std::string name(definition.getstrings(i));
