@@ -160,6 +160,14 @@ def copying():
             ActionChains(browser).key_down(Keys.CONTROL).send_keys("v").key_up(Keys.CONTROL).perform()
             expect(f"copied, forbidden: {forbidden}", value("document.getElementById('~search').value"), line)
         visit("examples/solver.def")
+    element = browser.find_element("css selector", "#threads .ready span")
+    browser.execute_script("arguments[0].scrollIntoView({block: 'center'})", element)
+    element.click()
+    press(Keys.END, Keys.BACKSPACE, "8/", Keys.BACKSPACE, Keys.ENTER)
+    expect("button of a changed line", settled("document.querySelector('#threads button').textContent"), "Copied")
+    search("")
+    ActionChains(browser).key_down(Keys.CONTROL).send_keys("v").key_up(Keys.CONTROL).perform()
+    expect("copied with another value", value("document.getElementById('~search').value"), "threads 8")
 
 
 # The page shows everything without scripts, and in print also after a search. On a phone it is no wider than

@@ -204,7 +204,8 @@ for form, name in ("c", "types.h"), ("markdown", "types.md"), ("page", "types.ht
 
 # The line that the page has for each option and each of its values is read without a message.
 page = run('wexcorin doc page examples/solver.def --title "Orrery <1>" --release "4.2, May 2026" -o -')[0]
-lines = [html.unescape("".join(found)) for found in re.findall('class="ready">(.*?)</code>|data-line="(.*?)"', page)]
+lines = [html.unescape(re.sub("</?span>", "", "".join(found)))
+         for found in re.findall('class="ready">(.*?)</code>|data-line="(.*?)"', page)]
 expect("lines of the page", (len(lines) > 200, {"threads 0", "method dual", "quiet", "symbol.stage 2"} - {*lines}),
        (True, set()))
 messages = run("wexcorin check examples/solver.def -", "\n".join(lines))[0]
@@ -244,8 +245,8 @@ for form, parts in {
             "<code>maxint</code> (the largest integer, 2147483647)", "<code>0</code> or more", "<code>9</code> or less",
             "any number", "<code>0</code> (no)", "Yes can be written as", '<dd class="find">Not pace</dd>',
             '<section class="group" id="group-main"', '<li><a href="#tempo"><code>tempo</code></a> for pace</li>',
-            '"ready">symbol.rank mindouble mindouble</code>', '"ready">maxTime 0</code>',
-            '"ready">kind &quot;a#b&quot;</code>', 'data-line="kind c"'),
+            '"ready">symbol.rank <span>mindouble mindouble</span></code>', '"ready">maxTime <span>0</span></code>',
+            '"ready">kind <span>&quot;a#b&quot;</span></code>', 'data-line="kind c"'),
         "markdown": ("# Orrery \\<1\\>\n\nMay \\& more\n",
                      "\n- [Main](#group-main)\n", '\n<a id="group-main"></a>\n\n## Main\n', "\n| [`pace`](#pace) | ",
                      "\n- `tempo`: see [`pace`](#pace)\n- [`time`](#time)\n")}.items():

@@ -157,14 +157,20 @@ class tpagewriter {
            "</a></h3>\n" + synonyms(option) + "</div>\n";
   }
 
-  std::string facts(const toptionreference& option) const {
+  // The script lets users change the value, which has an element of its own.
+  std::string readyfact(const toptionreference& option) const {
     const std::string line = readyline(option, freference);
+    if (line.empty()) return "";
+    const std::size_t keylength = lineof(option, "", freference).size();
+    const std::string value = line.size() == keylength ? "" : line.substr(keylength + 1);
+    return "<div><dt>Written</dt><dd><code class=\"ready\">" + escaped(line.substr(0, keylength)) +
+           (value.empty() ? "" : " <span>" + escaped(value) + "</span>") + "</code></dd></div>\n";
+  }
+
+  std::string facts(const toptionreference& option) const {
     return "<dl class=\"facts\">\n" + fact("Type", escaped(typephrase(option))) +
            fact("Range", rangewords(option)) + fact("Default", defaultwords(option)) +
-           (line.empty() ? ""
-                         : "<div><dt>Written</dt><dd><code class=\"ready\">" + escaped(line) +
-                               "</code></dd></div>\n") +
-           "</dl>\n";
+           readyfact(option) + "</dl>\n";
   }
 
   std::string details(const toptionreference& option) const {

@@ -184,19 +184,34 @@
     const button = document.createElement("button");
     button.type = "button";
     button.textContent = "Copy";
-    button.title = `Copy ${line}`;
+    button.title = `Copy ${line()}`;
     button.addEventListener("click", async () => {
-      const said = await copy(line).then(() => "Copied", () => "Not copied");
+      const said = await copy(line()).then(() => "Copied", () => "Not copied");
       button.textContent = said;
       button.focus();
       setTimeout(() => { button.textContent = "Copy"; }, 2000);
     });
     element.append(button);
+    return button;
   };
 
-  for (const element of document.querySelectorAll(".ready"))
-    addbutton(element.parentElement, element.textContent);
-  for (const element of document.querySelectorAll("[data-line]")) addbutton(element, element.dataset.line);
+  // The value of the line can be changed before the line is copied, also with the return key.
+  for (const element of document.querySelectorAll(".ready")) {
+    const button = addbutton(element.parentElement, () => element.textContent.replace(/\s+/g, " ").trim());
+    const value = element.querySelector("span");
+    value?.setAttribute("contenteditable", "plaintext-only");
+    value?.setAttribute("spellcheck", "false");
+    value?.setAttribute("role", "textbox");
+    value?.setAttribute("aria-label", "Value");
+    value?.addEventListener("keydown", (event) => {
+      event.stopPropagation();  // these keys are not those of the page
+      if (event.key !== "Enter") return;
+      event.preventDefault();
+      button.click();
+    });
+  }
+  for (const element of document.querySelectorAll("[data-line]"))
+    addbutton(element, () => element.dataset.line);
 
   // ---- keys
 
