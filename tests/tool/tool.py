@@ -230,7 +230,7 @@ main group 1 1 Main
 time integer 1 maxint 0 maxint 1 1 Like "TEMPO", but not time_limit.; see option pace, parameter pace or "no time"
 time_limit double 2 0 mindouble 9 1 1 No tempo, no pace: time_limit and 'time_limit'
  further time_limit or .rank
-pace boolean 3 0 1 1 'time' and maxTime
+pace boolean 3 0 1 1 'time' and maxTime, but MAXTIME
 kind enumstr 4 a#b 1 1
  a#b 1 Not pace
  c 1
@@ -251,7 +251,7 @@ for form, parts in {
             '<a href="#pace">pace</a>, parameter <a href="#pace">pace</a> or &quot;no time&quot;</p>',
             '"help find">No tempo, no pace: time_limit and &#39;time_limit&#39;</p>',
             '>further time_limit or <a href="#.rank">.rank</a></p>',
-            '&#39;<a href="#time">time</a>&#39; and <a href="#maxTime">maxTime</a>',
+            '&#39;<a href="#time">time</a>&#39; and <a href="#maxTime">maxTime</a>, but MAXTIME</p>',
             '<strong>deprecated</strong>: Use <a href="#pace">pace</a> or <a href="#time_limit">t</a>.</p>',
             '<article class="option" id="time_limit">', '<p class="also find">deprecated synonym <code id="t">t</code> (so)</p>',
             "<code>maxint</code> (the largest integer, 2147483647)", "<code>0</code> or more", "<code>9</code> or less",

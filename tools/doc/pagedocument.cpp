@@ -104,7 +104,7 @@ std::string notes(const treference& reference) {
 class tpagewriter {
  public:
   explicit tpagewriter(const treference& reference)
-      : freference(reference), fchapters(chapters(reference)), fanchors(fchapters) {}
+      : freference(reference), fchapters(chapters(reference)), fanchors(fchapters), flines(reference) {}
 
   std::string write() const {
     const std::string title = escaped(titleof(freference));
@@ -159,9 +159,9 @@ class tpagewriter {
 
   // The script lets users change the value, which has an element of its own.
   std::string readyfact(const toptionreference& option) const {
-    const std::string line = readyline(option, freference);
+    const std::string line = flines.readyline(option);
     if (line.empty()) return "";
-    const std::size_t keylength = lineof(option, "", freference).size();
+    const std::size_t keylength = flines.lineof(option, "").size();
     const std::string value = line.size() == keylength ? "" : line.substr(keylength + 1);
     return "<div><dt>Written</dt><dd><code class=\"ready\">" + escaped(line.substr(0, keylength)) +
            (value.empty() ? "" : " <span>" + escaped(value) + "</span>") + "</code></dd></div>\n";
@@ -169,8 +169,8 @@ class tpagewriter {
 
   std::string facts(const toptionreference& option) const {
     return "<dl class=\"facts\">\n" + fact("Type", escaped(typephrase(option))) +
-           fact("Range", rangewords(option)) + fact("Default", defaultwords(option)) +
-           readyfact(option) + "</dl>\n";
+           fact("Range", rangewords(option)) + fact("Default", defaultwords(option)) + readyfact(option) +
+           "</dl>\n";
   }
 
   std::string details(const toptionreference& option) const {
@@ -183,12 +183,12 @@ class tpagewriter {
 
   // The script adds a button that copies the line to each value with such a line.
   std::string values(const toptionreference& option) const {
-    const bool ready = !readyline(option, freference).empty();
+    const bool ready = !flines.readyline(option).empty();
     std::string result;
     for (const tvaluereference& value : option.values) {
       if (!value.listed) continue;
       const bool isdefault = struequal(value.value.text, option.defaultvalue.text);
-      const std::string line = ready ? lineof(option, value.value.text, freference) : "";
+      const std::string line = ready ? flines.lineof(option, value.value.text) : "";
       result += (isdefault ? "<div class=\"default\">" : "<div>") +
                 ("<dt class=\"find\"" + (line.empty() ? "" : " data-line=\"" + escaped(line) + "\"")) + ">" +
                 code(value.value.text) + "</dt><dd class=\"find\">" + link(value.help, option) +
@@ -255,6 +255,7 @@ class tpagewriter {
   const treference& freference;
   std::vector<tchapter> fchapters;
   tanchors fanchors;
+  treadylines flines;
 };
 
 }  // namespace

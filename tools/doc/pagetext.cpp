@@ -25,11 +25,11 @@ std::string_view firstword(std::string_view text) {
   return word;
 }
 
-// Whether a word cannot be one of plain English: it has an underscore, a digit, a dot or a capital letter
-// behind its first character, or a dot or two hyphens in front.
-bool lookslikename(std::string_view word) {
-  return word.starts_with('.') || word.starts_with("--") || std::ranges::any_of(word.substr(1), [](char c) {
-           return c == '_' || c == '.' || isdigit(c) || (isletter(c) && c == upchar(c));
+// Whether a word that is the name of an option cannot be one of plain English: it has an underscore, a digit
+// or a dot, begins with two hyphens, or has the name's own capital letters behind its first character.
+bool lookslikename(std::string_view word, std::string_view name) {
+  return word.starts_with('.') || word.starts_with("--") || std::ranges::any_of(word.substr(1), [&](char c) {
+           return c == '_' || c == '.' || isdigit(c) || (isletter(c) && c == upchar(c) && word == name);
          });
 }
 
@@ -77,7 +77,8 @@ class tlinker {
   }
   bool isname(std::string_view word) const {
     return isother(word) &&
-           (fnaming == tnaming::everyword || lookslikename(word) || announces(ftext.substr(0, fposition)));
+           (fnaming == tnaming::everyword || lookslikename(word, fanchors.find(word)->name) ||
+            announces(ftext.substr(0, fposition)));
   }
   void link(std::size_t length) {
     const std::string_view name = ftext.substr(fposition, length);

@@ -2,9 +2,6 @@
 #include "tools/doc/readyline.h"
 
 #include <algorithm>
-#include <string_view>
-
-#include "base/textcase.h"
 
 namespace tool {
 
@@ -12,17 +9,58 @@ namespace {
 
 using namespace optcore;
 
-std::string defaultof(const std::string& name, const treference& reference) {
-  const auto found = std::ranges::find_if(
-      reference.options, [&](const toptionreference& option) { return struequal(option.name, name); });
-  return found == reference.options.end() ? "" : found->defaultvalue.text;
+bool isimmediate(const toptionreference& option, timmkind kind) {
+  return option.immediatekind == immkindnames[ordinal(kind)];
+}
+
+}  // namespace
+
+treadylines::treadylines(const treference& reference) : freference(reference) {
+  for (const toptionreference& option : reference.options)
+    fdefaults.try_emplace(option.name, option.defaultvalue.text);
+}
+
+std::string treadylines::lineof(const toptionreference& option, const std::string& value) const {
+  const std::string key = (option.name.starts_with('.') ? "symbol" : "") + option.name;
+  return value.empty() ? key : key + " " + withoutcomment(value);
+}
+
+std::string treadylines::readyline(const toptionreference& option) const {
+  if (option.standing.standing != tstanding::current || !istyped(option.name)) return "";
+  if (option.subtype == tsubtype::novalue || isimmediate(option, timmkind::help)) return lineof(option, "");
+  const std::string value = readyvalue(option);
+  if (value.empty()) return "";
+  const std::string line = lineof(option, value);
+  return option.subtype == tsubtype::twovalues ? line + " " + withoutcomment(value) : line;
+}
+
+std::string treadylines::readyvalue(const toptionreference& option) const {
+  switch (option.type) {
+    case topttype::strlist: return "text";
+    case topttype::multilist: return membervalues(option);
+    case topttype::macro: return commonvalue(option);
+    case topttype::immediate:
+      return isimmediate(option, timmkind::eolflag) || isimmediate(option, timmkind::nobounds) ? "1" : "";
+    case topttype::integer:
+    case topttype::dbl:
+    case topttype::string:
+    case topttype::boolean:
+    case topttype::enumstr:
+    case topttype::enumint: break;
+  }
+  return option.defaultvalue.text;
+}
+
+std::string treadylines::defaultof(const std::string& name) const {
+  const auto found = fdefaults.find(name);
+  return found == fdefaults.end() ? "" : found->second;
 }
 
 // One word for each member, separated by colons; empty if a member has no such word.
-std::string membervalues(const toptionreference& option, const treference& reference) {
+std::string treadylines::membervalues(const toptionreference& option) const {
   std::string result;
   for (const std::string& member : option.members) {
-    const std::string value = defaultof(member, reference);
+    const std::string value = defaultof(member);
     if (value.empty() || value.find_first_of(":\" ") != std::string::npos) return "";
     result += (result.empty() ? "" : ":") + value;
   }
@@ -30,51 +68,23 @@ std::string membervalues(const toptionreference& option, const treference& refer
 }
 
 // The default that all members have; empty if there is none.
-std::string commonvalue(const toptionreference& option, const treference& reference) {
+std::string treadylines::commonvalue(const toptionreference& option) const {
   if (option.members.empty()) return "";
-  const std::string value = defaultof(option.members.front(), reference);
+  const std::string value = defaultof(option.members.front());
   const bool common = std::ranges::all_of(
-      option.members, [&](const std::string& member) { return defaultof(member, reference) == value; });
+      option.members, [&](const std::string& member) { return defaultof(member) == value; });
   return common ? value : "";
 }
 
 // In double quotes if it contains a character that would begin a comment.
-std::string withoutcomment(const std::string& value, const treference& reference) {
-  const bool cut = value.find_first_of(reference.commentcharacters) != std::string::npos;
+std::string treadylines::withoutcomment(const std::string& value) const {
+  const bool cut = value.find_first_of(freference.commentcharacters) != std::string::npos;
   return cut && !value.starts_with('"') ? '"' + value + '"' : value;
 }
 
 // In lookup mode Minos a key has at most four words, so that a longer name cannot be typed.
-bool istyped(const std::string& name, const treference& reference) {
-  return reference.lookupmode != tlookupmode::minos || std::ranges::count(name, ' ') < 4;
-}
-
-}  // namespace
-
-std::string lineof(const toptionreference& option, const std::string& value, const treference& reference) {
-  const std::string key = (option.name.starts_with('.') ? "symbol" : "") + option.name;
-  return value.empty() ? key : key + " " + withoutcomment(value, reference);
-}
-
-std::string readyline(const toptionreference& option, const treference& reference) {
-  if (option.standing.standing != tstanding::current || !istyped(option.name, reference)) return "";
-  if (option.subtype == tsubtype::novalue) return lineof(option, "", reference);
-  std::string value = option.defaultvalue.text;
-  switch (option.type) {
-    case topttype::strlist: value = "text"; break;
-    case topttype::multilist: value = membervalues(option, reference); break;
-    case topttype::macro: value = commonvalue(option, reference); break;
-    case topttype::immediate:
-      if (option.immediatekind == immkindnames[ordinal(timmkind::help)]) return lineof(option, "", reference);
-      if (option.immediatekind == immkindnames[ordinal(timmkind::eolflag)] ||
-          option.immediatekind == immkindnames[ordinal(timmkind::nobounds)])
-        value = "1";
-      break;
-    default: break;
-  }
-  if (value.empty()) return "";
-  const std::string line = lineof(option, value, reference);
-  return option.subtype == tsubtype::twovalues ? line + " " + withoutcomment(value, reference) : line;
+bool treadylines::istyped(const std::string& name) const {
+  return freference.lookupmode != tlookupmode::minos || std::ranges::count(name, ' ') < 4;
 }
 
 }  // namespace tool
