@@ -64,7 +64,7 @@ _wexcorin() {
         check) _wexcorin_words "$cur" '-h --help --set --json --warnings-as-errors' ;;
         show) _wexcorin_words "$cur" '-h --help --set --changed --json' ;;
         help) _wexcorin_words "$cur" '-h --help' ;;
-        write) _wexcorin_words "$cur" '-h --help --set -o --output' ;;
+        write) _wexcorin_words "$cur" '-h --help --set -o --output --exact --force' ;;
         doc) _wexcorin_words "$cur" '-h --help -o --output --title --release --force' ;;
       esac
       ;;

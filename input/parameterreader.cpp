@@ -110,7 +110,8 @@ void tparameterreading::parsefile(tminiparser& scanner) {
 void tparameterreading::parse(tminiparser& scanner) { tparameterreader(fstore, scanner, *this).parse(); }
 
 void tparameterreading::fileproblem(std::string_view problem, std::string_view filename, std::int32_t code) {
-  fstore.messages().addmessage(tmsgkind::usererror, concat(problem, quoted(filename)));
+  fstore.messages().addmessage(tmsgkind::usererror, concat(problem, quoted(filename)),
+                               {.name = filename, .problem = tsubject::tproblem::unusablefile});
   fstore.messages().addexplanation(tmsgkind::usererror, errorcodetext(code));
 }
 

@@ -35,6 +35,8 @@ struct thelparguments {
 struct twritearguments {
   tinputs inputs;
   std::string output;
+  bool exact = false;
+  bool force = false;
 };
 
 enum class tdocform { definition, pascal, html, c, markdown, page, json };

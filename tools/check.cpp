@@ -64,7 +64,7 @@ void printjson(const tfindings& findings, const tsummary& summary) {
                                    {"warnings", summary.warnings},
                                    {"options", summary.options},
                                    {"set", summary.set}}}};
-  std::cout << document.dump(2) << '\n';
+  std::cout << jsondocumenttext(document);
 }
 
 std::string summarytext(const tsummary& summary) {
@@ -75,19 +75,21 @@ std::string summarytext(const tsummary& summary) {
          std::to_string(summary.set) + " set";
 }
 
+// A file on the command line that cannot be opened; one that another file includes has the line of that file.
+bool ismistakeincall(const tfinding& finding) { return finding.unusable && finding.place.line == 0; }
+
 void printtext(const tfindings& findings, const tsummary& summary) {
   const tpalette palette(STDOUT_FILENO);
   for (const tfinding& finding : findings)
-    if (!finding.unopened) writefinding(std::cout, finding, palette);
+    if (!ismistakeincall(finding)) writefinding(std::cout, finding, palette);
   std::cout << summarytext(summary) << '\n';
 }
 
-// A file that cannot be opened is a mistake in the call, not in what was checked, so it is reported on
-// standard error.
+// Findings about the call, not about what was checked, are reported on standard error.
 void reportunopened(const tfindings& findings) {
   const tpalette palette(STDERR_FILENO);
   for (const tfinding& finding : findings)
-    if (finding.unopened) writefinding(std::cerr, finding, palette);
+    if (ismistakeincall(finding)) writefinding(std::cerr, finding, palette);
 }
 
 }  // namespace

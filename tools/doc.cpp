@@ -1,24 +1,25 @@
 // The doc command: writes a definition in another form. The writers of the library make some forms
 // (definition, pascal, html); the functions in doc/ make the others.
-#include <iostream>
+#include <functional>
+#include <system_error>
 
-#include "base/systemerror.h"
-#include "output/textfile.h"
 #include "output/vksoptionwriter.h"
 #include "tools/commands.h"
 #include "tools/doc/documents.h"
 #include "tools/reading/reading.h"
 #include "tools/text.h"
+#include "tools/writing/deliver.h"
 
 namespace tool {
 
 namespace {
 
-std::int32_t writetext(const std::string& path, const std::string& text) {
-  optcore::ttextfile file;
-  file.open(path);
-  file.write(text);
-  return file.close();
+// Returns what a writer of the library writes.
+std::string writtenby(const std::function<std::int32_t(const std::string& path)>& writer) {
+  const ttemporaryfile file;
+  if (const std::int32_t code = writer(file.path()); code != 0)
+    throw std::system_error(code, std::generic_category(), "cannot write a temporary file");
+  return file.contents();
 }
 
 treference described(const treading& reading, const tdocarguments& arguments) {
@@ -28,35 +29,19 @@ treference described(const treading& reading, const tdocarguments& arguments) {
   return result;
 }
 
-// Returns 0, or the operating system's error code if the file cannot be written.
-std::int32_t write(const treading& reading, const tdocarguments& arguments, const std::string& path) {
+std::string document(const treading& reading, const tdocarguments& arguments) {
   const optcore::tvksoptionwriter writer(reading.store().definition());
   switch (arguments.form) {
-    case tdocform::definition: return writer.writedefinition(path);
-    case tdocform::pascal: return writer.writedelphiinc(path);
-    case tdocform::html: return writer.writeashtml(path);
-    case tdocform::c: return writetext(path, cdocument(described(reading, arguments)));
-    case tdocform::markdown: return writetext(path, markdowndocument(described(reading, arguments)));
-    case tdocform::json: return writetext(path, jsondocument(described(reading, arguments)));
-    case tdocform::page: return writetext(path, pagedocument(described(reading, arguments)));
+    case tdocform::definition:
+      return writtenby([&](const auto& path) { return writer.writedefinition(path); });
+    case tdocform::pascal: return writtenby([&](const auto& path) { return writer.writedelphiinc(path); });
+    case tdocform::html: return writtenby([&](const auto& path) { return writer.writeashtml(path); });
+    case tdocform::c: return cdocument(described(reading, arguments));
+    case tdocform::markdown: return markdowndocument(described(reading, arguments));
+    case tdocform::json: return jsondocument(described(reading, arguments));
+    case tdocform::page: return pagedocument(described(reading, arguments));
   }
-  return 0;
-}
-
-// Prints an error and returns false if the file cannot be written.
-bool writeoutput(const treading& reading, const tdocarguments& arguments) {
-  std::int32_t code = 0;
-  if (arguments.output == "-") {
-    const ttemporaryfile file;
-    code = write(reading, arguments, file.path());
-    if (code == 0) std::cout << file.contents();
-  } else {
-    code = write(reading, arguments, arguments.output);
-  }
-  if (code != 0)
-    std::cerr << printable(arguments.output)
-              << ": error: cannot write the file: " << optcore::systemerrortext(code) << '\n';
-  return code == 0;
+  return {};
 }
 
 // Whether the file would compile, or is to be written all the same. What is wrong with it becomes findings.
@@ -69,18 +54,15 @@ bool compiles(treading& reading, const tdocarguments& arguments) {
   return problems.empty() || arguments.force;
 }
 
-// Returns false only if the file cannot be written.
-bool document(treading& reading, const tdocarguments& arguments) {
-  return !compiles(reading, arguments) || writeoutput(reading, arguments);
-}
-
 }  // namespace
 
 int run(const tdocarguments& arguments) {
+  const toutputfile output(arguments.output);
   treading reading;
-  const bool written = !reading.readdefinition(arguments.definition) || document(reading, arguments);
-  const int code = reportproblems(reading.findings());
-  return written ? code : exitunusable;
+  if (sparesfiles(output, filesof({arguments.definition, {}, {}}), reading) &&
+      reading.readdefinition(arguments.definition) && compiles(reading, arguments))
+    deliver(output, document(reading, arguments), reading);
+  return reportproblems(reading.findings());
 }
 
 }  // namespace tool

@@ -1,52 +1,8 @@
 """Runs the tool as a process: the session in examples/ and the documents that are made from the examples, then
 unusual cases. Its JSON must match the schemas in docs/.
 usage: tool.py TOOL; run in the repository's root; exit code 77: no failure, but the schemas were not tested"""
-import copy, difflib, html, json, os, re, subprocess, sys, tempfile
-
-TOOL, EXAMPLES, DOCS = (os.path.abspath(path) for path in (sys.argv[1], "examples", "docs"))
-work = tempfile.TemporaryDirectory()
-os.chdir(work.name)
-os.symlink(EXAMPLES, "examples")
-os.symlink(TOOL, "wexcorin")
-os.environ["PATH"] = f"{work.name}:{os.environ['PATH']}"
-failures = []
-
-
-# In texts, a surrogate stands for a byte that is not UTF-8: \udce4 is the byte E4.
-def write(name, text):
-    with open(name, "w", encoding="utf-8", errors="surrogateescape", newline="") as file:
-        file.write(text)
-
-
-def read(name):
-    with open(name, encoding="utf-8", errors="surrogateescape", newline="") as file:
-        return file.read()
-
-
-def run(command, stdin="", errors=subprocess.PIPE):
-    result = subprocess.run(command, shell=True, input=stdin, stdout=subprocess.PIPE, stderr=errors,
-                            encoding="utf-8", errors="surrogateescape")
-    return result.stdout, result.stderr, result.returncode
-
-
-def expect(what, seen, wanted):
-    if seen != wanted:
-        lines = [str(value).split("\n") for value in (wanted, seen)]
-        failures.append("\n".join([f"{what}: (lines with - are right, those with + were seen)",
-                                   *difflib.unified_diff(*lines, lineterm="")]))
-
-
-def expect_part(what, text, part):
-    if part not in text:
-        failures.append(f"{what}: {part!r} is not in {text!r}")
-
-
-# Compares the output, the errors and the exit code of a command with what is wanted; None means that anything goes.
-def runs(command, out="", err="", code=0, stdin=""):
-    for name, seen, wanted in zip(("output", "errors", "exit code"), run(command, stdin), (out, err, code)):
-        if wanted is not None:
-            expect(f"{command}: {name}", seen, wanted)
-
+import copy, json, os, re, subprocess, sys
+from support import DOCS, expect, expect_part, failures, read, run, runs, write
 
 # ---- the examples. In the session, the lines of a command begin with $ and >; its output and exit code follow
 
@@ -87,11 +43,10 @@ out, err, code = run("wexcorin check read.def -", 6000 * "zzz 1\n" + "read /dev/
 expect("a file that is not read to its end, after more errors than the library keeps messages",
        (out.split("\n")[-4:-2], err, code),
        (['/dev/zero:1: error: Cannot read parameter file "/dev/zero"',
-         "/dev/zero:1: note: Error code = 27; File too large"], "", 1))
+         "/dev/zero:1: note: Error code = 27; File too large"], "", 2))
 expect("a failure to write, after more errors than the tool lists",
-       run("wexcorin write read.def - -o /dev/full", "--any x\n" + 1000001 * "z\n")[1].split("\n")[1000000:],
-       ['/dev/full: error: Cannot write parameter file "/dev/full"',
-        "/dev/full: note: Error code = 28; No space left on device",
+       run("wexcorin write read.def - --force -o /dev/full", "--any x\n" + 1000001 * "z\n")[1].split("\n")[1000000:],
+       ["/dev/full: error: cannot write the file: No space left on device",
         "/dev/full: error: 1 further finding not listed", ""])
 
 # The nearest name is suggested first. Names are suggested as they are typed in the lookup mode; the name that was typed
@@ -162,13 +117,12 @@ runs(f"""wexcorin write new.def --set 'a.rank 1' --set "b.rank({elements}) 1" --
      err=f"""new.opt: warning: dot line "b.rank({elements[:70]}..." is not read back as it was set: """
          'Closing bracket ")" expected for .option "b"\n')
 
-# The definition may be a pipe, or be overwritten by the output. The output may be a pipe, too.
+# The definition may be a pipe. The output may be a pipe, too.
 write("new.def", "tol double 1 0 0 1 1 1 \r\r\n")
 write("new.opt", "tol 0.1234567890123456")
 for command in ("wexcorin write - new.opt -o - <new.def",
                 "cat new.def | wexcorin write /dev/stdin new.opt -o -",
-                "wexcorin write new.def new.opt -o /dev/stdout | cat",
-                "wexcorin write new.def new.opt -o new.def; cat new.def"):
+                "wexcorin write new.def new.opt -o /dev/stdout | cat"):
     out, err, _ = run(command)
     expect(command, (out, err.partition(": ")[2]),
            ("tol=0.123456789012346\n", 'warning: option "tol" is set to 0.1234567890123456, '
@@ -210,74 +164,6 @@ for form, part in (
         ("page", '"help find">Rätsel \\x01\\x1b[31m \\x7f {{style}} nul:\\x00:end</p>')):
     expect_part(form, run(f"wexcorin doc {form} wrong.def -o -")[0], part)
 
-# A definition file in another folder gives the same document.
-for form, name in ("c", "types.h"), ("markdown", "types.md"), ("page", "types.html"):
-    runs(f"cd examples && wexcorin doc {form} ./types.def -o -", read(f"examples/{name}"))
-
-# The line that the page has for each option and each of its values is read without a message.
-page = run('wexcorin doc page examples/solver.def --title "Orrery <1>" --release "4.2, May 2026" -o -')[0]
-lines = [html.unescape(re.sub("</?span>", "", "".join(found)))
-         for found in re.findall('class="ready">(.*?)</code>|data-line="(.*?)"', page)]
-expect("lines of the page", (len(lines) > 200, {"threads 0", "method dual", "quiet", "symbol.stage 2"} - {*lines}),
-       (True, set()))
-messages = run("wexcorin check examples/solver.def -", "\n".join(lines))[0]
-expect("messages about the lines of the page",
-       [line for line in messages.split("\n") if re.search("(error|warning): ", line) and "but was set to" not in line], [])
-
-# Titles, and links to the options that help names: in quotes, by their look or after "option", but not in plain words.
-write("named.def", """comment eolcomm #
-main group 1 1 Main
-time integer 1 maxint 0 maxint 1 1 Like "TEMPO", but not time_limit.; see option pace, parameter pace or "no time"
-time_limit double 2 0 mindouble 9 1 1 No tempo, no pace: time_limit and 'time_limit'
- further time_limit or .rank
-pace boolean 3 0 1 1 'time' and maxTime, but MAXTIME
-kind enumstr 4 a#b 1 1
- a#b 1 Not pace
- c 1
-.rank double.TWO 5 mindouble mindouble maxdouble 1 1
-maxTime macro 1 1
- pace
-tempo synonym pace
-t synonym time_limit
-x deprecated
- t so
- time Use pace or t.
-""")
-for form, parts in {
-        "page": (
-            "<title>Orrery &lt;1&gt;, May &amp; more</title>", "<h1>Orrery &lt;1&gt;</h1>",
-            '<p class="about">May &amp; more<br>named.def<br>6 options in 1 group</p>',
-            'Like &quot;<a href="#pace">TEMPO</a>&quot;, but not <a href="#time_limit">time_limit</a>.; see option '
-            '<a href="#pace">pace</a>, parameter <a href="#pace">pace</a> or &quot;no time&quot;</p>',
-            '"help find">No tempo, no pace: time_limit and &#39;time_limit&#39;</p>',
-            '>further time_limit or <a href="#.rank">.rank</a></p>',
-            '&#39;<a href="#time">time</a>&#39; and <a href="#maxTime">maxTime</a>, but MAXTIME</p>',
-            '<strong>deprecated</strong>: Use <a href="#pace">pace</a> or <a href="#time_limit">t</a>.</p>',
-            '<article class="option" id="time_limit">', '<p class="also find">deprecated synonym <code id="t">t</code> (so)</p>',
-            "<code>maxint</code> (the largest integer, 2147483647)", "<code>0</code> or more", "<code>9</code> or less",
-            "any number", "<code>0</code> (no)", "Yes can be written as", '<dd class="find">Not pace</dd>',
-            '<section class="group" id="group-main"', '<li><a href="#tempo"><code>tempo</code></a> for pace</li>',
-            '"ready">symbol.rank <span>mindouble mindouble</span></code>', '"ready">maxTime <span>0</span></code>',
-            '"ready">kind <span>&quot;a#b&quot;</span></code>', 'data-line="kind c"'),
-        "markdown": ("# Orrery \\<1\\>\n\nMay \\& more\n",
-                     "\n- [Main](#group-main)\n", '\n<a id="group-main"></a>\n\n## Main\n', "\n| [`pace`](#pace) | ",
-                     "\n- `tempo`: see [`pace`](#pace)\n- [`time`](#time)\n")}.items():
-    out = run(f"wexcorin doc {form} --title 'Orrery <1>' --release 'May & more' named.def -o -")[0]
-    for part in parts:
-        expect_part(form, out, part)
-    expect(f"{form}: column heads without a text", re.findall(r"(?m)^\|.*\| *\|\n\|---", out), [])
-
-# Pascal has no names with dots. Not all forms take a title or are compiled.
-said = '"pf.rank" in Pascal, which is no name there\n'
-runs("wexcorin doc pascal named.def -o named.inc",
-     err=f'named.def: error: option ".rank" would be called {said}', code=1)
-expect("a file that was refused", os.path.exists("named.inc"), False)
-out = run("wexcorin doc pascal named.def --force -o -")
-expect("forced", (out[0][:2], out[1:]), ("//", (f'named.def: warning: option ".rank" would be called {said}', 0)))
-for flag in "--title x", "--release x", "--force":
-    runs(f"wexcorin doc html {flag} named.def -o none.html", code=2,
-         err=f"wexcorin doc: this form does not take {flag.split()[0]}\nTry 'wexcorin doc --help'.\n")
-
 # ---- the command line
 
 for command, said in (("show examples/first.def --all", "--all"),
@@ -285,8 +171,10 @@ for command, said in (("show examples/first.def --all", "--all"),
     out, err, code = run(f"wexcorin {command}")
     expect_part(command, err, said)
     expect(command, (out, code), ("", 2))
-for command in "--help", "check --help":
-    expect_part(command, run(f"wexcorin {command}")[0], "\nExit codes: 0 no problems, 1 problems found, 2 ")
+for command in "", "check", "show", "help", "write", "doc":
+    expect_part(f"{command} --help", " ".join(run(f"wexcorin {command} --help")[0].split()),
+                " Exit codes: 0 no problems; 1 problems in what was read; 2 wrong use, or a file that cannot be opened, "
+                "read or written.")
 expect("version", run("wexcorin --version")[0][:9], "wexcorin ")
 
 # ---- the schemas. Each must also reject documents with one mistake.

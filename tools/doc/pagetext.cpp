@@ -101,7 +101,7 @@ class tlinker {
 
 std::string escaped(std::string_view text) {
   std::string result;
-  for (const char c : printable(text)) {
+  for (const char c : printableprose(text)) {
     switch (c) {
       case '&': result += "&amp;"; break;
       case '<': result += "&lt;"; break;

@@ -32,7 +32,7 @@ struct tfinding {
   std::string text;
   std::vector<std::string> details{};      // explanations, printed as notes
   std::vector<std::string> suggestions{};  // names that may have been meant, nearest first
-  bool unopened = false;                   // a file on the command line could not be opened or written
+  bool unusable = false;                   // a file could not be opened, read or written
 };
 
 using tfindings = std::vector<tfinding>;

@@ -8,6 +8,8 @@
 #include <iostream>
 #include <utility>
 
+#include "base/numtext.h"
+#include "output/parameterwriter.h"
 #include "tools/commands.h"
 
 namespace tool {
@@ -58,6 +60,7 @@ bool issame(const tfinding& a, const tfinding& b) {
 bool treading::readdefinition(const std::string& filename) {
   fdefinition = displayname(filename);
   fdefinitionpath = pathof(filename, fkeepsdefinition);
+  ffilesread.add(fdefinitionpath);
   return collect(fdefinition, [&] { return fstore.optreaddefinition(fdefinitionpath); });
 }
 
@@ -89,10 +92,10 @@ void treading::showhelp(const std::string& request) {
 }
 
 // Writing reports one problem at most. It is listed however many findings there are.
-bool treading::write(const std::string& name, const std::string& path) {
+bool treading::write(const std::string& name, const std::string& path, bool exact) {
   const std::size_t before = ffindings.size();
   fmost = before + 1;
-  collect(name, [&] { return fstore.optwriteparameterfile(path); });
+  collect(name, [&] { return writeparameters(fstore, path, exact ? dbltostrexact : dbltostr); });
   fmost = mostfindings;
   return ffindings.size() == before;
 }
@@ -104,7 +107,6 @@ bool treading::collect(const std::string& name, const std::function<std::int32_t
   const bool opened = action() == 0 || !fstore.messages().hasroom();
   fstore.optclearmessages();
   droprepetition();
-  for (std::size_t i = ffirst; i < ffindings.size(); ++i) ffindings[i].unopened = !opened;
   return opened;
 }
 
@@ -123,6 +125,8 @@ const std::string& treading::pathof(const std::string& filename, bool readagain)
 // ---- what the store reports
 
 void treading::filed(const tmessage& message) {
+  if (message.kind == tmsgkind::fileenter && message.source->sourcekind() == tsourcekind::file)
+    ffilesread.add(std::string(message.source->sourcename()));
   if (message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave) return;
   if (message.explains && ffindings.size() > ffirst) {
     const std::size_t text = std::min(message.text.find_first_not_of(' '), message.text.size());
@@ -132,7 +136,8 @@ void treading::filed(const tmessage& message) {
   keep({.place = placeof(message.source, message.line),
         .severity = severityof(message.kind),
         .text = std::string(message.text),
-        .suggestions = fsuggester.suggestionsfor(message.subject)});
+        .suggestions = fsuggester.suggestionsfor(message.subject),
+        .unusable = message.subject.problem == tsubject::tproblem::unusablefile});
 }
 
 void treading::assigned(const toption& option, std::int32_t bits) {
@@ -142,13 +147,20 @@ void treading::assigned(const toption& option, std::int32_t bits) {
   if (std::optional<tfinding> warning = fassignments->warning(option, bits, place)) keep(std::move(*warning));
 }
 
+// Each name is on a line of its own.
+void treading::listed(std::string_view names) {
+  for (; !names.empty(); names.remove_prefix(std::min(names.find('\n'), names.size() - 1) + 1))
+    keep({.place = {fsource},
+          .severity = tseverity::plain,
+          .text = std::string(names.substr(0, names.find('\n')))});
+}
+
 void treading::keep(tfinding finding) {
   droprepetition();
   fkept = ffindings.size() < fmost;
-  if (fkept)
-    ffindings.push_back(std::move(finding));
-  else
-    ++fdropped;
+  if (fkept) return ffindings.push_back(std::move(finding));
+  ++fdropped;
+  fdroppedunusable |= finding.unusable;
 }
 
 // Drops the last finding if it is the same as the one before: a macro files the same message for each of its
@@ -171,12 +183,13 @@ const tfindings& treading::findings() {
   if (const std::size_t dropped = std::exchange(fdropped, 0); dropped != 0)
     add({.place = {fsource},
          .severity = tseverity::error,
-         .text = counted(dropped, "further finding") + " not listed"});
+         .text = counted(dropped, "further finding") + " not listed",
+         .unusable = fdroppedunusable});
   return ffindings;
 }
 
 int exitcode(const tfindings& findings, bool warningsaserrors) {
-  if (std::ranges::any_of(findings, &tfinding::unopened)) return exitunusable;
+  if (std::ranges::any_of(findings, &tfinding::unusable)) return exitunusable;
   const bool problems = countof(findings, tseverity::error) != 0 ||
                         (warningsaserrors && countof(findings, tseverity::warning) != 0);
   return problems ? exitproblems : exitclean;

@@ -15,6 +15,7 @@
 #include "tools/reading/findings.h"
 #include "tools/reading/suggest.h"
 #include "tools/reading/temporaryfile.h"
+#include "tools/writing/filemarks.h"
 
 namespace tool {
 
@@ -45,13 +46,15 @@ class treading final : optcore::tstoreobserver {
 
   // Adds the lines of help as plain findings.
   void showhelp(const std::string& request);
-  // Writes the settings to the file `path`, which findings call `name`. Returns false, with a finding, if it
-  // cannot be written.
-  bool write(const std::string& name, const std::string& path);
+  // Writes the settings to the file `path`, which findings call `name`; with `exact`, numbers have all their
+  // digits. Returns false, with a finding, if it cannot be written.
+  bool write(const std::string& name, const std::string& path, bool exact);
 
   // Adds a finding of the tool. Must not be called while something is being read.
   void add(tfinding finding) { ffindings.push_back(std::move(finding)); }
 
+  // All files that were read so far, those that were included among them.
+  const tfilemarks& filesread() const { return ffilesread; }
   // The name of the definition file in findings.
   const std::string& definition() const { return fdefinition; }
   // All findings so far. If some were not kept, adds one that gives their number.
@@ -63,9 +66,10 @@ class treading final : optcore::tstoreobserver {
 
   void filed(const optcore::tmessage& message) override;
   void assigned(const optcore::toption& option, std::int32_t bits) override;
+  void listed(std::string_view names) override;
 
   // Runs the action; findings call its source `name`. The action returns 0, or the operating system's error
-  // code for a file that cannot be opened or written, and collect then returns false.
+  // code for a file that cannot be opened, and collect then returns false.
   bool collect(const std::string& name, const std::function<std::int32_t()>& action);
   void keep(tfinding finding);
   void droprepetition();
@@ -76,14 +80,16 @@ class treading final : optcore::tstoreobserver {
   tsuggester fsuggester{fstore};
   std::optional<tassignments> fassignments;
   tfindings ffindings;
-  std::size_t ffirst = 0;    // index of the first finding of the current action, from 0
-  std::size_t fdropped = 0;  // findings that were not kept
+  std::size_t ffirst = 0;         // index of the first finding of the current action, from 0
+  std::size_t fdropped = 0;       // findings that were not kept
+  bool fdroppedunusable = false;  // a file that cannot be used was among them
   std::size_t fmost = mostfindings;
   bool fkept = true;  // whether the last finding was kept
   std::string fdefinition;
   std::string fdefinitionpath;
   std::string fsource;  // the name of the current source in findings
   bool fkeepsdefinition = false;
+  tfilemarks ffilesread;
   std::deque<ttemporaryfile> fcopies;  // a deque: pathof returns references to their paths
 };
 

@@ -104,7 +104,8 @@ std::vector<std::string> keynames(const tvksoptions& store) {
 }
 
 std::vector<std::string> tsuggester::suggestionsfor(const tsubject& subject) {
-  if (subject.problem == tsubject::tproblem::other) return {};
+  if (subject.problem == tsubject::tproblem::other || subject.problem == tsubject::tproblem::unusablefile)
+    return {};
   const bool isvalue = subject.problem == tsubject::tproblem::illegalvalue;
   tword word(subject.problem, subject.option, isvalue ? subject.value : subject.name);
   const auto known = fanswers.find(word);
@@ -121,7 +122,8 @@ std::vector<std::string> tsuggester::compared(std::string_view word, const std::
 
 std::vector<std::string> tsuggester::found(const tsubject& subject) {
   switch (subject.problem) {
-    case tsubject::tproblem::other: break;
+    case tsubject::tproblem::other:
+    case tsubject::tproblem::unusablefile: break;
     case tsubject::tproblem::unknownoption: return likekey(std::string(subject.name));
     case tsubject::tproblem::unknowndotoption:
       if (!fdots) fdots = dotnames(fstore);
