@@ -151,7 +151,8 @@ bool tparameterreader::nokey() {
 }
 
 bool tparameterreader::badseparator(std::string_view key) {
-  error(concat("Bad separator after key ", quoted(key)), {key});
+  error(concat("Bad separator after key ", quoted(key)),
+        {.name = key, .problem = tsubject::tproblem::badseparator});
   return false;
 }
 

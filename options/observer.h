@@ -20,6 +20,7 @@ struct tsubject {
     other,
     unknownoption,     // no option or synonym has the name
     unknowndotoption,  // the name begins with a period, and no dot option has it
+    badseparator,      // what follows the name can neither belong to it nor separate it from a value
     illegalvalue,      // the value is out of the bounds, or none of the legal values
     unusablefile       // the file of the name cannot be opened, read or written
   };

@@ -71,6 +71,9 @@ const CLI::App& addcheck(CLI::App& app, tcheckarguments& arguments) {
   command.add_flag("--json", arguments.json, "Print the findings as JSON");
   command.add_flag("--warnings-as-errors", arguments.warningsaserrors,
                    "Let warnings count for the exit code");
+  command.add_option("--limit", arguments.limit, "Print at most so many findings of one kind [1000]")
+      ->type_name("N")
+      ->check(CLI::PositiveNumber);
   return command;
 }
 

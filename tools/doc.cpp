@@ -50,7 +50,10 @@ bool compiles(treading& reading, const tdocarguments& arguments) {
   if (arguments.form == tdocform::c) problems = cproblems(described(reading, arguments));
   if (arguments.form == tdocform::pascal) problems = pascalproblems(reading.store().definition());
   for (const std::string& problem : problems)
-    reading.add({{reading.definition()}, arguments.force ? tseverity::warning : tseverity::error, problem});
+    reading.add({.place = {reading.definition()},
+                 .severity = arguments.force ? tseverity::warning : tseverity::error,
+                 .rule = "document",
+                 .text = problem});
   return problems.empty() || arguments.force;
 }
 

@@ -14,7 +14,11 @@ namespace {
 // Adds a warning for each setting that the written file does not hold as it was set.
 void warnofchanges(treading& reading, const std::string& name, const ttemporaryfile& file) {
   const auto warn = [&](const std::string& text, const std::vector<std::string>& details) {
-    reading.add({.place = {name}, .severity = tseverity::warning, .text = text, .details = details});
+    reading.add({.place = {name},
+                 .severity = tseverity::warning,
+                 .rule = "not-read-back",
+                 .text = text,
+                 .details = details});
   };
   optcore::tvksoptions fresh;
   const bool hasdefinition = reading.readdefinitionagain(fresh);
@@ -39,7 +43,7 @@ int run(const twritearguments& arguments) {
   if (!sparesfiles(output, filesof(arguments.inputs), reading)) return reportproblems(reading.findings());
   const bool opened =
       reading.readdefinition(arguments.inputs.definition) && reading.readoptions(arguments.inputs);
-  const bool refused = !arguments.force && countof(reading.findings(), tseverity::error) != 0;
+  const bool refused = !arguments.force && reading.findings().count(tseverity::error) != 0;
   if (opened && !refused) write(reading, arguments, output);
   const int code = reportproblems(reading.findings());
   if (opened && refused)

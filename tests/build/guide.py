@@ -35,11 +35,14 @@ def problems(printed):
     return result
 
 
-# The findings of `check` that are messages of the library: the tool's own have a rule or are about two places.
+TOOLRULES = {"set-again", "early-end"}
+
+
+# The findings of `check` that are messages of the library: the tool's own have rules of their own.
 # It may add lines of its own to the details.
 def findings(*files):
     for each in json.loads(output(TOOL, "check", "--json", *files))["findings"]:
-        if not each.get("rule") and ", but was set to " not in each["text"]:
+        if each["rule"] not in TOOLRULES:
             place = each["file"] + (f":{each['line']}" if each["line"] else "")
             yield [f"{place}: {each['severity']}: {each['text']}", *each["details"]]
 

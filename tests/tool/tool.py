@@ -34,9 +34,10 @@ for command in "check none.def -", "show examples/first.def none.opt":
     runs(f"wexcorin {command}", None, None, 2)
 runs("wexcorin help examples/first.def limt", None,
      'wexcorin: there is no option "limt"; did you mean "limit"?\n', 1)
-expect("more findings than the library keeps messages",
-       run("wexcorin check examples/first.def -", 6000 * "zzz 1\n")[0].split("\n")[-3:],
-       ['<stdin>:6000: error: Unknown option "zzz"', "6000 errors, 0 warnings; 4 options, 0 set", ""])
+expect("more findings of one kind than are listed, and one of another",
+       run("wexcorin check examples/first.def - --limit 5500", 6000 * "zzz 1\n" + "maxit x\n")[0].split("\n")[-4:],
+       ['<stdin>:5500: error: Unknown option "zzz"', '<stdin>:6001: error: Integer expected, for option "maxit" saw "x"',
+        "6001 errors, 0 warnings (500 of them not listed); 4 options, 0 set", ""])
 
 write("read.def", "read immediate readfile 0 0\n")
 out, err, code = run("wexcorin check read.def -", 6000 * "zzz 1\n" + "read /dev/zero\n")
@@ -45,9 +46,9 @@ expect("a file that is not read to its end, after more errors than the library k
        (['/dev/zero:1: error: Cannot read parameter file "/dev/zero"',
          "/dev/zero:1: note: Error code = 27; File too large"], "", 2))
 expect("a failure to write, after more errors than the tool lists",
-       run("wexcorin write read.def - --force -o /dev/full", "--any x\n" + 1000001 * "z\n")[1].split("\n")[1000000:],
+       run("wexcorin write read.def - --force -o /dev/full", "--any x\n" + 1500 * "z\n")[1].split("\n")[1000:],
        ["/dev/full: error: cannot write the file: No space left on device",
-        "/dev/full: error: 1 further finding not listed", ""])
+        "wexcorin: 500 further problems not listed", ""])
 
 # The nearest name is suggested first. Names are suggested as they are typed in the lookup mode; the name that was typed
 # is never suggested.
@@ -59,6 +60,18 @@ for definition, option, suggestion in (
         ("minos", "mtehod slow", "method"), ("path", "tol_x 5", 'tol_xy" or "tol_xyz')):
     out = run(f"wexcorin check {definition}.def -", option)[0]
     expect_part(option, out, f'; did you mean "{suggestion}"?\n')
+
+# What a name may have been meant to be, when it is written as in other formats or not quite right.
+for typed, name in {
+        "time/limit 5": "time_limit", "time.limit 5": "time_limit", "time-limit 5": "time_limit",
+        "limits/time-limit 5": "time_limit", "orrery.time_limit 5": "time_limit", "orrery_time_limit 5": "time_limit",
+        "time_limit_s 5": "time_limit",
+        "set time_limit 5": "time_limit", "set time/limt 5": "time_limit", "option threads=8": "threads",
+        "threads8": "threads", "timelimit 5": "time_limit",
+        "tiem_limit 5": "time_limit", "cores/x 5": "threads", "time_l 5": "time_limit"}.items():
+    expect_part(typed, run("wexcorin check examples/solver.def -", typed)[0], f'did you mean "{name}"')
+expect_part("tree", run("wexcorin check examples/solver.def -", "limit 5")[0],
+            '; did you mean "limit_list", "time_limit" or "work_limit"?\n')
 
 written = 'vents=60\nglaze\ncone=a\ncone="b c"\nnote=R\udce4tsel\n'
 runs("wexcorin write examples/types.def - -o -", written, None, stdin=written)

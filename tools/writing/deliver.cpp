@@ -10,6 +10,7 @@ namespace {
 bool failed(const toutputfile& output, std::string_view reason, treading& reading) {
   reading.add({.place = {output.name()},
                .severity = tseverity::error,
+               .rule = "not-written",
                .text = "cannot write the file: " + std::string(reason),
                .unusable = true});
   return false;
