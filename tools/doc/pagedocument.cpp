@@ -221,12 +221,15 @@ class tpagewriter {
     return result;
   }
 
+  static std::string chapterbegin(const std::string& anchor, const std::string& title) {
+    return "<section class=\"group\" id=\"" + anchor + "\" aria-labelledby=\"~" + anchor + "\">\n<h2 id=\"~" +
+           anchor + "\">" + escaped(title) + "</h2>\n";
+  }
+
   std::string chapterblocks() const {
     std::string result;
     for (std::size_t i = 0; i < fchapters.size(); ++i) {
-      const std::string& anchor = fanchors.ofchapter(i);
-      result += "<section class=\"group\" id=\"" + anchor + "\" aria-labelledby=\"~" + anchor +
-                "\">\n<h2 id=\"~" + anchor + "\">" + escaped(fchapters[i].title) + "</h2>\n";
+      result += chapterbegin(fanchors.ofchapter(i), fchapters[i].title);
       for (const toptionreference* option : fchapters[i].options) result += optionblock(*option);
       result += "</section>\n";
     }
