@@ -45,7 +45,8 @@ with tempfile.TemporaryDirectory() as work:
         file.write("{$I refused.inc}\nbegin\nend.\n")
     integer = "integer 1 0 0 9 1 1\n"
     for definition, refused in {
-            "a strlist 1 1 1\n": True, f"a {integer}A {integer}": True, f"integermap {integer}": True, f".a {integer}": True,
+            "a strlist 1 1 1\n": True, f"a {integer}A {integer}": True, f"integermap {integer}": True,
+            f".a {integer}": True,
             f"a {integer}map macro 1 1\n a\n": True, f"{126 * 'n'} {integer}{126 * 'n'}b {integer}": True,
             f"map {integer}{125 * 'n'} {integer}{124 * 'n'}b {integer}": False}.items():
         with open(f"{work}/refused.def", "w") as file:

@@ -16,7 +16,8 @@ expect("lines of the page", (len(lines) > 200, {"threads 0", "method dual", "qui
        (True, set()))
 messages = run("wexcorin check examples/solver.def -", "\n".join(lines))[0]
 expect("messages about the lines of the page",
-       [line for line in messages.split("\n") if re.search("(error|warning): ", line) and "but was set to" not in line], [])
+       [line for line in messages.split("\n") if re.search("(error|warning): ", line) and "but was set to" not in line],
+       [])
 
 # Titles, and links to the options that help names: in quotes, by their look or after "option", but not in plain words.
 write("named.def", """comment eolcomm #
@@ -47,7 +48,8 @@ for form, parts in {
             '>further time_limit or <a href="#.rank">.rank</a></p>',
             '&#39;<a href="#time">time</a>&#39; and <a href="#maxTime">maxTime</a>, but MAXTIME</p>',
             '<strong>deprecated</strong>: Use <a href="#pace">pace</a> or <a href="#time_limit">t</a>.</p>',
-            '<article class="option" id="time_limit">', '<p class="also find">deprecated synonym <code id="t">t</code> (so)</p>',
+            '<article class="option" id="time_limit">',
+            '<p class="also find">deprecated synonym <code id="t">t</code> (so)</p>',
             "<code>maxint</code> (the largest integer, 2147483647)", "<code>0</code> or more", "<code>9</code> or less",
             "any number", "<code>0</code> (no)", "Yes can be written as", '<dd class="find">Not pace</dd>',
             '<section class="group" id="group-main"', '<li><a href="#tempo"><code>tempo</code></a> for pace</li>',
