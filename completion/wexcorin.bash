@@ -27,7 +27,7 @@ _wexcorin_read() {
       [[ -n $awaits ]] || ((++i))
     elif [[ -n $awaits ]]; then
       awaits=
-    elif [[ $word == --set || $word == -o || $word == --output ]]; then
+    elif [[ $word == --set || $word == -o || $word == --output || $word == --title || $word == --release ]]; then
       awaits=$word
     elif [[ $word == -?* ]]; then
       continue
@@ -56,6 +56,7 @@ _wexcorin() {
       compopt -o nospace 2>/dev/null
       _wexcorin_words "$cur" "$(_wexcorin_names "$1" "$definition" | sed 's/$/=/')"
       ;;
+    --title:* | --release:*) ;;
     -*) _wexcorin_files ;;
     *:-*)
       case $command in
@@ -64,7 +65,7 @@ _wexcorin() {
         show) _wexcorin_words "$cur" '-h --help --set --changed --json' ;;
         help) _wexcorin_words "$cur" '-h --help' ;;
         write) _wexcorin_words "$cur" '-h --help --set -o --output --exact --force' ;;
-        doc) _wexcorin_words "$cur" '-h --help -o --output' ;;
+        doc) _wexcorin_words "$cur" '-h --help -o --output --title --release --force' ;;
       esac
       ;;
     *)

@@ -1,4 +1,4 @@
-/* Options of examples/types.def, written by "wexcorin doc c". */
+/* Options of types.def, written by "wexcorin doc c". */
 #ifndef TYPES_OPTIONS_H
 #define TYPES_OPTIONS_H
 

@@ -142,7 +142,25 @@ const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
       });
   adddefinition(command, arguments.definition);
   addoutput(command, arguments.output);
+  command.add_option("--title", arguments.title, "Title of the document (markdown and page only)")
+      ->type_name("TEXT");
+  command
+      .add_option(
+          "--release", arguments.release,
+          "Version and date of the solver, as in --release \"4.2, May 2026\"\n(markdown and page only)")
+      ->type_name("TEXT");
+  command.add_flag("--force", arguments.force,
+                   "Write a file that does not compile, with warnings (pascal and c only)");
   return command;
+}
+
+// The options of the command that the form does not have.
+std::string strayoption(const tdocarguments& arguments) {
+  const bool titled = arguments.form == tdocform::markdown || arguments.form == tdocform::page;
+  const bool compiled = arguments.form == tdocform::pascal || arguments.form == tdocform::c;
+  if (!titled && !arguments.title.empty()) return "--title";
+  if (!titled && !arguments.release.empty()) return "--release";
+  return !compiled && arguments.force ? "--force" : "";
 }
 
 std::string failuretext(const CLI::App* app, const CLI::Error& error) {
@@ -163,6 +181,13 @@ template <class T>
 targuments accepted(const T& arguments) {
   if (!readsstandardinputtwice(arguments.inputs)) return arguments;
   std::cerr << "wexcorin: standard input can be read only once\n";
+  return exitunusable;
+}
+
+targuments accepted(const tdocarguments& arguments) {
+  const std::string option = strayoption(arguments);
+  if (option.empty()) return arguments;
+  std::cerr << "wexcorin doc: this form does not take " << option << "\nTry 'wexcorin doc --help'.\n";
   return exitunusable;
 }
 
@@ -195,7 +220,7 @@ targuments parsearguments(int argc, char** argv) {
   if (showcommand.parsed()) return accepted(show);
   if (helpcommand.parsed()) return help;
   if (writecommand.parsed()) return accepted(write);
-  return doc;
+  return accepted(doc);
 }
 
 }  // namespace tool

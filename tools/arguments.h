@@ -48,6 +48,9 @@ struct tdocarguments {
   tdocform form = tdocform::definition;
   std::string definition;
   std::string output;
+  std::string title;
+  std::string release;
+  bool force = false;
 };
 
 // The arguments of one command, or an exit code if there is nothing left to do: the help, the version or an

@@ -7,6 +7,7 @@
 #include "tools/commands.h"
 #include "tools/doc/documents.h"
 #include "tools/reading/reading.h"
+#include "tools/text.h"
 #include "tools/writing/deliver.h"
 
 namespace tool {
@@ -21,33 +22,39 @@ std::string writtenby(const std::function<std::int32_t(const std::string& path)>
   return file.contents();
 }
 
-std::string document(const treading& reading, tdocform form) {
-  const optcore::tvksoptions& store = reading.store();
-  const optcore::tvksoptionwriter writer(store.definition());
-  switch (form) {
+treference described(const treading& reading, const tdocarguments& arguments) {
+  treference result = describe(reading.store(), reading.definition());
+  result.title = utf8(arguments.title);
+  result.release = utf8(arguments.release);
+  return result;
+}
+
+std::string document(const treading& reading, const tdocarguments& arguments) {
+  const optcore::tvksoptionwriter writer(reading.store().definition());
+  switch (arguments.form) {
     case tdocform::definition:
       return writtenby([&](const auto& path) { return writer.writedefinition(path); });
     case tdocform::pascal: return writtenby([&](const auto& path) { return writer.writedelphiinc(path); });
     case tdocform::html: return writtenby([&](const auto& path) { return writer.writeashtml(path); });
-    case tdocform::c: return cdocument(describe(store, reading.definition()));
-    case tdocform::markdown: return markdowndocument(describe(store, reading.definition()));
-    case tdocform::json: return jsondocument(describe(store, reading.definition()));
-    case tdocform::page: return pagedocument(describe(store, reading.definition()));
+    case tdocform::c: return cdocument(described(reading, arguments));
+    case tdocform::markdown: return markdowndocument(described(reading, arguments));
+    case tdocform::json: return jsondocument(described(reading, arguments));
+    case tdocform::page: return pagedocument(described(reading, arguments));
   }
   return {};
 }
 
-// The reasons for a refused document become findings.
-void write(treading& reading, tdocform form, const toutputfile& output) {
-  try {
-    deliver(output, document(reading, form), reading);
-  } catch (const trefuseddocument& refused) {
-    for (const std::string& reason : refused.reasons())
-      reading.add({.place = {reading.definition()},
-                   .severity = tseverity::error,
-                   .rule = "document",
-                   .text = reason});
-  }
+// Whether the file would compile, or is to be written all the same. What is wrong with it becomes findings.
+bool compiles(treading& reading, const tdocarguments& arguments) {
+  std::vector<std::string> problems;
+  if (arguments.form == tdocform::c) problems = cproblems(described(reading, arguments));
+  if (arguments.form == tdocform::pascal) problems = pascalproblems(reading.store().definition());
+  for (const std::string& problem : problems)
+    reading.add({.place = {reading.definition()},
+                 .severity = arguments.force ? tseverity::warning : tseverity::error,
+                 .rule = "document",
+                 .text = problem});
+  return problems.empty() || arguments.force;
 }
 
 }  // namespace
@@ -56,8 +63,8 @@ int run(const tdocarguments& arguments) {
   const toutputfile output(arguments.output);
   treading reading;
   if (sparesfiles(output, filesof({arguments.definition, {}, {}}), reading) &&
-      reading.readdefinition(arguments.definition))
-    write(reading, arguments.form, output);
+      reading.readdefinition(arguments.definition) && compiles(reading, arguments))
+    deliver(output, document(reading, arguments), reading);
   return reportproblems(reading.findings());
 }
 

@@ -35,6 +35,7 @@ wexcorin doc pascal >FILES
 wexcorin doc -o - pascal >FILES
 wexcorin help >FILES
 wexcorin doc pa>pascal page
+wexcorin doc --title All --release 1 pa>pascal page
 wexcorin help examples/first.def >Help maxit tol start
 wexcorin help examples/first.def ma>maxit
 wexcorin help examples/missing.def >

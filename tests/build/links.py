@@ -17,13 +17,15 @@ class Page(html.parser.HTMLParser):  # the links of an HTML page, and its anchor
         self.places |= {value for name, value in attributes if name == "id"}
 
 
-# The same for a Markdown file. The anchor of a heading is its text in lower case, with a dash for each blank.
+# The same for a Markdown file. The anchor of a heading is its text in lower case, with a dash for each blank. There are
+# also anchors of their own.
 class Markdown:
     def __init__(self, text):
         text = re.sub(r"(?ms)^```.*?^```$", "", text)
         self.links = re.findall(r"\]\(([^()\s]*)\)", re.sub(r"`[^`\n]*`", "", text))
         self.places = {re.sub(r"[^\w -]", "", heading.lower()).replace(" ", "-")
                        for heading in re.findall(r"(?m)^#+ (.*)$", text)}
+        self.places |= {*re.findall('(?m)^<a id="([^"]*)"></a>$', text)}
 
 
 def isdocument(path):

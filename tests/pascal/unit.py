@@ -1,6 +1,6 @@
 """Compares pascal/wexcorin.pas with the binary interface in api/abi.txt: every short-string function with its
 types, every constant, and nothing else. Then runs unit.pas with an include file that `doc pascal` wrote: each
-name must have the number that the option has in the library.
+name must have the number that the option has in the library. What `doc pascal` refuses must not compile.
 usage: unit.py LIBRARY_DIRECTORY TOOL; run in the repository's root; exit code 77: fpc is missing"""
 import difflib, re, shutil, subprocess, sys, tempfile
 
@@ -41,6 +41,22 @@ if not shutil.which("fpc"):
     print("fpc is not installed: the output of `doc pascal` is not compiled")
     sys.exit(77)
 with tempfile.TemporaryDirectory() as work:
+    with open(f"{work}/refused.pas", "w") as file:
+        file.write("{$I refused.inc}\nbegin\nend.\n")
+    integer = "integer 1 0 0 9 1 1\n"
+    for definition, refused in {
+            "a strlist 1 1 1\n": True, f"a {integer}A {integer}": True, f"integermap {integer}": True,
+            f".a {integer}": True,
+            f"a {integer}map macro 1 1\n a\n": True, f"{126 * 'n'} {integer}{126 * 'n'}b {integer}": True,
+            f"map {integer}{125 * 'n'} {integer}{124 * 'n'}b {integer}": False}.items():
+        with open(f"{work}/refused.def", "w") as file:
+            file.write(definition)
+        document = [tool, "doc", "pascal", f"{work}/refused.def", "-o", f"{work}/refused.inc"]
+        said = subprocess.run(document, stderr=subprocess.PIPE, encoding="utf-8").stderr
+        subprocess.run([*document, "--force"], stderr=subprocess.PIPE)
+        compiled = subprocess.run(["fpc", "-Mdelphi", "refused.pas"], cwd=work, stdout=subprocess.PIPE).returncode == 0
+        if [" in Pascal" in said or "Pascal file" in said, compiled] != [refused, not refused]:
+            sys.exit(f"doc pascal of {definition!r}: compiled: {compiled}, said: {said}")
     # names of dot options are no identifiers in Pascal
     with open(f"{work}/solver.def", "w", encoding="latin-1") as file:
         file.write(re.sub(r"(?m)^\..*\n( .*\n)*", "", read("examples/solver.def")))

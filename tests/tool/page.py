@@ -1,5 +1,5 @@
-"""Tests the page of `doc page` in Chromium with Selenium: the search, anchors, print, phones, the page without
-scripts, and texts that try to become markup. tool.py compares its bytes.
+"""Tests the page of `doc page` in Chromium with Selenium: the search, addresses, buttons, print, phones, the page
+without scripts, and texts that try to become markup. tool.py compares its bytes.
 usage: page.py TOOL; run in the repository's root; exit code 77: the browser or its driver is missing"""
 import json, os, shutil, subprocess, sys, tempfile
 
@@ -38,14 +38,22 @@ def expect(what, seen, wanted):
         failures.append(f"{what}: {seen!r}, right is {wanted!r}")
 
 
-def visit(definition, anchor=""):
+def go(address):
+    for place in "about:blank", f"file://{PAGE}{address}":
+        browser.get(place)
+
+
+def visit(definition):
     subprocess.run([sys.argv[1], "doc", "page", definition, "-o", PAGE], check=True)
-    for address in "about:blank", f"file://{PAGE}{anchor}":
-        browser.get(address)
+    go("")
 
 
 def value(expression):
     return browser.execute_script(f"return {expression}")
+
+
+def settled(expression):  # the page keeps a search in its address after a moment
+    return value(f"new Promise((done) => setTimeout(done, 500)).then(() => {expression})")
 
 
 def emulate(method, **parameters):
@@ -65,6 +73,17 @@ def shown():
                  ".map((each) => each.querySelector('h3').textContent)")
 
 
+HIGHLIGHTED = """(() => {
+    const plain = getComputedStyle(document.querySelector('.option')).backgroundColor;
+    return [...document.querySelectorAll('.option')].filter((each) => {
+      const top = each.getBoundingClientRect().top;
+      return getComputedStyle(each).backgroundColor !== plain && top >= 0 && top < innerHeight - 50;
+    }).map((each) => each.id); })()"""
+STATUS = "document.getElementById('~status').textContent"
+LISTED = "[...document.querySelectorAll('nav li')].filter((i) => i.checkVisibility()).length"
+NOTE = "document.getElementById('~none')"
+
+
 def searching():
     visit("examples/solver.def")
     count = len(shown())
@@ -75,14 +94,20 @@ def searching():
             "steepest lite": ["pricing"],  # a value and its help
             "machine  cores": ["threads"],  # words of the further help and a synonym
             "relative gap stops": ["gap_relative"],  # words in any order, names and help
+            "Node-Limit": ["node_limit"],
+            "orrery run": ["title"],  # a default
+            "choice_of numbers slacks": ["crash"],  # a type
+            "deprecated": ["threads"],  # a deprecated synonym
             "no such option": []}.items():
         search(text)
         expect(f"found for {text}", shown(), names)
-        expect(f"status, contents and note for {text}", value(
-            "[document.getElementById('~status').textContent,"
-            " [...document.querySelectorAll('nav li')].filter((i) => i.checkVisibility()).length,"
-            " document.getElementById('~none').checkVisibility()]"),
+        expect(f"status, contents and note for {text}", value(f"[{STATUS}, {LISTED}, {NOTE}.checkVisibility()]"),
                [f"{len(names)} of {count}", len(names), not names])
+    for text, names in {"sxd": [], "saed": ["seed"], "time limt": ["time_limit"],
+                        "interation-limit": ["iteration_limit"]}.items():
+        search(text)
+        expect(f"similar to {text}", [shown(), value(f"[{STATUS}, {NOTE}.textContent]")],
+               [names, [f"0 of {count}", "No option matches." + (" Similar names:" if names else "")]])
     search("node_l")
     press(Keys.ENTER)
     expect("where Enter leads", value("location.hash"), "#node_limit")
@@ -90,25 +115,63 @@ def searching():
     expect("shown after Escape", len(shown()), count)
 
 
-def anchors():
-    highlighted = """(() => {
-        const plain = getComputedStyle(document.querySelector('.option')).backgroundColor;
-        return [...document.querySelectorAll('.option')].filter((each) => {
-          const top = each.getBoundingClientRect().top;
-          return getComputedStyle(each).backgroundColor !== plain && top >= 0 && top < innerHeight - 50;
-        }).map((each) => each.id); })()"""
-    visit("examples/solver.def", "#probing")
-    expect("highlighted", value(highlighted), ["probing"])
-    search("threads")
+# The address names an option, a synonym or a group in any case, or holds a search.
+def addresses():
+    state = f"[{HIGHLIGHTED}.join(), document.querySelector('[aria-current]')?.textContent, " \
+            "document.getElementById('~search').value, location.search + location.hash]"
+    visit("examples/solver.def")
+    for address, wanted in {
+            "#probing": ["probing", "Presolve and scaling 13", "", "#probing"],
+            "#IterLim": ["iteration_limit", "Limits 12", "", "#iterlim"],
+            "#time-limit": ["time_limit", "Limits 12", "", "#time_limit"],
+            "#cuts": ["", "Cutting planes 12", "", "#group-cuts"],
+            "#group-symbols": ["", "Settings for single variables and equations 5", "", "#group-symbols"],
+            "#index-of-names": ["", "Index of names", "", "#index-of-names"],
+            "#time_limt": ["", "Limits 1", "time_limt", "?q=time_limt"],
+            "?q=gap+Stops": ["", "Tolerances 2", "gap Stops", "?q=gap+Stops"],
+            "?q=probing#crash": ["crash", "Simplex methods 12", "", "#crash"]}.items():
+        go(address)
+        expect(f"address {address}", settled(state), wanted)
+    search("thread num")
+    expect("address after a search", settled("location.search"), "?q=thread+num")
     # an event notifies the page of the new address
     value("new Promise((done) => { addEventListener('hashchange', () => requestAnimationFrame(done));"
           " location.hash = 'iterlim'; })")
-    expect("highlighted", value(highlighted), ["iteration_limit"])
-    expect("search after an anchor", value("document.getElementById('~search').value"), "")
+    expect("after another address", settled(state), ["iteration_limit", "Limits 12", "", "#iterlim"])
+    for group in value("[...document.querySelectorAll('.group')].map((group) => group.id)"):
+        value(f"document.getElementById('{group}').querySelector('.option').scrollIntoView()")
+        expect(f"mark in {group}", settled("document.querySelector('[aria-current]')?.hash"), f"#{group}")
+
+
+# The buttons copy lines: over the clipboard, and where the page may not use it.
+def copying():
+    visit("examples/solver.def")
+    browser.execute_cdp_cmd("Browser.grantPermissions", {
+        "permissions": ["clipboardReadWrite", "clipboardSanitizedWrite"]})
+    for selector, line in {"#threads button": "threads 0", "#method .default + div button": "method primal"}.items():
+        for forbidden in False, True:
+            if forbidden:
+                browser.execute_script("Object.defineProperty(navigator, 'clipboard', {value: undefined})")
+            element = browser.find_element("css selector", selector)
+            browser.execute_script("arguments[0].scrollIntoView({block: 'center'})", element)
+            element.click()
+            expect(f"button of {line}", settled(f"document.querySelector('{selector}').textContent"), "Copied")
+            search("")
+            ActionChains(browser).key_down(Keys.CONTROL).send_keys("v").key_up(Keys.CONTROL).perform()
+            expect(f"copied, forbidden: {forbidden}", value("document.getElementById('~search').value"), line)
+        visit("examples/solver.def")
+    element = browser.find_element("css selector", "#threads .ready span")
+    browser.execute_script("arguments[0].scrollIntoView({block: 'center'})", element)
+    element.click()
+    press(Keys.END, Keys.BACKSPACE, "8/", Keys.BACKSPACE, Keys.ENTER)
+    expect("button of a changed line", settled("document.querySelector('#threads button').textContent"), "Copied")
+    search("")
+    ActionChains(browser).key_down(Keys.CONTROL).send_keys("v").key_up(Keys.CONTROL).perform()
+    expect("copied with another value", value("document.getElementById('~search').value"), "threads 8")
 
 
 # The page shows everything without scripts, and in print also after a search. On a phone it is no wider than
-# the screen.
+# the screen, and the counts of the groups stay on one line.
 def readable():
     state = lambda: [len(shown()), value("document.getElementById('~form').checkVisibility()")]
     for definition in "examples/solver.def", "examples/types.def":
@@ -118,8 +181,13 @@ def readable():
         expect(f"without scripts, {definition}", state(), [count, False])
         emulate("setScriptExecutionDisabled", value=False)
         visit(definition)
-        emulate("setDeviceMetricsOverride", width=360, height=740, deviceScaleFactor=1, mobile=True)
-        expect(f"width, {definition}", value("document.documentElement.scrollWidth"), 360)
+        for width in 360, 420, 540, 640, 768, 896:
+            emulate("setDeviceMetricsOverride", width=width, height=740, deviceScaleFactor=1, mobile=True)
+            expect(f"width, counts of more than one line, {definition}", value(
+                """[document.documentElement.scrollWidth, [...document.querySelectorAll('nav span')].filter((span) => {
+                     const text = document.createRange();
+                     text.selectNodeContents(span);
+                     return text.getClientRects().length > 1; }).length]"""), [width, 0])
         emulate("clearDeviceMetricsOverride")
         search("search")
         expect(f"fewer shown after a search, {definition}", [state()[0] < count, state()[1]], [True, True])
@@ -149,12 +217,12 @@ def hostile():
 
 
 try:
-    for test in searching, anchors, readable, hostile:
+    for test in searching, addresses, copying, readable, hostile:
         test()
         expect(f"errors that the browser reports when {test.__name__}", browser.get_log("browser"), [])
     events = [json.loads(entry["message"])["message"] for entry in browser.get_log("performance")]
     requests = [event["params"] for event in events if event["method"] == "Network.requestWillBeSent"]
-    expect("files requested", {request["request"]["url"] for request in requests}, {f"file://{PAGE}"})
+    expect("files requested", {request["request"]["url"].split("?")[0] for request in requests}, {f"file://{PAGE}"})
 finally:
     browser.quit()
 sys.exit("\n".join(failures) or 0)

@@ -173,7 +173,7 @@ for form, part in (
         ("json", '"members": [\n        null,\n        "word"\n      ],'),
         ("page", 'Stands for <a href="#word"><code>word</code></a></p>'), ("page", 'id="main_limit">\n'),
         ("page", 'id="MAIN_LIMIT">\n'),
-        ("page", 'id="upper">upper</code>, <code class="find" id="upper-2">'),
+        ("page", 'id="upper">upper</code>, <code id="upper-2">'),
         ("page", '"help find">Rätsel \\x01\\x1b[31m \\x7f {{style}} nul:\\x00:end</p>')):
     expect_part(form, run(f"wexcorin doc {form} wrong.def -o -")[0], part)
 

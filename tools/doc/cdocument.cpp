@@ -1,6 +1,6 @@
 // doc c: a header for C and C++ with enumerators for the numbers, the reference numbers and the permitted
 // values of all options. A name of the definition keeps its letters and digits; all other characters between
-// two of them become one underscore. If two names become one, the header is refused.
+// two of them become one underscore. If two names become one, the header does not compile.
 #include <algorithm>
 #include <map>
 
@@ -72,7 +72,7 @@ class theaderwriter {
   std::string write() {
     std::string guard = fprefix + "_options_h";
     std::ranges::transform(guard, guard.begin(), upchar);
-    line("/* Options of " + commenttext(freference.definition) + ", written by \"wexcorin doc c\". */");
+    line("/* " + commenttext(titleof(freference)) + ", written by \"wexcorin doc c\". */");
     line("#ifndef " + guard);
     line("#define " + guard);
     numbers();
@@ -80,9 +80,10 @@ class theaderwriter {
     for (const toptionreference& option : freference.options) values(option);
     line("");
     line("#endif");
-    if (!fcollisions.empty()) throw trefuseddocument(fcollisions);
     return ftext;
   }
+
+  const std::vector<std::string>& collisions() const { return fcollisions; }
 
  private:
   void numbers() {
@@ -150,5 +151,11 @@ class theaderwriter {
 }  // namespace
 
 std::string cdocument(const treference& reference) { return theaderwriter(reference).write(); }
+
+std::vector<std::string> cproblems(const treference& reference) {
+  theaderwriter writer(reference);
+  writer.write();
+  return writer.collisions();
+}
 
 }  // namespace tool

@@ -2,29 +2,21 @@
 // in UTF-8, with the texts of the definition escaped as the form requires. The doc command writes the files.
 #pragma once
 
-#include <stdexcept>
 #include <string>
-#include <utility>
 #include <vector>
 
+#include "options/definition.h"
 #include "tools/doc/reference.h"
 
 namespace tool {
 
-// Thrown if a document cannot be made from a definition. There is at least one reason.
-class trefuseddocument : public std::runtime_error {
- public:
-  explicit trefuseddocument(std::vector<std::string> reasons)
-      : std::runtime_error(reasons.front()), freasons(std::move(reasons)) {}
-  const std::vector<std::string>& reasons() const noexcept { return freasons; }
-
- private:
-  std::vector<std::string> freasons;
-};
-
-std::string cdocument(const treference& reference);  // throws trefuseddocument if two names become one
+std::string cdocument(const treference& reference);
 std::string markdowndocument(const treference& reference);
 std::string jsondocument(const treference& reference);
 std::string pagedocument(const treference& reference);
+
+// Return the reasons why the file does not compile; none if it does.
+std::vector<std::string> cproblems(const treference& reference);
+std::vector<std::string> pascalproblems(const optcore::tdefinition& definition);
 
 }  // namespace tool

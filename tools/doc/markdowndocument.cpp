@@ -1,8 +1,10 @@
 // doc markdown: a reference of the options that help lists. Each group has a table of its options, then a
-// section for each of them.
+// section for each of them. An index of names ends it. Links lead to anchors of their own, because programs
+// make different anchors from headings.
 #include <algorithm>
 
 #include "base/textcase.h"
+#include "tools/doc/anchors.h"
 #include "tools/doc/documents.h"
 #include "tools/text.h"
 
@@ -59,18 +61,49 @@ std::string standingtext(const char* before, const tnamestanding& standing, cons
 
 class tmarkdownwriter {
  public:
-  std::string write(const treference& reference) {
-    paragraph("# Options of " + plain(reference.definition));
-    paragraph(lookuptext(reference.lookupmode));
-    for (const tchapter& chapter : chapters(reference)) {
-      paragraph("## " + plain(chapter.title));
-      summary(chapter);
-      for (const toptionreference* option : chapter.options) describe(*option);
+  explicit tmarkdownwriter(const treference& reference)
+      : freference(reference), fchapters(chapters(reference)), fanchors(fchapters) {}
+
+  std::string write() {
+    paragraph("# " + plain(titleof(freference)));
+    if (!freference.release.empty()) paragraph(plain(freference.release));
+    paragraph(lookuptext(freference.lookupmode));
+    contents();
+    for (std::size_t i = 0; i < fchapters.size(); ++i) {
+      heading("## " + plain(fchapters[i].title), fanchors.ofchapter(i));
+      summary(fchapters[i]);
+      for (const toptionreference* option : fchapters[i].options) describe(*option);
     }
+    index();
     return ftext;
   }
 
  private:
+  void contents() {
+    for (std::size_t i = 0; i < fchapters.size(); ++i)
+      line("- " + link(plain(fchapters[i].title), fanchors.ofchapter(i)));
+    line("- " + link("Index of names", fanchors.ofindex()));
+    line("");
+  }
+
+  void index() {
+    heading("## Index of names", fanchors.ofindex());
+    for (const tindexentry& entry : fanchors.index()) {
+      const std::string& anchor = fanchors.of(*entry.option);
+      line("- " + (entry.synonym ? code(entry.name) + ": see " : "") +
+           link(code(entry.option->name), anchor));
+    }
+  }
+
+  static std::string link(const std::string& text, const std::string& anchor) {
+    return "[" + text + "](#" + anchor + ")";
+  }
+
+  void heading(const std::string& text, const std::string& anchor) {
+    paragraph("<a id=\"" + anchor + "\"></a>");
+    paragraph(text);
+  }
+
   static std::string lookuptext(optcore::tlookupmode mode) {
     switch (mode) {
       case optcore::tlookupmode::normal: break;
@@ -83,16 +116,16 @@ class tmarkdownwriter {
   }
 
   void summary(const tchapter& chapter) {
-    line("| Option | Default | |");
+    line("| Option | Default | Meaning |");
     line("|---|---|---|");
     for (const toptionreference* option : chapter.options)
-      line("| " + code(option->name) + " | " + code(option->defaultvalue.text) + " | " + plain(option->help) +
-           " |");
+      line("| " + link(code(option->name), fanchors.of(*option)) + " | " + code(option->defaultvalue.text) +
+           " | " + plain(option->help) + " |");
     line("");
   }
 
   void describe(const toptionreference& option) {
-    paragraph("### " + code(option.name));
+    heading("### " + code(option.name), fanchors.of(option));
     if (!option.help.empty()) paragraph(plain(option.help));
     fact("Type", typephrase(option));
     fact("Range", rangephrase(option));
@@ -108,7 +141,7 @@ class tmarkdownwriter {
 
   void values(const toptionreference& option) {
     if (std::ranges::none_of(option.values, &tvaluereference::listed)) return;
-    line("| Value | |");
+    line("| Value | Meaning |");
     line("|---|---|");
     for (const tvaluereference& value : option.values)
       if (value.listed) line("| " + code(value.value.text) + " | " + plain(value.help) + " |");
@@ -121,11 +154,14 @@ class tmarkdownwriter {
   void paragraph(const std::string& text) { ftext.append(text).append("\n\n"); }
   void line(const std::string& text) { ftext.append(text).append("\n"); }
 
+  const treference& freference;
+  std::vector<tchapter> fchapters;
+  tanchors fanchors;
   std::string ftext;
 };
 
 }  // namespace
 
-std::string markdowndocument(const treference& reference) { return tmarkdownwriter().write(reference); }
+std::string markdowndocument(const treference& reference) { return tmarkdownwriter(reference).write(); }
 
 }  // namespace tool

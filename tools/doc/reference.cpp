@@ -126,6 +126,8 @@ toptionreference describeoption(const tvksoptions& store, std::int32_t index) {
 
 treference describe(const tvksoptions& store, const std::string& definition) {
   treference result = {.definition = utf8(definition),
+                       .title = {},
+                       .release = {},
                        .lookupmode = store.definition().lookupmode(),
                        .commentcharacters = {},
                        .indicatorkeyword = utf8(store.definition().dotname()),
@@ -155,16 +157,27 @@ std::vector<tchapter> chapters(const treference& reference) {
   std::map<std::int32_t, std::size_t> chapterofgroup;
   for (const tgroupreference& group : reference.groups)
     if (group.listed && chapterofgroup.try_emplace(group.number, result.size()).second)
-      result.push_back({group.title, {}});
-  result.push_back({othertitle, {}});
+      result.push_back({group.name, group.title, {}});
+  result.push_back({"", othertitle, {}});
   for (const toptionreference& option : reference.options) {
     if (!option.listed) continue;
     const auto found = chapterofgroup.find(option.group);
     result[found != chapterofgroup.end() ? found->second : result.size() - 1].options.push_back(&option);
   }
   std::erase_if(result, [](const tchapter& chapter) { return chapter.options.empty(); });
-  if (result.size() == 1 && result.front().title == othertitle) result.front().title = onlytitle;
+  if (result.size() == 1 && result.front().group.empty()) result.front().title = onlytitle;
   return result;
+}
+
+std::string filename(const treference& reference) {
+  if (reference.definition == "<stdin>") return "";
+  return reference.definition.substr(reference.definition.find_last_of('/') + 1);
+}
+
+std::string titleof(const treference& reference) {
+  if (!reference.title.empty()) return reference.title;
+  const std::string file = filename(reference);
+  return file.empty() ? "Options" : "Options of " + file;
 }
 
 std::string typephrase(const toptionreference& option) {

@@ -56,7 +56,9 @@ struct tgroupreference {
 };
 
 struct treference {
-  std::string definition;  // the name of its file
+  std::string definition;  // the name of its file, as the command line has it
+  std::string title;       // of the document; empty for a title of the tool
+  std::string release;     // the version of the solver and its date; may be empty
   optcore::tlookupmode lookupmode;
   std::string commentcharacters;  // each begins a comment at the end of a line of an option file
   std::string indicatorkeyword;   // empty where there are no indicators
@@ -72,10 +74,17 @@ treference describe(const optcore::tvksoptions& store, const std::string& defini
 // The listed options of a group. The chapters are in the order of the groups; options without a listed group
 // come last, in a chapter with a title of the tool. Empty chapters are left out.
 struct tchapter {
+  std::string group;  // its name; empty for options without a listed group
   std::string title;
   std::vector<const toptionreference*> options;
 };
 std::vector<tchapter> chapters(const treference& reference);
+
+// The name of the definition file without its folder, so that a document does not depend on where it was
+// made. Empty for standard input.
+std::string filename(const treference& reference);
+// The title of a document.
+std::string titleof(const treference& reference);
 
 // The type and what may follow the key, for example "integer, two values" or "text, takes no value".
 std::string typephrase(const toptionreference& option);
