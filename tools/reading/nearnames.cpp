@@ -29,8 +29,7 @@ tcounts countsof(std::string_view key) {
   return counts;
 }
 
-// By how much the counts in a exceed those in b, 16 counts at a time. x86-64 is the only platform.
-// NOLINTBEGIN(portability-simd-intrinsics)
+// By how much the counts in a exceed those in b, 16 counts at a time.
 std::size_t excess(const tcounts& a, const tcounts& b) {
   __m128i sums = _mm_setzero_si128();
   for (std::size_t i = 0; i < a.size(); i += 16) {
@@ -40,7 +39,6 @@ std::size_t excess(const tcounts& a, const tcounts& b) {
   }
   return static_cast<std::size_t>(_mm_cvtsi128_si64(sums) + _mm_cvtsi128_si64(_mm_srli_si128(sums, 8)));
 }
-// NOLINTEND(portability-simd-intrinsics)
 
 // The smallest distance that names with these characters can have: a change makes up for at most one
 // character that occurs too often and one that occurs too rarely.
