@@ -29,7 +29,7 @@ shortstring replacestr(std::string_view from, std::string_view to, std::string_v
 shortstring deletechar(char character, std::string_view text) noexcept;
 shortstring lowercase(std::string_view text) noexcept;
 
-// Returns the next word at or after `position` (1-based) and moves `position` behind it. A word ends at a
+// Returns the next word at or after `position` (1-based) and moves `position` past it. A word ends at a
 // blank or tab. The result is empty when there is no further word.
 std::string_view extracttoken(std::string_view text, std::int32_t& position) noexcept;
 

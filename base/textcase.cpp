@@ -43,7 +43,7 @@ tword loadfew(const char* text, std::size_t count) {
   return (code(0) << 16) | (code(count / 2) << 8) | code(count - 1);
 }
 
-// Loads the characters that follow the full words of a text of `count` characters. Behind a full word, the
+// Loads the characters that follow the full words of a text of `count` characters. After a full word, the
 // result overlaps that word.
 inline tword loadrest(const char* text, std::size_t count) {
   return count > sizeof(tword) ? loadword(text + count - sizeof(tword)) : loadfew(text, count);

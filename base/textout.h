@@ -1,5 +1,5 @@
 // A text result: writes to the caller's buffer of 256 bytes, in either of the two text forms of the
-// interface. The bytes behind the text stay unchanged: a short string is written as its length byte and
+// interface. The bytes after the text stay unchanged: a short string is written as its length byte and
 // characters, a zero-terminated text as its characters and the zero byte.
 #pragma once
 

@@ -14,7 +14,7 @@ std::int32_t growncapacity(std::int32_t capacity) {
 }
 
 // Splits the range around a pivot. `pivot` is its position, which is updated when an exchange moves it.
-// Afterwards no item of range.lo .. result.hi belongs behind an item of result.lo .. range.hi.
+// Afterwards no item of range.lo .. result.hi belongs after an item of result.lo .. range.hi.
 tquicksortclass::trange tquicksortclass::partition(trange range) {
   std::int32_t i = range.lo;
   std::int32_t j = range.hi;
@@ -34,7 +34,7 @@ tquicksortclass::trange tquicksortclass::partition(trange range) {
   return {i, j};
 }
 
-// Moves the item at `root` down in the heap until none of its children belongs behind it.
+// Moves the item at `root` down in the heap until none of its children belongs after it.
 void tquicksortclass::siftdown(trange heap, std::int32_t root) {
   while (root - heap.lo < heap.hi - root) {
     const std::int32_t left = root + (root - heap.lo) + 1;

@@ -1,4 +1,4 @@
-// Well-known option libraries at the same work as the floor and this library: reading N assignments from a
+// Well-known option libraries doing the same work as the floor and this library: reading N assignments from a
 // file and getting every value by name. Each library reads the file in its own syntax and is used as its
 // manual says. What it does not check itself is checked by hand.
 //

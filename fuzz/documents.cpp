@@ -1,7 +1,7 @@
-// The input is a definition file, a parameter file and requests for help, one a line, with a line "%%"
-// between these parts and two bytes of switches in front. Everything that the library can write of the store
-// is written, and the documents of the tool: whatever the definition says, each must keep to the rules of its
-// form, so that no text of the definition gets out of the place that it was written to.
+// The input is two bytes of switches, a definition file, a parameter file and requests for help, one on each
+// line, with a line "%%" between these parts. Everything that the library can write is written, and all
+// documents of the tool. Whatever the definition contains, each must follow the rules of its form, so that no
+// text of the definition becomes markup or code.
 #include <algorithm>
 #include <nlohmann/json.hpp>
 #include <set>
@@ -21,7 +21,7 @@ using tool::treference;
 
 // ---- what the library writes
 
-// What is written can be read, whatever it says.
+// A written definition can be read.
 void checkdefinition(std::string_view bytes) {
   writefile("written.def", bytes);
   tpair pair;
@@ -31,8 +31,8 @@ void checkdefinition(std::string_view bytes) {
 
 bool isofentity(char c) { return c == '#' || optcore::isletter(c) || optcore::isdigit(c); }
 
-// The next piece of markup, which moves past it: a tag, with values in quotes that are closed, an entity, or
-// text with no sign of either.
+// Returns the next piece of the page and removes it: a tag, in which all quotes must be closed, an entity, or
+// text without markup.
 std::string_view nextpiece(std::string_view& page) {
   std::size_t end = std::min(page.find_first_of("<>&"), page.size());
   if (page[0] == '<') {
@@ -49,8 +49,8 @@ std::string_view nextpiece(std::string_view& page) {
   return piece;
 }
 
-// Only the markup that the table writer uses, and texts in cells alone. Rows are not looked at: the writer
-// leaves some of them open.
+// The page has only the markup that the table writer uses, and text only in cells. Rows are not checked: the
+// writer does not close all of them.
 void checkhtml(std::string_view page) {
   std::string frame;
   bool incell = false;
@@ -92,12 +92,12 @@ void checklibrarydocuments(const optcore::tvksoptions& store) {
 
 bool isvisible(char c) { return static_cast<unsigned char>(c) >= ' ' && c != '\x7F'; }
 
-// No control characters but line end and tab.
+// There are no control characters except line end and tab.
 void checkvisible(std::string_view text) {
   HOLDS(std::ranges::all_of(text, [](char c) { return isvisible(c) || c == '\n' || c == '\t'; }), text);
 }
 
-// Every line is ASCII; comments end where the line does and are the only ones; no enumerator comes twice.
+// Every line is ASCII and has at most one comment, which ends with the line. No enumerator is defined twice.
 void checkheader(const treference&, std::string_view text) {
   std::set<std::string_view> enumerators;
   while (!text.empty()) {
@@ -111,7 +111,7 @@ void checkheader(const treference&, std::string_view text) {
   }
 }
 
-// No row of a table has a cell too many.
+// Rows of tables have two or three cells.
 void checkmarkdown(const treference&, std::string_view text) {
   checkvisible(text);
   while (!text.empty()) {
@@ -127,7 +127,7 @@ void checkjson(const treference& reference, std::string_view text) {
   HOLDS(!document.is_discarded() && document["options"].size() == reference.options.size(), text);
 }
 
-// Every tag is the page's own and ends in its place.
+// All elements are nested and closed correctly.
 void checkpage(const treference&, std::string_view text) {
   checkvisible(text);
   static const std::set<std::string_view> single = {"!DOCTYPE", "meta", "br", "input"};
@@ -157,7 +157,7 @@ constexpr struct {
     {tool::pagedocument, checkpage},
 };
 
-// All of them that the definition can have.
+// Checks every document; some forms refuse some definitions.
 void checktooldocuments(const optcore::tvksoptions& store) {
   const treference reference = tool::describe(store, "fuzz.def");
   for (const auto& [write, check] : tooldocuments) try {

@@ -1,4 +1,4 @@
-# Fails unless every function of the export list is called by one of the fuzz targets' sources.
+# Fails unless the sources of the fuzz targets call every exported function.
 #   reached.sh EXPORTS SOURCE...
 set -eu
 exports=$1

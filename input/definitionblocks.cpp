@@ -128,7 +128,8 @@ void tdefinitionreader::marks(tdeprecation ownname, tdeprecation itssynonym) {
 void tdefinitionreader::indicator() {
   if (!fdefinition.dotname().empty()) error("Indicator redefined");
   if (fname.size() > maxidentifier) error(concat("Indicator ", quoted(fname), " not a good identifier"));
-  fstore.declareindicator(fname);
+  fdefinition.setdotname(fname);
+  findicators.clear();
   nextline();
 }
 

@@ -14,26 +14,28 @@ std::int32_t tvksoptions::optreaddefinition(std::string_view filename) {
 }
 
 std::int32_t readdefinition(tvksoptions& store, std::string_view filename) {
-  const auto fileproblem = [&store, filename](std::string_view problem, std::int32_t code) {
-    store.addmessage(tmsgkind::defineerror, concat(problem, quoted(filename)));
-    store.addexplanation(tmsgkind::defineerror, errorcodetext(code));
+  tdefinition& definition = store.definition();
+  tmessagelist& messages = store.messages();
+  const auto fileproblem = [&messages, filename](std::string_view problem, std::int32_t code) {
+    messages.addmessage(tmsgkind::defineerror, concat(problem, quoted(filename)));
+    messages.addexplanation(tmsgkind::defineerror, errorcodetext(code));
   };
-  store.definition().setfilename(filename);
-  store.definition().setearlyend(0);
-  tminiparser scanner(store.messages(), store.echo(), tcharset());
+  definition.setfilename(filename);
+  definition.setearlyend(0);
+  tminiparser scanner(messages, tcharset());
   if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
     fileproblem("Cannot open option file ", code);
     return code;
   }
-  const tactivesource active(store, scanner);
-  tdefinitionreader(store, scanner).read();
+  const tactivesource active(messages, scanner);
+  tdefinitionreader(definition, store.indicators(), messages, scanner).read();
   if (const std::int32_t code = scanner.readerror(); code != 0) fileproblem("Cannot read option file ", code);
   return 0;
 }
 
 // definitionfile = { definition } .
 void tdefinitionreader::read() {
-  assert(fstore.activesource() == &fscanner);
+  assert(fmessages.activesource() == &fscanner);
   addhelpoption();
   nextline();
   while (fmore) definition();
@@ -41,8 +43,8 @@ void tdefinitionreader::read() {
 
 // Adds the option that every definition has.
 void tdefinitionreader::addhelpoption() {
-  const toptionhead head{"Help", &fstore, 0, 0, 0, {}};
-  auto help = fdefinition.arena().make<timmediateoption>(head, timmkind::help);
+  const toptionhead head{"Help", 0, 0, 0, {}};
+  auto help = fdefinition.make<timmediateoption>(head, timmkind::help);
   help->setsubtype(tsubtype::optional);
   fdefinition.addoption(std::move(help), tsoughtname(head.name));
 }
@@ -56,8 +58,8 @@ void tdefinitionreader::endearly() {
 
 void tdefinitionreader::error(std::string_view problem) {
   const bool namesoption = problem.find("synonym") == std::string_view::npos;
-  fstore.addmessage(tmsgkind::defineerror, concat(problem, namesoption ? " for option " : "", quoted(fname)),
-                    {fname.view()});
+  fmessages.addmessage(tmsgkind::defineerror,
+                       concat(problem, namesoption ? " for option " : "", quoted(fname)), {fname.view()});
 }
 
 // definition = [ "." ] name type [ "." modifier ] rest .
@@ -102,7 +104,7 @@ tdefinitionreader::tkeyword tdefinitionreader::type() {
 // counts as one that has.
 void tdefinitionreader::usermap(std::optional<topttype> type) {
   fsoughtname = tsoughtname(fname);
-  if (fdefinition.optionasobj(fsoughtname) != nullptr) error("Duplicate option");
+  if (fdefinition.indexof(fsoughtname) >= 0) error("Duplicate option");
   if (type && !hasusermap(*type))
     fusermap = -1;
   else
@@ -178,13 +180,13 @@ void tdefinitionreader::hcandgroup(std::string_view hcproblem) {
 toptionhead tdefinitionreader::head() {
   std::string_view text;
   fscanner.restofline(text);
-  return {fname, &fstore, fusermap, fhc, fgroup, text};
+  return {fname, fusermap, fhc, fgroup, text};
 }
 
 // Makes the option from the fields that have been read; head() reads the text, which comes last on the line.
 template <class tclass, class... targuments>
 std::unique_ptr<tclass> tdefinitionreader::make(const targuments&... arguments) {
-  return fdefinition.arena().make<tclass>(head(), arguments...);
+  return fdefinition.make<tclass>(head(), arguments...);
 }
 
 // ---- option = fields text { continuation } .

@@ -25,9 +25,11 @@ std::int32_t readdefinition(tvksoptions& store, std::string_view filename);
 
 class tdefinitionreader {
  public:
-  // Both must outlive the reader. The scanner must have its file open.
-  tdefinitionreader(tvksoptions& store, tminiparser& scanner)
-      : fstore(store), fdefinition(store.definition()), fscanner(scanner) {}
+  // All must outlive the reader. The scanner must have its file open. A definition that declares an indicator
+  // keyword starts with an empty list of indicators.
+  tdefinitionreader(tdefinition& definition, tindicatorlist& indicators, tmessagelist& messages,
+                    tminiparser& scanner)
+      : fdefinition(definition), findicators(indicators), fmessages(messages), fscanner(scanner) {}
 
   void read();
 
@@ -113,8 +115,9 @@ class tdefinitionreader {
   // Files a definition error; its text ends with the name of the definition.
   void error(std::string_view problem);
 
-  tvksoptions& fstore;
   tdefinition& fdefinition;
+  tindicatorlist& findicators;
+  tmessagelist& fmessages;
   tminiparser& fscanner;
   bool fmore = false;  // the scanner is at a line that is still to be read
 

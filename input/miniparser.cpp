@@ -21,8 +21,7 @@ consteval tminiparser::tclasses tminiparser::classesofcharacters() {
   return classes;
 }
 
-tminiparser::tminiparser(tmessagelist& messages, bool echo, const tcharset& commentset)
-    : fechoflag(echo), fmessages(messages) {
+tminiparser::tminiparser(tmessagelist& messages, const tcharset& commentset) : fmessages(messages) {
   static constexpr tclasses classes = classesofcharacters();
   fclasses = classes;
   for (std::size_t code = 0; commentset.any() && code < commentset.size(); ++code)
@@ -54,7 +53,7 @@ void tminiparser::setsource(tsourcekind kind, std::string_view name, std::string
   ftext[text.size()] = endofline;
   ftextlength = text.size();
   fkind = kind;
-  if (fechoflag) flushecho(text);
+  if (fmessages.echo()) flushecho(text);
 }
 
 // ---- lines and characters
@@ -67,7 +66,7 @@ bool tminiparser::nextfileline() {
       return false;
     }
     ++flinenr;  // cannot overflow: tlinereader limits the size of a file
-    if (fechoflag) flushecho({line.text, line.length});
+    if (fmessages.echo()) flushecho({line.text, line.length});
     if (line.length == 0 || line.text[0] == '*') continue;
     fposition = line.text;
     flineend = line.text + line.length;

@@ -26,9 +26,9 @@ class tminiparser final : public tlinesource {
   static constexpr char endofline = '\n';
   static constexpr char endofinput = '\x1a';
 
-  // `messages` receives the lines while the echo switch is on; it must outlive the scanner. The characters of
+  // `messages` receives the lines while its echo switch is on; it must outlive the scanner. The characters of
   // `commentset` start a comment that ends with the line.
-  tminiparser(tmessagelist& messages, bool echo, const tcharset& commentset);
+  tminiparser(tmessagelist& messages, const tcharset& commentset);
 
   // ---- sources: exactly one of these functions is called, once; then reading begins with nextline
   // Returns 0 or the system's error code.
@@ -113,7 +113,6 @@ class tminiparser final : public tlinesource {
   std::int32_t linenr() const override { return flinenr; }
   tsourcekind sourcekind() const override { return fkind; }
   std::string_view sourcename() const override { return fsourcename.view(); }
-  void setecho(bool echo) override { fechoflag = echo; }
   // The system's error code if reading failed in the middle of a file, otherwise 0.
   std::int32_t readerror() const noexcept { return ffile.readerror(); }
 
@@ -175,7 +174,6 @@ class tminiparser final : public tlinesource {
   char* flineend = nullptr;     // the endofline at the end of the line, which stops the loops
   std::int32_t flinenr = 0;
   tsourcekind fkind = tsourcekind::file;
-  bool fechoflag;
   tmessagelist& fmessages;
   tclasses fclasses;
   heapstring fsourcename;

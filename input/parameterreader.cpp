@@ -41,46 +41,46 @@ void tvksoptions::optreadfromstr(std::string_view text) { tparameterreading(*thi
 void tvksoptions::optreadfrompchar(const char* text) { tparameterreading(*this).readpchar(text); }
 
 std::int32_t tparameterreading::readfile(std::string_view filename) {
-  tminiparser scanner(fstore.messages(), fstore.echo(), fstore.definition().eolcommset());
+  tminiparser scanner(fstore.messages(), fstore.definition().eolcommset());
   if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
     fileproblem("Cannot open parameter file ", filename, code);
     return code;
   }
-  const tactivesource active(fstore, scanner);
-  fstore.addmessage(tmsgkind::fileenter, filename);
+  const tactivesource active(fstore.messages(), scanner);
+  fstore.messages().addmessage(tmsgkind::fileenter, filename);
   parsefile(scanner);
   if (const std::int32_t code = scanner.readerror(); code != 0)
     fileproblem("Cannot read parameter file ", filename, code);
-  fstore.addmessage(tmsgkind::fileleave, filename);
+  fstore.messages().addmessage(tmsgkind::fileleave, filename);
   return 0;
 }
 
 void tparameterreading::readstring(std::string_view text) {
-  tminiparser scanner(fstore.messages(), fstore.echo(), fstore.definition().eolcommset());
+  tminiparser scanner(fstore.messages(), fstore.definition().eolcommset());
   scanner.readfromstr(text);
   readtext(scanner);
 }
 
 void tparameterreading::readpchar(const char* text) {
-  tminiparser scanner(fstore.messages(), fstore.echo(), fstore.definition().eolcommset());
+  tminiparser scanner(fstore.messages(), fstore.definition().eolcommset());
   scanner.readfrompchar(text);
   readtext(scanner);
 }
 
 void tparameterreading::readtext(tminiparser& scanner) {
-  const tactivesource active(fstore, scanner);
-  fstore.addmessage(tmsgkind::fileenter, scanner.sourcename());
+  const tactivesource active(fstore.messages(), scanner);
+  fstore.messages().addmessage(tmsgkind::fileenter, scanner.sourcename());
   parse(scanner);
-  fstore.addmessage(tmsgkind::fileleave, scanner.sourcename());
+  fstore.messages().addmessage(tmsgkind::fileleave, scanner.sourcename());
 }
 
 void tparameterreading::parsefile(tminiparser& scanner) {
   const tnesting nesting(fnestlevel);
   ++ffilesread;
   if (fnestlevel > deepestnesting)
-    fstore.addmessage(tmsgkind::usererror, "File nesting level too deep; file ignored");
+    fstore.messages().addmessage(tmsgkind::usererror, "File nesting level too deep; file ignored");
   else if (ffilesread > mostfiles)
-    fstore.addmessage(tmsgkind::usererror, "Too many parameter files; file ignored");
+    fstore.messages().addmessage(tmsgkind::usererror, "Too many parameter files; file ignored");
   else
     parse(scanner);
 }
@@ -88,8 +88,8 @@ void tparameterreading::parsefile(tminiparser& scanner) {
 void tparameterreading::parse(tminiparser& scanner) { tparameterreader(fstore, scanner, *this).parse(); }
 
 void tparameterreading::fileproblem(std::string_view problem, std::string_view filename, std::int32_t code) {
-  fstore.addmessage(tmsgkind::usererror, concat(problem, quoted(filename)));
-  fstore.addexplanation(tmsgkind::usererror, errorcodetext(code));
+  fstore.messages().addmessage(tmsgkind::usererror, concat(problem, quoted(filename)));
+  fstore.messages().addexplanation(tmsgkind::usererror, errorcodetext(code));
 }
 
 // ---- statements
@@ -97,7 +97,7 @@ void tparameterreading::fileproblem(std::string_view problem, std::string_view f
 // parametertext = { line } .
 // line          = { statement } .
 void tparameterreader::parse() {
-  assert(fstore.activesource() == &fscanner);
+  assert(messages().activesource() == &fscanner);
   while (fscanner.nextline())
     while (statement()) continue;
 }
@@ -150,7 +150,7 @@ bool tparameterreader::dispatch(std::int32_t dashes) {
     return true;
   }
   toption* option = findoption();
-  const tcurrentname current(fstore, fkey);
+  const tcurrentname current(messages(), fkey);
   if (dashes >= 2) {
     listvalue(option != nullptr ? *option : addlist());
     return true;
@@ -164,10 +164,10 @@ bool tparameterreader::dispatch(std::int32_t dashes) {
 }
 
 toption* tparameterreader::findoption() {
-  if (fdefinition.lookupmode() != tlookupmode::minos) return fdefinition.optionasobj(fkey);
+  if (definition().lookupmode() != tlookupmode::minos) return definition().optionasobj(fkey);
   // in this mode, names are written with blanks in place of underscores
   if (fkey.find('_') != std::string_view::npos) return nullptr;
-  toption* option = fdefinition.optionasobj(fkey);
+  toption* option = definition().optionasobj(fkey);
   return option != nullptr ? option : findjoined();
 }
 
@@ -178,15 +178,15 @@ toption* tparameterreader::findjoined() {
     std::string_view word;
     if (!fscanner.skipbl() || !fscanner.nextidentx(word)) break;  // a sign, digit or period ends the key
     fkey = fkeytext.assign(fkey).append("_").append(word);
-    option = fdefinition.optionasobj(fkey);
+    option = definition().optionasobj(fkey);
   }
   return option;
 }
 
 // Adds a string list for a key with two dashes that is not the name of an option.
 toption& tparameterreader::addlist() {
-  const toptionhead head{fkey, &fstore, 0, 0, 0, {}};
-  return fdefinition.addoption(fdefinition.arena().make<tstrlistoption>(head), tsoughtname(fkey));
+  const toptionhead head{fkey, 0, 0, 0, {}};
+  return definition().addoption(definition().make<tstrlistoption>(head), tsoughtname(fkey));
 }
 
 bool tparameterreader::unknownkey() {
@@ -282,10 +282,11 @@ bool tparameterreader::reportdeprecation(const toption& option) {
   if (!isdeprecated && !isobsolete) return true;
   const bool anydeprecated = option.hasdeprecation(tdeprecation::deprecated) ||
                              option.hasdeprecation(tdeprecation::deprecatedsynonym);
-  fstore.addmessage(tmsgkind::deprecated,
-                    concat(anydeprecated ? "deprecated" : "obsolete", ownname ? " option " : " synonym ",
-                           quoted(fkey), "; ", ownname ? option.deprecatedmsg() : option.deprecatedmsg2()),
-                    {fkey, &option});
+  messages().addmessage(
+      tmsgkind::deprecated,
+      concat(anydeprecated ? "deprecated" : "obsolete", ownname ? " option " : " synonym ", quoted(fkey),
+             "; ", ownname ? option.deprecatedmsg() : option.deprecatedmsg2()),
+      {fkey, &option});
   return !isobsolete;
 }
 

@@ -56,11 +56,7 @@ class tparameterreader {
  public:
   // All three must outlive the reader.
   tparameterreader(tvksoptions& store, tminiparser& scanner, tparameterreading& reading)
-      : fstore(store),
-        fdefinition(store.definition()),
-        fscanner(scanner),
-        freading(reading),
-        feolonly(store.eolonly()) {}
+      : fstore(store), fscanner(scanner), freading(reading), feolonly(store.eolonly()) {}
 
   void parse();
 
@@ -87,7 +83,7 @@ class tparameterreader {
   void novalue(const toption& option);
   void setkey(std::string_view identifier, std::int32_t dashes);
   bool isindicatorkeyword() const {
-    return !fdefinition.dotname().empty() && struequal(fkey, fdefinition.dotname());
+    return !definition().dotname().empty() && struequal(fkey, definition().dotname());
   }
   toption* findoption();
   toption* findjoined();
@@ -115,13 +111,14 @@ class tparameterreader {
   template <class taddelement>
   void indicatorelements(std::string_view name, taddelement addelement);
 
-  void error(std::string_view text) { fstore.addmessage(tmsgkind::usererror, text); }
+  tdefinition& definition() const noexcept { return fstore.definition(); }
+  tmessagelist& messages() const noexcept { return fstore.messages(); }
+  void error(std::string_view text) { messages().addmessage(tmsgkind::usererror, text); }
   void error(std::string_view text, const tsubject& subject) {
-    fstore.addmessage(tmsgkind::usererror, text, subject);
+    messages().addmessage(tmsgkind::usererror, text, subject);
   }
 
   tvksoptions& fstore;
-  tdefinition& fdefinition;
   tminiparser& fscanner;
   tparameterreading& freading;
   bool feolonly;          // the current mode; an immediate option may change it

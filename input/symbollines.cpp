@@ -33,16 +33,16 @@ void tparameterreader::dotline() {
     return;
   }
   const shortstring suffix = concat(".", identifier);
-  const std::int32_t index = fdefinition.optlookup(suffix.view());
+  const std::int32_t index = definition().optlookup(suffix.view());
   if (index < 0) {
     error(concat("unknown .suffix ", quoted(suffix), " for key ", quoted(fkey)),
           {.name = suffix, .problem = tsubject::tproblem::unknowndotoption});
     return;
   }
-  const std::int32_t errorsbefore = fstore.errorcount();
+  const std::int32_t errorsbefore = messages().errorcount();
   dotentry(index);
-  if (fstore.errorcount() > errorsbefore)
-    fstore.countdoterror();
+  if (messages().errorcount() > errorsbefore)
+    fstore.dotoptions().counterror();
   else
     fstore.dotoptions().keepentry();
 }
@@ -84,12 +84,12 @@ bool tparameterreader::dotelements() {
 // ---- indicatorline = identifier [ elements ] "$" identifier [ elements ] [ "=" | ":=" ] boolean .
 
 void tparameterreader::indicatorline() {
-  tindicatorlist& items = *fstore.indicators();
-  const std::int32_t errorsbefore = fstore.errorcount();
+  tindicatorlist& items = fstore.indicators();
+  const std::int32_t errorsbefore = messages().errorcount();
   items.dropitem();
   if (!indicatoritem()) fscanner.skiptolineend();
-  if (fstore.errorcount() > errorsbefore)
-    fstore.countindicatorerrors(items.dropitem());
+  if (messages().errorcount() > errorsbefore)
+    items.rejectitem();
   else
     items.keepitem();
 }
@@ -98,8 +98,8 @@ void tparameterreader::indicatorline() {
 bool tparameterreader::indicatoritem() {
   if (!equation()) return false;
   if (!fscanner.skiptochar('$')) {
-    error(concat("$ expected after equation identifier ", quoted(fstore.indicators()->equation())),
-          {fstore.indicators()->equation()});
+    error(concat("$ expected after equation identifier ", quoted(fstore.indicators().equation())),
+          {fstore.indicators().equation()});
     return false;
   }
   return variable() && indicatorvalue();
@@ -112,7 +112,7 @@ bool tparameterreader::equation() {
     error("Equation ID expected for indicator");
     return false;
   }
-  tindicatorlist& items = *fstore.indicators();
+  tindicatorlist& items = fstore.indicators();
   items.addentry(name);
   indicatorelements(name, [&](std::string_view element) { items.addequdim(element); });
   return true;
@@ -128,7 +128,7 @@ bool tparameterreader::variable() {
   }
   if (name.size() > maxidentifier)
     error(concat("Variable ", quoted(name), " is not a good identifier"), {name});
-  tindicatorlist& items = *fstore.indicators();
+  tindicatorlist& items = fstore.indicators();
   items.setvariable(name);
   indicatorelements(name, [&](std::string_view element) { items.addvardim(element); });
   return true;
@@ -152,7 +152,7 @@ void tparameterreader::indicatorelements(std::string_view name, taddelement adde
 }
 
 bool tparameterreader::indicatorvalue() {
-  tindicatorlist& items = *fstore.indicators();
+  tindicatorlist& items = fstore.indicators();
   const std::string_view equation = items.equation();
   fscanner.skipbecomes();
   std::string_view text;

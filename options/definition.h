@@ -18,6 +18,9 @@ namespace optcore {
 
 class tdefinition {
  public:
+  // `owner` is the store of which this is a part, and becomes the owner of the options.
+  explicit tdefinition(tvksoptions& owner) noexcept : fowner(owner) {}
+
   // ---- the file
   std::string_view filename() const noexcept { return ffilename.view(); }
   void setfilename(std::string_view filename) { strassign(ffilename, filename); }
@@ -28,18 +31,30 @@ class tdefinition {
 
   // ---- options, in the order of the file
   std::int32_t getcount() const noexcept { return foptions.count(); }
-  toption& option(std::int32_t index) const noexcept {
+  const toption& option(std::int32_t index) const noexcept {
+    assert(isindex(index));
+    return *foptions.getobject(index);
+  }
+  toption& option(std::int32_t index) noexcept {
     assert(isindex(index));
     return *foptions.getobject(index);
   }
   // The option at a position, and its name; null and the empty name if there is none.
-  toption* getobjects(std::int32_t index) const noexcept {
+  const toption* getobjects(std::int32_t index) const noexcept {
+    return isindex(index) ? foptions.getobject(index) : nullptr;
+  }
+  toption* getobjects(std::int32_t index) noexcept {
     return isindex(index) ? foptions.getobject(index) : nullptr;
   }
   std::string_view getstrings(std::int32_t index) const noexcept {
     return isindex(index) ? foptions.getobject(index)->name() : std::string_view();
   }
-  // Takes ownership of the option. `name` must be its name.
+  // Makes an option, which is still to be added.
+  template <class tclass, class... targuments>
+  std::unique_ptr<tclass> make(const toptionhead& head, const targuments&... arguments) {
+    return farena.make<tclass>(fowner, head, arguments...);
+  }
+  // Takes ownership of an option that this definition made. `name` must be its name.
   toption& addoption(std::unique_ptr<toption> option, const tsoughtname& name);
 
   // ---- finding options that have been added, according to the lookup mode
@@ -51,18 +66,21 @@ class tdefinition {
     const std::int32_t index = optlookup(name);
     return index >= 0 ? index : synonymindex(name);
   }
-  toption* optionasobj(const tsoughtname& name) const { return getobjects(indexof(name)); }
-  toption* optionasobj(std::string_view name) const { return optionasobj(tsoughtname(name)); }
+  std::int32_t indexof(std::string_view name) const { return indexof(tsoughtname(name)); }
+  const toption* optionasobj(std::string_view name) const { return getobjects(indexof(name)); }
+  toption* optionasobj(std::string_view name) { return getobjects(indexof(name)); }
   // The first option with exactly this name, regardless of case and whatever the lookup mode is.
-  toption* exactoption(std::string_view name) const { return getobjects(foptions.indexof(name)); }
+  const toption* exactoption(std::string_view name) const { return getobjects(foptions.indexof(name)); }
+  toption* exactoption(std::string_view name) { return getobjects(foptions.indexof(name)); }
 
   // ---- synonyms, each with the position of its option, which is -1 for an undefined option
   const txstringlist<std::int32_t>& synonyms() const noexcept { return fsynonyms; }
   void addsynonym(std::string_view synonym, std::int32_t index) { fsynonyms.addobject(synonym, index); }
   // The option of the synonym at a position of synonyms(); null if it is undefined.
-  toption* synonymtarget(std::int32_t position) const noexcept {
+  const toption* synonymtarget(std::int32_t position) const noexcept {
     return getobjects(fsynonyms.getobject(position));
   }
+  toption* synonymtarget(std::int32_t position) noexcept { return getobjects(fsynonyms.getobject(position)); }
 
   // ---- groups
   const txstringlistobj<tgroupobj>& groups() const noexcept { return fgroups; }
@@ -94,6 +112,7 @@ class tdefinition {
   bool isindex(std::int32_t index) const noexcept { return index >= 0 && index < getcount(); }
   std::int32_t synonymindex(const tsoughtname& name) const;
 
+  tvksoptions& fowner;
   tarena farena;  // declared first, because it must outlive what lies in it
   heapstring ffilename;
   tstoredlistobj<toption> foptions;

@@ -4,13 +4,14 @@
 #include <cassert>
 #include <optional>
 
-#include "options/vksoptions.h"
+#include "options/definition.h"
+#include "options/messages.h"
 
 namespace optcore {
 
 void tdotobjlist::addentry(std::string_view key, std::int32_t optionindex) {
   if (key.size() > maxidentifier)
-    fowner.addmessage(tmsgkind::usererror, concat(".Option ID too long ", quoted(key)), {key});
+    fmessages.addmessage(tmsgkind::usererror, concat(".Option ID too long ", quoted(key)), {key});
   fbegun = true;
   fname.assign(key);
   foptionindex = optionindex;
@@ -21,7 +22,7 @@ void tdotobjlist::addentry(std::string_view key, std::int32_t optionindex) {
 // Whether an entry was begun; if not, files the message `without`. The parameter reader begins an entry
 // before it adds parts, so a missing one is an error of the library.
 bool tdotobjlist::requireentry(std::string_view without) {
-  if (!fbegun) fowner.addmessage(tmsgkind::usererror, without);
+  if (!fbegun) fmessages.addmessage(tmsgkind::usererror, without);
   return fbegun;
 }
 
@@ -54,8 +55,8 @@ std::optional<double> asnumber(const toption& option) {
 
 void tdotobjlist::setvalue(std::string_view text) {
   if (!requireentry("Cannot SetValue to DotObj")) return;
-  toption& option = fowner.definition().option(foptionindex);
-  const tcurrentname current(fowner, option.name());
+  toption& option = fdefinition.option(foptionindex);
+  const tcurrentname current(fmessages, option.name());
   option.setasstring(text);
   fvalue = asnumber(option).value_or(fvalue);
 }

@@ -12,7 +12,8 @@
 
 namespace optcore {
 
-class tvksoptions;
+class tdefinition;
+class tmessagelist;
 
 // The largest number of indices or elements of one identifier.
 inline constexpr std::int32_t maxdimensions = 20;
@@ -42,7 +43,9 @@ class tdotobj : public tinarena {
 // enters the list only when it is kept.
 class tdotobjlist {
  public:
-  explicit tdotobjlist(tvksoptions& owner) noexcept : fowner(owner) {}
+  // Both must outlive the list. The entries are those of dot options of the definition.
+  tdotobjlist(tdefinition& definition, tmessagelist& messages) noexcept
+      : fdefinition(definition), fmessages(messages) {}
 
   std::int32_t count() const noexcept { return fentries.count(); }
   std::string_view getname(std::int32_t index) const noexcept { return fentries[index]->name(); }
@@ -57,13 +60,18 @@ class tdotobjlist {
   // number.
   void setvalue(std::string_view text);
   void keepentry();
+  // Counts an entry that was rejected.
+  void counterror() noexcept { ++ferrors; }
+  std::int32_t errors() const noexcept { return ferrors; }
 
  private:
   bool requireentry(std::string_view without);
 
-  tvksoptions& fowner;
+  tdefinition& fdefinition;
+  tmessagelist& fmessages;
   tarena farena;
   tgrowarray<const tdotobj*> fentries;
+  std::int32_t ferrors = 0;
   // The entry that was begun.
   bool fbegun = false;
   std::int32_t foptionindex = 0;

@@ -3,7 +3,8 @@
 
 #include <cassert>
 
-#include "options/vksoptions.h"
+#include "options/dotoptions.h"  // the limits of identifiers
+#include "options/messages.h"
 
 namespace optcore {
 
@@ -41,50 +42,54 @@ tsymbol tsymbolparts::pack(tarena& arena) const {
 }
 
 void tindicatorlist::addentry(std::string_view equation) {
+  if (fcontents == nullptr) fcontents = std::make_unique<tcontents>();
   fbegun = true;
-  fvalue = 0;
-  fequation.clear();
-  fvariable.clear();
-  fequation.setname(equation);
+  fcontents->value = 0;
+  fcontents->equation.clear();
+  fcontents->variable.clear();
+  fcontents->equation.setname(equation);
   if (equation.size() > maxidentifier)
-    fowner.addmessage(tmsgkind::usererror, concat("Not a good equation identifier ", quoted(equation)),
-                      {equation});
+    fmessages.addmessage(tmsgkind::usererror, concat("Not a good equation identifier ", quoted(equation)),
+                         {equation});
 }
 
 void tindicatorlist::keepitem() {
   if (!fbegun) return;
-  const tsymbol equation = fequation.pack(farena);
-  fitems.append(farena.make<tindicatoritem>(equation, fvariable.pack(farena), fvalue));
+  auto& [arena, items, equation, variable, value] = *fcontents;
+  const tsymbol packed = equation.pack(arena);
+  items.append(arena.make<tindicatoritem>(packed, variable.pack(arena), value));
   fbegun = false;
 }
 
 void tindicatorlist::addequdim(std::string_view text) {
   assert(fbegun);
-  if (fequation.elements().count() >= maxdimensions)
-    fowner.addmessage(tmsgkind::usererror,
-                      concat("Too many dimensions for equation ", quoted(fequation.name())),
-                      {fequation.name()});
+  tsymbolparts& equation = fcontents->equation;
+  if (equation.elements().count() >= maxdimensions)
+    fmessages.addmessage(tmsgkind::usererror,
+                         concat("Too many dimensions for equation ", quoted(equation.name())),
+                         {equation.name()});
   if (istoolong(text))
-    fowner.addmessage(tmsgkind::usererror, concat("Bad Equation index = ", quoted(fequation.name())),
-                      {fequation.name()});
-  fequation.addelement(text);
+    fmessages.addmessage(tmsgkind::usererror, concat("Bad Equation index = ", quoted(equation.name())),
+                         {equation.name()});
+  equation.addelement(text);
 }
 
 void tindicatorlist::addvardim(std::string_view text) {
   assert(fbegun);
-  if (fvariable.elements().count() >= maxdimensions)
-    fowner.addmessage(tmsgkind::usererror,
-                      concat("Too many dimensions for variable ", quoted(fvariable.name())),
-                      {fvariable.name()});
+  tsymbolparts& variable = fcontents->variable;
+  if (variable.elements().count() >= maxdimensions)
+    fmessages.addmessage(tmsgkind::usererror,
+                         concat("Too many dimensions for variable ", quoted(variable.name())),
+                         {variable.name()});
   if (istoolong(text))
-    fowner.addmessage(tmsgkind::usererror, concat("Bad variable index = ", quoted(fvariable.name())),
-                      {fvariable.name()});
-  else if (!isquotedelement(text) && !fequation.haselement(text))
-    fowner.addmessage(
+    fmessages.addmessage(tmsgkind::usererror, concat("Bad variable index = ", quoted(variable.name())),
+                         {variable.name()});
+  else if (!isquotedelement(text) && !fcontents->equation.haselement(text))
+    fmessages.addmessage(
         tmsgkind::usererror,
-        concat("Index ", quoted(text), " not controled for variable ", quoted(fvariable.name())),
-        {fvariable.name()});
-  fvariable.addelement(text);
+        concat("Index ", quoted(text), " not controled for variable ", quoted(variable.name())),
+        {variable.name()});
+  variable.addelement(text);
 }
 
 }  // namespace optcore

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string_view>
 #include <utility>
 
@@ -14,7 +15,7 @@
 
 namespace optcore {
 
-class tvksoptions;
+class tmessagelist;
 
 // A symbol (an equation or a variable) and its elements as they were written, with their quotes.
 class tsymbol {
@@ -65,32 +66,46 @@ class tindicatoritem : public tinarena {
 // part is added nevertheless; the reader then drops the whole item.
 class tindicatorlist {
  public:
-  explicit tindicatorlist(tvksoptions& owner) noexcept : fowner(owner) {}
+  // The message list must outlive this list.
+  explicit tindicatorlist(tmessagelist& messages) noexcept : fmessages(messages) {}
 
-  std::int32_t count() const noexcept { return fitems.count(); }
-  const tindicatoritem* get(std::int32_t index) const noexcept { return fitems[index]; }
+  std::int32_t count() const noexcept { return fcontents != nullptr ? fcontents->items.count() : 0; }
+  const tindicatoritem* get(std::int32_t index) const noexcept { return fcontents->items[index]; }
 
   // Begins an item, to which the functions below refer.
   void addentry(std::string_view equation);
-  std::string_view equation() const noexcept { return fequation.name(); }
+  std::string_view equation() const noexcept { return fcontents->equation.name(); }
   void addequdim(std::string_view text);
-  void setvariable(std::string_view name) noexcept { fvariable.setname(name); }
+  void setvariable(std::string_view name) noexcept { fcontents->variable.setname(name); }
   void addvardim(std::string_view text);
-  void setvalue(bool value) noexcept { fvalue = value ? 1 : 0; }
+  void setvalue(bool value) noexcept { fcontents->value = value ? 1 : 0; }
   // Adds the item to the list; does nothing if none was begun.
   void keepitem();
-  // Discards the item. Returns the number of discarded items: 1, or 0 if none was begun.
-  std::int32_t dropitem() noexcept { return std::exchange(fbegun, false) ? 1 : 0; }
+  // Discards the item. Returns whether one was begun.
+  bool dropitem() noexcept { return std::exchange(fbegun, false); }
+  // The same for an item that has an error. It is counted.
+  void rejectitem() noexcept { ferrors += dropitem() ? 1 : 0; }
+  std::int32_t errors() const noexcept { return ferrors; }
+  // Removes all items. The count of errors stays.
+  void clear() noexcept {
+    fbegun = false;
+    fcontents.reset();
+  }
 
  private:
-  tvksoptions& fowner;
-  tarena farena;
-  tgrowarray<const tindicatoritem*> fitems;
-  // The item that was begun.
+  struct tcontents {
+    tarena arena;
+    tgrowarray<const tindicatoritem*> items;
+    // The parts of the item that was begun.
+    tsymbolparts equation;
+    tsymbolparts variable;
+    std::int32_t value = 0;
+  };
+
+  tmessagelist& fmessages;
+  std::unique_ptr<tcontents> fcontents;  // made with the first item, because few stores have indicators
+  std::int32_t ferrors = 0;
   bool fbegun = false;
-  std::int32_t fvalue = 0;
-  tsymbolparts fequation;
-  tsymbolparts fvariable;
 };
 
 }  // namespace optcore

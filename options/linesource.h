@@ -1,5 +1,5 @@
-// The interface through which the store sees the scanner that reads for it: the source that is read, the
-// current line for messages, and the echo switch. The scanner, tminiparser in input/, implements it.
+// The interface through which the message list sees the scanner: the source that is read and the current
+// line. The scanner, tminiparser in input/, implements it.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,6 @@ class tlinesource {
   virtual tsourcekind sourcekind() const = 0;
   // The file's name, or the word string or pchar for a text in memory.
   virtual std::string_view sourcename() const = 0;
-  virtual void setecho(bool echo) = 0;
 
   // The source that includes this one, at its current line; null if there is none. Set by tactivesource.
   const tlinesource* includer() const noexcept { return fincluder; }

@@ -40,7 +40,7 @@ void tsignificantkey::addpath(std::string_view name) noexcept {
 }
 
 // The number of the first characters, at most three, then these characters, which may include underscores.
-// Then, for each underscore of the name, an underscore and up to four characters of the word behind it.
+// Then, for each underscore of the name, an underscore and up to four characters of the word after it.
 void tsignificantkey::addminos(std::string_view name) noexcept {
   const std::string_view first = name.substr(0, 3);
   fcharacters[flength++] = static_cast<char>('0' + first.size());

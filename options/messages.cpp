@@ -56,6 +56,18 @@ void tmessagelist::fileoutofmemory() {
   foutofmemory = false;
 }
 
+void tmessagelist::addmessage(tmsgkind kind, std::string_view text) {
+  if (!ignores(kind)) add({kind, text, false, {}, fsource, linenr()});
+}
+
+void tmessagelist::addmessage(tmsgkind kind, std::string_view text, const tsubject& subject) {
+  if (!ignores(kind)) add({kind, text, false, subject, fsource, linenr()});
+}
+
+void tmessagelist::addexplanation(tmsgkind kind, std::string_view text) {
+  if (!ignores(kind)) add({kind, text, true, {}, fsource, linenr()});
+}
+
 void tmessagelist::add(const tmessage& message) {
   fileoutofmemory();
   file(message);

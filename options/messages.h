@@ -1,10 +1,15 @@
 // The message list of a store: what readers, setters and writers file, numbered from 1 in the order of
 // filing. Errors and warnings are counted when they are filed, so reading the counts takes constant time. The
 // list adds prefixes and line numbers; the text of a message stands where it is filed.
+//
+// The list knows what is being read and set, which tactivesource and tcurrentname say. So whoever reports a
+// problem needs the list alone.
 #pragma once
 
+#include <cassert>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
 #include "base/vksobj.h"
 #include "options/codes.h"
@@ -15,7 +20,11 @@ namespace optcore {
 class tmessagelist {
  public:
   // Files a message. If an error or warning has a line number, the text begins with it.
-  void add(const tmessage& message);
+  void addmessage(tmsgkind kind, std::string_view text);
+  // The same with the name, option or value that the message is about.
+  void addmessage(tmsgkind kind, std::string_view text, const tsubject& subject);
+  // Files a message that adds to the one before it.
+  void addexplanation(tmsgkind kind, std::string_view text);
   // Files a line of input. The limit of messages does not apply to echoed lines.
   void addecho(std::string_view line, const tlinesource& source);
   // Files the message that memory has run out. If there is no memory for the message either, the error is
@@ -33,8 +42,8 @@ class tmessagelist {
   void clear();
   // The list has reached its limit: further messages are dropped, except echoed lines.
   bool full() const noexcept { return count() > maxmessages; }
-  // A message of this kind would have no effect: the list would drop it, and there is no observer. A leave
-  // note is never without effect, because it may remove its enter note.
+  // A message of this kind would have no effect now, so its text need not be built: the list would drop it,
+  // and there is no observer. A leave note is never without effect, because it may remove its enter note.
   bool ignores(tmsgkind kind) const noexcept {
     return full() && kind != tmsgkind::fileleave && fobserver == nullptr;
   }
@@ -49,9 +58,23 @@ class tmessagelist {
   void setobserver(tstoreobserver* observer) noexcept { fobserver = observer; }
   tstoreobserver* observer() const noexcept { return fobserver; }
 
+  // The source that is being read, set by tactivesource; null when there is none.
+  const tlinesource* activesource() const noexcept { return fsource; }
+  // The name that messages quote for the option whose value is being set, as the caller wrote it. Set by
+  // tcurrentname; empty when no value is being set.
+  std::string_view curoptname() const noexcept { return fcuroptname; }
+  // Whether the lines of sources are echoed.
+  bool echo() const noexcept { return fecho; }
+  void setecho(bool echo) noexcept { fecho = echo; }
+
  private:
+  friend class tactivesource;
+  friend class tcurrentname;
+
   static constexpr std::int32_t maxmessages = 5000;
 
+  std::int32_t linenr() const { return fsource != nullptr ? fsource->linenr() : 0; }
+  void add(const tmessage& message);
   void file(const tmessage& message);
   void append(tmsgkind kind, std::string_view text);
   void fileoutofmemory();
@@ -64,6 +87,46 @@ class tmessagelist {
   std::int32_t fhelplines = 0;
   bool foutofmemory = false;  // memory ran out, and the message about it is still to be filed
   tstoreobserver* fobserver = nullptr;
+  tlinesource* fsource = nullptr;
+  std::string_view fcuroptname;
+  bool fecho = false;
+};
+
+// Makes a source the active one while this object exists. Readings may nest: the source that was active
+// before becomes the includer of this one, and is active again afterwards.
+class tactivesource {
+ public:
+  tactivesource(tmessagelist& messages, tlinesource& source) noexcept
+      : fmessages(messages), fsource(source), fprevious(std::exchange(messages.fsource, &source)) {
+    source.fincluder = fprevious;
+  }
+  tactivesource(const tactivesource&) = delete;
+  tactivesource& operator=(const tactivesource&) = delete;
+  ~tactivesource() {
+    assert(fmessages.fsource == &fsource);  // readings end in reverse order, each before its scanner
+    fsource.fincluder = nullptr;
+    fmessages.fsource = fprevious;
+  }
+
+ private:
+  tmessagelist& fmessages;
+  tlinesource& fsource;
+  tlinesource* fprevious;
+};
+
+// Sets the name that messages quote while this object exists. The text is not copied and must live as long.
+class tcurrentname {
+ public:
+  tcurrentname(tmessagelist& messages, std::string_view name) noexcept
+      : fmessages(messages), fprevious(std::exchange(messages.fcuroptname, name)) {}
+  tcurrentname(tmessagelist& messages, shortstring&& name) = delete;  // it would be gone at once
+  tcurrentname(const tcurrentname&) = delete;
+  tcurrentname& operator=(const tcurrentname&) = delete;
+  ~tcurrentname() { fmessages.fcuroptname = fprevious; }
+
+ private:
+  tmessagelist& fmessages;
+  std::string_view fprevious;
 };
 
 }  // namespace optcore

@@ -3,31 +3,31 @@
 
 namespace optcore {
 
-bool tvksoptions::optgetvalstr(std::string_view name, ttextout value) {
-  const toption* option = optionasobj(name);
+bool tvksoptions::optgetvalstr(std::string_view name, ttextout value) const {
+  const toption* option = fdefinition.optionasobj(name);
   value.set(option != nullptr ? option->getasstring() : tvaluetext());
   return option != nullptr;
 }
 
-bool tvksoptions::optgetval2str(std::string_view name, ttextout value) {
-  const toption* option = optionasobj(name);
+bool tvksoptions::optgetval2str(std::string_view name, ttextout value) const {
+  const toption* option = fdefinition.optionasobj(name);
   const bool hastwo = option != nullptr && option->subtype() == tsubtype::twovalues;
   value.set(hastwo ? option->getasstring2() : tvaluetext());
   return hastwo;
 }
 
-tvaluetext tvksoptions::getasstring(std::string_view name) {
-  const toption* option = optionasobj(name);
+tvaluetext tvksoptions::getasstring(std::string_view name) const {
+  const toption* option = fdefinition.optionasobj(name);
   return option != nullptr ? option->getasstring() : tvaluetext();
 }
 
 void tvksoptions::setasstring(std::string_view name, std::string_view text) {
-  const tcurrentname current(*this, name);
-  if (toption* option = optionasobj(name)) option->setasstring(text);
+  const tcurrentname current(fmessages, name);
+  if (toption* option = fdefinition.optionasobj(name)) option->setasstring(text);
 }
 
 bool tvksoptions::optsetrefnrstr(std::string_view name, std::int32_t refnr) {
-  toption* option = optionasobj(name);
+  toption* option = fdefinition.optionasobj(name);
   if (option == nullptr) return false;
   option->setrefnr(refnr);
   return true;
@@ -44,14 +44,15 @@ std::int32_t notalist(const toption* option) { return option == nullptr ? unknow
 
 }  // namespace
 
-std::int32_t tvksoptions::optlistcountstr(std::string_view name) {
-  const toption* option = optionasobj(name);
+std::int32_t tvksoptions::optlistcountstr(std::string_view name) const {
+  const toption* option = fdefinition.optionasobj(name);
   const auto* list = ifis<tstrlistoption>(option);
   return list != nullptr ? list->itemcount() : notalist(option);
 }
 
-std::int32_t tvksoptions::optreadfromliststr(std::string_view name, std::int32_t index, ttextout value) {
-  const toption* option = optionasobj(name);
+std::int32_t tvksoptions::optreadfromliststr(std::string_view name, std::int32_t index,
+                                             ttextout value) const {
+  const toption* option = fdefinition.optionasobj(name);
   const auto* list = ifis<tstrlistoption>(option);
   if (list != nullptr && index >= 1 && index <= list->itemcount()) {
     value.set(list->item(index - 1));
@@ -62,7 +63,7 @@ std::int32_t tvksoptions::optreadfromliststr(std::string_view name, std::int32_t
 }
 
 std::int32_t tvksoptions::optgetfromliststr(std::string_view name, ttextout value) {
-  toption* option = optionasobj(name);
+  toption* option = fdefinition.optionasobj(name);
   auto* list = ifis<tstrlistoption>(option);
   if (list != nullptr && list->itemcount() > 0) {
     value.set(list->takefirst());
@@ -74,7 +75,7 @@ std::int32_t tvksoptions::optgetfromliststr(std::string_view name, ttextout valu
 
 // A flag other than 0 asks for a list whose name begins with two dashes, 0 for any other list. The name that
 // is returned is that of the last list that was examined, whether it matched or not. It is written only once:
-// a longer name written before it would leave its end behind the text in the buffer.
+// a longer name written before it would leave its end after the text in the buffer.
 bool tvksoptions::optgetfromanystrlist(std::int32_t flag, ttextout name, ttextout value) {
   tstrlistoption* last = nullptr;
   bool found = false;

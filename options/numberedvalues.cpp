@@ -95,9 +95,9 @@ bool tvksoptions::assignednew(std::int32_t nr, twhich which, tassign assign) {
   toption* option = optionat(nr);
   if (option == nullptr || (which == twhich::second && option->subtype() != tsubtype::twovalues))
     return false;
-  const tcurrentname current(*this, option->name());
-  const std::int32_t errorsbefore = errorcount();
-  return assign(*option) && errorcount() == errorsbefore;
+  const tcurrentname current(fmessages, option->name());
+  const std::int32_t errorsbefore = fmessages.errorcount();
+  return assign(*option) && fmessages.errorcount() == errorsbefore;
 }
 
 namespace {

@@ -26,28 +26,30 @@ namespace {
 
 // The text of the first message about a refused value.
 shortstring refusal(const toption& option, std::string_view head, std::string_view saw) {
-  return concat(head, quoted(option.owner().curoptname()), " saw ", quoted(saw));
+  return concat(head, quoted(option.owner().messages().curoptname()), " saw ", quoted(saw));
 }
 
 void fileparseerror(const toption& option, std::string_view head, std::string_view saw) {
-  tvksoptions& owner = option.owner();
-  if (owner.ignores(tmsgkind::valueerror)) return;
-  owner.addmessage(tmsgkind::valueerror, refusal(option, head, saw), {owner.curoptname(), &option, saw});
+  tmessagelist& messages = option.owner().messages();
+  if (messages.ignores(tmsgkind::valueerror)) return;
+  messages.addmessage(tmsgkind::valueerror, refusal(option, head, saw),
+                      {messages.curoptname(), &option, saw});
 }
 
 // Files the two messages about an illegal value: `saw` returns the value as text, `legal` the text of the
 // second message. Returns true if the value is to be stored nevertheless.
 template <class tsaw, class tlegal>
 bool reportillegal(const toption& option, std::string_view head, tsaw saw, tlegal legal) {
-  tvksoptions& owner = option.owner();
-  const tmsgkind kind = owner.nobounds() ? tmsgkind::valuewarning : tmsgkind::valueerror;
-  if (!owner.ignores(kind)) {
+  const bool nobounds = option.owner().nobounds();
+  tmessagelist& messages = option.owner().messages();
+  const tmsgkind kind = nobounds ? tmsgkind::valuewarning : tmsgkind::valueerror;
+  if (!messages.ignores(kind)) {
     const auto value = saw();
-    owner.addmessage(kind, refusal(option, head, value),
-                     {owner.curoptname(), &option, value, tsubject::tproblem::illegalvalue});
-    owner.addexplanation(kind, legal());
+    messages.addmessage(kind, refusal(option, head, value),
+                        {messages.curoptname(), &option, value, tsubject::tproblem::illegalvalue});
+    messages.addexplanation(kind, legal());
   }
-  return owner.nobounds();
+  return nobounds;
 }
 
 // The second message for an option with bounds; `bound` returns a bound as text.
@@ -206,8 +208,9 @@ namespace {
 bool hasdoublequote(std::string_view text) { return text.find('"') != std::string_view::npos; }
 
 void refusedoublequote(const toption& option, std::string_view text) {
-  tvksoptions& owner = option.owner();
-  owner.addmessage(tmsgkind::valueerror, "Bad double-quote in value", {owner.curoptname(), &option, text});
+  tmessagelist& messages = option.owner().messages();
+  messages.addmessage(tmsgkind::valueerror, "Bad double-quote in value",
+                      {messages.curoptname(), &option, text});
 }
 
 }  // namespace

@@ -33,7 +33,9 @@ class tspreader {
  public:
   // `members` is the number of members of the option itself; the limit grows with it.
   tspreader(tvksoptions& owner, std::int32_t members)
-      : fowner(owner), fleft(std::int64_t{1000} + owner.getcount() + members) {}
+      : fdefinition(owner.definition()),
+        fmessages(owner.messages()),
+        fleft(std::int64_t{1000} + owner.definition().getcount() + members) {}
 
   void spread(const toption& option, std::string_view text) {
     fopen.push_back({&option, text, 0, 0});
@@ -43,9 +45,9 @@ class tspreader {
       if (!nextmember(fopen.back(), member, membertext))
         fopen.pop_back();
       else if (fleft-- == 0)
-        return fowner.addmessage(tmsgkind::valueerror,
-                                 concat("Too many members for option ", quoted(option.name())),
-                                 {option.name(), &option});
+        return fmessages.addmessage(tmsgkind::valueerror,
+                                    concat("Too many members for option ", quoted(option.name())),
+                                    {option.name(), &option});
       else if (member != nullptr)
         assign(*member, membertext);
     }
@@ -75,12 +77,12 @@ class tspreader {
   bool nextlistmember(const tmultilistoption& list, topen& open, toption*& member, std::string_view& word) {
     if (!nextlistword(open.text, open.position, word)) return false;
     if (open.next == list.items().count()) {
-      fowner.addmessage(tmsgkind::valueerror,
-                        concat("Too many items for multilist ", quoted(fowner.curoptname())),
-                        {fowner.curoptname(), &list});
+      fmessages.addmessage(tmsgkind::valueerror,
+                           concat("Too many items for multilist ", quoted(fmessages.curoptname())),
+                           {fmessages.curoptname(), &list});
       return false;
     }
-    member = fowner.definition().getobjects(list.items().get(open.next++));
+    member = fdefinition.getobjects(list.items().get(open.next++));
     if (member == &list) member = nullptr;
     return true;
   }
@@ -92,7 +94,8 @@ class tspreader {
       member.setasstring(text);
   }
 
-  tvksoptions& fowner;
+  tdefinition& fdefinition;
+  tmessagelist& fmessages;
   std::vector<topen> fopen;
   std::int64_t fleft;  // how many members may still be assigned
 };

@@ -13,7 +13,7 @@ bool isnumberin(const tlist& list, std::int32_t nr) {
 }  // namespace
 
 std::int32_t tvksoptions::optdotoptcount(std::int32_t& errors) const noexcept {
-  errors = fdoterrors;
+  errors = fdotoptions.errors();
   return fdotoptions.count();
 }
 
@@ -38,14 +38,14 @@ bool tvksoptions::optgetdotoptuel(std::int32_t nr, std::int32_t dim, ttextout ue
 }
 
 std::int32_t tvksoptions::optindicatorcount(std::int32_t& errors) const noexcept {
-  errors = findicatorerrors;
-  return findicators != nullptr ? findicators->count() : 0;
+  errors = findicators.errors();
+  return findicators.count();
 }
 
 bool tvksoptions::optgetindicatornr(std::int32_t nr, ttextout equation, ttextout variable,
                                     std::int32_t& equdims, std::int32_t& vardims, std::int32_t& value) const {
-  const bool found = findicators != nullptr && isnumberin(*findicators, nr);
-  const tindicatoritem* item = found ? findicators->get(nr - 1) : nullptr;
+  const bool found = isnumberin(findicators, nr);
+  const tindicatoritem* item = found ? findicators.get(nr - 1) : nullptr;
   equation.set(found ? item->equation().name() : std::string_view());
   variable.set(found ? item->variable().name() : std::string_view());
   equdims = found ? item->equation().elements().count() : 0;
@@ -56,25 +56,24 @@ bool tvksoptions::optgetindicatornr(std::int32_t nr, ttextout equation, ttextout
 
 namespace {
 
-bool getelement(const tindicatorlist* indicators, std::int32_t nr, std::int32_t dim,
+bool getelement(const tindicatorlist& indicators, std::int32_t nr, std::int32_t dim,
                 const tsymbol& (tindicatoritem::*symbol)() const noexcept, ttextout& element) {
-  if (indicators == nullptr || !isnumberin(*indicators, nr) ||
-      !isnumberin((indicators->get(nr - 1)->*symbol)().elements(), dim)) {
+  if (!isnumberin(indicators, nr) || !isnumberin((indicators.get(nr - 1)->*symbol)().elements(), dim)) {
     element.clear();
     return false;
   }
-  element.set((indicators->get(nr - 1)->*symbol)().elements().get(dim - 1));
+  element.set((indicators.get(nr - 1)->*symbol)().elements().get(dim - 1));
   return true;
 }
 
 }  // namespace
 
 bool tvksoptions::optgetequindicatornr(std::int32_t nr, std::int32_t dim, ttextout element) const {
-  return getelement(findicators.get(), nr, dim, &tindicatoritem::equation, element);
+  return getelement(findicators, nr, dim, &tindicatoritem::equation, element);
 }
 
 bool tvksoptions::optgetvarindicatornr(std::int32_t nr, std::int32_t dim, ttextout element) const {
-  return getelement(findicators.get(), nr, dim, &tindicatoritem::variable, element);
+  return getelement(findicators, nr, dim, &tindicatoritem::variable, element);
 }
 
 }  // namespace optcore

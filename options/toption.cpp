@@ -10,12 +10,12 @@
 namespace optcore {
 
 // The name is stored before the help text, so it lies beside the object in the arena: a search reads both.
-toption::toption(const toptionhead& head, topttype opttype)
-    : toption(head, opttype, head.owner->definition().stored(head.name)) {}
+toption::toption(tvksoptions& owner, const toptionhead& head, topttype opttype)
+    : toption(owner, head, opttype, owner.definition().stored(head.name)) {}
 
-toption::toption(const toptionhead& head, topttype opttype, tstoredtext name)
-    : toptionx(head.helpflag, head.owner->definition().stored(head.helptext)),
-      fowner(head.owner),
+toption::toption(tvksoptions& owner, const toptionhead& head, topttype opttype, tstoredtext name)
+    : toptionx(head.helpflag, owner.definition().stored(head.helptext)),
+      fowner(&owner),
       fname(name),
       fgroupnr(head.groupnr),
       frefnr(head.refnr),

@@ -1,4 +1,4 @@
-// The option objects: one class for each option type. The type code chooses the behaviour, by one switch for
+// The option objects: one class for each option type. The definition makes them (tdefinition::make). The type code chooses the behaviour, by one switch for
 // each operation; only destruction and reset are virtual. The setters, with their checks and messages, are in
 // setters.cpp and spread.cpp, and values as text in optionvalue.cpp.
 #pragma once
@@ -31,10 +31,10 @@ class tvaluetext {
   std::optional<std::string_view> ftext;
 };
 
-// The constructor arguments that all option types share. The texts are copied into the definition's arena.
+// The constructor arguments that all option types share, beside the owner. The texts are copied into the
+// definition's arena.
 struct toptionhead {
   std::string_view name;
-  tvksoptions* owner;
   std::int32_t refnr;
   std::int32_t helpflag;
   std::int32_t groupnr;
@@ -100,12 +100,12 @@ class toption : public toptionx, public tinarena {
   void setasstring2(std::string_view text);
 
  protected:
-  toption(const toptionhead& head, topttype opttype);
+  toption(tvksoptions& owner, const toptionhead& head, topttype opttype);
   // Copies a text into the definition's arena, where it lives as long as the option.
   tstoredtext stored(std::string_view text) const;
 
  private:
-  toption(const toptionhead& head, topttype opttype, tstoredtext name);
+  toption(tvksoptions& owner, const toptionhead& head, topttype opttype, tstoredtext name);
   static constexpr std::uint8_t deprecationbit(tdeprecation kind) {
     return static_cast<std::uint8_t>(1U << ordinal(kind));
   }
@@ -158,8 +158,9 @@ struct ttextvalues {
 class tintoption final : public toption {
  public:
   static constexpr topttype type = topttype::integer;
-  tintoption(const toptionhead& head, std::int32_t defaultvalue, std::int32_t lo, std::int32_t hi)
-      : toption(head, type), fvalues{defaultvalue}, flo(lo), fhi(hi) {}
+  tintoption(tvksoptions& owner, const toptionhead& head, std::int32_t defaultvalue, std::int32_t lo,
+             std::int32_t hi)
+      : toption(owner, head, type), fvalues{defaultvalue}, flo(lo), fhi(hi) {}
   std::int32_t defaultvalue() const noexcept { return fvalues.fdefault; }
   std::int32_t lo() const noexcept { return flo; }
   std::int32_t hi() const noexcept { return fhi; }
@@ -179,8 +180,8 @@ class tintoption final : public toption {
 class tdbloption final : public toption {
  public:
   static constexpr topttype type = topttype::dbl;
-  tdbloption(const toptionhead& head, double defaultvalue, double lo, double hi)
-      : toption(head, type), fvalues{defaultvalue}, flo(lo), fhi(hi) {}
+  tdbloption(tvksoptions& owner, const toptionhead& head, double defaultvalue, double lo, double hi)
+      : toption(owner, head, type), fvalues{defaultvalue}, flo(lo), fhi(hi) {}
   double defaultvalue() const noexcept { return fvalues.fdefault; }
   double lo() const noexcept { return flo; }
   double hi() const noexcept { return fhi; }
@@ -202,8 +203,8 @@ class tdbloption final : public toption {
 class tstringoption final : public toption {
  public:
   static constexpr topttype type = topttype::string;
-  tstringoption(const toptionhead& head, std::string_view defaultvalue)
-      : toption(head, type), fvalues{stored(defaultvalue), {}, {}} {}
+  tstringoption(tvksoptions& owner, const toptionhead& head, std::string_view defaultvalue)
+      : toption(owner, head, type), fvalues{stored(defaultvalue), {}, {}} {}
   std::string_view defaultvalue() const noexcept { return fvalues.fdefault.view(); }
   std::string_view value(twhich which) const noexcept { return fvalues.current(*this, which); }
   void setasstring12(twhich which, std::string_view text);
@@ -216,8 +217,8 @@ class tstringoption final : public toption {
 class tbooleanoption final : public toption {
  public:
   static constexpr topttype type = topttype::boolean;
-  tbooleanoption(const toptionhead& head, std::int32_t defaultvalue)
-      : toption(head, type), fvalues{defaultvalue} {}
+  tbooleanoption(tvksoptions& owner, const toptionhead& head, std::int32_t defaultvalue)
+      : toption(owner, head, type), fvalues{defaultvalue} {}
   std::int32_t defaultvalue() const noexcept { return fvalues.fdefault; }
   std::int32_t value(twhich which) const noexcept { return fvalues.current(*this, which); }
   void setasinteger(std::int32_t value) { setasinteger12(twhich::first, value); }
@@ -233,8 +234,8 @@ class tbooleanoption final : public toption {
 class tenumstroption final : public toption {
  public:
   static constexpr topttype type = topttype::enumstr;
-  tenumstroption(const toptionhead& head, std::string_view defaultvalue)
-      : toption(head, type), fvalues{stored(defaultvalue), {}, {}} {}
+  tenumstroption(tvksoptions& owner, const toptionhead& head, std::string_view defaultvalue)
+      : toption(owner, head, type), fvalues{stored(defaultvalue), {}, {}} {}
   std::string_view defaultvalue() const noexcept { return fvalues.fdefault.view(); }
   std::string_view value(twhich which) const noexcept { return fvalues.current(*this, which); }
   // The legal values and their help, in definition order.
@@ -251,8 +252,8 @@ class tenumstroption final : public toption {
 class tenumintoption final : public toption {
  public:
   static constexpr topttype type = topttype::enumint;
-  tenumintoption(const toptionhead& head, std::int32_t defaultvalue)
-      : toption(head, type), fvalues{defaultvalue} {}
+  tenumintoption(tvksoptions& owner, const toptionhead& head, std::int32_t defaultvalue)
+      : toption(owner, head, type), fvalues{defaultvalue} {}
   std::int32_t defaultvalue() const noexcept { return fvalues.fdefault; }
   std::int32_t value(twhich which) const noexcept { return fvalues.current(*this, which); }
   // The legal values and their help, in definition order.
@@ -275,7 +276,7 @@ class tenumintoption final : public toption {
 class tmultilistoption final : public toption {
  public:
   static constexpr topttype type = topttype::multilist;
-  explicit tmultilistoption(const toptionhead& head) : toption(head, type) {}
+  tmultilistoption(tvksoptions& owner, const toptionhead& head) : toption(owner, head, type) {}
   ~tmultilistoption() override { fitems.clear(); }
   // The members as positions in the option list, counted from 0; -1 for a member that was not defined when
   // its name was read.
@@ -292,7 +293,7 @@ class tmultilistoption final : public toption {
 class tstrlistoption final : public toption {
  public:
   static constexpr topttype type = topttype::strlist;
-  explicit tstrlistoption(const toptionhead& head) : toption(head, type) {}
+  tstrlistoption(tvksoptions& owner, const toptionhead& head) : toption(owner, head, type) {}
   std::int32_t itemcount() const noexcept { return fitems.count() - ftaken; }
   std::string_view item(std::int32_t index) const noexcept {
     assert(index >= 0 && index < itemcount());
@@ -316,7 +317,7 @@ class tstrlistoption final : public toption {
 class tmacrooption final : public toption {
  public:
   static constexpr topttype type = topttype::macro;
-  explicit tmacrooption(const toptionhead& head) : toption(head, type) {}
+  tmacrooption(tvksoptions& owner, const toptionhead& head) : toption(owner, head, type) {}
   // The members, which the option list owns.
   const txlist<toption*>& items() const noexcept { return fitems; }
   void additem(toption* option) { fitems.add(option); }
@@ -330,7 +331,8 @@ class tmacrooption final : public toption {
 class timmediateoption final : public toption {
  public:
   static constexpr topttype type = topttype::immediate;
-  timmediateoption(const toptionhead& head, timmkind immkind) : toption(head, type), fimmkind(immkind) {}
+  timmediateoption(tvksoptions& owner, const toptionhead& head, timmkind immkind)
+      : toption(owner, head, type), fimmkind(immkind) {}
   timmkind immkind() const noexcept { return fimmkind; }
 
  private:

@@ -1,4 +1,4 @@
-// The option store: creation, lookup, resetting, messages and switches. The queries are in
+// The option store: creation, lookup, resetting and messages. The queries are in
 // numberedvalues.cpp, namedvalues.cpp, descriptions.cpp and symbolqueries.cpp.
 #include "options/vksoptions.h"
 
@@ -6,12 +6,6 @@ namespace optcore {
 
 tvksoptions::tvksoptions() : toptionx(0, {}) {}
 tvksoptions::~tvksoptions() = default;
-
-void tvksoptions::declareindicator(std::string_view keyword) {
-  auto list = std::make_unique<tindicatorlist>(*this);
-  fdefinition.setdotname(keyword);
-  findicators = std::move(list);
-}
 
 // ---- lookup
 
@@ -54,19 +48,7 @@ bool tvksoptions::optresetnr(std::int32_t nr) {
   return option != nullptr;
 }
 
-// ---- messages and switches
-
-void tvksoptions::addmessage(tmsgkind kind, std::string_view text) {
-  if (!ignores(kind)) fmessages.add({kind, text, false, {}, fparser, linenr()});
-}
-
-void tvksoptions::addmessage(tmsgkind kind, std::string_view text, const tsubject& subject) {
-  if (!ignores(kind)) fmessages.add({kind, text, false, subject, fparser, linenr()});
-}
-
-void tvksoptions::addexplanation(tmsgkind kind, std::string_view text) {
-  if (!ignores(kind)) fmessages.add({kind, text, true, {}, fparser, linenr()});
-}
+// ---- messages
 
 void tvksoptions::optgetmessage(std::int32_t nr, ttextout text, std::int32_t& kind) const {
   text.set(fmessages.decorated(nr));
@@ -76,11 +58,6 @@ void tvksoptions::optgetmessage(std::int32_t nr, ttextout text, std::int32_t& ki
 void tvksoptions::opterrorcount(std::int32_t& errors, std::int32_t& warnings) const noexcept {
   errors = fmessages.errors();
   warnings = fmessages.warnings();
-}
-
-void tvksoptions::optechoset(bool echo) {
-  fecho = echo;
-  if (fparser != nullptr) fparser->setecho(echo);
 }
 
 }  // namespace optcore

@@ -7,9 +7,7 @@
 // outputs of a failed query are part of its contract, too.
 #pragma once
 
-#include <cassert>
 #include <cstdint>
-#include <memory>
 #include <string_view>
 #include <utility>
 
@@ -17,7 +15,6 @@
 #include "options/definition.h"
 #include "options/dotoptions.h"
 #include "options/indicators.h"
-#include "options/linesource.h"
 #include "options/messages.h"
 #include "options/observer.h"
 
@@ -32,12 +29,11 @@ class tvksoptions : public toptionx {
   tdefinition& definition() noexcept { return fdefinition; }
   const tdefinition& definition() const noexcept { return fdefinition; }
   tmessagelist& messages() noexcept { return fmessages; }
+  const tmessagelist& messages() const noexcept { return fmessages; }
   tdotobjlist& dotoptions() noexcept { return fdotoptions; }
   const tdotobjlist& dotoptions() const noexcept { return fdotoptions; }
-  // Null unless the definition declares an indicator keyword.
-  tindicatorlist* indicators() const noexcept { return findicators.get(); }
-  // Sets the indicator keyword and starts with an empty list of indicators.
-  void declareindicator(std::string_view keyword);
+  tindicatorlist& indicators() noexcept { return findicators; }
+  const tindicatorlist& indicators() const noexcept { return findicators; }
 
   // ---- reading and writing: each is defined in input/ or output/, beside the function that does the work
   std::int32_t optreaddefinition(std::string_view filename);
@@ -48,20 +44,11 @@ class tvksoptions : public toptionx {
   void optshowhelp(std::string_view hlpmsg);
 
   // ---- messages
-  void addmessage(tmsgkind kind, std::string_view text);
-  // The same with the name, option or value that the message is about.
-  void addmessage(tmsgkind kind, std::string_view text, const tsubject& subject);
-  // Files a message that adds to the one before it.
-  void addexplanation(tmsgkind kind, std::string_view text);
-  // Messages of this kind would have no effect now, so their texts need not be built.
-  bool ignores(tmsgkind kind) const noexcept { return fmessages.ignores(kind); }
-  void optaddmessage(std::string_view text) { addmessage(tmsgkind::usererror, text); }
+  void optaddmessage(std::string_view text) { fmessages.addmessage(tmsgkind::usererror, text); }
   void optgetmessage(std::int32_t nr, ttextout text, std::int32_t& kind) const;
   void optclearmessages() { fmessages.clear(); }
   std::int32_t optmessagecount() const noexcept { return fmessages.count(); }
   void opterrorcount(std::int32_t& errors, std::int32_t& warnings) const noexcept;
-  // Errors and lines of help, see tmessagelist.
-  std::int32_t errorcount() const noexcept { return fmessages.errorcount(); }
 
   // ---- resetting
   void optresetall();
@@ -72,7 +59,7 @@ class tvksoptions : public toptionx {
 
   // ---- lookup
   std::int32_t optlookup(std::string_view name) const { return fdefinition.optlookup(name); }
-  toption* optionasobj(std::string_view name) const { return fdefinition.optionasobj(name); }
+  const toption* optionasobj(std::string_view name) const { return fdefinition.optionasobj(name); }
   bool optfindstr(std::string_view name, std::int32_t& nr, std::int32_t& refnr) const;
   std::int32_t getcount() const noexcept { return fdefinition.getcount(); }
   std::int32_t getgroupcount() const noexcept { return fdefinition.groups().count(); }
@@ -96,12 +83,12 @@ class tvksoptions : public toptionx {
   bool optsetstr2nr(std::int32_t nr, std::string_view sval);
 
   // ---- values by name (namedvalues.cpp)
-  bool optgetvalstr(std::string_view name, ttextout value);
-  bool optgetval2str(std::string_view name, ttextout value);
-  tvaluetext getasstring(std::string_view name);
+  bool optgetvalstr(std::string_view name, ttextout value) const;
+  bool optgetval2str(std::string_view name, ttextout value) const;
+  tvaluetext getasstring(std::string_view name) const;
   void setasstring(std::string_view name, std::string_view text);
-  std::int32_t optlistcountstr(std::string_view name);
-  std::int32_t optreadfromliststr(std::string_view name, std::int32_t index, ttextout value);
+  std::int32_t optlistcountstr(std::string_view name) const;
+  std::int32_t optreadfromliststr(std::string_view name, std::int32_t index, ttextout value) const;
   std::int32_t optgetfromliststr(std::string_view name, ttextout value);
   bool optgetfromanystrlist(std::int32_t flag, ttextout name, ttextout value);
 
@@ -143,13 +130,8 @@ class tvksoptions : public toptionx {
   bool optgetequindicatornr(std::int32_t nr, std::int32_t dim, ttextout element) const;
   bool optgetvarindicatornr(std::int32_t nr, std::int32_t dim, ttextout element) const;
 
-  // Count rejected dot entries and indicators, for optdotoptcount and optindicatorcount.
-  void countdoterror() noexcept { ++fdoterrors; }
-  void countindicatorerrors(std::int32_t rejected) noexcept { findicatorerrors += rejected; }
-
   // ---- switches
-  void optechoset(bool echo);
-  bool echo() const noexcept { return fecho; }
+  void optechoset(bool echo) noexcept { fmessages.setecho(echo); }
   bool opteolonlyset(bool eolonly) noexcept { return std::exchange(feolonly, eolonly); }
   bool eolonly() const noexcept { return feolonly; }
   void optnoboundsset(bool nobounds) noexcept { fnobounds = nobounds; }
@@ -157,13 +139,7 @@ class tvksoptions : public toptionx {
   void optrecentenabledset(bool recentenabled) noexcept { frecentenabled = recentenabled; }
   bool optrecentenabled() const noexcept { return frecentenabled; }
 
-  // ---- what is being read and set
-  // The source that is being read, set by tactivesource; null when there is none.
-  const tlinesource* activesource() const noexcept { return fparser; }
-  // The name that messages quote for the option whose value is being set, as the caller wrote it. Set by
-  // tcurrentname; empty when no value is being set.
-  std::string_view curoptname() const noexcept { return fcuroptname; }
-
+  // ---- the observer
   // Sets the observer that is notified of every message and of every value that is stored; null for none. It
   // is not owned, and must be removed before it is destroyed.
   void setobserver(tstoreobserver* observer) noexcept { fmessages.setobserver(observer); }
@@ -172,67 +148,22 @@ class tvksoptions : public toptionx {
   }
 
  private:
-  friend class tactivesource;
-  friend class tcurrentname;
-
-  toption* optionat(std::int32_t nr) const noexcept {
+  const toption* optionat(std::int32_t nr) const noexcept {
     return nr >= 1 ? fdefinition.getobjects(nr - 1) : nullptr;
   }
+  toption* optionat(std::int32_t nr) noexcept { return nr >= 1 ? fdefinition.getobjects(nr - 1) : nullptr; }
   const toption* twovalueoption(std::int32_t nr) const noexcept;
   template <class tassign>
   bool assignednew(std::int32_t nr, twhich which, tassign assign);
   bool setvalues(std::int32_t nr, twhich which, std::int32_t ival, double dval, std::string_view sval);
-  std::int32_t linenr() const { return fparser != nullptr ? fparser->linenr() : 0; }
 
-  tdefinition fdefinition;
+  tdefinition fdefinition{*this};
   tmessagelist fmessages;
-  tlinesource* fparser = nullptr;
-  std::string_view fcuroptname;
-  tdotobjlist fdotoptions{*this};
-  std::unique_ptr<tindicatorlist> findicators;
-  std::int32_t findicatorerrors = 0;
-  std::int32_t fdoterrors = 0;
+  tdotobjlist fdotoptions{fdefinition, fmessages};
+  tindicatorlist findicators{fmessages};
   bool feolonly = true;
-  bool fecho = false;
   bool fnobounds = false;
   bool frecentenabled = true;
-};
-
-// Makes a source the active one of the store while this object exists. Readings may nest: the source that was
-// active before becomes the includer of this one, and is active again afterwards.
-class tactivesource {
- public:
-  tactivesource(tvksoptions& store, tlinesource& source) noexcept
-      : fstore(store), fsource(source), fprevious(std::exchange(store.fparser, &source)) {
-    source.fincluder = fprevious;
-  }
-  tactivesource(const tactivesource&) = delete;
-  tactivesource& operator=(const tactivesource&) = delete;
-  ~tactivesource() {
-    assert(fstore.fparser == &fsource);  // readings end in reverse order, each before its scanner
-    fsource.fincluder = nullptr;
-    fstore.fparser = fprevious;
-  }
-
- private:
-  tvksoptions& fstore;
-  tlinesource& fsource;
-  tlinesource* fprevious;
-};
-
-// Sets the name that messages quote while this object exists. The text is not copied and must live as long.
-class tcurrentname {
- public:
-  tcurrentname(tvksoptions& store, std::string_view name) noexcept
-      : fstore(store), fprevious(std::exchange(store.fcuroptname, name)) {}
-  tcurrentname(tvksoptions& store, shortstring&& name) = delete;  // it would be gone at once
-  tcurrentname(const tcurrentname&) = delete;
-  tcurrentname& operator=(const tcurrentname&) = delete;
-  ~tcurrentname() { fstore.fcuroptname = fprevious; }
-
- private:
-  tvksoptions& fstore;
-  std::string_view fprevious;
 };
 
 }  // namespace optcore

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <string>
 
+#include "options/vksoptions.h"
+
 namespace optcore {
 
 namespace {
@@ -21,9 +23,7 @@ bool asnumber(std::string_view text, std::int32_t& number) {
 
 }  // namespace
 
-void tvksoptions::optshowhelp(std::string_view hlpmsg) { showhelp(*this, hlpmsg); }
-
-void showhelp(tvksoptions& store, std::string_view request) { thelplisting(store).show(request); }
+void tvksoptions::optshowhelp(std::string_view hlpmsg) { thelplisting(fdefinition, fmessages).show(hlpmsg); }
 
 std::int32_t tmysortstringlist::compare(std::int32_t i, std::int32_t j) const {
   return strucmpnum(getname(i), getname(j));
@@ -37,8 +37,9 @@ void thelplisting::show(std::string_view request) {
     level = summarybit;
   }
   if (level < 1) level = defaultlevel;
-  const std::int32_t shown =
-      fstore.ignores(tmsgkind::help) ? standardoutputbit : summarybit | alphabeticalbit | standardoutputbit;
+  const std::int32_t shown = fmessages.ignores(tmsgkind::help)
+                                 ? standardoutputbit
+                                 : summarybit | alphabeticalbit | standardoutputbit;
   if ((level & shown) == 0) return;
   collectnames();
   if ((level & summarybit) != 0) summary((level & marksbit) != 0);
@@ -77,14 +78,14 @@ void thelplisting::addbuf(std::string_view piece) {
   if (!piece.empty()) {
     fbuffer.append(piece);
   } else if (!fbuffer.empty()) {
-    fstore.addmessage(tmsgkind::help, fbuffer);
+    fmessages.addmessage(tmsgkind::help, fbuffer);
     fbuffer.clear();
   }
 }
 
 void thelplisting::blankline() {
   endline();
-  fstore.addmessage(tmsgkind::help, {});
+  fmessages.addmessage(tmsgkind::help, {});
 }
 
 // ---- summary by group

@@ -1,5 +1,5 @@
 // The help text of a definition: a summary by group, a listing in alphabetical order, or the description of
-// one option. The lines are filed as messages of the store.
+// one option. The lines are filed as messages.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "options/vksoptions.h"
+#include "options/definition.h"
+#include "options/messages.h"
 
 namespace optcore {
 
@@ -23,15 +24,14 @@ class tmysortstringlist final : public txstringlist<tlistedoption> {
   std::int32_t compare(std::int32_t i, std::int32_t j) const override;
 };
 
-// Files the help for a request: the name of an option, or a number whose bits choose the parts of the
-// listing. Any other request gives the summary.
-void showhelp(tvksoptions& store, std::string_view request);
-
 class thelplisting {
  public:
-  // The store must outlive the listing and receives the lines.
-  explicit thelplisting(tvksoptions& store) : fstore(store), fdefinition(store.definition()) {}
+  // Both must outlive the listing. The message list receives the lines.
+  thelplisting(const tdefinition& definition, tmessagelist& messages)
+      : fdefinition(definition), fmessages(messages) {}
 
+  // Files the help for a request: the name of an option, or a number whose bits choose the parts of the
+  // listing. Any other request gives the summary.
   void show(std::string_view request);
 
  private:
@@ -68,8 +68,8 @@ class thelplisting {
   void endline() { addbuf({}); }
   void blankline();
 
-  tvksoptions& fstore;
   const tdefinition& fdefinition;
+  tmessagelist& fmessages;
   tmysortstringlist fnames;
   std::unordered_map<std::int32_t, std::vector<std::int32_t>>
       fgroupnames;  // for each group number the positions in fnames, in order

@@ -12,16 +12,16 @@ std::int32_t tvksoptions::optwriteparameterfile(std::string_view filename) {
 }
 
 std::int32_t writeparameters(tvksoptions& store, std::string_view filename) {
-  const auto fileproblem = [&store, filename](std::int32_t code) {
-    store.addmessage(tmsgkind::usererror, concat("Cannot write parameter file ", quoted(filename)));
-    store.addexplanation(tmsgkind::usererror, concat("   ", errorcodetext(code).view()));
+  const auto fileproblem = [&messages = store.messages(), filename](std::int32_t code) {
+    messages.addmessage(tmsgkind::usererror, concat("Cannot write parameter file ", quoted(filename)));
+    messages.addexplanation(tmsgkind::usererror, concat("   ", errorcodetext(code).view()));
   };
   ttextfile file;
   if (const std::int32_t code = file.open(filename); code != 0) {
     fileproblem(code);
     return code;
   }
-  tparameterwriter(store, file).write();
+  tparameterwriter(store.definition(), store.dotoptions(), store.indicators(), file).write();
   if (const std::int32_t code = file.close(); code != 0) fileproblem(code);
   return 0;
 }
@@ -95,19 +95,17 @@ void tparameterwriter::writeelements(const tlist& elements) {
 }
 
 void tparameterwriter::writedotentries() {
-  const tdotobjlist& entries = fstore.dotoptions();
-  for (std::int32_t i = 0; i < entries.count(); ++i) {
-    const tdotobj& entry = *entries.getobject(i);
-    ffile.write(entries.getname(i), fdefinition.getstrings(entry.optionindex()));
+  for (std::int32_t i = 0; i < fdotoptions.count(); ++i) {
+    const tdotobj& entry = *fdotoptions.getobject(i);
+    ffile.write(entry.name(), fdefinition.getstrings(entry.optionindex()));
     writeelements(entry.indices());
     ffile.writeline(" = ", dbltostr(entry.value()));
   }
 }
 
 void tparameterwriter::writeindicators() {
-  const tindicatorlist* items = fstore.indicators();
-  for (std::int32_t i = 0; items != nullptr && i < items->count(); ++i) {
-    const tindicatoritem& item = *items->get(i);
+  for (std::int32_t i = 0; i < findicators.count(); ++i) {
+    const tindicatoritem& item = *findicators.get(i);
     ffile.write(fdefinition.dotname(), " ", item.equation().name());
     writeelements(item.equation().elements());
     ffile.write("$", item.variable().name());

@@ -21,9 +21,10 @@ std::int32_t writeparameters(tvksoptions& store, std::string_view filename);
 
 class tparameterwriter {
  public:
-  // Both must outlive the writer. The file must be open.
-  tparameterwriter(const tvksoptions& store, ttextfile& file)
-      : fstore(store), fdefinition(store.definition()), ffile(file) {}
+  // All must outlive the writer. The file must be open.
+  tparameterwriter(const tdefinition& definition, const tdotobjlist& dotoptions,
+                   const tindicatorlist& indicators, ttextfile& file)
+      : fdefinition(definition), fdotoptions(dotoptions), findicators(indicators), ffile(file) {}
 
   void write();
 
@@ -37,8 +38,9 @@ class tparameterwriter {
   void writeelements(const tlist& elements);
   std::string_view boundsswitchname() const;
 
-  const tvksoptions& fstore;
   const tdefinition& fdefinition;
+  const tdotobjlist& fdotoptions;
+  const tindicatorlist& findicators;
   ttextfile& ffile;
   std::string_view fboundsswitch;
   shortstring fname;  // buffer for a name that is not written as it is stored

@@ -36,7 +36,7 @@ void addearlyend(treading& reading) {
   if (line != 0)
     reading.add({.place = {reading.definition(), line},
                  .severity = tseverity::warning,
-                 .text = "The definition ends here, because no definition can begin like this line; "
+                 .text = "The definition ends here, because no line of a definition can begin like this one; "
                          "this line and all that follow are not read"});
 }
 

@@ -1,4 +1,4 @@
-// The round trip of a parameter file, and what a pair keeps for it.
+// The round trip of a parameter file, and the state that a pair keeps for it.
 #include <bit>
 #include <vector>
 
@@ -26,7 +26,7 @@ bool tpair::wasfull() const { return fwasfull || handle(0)->messages().full(); }
 
 namespace {
 
-// The file that both handles write, which says nothing else about it.
+// Returns the file that both handles write. There must be no message about writing.
 std::string written(tpair& pair, const std::string& filename) {
   const std::int32_t before = pair.one(optmessagecount);
   writefile(filename, "what was there before");
@@ -39,7 +39,7 @@ std::string written(tpair& pair, const std::string& filename) {
   return bytes;
 }
 
-// All that an option holds; empty where there is none.
+// All values and marks of an option as text; empty if there is no option.
 std::string contents(const optcore::toption* option) {
   using namespace optcore;
   if (option == nullptr) return {};
@@ -49,7 +49,7 @@ std::string contents(const optcore::toption* option) {
       all.append(std::to_string(list->item(i).size())).append(" ").append(list->item(i)).append("\n");
     return all;
   }
-  all = option->defined() != 0 ? "set" : "";  // a single one of two values is written with the other
+  all = option->defined() != 0 ? "set" : "";  // if only one of two values is set, both are written
   all.append(option->outofbounds() != 0 ? " out of bounds" : "");
   for (const tvaluetext& text : {option->getasstring(), option->getasstring2()})
     all.append("\n").append(text.view());
@@ -59,7 +59,7 @@ std::string contents(const optcore::toption* option) {
   return all;
 }
 
-// The same of all options, and the numbers of the dot entries, whose texts are in the file.
+// The same for all options, and the values of the dot entries, whose texts are in the file.
 std::string contents(const optcore::tvksoptions& store) {
   std::string all;
   for (std::int32_t i = 0; i < store.getcount(); ++i)
@@ -69,14 +69,14 @@ std::string contents(const optcore::tvksoptions& store) {
   return all;
 }
 
-// Options of the definition have the same numbers in both, an option that was added has only its name.
+// Finds the same option in the other store: an option of the definition by number, an added one by name.
 const optcore::toption* twin(const tpair& again, std::int32_t defined, std::int32_t number,
                              std::string_view name) {
   const tvksoptions& store = *again.handle(0);
   return number <= defined ? store.definition().getobjects(number - 1) : store.definition().exactoption(name);
 }
 
-// What is named must differ, and is reset. False when nothing was there to be reset.
+// Options that the tool names must differ, and are reset. Returns false when none was set.
 bool resetnamed(tpair& pair, const tpair& again, std::int32_t defined,
                 const std::vector<tool::tdifference>& differences) {
   bool isreset = false;
@@ -94,7 +94,7 @@ bool resetnamed(tpair& pair, const tpair& again, std::int32_t defined,
   return isreset;
 }
 
-// Whether there are settings to be tried again, those that were named being gone.
+// Does one round trip. Returns true if options were reset, so that another one is needed.
 bool triesagain(tpair& pair, bool eolonly) {
   const std::string first = written(pair, "out1");
   if (pair.definition() == nullptr) return false;

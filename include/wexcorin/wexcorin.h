@@ -24,7 +24,7 @@
  *  4. Null texts. A null pointer for a text argument means the empty text, in both forms.
  *
  *  5. Output buffers. A text output is a buffer of WEXCORIN_TEXT_SIZE bytes that belongs to the caller, in
- *     both forms. The library never writes past its end, and leaves the bytes behind the text unchanged.
+ *     both forms. The library never writes past its end, and leaves the bytes after the text unchanged.
  *     Output pointers must not be null. A text output may use the same buffer as a text argument of the same
  *     call, because arguments are read before outputs are written. Two outputs of one call need two buffers.
  *

@@ -1,5 +1,5 @@
-// Prints every exported function with the types of its parameters, as the compiler takes them from the public
-// header, and what clients have compiled in of the layout of types.
+// Prints the type of every exported function, as the compiler sees it in the public header, and the layout of
+// the types that clients compile in.
 #include <cxxabi.h>
 #include <wexcorin/wexcorin.h>
 

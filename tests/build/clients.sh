@@ -1,7 +1,6 @@
-# Runs the example clients, in C, C++ and Pascal, on the same files: each has to print the same settings and
-# messages, those that are expected.
+# Runs the example clients in C, C++ and Pascal on the same files. Each must print the expected settings and messages.
 # usage: clients.sh [LIBRARY_DIRECTORY] CLIENT...
-# The clients are programs, but for the one in Pascal: it is compiled here, with the library in the directory.
+# CLIENT is a program. The client in Pascal is compiled here, with the library in the directory.
 . tests/build/common.sh
 library=''
 if [ -d "$1" ]; then
@@ -19,7 +18,7 @@ for client in "$@"; do
     set -- $row
     status=0
     "$client" examples/solver.def "$2" >"$work/printed" || status=$?
-    diff -u "$3.expected" "$work/printed" || fail "$client prints something else for $2 than $3.expected" \
+    diff -u "$3.expected" "$work/printed" || fail "$client does not print for $2 what $3.expected" \
       "holds (lines with - are expected, lines with + were printed). If it is right, put it into that file."
     [ "$status" -eq "$1" ] || fail "$client ended with exit code $status for $2, $1 is right."
   done

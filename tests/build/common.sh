@@ -1,6 +1,6 @@
-# What the scripts of tests share: they run in the repository's root, have a folder "$work" of their own, note failures
-# with `fail` and end with `finish`; a test that cannot run ends with exit code 77.
-# shellcheck shell=sh disable=SC2034,SC2154  # variables are those of the scripts
+# Shared by the test scripts. They run in the repository's root, have a temporary folder "$work", report failures with
+# `fail` and end with `finish`. A test that cannot run ends with exit code 77.
+# shellcheck shell=sh disable=SC2034,SC2154  # the scripts set and use the variables
 set -eu
 export LC_ALL=C
 work=$(mktemp -d)
@@ -11,14 +11,14 @@ finish() {
   [ ! -e "$work/failures" ] || exit 1
   echo "$*"
 }
-# needs PROGRAM WHAT: what stays untried without the program
+# needs PROGRAM WHAT: skips the test if the program is not installed; WHAT says what is then not tested
 needs() {
   command -v "$1" >/dev/null || {
     echo "$1 is not installed: $2"
     exit 77
   }
 }
-# logged WHAT COMMAND...: shows what the command prints only when it fails
+# logged WHAT COMMAND...: runs the command and shows its output only when it fails
 logged() {
   what=$1
   shift
@@ -29,12 +29,12 @@ logged() {
   }
 }
 
-# ---- what the help of "$tool" says about its command line, one a line
+# ---- the command line of "$tool" as its help shows it, one item on each line
 
 commands() { "$tool" --help | sed -n '/^Commands:/,/^$/s/^  \([a-z][a-z]*\) .*/\1/p'; }
 # flags COMMAND: the options of a command, or of the tool where it is empty
 flags() {
-  # shellcheck disable=SC2086  # no word where there is no command
+  # shellcheck disable=SC2086  # an empty command is no argument
   "$tool" $1 --help | sed -n '/^Options:/,/^$/s/^  \(-[^ ]*\) .*/\1/p' | tr ',' '\n'
 }
 # the forms of doc have an explanation in brackets

@@ -1,9 +1,9 @@
-# Drives the completion of one shell with command lines and compares what it offers with what is expected. The
-# commands, options and forms that are expected come from the tool's own help.
+# Gives command lines to the completion of one shell and compares what it offers with what is expected. The expected
+# commands, options and forms are taken from the tool's own help.
 # usage: completion.sh SHELL COMPLETION_FILE TOOL
 . tests/build/common.sh
 shell=$1 completion=$2 tool=$3
-needs "$shell" "its completion stays untried"
+needs "$shell" "its completion is not tested"
 
 # expect LINE WORD...: the words in any order
 expect() {
@@ -13,7 +13,7 @@ expect() {
   echo "$line>$(printf '%s\n' $* | sort | paste -s -d ' ')" >>"$work/expected"
 }
 
-# what the tool says of itself
+# commands, options and forms
 expect "wexcorin " "$(commands)"
 expect "wexcorin -" "$(flags "")"
 for command in $(commands); do
@@ -21,7 +21,7 @@ for command in $(commands); do
 done
 expect "wexcorin doc " "$(forms)"
 
-# places on the line, and names of the definition
+# files or names, depending on the place in the line
 while read -r row; do
   # shellcheck disable=SC2086  # words
   expect "${row%%>*}" ${row#*>}
@@ -48,5 +48,5 @@ cut -d '>' -f 1 "$work/expected" >"$work/lines"
 "$shell" "tests/build/completion/complete.$shell" "$completion" "$tool" <"$work/lines" >"$work/words" ||
   fail "$completion fails in $shell: $(cat "$work/words")"
 paste -d '>' "$work/lines" "$work/words" | diff -u "$work/expected" - ||
-  fail "$completion does not offer what is expected (lines with -), see above; behind > stand the words."
+  fail "$completion does not offer what is expected (lines with -), see above. The words follow the >."
 finish "$(wc -l <"$work/lines") command lines completed by $shell"

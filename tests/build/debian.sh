@@ -1,4 +1,4 @@
-# Makes the Debian packages of a build and compares what they hold with the list of what is installed.
+# Makes the Debian packages of a build and compares their files with installed.txt.
 # usage: debian.sh CPACK BUILD_DIRECTORY PREFIX LIB ZSH VERSION
 . tests/build/common.sh
 cpack=$1 build=$2 prefix=$3 lib=$4 zsh=$5 version=$6
@@ -7,7 +7,7 @@ for program in dpkg-deb dpkg-shlibdeps gzip strip; do needs "$program" "the Debi
 logged "CPack fails to make the Debian packages, see cmake/debian.cmake" \
   "$cpack" --config "$build/CPackConfig.cmake" -B "$work"
 
-# Every file of every package, and every package with what it depends on, libraries without their versions.
+# Every file of every package, and what every package depends on, without the versions of libraries.
 for file in "$work"/*.deb; do
   package=$(dpkg-deb --field "$file" Package)
   dpkg-deb --contents "$file" | grep -v '/$' | sed -e "s,^\([^ ]*  *\)\{5\}\.$prefix/,$package ,"
@@ -23,6 +23,6 @@ sed -e '/^#/d' -e "s,VERSION,$version,g" -e "s,  *LIB/, $lib/," -e "s,  *ZSH/, $
       *) echo "$package $path${kind:+ $kind $source}${pattern:+ $pattern}" ;;
     esac
   done | sort | diff -u - "$work/found" ||
-  fail "The packages are not those of tests/build/installed.txt, see above (lines with - are missing). What is" \
-    "installed is said in cmake/package.cmake; a new file needs a line in that list, too."
+  fail "The packages differ from tests/build/installed.txt, see above (lines with - are missing). The rules" \
+    "of installation are in cmake/package.cmake; a new file needs a line in that list, too."
 finish "the packages are as listed"

@@ -1,20 +1,20 @@
-# Compiles each public header, and what `doc c` writes of a definition, twice in one file, in every language that
-# clients write, with all warnings as errors; of the latter the compiler compares an enumerator of each kind with what
-# the tool prints.
+# Compiles each public header, and the header that `doc c` writes, in every language that clients use, with all
+# warnings as errors. Each header is included twice. Of the header from `doc c`, one enumerator of each kind must have
+# the number that the tool prints.
 # usage: headers.sh C_COMPILER CXX_COMPILER [TOOL]
 . tests/build/common.sh
 cc=$1 cxx=$2 tool=${3-}
 
-# Advice on classes, which clients may have switched on; only g++ knows it.
+# Warnings about the style of classes, which clients may have switched on. Only g++ has them.
 classes=
 if "$cxx" --version | grep -q 'Free Software Foundation'; then classes=-Weffc++; fi
 
-# compiles HEADER COMPILER LANGUAGE STANDARD [WARNING]; what stands behind the header comes from standard input
+# compiles HEADER COMPILER LANGUAGE STANDARD [WARNING]; the lines after the #include are read from standard input
 compiles() {
   { printf '#include <%s>\n' "$1" "$1" && cat; } |
     "$2" -x "$3" -std="$4" -fsyntax-only -I include -I "$work" \
       -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wundef ${5:+"$5"} -Werror - ||
-    fail "$1 does not compile alone as $4: mend what the compiler says above."
+    fail "$1 does not compile alone as $4, see the errors above."
 }
 
 compiles wexcorin/wexcorin.h "$cc" c c99 </dev/null

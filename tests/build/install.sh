@@ -1,5 +1,5 @@
-# Installs the build into an empty directory and builds the example clients with what lies there alone: once with the
-# CMake package and once with pkg-config. The programs must print what is expected of them.
+# Installs the build into an empty directory and builds the example clients with the installed files alone: once with
+# the CMake package and once with pkg-config. The programs must print what is expected.
 # usage: install.sh CMAKE BUILD_DIRECTORY C_COMPILER CXX_COMPILER LIB
 . tests/build/common.sh
 cmake=$1 build=$2 cc=$3 cxx=$4 prefix=$work/prefix lib=$work/prefix/$5

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Folders include only what lies below them, as docs/architecture.md says: the table here is the one there.
+# Sources of a folder include only the folders below it. The table is the same as in docs/architecture.md.
 set -eu
 failures=0
 

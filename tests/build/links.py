@@ -1,12 +1,12 @@
-"""Installs each component of a build alone, as its package holds it, and follows every relative link of the Markdown
-and HTML documents that were installed: the file must be there, and so must the heading or element that it names.
+"""Installs each component of a build into a folder of its own, as in its package, and follows every relative link of
+the installed Markdown and HTML documents. The file of a link must exist, and so must the heading or element.
 usage: links.py CMAKE BUILD_DIRECTORY"""
 import html.parser, os, re, subprocess, sys, tempfile, urllib.parse
 
 cmake, build = sys.argv[1:]
 
 
-class Page(html.parser.HTMLParser):  # the links of an HTML page, and the places in it that links may name
+class Page(html.parser.HTMLParser):  # the links of an HTML page, and its anchors
     def __init__(self, text):
         super().__init__()
         self.links, self.places = [], set()
@@ -17,7 +17,7 @@ class Page(html.parser.HTMLParser):  # the links of an HTML page, and the places
         self.places |= {value for name, value in attributes if name == "id"}
 
 
-# The same of a Markdown file. Headings are named as viewers do: small letters, and a dash for each blank.
+# The same for a Markdown file. The anchor of a heading is its text in lower case, with a dash for each blank.
 class Markdown:
     def __init__(self, text):
         text = re.sub(r"(?ms)^```.*?^```$", "", text)
@@ -35,7 +35,7 @@ def document(path):
         return (Markdown if path.endswith(".md") else Page)(file.read())
 
 
-# What is wrong with a link in the document at that path; nothing when it leads somewhere.
+# Returns what is wrong with a link in the document at that path, or nothing when its target exists.
 def fault(path, link):
     url = urllib.parse.urlsplit(link)
     if url.scheme or url.netloc:

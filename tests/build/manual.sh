@@ -1,20 +1,20 @@
-# Compares the commands, options and forms in the manual page with those in the tool's own help, and has man
-# and mandoc, where they are installed, look at its form.
+# Compares the commands, options and forms in the manual page with those in the tool's own help, and checks the
+# format of the page with man and mandoc, if they are installed.
 # usage: manual.sh TOOL
 . tests/build/common.sh
 tool=$1 page=man/wexcorin.1
 sed 's/\\-/-/g' "$page" >"$work/page"
 
-# same WHAT WORDS: the words are what the tool has, the lines of standard input what the page has
+# same WHAT WORDS: compares the words, from the tool, with the lines of standard input, from the page
 same() {
   sort -u >"$work/in_page"
   printf '%s\n' "$2" | grep . | sort -u | diff -u - "$work/in_page" ||
-    fail "The manual page has other $1 than the tool's help, see above (lines with -: missing)."
+    fail "The manual page and the tool's help have different $1, see above (lines with - are missing)."
 }
-# section BEGINNING: the part of the page from the line on that begins so, to the next heading of its kind or
-# above
+# section BEGINNING: the part of the page from the line that begins so to the next heading of the same or a higher
+# level
 section() { awk -v line="$1" '$0 == line { on = 1; next } /^\.S[HS]/ { on = 0 } on' "$work/page"; }
-# the options that paragraphs of a section begin with
+# the options at the beginning of the paragraphs of a section
 page_flags() {
   section "$1" | grep -A 1 '^\.TP' | grep -o -e ' -[-a-z]*' -e ',~ -[-a-z]*' -e '~-[-a-z]*' | tr -d ' ,~'
 }
@@ -30,7 +30,7 @@ if command -v man >/dev/null; then
   LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings --encoding=UTF-8 --local-file --troff-device=utf8 --ditroff \
     "./$page" 2>&1 >"$work/set" | sed 's/^/man: /' >"$work/warnings"
   [ -s "$work/set" ] || echo "man: no page" >>"$work/warnings"
-  [ ! -s "$work/warnings" ] || fail "man cannot set the page: $(cat "$work/warnings")"
+  [ ! -s "$work/warnings" ] || fail "man cannot format the page: $(cat "$work/warnings")"
 fi
 if command -v mandoc >/dev/null; then mandoc -T lint -W warning "$page" || fail "mandoc finds mistakes, see above."; fi
 finish "commands, options and forms as in the help"

@@ -1,5 +1,5 @@
-// A program of base/ and options/ alone: the store works without readers, writers and entry points. That it
-// links is what is tested first.
+// A program that is linked from base/ and options/ alone. This shows that the store neither needs readers,
+// writers and entry points to link nor to work.
 #include <cstdio>
 
 #include "options/globals.h"
@@ -11,8 +11,8 @@ int main() {
   vksoptionsstart();
   tvksoptions store;
   tdefinition& definition = store.definition();
-  const toptionhead head{"limit", &store, 1, 1, 1, "At most"};
-  definition.addoption(definition.arena().make<tintoption>(head, 5, 0, 10), tsoughtname("limit"));
+  const toptionhead head{"limit", 1, 1, 1, "At most"};
+  definition.addoption(definition.make<tintoption>(head, 5, 0, 10), tsoughtname("limit"));
   definition.addsynonym("most", 0);
   store.setasstring("most", "7");
   store.setasstring("limit", "11");

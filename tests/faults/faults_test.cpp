@@ -1,7 +1,7 @@
-// What happens when memory runs out, or the system refuses a file, at every single point of a sequence of
-// calls that touches every family of functions: no crash, no leak, the handle goes on answering, and nothing
-// is lost without a word. The leaks are found by the sanitizer build. The program is linked with the
-// library's objects; operator new is replaced, and the linker hands the calls of the C library to the
+// A sequence of calls from every family of functions is played again and again. Each time, memory runs out or
+// the system refuses a file at the next point. There must be no crash and no leak, the handle must stay
+// usable, and every loss must be reported. Leaks are found by the sanitizer build. The program is linked with
+// the library's objects; operator new is replaced, and the linker redirects calls of the C library to the
 // functions below.
 #include <fcntl.h>
 #include <poll.h>
@@ -23,13 +23,13 @@ namespace {
 
 enum class toperation { allocation, open, read, write, close, poll };
 enum class teffect {
-  fails,         // with what the system reports where memory, a disk or a device is at its end
-  failsforgood,  // so do all after it
-  interrupted    // not of memory: part of it is done, or nothing with EINTR
+  fails,         // as when memory or a disk is full, or a device has an error
+  failsforgood,  // all later operations fail, too
+  interrupted    // not for memory: only a part is done, or nothing, with EINTR
 };
 
-// The next operations of the planned kind that are met while armed count from 1; number `plannednumber` has
-// the effect, 0 none. Calls of the library are armed, what the test does around them is not.
+// While the plan is armed, operations of the planned kind are counted from 1. Number `plannednumber` has the
+// effect; with 0 none has it. The plan is armed during calls of the library, but not for the test's own work.
 toperation plannedoperation = toperation::allocation;
 teffect plannedeffect = teffect::fails;
 int plannednumber = 0;
@@ -66,7 +66,7 @@ void* operator new(std::size_t size) {
 void operator delete(void* block) noexcept { std::free(block); }
 void operator delete(void* block, std::size_t) noexcept { std::free(block); }
 
-// The linker's names for the functions that calls are handed to, and for the originals.
+// The linker's names for the functions that replace those of the C library, and for the originals.
 // NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 
@@ -102,7 +102,7 @@ ssize_t __wrap_write(int descriptor, const void* buffer, std::size_t size) {
                                 : __real_write(descriptor, buffer, std::min<std::size_t>(size, 3));
 }
 
-// The descriptor is gone in any case.
+// The descriptor is closed in any case.
 int __real_close(int);
 int __wrap_close(int descriptor) {
   const bool turn = isturn(toperation::close);
@@ -110,7 +110,7 @@ int __wrap_close(int descriptor) {
   return turn ? static_cast<int>(failed(plannedeffect == teffect::fails ? EIO : EINTR)) : result;
 }
 
-// Fails by its time being over, for good by there being no memory for it.
+// `fails` means that the time is over, `failsforgood` that there is no memory.
 int __real_poll(pollfd*, nfds_t, int);
 int __wrap_poll(pollfd* requests, nfds_t length, int patience) {
   if (!isturn(toperation::poll)) return __real_poll(requests, length, patience);
@@ -123,7 +123,7 @@ int __wrap_poll(pollfd* requests, nfds_t length, int patience) {
 
 namespace {
 
-// Besides everytype.
+// Added to everytype.
 constexpr const char* moreoptions =
     "one group 1 1 Group\ncomment eolcomm !\ninclude immediate ReadFile 1 1\nsay immediate Message 1 1\n"
     "old integer 9 0 0 9 1 1 Old\n More on it\nlim synonym maxit\nnames deprecated\n old use maxit\n";
@@ -133,7 +133,7 @@ constexpr std::string_view parameters =
     "string_list b\n--more c\nwords 5:x\nall 1\ninclude nested.opt\nsay hello\nold 5\nlim 101\nnosuch 1\n"
     "x.prior(\"a\",\"b\") 3\nindic e(\"a\") v(\"b\") 1\n";
 
-// Calls functions armed, and keeps their results and what they gave out.
+// Calls functions while the plan is armed, and logs their results and outputs.
 struct tsteps {
   template <class tfunction, class... targuments>
   void operator()(tfunction function, targuments... arguments) {
@@ -155,7 +155,7 @@ class tscene {
  public:
   tscene() {
     std::string options = std::string(testsupport::everytype) + moreoptions;
-    for (char name = 'a'; name <= 'p'; ++name)  // enough for the index of names to grow
+    for (char name = 'a'; name <= 'p'; ++name)  // enough names that the index grows
       options.append("o").append(1, name).append(" strlist 20 1 1\n");
     fdirectory.write("test.def", options);
     fdirectory.write("test.opt", parameters);
@@ -163,7 +163,7 @@ class tscene {
     std::filesystem::current_path(fdirectory.path("."));
   }
 
-  // Everything a client does with a handle; null when there was no memory for one.
+  // Does everything that a client does with a handle. Returns null when there was no memory for the handle.
   static std::string play(tvksoptions*& handle) {
     tsteps step;
     step(xcreate, &handle);
@@ -189,7 +189,7 @@ class tscene {
     return step.log + testsupport::readfile("written.opt");
   }
 
-  // All messages; one is added first, since a message that had no memory comes in front of the next.
+  // All messages. One is added first: a message that had no memory is filed in front of the next one.
   static std::string messages(tvksoptions* handle) {
     coptaddmessage(handle, "the end");
     std::string result;
@@ -212,7 +212,7 @@ std::string valueof(tvksoptions* handle, const char* name) {
   return value.data();
 }
 
-// Plays once with the plan; results and messages. The handle must go on working afterwards.
+// Plays once with the plan. Returns results and messages. The handle must still work afterwards.
 std::string outcome(toperation operation, teffect effect, int which) {
   std::filesystem::remove("written.opt");
   plan(operation, effect, which);
@@ -235,8 +235,8 @@ std::string outcome(toperation operation, teffect effect, int which) {
   return result;
 }
 
-// The effect at every point in turn until the sequence ends before it: an outcome that differs from the usual
-// one is reported. Signals and devices that do part of the work at a time change nothing.
+// Plays with the effect at every point in turn, until the sequence has no such point. An outcome that differs
+// from the usual one must come with a message. Interrupted and partial operations must change nothing.
 TEST(faults, ateverypoint) {
   using enum toperation;
   using enum teffect;
@@ -284,14 +284,14 @@ TEST(faults, ateverypoint) {
   }
 }
 
-// A FIFO is waited for: not for ever, whatever interrupts the waiting, and longer when somebody is about to
-// write, who may come late, write slowly and end in the middle of a line.
+// The library waits for a FIFO, but not for ever, whatever interrupts the waiting. It waits longer when there
+// is a writer. The writer may come late, write slowly and end in the middle of a line.
 TEST(faults, fifos) {
   const struct {
     int where;
-    int failing;  // the number of the poll that has the effect
+    int failing;  // the number of the poll call that has the effect
     teffect effect;
-    bool isopen;                     // for writing
+    bool isopen;                     // for writing, before the reading begins
     std::string_view before, later;  // written before the reading begins, and while it waits
     int result;
     const char* value;

@@ -1,6 +1,6 @@
-// What a host program may be like: how it rounds, what it traps, how little stack it gives, what it has
-// closed, on how many threads it works, whether it forks. Nothing of it changes a byte of what the library
-// answers or writes. Each case is a process of its own.
+// Host programs with an unusual state: rounding modes, traps, small stacks, closed standard files, threads,
+// forks. None of this may change a byte of what the library returns or writes. Each case is run in a process
+// of its own.
 #include <fenv.h>
 #include <pthread.h>
 #include <sys/wait.h>
@@ -17,7 +17,7 @@
 namespace {
 
 #ifdef WEXCORIN_SANITIZED
-constexpr std::size_t tinystack = 512 * 1024;  // sanitizers have frames several times as large
+constexpr std::size_t tinystack = 512 * 1024;  // stack frames are several times as large with sanitizers
 #else
 constexpr std::size_t tinystack = 64 * 1024;
 #endif
@@ -28,9 +28,9 @@ class host : public testing::Test {
 
  protected:
   std::string file(const std::string& name) const { return fdirectory.path(name); }
-  // What the job answers where nothing is unusual.
+  // The result of the job in the usual state.
   const std::string expected = ::host::dojob(file("expected"));
-  // The job in the state that `enter` makes.
+  // Does the job in the state that `enter` sets and `leave` ends.
   template <class tenter, class tleave>
   void same(tenter enter, tleave leave) {
     ASSERT_GT(expected.size(), 50'000u);
@@ -45,7 +45,7 @@ TEST_F(host, roundingandtraps) {
   for (const int mode : {FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
     same([&] { fesetround(mode); },
          [&] {
-           EXPECT_EQ(fegetround(), mode);  // left as it was
+           EXPECT_EQ(fegetround(), mode);  // the mode is unchanged
            fesetround(FE_TONEAREST);
          });
   }
@@ -56,7 +56,7 @@ TEST_F(host, roundingandtraps) {
   same([] {}, [&] { EXPECT_EQ(fedisableexcept(trapped), trapped); });
 }
 
-// In a locale that is made here.
+// The test makes a locale with a decimal comma.
 TEST_F(host, decimalComma) {
   std::ofstream(file("source")) << "comment_char %\nescape_char /\nLC_NUMERIC\ndecimal_point \",\"\n"
                                    "thousands_sep \".\"\ngrouping 3;3\nEND LC_NUMERIC\n";
@@ -69,8 +69,8 @@ TEST_F(host, decimalComma) {
   same([] { ASSERT_EQ(*std::localeconv()->decimal_point, ','); }, [] { std::setlocale(LC_ALL, "C"); });
 }
 
-// The library's files then get the numbers of the standard files. A listing that goes to standard output
-// finds none.
+// The files that the library opens then have the descriptors of the standard files. A listing for standard
+// output finds it closed.
 TEST_F(host, closedStandardFiles) {
   for (const int first : {STDOUT_FILENO, STDIN_FILENO}) {
     int kept[] = {-1, -1, -1};
@@ -92,7 +92,7 @@ TEST_F(host, closedStandardFiles) {
   }
 }
 
-// All at once.
+// Eight threads do the job at the same time.
 TEST_F(host, threadsWithTinyStacks) {
   struct tjob {
     pthread_t thread{};
@@ -118,7 +118,7 @@ TEST_F(host, threadsWithTinyStacks) {
   }
 }
 
-// Both processes go on with the handle.
+// Both processes continue to use the handle.
 TEST_F(host, fork) {
   wexcorin::options options = ::host::begin();
   const pid_t child = fork();

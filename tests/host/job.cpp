@@ -1,5 +1,4 @@
-// The work of a client: every family of calls, numbers and texts of all kinds, every mistake that the
-// examples know.
+// The work of a client: calls of every family, numbers and texts of all kinds, every mistake in the examples.
 #include "host/job.h"
 
 #include <cmath>
@@ -42,7 +41,7 @@ std::string finish(wexcorin::options& options, const std::string& name) {
   for (const std::string file : {"solver_mistakes.opt", "solver_loop.opt", "none.opt"})
     options.readparameterfile("examples/" + file);
   std::string log = takemessages(options);
-  // Every number is set to options that take it, every text to all of them.
+  // Every number and every text is set to every seventh option, whether it takes them or not.
   for (std::int32_t option = 1; option <= static_cast<std::int32_t>(options.all().size()); option += 7) {
     for (const double value : numbers)
       log += std::to_string(options.set(option, value)) + ' ' + options.text(option).value() + '\n';
@@ -65,9 +64,9 @@ std::string dojob(const std::string& written) {
 
 }  // namespace host
 
-// Of the job as a library that is linked with the system's library, as a solver's is that is loaded into a
-// modelling system: does the job; the result is its length, as much as there is room for in `text`. With null
-// as `written` it only makes a handle and frees it.
+// The entry point of the job as a shared library, like a solver that a modelling system loads. It does the
+// job, copies the result to `text`, as far as there is room, and returns the number of bytes. If `written` is
+// null, it only creates a handle and frees it.
 extern "C" __attribute__((visibility("default"))) std::size_t runclient(const char* written, char* text,
                                                                         std::size_t size) {
   if (written != nullptr) return host::dojob(written).copy(text, size);

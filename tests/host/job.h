@@ -1,16 +1,16 @@
-// The work of a client from its first call to its last, as one text of all that it was told: it must be the
-// same to the byte in whatever process it is done.
+// All the work of a client. Its result is one text with everything that the library returned, which must have
+// the same bytes in every process.
 #pragma once
 
 #include "wexcorin/wexcorin.hpp"
 
 namespace host {
 
-// Reads the examples, and a file that includes itself; asks, sets, writes the file of that name and reads it
-// again.
+// Reads the examples, and a file that includes itself. Queries and sets options, writes the file `written`
+// and reads it again.
 std::string dojob(const std::string& written);
 
-// The parts of it, for those who do something in between.
+// The two parts of dojob, for tests that do something in between.
 wexcorin::options begin();
 std::string finish(wexcorin::options& options, const std::string& written);
 

@@ -1,9 +1,10 @@
-// A process that is not linked with the library but loads it, or libraries that are linked with it, and
-// unloads them, over and over.
+// A process that is not linked with the library. It loads and unloads clients, which are libraries that are
+// linked with it, again and again.
 //
 //   loader client-library other-client-library scratch-directory [checked]
 //
-// checked: something looks on that keeps memory of its own for every loading.
+// checked: the process runs with a checker that keeps memory for every loaded library, so the growth of
+// memory is not tested.
 #include <dlfcn.h>
 #include <malloc.h>
 
@@ -34,7 +35,7 @@ class tclient {
   tclient(const tclient&) = delete;
   tclient& operator=(const tclient&) = delete;
 
-  // Only makes a handle where there is no file to write.
+  // If `written` is null, only creates a handle.
   std::string run(const char* written) const {
     std::string text(4 << 20, '\0');
     text.resize(frun(written, text.data(), text.size()));
@@ -51,7 +52,7 @@ bool isloaded() {
   return std::string(std::istreambuf_iterator<char>(maps), {}).find("libwexcorin.so") != std::string::npos;
 }
 
-// Pages that the process has, and bytes that it has allocated.
+// The pages of the process, and the bytes that it has allocated.
 struct tsize {
   tsize() { std::ifstream("/proc/self/statm") >> pages; }
   long pages = 0;
@@ -68,7 +69,7 @@ int main(int count, char** arguments) {
     const tclient client(arguments[1]);
     expected = client.run(written);
     require(expected.size() > 50'000, "the job was done");
-    // Both are linked with the same library; it stays as long as one of them does.
+    // Both are linked with the same library, which stays loaded as long as one of them is.
     {
       const tclient other(arguments[2]);
       require(other.run(written) == expected, "another client has the same answers");

@@ -1,6 +1,6 @@
-// Definition files: what each kind of line makes, every message, fields that a line takes from the lines
-// before it, odd bytes and lengths; lines that end the reading, blocks of continuation lines and what they do
-// when the options are used, and comment characters.
+// Definition files: what each kind of line defines, every message, fields that a line takes from the lines
+// before it, unusual bytes and lengths; lines that end the reading, blocks of continuation lines and their
+// effect when the options are used, and comment characters.
 #include "interface/script.h"
 
 namespace testsupport::definitiontest {
@@ -34,8 +34,8 @@ std::string describeoption(thandle& h, int nr) {
   return text.str();
 }
 
-// All that a definition made but the predefined option, with " | " between: options, a synonym as "name ->
-// option", a group as "[name] number help-flag text".
+// All that a definition has defined except the predefined option, with " | " between: options, a synonym as
+// "name -> option", a group as "[name] number help-flag text".
 const taddedstep made("made", [](thandle& h, const std::string&) {
   std::string text, name, other;
   std::int32_t group = 0, helpflag = 0;
@@ -64,7 +64,7 @@ const taddedstep definitionerrors("errors", [](thandle& h, const std::string&) {
   return result;
 });
 
-// The definition, what it makes, and what is wrong with it.
+// The definition, what it defines, and its messages.
 constexpr const char* defining = "definition $1 => 0 ; made => $2 ; errors => $3";
 
 const trules lines("definition", "", defining, {__LINE__, R"(
@@ -75,7 +75,7 @@ const trules lines("definition", "", defining, {__LINE__, R"(
     s string 1 "say "hi", now" 2 3 t => s string "say "hi", now" (1 2 3) t
     .x_1Y double 1 0 0 9 2 3 t => .x_1Y double 0 in 0..9 (1 2 3) t
 
-    // each type makes an option with its own fields
+    // each type has its own fields
     d double 1 .5 mindouble maxdouble 2 3 t => d double 0.5 in -1e+299..1e+299 (1 2 3) t
     e enumstr 1 RED 2 3 t\n red 4 warm\n "dark blue" -1\n
       => e enumstr "RED" (1 2 3) t + red 4 warm + dark blue -1
@@ -117,11 +117,11 @@ const trules mistakes("definition", "", defining, {__LINE__, R"(
     m multilist\nl strlist 1 q 0\nc macro 0 q => m multilist (0 0 0) | l strlist (1 0 0) | c macro (-1 0 0)
       => 1 m: Bad usermap value; Bad HC; Bad Group value | 2 l: Bad HC | 3 c: Bad Group value
 
-    // a quote that nothing closes takes the rest of the line
+    // a quote that is not closed takes the rest of the line
     x integer 1 "5 0 9 2 3\ny integer 2 0 0 9 2 3 => x integer 0 in 0..0 (1 0 0) | y integer 0 in 0..9 (2 2 3)
       => 1 x: Bad default value; Bad low value; Bad high value; Bad HC value; Bad Group value
 
-    // a comma ends a field and is never stepped over
+    // a comma ends a field and is never skipped
     x integer 1 5, 0 10 2 3 t => x integer 5 in 0..0 (1 0 0) , 0 10 2 3 t
       => 1 x: Bad low value; Bad high value; Bad HC value; Bad Group value; Default not in range
     t string 5 , 2 => t string "" (5 0 0) , 2 => 1 t: Bad HC; Bad Group value
@@ -146,7 +146,7 @@ const trules mistakes("definition", "", defining, {__LINE__, R"(
       => x integer 5 in 10..1 (1 2 3) | y double 5 in 6..7 (1 2 3) | z double 8 in 6..7 (1 2 3)
       => 1 x: Default not in range | 2 y: Default not in range | 3 z: Default not in range
 
-    // a duplicate name is reported and defined all the same
+    // an option with a duplicate name is reported and still defined
     * nothing\n\nHELP integer 1 0 0 9 1 1 => HELP integer 0 in 0..9 (1 1 1) => 3 HELP: Duplicate option
     x integer 1 5 0 9 0 0\nX integer 2 5 0 9 0 0\ny synonym x\nY string 3 t 0 0
       => x integer 5 in 0..9 (1 0 0) | X integer 5 in 0..9 (2 0 0) | Y string "t" (3 0 0) | y -> x
@@ -158,7 +158,7 @@ const trules mistakes("definition", "", defining, {__LINE__, R"(
       => 2 G: Duplicate group; Bad HC; Group number not unique
       | 3 h: Bad group number; Bad HC; Group number not unique
 
-    // an unknown type makes no option and takes no indented lines
+    // an unknown type defines no option and takes no indented lines
     x widget 5\nx integer 1 0 0 9 0 0\nx widget\ny\nz-y integer => x integer 0 in 0..9 (1 0 0)
       => 1 x: Unknown option type "widget"
       | 3 x: Duplicate option; Bad usermap value; Unknown option type "widget"
@@ -172,7 +172,7 @@ const trules mistakes("definition", "", defining, {__LINE__, R"(
     c widget.nv 1\nd a.b.NV 1\ne widget.abc 1 => => 1 c: Unknown option type "widget"
       | 2 d: Unknown option type "a.b" | 3 e: Unknown type modifier = ABC; Unknown option type "widget"
 
-    // an unknown modifier leaves the one of the line before
+    // an unknown modifier leaves the modifier of the line before in effect
     a integer.NV 1 0 0 0 0 0\nf integer. 1 0 0 0 0 0\ng integer 1 0 0 0 0 0\nh integer. 1 0 0 0 0 0
       => a integer.NV 0 in 0..0 (1 0 0) | f integer.NV 0 in 0..0 (1 0 0) | g integer 0 in 0..0 (1 0 0)
       | h integer 0 in 0..0 (1 0 0) => 2 f: Unknown type modifier =  | 4 h: Unknown type modifier =\x20
@@ -185,13 +185,13 @@ const trules mistakes("definition", "", defining, {__LINE__, R"(
     <63i> indicator\n<64i> indicator =>
       => 2 <64i>: Indicator redefined; Indicator "<64i>" not a good identifier
 
-    // a multilist names known options once each and a comma ends the line
+    // a multilist names known options, each of them once, and a comma ends the line
     m multilist 1 0 0\n Help zz help\n m zz => m multilist (1 0 0)
       => 2 m: MultiList option "zz" is undefined; Duplicate option used
       | 3 m: MultiList option "zz" is undefined; Duplicate option used
     m multilist 1 0 0\n Help, zz\n\n \n HELP => m multilist (1 0 0) => 5 m: Duplicate option used
 
-    // a message that mentions a synonym lacks the words "for option"
+    // a message with the word synonym lacks the words for option
     m multilist 1 0 0\n mysynonym => m multilist (1 0 0) => 2: MultiList option "mysynonym" is undefined"m"
 
     // a macro names options by their own names and never itself
@@ -199,7 +199,7 @@ const trules mistakes("definition", "", defining, {__LINE__, R"(
       | m macro (-1 0 0) | c macro (-1 0 0) | y -> x => 5 m: Unknown option "zz" for macro "m"
       | 6 m: Unknown option "y" for macro "m" | 7 m: Unknown option "m" for macro "m"
 
-    // what is deprecated has to be known
+    // a deprecated name must be known
     x strlist 1 0 0\nlost synonym nowhere\nnames deprecated and so on\n zz text\n x\n lost
       \nnames2 obsolete\n zz text => x strlist (1 0 0) | lost ->\x20
       => 2: Unknown option for synonym"lost" | 4 names: Deprecated option "zz" is undefined
@@ -213,7 +213,7 @@ const trules mistakes("definition", "", defining, {__LINE__, R"(
       | mac macro (-1 0 0) | syn -> conv_tolerance
       => 3 convergence_tol: Duplicate option | 7 mac: Unknown option "con_tol" for macro "mac"
 
-    // a field without a token keeps what an earlier line left there
+    // a missing field keeps the value of an earlier line
     a integer 1 5 0 10 7 3\nb double 2 0 x\nc boolean 3
       => a integer 5 in 0..10 (1 7 3) | b double 0 in 0..0 (2 7 3) | c boolean 5 (3 7 3)
       => 2 b: Bad low value; Bad high value; Bad HC; Bad Group value
@@ -225,12 +225,12 @@ const trules mistakes("definition", "", defining, {__LINE__, R"(
     e enumint 1 5 0 0\n 5 6 t\n \n => e enumint 5 (1 0 0) + 5 6 t + 5 6 => 3 e: Bad integer enum; Bad HC
 )"});
 
-// A definition; "?" where its reading ends before another option that follows it, which it does without a
-// message.
+// A definition, after which another option follows; "?" if the reading ends before that option. It then ends
+// without a message.
 const trules endings("definition", "",
                      "definition $1\\nlast integer 1 0 0 0 0 0\\n => 0 ; told => ; value last => $2",
                      {__LINE__, R"(
-    // reading ends at a line that begins with anything but a letter or a period and a letter
+    // reading ends at a line that begins neither with a letter nor with a period and a letter
     x strlist 1 0 0\n5 strlist 1 0 0 => ?
     x strlist 1 0 0\n. y strlist 1 0 0 => ?
     x strlist 1 0 0\n\x1A => ?
@@ -239,7 +239,7 @@ const trules endings("definition", "",
     x strlist 1 0 0\n\n => 0
     x strlist 1 0 0\n\r => 0
 
-    // reading ends at an indented line that continues nothing
+    // reading ends at an indented line where none is allowed
     x strlist 1 0 0\n y strlist 1 0 0 => ?
     x string 1 t 0 0\n help => ?
     ind indicator\n help => ?
@@ -250,13 +250,13 @@ const trules endings("definition", "",
     x boolean 1 0 0 0\n* no help\n\n help => 0
     x enumint 1 5 0 0\n 5 0\n 6 0 => 0
 
-    // reading ends at a line of values or members that has none
+    // reading ends at a line for values or members that has none
     x enumstr 1 v 0 0\n v 0\n\x20 => ?
     x enumstr 1 v 0 0\n v 0\n "" 0 => ?
     x enumstr 1 v 0 0\n v 0\n , w 0 => ?
     x macro 0 0\n \t\x20 => ?
 
-    // a blank line ends a block of names, and the line after it stands alone
+    // a blank line ends a block of names, and a definition line may follow
     names obsolete\n\x20 => 0
     names obsolete\n \n Help => ?
 )"});
@@ -267,7 +267,7 @@ const trules deprecated(
     "names deprecated\n x use z\n sx use x\nnames obsolete\n y went away\n sy use y\nnames deprecated\n"
     " X  use it   no more\nnames obsolete\n sx\n",
     reading, {__LINE__, R"(
-    // of several lines on a deprecated name the last one gives the text
+    // if several lines deprecate a name, the last one gives the text
     1 => X 5 => x=5 => W1 deprecated option "X"; use it   no more
     1 => sx 5 => => W1 deprecated synonym "sx";\x20
     1 => y 5 => => W1 obsolete option "y"; went away
@@ -285,7 +285,7 @@ const trules members(
     1 => words 1:a:b:c => x=1 l=[a] n=[b] => V1 Too many items for multilist "words"
     1 => words bad:a => l=[a] => V1 Integer expected, for option "words" saw "bad"
 
-    // blanks before a word of a multilist are skipped, blanks behind it belong to it
+    // blanks before a word of a multilist are skipped, blanks after it belong to it
     1 => words 1: \ta b :c => x=1 l=[a b ] n=[c]
     1 => words 1 :b => l=[b] => V1 Integer expected, for option "words" saw "1 "
 
@@ -298,20 +298,20 @@ const trules members(
     1 => words 7:y:: => x=7 l=[y]
     1 => words " \t "
 
-    // an empty word before the end of the text is handed on
+    // an empty word before the end of the text sets a member
     1 => words 1::2 => x=1 l=[] n=[2]
     0 => words "4:: " => x=4 l=[]
 
-    // a macro hands the whole text to each member, and so do macros among them
+    // a macro passes the whole text to each member, and so do macros among the members
     1 => both 5:a => l=[5:a] => V1 Integer expected, for option "both" saw "5:a"
     1 => all 5 => x=5 l=[5]
     1 => mix 5:b => x=5 l=[5] n=[b]
 
-    // a member that is unknown or the multilist itself uses up a word
+    // an unknown member uses up a word, and so does the multilist itself
     1 => self y:z:w => l=[w]
 )"});
 
-// Of all bytes those that the definition made a comment character end a parameter line.
+// Tries all bytes and returns those that are comment characters.
 const taddedstep commentcharacters("commentcharacters", [](thandle& h, const std::string&) {
   std::string found;
   for (int code = 1; code < 256; ++code) {
@@ -325,18 +325,18 @@ const taddedstep commentcharacters("commentcharacters", [](thandle& h, const std
 
 const trules comments("comments", "flag integer.NV 1 0 0 9 0 0\n", "definition $1 ; commentcharacters => $2",
                       {__LINE__, R"(
-    // most characters that are no letter or digit can begin a comment
+    // most characters other than letters and digits can begin a comment
     c eolcomm ! # => !
     c eolcomm \xA7$%&()*,/:;<\x3D>?@[\\]^_`{|}~ => $%&()*,/:;<\x3D>?@[\\]^_`{|}~\xA7
 
-    // the first character that cannot ends the list
+    // the first character that cannot begin a comment ends the list
     c eolcomm x!
     c eolcomm !"# => !
     c eolcomm !'# => !
     c eolcomm !1# => !
     c eolcomm !+# => !
 
-    // of several lists the last one counts
+    // if there are several lists, the last one counts
     c eolcomm !\nd eolcomm # => #
 )"});
 

@@ -1,6 +1,6 @@
-// Lines on parts of a model: dot options, with the value for a name and its indices, and indicators, with an
-// equation, a variable and a boolean word; brackets, what is rejected and counted, the limits of 20 elements
-// and 63 characters, and where the line goes on after each error.
+// Dot lines, which give a value to a symbol and its elements, and indicators, with an equation, a variable
+// and a boolean word: brackets, what is rejected and counted, the limits of 20 elements and 63 characters,
+// and where reading continues after an error.
 #include "interface/script.h"
 
 namespace testsupport::entriestest {
@@ -10,7 +10,7 @@ constexpr const char* options =
     ".keep boolean 4 0 1 1\n.kind enumint 5 1 1 1\n 1 1\n 5 1\n.note string 6 none 1 1\n"
     ".mark boolean.NV 7 1 1 1\nFree immediate NoBounds 0 0\nmarks eolcomm !\nInd indicator\n";
 
-// "(a,b)" of the elements of entry nr.
+// The elements of entry nr, as "(a,b)".
 template <class tshortform, class tcharform>
 std::string elements(thandle& h, int nr, int count, tshortform shortform, tcharform charform) {
   std::string result, element;
@@ -22,7 +22,7 @@ std::string elements(thandle& h, int nr, int count, tshortform shortform, tcharf
 }
 
 // "name.option(element,...)=value" for each dot entry, "equation(element,...)$variable(element,...)=value"
-// for each indicator, then "rejected n" where lines were rejected.
+// for each indicator, then "rejected n" if lines were rejected.
 const taddedstep entries("entries", [](thandle& h, const std::string&) {
   std::ostringstream result;
   std::string name, other;
@@ -42,11 +42,11 @@ const taddedstep entries("entries", [](thandle& h, const std::string&) {
   return result.str().substr(result.str().empty() ? 0 : 1);
 });
 
-// What is read, what it adds, sets and says.
+// A line, the entries that it adds, the options that it sets, and its messages.
 const std::string endofline = "parameters $1 ; entries => $2 ; settings => $3 ; problems => $4";
 const std::string normal = "eolonlyset 0 ; " + endofline;
 
-// Dot options mean the same in both modes of reading.
+// Dot lines are read in the same way in both modes of reading.
 const ttable dotoptions = {__LINE__, R"~(
     // a dot option has a name, an option and a value
     X.PRIOR=10 y.level := 5, x.keep yes\na 1 => X.prior=10 y.level=5 x.keep=1
@@ -58,10 +58,10 @@ const ttable dotoptions = {__LINE__, R"~(
       => x.prior(a,b)=2 x.prior(*)=3 x.prior(c d,e)=4 => .prior=4
     x.prior("it's",'',"'") 2 => x.prior(it's,,')=2 => .prior=2
 
-    // after a dash there is no dot option
+    // a dot line cannot begin with a dash
     -a.5 => => => V1 Integer expected, for option "a" saw ".5"
 
-    // a dot option has to follow the period
+    // the name of a dot option must follow the period
     x. 5 a 1\nx. a 1 => => a=1 => E1 .suffix expected for key "x" | E1 Option keyword expected, saw "5"
       | E2 .suffix expected for key "x"
     x.foo a 5\nx.foo 5 a 1 => => a=5
@@ -92,7 +92,7 @@ const ttable dotoptions = {__LINE__, R"~(
       => W1 Double out of range for option ".prior" saw "101" | W1    Valid range is 0 to 100
     x.prior , a 1 => rejected 1 => a=1 => V1 Double expected for option ".prior" saw ""
 
-    // a name of more than 63 characters is rejected, and its value stored
+    // a name of more than 63 characters is rejected, but its value is stored
     <63n>.prior 5\n<64n>.prior 6 a 1 => <63n>.prior=5 rejected 1 => a=1 .prior=6
       => E2 .Option ID too long "<64n>"
 
@@ -113,23 +113,23 @@ const trules indicators("indicators", options, normal, {__LINE__, R"~(
     // elements stand in brackets of any kind, with or without quotes
     ind e('i',"j k")$v["j k"] := T ind\t f {i , j} $w ( j ) N ! 1 => e('i',"j k")$v("j k")=1 f(i,j)$w(j)=0
 
-    // the keyword is an option name after a dash, and a symbol before a period
+    // after a dash the keyword is an option name, and before a period it is a symbol
     -ind 1 a 5\nind.prior 7 => ind.prior=7 => a=5 .prior=7 => E1 Unknown option "ind"
 
-    // an equation has to follow
+    // an equation must follow
     ind\nind 5 a 1\nind=e$v 1 => => => E1 E2 E3 Equation ID expected for indicator
 
-    // a dollar sign and a variable have to follow the equation
+    // a dollar sign and a variable must follow the equation
     ind e v 1\nind e('i')\nind e => rejected 3 => => E1 E2 E3 $ expected after equation identifier "e"
     ind e$ 1 a 1\nind e$ => rejected 2 => => E1 E2 Equation ID expected for indicator
 
-    // a boolean word has to follow
+    // a boolean word must follow
     ind e$v = \nind e$v "1 => rejected 2 => => E1 E2 Boolean value expected for equation indicator "e"
     ind e$v maybe a 1\nind e$v , a 1 => rejected 2 =>
       => E1 Boolean value expected for equation indicator "e", Saw "maybe"
       | E2 Boolean value expected for equation indicator "e", Saw ""
 
-    // after an error among the elements the line goes on with its next part
+    // after an error in the elements reading continues with the next part of the line
     ind e('i',)$v 1\nind e($v 1 a 1 => rejected 2 => a=1 => E1 Unique element expected for indicator id "e"
       | E1 $ expected after equation identifier "e" | E2 Unique element expected for indicator id "e"
     ind e(*$v 1 a 1\nind e(i)$v(* 1 a 2 => rejected 2 => a=2
@@ -139,13 +139,13 @@ const trules indicators("indicators", options, normal, {__LINE__, R"~(
     ind e(i$v( => rejected 1 => => E1 Closing bracket ")" expected for id "e"
       | E1 Unique element expected for indicator id "v" | E1 Boolean value expected for equation indicator "e"
 
-    // sets of the variable have to be sets of the equation, but quoted elements are free
+    // sets of the variable must be sets of the equation, but quoted elements need not be
     ind e(i,'j')$v(j,k) 1 a 1\nind e(i)$v(I) 1 => rejected 2 => a=1
       => E1 Index "j" not controled for variable "v" | E1 Index "k" not controled for variable "v"
       | E2 Index "I" not controled for variable "v"
     ind e(i,'j')$v(i,'k') 1 => e(i,'j')$v(i,'k')=1
 
-    // equation and variable have at most twenty elements
+    // equation and variable have at most twenty elements each
     ind e(<19i,>j)$v(<19i,>j) 1 => e(<19i,>j)$v(<19i,>j)=1
     ind e(<19i,>j,j,k)$v(i) 1 a 1 => rejected 1 => a=1 => E1 E1 Too many dimensions for equation "e"
     ind e(<19i,>j)$v(<19i,>j,'j') 1 => rejected 1 => => E1 Too many dimensions for variable "v"
@@ -166,18 +166,18 @@ const trules indicatorsatendofline("indicators_at_end_of_line", options, endofli
 )"});
 
 const trules keywords("indicators", "a integer 1 0 0 9 1 1\n", {__LINE__, R"(
-    // without a keyword there are no indicators, and of several keywords the last one counts
+    // without a keyword there are no indicators, and if there are several keywords, the last one counts
     readfromstr ind e$v 1 ; entries => ; clearmessages
     definition ind indicator\nwhen indicator\n ; messagecount => 1 ; clearmessages
     readfromstr when e$v 1 ; readfromstr ind e$v 0 ; problems => E Unknown option "ind" ; entries => e$v=1
 )"});
 
-// Errors are not counted any more when the list of messages is full.
+// When the list of messages is full, errors are no longer counted.
 const trules entriesthatstay("entries", options, {__LINE__, R"(
     // entries stay through a reset
     readfromstr x.prior 5 ; readfromstr ind e$v 1 ; resetall ; entries => x.prior=5 e$v=1
 
-    // when the list of messages is full, a line that is rejected adds an entry once it has a name
+    // when the list of messages is full, a line with an error after its name adds an entry
     readfromstr y.prior 500 ; entries => rejected 1 ; fill 5001
     parameters ind\nind e\nind e$v 1\ny.prior\ny.prior 500\n
     entries => y.prior=0 y.prior=1 e$=0 e$v=1 rejected 1

@@ -8,8 +8,9 @@ namespace testsupport::helptest {
 
 constexpr const char* request = "help $1 => $2";
 
-// Groups appear in the order of their lines. Not shown: a group with help flag 0 and its options, an option
-// with help flag 0 or without group; the alphabetical listing asks only the option.
+// Groups appear in the order of their lines. The summary leaves out groups with help flag 0 and their
+// options, and options with help flag 0 or without a group. For the alphabetical listing only the help flag
+// of the option counts.
 constexpr const char* groupsdefinition =
     "late group 2 1 Late options\nhidden group 3 0 Hidden options\nearly group 1 1\n"
     "empty group 4 1 Nothing here\niter10 integer 1 5 0 10 1 1 Tenth\n More about the tenth,\n"
@@ -19,7 +20,7 @@ constexpr const char* groupsdefinition =
     "ghost synonym nosuch\nquietly synonym silent\nmarks deprecated\n iter10 use iter2\n loop use iter2\n"
     "olds obsolete\n plain gone\n";
 
-// What the requests for the summary and for the list in alphabetical order give.
+// Requests for the summary and for the list in alphabetical order, and their answers.
 const std::string summary =
     "help $1 => \\nOptions summary by group\\n\\nLate options\\n"
     "plain                 : \\n\\niter2                 : Second\\niter10                : Tenth\\n"
@@ -31,21 +32,21 @@ const std::string list =
     ">string,  default: \"a b\"\\nsecret: In a hidden group\\n>boolean,  default: 0\\n";
 
 const trules summaries("help", groupsdefinition, summary, {__LINE__, R"(
-    // the summary is what 1 asks for
+    // 1 asks for the summary
     1
 
-    // what is neither a number nor a name asks for the summary
+    // a request that is neither a number nor a name asks for the summary
     \e
     ghost
     \x202
     99999999999
 )"});
 const trules listings("help", groupsdefinition, "help $1 => " + list, {__LINE__, R"(
-    // the list in alphabetical order is what 2 asks for
+    // 2 asks for the list in alphabetical order
     2
 )"});
 const trules summariesandlists("help", groupsdefinition, summary + list, {__LINE__, R"(
-    // the summary and the list are what 3 and a number below 1 ask for
+    // 3 and numbers below 1 ask for the summary and the list
     +3
     0
 )"});
@@ -54,7 +55,7 @@ const trules otherrequests("help", groupsdefinition, request, {__LINE__, R"(
     // 8 alone asks for nothing
     8
 
-    // the summary that 9 asks for says what is deprecated
+    // 9 asks for a summary that marks deprecated options
     9 => \nOptions summary by group\n\nLate options\nplain (Obsolete)      : \n\niter2 (Deprecated)    : Second
       \niter10 (Deprecated)   : Tenth\nloop (Synonym for iter2) (Deprecated)\n<: Second\n\nNothing here\n
 
@@ -75,11 +76,11 @@ const trules fromafile("help", "lone boolean 1 5 1 1\n", {__LINE__, R"(
     // the option help without a request gives the summary
     readfromstr help ; told => +string |  | -string
 
-    // an option that a key makes has nothing but its name
+    // of an option that a key with two dashes created only the name is known
     readfromstr --New text ; help --New => --New: \n>strlist, \n
 )"});
 
-// The debugging list goes to standard output at once; the list in alphabetical order goes with it.
+// The debugging list is printed to standard output at once, together with the list in alphabetical order.
 TEST(help, debugging_list_is_printed_and_flushed) {
   testing::internal::CaptureStdout();
   play(groupsdefinition, "help 6 => " + list);
@@ -94,7 +95,7 @@ const trules columns(
     "b1234567890123456789x boolean 2 0 1 1 has 21\nc123456789012345678901x boolean 3 0 1 1 has 23\n"
     "d boolean 4 0 1 1\nf12345 synonym d\nf123456 synonym d\nold deprecated\n d\n",
     request, {__LINE__, R"(
-    // help texts begin in column 23, on a line of their own where the name is longer
+    // help texts begin in column 23, on a line of their own if the name is longer
     1 => \nOptions summary by group\n\nG\na12345678901234567890x: has 22\nb1234567890123456789x : has 21
       \nc123456789012345678901x\n<: has 23\nd                     :\x20
       \nf12345 (Synonym for d): \nf123456 (Synonym for d)\n<: \n
@@ -139,24 +140,24 @@ const taddedstep summarystep("summary", [](thandle& h, const std::string&) {
   return result;
 });
 
-// The sort starts with options as they are defined and synonyms behind them.
+// The list to sort has the options in the order of the definition, then the synonyms.
 const trules order("help", "g group 1 1 G\n", "integers $1 ; summary => $2", {__LINE__, R"(
     // names are ordered without regard to case
     b A c aa B_ => A aa b B_ c
 
-    // a number at the end of a name counts by its value
+    // numbers at the end of names are ordered by value
     iter10 Iter2 iter2a x ITER1 iter a2 iter003 => a2 iter ITER1 Iter2 iter003 iter10 iter2a x
     n30 n12 n21 n11 => n11 n12 n21 n30
     x10000000000000000000 b1 x_1 x0 x9999999999999999999 x a99
       => a99 b1 x x0 x9999999999999999999 x10000000000000000000 x_1
 
-    // names that differ in leading zeros only stand as the sort leaves them
+    // names that differ only in leading zeros stand as the sort leaves them
     eq1 b eq01 a eq001 eq0001 c eq00001 => a b c eq0001 eq00001 eq01 eq1 eq001
 )"});
 const trules orderofsynonyms(
     "help", "g group 1 1 G\ne01 string 1 x 1 1\ne1 string 1 x 1 1\ne001 synonym e1\ne0001 synonym e01\n",
     request, {__LINE__, R"(
-    // synonyms that differ in leading zeros only stand as the sort leaves them
+    // synonyms that differ only in leading zeros stand as the sort leaves them
     1 => \nOptions summary by group\n\nG\ne001 (Synonym for e1) : \ne0001 (Synonym for e01)\n<:\x20
       \ne01                   : \ne1                    : \n
 )"});

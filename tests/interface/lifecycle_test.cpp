@@ -1,5 +1,5 @@
 // Handles, the load path, the check of interface version and function signatures, and the two string forms at
-// their limits: what arrives of long texts, null pointers, and a result buffer that is also the argument.
+// their limits: long texts, null pointers, and a result buffer that is also the argument.
 #include <iterator>
 
 #include "interface/script.h"
@@ -46,7 +46,7 @@ TEST(lifecycle, the_process_has_one_load_path_in_whichever_form_it_was_set) {
   EXPECT_EQ(set(""), "");
 }
 
-// A client's version: the result, the message, and the kind of agreement.
+// A client's version; then the result of the check, its message, and the code for how the versions match.
 const taddedstep apiversion("apiversion", [](thandle&, const std::string& version) {
   std::string message = "old";
   std::int32_t compat = -1;
@@ -54,7 +54,8 @@ const taddedstep apiversion("apiversion", [](thandle&, const std::string& versio
   return std::to_string(result) + '|' + message + '|' + std::to_string(compat);
 });
 
-// A function as clients declare it: the name, the result's code, those of the arguments after the handle.
+// A function as clients declare it: the name, the code of the result, the codes of the arguments after the
+// handle.
 const taddedstep check("check", [](thandle&, const std::string& declared) {
   const std::size_t end = declared.find(' ');
   std::istringstream words(declared.substr(end));
@@ -65,26 +66,26 @@ const taddedstep check("check", [](thandle&, const std::string& declared) {
   return std::to_string(result) + '|' + message;
 });
 
-// The compiler takes the codes of the library from the types of its functions.
+// On the library's side the compiler derives the codes from the types of the functions.
 const trules agreement("agreement", "", {__LINE__, R"(
-    // a client of another version is compatible, newer or too old
+    // a client of another version is compatible, too new or too old
     apiversion 2 => 1|API version and library version are the same.|1
     apiversion 3 => 1|API version is newer than this library.|3
     apiversion 1 => 1|Client version is compatible to this version of the library.|2
     apiversion 0 => 0|The API is too old for the used library, API version: 0, library version: 2|0
 
-    // a function agrees by the codes of its result and arguments
+    // a function matches if the codes of its result and arguments do
     check optReadFromPChar 0 10 => 1| ; check optFindStr 3 11 4 4 => 1| ; check optCount 3 => 1|
     check optSetValuesNr 3 3 3 13 11 => 1| ; check optGetValuesNr 3 3 12 4 14 12 => 1|
     check optGetInfoNr 3 3 4 4 4 4 4 4 => 1| ; check optResetAll 0 => 1|
 
-    // a function is known by its name in mixed case
+    // the names of functions are in mixed case
     check optreaddefinition 3 11 => 0|optreaddefinition cannot be found in wexcorin.
     check  3 => 0| cannot be found in wexcorin.
     check xCreate 3 => 0|xCreate cannot be found in wexcorin.
     check <254x> 3 => 0|<254x>\x20
 
-    // a function that differs is reported with what differs
+    // the message on a function says what differs
     check optCount 3 3
       => 0|optCount has wrong number of arguments, the API expects 0 but it has 1 in the library.
     check optGetValuesNr 3 3 12 4 13 12 => 0|optGetValuesNr has wrong argument type for argument 4
@@ -109,21 +110,21 @@ TEST(texts, arrive_whole_up_to_254_characters_and_up_to_255_as_short_strings) {
   }
 }
 
-// The help that is shown is the summary, which has no group here.
+// The request for help gives the summary, which has no group here.
 const trules nulltexts("texts", everytype, {__LINE__, R"(
-    // a null is an empty name of a file
+    // null stands for an empty file name
     readdefinition(null) => 2 ; readparameterfile(null) => 2 ; writeparameterfile(null) => 2
     told => D Cannot open option file "" | D Error code = 2; No such file or directory
       | E Cannot open parameter file "" | E Error code = 2; No such file or directory
       | E Cannot write parameter file "" | E    Error code = 2; No such file or directory
 
-    // a null is an empty text, message or request
+    // null stands for an empty text, message or request
     readfromstr(null) ; readfrompchar(null) ; addmessage(null) ; showhelp(null) ; told => E  |\x20
 
-    // a null is an empty name of an option
+    // null stands for an empty option name
     findstr(null) => 0|-1|-1 ; lookup(null) => -1 ; listcountstr(null) => -2
 
-    // a null is an empty value
+    // null stands for an empty value
     setstrnr(null) note => 1 ; value note => ; setstr2nr(null) pair => 0 ; setvaluesnr(null) method 1 1 => 0
     told => V Integer expected, for option "pair" saw "" | V Unknown value for option "method" saw ""
       | V    Possible values are  auto Primal two words

@@ -1,6 +1,6 @@
-// The message list: decoration by kind, numbers out of range, line prefixes, enter and leave notes that
-// cancel, the limit of 5,000, the two ways of counting and the cut at 255 characters; and echoed lines, in
-// pieces of 130 characters.
+// The message list: the prefixes of each kind, numbers out of range, line numbers, notes on entering and
+// leaving that are removed together, the limit of 5,000, the two ways of counting, the cut at 255 characters;
+// and echoed lines, in pieces of 130 characters.
 #include "interface/script.h"
 
 namespace testsupport::messagestest {
@@ -16,9 +16,9 @@ const taddedstep kinds("kinds", [](thandle& h, const std::string&) {
   return result;
 });
 
-// The echo comes when a source is opened or a line is read, before what is said about the line.
+// A line is echoed when it is read, before the messages about it; a source is echoed when it is opened.
 const trules decorations("messages", everytype, {__LINE__, R"(
-    // each kind of message has its decoration; notes, help and echo have no line number
+    // each kind of message has its prefix; notes, help and echo have no line number
     definition old integer 3 5 0 10 1 1\nmarks deprecated\n old use maxit\nbroken integer x 5 0 10 1 1\n
     echoset 1 ; parameters * comment\nmaxit 11\nlimits 1\nmaxit 11\nold 6\nhelp maxit\nnosuch 1\n
     echoset 0 ; addmessage the client's own ; errorcount => 5|3 ; kinds => 2600330044050110979
@@ -49,19 +49,19 @@ const trules limit("limit", everytype, {__LINE__, R"(
     // when the list is full, a setter returns 1 for a value that it refuses
     fill 5001 ; setintnr maxit 11 => 1 ; value maxit => 5
 
-    // notes on a source without messages cancel each other unless the limit was reached between
+    // the notes on a source without messages are removed unless the limit was reached between them
     fill 4999 ; readfromstr maxit 3 ; messagecount => 4999 ; getmessage 4999 => *** Error filler|9
     fill 5000 ; readfromstr maxit 4 ; messagecount => 5001
     getmessage 5001 => Maximum of 5000 messages reached|8
 
-    // echo is not limited, and takes the place of the message on the limit
+    // echo is not limited, and fills the place of the message on the limit
     fill 4998 ; echoset 1 ; readfromstr maxit 4
     messagecount => 4999 ; getmessage 4999 => >>  maxit 4|0
     fill 5000 ; readfromstr nosuch 4 ; messagecount => 5001 ; getmessage 5001 => >>  nosuch 4|0
 )"});
 
 const trules cuts("messages", everytype, {__LINE__, R"(
-    // a text is cut at 255 characters, and so is the text with its decoration
+    // a text is cut at 255 characters, and so is the text with its prefix
     addmessage <254x> ; setstrnr maxit <254x> ; parameters maxit <254x>\n
     messages => *** Error <245x>\n*** Value Error Integer expected, for option "maxit" saw "<197x>
       \nReading parameter(s) from "OPT"
@@ -69,7 +69,7 @@ const trules cuts("messages", everytype, {__LINE__, R"(
       \nFinished reading from "OPT"\n
 )"});
 
-// The marks of pieces are of code 187.
+// The character that marks a piece has the code 187.
 const trules pieces(
     "echo", "nv integer.NV 1 0 0 9 1 1\nmarks eolcomm !\n",
     "echoset 1 ; parameters $1\\nnv"
@@ -86,7 +86,7 @@ const trules pieces(
     *<260c> => >> \xBB*<129c>\xBB\n>> \xBB<130c>\n>> \xBBc\n
 )"});
 
-// A note on entering that a note on leaving follows goes with it.
+// When the note on leaving follows that on entering, both are removed.
 const trules order("echo", "x integer 1 0 0 9 1 1\nread immediate ReadFile 0 0\n", {__LINE__, R"(
     // the lines of a definition are echoed up to the one that ends the reading
     echoset 1 ; definition * definition\ny integer 1 0 0 9 1 1\n help\n\n5 the end\nunread\n

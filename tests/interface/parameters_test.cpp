@@ -1,7 +1,7 @@
 // Option text: keys, values and what may follow them on a line in both reading modes, every message of the
-// reader, values that take the rest of a line, deprecated names, immediate options, keys that make a list,
-// joined words, and sources of odd bytes and sizes; files that read files, and files of every shape: what is
-// no ordinary file, what changes while it is read.
+// reader, values that take the rest of a line, deprecated names, immediate options, keys that create a list,
+// keys of several words, and sources with unusual bytes and sizes; files that read files, files that are no
+// ordinary files, and files that change while they are read.
 #include <fstream>
 #include <thread>
 
@@ -30,10 +30,10 @@ const trules settingsofkeys("settings", options, reading, {__LINE__, R"(
     1 => ,a 1\n,b 2 => a=1 b=2
     0 => \x20,, a 1\nb 2 => b=2 => E1 Option keyword expected, saw ","
 
-    // after a dash a period begins the value
+    // if a key has a dash before it, a period begins the value
     0 => -d.5 => d=0.5
 
-    // a key has to follow a dash
+    // a key must follow a dash
     0 => - a 1\n-\nb 2 => b=2 => E1 Option keyword expected, saw " " | E2 Option keyword expected, saw ""
 
     // a key and its value are separated by blanks or an equals sign
@@ -44,7 +44,7 @@ const trules settingsofkeys("settings", options, reading, {__LINE__, R"(
     // a star in the first column and an end-of-line character begin a comment
     0 => * a 1\n\n * a 1\n\t! a 1\nb 2 ! a 1 => b=2 => E3 Option keyword expected, saw "*"
 
-    // an unknown option is skipped with its value, and the line goes on
+    // an unknown option is skipped with its value, and the rest of the line is read
     0 => bad , a 3 bad "x y" b 2\nbad=1 a 4\nbad = 1 a 5 => a=4 b=2
       => E1 E1 E2 E3 Unknown option "bad" | E3 Option keyword expected, saw "1"
 
@@ -52,7 +52,7 @@ const trules settingsofkeys("settings", options, reading, {__LINE__, R"(
     0 => Alias 101 /B x => => V1 Integer range error for option "Alias" saw "101"
       | V1    Valid range is -100 to 100 | V1 Integer expected, for option "B" saw "x"
 
-    // a key with two dashes makes a list of what it is given
+    // a key with two dashes adds its value to a list
     1 => --zz = a, b ! c\n//ZZ\n-/b 2 => --zz=[a, b ! c|] --b=[2]
     0 => --zz = x y 1 --zz "a b",---zz :x => --zz=[x|a b|:x] => E1 Unknown option "y"
     1 => --zz "a b"\n--zz ! => --zz=[] => V1 Bad double-quote in value
@@ -61,11 +61,11 @@ const trules settingsofkeys("settings", options, reading, {__LINE__, R"(
     0 => s "a"b"c" b 2 => b=2 => V1 Bad double-quote in value
     0 => s , b 2\na , t 1 => b=2 s= t=1 => V2 Integer expected, for option "a" saw ""
 
-    // in normal reading a quote that nothing closes gives no value and ends the line
+    // in normal reading a quote that is not closed gives no value and ends the line
     0 => s "x y b 2\nb 3 => b=3
     0 => s "\ntwo "3\nb 3 => b=3
 
-    // in end-of-line reading a value is the rest of the line without blanks around it
+    // in end-of-line reading a value is the rest of the line without blanks at either end
     1 => s  x  y \t ! z\nl "x ! y" # "z"\nl "  x  "\nl x, y\nl "z"\nl "" => s=x  y l=[x ! y|x|x, y|z|]
     1 => b 2,\na 3, b 2\ns 1, b 2 => s=1, b 2
       => V1 Integer expected, for option "b" saw "2," | V2 Integer expected, for option "a" saw "3, b 2"
@@ -76,7 +76,7 @@ const trules settingsofkeys("settings", options, reading, {__LINE__, R"(
     1 => t = \na ! 5\na :5\nb 2 => b=2
       => E1 Value expected for key "t" | E2 E3 Value expected for key "a" | E3 Remainder of line ignored
 
-    // after an option without value the line goes on
+    // after an option without value the rest of the line is read
     0 => nv flag b 2 => b=2 nv=7 flag=1
     0 => nv 5 b 2\nflag=1 => nv=7 flag=1
       => E1 Option keyword expected, saw "5" | E2 Option keyword expected, saw "="
@@ -102,13 +102,13 @@ const trules settingsofkeys("settings", options, reading, {__LINE__, R"(
     1 => color blue red wine => color=blue,-
       => V1 Unknown value for option "color" saw "red wine" | V1    Possible values are  red blue
 
-    // of a value 255 characters are kept, and each further one replaces the last
+    // of a longer value 254 characters and the last one are kept
     1 => l <254v>wxyz\nl <254v>wx  ! c => l=[<254v>z|<254v>]
     1 => l "<254v>wxyz" ! c => => V1 Bad double-quote in value
     0 => s "<254v>wxyz" b 2 => b=2 s=<254v>
 )"});
 
-// An option of each type that takes a value at will.
+// An option of each type whose value may be left out.
 const trules optionalvalues("settings",
                             "i integer.OPT 1 4 0 9 1 1\nd double.OPT 2 2.5 0 9 1 1\nb boolean.OPT 3 1 1 1\n"
                             "e enumstr.OPT 4 x 1 1\n x 1\n y 1\nn enumint.OPT 5 3 1 1\n 3 1\n 6 1\n",
@@ -130,7 +130,7 @@ const trules oldnamesandimmediates("statements", options, reading, {__LINE__, R"
     // a synonym can be deprecated by itself
     0 => lately 3 b 4 => b=4 => W1 deprecated synonym "lately"; b is shorter
 
-    // an option with both marks is called deprecated, and its obsolete synonym is ignored
+    // an option with both marks counts as deprecated, and its obsolete synonym is ignored
     0 => mixed 3 was 4 => mixed=3
       => W1 deprecated option "mixed"; use b | W1 deprecated synonym "was"; never more
     // an immediate option changes the mode of reading for the rest of the source
@@ -154,7 +154,7 @@ const trules oldnamesandimmediates("statements", options, reading, {__LINE__, R"
 )"});
 
 const trules bytes("lines", options, reading, {__LINE__, R"(
-    // a carriage return at the end of a line belongs to the line end, another does not
+    // a carriage return belongs to the line end only if it stands there
     1 => a 1\r\n\r\nb 2\r\nnv\r\nd 1\r => a=1 b=2 d=1 nv=7
     0 => s x\ry\r\r\nb 2\n\r => b=2 s=x\ry\r
 
@@ -163,10 +163,10 @@ const trules bytes("lines", options, reading, {__LINE__, R"(
     1 => s x y\x1A z\nnv\x1A\n\x1A\nb 2 => b=2 s=x y nv=7
     1 => s "x\x1A y"\na\x1A 5 => => V1 Bad double-quote in value | E2 Value expected for key "a"
 
-    // a setting does not go on in the next line
+    // a setting cannot continue on the next line
     0 => b\n2 => => E1 Value expected for key "b" | E2 Option keyword expected, saw "2"
 
-    // bytes above 127 are no part of a key
+    // bytes above 127 cannot be in a key
     0 => \xEF\xBB\xBF\nb 2 => b=2 => E1 Option keyword expected, saw "\xEF"
 
     // of a line 1020 characters are read
@@ -175,7 +175,7 @@ const trules bytes("lines", options, reading, {__LINE__, R"(
 )"});
 
 const trules modes("immediates", options, {__LINE__, R"(
-    // the exported switch sets the mode of all later readings
+    // a function sets the mode of all later readings
     eolonlyset 5 => 1 ; readfromstr lines 0 a 1 b 2 ; readfromstr s x, a 3 ; settings => a=1 b=2 s=x, a 3
     eolonlyset 0 => 1 ; readfromstr lines 1 s y z ; readfromstr a 3 b 4 ; settings => a=3 b=4 s=y z
     eolonlyset -1 => 0 ; eolonlyset 0 => 1 ; messages =>
@@ -192,7 +192,7 @@ const trules pathkeys("pathkeys", "Path lookup\n" + names, reading, {__LINE__, R
     0 => --ab x --abcd y --aXb z --Xb w => --ab=[x|y|z] --Xb=[w]
 )"});
 const trules minoskeys("minoskeys", "Minos lookup\n" + names, reading, {__LINE__, R"(
-    // a key is one word or several
+    // a key has one word or several
     0 => Major Iterations Limit 7 fas 3 => major_iterations_limit=7 fast=3
       => W1 deprecated option "Major_Iterations_Limit"; too long
     0 => one two three fox five one two three four 7 => one_two_three_four=7
@@ -202,11 +202,11 @@ const trules minoskeys("minoskeys", "Minos lookup\n" + names, reading, {__LINE__
     // a word that is no identifier ends the key
     0 => scale -5 fast 3\n => fast=3 => E1 Unknown option "scale"
 
-    // a key that is typed with underscores is no option but may make a list
+    // a key that is typed with underscores finds no option but may create a list
     0 => one_two 7 => => E1 Unknown option "one_two"
     0 => --zz y 1 => --zz_y=[1]
 
-    // messages name the words that were typed
+    // messages quote the words that were typed
     0 => MAJX iterX limiXX=100 => => V1 Integer range error for option "MAJX_iterX_limiXX" saw "100"
       | V1    Valid range is 0 to 99
 )"});
@@ -217,7 +217,7 @@ const trules texts("texts", options, {__LINE__, R"(
     readfrompchar s x y\nb 2 ; settings => a=1 s=x y
     readfromstr \na 2 ; readfromstr ; readfrompchar ; messages =>
 
-    // messages on a string or buffer name no line
+    // messages on a string or buffer have no line number
     readfromstr * a 2 ; readfrompchar bad ; readfromstr read none
     told => +string | E Option keyword expected, saw "*" | -string | +pchar | E Unknown option "bad" | -pchar
       | +string | E Cannot open parameter file "none" | E Error code = 2; No such file or directory | -string
@@ -226,10 +226,10 @@ const trules texts("texts", options, {__LINE__, R"(
     eolonlyset 0 ; readfrompchar b 2<1000000 >t 1 ; value t => 1
 )"});
 
-// The file "inner", the text that names it, what both set and say.
+// The file "inner", the text that reads it, what both set, and their messages.
 const trules includes("files", options, "file inner $1 ; parameters $2 => 0 ; settings => $3 ; told => $4",
                       {__LINE__, R"(
-    // one file reads another where it names it
+    // a file reads another file at the line that names it
     a 1\n => read %DIR%/inner\r\nb 2 => a=1 b=2
     \e => read = "%DIR%/inner" b 2\na 1 => a=1 b=2
 
@@ -242,15 +242,15 @@ const trules includes("files", options, "file inner $1 ; parameters $2 => 0 ; se
     a 1 => say one\nread %DIR%/inner say two => a=1 => +OPT | E1 one | E2 two | -OPT
     say inside => read %DIR%/inner => => +OPT | +inner | E1 inside | -inner | -OPT
 
-    // the mode of reading is that of each file by itself
+    // each file has its own mode of reading
     s x, a 1\nlines off => lines off read %DIR%/inner b 2 a 3\nb 4 a 5 => a=5 b=4 s=x, a 1
     lines off a 1 b 2 => read %DIR%/inner s x, a 3 => a=1 b=2 s=x, a 3
 
-    // the checking of bounds is the same in all files
+    // the checking of bounds is switched for all files
     free on => read %DIR%/inner b 50 => b=50
       => +OPT | W1 Integer range error for option "b" saw "50" | W1    Valid range is 0 to 9 | -OPT
 
-    // a file that cannot be opened is reported in the file that names it
+    // a file that cannot be opened is reported with the line that names it
     \e => \nread %DIR%/. a 1\nread %DIR%/inner/x => a=1
       => +OPT | E2 Cannot open parameter file "." | E2 Error code = 21; Is a directory
       | E3 Cannot open parameter file "inner/x" | E3 Error code = 20; Not a directory | -OPT
@@ -261,13 +261,13 @@ constexpr const char* selfreading =
     " ; settings => a=2 --list=[x|x|x|x|x|x|x|x|x] ; told => $1 ; resetall ; readfromstr read = %DIR%/self"
     " ; settings => a=2 --list=[x|x|x|x|x|x|x|x|x] ; told => $1";
 const trules nesting("files", options, selfreading, {__LINE__, R"(
-    // files nest nine deep at most, each time
+    // files nest at most nine deep
     +string<10 | +self> | E File nesting level too deep; file ignored<10 | -self> | -string
 )"});
 
-// Without the bound, f5 would be read 14,641 times.
+// Without the limit, f5 would be read 14,641 times.
 const trules filecount("files", "read immediate ReadFile 1 1\nnote strlist 1 1 1\n", {__LINE__, R"(
-    // one call reads ten thousand files at most, and the next call as many again
+    // one call reads at most ten thousand files, and the next call may again read as many
     eolonlyset 0 ; file f5 note x ; file f4 <11read %DIR%/f5 > ; file f3 <11read %DIR%/f4 >
     file f2 <11read %DIR%/f3 > ; file f1 <11read %DIR%/f2 > ; parameters read %DIR%/f1
     listcountstr note => 9088 ; getmessage 7 => *** Error Too many parameter files; file ignored|9
@@ -278,7 +278,7 @@ const trules filecount("files", "read immediate ReadFile 1 1\nnote strlist 1 1 1
 )"});
 
 const trules noordinaryfiles("files", "", {__LINE__, R"(
-    // a definition that is no ordinary file is reported and not read
+    // a definition file that is no ordinary file is reported and not read
     readdefinition %DIR%/ => 21
     told => D Cannot open option file "" | D Error code = 21; Is a directory
     readdefinition => 2 ; told => D Cannot open option file "" | D Error code = 2; No such file or directory
@@ -291,13 +291,13 @@ const trules noordinaryfiles("files", "", {__LINE__, R"(
     // the null device is an empty file
     readdefinition /dev/null => 0 ; readparameterfile /dev/null => 0 ; messages =>
 
-    // a device that has no end is too large
+    // a device without end is too large
     readparameterfile /dev/zero => 0
     told => +/dev/zero | E1 Option keyword expected, saw "\x00"
       | E1 Cannot read parameter file "/dev/zero" | E1 Error code = 27; File too large | -/dev/zero
 )"});
 
-// The system would take the name for the one before the NUL.
+// For the system, a file name ends at its first zero byte.
 TEST(files, a_name_counts_whole) {
   thandle h;
   h.string("--any x");
@@ -323,7 +323,7 @@ TEST(files, that_grow_come_and_go_while_they_are_read_are_read_line_by_line_or_n
       std::filesystem::remove(inner);
     }
   });
-  tvksoptions* const one = h.handle(0);  // the other one would find other files
+  tvksoptions* const one = h.handle(0);  // the second handle would find the files changed
   coptreadparameterfile(one, h.directory().write("OPT", text).c_str());
   other.join();
   const std::regex expected("No such file or directory|Cannot open parameter file \".*/inner\"|/OPT\"");

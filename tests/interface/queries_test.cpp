@@ -1,5 +1,5 @@
-// The numbered and named queries: what each gives for a good number, and what becomes of its outputs on
-// failure: cleared, -1, or left as they were; and finding an option by name in the three lookup modes.
+// The queries by number and by name: their results for a valid number, and their outputs when they fail,
+// which are cleared, set to -1 or left unchanged; and finding an option by name in the three lookup modes.
 #include "interface/script.h"
 
 namespace testsupport::queriestest {
@@ -15,14 +15,14 @@ constexpr const char* options =
     "iterations synonym maxit\nghost synonym nosuch\nmethodx enumstr 113 other 1 10\n auto 1\n"
     ".off double 114 1 0 10 1 10\nind indicator\n";
 
-// The query, the option or other number and what else it asks for, the answer; an option that the query does
-// not fit, answered like a number out of range.
+// The query, the option or other number, its further arguments, and the answer; then an option for which the
+// query fails, which is answered like a number out of range.
 const ttable queries = {__LINE__, R"(
     // an option has flags, a reference number, a data type, a type and a sub-type
     getinfonr => 2 => => 1|1|1|101|1|0|0 => 17 => 0|0|0|0|-1|-1|-1
     getdefinednr => pair => => 1|2 => 17 => 0|0
 
-    // names and help texts are cleared where there are none
+    // the outputs for names and help texts are cleared if there are none
     getnamenr => 2 => => 1|maxit => 17 => 0|
     gethelpnr => maxit => => 1|maxit|Iteration limit => 17 => 0||
     getopthelpnr => gap => => 1|gap|2|20 => 17 => 0||-1|-1
@@ -34,14 +34,14 @@ const ttable queries = {__LINE__, R"(
     getsynonym => 1 => => 1|iterations|maxit => 3 => 0||
     getsynonym => 2 => => 1|ghost| => 3 => 0||
 
-    // only a string has a default that can be asked for by itself
+    // only a string option has a query for its default alone
     getdefaultstr => note => => 1|a b => method => 0|
 
-    // the outputs for bounds are left alone for an option of another type
+    // for an option of another type the outputs for bounds are left unchanged
     getboundsint => maxit => => 1|-1|10|5 => gap => 0|-7|-7|-7
     getboundsdbl => gap => => 1|0|1|0.5 => maxit => 0|-7.5|-7.5|-7.5
 
-    // the items of an enumeration count from 1
+    // the items of an enumeration are numbered from 1
     getenumcount => method => => 1|2 => flag => 0|-1
     getenumvalue => method => 2 => 1|0|Primal => flag => 0|-1|
     getenumvalue => method => 0 => 0|-1| => flag => 0|-1|
@@ -50,23 +50,23 @@ const ttable queries = {__LINE__, R"(
     getenumhelp => level => 2 => 1|-1| => flag => 0|-1|
     getenumhelp => level => 3 => 0|-1| => flag => 0|-1|
 
-    // the item of a value is 0 for a default outside the list
+    // the item of a value is 0 for a default that is not among the items
     getenumstrnr => pairstr => => 1|y|2 => level => 0||-1
     getenumstrnr => methodx => => 1|other|0 => level => 0||-1
 
-    // the output for a number is left alone for an option of another type
+    // for an option of another type the output for a number is left unchanged
     getintnr => maxit => => 1|3 => gap => 0|-7
     getint2nr => pair => => 1|4 => maxit => 0|-7
     getint2nr => pair => => 1|4 => off_grid => 0|-7
     getdblnr => gap => => 1|0.5 => maxit => 0|-7.5
     getdbl2nr => off_grid => => 1|2.5 => gap => 0|-7.5
 
-    // a value of any type is there as a text, which is empty for a list
+    // a value of any type can be queried as a text, which is empty for a list
     getstrnr => maxit => => 1|3 => 17 => 0|
     getstrnr => names => => 1| => 17 => 0|
     getstr2nr => off_grid => => 1|2.5 => maxit => 0|
 
-    // of three values the one of the type of the option is filled
+    // of three outputs the one for the type of the option is filled
     getvaluesnr => maxit => => 1|maxit|3|0|3 => 17 => 0||0|0|
     getvaluesnr => gap => => 1|gap|0|0.5|0.5 => 17 => 0||0|0|
     getvaluesnr => method => => 1|method|0|0|auto => 17 => 0||0|0|
@@ -102,7 +102,7 @@ const trules bynumber(
 const trules ofnothing("queries_without_definition", "", "$1 1 $3 => $6 ; messages =>", queries);
 
 const trules scenes("queries", options, {__LINE__, R"(
-    // constants have names, but for the tenth kind of message
+    // constants have names, except the tenth kind of message
     each getconstname 1 => optDataNone | optDataInteger | optDataDouble | optDataString | optDataStrList
     each getconstname 2 => optTypeInteger | optTypeDouble | optTypeString | optTypeBoolean | optTypeEnumStr
       | optTypeEnumInt | optTypeMultiList | optTypeStrList | optTypeMacro | optTypeImmediate
@@ -120,7 +120,7 @@ const trules scenes("queries", options, {__LINE__, R"(
     each getinfonr => 0|0|0|0|9|2 | 0|0|101|1|0|0 | 0|0|102|2|1|0 | 0|0|103|3|2|0 | 0|0|104|1|3|0
       | 0|0|105|3|4|0 | 0|0|106|1|5|0 | 0|0|107|0|6|0 | 0|0|108|4|7|0 | 0|0|-1|0|8|0 | 0|0|-1|0|9|0
       | 0|0|109|1|0|3 | 0|0|110|2|1|3 | 0|0|112|3|4|3 | 0|0|113|3|4|0 | 0|0|114|2|1|0
-    // counts are those of what is defined
+    // counts are the numbers of what is defined
     count => 16 ; synonymcount => 2 ; groupcount => 2 ; definitionfile => DEF
 
     // a value is found by the name of its option or a synonym
@@ -131,40 +131,41 @@ const trules scenes("queries", options, {__LINE__, R"(
     findstr Iterations => 1|2|101 ; findstr ghost => 0|-1|-1
     setrefnrstr iterations -5 => 1 ; setrefnrstr nosuch -5 => 0 ; findstr maxit => 1|2|-5
 
-    // elements of entries count from 1
+    // elements of entries are numbered from 1
     readfromstr x.off('u') 3 ind e('i')$v 1 ; getdotoptuel 1 0 => 0| ; getdotoptuel 1 -1 => 0|
     getdotoptuel 1 2 => 0| ; getequindicatornr 1 0 => 0| ; getequindicatornr 1 2 => 0|
-    // the count is below 0 for what is no list
+    // the count is below 0 if the option is no list
     listcountstr nosuch => -2 ; listcountstr maxit => -1 ; listcountstr names => 0
 
-    // texts are read by their numbers and stay
+    // reading texts by their numbers leaves them in the list
     readfromstr names one ; readfromstr names two ; listcountstr NAMES => 2 ; readfromliststr names 2 => 1|two
     readfromliststr names 3 => 0| ; readfromliststr names 0 => 0| ; listcountstr names => 2
     readfromliststr maxit 1 => -1| ; readfromliststr nosuch 1 => -2|
 
-    // texts are taken out from the first on
+    // texts are taken out in their order
     readfromstr names one ; readfromstr names two ; getfromliststr names => 1|one ; getfromliststr names => 1|two
     getfromliststr names => 0| ; getfromliststr maxit => -1| ; getfromliststr nosuch => -2|
 
-    // texts are taken from the lists that keys made or from the others
+    // texts are taken either from the lists that keys created or from the others
     readfromstr names one ; readfromstr --extra three ; readfromstr --more four
     getfromanystrlist 1 => 1|--extra|three ; getfromanystrlist -1 => 1|--more|four
     getfromanystrlist 0 => 1|names|one
 
-    // when no list has a text, the name is that of the last list and the text is left alone
+    // when no list has a text, the name is that of the last list and the text is left unchanged
     readfromstr names one ; readfromstr --extra three ; getfromanystrlist 0 => 1|names|one
     getfromanystrlist 0 => 0|--extra|old ; getfromanystrlist 1 => 1|--extra|three
     getfromanystrlist 0 => 0|old|old ; messages =>
 )"});
 
-// The mode, the names of options 2 and on, what is looked up, what is found, and where.
+// The mode, the names of the options from 2 on, the name that is looked up, the name and the number that are
+// found.
 const trules modes("lookup", "", "integers $2 ; definition $1 lookup ; gethelpnr $3 => $4| ; lookup $3 => $5",
                    {__LINE__, R"(
-    // in mode normal a name has to be complete, in any case of letters
+    // in mode normal a name must be complete, in upper or lower case
     Normal => alpha Beta beta => BETA => 1|Beta => 2
     Normal => alpha => alph => 0| => -1
 
-    // in mode path the first three characters of each word count, and those up to the first difference
+    // in mode path only the first three characters of each word are compared
     Path => convergence_tolerance => con_tol => 1|convergence_tolerance => 1
     path => convergence_tolerance => CONxx_tolyyyyyyyyyy => 1|convergence_tolerance => 1
     Path => convergence_tolerance => co_tol => 0| => -1
@@ -172,7 +173,7 @@ const trules modes("lookup", "", "integers $2 ; definition $1 lookup ; gethelpnr
     Path => convergence_tolerance => coxv_tol => 0| => -1
     Path => convergence_tolerance => con_txlerance => 0| => -1
 
-    // in mode path the number of words has to be the same
+    // in mode path the number of words must be the same
     Path => convergence_tolerance => con => 0| => -1
     Path => convergence => con_tol => 0| => -1
     Path => con_tol => convergence_tol_x => 0| => -1
@@ -183,24 +184,24 @@ const trules modes("lookup", "", "integers $2 ; definition $1 lookup ; gethelpnr
     Path => xy abc => xy => 0| => -1
     Path => con_t => con_t => 0| => -1
 
-    // in mode minos the first three characters of the first word count and four of each further one
+    // in mode minos three characters of the first word are compared and four of each other word
     Minos => major_iterations_limit => MAJ_ITERx_limiyy => 1|major_iterations_limit => 1
     Minos => major_iterations_limit => maj_ite_limi => 0| => -1
     Minos => major_iterations_limit => maj_iterations_lim => 0| => -1
     Minos => major_ite => maj_iter => 0| => -1
 
-    // in mode minos the number of words has to be the same
+    // in mode minos the number of words must be the same
     Minos => major_iterations_limit => major_iterations => 0| => -1
     Minos => major_iter => majx_iter_limi => 0| => -1
 
-    // in mode minos a shorter word has to be complete
+    // in mode minos a shorter word must be complete
     minos => ma_x => ma_x => 1|ma_x => 1
     Minos => ma_x => mx_x => 0| => -1
 )"});
 
 const trules namesofminos("lookup", "major_iterations_limit integer 1 1 0 9 1 1\nMinos lookup\n",
                           {__LINE__, R"(
-    // in mode minos names are handed out with blanks, except with help texts
+    // in mode minos queries return names with blanks, except the query for help texts
     getnamenr 2 => 1|major iterations limit ; getopthelpnr 2 => 1|major iterations limit|1|1
     getvaluesnr 2 => 1|major iterations limit|1|0|1 ; gethelpnr 2 => 1|major_iterations_limit|
     lookup major iterations limit => -1
@@ -210,7 +211,7 @@ const trules ofmany(
     "lookup", "",
     "integers covert_tolerance# conv_totals# con_to# $2 conv# ; definition $1 lookup ; lookup $3 => 601",
     {__LINE__, R"(
-    // the first of many options that fit is found behind many that do not
+    // the first of many options that match is found after many that do not
     Normal => convergence_tolerance => CONVERGENCE_tolerance
     Path => convergence_tolerance# => con_tol
     Minos => convergence_tole# => conv_tole

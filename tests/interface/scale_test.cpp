@@ -1,5 +1,5 @@
-// Inputs of a size that nobody writes by hand, and of bytes that nobody types. Work that grew faster than the
-// input would take hours here instead of seconds.
+// Very large inputs, and inputs with unusual bytes. If the time grew faster than the input, the tests would
+// take hours instead of seconds.
 #include <algorithm>
 
 #include "interface/script.h"
@@ -15,7 +15,7 @@ constexpr int many = 100'000 / scale;
 constexpr int verymany = 1'000'000 / scale;
 constexpr std::size_t hugeline = std::size_t{100'000'000} / scale;
 
-// The text once for each number below count, with the number for each "#" and the next one for each "@".
+// The text, repeated for each number below count; "#" becomes the number and "@" the next number.
 std::string repeated(int count, const std::string& text) {
   std::string result;
   for (int i = 0; i < count; ++i)
@@ -30,7 +30,7 @@ std::string repeated(int count, const std::string& text) {
 TEST(scale, every_one_of_many_options_is_found_set_and_written_in_each_way_of_comparing_names) {
   for (const std::string mode : {"normal", "path", "minos"}) {
     SCOPED_TRACE(mode);
-    // In both shorter modes three characters of each word count.
+    // In the modes path and minos three characters of each word are compared.
     std::string definition = mode + " lookup\n", text;
     for (int i = 0; i < many; ++i) {
       const std::string digits = std::to_string(1'000'000 + i);
@@ -73,7 +73,7 @@ TEST(scale, an_option_may_have_many_values_help_lines_synonyms_members_and_marks
   EXPECT_EQ(settings(h), "word=w" + last + " level=" + last + " free0=[x] free1=[y]");
   for (int i = 0; i < n; ++i) ASSERT_EQ(h.number('S' + std::to_string(i)), 2);
   h.parameters("s" + last + " 7\nall 8");
-  EXPECT_EQ(h.call(BOTH(listcountstr), "texts"), n);  // all of them get their turn
+  EXPECT_EQ(h.call(BOTH(listcountstr), "texts"), n);  // each member of the macro was set
   EXPECT_EQ(told(h, false), "W1 deprecated synonym \"s" + last + "\"; gone");
   h.one(optclearmessages);
   EXPECT_EQ(h.call(BOTH(setstrnr), 3, "none") + h.call(BOTH(setstrnr), 4, "-1"), 0);
@@ -82,7 +82,7 @@ TEST(scale, an_option_may_have_many_values_help_lines_synonyms_members_and_marks
   EXPECT_EQ(h.help("long").size(), 5001u);
 }
 
-// Longer chains than any recursion survives.
+// Chains that are too long for recursion.
 TEST(scale, macros_and_multilists_may_stand_for_each_other_to_any_depth) {
   thandle h;
   h.definition("x integer 1 0 0 9 0 0\nm0 macro 0 0\n x\nl0 multilist 1 0 0\n x\n" +
@@ -97,19 +97,18 @@ TEST(scale, macros_and_multilists_may_stand_for_each_other_to_any_depth) {
   EXPECT_EQ(told(h), "");
 }
 
-// Each macro names the one before it twice, so that every level doubles the assignments.
+// Each macro names the one before it twice, so each level doubles the number of assignments.
 const trules doubling("scale",
                       "texts strlist 1 1 1\nd0 macro 1 1\n texts\n texts\n" +
                           repeated(39, "d@ macro 1 1\n d#\n d#\n"),
                       {__LINE__, R"(
-    // an assignment stands for a thousand more than there are options at most
+    // one assignment sets at most a thousand members more than there are options
     readfromstr d8 x ; listcountstr texts => 512 ; told =>
     readfromstr d39 x ; problems => V Too many members for option "d39" ; listcountstr texts => 1018
     resetnr d39 => 1 ; listcountstr texts => 0
 )"});
 
-// A line, what is wrong with it, and what becomes of it. With the note on the file in front, 4,999 lines have
-// their message.
+// A line, its message, and its result. The note on the file comes first, so 4,999 lines have a message each.
 TEST(scale, a_line_may_come_many_times) {
   const ttable rows = {__LINE__, R"(
     maxit 5
@@ -144,7 +143,7 @@ TEST(scale, a_line_may_come_many_times) {
   });
 }
 
-// The begin of a line, what fills it, what is set and told.
+// How a line begins, the byte that fills it, the options that are set, and the messages.
 TEST(scale, a_line_may_be_of_any_length_and_the_line_after_it_is_read_as_always) {
   const ttable rows = {__LINE__, R"(
     maxit 5 => \x20 => maxit=5 note=last

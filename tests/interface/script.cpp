@@ -1,5 +1,5 @@
-// The player of scenes, and the steps that are no single call: files and strings that are read, and what the
-// tests compare after it.
+// Plays scenes, and defines the steps that are not just one call: reading texts as files, and getting the
+// state that tests compare.
 #include "interface/script.h"
 
 #include <map>
@@ -63,7 +63,7 @@ template <class tparameter>
 constexpr bool isoutput =
     std::is_pointer_v<tparameter> && !std::is_const_v<std::remove_pointer_t<tparameter>>;
 
-// What a parameter is called with; inputs come off the front of the words, of which so many are left.
+// Makes the argument for a parameter. Inputs are taken from the front of the words.
 template <bool isnull, class tparameter>
 auto passed(thandle& h, std::string_view& words, int& inputs) {
   using tvalue = std::remove_cv_t<std::remove_pointer_t<tparameter>>;
@@ -115,7 +115,7 @@ std::map<std::string, tstep>& steps() {
   return all;
 }
 
-// Every exported function that takes a handle is a step, and with "(null)" one with null for texts.
+// Every exported function that takes a handle is a step. With "(null)" after its name, texts are null.
 template <class tsecond, class tresult, class... tparameters>
 void add(const std::string& name, tresult (*first)(tvksoptions*, tparameters...), tsecond second) {
   steps()[name.substr(3)] = [=](thandle& h, const std::string& words) {
@@ -141,7 +141,7 @@ std::string answered(thandle& h, const std::string& call) {
 }
 
 const taddedstep basicsteps[] = {
-    // a text that is read as the file DEF or OPT; "name text" that becomes a file
+    // a text is read as the file DEF or OPT; "name text" makes a file
     {"definition", [](auto& h, auto& text) { return std::to_string(h.definition(text)); }},
     {"parameters", [](auto& h, auto& text) { return std::to_string(h.parameters(text)); }},
     {"file",
@@ -155,7 +155,7 @@ const taddedstep basicsteps[] = {
        while (h.one(optmessagecount) < std::stoi(count)) h.call(BOTH(addmessage), "filler");
        return count;
      }},
-    // what there is to see; messages go with that, and of the option that is named have "@" for its name
+    // the state; messages are removed when they are shown, and the name of the option is then "@"
     {"messages", [](auto& h, auto&) { return joined(h.messages()); }},
     {"told",
      [](auto& h, auto& option) {
@@ -177,15 +177,15 @@ const taddedstep integers("integers", [](auto& h, auto& names) {
   return std::to_string(h.definition(lines));
 });
 
-// What a request for help adds; ">" stands for the 24 blanks that the lines of a description begin with, "<"
-// for the 22 blanks before a text that has no room beside its name.
+// The messages that a request for help adds. ">" stands for the 24 blanks at the beginning of the lines of a
+// description, "<" for the 22 blanks before a text that has no room beside its name.
 const taddedstep help("help", [](auto& h, auto& request) {
   const std::string text = "\n" + joined(h.help(request));
   const std::string indented = std::regex_replace(text, std::regex("\n {24}"), "\n>");
   return std::regex_replace(indented, std::regex("\n {22}:"), "\n<:").substr(1);
 });
 
-// A step with each number from 0 on, up to the first above 0 that it has no answer to.
+// Repeats a step with the numbers from 0 on, up to the first number above 0 for which it fails.
 const taddedstep each("each", [](auto& h, auto& call) {
   std::string result;
   for (int nr = 0;; ++nr) {
@@ -197,7 +197,7 @@ const taddedstep each("each", [](auto& h, auto& call) {
   }
 });
 
-// The text with the columns in it.
+// Replaces "$1" and so on by the columns.
 std::string filled(std::string text, const tcolumns& columns) {
   for (std::size_t at = text.find('$'); at != std::string::npos; at = text.find('$', at)) {
     const std::size_t column = static_cast<std::size_t>(text[at + 1] - '0');
@@ -207,7 +207,7 @@ std::string filled(std::string text, const tcolumns& columns) {
   return text;
 }
 
-// A step that answers otherwise is reported at the place.
+// A step with another answer is reported at its line.
 void take(thandle& h, const std::string& text, const tcolumns& columns, const ttable& place) {
   const std::size_t arrow = text.find("=>");
   const tcolumns part = columnsof(text);

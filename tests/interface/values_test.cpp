@@ -1,5 +1,5 @@
-// Values: what the setters take from text and numbers, what they store, the words they refuse with, the
-// defined and recent flags, the out-of-bounds marks (visible as the brackets of the written file) and the
+// Values: the texts and numbers that the setters take, what they store, their messages, the defined and
+// recent flags, the out-of-bounds marks (visible in the written file as lines that switch the bounds), the
 // resets; and the written parameter file: which options appear, how values are quoted, string lists, dot
 // options and indicators, and files that cannot be written.
 #include "interface/script.h"
@@ -21,7 +21,7 @@ const taddedstep flags("flags", [](thandle& h, const std::string&) {
   return result;
 });
 
-// An option, the text it is set to, the result, its value then, and what is told.
+// An option, the text it is set to, the result, the value afterwards, and the messages.
 constexpr const char* settingtext = "setstrnr $1 $2 => $3 ; value $1 => $4 ; told $1 => $5";
 
 const trules texts("values", everytype, settingtext, {__LINE__, R"(
@@ -72,7 +72,7 @@ const trules unbounded("values", everytype, std::string("noboundsset 1 ; ") + se
     method => prim => 1 =>
       => W Unknown value for @ saw "prim" | W    Possible values are  auto Primal two words
 
-    // without checking of bounds a text that is no value is refused all the same
+    // without checking of bounds a text that is no value is still refused
     maxit => x => 0 => 5 => V Integer expected, for @ saw "x"
     note => " => 0 => none => V Bad double-quote in value
 )"});
@@ -86,8 +86,8 @@ TEST(values, these_words_in_any_case_are_no) {
     play(everytype, "setintnr flag 1 ; setstrnr flag " + word + " => 1 ; value flag => 0");
 }
 
-// The setter and the option, what it is called with, its result, and the option's value, or both of them.
-// Numbers of no option are refused as well.
+// The setter and the option, its arguments, its result, and the value or both values of the option. Numbers
+// that are not those of an option are refused as well.
 const trules setters(
     "setters", everytype,
     "$1 $2 $3 => $4 ; value $2 => $5 ; $1 0 $3 => 0 ; $1 -1 $3 => 0 ; $1 25 $3 => 0 ; value $2 => $5"
@@ -120,7 +120,7 @@ const trules setters(
     setdbl2nr => big_step => 0.5 => 0 => 0.5
     setstr2nr => note => x => 0 => none
 
-    // of three values the one of the type of the option counts
+    // of three values the one for the type of the option counts
     setvaluesnr => maxit => 3 3.5 x => 1 => 3
     setvaluesnr => big_step => 3 0.5 x => 1 => 0.5
     setvaluesnr => note => 3 3.5 text => 1 => text
@@ -134,14 +134,14 @@ const trules setters(
     setvalues2nr => both => 3 3.5 B C => 1 => a|b c
     setvalues2nr => maxit => 3 3.5 x => 0 => 5
 
-    // of three values the text may have a double quote
+    // the text among three values may have a double quote
     setvaluesnr => note => 3 3.5 a"b => 1 => a"b
     setvaluesnr => method => 3 3.5 " => 0 => auto
       => V Unknown value for @ saw """ | V    Possible values are  auto Primal two words
 )"});
 
 const trules marksandflags("flags", everytype, {__LINE__, R"(
-    // a value that is out of bounds is written between lines that switch the checking
+    // a value that is out of bounds is written between lines that switch the checking off and on
     noboundsset 1 ; setintnr flag -3 => 1
     told => W Boolean out of range for option "flag" saw "-3" | W    Valid values are 0 or 1
     setint2nr pair 77 ; written => limits 1\nflag=-3\nlimits 0\nlimits 1\npair=1 77\nlimits 0\n
@@ -155,7 +155,7 @@ const trules marksandflags("flags", everytype, {__LINE__, R"(
     // a reset clears the mark
     noboundsset 1 ; setintnr flag -3 ; resetnr flag ; setintnr flag 1 ; written => flag=1\n
 
-    // an option without value keeps its mark when it is named
+    // an option that takes no value keeps its mark when it is set again
     noboundsset 1 ; setintnr quiet 99 ; readfromstr quiet ; value quiet => 1
     written => limits 1\nquiet\nlimits 0\n
     resetnr quiet ; readfromstr quiet ; written => quiet\n
@@ -175,11 +175,11 @@ const trules marksandflags("flags", everytype, {__LINE__, R"(
     resetrecentchanges ; flags => maxit 1 0 | flag 1 0
     setintnr maxit 2 ; flags => maxit 1 1 | flag 1 0 ; resetallrecent ; flags => maxit 1 0 | flag 1 0
 
-    // a reset clears both flags, and that of a macro those of its members
+    // a reset clears both flags, and the reset of a macro those of its members
     setintnr maxit 2 ; setintnr pair 3 ; setstrnr all 1 ; resetnr pair => 1 ; flags => maxit 1 1 | flag 1 1
     resetnr all => 1 ; flags => ; setintnr maxit 2 ; setstrnr string_list one ; resetall ; flags => ; written =>
 
-    // a reset takes the members of a multilist away, but not those of a macro
+    // a reset removes the members of a multilist, but not those of a macro
     resetall ; setstrnr words 3 => 0 ; setstrnr all 1 => 1 ; value maxit => 1
     told => V Too many items for multilist "words"
 )"});
@@ -213,7 +213,7 @@ const trules writer("writer", everytype, "parameters $1 ; written => $2", {__LIN
     all 1 => maxit=1\nflag=1\n
     words 7:b => maxit=7\nnote=b\n
 
-    // of two options that switch the checking of bounds the first is named
+    // of two options that switch the checking of bounds the first is used
     free on\nmaxit 11\npair 3 12 => limits 1\nmaxit=11\nlimits 0\nlimits 1\npair=3 12\nlimits 0\n
     free on\nmaxit 11\nmaxit 9 => maxit=9\n
 
@@ -228,13 +228,13 @@ const trules writer("writer", everytype, "parameters $1 ; written => $2", {__LIN
 const trules withoutswitch("writer",
                            "big_max integer 1 5 0 10 1 1\nstring_list strlist 2 1 1\nMinos lookup\n",
                            {__LINE__, R"(
-    // without an option that switches the checking the lines around a value have no name
+    // without an option that switches the checking, the lines around a value lack its name
     noboundsset 1 ; readfromstr big max 11 ; readfromstr string list a
     written => \x201\nbig max=11\n 0\nstring_list=a\n
 )"});
 
 const trules unreadable("writer", everytype, "setvaluesnr note 0 0 $1 ; written => note=$2\\n", {__LINE__, R"(
-    // a text that cannot be read back is written as it is
+    // a text that cannot be read back is written unchanged
     " => "
     a"b c => "a"b c"
     "a,b" => ""a,b""
@@ -245,7 +245,7 @@ const trules unreadable("writer", everytype, "setvaluesnr note 0 0 $1 ; written 
 const trules failures(
     "writer", everytype,
     "readfromstr maxit 3 ; writeparameterfile $1 => $2 ; told => $3 ; written => maxit=3\\n", {__LINE__, R"(
-    // a file that cannot be opened gives the code of the system
+    // for a file that cannot be opened the system's code is returned
     %DIR%/. => 21 => E Cannot write parameter file "." | E    Error code = 21; Is a directory
 
     // a file that cannot be written to its end gives a message
@@ -254,10 +254,10 @@ const trules failures(
 )"});
 
 const trules rewriting("writer", everytype, {__LINE__, R"(
-    // a file that was there is replaced
+    // an existing file is replaced
     readfromstr maxit 3 ; file WRITTEN what was there ; written => maxit=3\n
 
-    // where nothing is to be written nothing can fail
+    // if nothing is to be written, nothing can fail
     writeparameterfile /dev/full => 0 ; told =>
 )"});
 

@@ -30,7 +30,7 @@ class wrapper : public testing::Test {
   wexcorin::options options{fdirectory.write("def", definition)};
 };
 
-// These fields of each element, or the element itself, a blank between.
+// The given fields of each element, or the element itself, with blanks between.
 template <class trange, class... tfields>
 std::string shown(trange&& range, tfields... fields) {
   std::ostringstream text;
@@ -111,8 +111,7 @@ TEST_F(wrapper, ranges_are_views_that_survive_a_move) {
   const auto all = options.all();
   const wexcorin::options moved = std::move(options);
   EXPECT_EQ(std::ranges::count_if(all, [](const auto& each) { return each.group == 3; }), 5);
-  const auto tol =
-      std::ranges::find(moved.all(), "tol", &option::name);  // outlives the range that it came from
+  const auto tol = std::ranges::find(moved.all(), "tol", &option::name);  // the element outlives its range
   EXPECT_EQ(tol->help + (tol - 1)->name + all[2].name, "A tolerancelimittol");
   EXPECT_EQ(all.end() - all.begin(), 6);
 }

@@ -1,5 +1,5 @@
-# Compiles a Pascal program with the library's unit; warnings are errors. The program finds the library by
-# itself.
+# Compiles a Pascal program with the library's unit; warnings are errors. The path of the library is stored in the
+# program.
 # usage: compile.sh LIBRARY_DIRECTORY SOURCE OUTPUT_DIRECTORY; run in the repository's root
 set -eu
 library=$1 source=$2 output=$3

@@ -1,5 +1,5 @@
-{ Asks the library whether it has the options of an include file that `wexcorin doc pascal` wrote at the
-  numbers there, and tries the unit's own functions. The calls of mapped are made by unit.py.
+{ Checks that the options in an include file from `wexcorin doc pascal` have the same numbers in the
+  library, and tests the unit's own functions. unit.py writes the calls of mapped.
 
     unit definition-file }
 program unittest;
@@ -27,17 +27,17 @@ var
   found, refnr: LongInt;
 begin
   optFindStr(options, name, found, refnr);
-  expect(found = number, name + ' is mapped to another number than the library has it at');
+  expect(found = number, name + ' has another number in the library');
 end;
 
 begin
   expect(optInterfaceFits(text), text);
   expect(optSignatureFits('optGetNameNr', [optCodeInteger, optCodeInteger, optCodeVarString], text), text);
   expect(not optSignatureFits('optCount', [optCodeInteger, optCodeInteger], text),
-    'optSignatureFits takes any signature');
+    'optSignatureFits accepts a wrong signature');
   xCreate(options);
   optReadDefinition(options, ParamStr(1));
 {$I statements.inc}
   xFree(options);
-  expect(options = nil, 'xFree leaves the handle');
+  expect(options = nil, 'xFree does not set the handle to nil');
 end.

@@ -1,6 +1,6 @@
 """Compares pascal/wexcorin.pas with the binary interface in api/abi.txt: every short-string function with its
-types, every constant, and nothing else. Then unit.pas is run, with an include file that `doc pascal` wrote:
-each of its names has to be mapped to the number that the library knows it by.
+types, every constant, and nothing else. Then runs unit.pas with an include file that `doc pascal` wrote: each
+name must have the number that the option has in the library.
 usage: unit.py LIBRARY_DIRECTORY TOOL; run in the repository's root; exit code 77: fpc is missing"""
 import difflib, re, shutil, subprocess, sys, tempfile
 
@@ -16,7 +16,7 @@ def read(name):
         return file.read()
 
 
-# As in C; of "var number, refnr: LongInt" one for each name. What is not known stays as it is.
+# The types in C, one for each name in "var number, refnr: LongInt". An unknown type stays unchanged.
 def types(parameters):
     for parameter in parameters.split("; "):
         form = re.fullmatch(r"((?:var|const|constref|out) )?(.*): (\w+)", parameter)
@@ -30,18 +30,18 @@ declared = [constant.replace("optInterfaceVersion", "WEXCORIN_INTERFACE_VERSION"
 for name, parameters, result, linked in re.findall(
         r"(?:function|procedure) (\w+)(?:\(([^)]*)\))?(?:: (\w+))?;([a-z ;]* external [^;]*)", text):
     if linked != f" cdecl; external wexcorinlibrary name '{name.lower()}'":
-        sys.exit(f"pascal/wexcorin.pas: {name} has another symbol or is not called as in C: {linked}")
+        sys.exit(f"pascal/wexcorin.pas: {name} has another symbol or another calling convention than in C: {linked}")
     declared.append(f"{name.lower()}: {TYPES.get(result, result)} ({', '.join(types(parameters))})")
 wanted = [line for line in read("api/abi.txt").splitlines() if line[0] in "oxW" and "TEXT_SIZE" not in line]
 if sorted(declared) != sorted(wanted):
-    sys.exit("\n".join(["pascal/wexcorin.pas is not as api/abi.txt has it (lines with -):",
+    sys.exit("\n".join(["pascal/wexcorin.pas (lines with +) differs from api/abi.txt (lines with -):",
                         *difflib.unified_diff(sorted(wanted), sorted(declared), lineterm="", n=0)]))
 
 if not shutil.which("fpc"):
-    print("fpc is not installed: what `doc pascal` writes is not compiled")
+    print("fpc is not installed: the output of `doc pascal` is not compiled")
     sys.exit(77)
 with tempfile.TemporaryDirectory() as work:
-    # dot options have no names that Pascal takes
+    # names of dot options are no identifiers in Pascal
     with open(f"{work}/solver.def", "w", encoding="latin-1") as file:
         file.write(re.sub(r"(?m)^\..*\n( .*\n)*", "", read("examples/solver.def")))
     subprocess.run([tool, "doc", "pascal", f"{work}/solver.def", "-o", f"{work}/solver.inc"], check=True)

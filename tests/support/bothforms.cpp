@@ -1,4 +1,4 @@
-// Texts in both forms, and the two handles.
+// Arguments and results in both text forms, and the pair of handles.
 #include "bothforms.h"
 
 #include <algorithm>
@@ -43,7 +43,7 @@ void ttext::finish(bool both) {
   const auto shorttext = fbuffers[0].begin() + guards;
   const unsigned char* const zero = fbuffers[1].data() + guards;
   ftext.assign(shorttext + 1, shorttext + 1 + *shorttext);
-  // a text that is left untouched comes back empty in the second form
+  // if a result is not set, the second form returns an empty text
   fisuntouched = fbuffers[0] == fbefore[0] && (!both || *zero == 0);
   if (fisuntouched) ftext.clear();
   if (both)

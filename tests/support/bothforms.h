@@ -1,5 +1,5 @@
-// Calls of the interface in both text forms, on two handles in the same state: results, numbers and texts
-// that come out must agree, and no byte beside a text may change.
+// Calls of the interface in both text forms, on two handles in the same state. Results and outputs must
+// agree, and no byte beside a text may change.
 #pragma once
 
 #include <array>
@@ -20,7 +20,8 @@
 
 namespace bothforms {
 
-// Options of every type; two that switch the checking of bounds, dot options and a keyword of indicators.
+// A definition with options of every type, two that switch the checking of bounds, dot options and a keyword
+// of indicators.
 extern const char* const everytype;
 
 struct tseen {
@@ -34,15 +35,15 @@ struct tseen {
   std::string text;
 };
 
-// Each program has its own: what becomes of a condition that does not hold, and what comes before each call
+// Each program defines these: what happens when a condition does not hold, and what is done before each call
 // of the library.
 void fail(const char* file, int line, const char* condition, std::initializer_list<tseen> seen);
 void beforecall();
 
-// A text in both forms. One with a zero byte and one of 255 characters have no zero-terminated form: the call
-// is then made in the short form twice. A longer text arrives as the interface says. Buffers of results lie
-// between guard bytes, and what lies behind a text must stay as it was; those of arguments are of exactly
-// their length, so that reading on is noticed.
+// A text in both forms. A text with a zero byte or of 255 characters has no zero-terminated form; the call is
+// then made twice in the short form. A longer text becomes what the interface makes of it. Buffers for
+// results lie between guard bytes, and the bytes after a text must stay unchanged. Buffers of arguments are
+// exactly as long as the text, so that sanitizers find reading past its end.
 class ttext {
  public:
   ttext() : ftakesresult(true) {}
@@ -58,7 +59,7 @@ class ttext {
     return fisnull ? nullptr
                    : reinterpret_cast<tpointer>(fbuffers[static_cast<std::size_t>(form)].data() + guards);
   }
-  // After a call: the text; empty when the call left the buffer untouched.
+  // The text after a call. It is empty if the call did not change the buffer.
   const std::string& text() const { return ftext; }
   bool isuntouched() const { return fisuntouched; }
 
@@ -69,8 +70,8 @@ class ttext {
   std::array<std::vector<unsigned char>, 2> fbuffers, fbefore;  // a buffer for each form
 };
 
-// An argument in both forms: a text, a number that comes out, or what is the same in both, but for the
-// handles. What a call leaves untouched keeps its value.
+// An argument in both forms: a text, a number as output, or a value that is the same in both forms; handles
+// differ. An output that a call does not set keeps its value.
 struct tslot {
   bool hasboth() const { return true; }
   void prepare(bool) const {}
@@ -103,7 +104,7 @@ struct tvalueslot : tslot {
       return value;
   }
 };
-// A text that comes out.
+// A text as output.
 struct ttextslot : ttext {
   explicit ttextslot(std::string& value) : fvalue(value) {}
   void finish(bool both) {
@@ -128,7 +129,7 @@ decltype(auto) slot(targument& argument) {
     return tvalueslot<targument>{{}, argument};
 }
 
-// A function without handle, in both forms; 0 when it has no result.
+// Calls a function without handle in both forms. Returns 0 when it has no result.
 template <class tresult, class... tfirst, class... tsecond, class... targuments>
 std::int32_t call(tresult (*first)(tfirst...), tresult (*second)(tsecond...), targuments&&... arguments) {
   const auto result = [](auto function, auto... passed) -> std::int32_t {
@@ -159,7 +160,7 @@ class thandles {
   ~thandles();
   tvksoptions* handle(int form) const { return fhandles[static_cast<std::size_t>(form)]; }
 
-  // A function in both forms, or one that has only one, on both handles.
+  // Calls a function on both handles: `call` in its two forms, `one` if it has only one form.
   template <class tfirst, class tsecond, class... targuments>
   std::int32_t call(tfirst first, tsecond second, targuments&&... arguments) const {
     return bothforms::call(first, second, fhandles, arguments...);

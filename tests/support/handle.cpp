@@ -1,4 +1,4 @@
-// Temporary files of the tests, and what handles can be asked.
+// Temporary files of the tests, and queries of handles.
 #include "support/handle.h"
 
 #include <stdlib.h>

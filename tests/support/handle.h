@@ -1,4 +1,4 @@
-// What the tests of the exported functions stand on: handles, and a temporary directory.
+// For the tests of the exported functions: pairs of handles, and a temporary directory.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -17,12 +17,12 @@ using tlines = std::vector<std::string>;
 
 using bothforms::everytype;
 
-// The lines as one text, one line each; gtest shows two such texts that differ as a line by line difference.
+// Joins lines to one text. When two such texts differ, gtest shows the lines that differ.
 std::string joined(const tlines& lines);
 
 std::string readfile(const std::filesystem::path& path);
 
-// A directory of its own under TMPDIR, removed with everything in it.
+// A new directory under TMPDIR. It is removed at the end, with everything in it.
 class ttempdir {
  public:
   ttempdir();
@@ -36,25 +36,25 @@ class ttempdir {
   std::filesystem::path fpath;
 };
 
-// A store for each text form. What is done is done to both, and they have to agree.
+// A store for each text form. Everything is done to both, and they must agree.
 class thandle : public bothforms::thandles {
  public:
   const ttempdir& directory() const { return fdirectory; }
 
-  // "%DIR%/" in a text becomes the path of the handle's temporary directory, or goes.
+  // expanded replaces "%DIR%/" by the path of the handle's temporary directory; shortened removes that path.
   std::string expanded(std::string_view text) const;
   std::string shortened(std::string_view text) const;
 
-  // Reading from expanded texts. The results are those of the functions behind them.
+  // Read expanded texts, and return the results of the functions that read them.
   int definition(std::string_view text);  // the file DEF
   int parameters(std::string_view text);  // the file OPT
-  void string(std::string_view text);     // optReadFromStr
+  void string(std::string_view text);     // with optreadfromstr
 
-  tlines messages();  // as optGetMessage gives them; names of the temporary directory without it
-  tlines help(const std::string& request);     // what one request adds to the messages
-  std::string written();                       // the bytes that optWriteParameterFile writes
-  int number(const std::string& name);         // through optFindStr, -1 for an unknown name
-  std::string value(const std::string& name);  // "?" for an unknown name, "first|second" of two values
+  tlines messages();                           // all messages, shortened
+  tlines help(const std::string& request);     // the messages that a request adds
+  std::string written();                       // the bytes that optwriteparameterfile writes
+  int number(const std::string& name);         // from optfindstr, -1 for an unknown name
+  std::string value(const std::string& name);  // "?" for an unknown name, "first|second" for two values
 
  private:
   ttempdir fdirectory;

@@ -1,6 +1,6 @@
 // Tables in one text. A row is a line, together with the lines below it that begin with "=>", "|" or "\n".
-// Between its columns stands "=>"; those at the end may be missing. "\n", "\t", "\r", "\xHH" and the like are
-// read as in a literal, "\e" is nothing, "<3ab>" is "ababab". Lines that begin with "//" are comments.
+// "=>" separates its columns; columns at the end may be missing. "\n", "\t", "\r", "\xHH" and the like mean
+// the same as in a literal, "\e" is nothing, "<3ab>" is "ababab". Lines that begin with "//" are comments.
 #pragma once
 
 #include <array>
@@ -13,8 +13,8 @@
 
 namespace testsupport {
 
-// A text and where it stands in the sources, so that a row that fails is found. A text of several lines is
-// given as {__LINE__, R"(...)"}: compilers disagree on the line of a call that spans several.
+// A text and its place in the sources, so that a failure is reported at its row. A text of several lines is
+// given as {__LINE__, R"(...)"}: compilers disagree on the line number of a call that spans several lines.
 struct ttable {
   ttable(int begin, std::string_view lines, const char* source = __builtin_FILE())
       : text(lines), file(source), line(begin) {}
@@ -33,11 +33,11 @@ std::string literal(const std::string& text);
 
 using tcolumns = std::array<std::string, 7>;
 tcolumns columnsof(const std::string& row);
-// The body for the columns of each row; what fails in it is reported with the row's line.
+// Calls the body for the columns of each row. A failure in it is reported with the line of the row.
 void eachrow(const ttable& table, const std::function<void(const tcolumns&)>& body);
 
-// A test for each comment in a table, which says what holds and is the test's name; the body gets the lines
-// below it.
+// Registers a test for each comment in a table. The comment says what must hold and is the name of the test.
+// The body gets the lines below the comment.
 struct ttests {
   ttests(const char* suite, const ttable& table, const std::function<void(const ttable&)>& body);
 };

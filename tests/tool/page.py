@@ -1,6 +1,6 @@
-"""The page of `doc page` in Chromium, driven by Selenium: the search, anchors, print, phones, no scripts, and
-texts that try to become markup. Its bytes are compared by tool.py.
-usage: page.py TOOL; run in the repository's root; exit code 77: the browser or what drives it is missing"""
+"""Tests the page of `doc page` in Chromium with Selenium: the search, anchors, print, phones, the page without
+scripts, and texts that try to become markup. tool.py compares its bytes.
+usage: page.py TOOL; run in the repository's root; exit code 77: the browser or its driver is missing"""
 import json, os, shutil, subprocess, sys, tempfile
 
 try:
@@ -14,7 +14,7 @@ except ImportError:
     sys.exit(77)
 
 
-class Driver(Service):  # is reached by its address: a bare system does not know the name of localhost
+class Driver(Service):  # by its address: on a bare system the name localhost is unknown
     service_url = property(lambda self: f"http://127.0.0.1:{self.port}")
 
     def is_connectable(self):
@@ -57,7 +57,7 @@ def press(*keys):
 
 
 def search(text):
-    press(Keys.ESCAPE, Keys.ESCAPE, "/", text)  # clears the last search, leaves it, enters anew
+    press(Keys.ESCAPE, Keys.ESCAPE, "/", text)  # clears the last search, leaves the field, enters it again
 
 
 def shown():
@@ -100,14 +100,15 @@ def anchors():
     visit("examples/solver.def", "#probing")
     expect("highlighted", value(highlighted), ["probing"])
     search("threads")
-    # the browser tells the page of the new address in an event
+    # an event notifies the page of the new address
     value("new Promise((done) => { addEventListener('hashchange', () => requestAnimationFrame(done));"
           " location.hash = 'iterlim'; })")
     expect("highlighted", value(highlighted), ["iteration_limit"])
-    expect("search behind an anchor", value("document.getElementById('~search').value"), "")
+    expect("search after an anchor", value("document.getElementById('~search').value"), "")
 
 
-# Without scripts and printed after a search the page shows everything; on a phone it is no wider than that.
+# The page shows everything without scripts, and in print also after a search. On a phone it is no wider than
+# the screen.
 def readable():
     state = lambda: [len(shown()), value("document.getElementById('~form').checkVisibility()")]
     for definition in "examples/solver.def", "examples/types.def":
@@ -129,13 +130,13 @@ def readable():
 
 def hostile():
     visit("examples/types.def")
-    expect("pwned, scripts, elements that a text has made", value(
+    expect("pwned, scripts, elements that come from texts", value(
         "[typeof pwned, document.querySelectorAll('script').length,"
         " document.querySelectorAll('img, i, b, body > :not(a, div, main, script)').length]"),
            ["undefined", 1, 0])
     expect("help", value("document.querySelector('#atmosphere .help').textContent"),
            """<script>pwned = 3</script> & "quoted" 'single' &amp;""")
-    expect("ids that are there twice, links that lead nowhere", value("""(() => {
+    expect("duplicate ids, links without a target", value("""(() => {
         const ids = [...document.querySelectorAll('[id]')].map((element) => element.id);
         const links = [...document.querySelectorAll('a')].map((a) => a.hash.slice(1));
         return [ids.length - new Set(ids).size, links.filter((id) => !ids.includes(id))]; })()"""), [0, []])
@@ -150,10 +151,10 @@ def hostile():
 try:
     for test in searching, anchors, readable, hostile:
         test()
-        expect(f"complaints of the browser when {test.__name__}", browser.get_log("browser"), [])
+        expect(f"errors that the browser reports when {test.__name__}", browser.get_log("browser"), [])
     events = [json.loads(entry["message"])["message"] for entry in browser.get_log("performance")]
     requests = [event["params"] for event in events if event["method"] == "Network.requestWillBeSent"]
-    expect("files asked for", {request["request"]["url"] for request in requests}, {f"file://{PAGE}"})
+    expect("files requested", {request["request"]["url"] for request in requests}, {f"file://{PAGE}"})
 finally:
     browser.quit()
 sys.exit("\n".join(failures) or 0)

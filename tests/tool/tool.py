@@ -1,7 +1,6 @@
-"""The tool as a process: the session in examples/ and what the tool makes of the examples, then what users
-seldom meet. Its JSON must fit the schemas in docs/. Run in the repository's root; exit code 77: all is well,
-but the schemas stay untried.
-usage: tool.py TOOL"""
+"""Runs the tool as a process: the session in examples/ and the documents that are made from the examples, then
+unusual cases. Its JSON must match the schemas in docs/.
+usage: tool.py TOOL; run in the repository's root; exit code 77: no failure, but the schemas were not tested"""
 import copy, difflib, json, os, re, subprocess, sys, tempfile
 
 TOOL, EXAMPLES, DOCS = (os.path.abspath(path) for path in (sys.argv[1], "examples", "docs"))
@@ -13,7 +12,7 @@ os.environ["PATH"] = f"{work.name}:{os.environ['PATH']}"
 failures = []
 
 
-# Bytes that are no UTF-8 are in texts as surrogates: \udce4 is the byte E4.
+# In texts, a surrogate stands for a byte that is not UTF-8: \udce4 is the byte E4.
 def write(name, text):
     with open(name, "w", encoding="utf-8", errors="surrogateescape", newline="") as file:
         file.write(text)
@@ -42,14 +41,14 @@ def expect_part(what, text, part):
         failures.append(f"{what}: {part!r} is not in {text!r}")
 
 
-# What a command prints and how it ends; nothing is checked of what is None.
+# Compares the output, the errors and the exit code of a command with what is wanted; None means that anything goes.
 def runs(command, out="", err="", code=0, stdin=""):
     for name, seen, wanted in zip(("output", "errors", "exit code"), run(command, stdin), (out, err, code)):
         if wanted is not None:
             expect(f"{command}: {name}", seen, wanted)
 
 
-# ---- the examples; in the session the lines of a command begin with $ and >, its output and exit code follow
+# ---- the examples. In the session, the lines of a command begin with $ and >; its output and exit code follow
 
 session = "\n".join(line[4:] for line in read("examples/session.md").split("\n") if not line[:4].strip())
 for block in session.split("\n$ ")[1:]:
@@ -67,7 +66,7 @@ for name, command in {
     seen, wanted = run(f"wexcorin {command}")[0], read(f"examples/{name}")
     expect(f"wexcorin {command} >examples/{name}", seen, wanted)
 
-# ---- check, show, help, write: what goes to which stream, and what a session does not show
+# ---- check, show, help, write: which stream gets what, and cases that are not in the session
 
 unknown = '<stdin>:1: error: Unknown option "maxitt"; did you mean "maxit"?\n'
 runs("wexcorin show examples/first.def - --changed", "Nr  Name  Type  Set  Value  Default  Range or values\n",
@@ -83,7 +82,8 @@ expect("more findings than the library keeps messages",
        run("wexcorin check examples/first.def -", 6000 * "zzz 1\n")[0].split("\n")[-3:],
        ['<stdin>:6000: error: Unknown option "zzz"', "6000 errors, 0 warnings; 4 options, 0 set", ""])
 
-# Names are suggested, nearest first, as the lookup mode wants them typed, and never the one that was typed.
+# The nearest name is suggested first. Names are suggested as they are typed in the lookup mode; the name that was typed
+# is never suggested.
 write("minos.def", "Minos lookup\nmajor_iterations integer 1 5 0 9 1 1 A\nmethod string 1 a 1 1 A\n")
 write("path.def", "Path lookup\n" + "".join(f"tol_{name} string 1 a 1 1 A\n" for name in ("x", "xyz", "xy")))
 for definition, option, suggestion in (
@@ -99,7 +99,7 @@ for form in "", "--json":
     expect_part(f"show {form}", run(f"wexcorin show examples/types.def - {form}", written)[0], "Rätsel")
 runs("wexcorin write examples/types.def - -o none/new.opt", err=None, code=2)
 
-# What is written is read back, and what has changed on the way is named, with the reason.
+# write reads back what it has written, and reports each setting that has changed, with the reason.
 for definition, options, warnings in (
         ("tol double 1 0.5 0 0.66666666666666663 1 1", "tol 0.66666666666666663",
          ['warning: option "tol" is not read back as it was set: '
@@ -112,7 +112,7 @@ for definition, options, warnings in (
          ['warning: first value of option "tol" is set to -0, but is read back as 0',
           'warning: second value of option "tol" is set to 0.1234567890123456, '
           "but is read back as 0.123456789012346"]),
-        ("quiet boolean.NV 1 1 1 1\nmute macro 1 1\n quiet", "mute 0",  # a macro gives it no value
+        ("quiet boolean.NV 1 1 1 1\nmute macro 1 1\n quiet", "mute 0",  # a macro can set it to 0
          ['warning: option "quiet" is set to 0, but is read back as 1']),
         ("any immediate NoBounds 1 1\nsize integer.OPT 1 5 0 9 1 1", "any 1\nsize 10\nsize",
          ['warning: option "size" counts as out of bounds, but not when it is read back']),
@@ -136,7 +136,7 @@ for definition, options, warnings in (
     seen = [line[10:] for line in err.splitlines() if line.startswith("back.opt: ")]
     expect(f"what is not read back of {options!r}", seen, warnings)
 
-# A text may be longer than a line of a file; what is lost in one line leaves those around it alone.
+# A dot line may be longer than a line of a file can be. Only this one is then lost.
 write("new.def", ".rank integer 1 0 0 9 1 1\n")
 elements = ",".join(f"'{number:060}'" for number in range(20))
 runs(f"""wexcorin write new.def --set 'a.rank 1' --set "b.rank({elements}) 1" --set 'c.rank 1' /dev/null \\
@@ -144,7 +144,7 @@ runs(f"""wexcorin write new.def --set 'a.rank 1' --set "b.rank({elements}) 1" --
      err=f"""new.opt: warning: dot line "b.rank({elements[:70]}..." is not read back as it was set: """
          'Closing bracket ")" expected for .option "b"\n')
 
-# The definition may be a pipe, and be written over; the output need not be a file either.
+# The definition may be a pipe, or be overwritten by the output. The output may be a pipe, too.
 write("new.def", "tol double 1 0 0 1 1 1 \r\r\n")
 write("new.opt", "tol 0.1234567890123456")
 for command in ("wexcorin write - new.opt -o - <new.def",
@@ -156,7 +156,7 @@ for command in ("wexcorin write - new.opt -o - <new.def",
            ("tol=0.123456789012346\n", 'warning: option "tol" is set to 0.1234567890123456, '
                                        "but is read back as 0.123456789012346\n"))
 
-# ---- doc: every form goes to standard output or a file, and leaves what was there when it cannot be written
+# ---- doc: every form can be written to standard output or a file; on failure the old file stays
 
 for form in "definition", "pascal", "html", "c", "markdown", "page", "json":
     out = run(f"wexcorin doc {form} examples/first.def -o -")[0]
@@ -171,7 +171,7 @@ expect("new, refused", read("new"), out)
 for form, part in ("definition", "\ntol double 2 1E-6 "), ("pascal", "Tpfrealkeys"):
     expect_part(form, run(f"wexcorin doc {form} examples/first.def -o -")[0], part)
 
-# Names that are used twice, members that are not there and control characters.
+# Duplicate names, members that do not exist, and control characters.
 write("wrong.def", """Minos lookup
 word string 1 a 1 1 R\udce4tsel \x01\x1b[31m \x7f {{style}} nul:\0:end
 main_limit multilist 2 1 1
@@ -198,13 +198,12 @@ for command, said in (("show examples/first.def --all", "--all"),
     expect(command, (out, code), ("", 2))
 expect("version", run("wexcorin --version")[0][:9], "wexcorin ")
 
-# ---- the schemas; each is also tried on documents that are broken in one place: one that takes everything
-# would prove nothing
+# ---- the schemas. Each must also reject documents with one mistake.
 
 try:
     import jsonschema
 except ImportError:
-    print("python3-jsonschema is not installed: the schemas stay untried")
+    print("python3-jsonschema is not installed: the schemas are not tested")
     sys.exit("\n".join(failures) or 77)
 
 
@@ -218,7 +217,7 @@ documents = {"definition": json.loads(read("examples/types.json")),
              "settings": json.loads(read("examples/types_settings.json"))}
 documents["definition"]["options"] += json.loads(run("wexcorin doc json wrong.def -o -")[0])["options"]
 for schema, document in documents.items():
-    expect(f"docs/{schema}.schema.json: what it does not describe", problems(schema, document), [])
+    expect(f"docs/{schema}.schema.json: what does not match", problems(schema, document), [])
 for schema, kind, key, value in (
         ("definition", "integer", "default", "7"), ("definition", "double", "high", None),
         ("definition", "string", "low", 0), ("definition", "macro", "members", [1]),

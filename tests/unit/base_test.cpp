@@ -40,7 +40,8 @@ TEST(heapstrings, the_empty_text_is_no_block) {
   EXPECT_TRUE(text.empty());
 }
 
-// Every pair of bytes, and texts long enough to be compared by words: only A to Z have another case.
+// Every pair of bytes, and texts that are long enough to be compared word by word. Only A to Z are letters
+// with two cases.
 TEST(comparison, only_letters_of_the_alphabet_have_a_case) {
   const auto upper = [](int code) { return code >= 'a' && code <= 'z' ? code - 32 : code; };
   for (int first = 0; first < 256; ++first)
@@ -96,7 +97,7 @@ TEST(texts, replacing_filling_and_splitting) {
   for (const char* token : {"one", "two", ""}) EXPECT_EQ(extracttoken("  one two", position), token);
 }
 
-// check(input) gives the result for each word "input:result"; "z" is a zero.
+// For each word "input:result", check(input) must return the result; "z" stands for a zero byte.
 template <class tcheck>
 void pairs(const testsupport::ttable& table, tcheck check) {
   testsupport::eachrow(table, [check](const testsupport::tcolumns& columns) {
@@ -110,7 +111,7 @@ void pairs(const testsupport::ttable& table, tcheck check) {
 }
 
 TEST(numtext, doubles_have_15_digits_and_the_shorter_of_two_forms) {
-  // The fixed form reaches from 0.0001 to below 1e15.
+  // Numbers from 0.0001 to below 1e15 are written without an exponent.
   pairs({__LINE__, R"(
            0:0 -0.0:0 -2.5:-2.5 0.30000000000000004:0.3 0.33333333333333331:0.333333333333333 0.0001:0.0001
            123456789012345:123456789012345 0.000099:9.9E-5 999999999999999:999999999999999
@@ -170,7 +171,7 @@ TEST(lists, grow_eightfold_while_small_and_by_a_quarter_past_a_million) {
   EXPECT_THROW(growncapacity(2000000000), std::bad_alloc);
 }
 
-// Tells on destruction.
+// Appends its name to the target when it is destroyed.
 struct tteller {
   tteller(std::string& target, char name) : ftarget(target), fname(name) {}
   ~tteller() { ftarget += fname; }
@@ -212,7 +213,7 @@ TEST(lists, of_texts_are_searched_and_sorted_without_regard_to_case) {
   EXPECT_EQ(texts.indexof("d"), -1);
   texts.sortn(3);
   EXPECT_EQ(concat(texts.get(0), texts.get(1), texts.get(2)).view(), "AbC");
-  txlist<std::int32_t> numbers;  // have no order
+  txlist<std::int32_t> numbers;  // has no order for its items
   for (const std::int32_t number : {2, 1}) numbers.add(number);
   numbers.sortn(2);
   EXPECT_EQ(numbers.indexof(2), 1);
@@ -246,7 +247,7 @@ TEST(lists, a_search_finds_the_first_of_equal_names_after_every_change) {
   }
 }
 
-// Decides only when it is asked how its items are ordered, so that every pivot is among the least.
+// Decides on the order of its items only when they are compared, so that every pivot is among the smallest.
 struct tadversary : tquicksortclass {
   void exchange(std::int32_t i, std::int32_t j) override { std::swap(value(i), value(j)); }
   std::int32_t compare(std::int32_t i, std::int32_t j) const override {

@@ -25,14 +25,15 @@ std::string written(twrite write, const std::string& definition) {
   store.optreaddefinition(directory.write("def", definition));
   const int standardinput = fcntl(STDIN_FILENO, F_GETFD);
   EXPECT_EQ((tvksoptionwriter(store.definition()).*write)("/no/such/directory/file"), ENOENT);
-  EXPECT_EQ(fcntl(STDIN_FILENO, F_GETFD), standardinput);  // as open as it was
+  EXPECT_EQ(fcntl(STDIN_FILENO, F_GETFD), standardinput);  // is still open
   EXPECT_EQ((tvksoptionwriter(store.definition()).*write)("/dev/full"), ENOSPC);
   EXPECT_EQ((tvksoptionwriter(store.definition()).*write)(directory.path("out")), 0);
   return readfile(directory.path("out"));
 }
 
-// As it is written: extreme numbers are words where they are values of an integer, and plain where they are
-// an enumint's default, a help flag or a group; the HTML table has a word for the group.
+// A definition as the writer writes it. The extreme integers are written as words if they are values of an
+// integer option, but as digits in an enumint's default, a help flag or a group; the HTML table has a word
+// for the group.
 constexpr const char* everytype =
     "num integer.TWO 1 5 minint maxint 1 1 A number\n   with more to say\n"
     "low integer 2 minint minint maxint 2147483647 2147483647 t\n"
@@ -45,7 +46,7 @@ constexpr const char* everytype =
     "   name  gone\n";
 
 TEST(definitionwriter, writes_what_the_reader_takes_back) {
-  // Every definition has the first option already, and its type does not let it be written with its sub-type.
+  // Every definition already has the first option, which is written without its modifier because of its type.
   const std::string help = "Help immediate.OPT Help 0 0 \n";
   EXPECT_EQ(written(&tvksoptionwriter::writedefinition, everytype), help + everytype);
   EXPECT_EQ(written(&tvksoptionwriter::writedefinition, help), help + "Help immediate Help 0 0 \n");
@@ -59,13 +60,13 @@ TEST(definitionwriter, writes_what_the_reader_takes_back) {
                 "lost synonym \nold synonym r\nver deprecated options\n   r  \n");
 }
 
-// The members of a list, and the lines that name them.
+// The members of a list, and the lines that are written for them.
 TEST(definitionwriter, breaks_a_line_where_a_name_would_pass_80_characters) {
   const testsupport::ttable rows = {__LINE__, R"(
     <39a> <39b> => \x20<39a> <39b>\n
     <39a> <40b> => \x20<39a>\n <40b>\n
     <79a> => \x20<79a>\n
-    // the line before it is empty then
+    // the line before a long name is then empty
     <80a> => \n <80a>\n
   )"};
   testsupport::eachrow(rows, [](const testsupport::tcolumns& columns) {
@@ -76,7 +77,7 @@ TEST(definitionwriter, breaks_a_line_where_a_name_would_pass_80_characters) {
   });
 }
 
-// A line that ends in "|" is followed by an empty one.
+// An empty line follows each line that ends in "|".
 TEST(delphiwriter, lists_names_and_numbers_by_kind_of_value) {
   const auto include = [](const std::string& definition) {
     const std::string head = "// file created by " + std::string(zqagetauditline()) + "\ntype\n";
@@ -85,7 +86,7 @@ TEST(delphiwriter, lists_names_and_numbers_by_kind_of_value) {
     return std::regex_replace(text.substr(head.size()), std::regex("\n\n"), "|\n");
   };
   EXPECT_EQ(include("texts strlist 1 1 1\n"), "\nconst|\n");
-  const std::string name(254, 'n');  // with "pf" longer than a text can be: cut, and not padded any more
+  const std::string name(254, 'n');  // with "pf" too long for a text: it is cut, and not padded
   EXPECT_EQ(include(name + " double 1 0 0 1 1 1\n"),
             "\n   Tpfrealkeys = (\n       pf" + name.substr(0, 253) + ");|\nconst|\n" +
                 "   pfrealmap: array[Tpfrealkeys] of integer = (\n       2    );|\n");
@@ -120,8 +121,8 @@ const|
 }
 
 TEST(optiontable, has_a_row_for_every_option_and_item) {
-  // Below "[" begins a row, "]" ends one, and "|" goes behind a cell. Only the first item row is started, and
-  // the rows of lists and macros are not ended.
+  // In the text below "[" stands for the begin of a row, "]" for its end, and "|" for the end of a cell. The
+  // writer begins only the first row of items, and does not end the rows of lists and macros.
   std::string table = written(&tvksoptionwriter::writeashtml,
                               "void multilist 8 1 1 t\n nosuch\nlost synonym nosuch\n"
                               "low integer 2 minint minint maxint 2147483647 2147483647 t\n"

@@ -1,5 +1,5 @@
-// What stands around the store: text conversion, the version line, start and stop of the units, and the text
-// scanner. Its tokens and echo are tested where what they become can be fetched.
+// The library outside the store: text conversion, the version line, start and stop of the units, and the text
+// scanner. Tokens and echo are tested through the interface.
 #include <gmock/gmock.h>
 #include <unistd.h>
 
@@ -80,7 +80,7 @@ TEST_F(audit, runs_when_the_first_parameter_asks_for_it) {
   EXPECT_FALSE(zqaauditrun("no/such/file"));
 }
 
-// The test starts its own program with the parameter AUDIT and asks there.
+// The test starts its own program with the parameter AUDIT, and makes the query there.
 TEST_F(audit, runs_when_the_process_was_started_with_the_parameter) {
   constexpr const char* started = "WEXCORIN_STARTED_FOR_AUDIT";
   if (std::getenv(started) != nullptr) _exit(zqaauditrun() ? 7 : 1);
@@ -90,8 +90,8 @@ TEST_F(audit, runs_when_the_process_was_started_with_the_parameter) {
               testing::ExitedWithCode(7), "");
 }
 
-// The reader adds an entry before its parts; parts without an entry would be a mistake in the library.
-TEST(dotoptions, parts_without_an_entry_are_told) {
+// The reader always adds an entry before its parts. Parts without an entry are a fault of the library.
+TEST(dotoptions, parts_without_an_entry_are_reported) {
   tvksoptions store;
   EXPECT_FALSE(store.dotoptions().addindex("'a'"));
   store.dotoptions().setvalue("1");
@@ -99,7 +99,7 @@ TEST(dotoptions, parts_without_an_entry_are_told) {
   EXPECT_EQ(store.messages().decorated(2).view(), "*** Error Cannot SetValue to DotObj");
 }
 
-// What the library has for the programs that are built with its objects.
+// Functions for programs that are linked with the library's objects.
 TEST(store, values_by_class_and_name) {
   const testsupport::ttempdir directory;
   tvksoptions store;
@@ -127,14 +127,14 @@ TEST(store, values_by_class_and_name) {
 TEST(scanner, the_next_character_runs_across_the_lines_of_a_file_only) {
   const testsupport::ttempdir directory;
   tmessagelist messages;
-  tminiparser file(messages, false, {});
+  tminiparser file(messages, {});
   EXPECT_EQ(file.fileopen(directory.path("none")), ENOENT);
   ASSERT_EQ(file.fileopen(directory.write("lines", "ab\n\n*comment\nc")), 0);
   std::string seen;
   for (file.nextline(); file.ch() != tminiparser::endofinput; file.nextch())
     seen += file.ch() == tminiparser::endofline ? '|' : file.ch();
   EXPECT_EQ(seen, "ab|c|");
-  tminiparser text(messages, false, {});
+  tminiparser text(messages, {});
   text.readfromstr("a");
   seen = text.ch();
   EXPECT_TRUE(text.nextline());
@@ -143,8 +143,8 @@ TEST(scanner, the_next_character_runs_across_the_lines_of_a_file_only) {
   EXPECT_FALSE(text.nextline());
 }
 
-// Lines of every length around the limits, each ended in every way, so that line ends fall on all sides of
-// the blocks in which a file is read.
+// Lines with lengths around the limits, with both kinds of line ends, so that line ends fall before, on and
+// after the end of a block that is read.
 TEST(scanner, files_come_back_line_by_line_whatever_the_block_they_end_in) {
   const testsupport::ttempdir directory;
   for (const std::string end : {"\n", "\r\n"}) {
@@ -157,7 +157,7 @@ TEST(scanner, files_come_back_line_by_line_whatever_the_block_they_end_in) {
         expected += line.substr(0, 1020) + '\n';
       }
     tmessagelist messages;
-    tminiparser scanner(messages, false, {});
+    tminiparser scanner(messages, {});
     ASSERT_EQ(scanner.fileopen(directory.write("lines", bytes + "last\r")), 0);
     for (; scanner.nextline(); read += '\n')
       for (; !scanner.atlineend(); scanner.nextch()) read += scanner.ch();
@@ -165,7 +165,7 @@ TEST(scanner, files_come_back_line_by_line_whatever_the_block_they_end_in) {
   }
 }
 
-TEST(systemerrors, have_a_code_where_the_system_has_no_words) {
+TEST(systemerrors, have_a_code_if_the_system_has_no_text) {
   EXPECT_EQ(errorcodetext(99999).view(), "Error code = 99999; Unknown error");
 }
 
@@ -197,7 +197,7 @@ constexpr bool takeshandle(tresult (*)(::tvksoptions*, targuments...)) {
 }
 constexpr bool takeshandle(...) { return false; }
 
-// The exported functions are those of api/exports.txt.
+// The list of exported functions comes from api/exports.txt.
 TEST(library, every_exported_function_with_a_handle_and_no_other_has_a_signature) {
   std::vector<std::string> exported, described;
 #define WEXCORIN_BOTH(function, other) \
@@ -207,8 +207,8 @@ TEST(library, every_exported_function_with_a_handle_and_no_other_has_a_signature
   EXPECT_THAT(described, testing::UnorderedElementsAreArray(exported)) << "signatures and api/exports.txt";
 }
 
-// Nothing in the library throws anything but the want of memory; if something did, the message says so.
-TEST(entrypoints, let_no_exception_out_and_tell_want_of_memory_from_other_errors) {
+// The library itself throws nothing but std::bad_alloc. Any other exception is reported as an internal error.
+TEST(entrypoints, let_no_exception_out_and_report_lack_of_memory_or_an_internal_error) {
   ::tvksoptions store;
   EXPECT_EQ(guarded(&store, 7, []() -> std::int32_t { throw std::bad_alloc(); }), 7);
   EXPECT_EQ(guarded(&store, []() -> std::int32_t { throw std::runtime_error("x"); }), 0);

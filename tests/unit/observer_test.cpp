@@ -1,4 +1,4 @@
-// What the observer of a store is notified of: each message as a record.
+// The records of messages that the observer of a store receives.
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -14,8 +14,8 @@ constexpr const char* options =
     ".dot double 8 0 0 9 1 1\nold synonym i\nnames deprecated\n old use i\nsay immediate Message 1 1\n"
     "read immediate ReadFile 1 1\nbounds immediate NoBounds 1 1\nind indicator\n";
 
-// The records as text: the kind, the source with the ones that asked for it and their lines, the text, whether
-// it explains the one before, and in brackets the name, option, value and problem that it is about.
+// The records as text: the kind, the source and the sources that included it with their lines, the text,
+// whether it explains the message before, and in brackets its name, option, value and problem.
 struct trecords : tstoreobserver {
   static std::string place(const tlinesource& source, std::int32_t line) {
     const bool isfile = source.sourcekind() == tsourcekind::file;
@@ -40,9 +40,9 @@ struct trecords : tstoreobserver {
   void assigned(const toption&, std::int32_t) override {
     if (echoing != nullptr) echoing->optechoset(true);
   }
-  tvksoptions* echoing = nullptr;  // the store that begins to echo when a value is set
+  tvksoptions* echoing = nullptr;  // a store whose echo is switched on when a value is set
   std::string text;
-  bool showsnotes = false;  // those on entering and leaving a source
+  bool showsnotes = false;  // notes on entering and leaving a source
 };
 
 struct tobserved {
@@ -50,7 +50,7 @@ struct tobserved {
     store.optreaddefinition(directory.write("DEF", options));
     store.setobserver(&records);
   }
-  // Does what a word says with the text behind it; "%DIR%/" is the temporary directory.
+  // Does what the word says with the text; "%DIR%/" is the temporary directory.
   void take(const std::string& word, const std::string& text) {
     const std::string expanded = std::regex_replace(text, std::regex("%DIR%/"), directory.path(""));
     if (word == "file") store.optreadparameterfile(directory.write("OPT", expanded));
@@ -112,7 +112,7 @@ const testsupport::ttests records("records", {__LINE__, R"~(
     file bounds 1\ni 10 => Warning OPT:2 'Integer range error for option "i" saw "10"' [i,i,10] illegal value
       | Warning OPT:2 '   Valid range is 0 to 9' explains
 
-    // a text that is no value at all is no such problem
+    // a text that cannot be a value is not that problem
     file i x\nd x\nb x\ns " => Value OPT:1 'Integer expected, for option "i" saw "x"' [i,i,x]
       | Value OPT:2 'Double expected for option "d" saw "x"' [d,d,x]
       | Value OPT:3 'Boolean value expected for option "b" saw "x"' [b,b,x]
@@ -121,7 +121,7 @@ const testsupport::ttests records("records", {__LINE__, R"~(
     // a word of a multilist is about the member
     file m 1:x => Value OPT:1 'Double expected for option "m" saw "x"' [m,d,x]
 
-    // a mistake in the line of a dot option or indicator is about its name
+    // a mistake in a dot line or an indicator is about its name
     file x.dot('a' 1 => User OPT:1 'Closing bracket ")" expected for .option "x"' [x,,]
     file ind e(*$v 1\nind e$v z => User OPT:1 'Universe not allowed for indicator id "e"' [e,,]
       | User OPT:2 'Boolean value expected for equation indicator "e", Saw "z"' [e,,z]
@@ -133,7 +133,7 @@ const testsupport::ttests records("records", {__LINE__, R"~(
     inner read none ; string read %DIR%/inner => User inner:1<string 'Cannot open parameter file "none"'
       | User inner:1<string 'Error code = 2; No such file or directory' explains
 
-    // a string and a buffer have no lines
+    // a string and a buffer have no line numbers
     notes ; string i x => Enter string 'string'
       | Value string 'Integer expected, for option "i" saw "x"' [i,i,x] | Leave string 'string'
     buffer i x => Value pchar 'Integer expected, for option "i" saw "x"' [i,i,x]
@@ -143,7 +143,7 @@ const testsupport::ttests records("records", {__LINE__, R"~(
       => Echo OPT:1 ' * c' | Echo OPT:2 ' read inner' | Echo inner:1<OPT:2 ' i 2'
     echolater ; file i 1\ni 2 => Echo OPT:2 ' i 2'
 
-    // help and a message that a line asks for come from that line
+    // help and a message that a line requests have that line
     help i => Help 'i: Help' | Help '<24 >integer,  range: 0 to 9 default: 1'
     file \nhelp b => Help OPT:2 'b: ' | Help OPT:2 '<24 >boolean,  default: 0'
     file say hello => User OPT:1 'hello' [say,say,hello]

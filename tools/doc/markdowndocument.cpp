@@ -52,7 +52,7 @@ std::string standingtext(const char* before, const tnamestanding& standing, cons
   switch (standing.standing) {
     case tstanding::current: break;
     case tstanding::deprecated: return before + ("deprecated" + reason) + after;
-    case tstanding::obsolete: return before + ("obsolete, not taken any more" + reason) + after;
+    case tstanding::obsolete: return before + ("obsolete and ignored" + reason) + after;
   }
   return {};
 }
@@ -74,9 +74,10 @@ class tmarkdownwriter {
   static std::string lookuptext(optcore::tlookupmode mode) {
     switch (mode) {
       case optcore::tlookupmode::normal: break;
-      case optcore::tlookupmode::path: return "Of a name, the first three characters of every word count.";
+      case optcore::tlookupmode::path:
+        return "Only the first three characters of each word in a name are compared.";
       case optcore::tlookupmode::minos:
-        return "Of a name, the first three characters of the first word and four of each later one count.";
+        return "Only three characters of the first word in a name are compared, and four of each other word.";
     }
     return "Names are typed in full, in upper or lower case.";
   }
@@ -98,7 +99,7 @@ class tmarkdownwriter {
     fact("Default", code(option.defaultvalue.text));
     fact("Options", codes(option.members));
     fact("Synonyms", codes(option.synonyms) + standingtext(" (", option.synonymstanding, ")"));
-    fact("Standing", standingtext("", option.standing, ""));
+    fact("Status", standingtext("", option.standing, ""));
     line("");
     for (const std::string& text : option.details) line(plain(text));
     if (!option.details.empty()) line("");

@@ -18,10 +18,10 @@ namespace {
 using namespace optcore;
 
 constexpr std::array<std::string_view, 3> lookupnotes = {
-    "Names are the same in upper and lower case.",
-    "Names are the same in upper and lower case; of each of their words the first three letters suffice.",
-    "Names are the same in upper and lower case; of their first word three letters suffice, of each further "
-    "one four."};
+    "Names may be typed in upper or lower case.",
+    "Names may be typed in upper or lower case, and the first three characters of each word are enough.",
+    "Names may be typed in upper or lower case. Three characters of the first word are enough, and four of "
+    "each other word."};
 
 // Escapes a text for elements and for attributes in quotes.
 std::string escaped(std::string_view text) {
@@ -210,7 +210,7 @@ std::string chapterblocks(const std::vector<tchapter>& chapters, tanchors& ancho
 // Explains how to write an option file with the lookup mode and the comment characters of the definition.
 std::string notes(const treference& reference) {
   std::string result =
-      "<p class=\"notes\">An option file sets one option a line, <code>name value</code> or "
+      "<p class=\"notes\">Each line of an option file sets one option: <code>name value</code> or "
       "<code>name = value</code>. ";
   result += lookupnotes[ordinal(reference.lookupmode)];
   result += " A line that begins with <code>*</code> is a comment";

@@ -13,8 +13,9 @@ namespace {
 // Whether the key that is being read is a macro, which sets the option as one of its members.
 bool bymacro(const optcore::toption& option) {
   const optcore::tvksoptions& store = option.owner();
-  if (store.curoptname() == option.name()) return false;
-  const optcore::toption* named = store.optionasobj(store.curoptname());
+  const std::string_view key = store.messages().curoptname();
+  if (key == option.name()) return false;
+  const optcore::toption* named = store.optionasobj(key);
   return named != nullptr && named->opttype() == optcore::topttype::macro;
 }
 

@@ -95,8 +95,8 @@ struct tindicatorlines {
   static constexpr const char* kind = "indicator";
   const tvksoptions& store;
 
-  std::int32_t count() const { return store.indicators() != nullptr ? store.indicators()->count() : 0; }
-  const tindicatoritem& get(std::int32_t index) const { return *store.indicators()->get(index); }
+  std::int32_t count() const { return store.indicators().count(); }
+  const tindicatoritem& get(std::int32_t index) const { return *store.indicators().get(index); }
   static bool samekey(const tindicatoritem& a, const tindicatoritem& b) {
     return samesymbol(a.equation(), b.equation()) && samesymbol(a.variable(), b.variable());
   }

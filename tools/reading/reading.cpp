@@ -133,7 +133,7 @@ void treading::filed(const tmessage& message) {
 
 void treading::assigned(const toption& option, std::int32_t bits) {
   if (!fassignments) return;
-  const tlinesource* source = fstore.activesource();
+  const tlinesource* source = fstore.messages().activesource();
   const tplace place = placeof(source, source != nullptr ? source->linenr() : 0);
   if (std::optional<tfinding> warning = fassignments->warning(option, bits, place)) keep(std::move(*warning));
 }

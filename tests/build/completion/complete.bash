@@ -1,17 +1,16 @@
-# Completes command lines with the bash completion. For each line of standard input, taken up to its end,
-# prints what may come: the words with blanks between, sorted, and FILES where bash is to complete a file
-# name.
+# Completes command lines with the bash completion. For each line of standard input it prints what may follow at
+# the end of the line: the words, sorted, with blanks between, and FILES where bash would complete a file name.
 # usage: complete.bash COMPLETION_FILE TOOL
 set -eu
 # shellcheck source=completion/wexcorin.bash
 source "$1"
 tool=$2
 
-# Takes the place of bash's own, which works only while a key is being handled.
+# Replaces bash's own, which works only while bash handles a key.
 compopt() { [[ $* != *default* ]] || files=FILES; }
 
 while IFS= read -r line; do
-  # words as bash makes them: an equals sign is one, and behind a blank begins an empty one
+  # words as bash splits them: an equals sign is a word, and an empty word begins after a blank at the end
   read -ra COMP_WORDS <<<"${line//=/ = }"
   [[ $line != *' ' ]] || COMP_WORDS+=('')
   COMP_CWORD=$((${#COMP_WORDS[@]} - 1))

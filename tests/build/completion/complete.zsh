@@ -1,6 +1,5 @@
-# Completes command lines with the zsh completion, as complete.bash does with that of bash: the real
-# completion system runs in a zsh of its own on a pseudo terminal, whose line editor is given one line after
-# the other.
+# Completes command lines with the zsh completion, and prints the same as complete.bash does for bash. The real
+# completion system runs in a second zsh on a pseudo terminal; its line editor receives one line after the other.
 # usage: complete.zsh COMPLETION_FILE TOOL
 zmodload zsh/zpty
 export completion=${1:A:h} tool_folder=${2:A:h} work=$(mktemp -d)
@@ -13,7 +12,7 @@ fpath=($completion $fpath)
 autoload -Uz compinit && compinit -u -D
 _files() { compadd FILES }
 
-# Keeps a record of all words that are added; calls that only try words on are let through.
+# Records all words that are added. Calls that only test words are passed on.
 compadd() {
   if [[ $@[1,(i)(-|--)] != *-(O|A|D)\ * ]]; then
     local -a matches

@@ -1,5 +1,5 @@
-// A client with an interface check of its own in place of the library's, which says no; it prints what the C++
-// header says to that.
+// A client that replaces the library's interface check by one that fails, and prints what the C++ header
+// reports then.
 #include <cstring>
 #include <iostream>
 
@@ -15,7 +15,7 @@ std::int32_t xapiversion(std::int32_t, optshortstring* message, std::int32_t* co
 }
 
 int main() {
-  for (const std::int32_t said : {0, 3}) {  // not at all; the program is newer
+  for (const std::int32_t said : {0, 3}) {  // 0: the versions do not match; 3: the program is newer
     answer = said;
     try {
       const wexcorin::options options;

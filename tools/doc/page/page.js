@@ -1,4 +1,4 @@
-// The search of the page of `doc page`. It knows nothing but the document; without it the page shows everything.
+// The search of the page of `doc page`. Without it the page shows all options.
 "use strict";
 
 (() => {
@@ -41,7 +41,7 @@
     filter();
   };
 
-  // What the address names: the browser has looked for it already, but not where the search hides it.
+  // Shows the element that the address names if the search hides it. Otherwise the browser has shown it.
   const open = () => {
     const target = document.getElementById(location.hash.slice(1));
     if (target === null || target.closest(".out") === null) return;
@@ -53,7 +53,7 @@
     filter();
     if (search.value !== "") main.scrollIntoView();
   });
-  // Return goes to the first match.
+  // The return key goes to the first match.
   form.addEventListener("submit", (event) => {
     event.preventDefault();
     const first = options.find(({ element }) => !element.classList.contains("out"));
@@ -73,6 +73,6 @@
   addEventListener("hashchange", open);
 
   form.hidden = false;
-  filter();  // a page that the browser brings back may bring its search back, too
+  filter();  // the browser may have restored the search with the page
   open();
 })();
