@@ -1,6 +1,7 @@
 // What all entry points share: `in` makes a view of a text argument, `out` wraps the buffer of a text result,
-// and `guarded` is the barrier that no exception passes. Views and wrappers point into the caller's buffers;
-// nothing is owned here. The entry points themselves are in the files exports_*.cpp.
+// `barrier` lets no exception pass, and `guarded` also sees to the floating-point settings. Views and
+// wrappers point into the caller's buffers; nothing is owned here. The entry points themselves are in the
+// files exports_*.cpp.
 #pragma once
 
 #include <cstdint>
@@ -10,6 +11,7 @@
 
 #include "api/handle.h"
 #include "api/pchutil.h"
+#include "base/floatscope.h"
 #include "base/textout.h"
 
 namespace optcore {
@@ -34,7 +36,7 @@ inline ttextout out(char* buffer) noexcept { return {ttextout::tform::zerotermin
 // Only calls that store, read or write can fail this way; queries need no memory. No other exception is
 // expected; one would be filed as an internal error.
 template <class tcall>
-auto guarded(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
+auto barrier(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
   using tresult = std::conditional_t<std::is_void_v<decltype(call())>, void, std::int32_t>;
   try {
     return static_cast<tresult>(call());
@@ -44,6 +46,14 @@ auto guarded(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
     handle->messages().addinternalerror();
   }
   return static_cast<tresult>(failure);
+}
+
+// The same with the floating-point settings of the library. Only calls that move a number and compute nothing
+// do without them.
+template <class tcall>
+auto guarded(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
+  const tfloatscope settings;
+  return barrier(handle, failure, call);
 }
 
 template <class tcall>

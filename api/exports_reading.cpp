@@ -1,5 +1,7 @@
 // Entry points: lifecycle, reading, writing, messages, resetting. Except for the lifecycle, each calls the
 // store's method of the same name. The form for zero-terminated texts follows directly below.
+#include <pthread.h>
+
 #include <cerrno>
 
 #include "api/conversion.h"
@@ -7,6 +9,29 @@
 using optcore::guarded;
 using optcore::in;
 using optcore::out;
+
+namespace {
+
+// The calls of the system that open, read and write are the places where a thread is cancelled. It would
+// unwind through the library, which ends the process. So it is cancelled after the call.
+class tuncancelled {
+ public:
+  tuncancelled() noexcept { pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &fstate); }
+  ~tuncancelled() { pthread_setcancelstate(fstate, nullptr); }
+  tuncancelled(const tuncancelled&) = delete;
+  tuncancelled& operator=(const tuncancelled&) = delete;
+
+ private:
+  int fstate = 0;
+};
+
+template <class tcall>
+auto withfiles(tvksoptions* handle, tcall call) noexcept {
+  const tuncancelled scope;
+  return guarded(handle, ENOMEM, call);
+}
+
+}  // namespace
 
 // ---- lifecycle
 
@@ -28,28 +53,28 @@ void xfree(tvksoptions** handle) {
 // ---- reading
 
 int32_t optreaddefinition(tvksoptions* handle, const optshortstring* filename) {
-  return guarded(handle, ENOMEM, [&] { return handle->optreaddefinition(in(filename)); });
+  return withfiles(handle, [&] { return handle->optreaddefinition(in(filename)); });
 }
 int32_t coptreaddefinition(tvksoptions* handle, const char* filename) {
-  return guarded(handle, ENOMEM, [&] { return handle->optreaddefinition(in(filename)); });
+  return withfiles(handle, [&] { return handle->optreaddefinition(in(filename)); });
 }
 
 int32_t optreadparameterfile(tvksoptions* handle, const optshortstring* filename) {
-  return guarded(handle, ENOMEM, [&] { return handle->optreadparameterfile(in(filename)); });
+  return withfiles(handle, [&] { return handle->optreadparameterfile(in(filename)); });
 }
 int32_t coptreadparameterfile(tvksoptions* handle, const char* filename) {
-  return guarded(handle, ENOMEM, [&] { return handle->optreadparameterfile(in(filename)); });
+  return withfiles(handle, [&] { return handle->optreadparameterfile(in(filename)); });
 }
 
 void optreadfromstr(tvksoptions* handle, const optshortstring* text) {
-  guarded(handle, [&] { handle->optreadfromstr(in(text)); });
+  withfiles(handle, [&] { handle->optreadfromstr(in(text)); });
 }
 void coptreadfromstr(tvksoptions* handle, const char* text) {
-  guarded(handle, [&] { handle->optreadfromstr(in(text)); });
+  withfiles(handle, [&] { handle->optreadfromstr(in(text)); });
 }
 
 void optreadfrompchar(tvksoptions* handle, const char* text) {
-  guarded(handle, [&] { handle->optreadfrompchar(text); });
+  withfiles(handle, [&] { handle->optreadfrompchar(text); });
 }
 
 int32_t optreadfromliststr(tvksoptions* handle, const optshortstring* name, int32_t index,
@@ -63,17 +88,17 @@ int32_t coptreadfromliststr(tvksoptions* handle, const char* name, int32_t index
 // ---- writing
 
 int32_t optwriteparameterfile(tvksoptions* handle, const optshortstring* filename) {
-  return guarded(handle, ENOMEM, [&] { return handle->optwriteparameterfile(in(filename)); });
+  return withfiles(handle, [&] { return handle->optwriteparameterfile(in(filename)); });
 }
 int32_t coptwriteparameterfile(tvksoptions* handle, const char* filename) {
-  return guarded(handle, ENOMEM, [&] { return handle->optwriteparameterfile(in(filename)); });
+  return withfiles(handle, [&] { return handle->optwriteparameterfile(in(filename)); });
 }
 
 void optshowhelp(tvksoptions* handle, const optshortstring* request) {
-  guarded(handle, [&] { handle->optshowhelp(in(request)); });
+  withfiles(handle, [&] { handle->optshowhelp(in(request)); });
 }
 void coptshowhelp(tvksoptions* handle, const char* request) {
-  guarded(handle, [&] { handle->optshowhelp(in(request)); });
+  withfiles(handle, [&] { handle->optshowhelp(in(request)); });
 }
 
 // ---- messages

@@ -2,6 +2,7 @@
 // form for zero-terminated texts follows directly below.
 #include "api/conversion.h"
 
+using optcore::barrier;
 using optcore::guarded;
 using optcore::in;
 using optcore::out;
@@ -54,27 +55,27 @@ int32_t coptsetvalues2nr(tvksoptions* handle, int32_t number, int32_t ivalue, do
 }
 
 int32_t optgetintnr(tvksoptions* handle, int32_t number, int32_t* ivalue) {
-  return guarded(handle, [&] { return handle->optgetintnr(number, *ivalue); });
+  return barrier(handle, 0, [&] { return handle->optgetintnr(number, *ivalue); });
 }
 
 int32_t optgetint2nr(tvksoptions* handle, int32_t number, int32_t* ivalue) {
-  return guarded(handle, [&] { return handle->optgetint2nr(number, *ivalue); });
+  return barrier(handle, 0, [&] { return handle->optgetint2nr(number, *ivalue); });
 }
 
 int32_t optsetintnr(tvksoptions* handle, int32_t number, int32_t ivalue) {
-  return guarded(handle, [&] { return handle->optsetintnr(number, ivalue); });
+  return barrier(handle, 0, [&] { return handle->optsetintnr(number, ivalue); });
 }
 
 int32_t optsetint2nr(tvksoptions* handle, int32_t number, int32_t ivalue) {
-  return guarded(handle, [&] { return handle->optsetint2nr(number, ivalue); });
+  return barrier(handle, 0, [&] { return handle->optsetint2nr(number, ivalue); });
 }
 
 int32_t optgetdblnr(tvksoptions* handle, int32_t number, double* dvalue) {
-  return guarded(handle, [&] { return handle->optgetdblnr(number, *dvalue); });
+  return barrier(handle, 0, [&] { return handle->optgetdblnr(number, *dvalue); });
 }
 
 int32_t optgetdbl2nr(tvksoptions* handle, int32_t number, double* dvalue) {
-  return guarded(handle, [&] { return handle->optgetdbl2nr(number, *dvalue); });
+  return barrier(handle, 0, [&] { return handle->optgetdbl2nr(number, *dvalue); });
 }
 
 int32_t optsetdblnr(tvksoptions* handle, int32_t number, double dvalue) {

@@ -2,7 +2,6 @@
 #include "base/numtext.h"
 
 #include <algorithm>
-#include <cfenv>
 #include <charconv>
 #include <cmath>
 #include <iterator>
@@ -170,7 +169,6 @@ bool parseshortdecimal(std::string_view text, double& number) noexcept {
     }
   }
   if (text.size() == (point ? 1 : 0)) return false;  // no digit
-  if (decimals != 0 && std::fegetround() != FE_TONEAREST) return false;
   const double value = static_cast<double>(digits) / powersoften[decimals];
   number = negative ? -value : value;
   return true;
@@ -207,22 +205,6 @@ bool istoolarge(std::string_view text) noexcept {
   return first + std::clamp(value, -huge, huge) > 0;
 }
 
-// Sets the rounding mode to nearest while it exists: from_chars multiplies short numbers in the current mode.
-class troundingtonearest {
- public:
-  troundingtonearest() noexcept {
-    if (fmode != FE_TONEAREST) std::fesetround(FE_TONEAREST);
-  }
-  ~troundingtonearest() {
-    if (fmode != FE_TONEAREST) std::fesetround(fmode);
-  }
-  troundingtonearest(const troundingtonearest&) = delete;
-  troundingtonearest& operator=(const troundingtonearest&) = delete;
-
- private:
-  int fmode = std::fegetround();
-};
-
 // Parses the whole text as a decimal number in C notation.
 bool parsedecimal(std::string_view text, double& number) noexcept {
   text = withoutplus(text);
@@ -230,7 +212,6 @@ bool parsedecimal(std::string_view text, double& number) noexcept {
   // excludes the words for infinity and not-a-number, which from_chars accepts
   if (unsignedtext.empty() || !(isdigit(unsignedtext[0]) || unsignedtext[0] == '.')) return false;
   double value = 0.0;
-  const troundingtonearest rounding;
   const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
   if (result.ptr != text.data() + text.size()) return false;
   if (result.ec == std::errc::result_out_of_range) {

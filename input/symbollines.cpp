@@ -42,7 +42,7 @@ void tparameterreader::dotline() {
   const std::int32_t errorsbefore = messages().errorcount();
   dotentry(index);
   if (messages().errorcount() > errorsbefore)
-    fstore.dotoptions().counterror();
+    fstore.dotoptions().rejectentry();
   else
     fstore.dotoptions().keepentry();
 }

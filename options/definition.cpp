@@ -1,4 +1,4 @@
-// The contents of a definition: adding options and groups, finding synonyms and groups.
+// The contents of a definition: adding and resetting options, adding groups, finding synonyms and groups.
 #include "options/definition.h"
 
 namespace optcore {
@@ -8,6 +8,20 @@ toption& tdefinition::addoption(std::unique_ptr<toption> option, const tsoughtna
   const tstoredtext storedname = option->storedname();
   foptions.addstored(storedname, std::move(option), name);
   return *foptions.getobject(getcount() - 1);
+}
+
+// Macros are reset without their members, which are in the option list themselves.
+void tdefinition::resetoptions() {
+  for (std::int32_t i = 0; i < getcount(); ++i) {
+    if (option(i).opttype() == topttype::macro)
+      option(i).toption::reset();
+    else
+      option(i).reset();
+  }
+}
+
+void tdefinition::clearrecent() noexcept {
+  for (std::int32_t i = 0; i < getcount(); ++i) option(i).clearrecent();
 }
 
 std::int32_t tdefinition::synonymindex(const tsoughtname& name) const {

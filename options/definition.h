@@ -57,6 +57,10 @@ class tdefinition {
   // Takes ownership of an option that this definition made. `name` must be its name.
   toption& addoption(std::unique_ptr<toption> option, const tsoughtname& name);
 
+  // Each option is reset once, however many macros name it.
+  void resetoptions();
+  void clearrecent() noexcept;
+
   // ---- finding options that have been added, according to the lookup mode
   // By name alone, without the synonyms.
   std::int32_t optlookup(const tsoughtname& name) const { return flookup.find(flookupmode, name); }

@@ -1,18 +1,28 @@
-// Queries by number that describe options, enumeration items, synonyms and groups; the names of codes.
+// Queries that describe options, enumeration items, synonyms and groups; the names of codes.
+#include "options/descriptions.h"
+
 #include <optional>
 #include <span>
-
-#include "base/zqaaudit.h"
-#include "options/vksoptions.h"
 
 namespace optcore {
 
 // ---- options
 
-bool tvksoptions::optgetinfonr(std::int32_t nr, std::int32_t& defined, std::int32_t& definedr,
-                               std::int32_t& refnr, std::int32_t& datatype, std::int32_t& opttype,
-                               std::int32_t& subtype) const {
-  const toption* option = optionat(nr);
+bool findoption(const tdefinition& definition, std::string_view name, std::int32_t& nr, std::int32_t& refnr) {
+  const std::int32_t index = definition.indexof(name);
+  const toption* option = definition.getobjects(index);
+  nr = option != nullptr ? index + 1 : -1;
+  refnr = option != nullptr ? option->refnr() : -1;
+  return option != nullptr;
+}
+
+bool setrefnr(toption* option, std::int32_t refnr) {
+  if (option != nullptr) option->setrefnr(refnr);
+  return option != nullptr;
+}
+
+bool getinfo(const toption* option, std::int32_t& defined, std::int32_t& definedr, std::int32_t& refnr,
+             std::int32_t& datatype, std::int32_t& opttype, std::int32_t& subtype) {
   defined = option != nullptr ? option->defined() : 0;
   definedr = option != nullptr ? option->definedr() : 0;
   refnr = option != nullptr ? option->refnr() : 0;
@@ -22,61 +32,52 @@ bool tvksoptions::optgetinfonr(std::int32_t nr, std::int32_t& defined, std::int3
   return option != nullptr;
 }
 
-bool tvksoptions::optgetdefinednr(std::int32_t nr, std::int32_t& defined) const {
-  const toption* option = optionat(nr);
+bool getdefined(const toption* option, std::int32_t& defined) {
   defined = option != nullptr ? option->defined() : 0;
   return option != nullptr;
 }
 
-bool tvksoptions::optgetnamenr(std::int32_t nr, ttextout name) const {
-  const toption* option = optionat(nr);
+bool getname(const toption* option, ttextout& name) {
   name.set(option != nullptr ? option->getname() : shortstring());
   return option != nullptr;
 }
 
-bool tvksoptions::optgethelpnr(std::int32_t nr, ttextout name, ttextout help) const {
-  const toption* option = optionat(nr);
+bool gethelp(const toption* option, ttextout& name, ttextout& help) {
   name.set(option != nullptr ? option->name() : std::string_view());
   help.set(option != nullptr ? option->helptext() : std::string_view());
   return option != nullptr;
 }
 
-bool tvksoptions::optgetopthelpnr(std::int32_t nr, ttextout name, std::int32_t& helpflag,
-                                  std::int32_t& group) const {
-  const toption* option = optionat(nr);
+bool getopthelp(const toption* option, ttextout& name, std::int32_t& helpflag, std::int32_t& group) {
   name.set(option != nullptr ? option->getname() : shortstring());
   helpflag = option != nullptr ? option->helpflag() : -1;
   group = option != nullptr ? option->groupnr() : -1;
   return option != nullptr;
 }
 
-std::int32_t tvksoptions::optgetoptgroupnr(std::int32_t nr) const {
-  const toption* option = optionat(nr);
-  return option != nullptr ? option->groupnr() : -1;
+std::int32_t getgroupof(const toption* option) { return option != nullptr ? option->groupnr() : -1; }
+
+bool getdefault(const toption* option, ttextout& defaultvalue) {
+  const auto* text = ifis<tstringoption>(option);
+  defaultvalue.set(text != nullptr ? text->defaultvalue() : std::string_view());
+  return text != nullptr;
 }
 
-bool tvksoptions::optgetdefaultstr(std::int32_t nr, ttextout defaultvalue) const {
-  const auto* option = ifis<tstringoption>(optionat(nr));
-  defaultvalue.set(option != nullptr ? option->defaultvalue() : std::string_view());
-  return option != nullptr;
-}
-
-bool tvksoptions::optgetboundsint(std::int32_t nr, std::int32_t& lo, std::int32_t& hi,
-                                  std::int32_t& defaultvalue) const {
-  const auto* option = ifis<tintoption>(optionat(nr));
-  if (option == nullptr) return false;
-  lo = option->lo();
-  hi = option->hi();
-  defaultvalue = option->defaultvalue();
+bool getbounds(const toption* option, std::int32_t& lo, std::int32_t& hi, std::int32_t& defaultvalue) {
+  const auto* integer = ifis<tintoption>(option);
+  if (integer == nullptr) return false;
+  lo = integer->lo();
+  hi = integer->hi();
+  defaultvalue = integer->defaultvalue();
   return true;
 }
 
-bool tvksoptions::optgetboundsdbl(std::int32_t nr, double& lo, double& hi, double& defaultvalue) const {
-  const auto* option = ifis<tdbloption>(optionat(nr));
-  if (option == nullptr) return false;
-  lo = option->lo();
-  hi = option->hi();
-  defaultvalue = option->defaultvalue();
+bool getbounds(const toption* option, double& lo, double& hi, double& defaultvalue) {
+  const auto* dbl = ifis<tdbloption>(option);
+  if (dbl == nullptr) return false;
+  lo = dbl->lo();
+  hi = dbl->hi();
+  defaultvalue = dbl->defaultvalue();
   return true;
 }
 
@@ -144,48 +145,45 @@ std::int32_t enumcount(const toption* option) {
 
 }  // namespace
 
-bool tvksoptions::optgetenumcount(std::int32_t nr, std::int32_t& count) const {
-  count = enumcount(optionat(nr));
+bool getenumcount(const toption* option, std::int32_t& count) {
+  count = enumcount(option);
   return count >= 0;
 }
 
-bool tvksoptions::optgetenumvalue(std::int32_t nr, std::int32_t index, std::int32_t& ival,
-                                  ttextout sval) const {
-  const std::optional<tenumitem> item = enumitem(optionat(nr), index);
+bool getenumvalue(const toption* option, std::int32_t index, std::int32_t& ival, ttextout& sval) {
+  const std::optional<tenumitem> item = enumitem(option, index);
   ival = item ? item->number : -1;
   sval.set(item ? item->text : tvaluetext());
   return item.has_value();
 }
 
-bool tvksoptions::optgetenumhelp(std::int32_t nr, std::int32_t index, std::int32_t& helpflag,
-                                 ttextout help) const {
-  const std::optional<tenumitem> item = enumitem(optionat(nr), index);
+bool getenumhelp(const toption* option, std::int32_t index, std::int32_t& helpflag, ttextout& help) {
+  const std::optional<tenumitem> item = enumitem(option, index);
   helpflag = item ? item->help->helpflag() : -1;
   help.set(item ? item->help->helptext() : std::string_view());
   return item.has_value();
 }
 
-// The index is 0 if the current value is none of the items.
-bool tvksoptions::optgetenumstrnr(std::int32_t nr, ttextout value, std::int32_t& index) const {
-  const auto* option = ifis<tenumstroption>(optionat(nr));
-  index = option != nullptr ? option->items().indexof(option->value(twhich::first)) + 1 : -1;
-  value.set(option != nullptr ? option->value(twhich::first) : std::string_view());
-  return option != nullptr;
+bool getenumstr(const toption* option, ttextout& value, std::int32_t& index) {
+  const auto* enumeration = ifis<tenumstroption>(option);
+  index = enumeration != nullptr ? enumeration->items().indexof(enumeration->value(twhich::first)) + 1 : -1;
+  value.set(enumeration != nullptr ? enumeration->value(twhich::first) : std::string_view());
+  return enumeration != nullptr;
 }
 
 // ---- synonyms and groups
 
-bool tvksoptions::optgetsynonym(std::int32_t nr, ttextout synonym, ttextout name) const {
-  const auto& synonyms = fdefinition.synonyms();
+bool getsynonym(const tdefinition& definition, std::int32_t nr, ttextout& synonym, ttextout& name) {
+  const auto& synonyms = definition.synonyms();
   const bool found = nr >= 1 && nr <= synonyms.count();
   synonym.set(found ? synonyms.getname(nr - 1) : std::string_view());
-  name.set(found ? fdefinition.getstrings(synonyms.getobject(nr - 1)) : std::string_view());
+  name.set(found ? definition.getstrings(synonyms.getobject(nr - 1)) : std::string_view());
   return found;
 }
 
-bool tvksoptions::optgetgroupnr(std::int32_t nr, ttextout name, std::int32_t& groupnumber,
-                                std::int32_t& helpflag, ttextout help) const {
-  const auto& groups = fdefinition.groups();
+bool getgroup(const tdefinition& definition, std::int32_t nr, ttextout& name, std::int32_t& groupnumber,
+              std::int32_t& helpflag, ttextout& help) {
+  const auto& groups = definition.groups();
   const tgroupobj* group = nr >= 1 && nr <= groups.count() ? groups.getobject(nr - 1) : nullptr;
   name.set(group != nullptr ? groups.getname(nr - 1) : std::string_view());
   groupnumber = group != nullptr ? group->groupnumber() : 0;
@@ -194,8 +192,8 @@ bool tvksoptions::optgetgroupnr(std::int32_t nr, ttextout name, std::int32_t& gr
   return group != nullptr;
 }
 
-std::int32_t tvksoptions::optgetgroupgrpnr(std::int32_t groupnumber) const {
-  const std::int32_t position = fdefinition.groupwithnumber(groupnumber);
+std::int32_t getgroupgrpnr(const tdefinition& definition, std::int32_t groupnumber) {
+  const std::int32_t position = definition.groupwithnumber(groupnumber);
   return position >= 0 ? position + 1 : -1;
 }
 
@@ -211,7 +209,7 @@ bool namefrom(std::span<const std::string_view> names, std::int32_t index, ttext
 
 }  // namespace
 
-bool tvksoptions::optgetconstname(std::int32_t group, std::int32_t index, ttextout name) {
+bool getconstname(std::int32_t group, std::int32_t index, ttextout& name) {
   switch (group) {
     case 1: return namefrom(datatypeconstnames, index, name);
     case 2: return namefrom(opttypeconstnames, index, name);
@@ -222,17 +220,13 @@ bool tvksoptions::optgetconstname(std::int32_t group, std::int32_t index, ttexto
   }
 }
 
-bool tvksoptions::optgettypename(std::int32_t opttype, ttextout name) {
-  return namefrom(opttypenames, opttype, name);
-}
+bool gettypename(std::int32_t opttype, ttextout& name) { return namefrom(opttypenames, opttype, name); }
 
-// ---- the definition and the library
+// ---- the definition
 
-void tvksoptions::optdefinitionfile(ttextout filename) const {
-  const std::string_view path = fdefinition.filename();
+void getdefinitionfile(const tdefinition& definition, ttextout& filename) {
+  const std::string_view path = definition.filename();
   filename.set(path.substr(path.rfind('/') + 1));
 }
-
-void tvksoptions::optversion(ttextout auditline) { auditline.set(zqagetauditline()); }
 
 }  // namespace optcore

@@ -1,5 +1,5 @@
 // Dot entries: values that parameter text gives for a symbol, a dot option and a list of indices. The
-// parameter reader collects them (input/symbollines.cpp); the queries are in symbolqueries.cpp.
+// parameter reader collects them (input/symbollines.cpp); the queries are in symbolqueries.h.
 #pragma once
 
 #include <cstdint>
@@ -48,7 +48,11 @@ class tdotobjlist {
       : fdefinition(definition), fmessages(messages) {}
 
   std::int32_t count() const noexcept { return fentries.count(); }
-  std::string_view getname(std::int32_t index) const noexcept { return fentries[index]->name(); }
+  // The same, with the number of entries that were rejected.
+  std::int32_t count(std::int32_t& rejected) const noexcept {
+    rejected = frejected;
+    return count();
+  }
   const tdotobj* getobject(std::int32_t index) const noexcept { return fentries[index]; }
 
   // Begins an entry for the symbol `key`. An entry that was begun before and not kept is discarded.
@@ -60,9 +64,8 @@ class tdotobjlist {
   // number.
   void setvalue(std::string_view text);
   void keepentry();
-  // Counts an entry that was rejected.
-  void counterror() noexcept { ++ferrors; }
-  std::int32_t errors() const noexcept { return ferrors; }
+  // Counts the entry as rejected.
+  void rejectentry() noexcept { ++frejected; }
 
  private:
   bool requireentry(std::string_view without);
@@ -71,7 +74,7 @@ class tdotobjlist {
   tmessagelist& fmessages;
   tarena farena;
   tgrowarray<const tdotobj*> fentries;
-  std::int32_t ferrors = 0;
+  std::int32_t frejected = 0;
   // The entry that was begun.
   bool fbegun = false;
   std::int32_t foptionindex = 0;

@@ -1,5 +1,5 @@
 // Indicators: an equation and a variable, each with optional elements, and a boolean value. The parameter
-// reader collects them (input/symbollines.cpp); the queries are in symbolqueries.cpp.
+// reader collects them (input/symbollines.cpp); the queries are in symbolqueries.h.
 #pragma once
 
 #include <cstdint>
@@ -70,6 +70,11 @@ class tindicatorlist {
   explicit tindicatorlist(tmessagelist& messages) noexcept : fmessages(messages) {}
 
   std::int32_t count() const noexcept { return fcontents != nullptr ? fcontents->items.count() : 0; }
+  // The same, with the number of items that were rejected.
+  std::int32_t count(std::int32_t& rejected) const noexcept {
+    rejected = frejected;
+    return count();
+  }
   const tindicatoritem* get(std::int32_t index) const noexcept { return fcontents->items[index]; }
 
   // Begins an item, to which the functions below refer.
@@ -83,10 +88,9 @@ class tindicatorlist {
   void keepitem();
   // Discards the item. Returns whether one was begun.
   bool dropitem() noexcept { return std::exchange(fbegun, false); }
-  // The same for an item that has an error. It is counted.
-  void rejectitem() noexcept { ferrors += dropitem() ? 1 : 0; }
-  std::int32_t errors() const noexcept { return ferrors; }
-  // Removes all items. The count of errors stays.
+  // The same for an item that has an error; counts it as rejected.
+  void rejectitem() noexcept { frejected += dropitem() ? 1 : 0; }
+  // Removes all items. The count of rejected ones stays.
   void clear() noexcept {
     fbegun = false;
     fcontents.reset();
@@ -104,7 +108,7 @@ class tindicatorlist {
 
   tmessagelist& fmessages;
   std::unique_ptr<tcontents> fcontents;  // made with the first item, because few stores have indicators
-  std::int32_t ferrors = 0;
+  std::int32_t frejected = 0;
   bool fbegun = false;
 };
 

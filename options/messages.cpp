@@ -132,6 +132,16 @@ tmsgkind tmessagelist::kind(std::int32_t nr) const noexcept {
   return isnumber(nr) ? ftexts.getobject(nr - 1) : tmsgkind::usererror;
 }
 
+void tmessagelist::get(std::int32_t nr, ttextout& text, std::int32_t& kind) const {
+  text.set(decorated(nr));
+  kind = static_cast<std::int32_t>(this->kind(nr));
+}
+
+void tmessagelist::getcounts(std::int32_t& errors, std::int32_t& warnings) const noexcept {
+  errors = this->errors();
+  warnings = this->warnings();
+}
+
 void tmessagelist::clear() {
   ftexts.clear();
   ferrors = 0;

@@ -11,6 +11,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/textout.h"
 #include "base/vksobj.h"
 #include "options/codes.h"
 #include "options/observer.h"
@@ -38,6 +39,8 @@ class tmessagelist {
   shortstring decorated(std::int32_t nr) const;
   // tmsgkind::usererror for a number outside 1 .. count.
   tmsgkind kind(std::int32_t nr) const noexcept;
+  // Both.
+  void get(std::int32_t nr, ttextout& text, std::int32_t& kind) const;
 
   void clear();
   // The list has reached its limit: further messages are dropped, except echoed lines.
@@ -50,6 +53,7 @@ class tmessagelist {
   std::int32_t count() const noexcept { return ftexts.count(); }
   std::int32_t errors() const noexcept { return ferrors + (foutofmemory ? 1 : 0); }
   std::int32_t warnings() const noexcept { return fwarnings; }
+  void getcounts(std::int32_t& errors, std::int32_t& warnings) const noexcept;
   // Errors and lines of help. Setters and readers compare this count before and after an operation.
   std::int32_t errorcount() const noexcept { return errors() + fhelplines; }
 

@@ -1,7 +1,6 @@
 // The setters of the option types. A value is checked against the bounds or the legal values, stored, and
 // marked as set; problems are filed as messages. With bound checking off, an illegal value is stored
 // nevertheless, and the same messages are warnings. Multilists and macros are in spread.cpp.
-#include <cmath>
 
 #include "options/checkboolean.h"
 #include "options/toption.h"
@@ -107,8 +106,7 @@ void tintoption::setasstring12(twhich which, std::string_view text) {
 // ---- double
 
 void tdbloption::setasdouble12(twhich which, double value) {
-  // these comparisons raise no floating-point exception for a NaN; some hosts trap such exceptions
-  const bool legal = std::isgreaterequal(value, flo) && std::islessequal(value, fhi);
+  const bool legal = flo <= value && value <= fhi;
   if (!legal && !reportillegal(
                     *this, "Double out of range for option ", [&] { return dbltostr(value); },
                     [&] { return validrange(flo, fhi, dbltostrex); }))

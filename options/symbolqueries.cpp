@@ -1,5 +1,5 @@
-// Queries for dot entries and indicators by number.
-#include "options/vksoptions.h"
+// Queries for dot entries and indicators.
+#include "options/symbolqueries.h"
 
 namespace optcore {
 
@@ -12,40 +12,30 @@ bool isnumberin(const tlist& list, std::int32_t nr) {
 
 }  // namespace
 
-std::int32_t tvksoptions::optdotoptcount(std::int32_t& errors) const noexcept {
-  errors = fdotoptions.errors();
-  return fdotoptions.count();
-}
-
-bool tvksoptions::optgetdotoptnr(std::int32_t nr, ttextout name, std::int32_t& optnr,
-                                 std::int32_t& dimensions, double& value) const {
-  const tdotobj* entry = isnumberin(fdotoptions, nr) ? fdotoptions.getobject(nr - 1) : nullptr;
-  name.set(entry != nullptr ? fdotoptions.getname(nr - 1) : std::string_view());
+bool getdotopt(const tdotobjlist& entries, std::int32_t nr, ttextout& name, std::int32_t& optnr,
+               std::int32_t& dimensions, double& value) {
+  const tdotobj* entry = isnumberin(entries, nr) ? entries.getobject(nr - 1) : nullptr;
+  name.set(entry != nullptr ? entry->name() : std::string_view());
   optnr = entry != nullptr ? entry->optionindex() + 1 : 0;
   dimensions = entry != nullptr ? entry->indices().count() : 0;
   value = entry != nullptr ? entry->value() : 0.0;
   return entry != nullptr;
 }
 
-bool tvksoptions::optgetdotoptuel(std::int32_t nr, std::int32_t dim, ttextout uel) const {
-  if (!isnumberin(fdotoptions, nr) || !isnumberin(fdotoptions.getobject(nr - 1)->indices(), dim)) {
+bool getdotoptuel(const tdotobjlist& entries, std::int32_t nr, std::int32_t dim, ttextout& uel) {
+  if (!isnumberin(entries, nr) || !isnumberin(entries.getobject(nr - 1)->indices(), dim)) {
     uel.clear();
     return false;
   }
-  const std::string_view index = fdotoptions.getobject(nr - 1)->indices().get(dim - 1);
+  const std::string_view index = entries.getobject(nr - 1)->indices().get(dim - 1);
   uel.set(index == "*" ? index : index.substr(1, index.size() - 2));
   return true;
 }
 
-std::int32_t tvksoptions::optindicatorcount(std::int32_t& errors) const noexcept {
-  errors = findicators.errors();
-  return findicators.count();
-}
-
-bool tvksoptions::optgetindicatornr(std::int32_t nr, ttextout equation, ttextout variable,
-                                    std::int32_t& equdims, std::int32_t& vardims, std::int32_t& value) const {
-  const bool found = isnumberin(findicators, nr);
-  const tindicatoritem* item = found ? findicators.get(nr - 1) : nullptr;
+bool getindicator(const tindicatorlist& indicators, std::int32_t nr, ttextout& equation, ttextout& variable,
+                  std::int32_t& equdims, std::int32_t& vardims, std::int32_t& value) {
+  const bool found = isnumberin(indicators, nr);
+  const tindicatoritem* item = found ? indicators.get(nr - 1) : nullptr;
   equation.set(found ? item->equation().name() : std::string_view());
   variable.set(found ? item->variable().name() : std::string_view());
   equdims = found ? item->equation().elements().count() : 0;
@@ -53,8 +43,6 @@ bool tvksoptions::optgetindicatornr(std::int32_t nr, ttextout equation, ttextout
   value = found ? item->value() : 0;
   return found;
 }
-
-namespace {
 
 bool getelement(const tindicatorlist& indicators, std::int32_t nr, std::int32_t dim,
                 const tsymbol& (tindicatoritem::*symbol)() const noexcept, ttextout& element) {
@@ -64,16 +52,6 @@ bool getelement(const tindicatorlist& indicators, std::int32_t nr, std::int32_t 
   }
   element.set((indicators.get(nr - 1)->*symbol)().elements().get(dim - 1));
   return true;
-}
-
-}  // namespace
-
-bool tvksoptions::optgetequindicatornr(std::int32_t nr, std::int32_t dim, ttextout element) const {
-  return getelement(findicators, nr, dim, &tindicatoritem::equation, element);
-}
-
-bool tvksoptions::optgetvarindicatornr(std::int32_t nr, std::int32_t dim, ttextout element) const {
-  return getelement(findicators, nr, dim, &tindicatoritem::variable, element);
 }
 
 }  // namespace optcore

@@ -2,9 +2,12 @@
 #include "output/helplisting.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <string>
 
+#include "base/heldsignals.h"
+#include "base/systemerror.h"
 #include "options/vksoptions.h"
 
 namespace optcore {
@@ -19,6 +22,22 @@ bool belongsinlisting(const toption& option) { return option.islisted() && optio
 // Parses the whole text as a number of 32 bits. Words for numbers, such as maxint, are names here.
 bool asnumber(std::string_view text, std::int32_t& number) {
   return !text.empty() && !isletter(text[0]) && strasintex(text, number);
+}
+
+// Writes to standard output, behind what the program itself has printed. Nothing of the text stays in the
+// buffer of the stream: if it cannot be written now, the program must not stumble over it when it ends.
+// Returns 0 or the system's error code.
+int print(std::string_view text) noexcept {
+  const theldsignals held;
+  if (std::fflush(stdout) == 0) {
+    const int descriptor = ::fileno(stdout);
+    if (descriptor >= 0) return writeall(descriptor, text);
+    // a stream in memory, which the host put in its place
+    if (std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0) return 0;
+  }
+  const int error = errno;
+  held.take(error);
+  return error;
 }
 
 }  // namespace
@@ -211,8 +230,7 @@ void thelplisting::addbigtext(const toption& option) {
 
 // ---- debugging
 
-// The only output of the library to the standard output of the process. It is written only on request, and
-// errors of writing are ignored.
+// The only output of the library to the standard output of the process, and only on request.
 void thelplisting::tostandardoutput() const {
   std::string text = "\n";
   for (std::int32_t i = 0; i < fnames.count(); ++i) {
@@ -220,8 +238,10 @@ void thelplisting::tostandardoutput() const {
     if (fnames.getobject(i).issynonym) text.append("*****Nil = Syn");
     text.append("\n");
   }
-  std::fwrite(text.data(), 1, text.size(), stdout);
-  std::fflush(stdout);
+  if (const int error = print(text); error != 0) {
+    fmessages.addmessage(tmsgkind::usererror, "Cannot write help to standard output");
+    fmessages.addexplanation(tmsgkind::usererror, concat("   ", errorcodetext(error).view()));
+  }
 }
 
 }  // namespace optcore

@@ -9,6 +9,8 @@
 #include <cstring>
 #include <string>
 
+#include "base/heldsignals.h"
+
 namespace optcore {
 
 std::int32_t ttextfile::open(std::string_view filename) {
@@ -39,15 +41,7 @@ void ttextfile::putinparts(std::string_view text) noexcept {
 }
 
 void ttextfile::flush() noexcept {
-  for (const char* unwritten = fblock.get(); unwritten < fnext && ferror == 0;) {
-    const ssize_t count = ::write(fdescriptor, unwritten, static_cast<std::size_t>(fnext - unwritten));
-    if (count > 0)
-      unwritten += count;
-    else if (count == 0)
-      ferror = EIO;
-    else if (errno != EINTR)
-      ferror = errno;
-  }
+  if (ferror == 0) ferror = writeall(fdescriptor, {fblock.get(), fnext});
   fnext = fblock.get();
 }
 

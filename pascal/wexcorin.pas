@@ -34,8 +34,8 @@
       2 the second. The recent bits say the same for the time since they were last cleared.
    9. Threads. Only one thread at a time may use a handle; different threads may use different handles at the
       same time. The load path is shared by the whole process and is not thread-safe.
-  10. Floating point. Pascal programs trap invalid operations, and passing a NaN to the library is such an
-      operation. A program that may pass one calls SetExceptionMask (unit Math) first. }
+  10. Floating point. Pascal programs trap invalid operations, and unit Math makes other settings. No call
+      springs a trap, and all settings are as before afterwards. }
 unit wexcorin;
 
 {$mode objfpc}{$H-}

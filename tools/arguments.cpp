@@ -56,7 +56,6 @@ void addinputs(CLI::App& command, tinputs& inputs, bool filesrequired) {
 CLI::App& addcommand(CLI::App& app, const char* name, const char* description) {
   CLI::App& command = *app.add_subcommand(name, description);
   command.group("Commands");
-  command.footer(notes);
   return command;
 }
 
@@ -159,7 +158,7 @@ targuments accepted(const T& arguments) {
 
 targuments parsearguments(int argc, char** argv) {
   CLI::App app("Checks, shows, explains and writes the options of a solver.", "wexcorin");
-  app.footer(notes);
+  app.footer(notes);  // the commands inherit it
   app.failure_message(failuretext);
   app.set_version_flag("--version", versiontext);
   app.require_subcommand(1);

@@ -42,7 +42,9 @@
  *
  *  9. Messages. A problem is reported as a message. The readers, the setters and the writer file numbered
  *     messages with the handle, see optgetmessage. The library throws no exception, never ends the process
- *     and prints nothing, except for the list of names that optshowhelp prints on request.
+ *     and prints nothing, except for the list of names that optshowhelp prints on request. When it writes to
+ *     a pipe whose reader has left, or beyond the size limit for files, the process receives no signal; this,
+ *     too, is reported as a message.
  *
  * 10. Ownership. The library copies each text that it receives, and copies its results into the caller's
  *     buffers. The handle is all that a client has to free.
@@ -55,7 +57,9 @@
  *     a function that returns an error code of the operating system, and otherwise 0. The message "Out of
  *     memory" is filed as soon as there is memory for it; it counts as an error at once.
  *
- * 13. Locale. Numbers are read and written with a decimal point, whatever the locale of the process is.
+ * 13. Numbers. They are read and written with a decimal point, whatever the locale of the process is. The
+ *     floating-point settings of the calling thread do not matter either, such as traps, rounding and the
+ *     treatment of subnormal numbers. After a call the settings and the exception flags are as before.
  *
  * 14. Values. An option has a first value. With sub-type optsub2Values it also has a second value. The value
  *     of an option that was never set is its default. The defined bits say which values were set: 1 the
@@ -228,7 +232,8 @@ WEXCORIN_API int32_t coptwriteparameterfile(tvksoptions* handle, const char* fil
  * listed:
  *   1  a summary by group
  *   2  the descriptions of all options in alphabetical order
- *   4  the names of the options, on standard output, for debugging
+ *   4  the names of the options, on standard output, for debugging; if they cannot be written, two messages
+ *      of kind optMsgUserError are filed
  *   8  marks of deprecated and obsolete options, within the summary
  * A number below 1 means 3; any other request means 1. Blanks in the request are read as underscores. */
 WEXCORIN_API void optshowhelp(tvksoptions* handle, const optshortstring* request);

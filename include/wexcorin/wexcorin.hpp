@@ -69,15 +69,13 @@ class textout : private optshortstring {
   std::string str() const { return std::string(text, length); }
 };
 
-// Integer options hold 32 bits; a larger integer is an error of the caller and is not cut. The comparison
-// with the bounds is also right for integers that double cannot represent exactly: rounding keeps their
-// order.
+// Integer options hold 32 bits; a larger integer is an error of the caller and is not cut.
 template <class tinteger>
 std::int32_t int32(tinteger value) {
-  const auto wide = static_cast<double>(value);
-  if (wide < -2147483648.0 || wide > 2147483647.0)
+  const auto result = static_cast<std::int32_t>(value);
+  if (static_cast<tinteger>(result) != value || (std::is_unsigned_v<tinteger> && result < 0))
     throw std::out_of_range("wexcorin: an integer value has more than 32 bits");
-  return static_cast<std::int32_t>(value);
+  return result;
 }
 
 }  // namespace detail

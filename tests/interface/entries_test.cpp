@@ -110,6 +110,9 @@ const trules indicators("indicators", options, normal, {__LINE__, R"~(
     IND Equ $ Var = off, a 1 => Equ$Var=0 => a=1
     ind e$v 1 a 5 => e$v=1 => a=5
 
+    // there may be any number of indicators
+    <40ind e$v 1 >ind f$w 0 => <40e$v=1 >f$w=0
+
     // elements stand in brackets of any kind, with or without quotes
     ind e('i',"j k")$v["j k"] := T ind\t f {i , j} $w ( j ) N ! 1 => e('i',"j k")$v("j k")=1 f(i,j)$w(j)=0
 
@@ -147,6 +150,7 @@ const trules indicators("indicators", options, normal, {__LINE__, R"~(
 
     // equation and variable have at most twenty elements each
     ind e(<19i,>j)$v(<19i,>j) 1 => e(<19i,>j)$v(<19i,>j)=1
+    ind e(<19i,>j)$v(j) 1\nind e(<19k,>l)$v(l) 1 => e(<19i,>j)$v(j)=1 e(<19k,>l)$v(l)=1
     ind e(<19i,>j,j,k)$v(i) 1 a 1 => rejected 1 => a=1 => E1 E1 Too many dimensions for equation "e"
     ind e(<19i,>j)$v(<19i,>j,'j') 1 => rejected 1 => => E1 Too many dimensions for variable "v"
 

@@ -2,6 +2,9 @@
 // reader, values that take the rest of a line, deprecated names, immediate options, keys that create a list,
 // keys of several words, and sources with unusual bytes and sizes; files that read files, files that are no
 // ordinary files, and files that change while they are read.
+#include <sys/mman.h>
+#include <unistd.h>
+
 #include <fstream>
 #include <thread>
 
@@ -305,6 +308,21 @@ TEST(files, a_name_counts_whole) {
   EXPECT_EQ(h.call(BOTH(readdefinition), name), ENOENT);
   EXPECT_EQ(h.call(BOTH(readparameterfile), name), ENOENT);
   EXPECT_EQ(h.call(BOTH(writeparameterfile), name), ENOENT);
+}
+
+// The file is a comment in memory. All of it but the first byte is a hole, which takes no memory.
+TEST(files, may_have_two_gibibytes_less_one_byte) {
+  const thandle h;
+  const int file = memfd_create("large", MFD_CLOEXEC);
+  EXPECT_EQ(write(file, "*", 1), 1);
+  for (const off_t size : {0x7FFFFFFFL, 0x80000000L}) {
+    EXPECT_EQ(ftruncate(file, size), 0);
+    coptreadparameterfile(h.handle(0), ("/proc/self/fd/" + std::to_string(file)).c_str());
+    std::int32_t errors = 0, warnings = 0;
+    opterrorcount(h.handle(0), &errors, &warnings);
+    EXPECT_EQ(errors, size > 0x7FFFFFFF ? 2 : 0);
+  }
+  close(file);
 }
 
 // Another thread makes and removes one file and adds lines to another.

@@ -120,6 +120,12 @@ for definition, options, warnings in (
          ['warning: text 2 of option "word" is set to b#c, but is read back as b']),
         ("Minos lookup\nmy_list strlist 1 1 1", "my list a",
          ['warning: option "my list" is not read back as it was set: Unknown option "my_list"']),
+        # of a key of several words, the first words that name an option are the key
+        ("Minos lookup\nab integer 1 5 0 9 1 1\nab_cde_fgh integer 1 5 0 9 1 1\nset macro 1 1\n ab_cde_fgh",
+         "set 6", ['warning: option "ab cde fgh" is not read back as it was set: '
+                   'Integer expected, for option "ab" saw "cde fgh=6"']),
+        ("Minos lookup\nmajor_iterations integer 1 5 0 9 1 1", "major iterations 6", []),
+        (255 * "n" + " integer 1 5 0 9 1 1", 255 * "n" + " 6", []),  # no name is too long
         ("end string 1 a 1 1\nstop synonym end\nx obsolete\n end Use stop.", "stop x",
          ['warning: option "end" is not read back as it was set: obsolete option "end"; Use stop.']),
         (".cost double 1 0 0 1 1 1", "a.cost('i') 0.1234567890123456\nb.cost('i') 0.5",
@@ -174,14 +180,17 @@ for form, part in ("definition", "\ntol double 2 1E-6 "), ("pascal", "Tpfrealkey
 # Duplicate names, members that do not exist, and control characters.
 write("wrong.def", """Minos lookup
 word string 1 a 1 1 R\udce4tsel \x01\x1b[31m \x7f {{style}} nul:\0:end
-main_limit multilist 2 1 1
+main_limit multilist 2 1 1 = no title
  nowhere word
 MAIN_LIMIT integer 3 5 0 9 1 1
 upper synonym main_limit
 upper synonym main_limit
 """)
 for form, part in (
-        ("markdown", "\n- Options: `word`\n"),
+        ("markdown", "\n- Options: `word`\n"), ("markdown", "\n\\= no title\n"),
+        # an option without help
+        ("markdown", "### `MAIN LIMIT`\n\n- Type: integer\n"),
+        ("page", 'MAIN LIMIT</a></h3>\n</div>\n<div>\n<dl class="facts">'),
         ("json", '"members": [\n        null,\n        "word"\n      ],'),
         ("page", 'Stands for <a href="#word"><code>word</code></a></p>'), ("page", 'id="main_limit">\n'),
         ("page", 'id="MAIN_LIMIT">\n'),
@@ -196,6 +205,8 @@ for command, said in (("show examples/first.def --all", "--all"),
     out, err, code = run(f"wexcorin {command}")
     expect_part(command, err, said)
     expect(command, (out, code), ("", 2))
+for command in "--help", "check --help":
+    expect_part(command, run(f"wexcorin {command}")[0], "\nExit codes: 0 no problems, 1 problems found, 2 ")
 expect("version", run("wexcorin --version")[0][:9], "wexcorin ")
 
 # ---- the schemas. Each must also reject documents with one mistake.

@@ -25,9 +25,9 @@ std::string written(twrite write, const std::string& definition) {
   store.optreaddefinition(directory.write("def", definition));
   const int standardinput = fcntl(STDIN_FILENO, F_GETFD);
   EXPECT_EQ((tvksoptionwriter(store.definition()).*write)("/no/such/directory/file"), ENOENT);
-  EXPECT_EQ(fcntl(STDIN_FILENO, F_GETFD), standardinput);  // is still open
   EXPECT_EQ((tvksoptionwriter(store.definition()).*write)("/dev/full"), ENOSPC);
   EXPECT_EQ((tvksoptionwriter(store.definition()).*write)(directory.path("out")), 0);
+  EXPECT_EQ(fcntl(STDIN_FILENO, F_GETFD), standardinput);  // is still open
   return readfile(directory.path("out"));
 }
 

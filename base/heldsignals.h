@@ -1,0 +1,32 @@
+// Writing that ends no process. With a write that fails because the reader of a pipe has left, or because a
+// file would grow beyond the limit of the process, the system also sends a signal, which ends a process that
+// is not prepared for it. A program that calls the library need not be.
+#pragma once
+
+#include <csignal>
+#include <string_view>
+
+namespace optcore {
+
+// While this object exists, the calling thread does not receive SIGPIPE and SIGXFSZ. The program's own
+// handlers, signal masks and pending signals are left as they are.
+class theldsignals {
+ public:
+  theldsignals() noexcept;
+  ~theldsignals();
+  theldsignals(const theldsignals&) = delete;
+  theldsignals& operator=(const theldsignals&) = delete;
+
+  // Takes the signal that came with the error of a write, if one did. To be called for each write that
+  // failed. A signal that was pending before stays pending: the system keeps only one of each kind.
+  void take(int error) const noexcept;
+
+ private:
+  sigset_t fmask;     // the thread's own
+  sigset_t fpending;  // those that were pending before
+};
+
+// Writes all bytes to the descriptor, with the signals held back. Returns 0 or the system's error code.
+int writeall(int descriptor, std::string_view bytes) noexcept;
+
+}  // namespace optcore
