@@ -33,8 +33,8 @@ inline ttextout out(char* buffer) noexcept { return {ttextout::tform::zerotermin
 
 // Runs the call and returns its result in the form of the interface: 1 and 0 for true and false. When memory
 // runs out, the result is `failure`, and a message is filed as well, because some functions have no result.
-// Only calls that store, read or write can fail this way; queries need no memory. No other exception is
-// expected; one would be filed as an internal error.
+// Queries can fail this way, too: looking up a name may need memory for the index of the names. No other
+// exception is expected; one would be filed as an internal error.
 template <class tcall>
 auto barrier(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
   using tresult = std::conditional_t<std::is_void_v<decltype(call())>, void, std::int32_t>;

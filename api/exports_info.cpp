@@ -108,7 +108,7 @@ int32_t coptgetgroupnr(tvksoptions* handle, int32_t position, char* name, int32_
 }
 
 int32_t optgetgroupgrpnr(tvksoptions* handle, int32_t group) {
-  return guarded(handle, [&] { return handle->optgetgroupgrpnr(group); });
+  return guarded(handle, -1, [&] { return handle->optgetgroupgrpnr(group); });
 }
 
 int32_t optgetconstname(tvksoptions* handle, int32_t group, int32_t index, optshortstring* name) {

@@ -17,10 +17,10 @@ int32_t coptfindstr(tvksoptions* handle, const char* name, int32_t* number, int3
 }
 
 int32_t optlookup(tvksoptions* handle, const optshortstring* name) {
-  return guarded(handle, [&] { return handle->optlookup(in(name)); });
+  return guarded(handle, -1, [&] { return handle->optlookup(in(name)); });
 }
 int32_t coptlookup(tvksoptions* handle, const char* name) {
-  return guarded(handle, [&] { return handle->optlookup(in(name)); });
+  return guarded(handle, -1, [&] { return handle->optlookup(in(name)); });
 }
 
 // ---- values by number

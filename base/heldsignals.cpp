@@ -1,6 +1,7 @@
 // Writing with the signals of failed writes held back.
 #include "base/heldsignals.h"
 
+#include <poll.h>
 #include <pthread.h>
 #include <unistd.h>
 
@@ -31,16 +32,17 @@ void theldsignals::take(int error) const noexcept {
   }
 }
 
-int writeall(int descriptor, std::string_view bytes) noexcept {
+int writeall(int descriptor, std::string_view bytes, twaiting* waiting) noexcept {
   const theldsignals held;
   while (!bytes.empty()) {
     const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
     if (count == 0) return EIO;
     if (count > 0) {
       bytes.remove_prefix(static_cast<std::size_t>(count));
-    } else if (const int error = errno; error != EINTR) {
+    } else if (int error = errno; error != EINTR) {
+      if (error == EAGAIN && waiting != nullptr) error = waiting->untilready(descriptor, POLLOUT);
       held.take(error);
-      return error;
+      if (error != 0) return error;
     }
   }
   return 0;

@@ -6,6 +6,8 @@
 #include <csignal>
 #include <string_view>
 
+#include "base/waiting.h"
+
 namespace optcore {
 
 // While this object exists, the calling thread does not receive SIGPIPE and SIGXFSZ. The program's own
@@ -26,7 +28,8 @@ class theldsignals {
   sigset_t fpending;  // those that were pending before
 };
 
-// Writes all bytes to the descriptor, with the signals held back. Returns 0 or the system's error code.
-int writeall(int descriptor, std::string_view bytes) noexcept;
+// Writes all bytes to the descriptor, with the signals held back. A descriptor that does not block is waited
+// for, unless `waiting` is null. Returns 0 or the system's error code.
+int writeall(int descriptor, std::string_view bytes, twaiting* waiting) noexcept;
 
 }  // namespace optcore

@@ -3,12 +3,14 @@
 // ==.
 //
 // The index is built on the first search, grows with the list, and is discarded when positions change. Short
-// lists are searched linearly, and so is every list when there is no memory for the index.
+// lists are searched linearly. When there is no memory for the index, lists of some hundred items are, too.
+// For a longer one the search fails then, because a linear search for each of many names would take hours.
 #pragma once
 
 #include <cassert>
 #include <cstddef>
 #include <cstdint>
+#include <new>
 #include <string_view>
 #include <vector>
 
@@ -51,7 +53,7 @@ class tnameindex {
  public:
   // Returns the first of the positions 0 .. count - 1 with this key, or -1. `keyat(position)` returns the key
   // of a position. Between two searches, items may be added at the end; after any other change of positions
-  // or keys, reset must be called first.
+  // or keys, reset must be called first. Throws std::bad_alloc.
   template <class tkey, class tkeyat>
   std::int32_t find(std::int32_t count, const tkey& key, tkeyat keyat) {
     assert(fentered <= count);
@@ -73,6 +75,8 @@ class tnameindex {
  private:
   // Up to this count a linear search is as fast as the index and needs no memory.
   static constexpr std::int32_t walkedcount = 8;
+  // Up to this count it is bearable.
+  static constexpr std::int32_t walkedinneed = 500;
 
   struct tslot {
     std::uint32_t hash = 0;
@@ -93,7 +97,8 @@ class tnameindex {
   }
 
   // Enters all positions below `count` that are not entered yet. Only the first of several equal keys gets a
-  // slot. Returns false when there is no memory.
+  // slot. Without memory, returns false for a list that can be walked, and throws std::bad_alloc for a longer
+  // one.
   template <class tkeyat>
   bool enter(std::int32_t count, tkeyat keyat);
   // Enters the position fentered, whose key is given. There must be room for it, see reserveone.
@@ -130,7 +135,10 @@ std::int32_t tnameindex::walk(std::int32_t count, const tkey& key, tkeyat keyat)
 template <class tkeyat>
 bool tnameindex::enter(std::int32_t count, tkeyat keyat) {
   while (fentered < count) {
-    if (!reserveone()) return false;
+    if (!reserveone()) {
+      if (count > walkedinneed) throw std::bad_alloc();
+      return false;
+    }
     enternext(keyat(fentered), keyat);
   }
   return true;

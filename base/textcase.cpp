@@ -1,6 +1,8 @@
 // Case-insensitive comparison and hashing, eight characters at a time where the length allows it.
 #include "base/textcase.h"
 
+#include <sys/auxv.h>
+
 #include <algorithm>
 #include <cstring>
 
@@ -49,14 +51,23 @@ inline tword loadrest(const char* text, std::size_t count) {
   return count > sizeof(tword) ? loadword(text + count - sizeof(tword)) : loadfew(text, count);
 }
 
-tword mix(tword state, tword word) {
+tword mix(tword state, tword word) noexcept {
   const auto product = static_cast<twideword>(state ^ word) * 0x9E3779B97F4A7C15ULL;
   return static_cast<tword>(product) ^ static_cast<tword>(product >> 64);
 }
 
-// The seed of the hashes: the load address of the library, which differs between processes. It has no effect
-// on any result.
-tword seed() { return 0x243F6A8885A308D3ULL ^ (reinterpret_cast<std::uintptr_t>(&detail::uppertable) >> 4); }
+// The seed of the hashes, from random bytes that the system gives to each process. The address of the library
+// would not do: without address randomisation it is always the same. The C library makes secrets of its own
+// from these bytes, so the seed holds only half of what is in them. It has no effect on any result.
+tword makeseed() noexcept {
+  tword random[2] = {};
+  // NOLINTNEXTLINE(performance-no-int-to-ptr) ; the system gives the address as a number
+  if (const auto* bytes = reinterpret_cast<const char*>(::getauxval(AT_RANDOM)))
+    std::memcpy(random, bytes, sizeof random);
+  return mix(mix(0x243F6A8885A308D3ULL, random[0]), random[1]);
+}
+
+const tword seed = makeseed();  // hashes are needed only after the library was loaded
 
 std::uint32_t folded(tword state) { return static_cast<std::uint32_t>(state ^ (state >> 32)); }
 
@@ -95,7 +106,7 @@ bool detail::equalcharacters(const char* a, const char* b, std::size_t count) no
 }
 
 std::uint32_t struhash(std::string_view text) noexcept {
-  tword state = seed() + text.size();
+  tword state = seed + text.size();
   std::size_t i = 0;
   for (; i + sizeof(tword) <= text.size(); i += sizeof(tword))
     state = mix(state, upperword(loadword(text.data() + i)));
@@ -103,8 +114,6 @@ std::uint32_t struhash(std::string_view text) noexcept {
   return folded(state);
 }
 
-std::uint32_t inthash(std::int32_t number) noexcept {
-  return folded(mix(seed(), static_cast<tword>(number)));
-}
+std::uint32_t inthash(std::int32_t number) noexcept { return folded(mix(seed, static_cast<tword>(number))); }
 
 }  // namespace optcore

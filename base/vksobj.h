@@ -2,9 +2,9 @@
 // each with an object). All can be sorted through tquicksortclass. Indices count from 0 and must be within
 // the list.
 //
-// The first capacity is 16 items. It grows eightfold, and by a quarter above a million items. Insertion
-// neither sorts nor removes duplicates. Owning lists override freeitem or freeobject and clear themselves in
-// their destructors; that is the one rule by which contents are freed.
+// The first capacity is 16 items, or fewer after startsmall. It grows eightfold, and by a quarter above a
+// million items. Insertion neither sorts nor removes duplicates. Owning lists override freeitem or freeobject
+// and clear themselves in their destructors; that is the one rule by which contents are freed.
 #pragma once
 
 #include <cassert>
@@ -89,6 +89,11 @@ class tgrowarray {
     fcapacity = capacity;
   }
 
+  // If the array is full and short, gives it room for `few` items, and later for 16.
+  void startsmall(std::int32_t few) {
+    if (full() && fcapacity < 16) setcapacity(fcapacity == 0 ? few : 16);
+  }
+
   // Removes all items and frees the memory.
   void release() noexcept {
     std::free(fmemory);
@@ -144,6 +149,10 @@ class txlist : public tquicksortclass {
   std::int32_t count() const noexcept { return fitems.count(); }
   std::int32_t capacity() const noexcept { return fitems.capacity(); }
   void setcapacity(std::int32_t capacity) { fitems.setcapacity(capacity); }
+
+  // Makes room for the next item, but little at first. To be called before an insertion into a list of which
+  // there may be millions, most of them short.
+  void startsmall(std::int32_t few) { fitems.startsmall(few); }
 
   // Returns the index of the new item.
   std::int32_t add(titem item) {
@@ -219,6 +228,9 @@ class txcustomstringlist : public tquicksortclass {
   std::int32_t count() const noexcept { return fitems.count(); }
   std::int32_t capacity() const noexcept { return fitems.capacity(); }
   void setcapacity(std::int32_t capacity) { fitems.setcapacity(capacity); }
+
+  // See txlist.
+  void startsmall(std::int32_t few) { fitems.startsmall(few); }
 
   std::int32_t add(std::string_view text) { return addobject(text, tobject()); }
   std::int32_t addobject(std::string_view text, tobject object) {

@@ -22,15 +22,19 @@ std::int32_t readdefinition(tvksoptions& store, std::string_view filename) {
   };
   definition.setfilename(filename);
   definition.setearlyend(0);
+  twaiting waiting;
   tminiparser scanner(messages, tcharset());
-  if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
+  if (const std::int32_t code = scanner.fileopen(filename, waiting); code != 0) {
     fileproblem("Cannot open option file ", code);
     return code;
   }
   const tactivesource active(messages, scanner);
   tdefinitionreader(definition, store.indicators(), messages, scanner).read();
-  if (const std::int32_t code = scanner.readerror(); code != 0) fileproblem("Cannot read option file ", code);
-  return 0;
+  const std::int32_t code = scanner.readerror();
+  if (code == 0) return 0;
+  const bool reported = messages.hasroom();
+  fileproblem("Cannot read option file ", code);
+  return reported ? 0 : code;
 }
 
 // definitionfile = { definition } .

@@ -13,56 +13,50 @@
 
 namespace optcore {
 
-namespace {
-
-constexpr int waitforwriter = 5000;  // milliseconds
-
-mode_t kindoffile(int descriptor) noexcept {
-  struct stat status {};  // stays zero if fstat fails
-  ::fstat(descriptor, &status);
-  return status.st_mode;
-}
-
-// Waits until data can be read or the other end is closed. Returns false if neither happens in time.
-bool becomesready(int descriptor) noexcept {
-  pollfd request = {descriptor, POLLIN, 0};
-  int result;
-  do result = ::poll(&request, 1, waitforwriter);
-  while (result < 0 && errno == EINTR);
-  return result != 0;
-}
-
-}  // namespace
-
-int tlinereader::open(std::string_view filename) {
+int tlinereader::open(std::string_view filename, twaiting& waiting) {
   close();
-  if (fblock == nullptr) fblock = std::make_unique_for_overwrite<char[]>(blocksize + 1);
   const std::string name(filename);
   if (name.find('\0') != std::string::npos) return ENOENT;  // the system would ignore the rest
-  do fdescriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-  while (fdescriptor < 0 && errno == EINTR);
+  fwaiting = &waiting;
+  fdescriptor = waiting.open(name.c_str(), O_RDONLY);
   if (fdescriptor < 0) return errno;
-  freaderror = 0;
   fatend = false;
   funread = maxfile;
-  fbegin = fend = fblock.get();
-  begin();
+  askstatus();
+  makeblock();
+  freaderror = fstatus.isfifo ? waitforwriter() : 0;
+  if (freaderror == 0 && unread() == 0) readmore();
   if (freaderror != 0) close();
   return freaderror;
 }
 
-// Reads the first block. The file was opened without blocking, because an ordinary open of a FIFO waits for a
-// program that writes to it, for ever if none comes. Here that program has a limited time.
-void tlinereader::begin() noexcept {
-  const mode_t kind = kindoffile(fdescriptor);
-  if (S_ISFIFO(kind) && !becomesready(fdescriptor) && !readmore()) {
-    if (freaderror == 0) freaderror = ETIMEDOUT;  // no program has it open for writing
-    if (freaderror != EAGAIN) return;
-    freaderror = 0;  // one has, but has not written yet
-    fatend = false;
+void tlinereader::askstatus() noexcept {
+  struct stat status {};  // stays zero if fstat fails
+  ::fstat(fdescriptor, &status);
+  fstatus = {status.st_dev, status.st_ino, 0, S_ISREG(status.st_mode), S_ISFIFO(status.st_mode)};
+  if (fstatus.isordinary) fstatus.size = std::min<std::int64_t>(status.st_size, maxfile);
+}
+
+// One byte more than the file has is needed to see its end.
+void tlinereader::makeblock() {
+  fblocksize = largestblock;
+  if (fstatus.isordinary)
+    fblocksize = std::clamp(static_cast<std::size_t>(fstatus.size) + 1, smallestblock, largestblock);
+  fblock = std::make_unique_for_overwrite<char[]>(fblocksize + 1);
+  fbegin = fend = fblock.get();
+}
+
+// A FIFO that no program has open for writing looks as if it were at its end. Waits until one has. Returns 0
+// or the system's error code.
+int tlinereader::waitforwriter() noexcept {
+  for (;;) {
+    const int code = fwaiting->forotherend(fdescriptor, POLLIN);
+    if (code == 0) return 0;
+    const ssize_t count = readonce();
+    if (count > 0 || (count < 0 && errno == EAGAIN)) return 0;  // a program has, even if it is silent
+    if (count < 0) return errno;
+    if (code != EAGAIN) return code;
   }
-  if (!S_ISREG(kind)) ::fcntl(fdescriptor, F_SETFL, 0);  // from here on, reading blocks
-  if (unread() == 0) readmore();
 }
 
 void tlinereader::close() noexcept {
@@ -71,21 +65,34 @@ void tlinereader::close() noexcept {
   fatend = true;
 }
 
-// Reads more data into the block, at fend. Returns false at the end of the file and after an error.
+// Reads more data into the block, at fend, and waits for it if need be. Returns false at the end of the file
+// and after an error.
 bool tlinereader::readmore() noexcept {
   if (fatend) return false;
-  ssize_t count;
-  do count = ::read(fdescriptor, fend, static_cast<std::size_t>(fblock.get() + blocksize - fend));
-  while (count < 0 && errno == EINTR);
-  if (count < 0) freaderror = errno;
-  if (count > funread) freaderror = EFBIG;
-  if (count <= 0 || freaderror != 0) {
-    fatend = true;
-    return false;
+  ssize_t count = readonce();
+  while (count < 0 && errno == EAGAIN) {
+    errno = fwaiting->untilready(fdescriptor, POLLIN);
+    if (errno == 0) count = readonce();
   }
-  funread -= count;
-  fend += count;
-  return true;
+  if (count < 0) freaderror = errno;
+  fatend = count <= 0;
+  return count > 0;
+}
+
+// Reads what is there. Returns the number of bytes, 0 at the end, -1 with the error code in errno.
+ssize_t tlinereader::readonce() noexcept {
+  ssize_t count;
+  do count = ::read(fdescriptor, fend, static_cast<std::size_t>(fblock.get() + fblocksize - fend));
+  while (count < 0 && errno == EINTR);
+  if (count > funread) {
+    errno = EFBIG;
+    return -1;
+  }
+  if (count > 0) {
+    funread -= count;
+    fend += count;
+  }
+  return count;
 }
 
 // Moves the unread part to the front of the block and reads behind it.
@@ -99,7 +106,7 @@ bool tlinereader::fill() noexcept {
 
 // Returns the next line when the block does not contain its end.
 tlinereader::tline tlinereader::nextbyreading() {
-  for (std::size_t searched = unread(); searched < blocksize && fill(); searched = unread())
+  for (std::size_t searched = unread(); searched < fblocksize && fill(); searched = unread())
     if (char* feed = findfeed(searched)) return takeline(feed);
   char* const line = fbegin;
   const std::size_t length = unread();

@@ -2,12 +2,17 @@
 // very long line is kept, so memory does not depend on the input. What the lines mean is left to the scanner.
 #pragma once
 
+#include <sys/types.h>
+
 #include <algorithm>
 #include <cassert>
 #include <cstddef>
 #include <cstring>
 #include <memory>
 #include <string_view>
+
+#include "base/waiting.h"
+#include "input/bytesread.h"
 
 namespace optcore {
 
@@ -21,8 +26,9 @@ class tlinereader {
   ~tlinereader() { close(); }
 
   // Opens the file and reads its first block. Returns 0, or the system's error code if either fails.
-  // Directories fail, and so do FIFOs that no program opens for writing within some seconds (ETIMEDOUT).
-  int open(std::string_view filename);
+  // Directories fail, and so do FIFOs that no program opens for writing or writes to in time (ETIMEDOUT).
+  // `waiting` must outlive the reading.
+  int open(std::string_view filename, twaiting& waiting);
   void close() noexcept;
 
   // A line in the block. Its characters and the one behind them may be changed. Valid until the next call of
@@ -40,18 +46,24 @@ class tlinereader {
     return feed != nullptr ? takeline(feed) : nextbyreading();
   }
 
+  const tfilestatus& status() const noexcept { return fstatus; }
+  std::int64_t bytesread() const noexcept { return maxfile - funread; }
   // The system's error code if reading failed after the file was opened, otherwise 0. The lines end at the
   // failure.
   int readerror() const noexcept { return freaderror; }
 
  private:
-  static constexpr std::size_t blocksize = 64 * 1024;
+  static constexpr std::size_t largestblock = 64 * 1024;
+  static constexpr std::size_t smallestblock = 4 * 1024;
   // The largest number of bytes in a file; a longer one ends with the error EFBIG. Some devices never end,
   // and the number of a line must fit 32 bits.
   static constexpr std::ptrdiff_t maxfile = 0x7FFFFFFF;
 
-  void begin() noexcept;
+  void askstatus() noexcept;
+  void makeblock();
+  int waitforwriter() noexcept;
   bool readmore() noexcept;
+  ssize_t readonce() noexcept;
   bool fill() noexcept;
   tline nextbyreading();
   void skiprestofline() noexcept;
@@ -75,9 +87,12 @@ class tlinereader {
   }
 
   int fdescriptor = -1;
+  tfilestatus fstatus;
+  twaiting* fwaiting = nullptr;
   int freaderror = 0;
   bool fatend = true;
-  std::ptrdiff_t funread = 0;  // how many bytes may still be read
+  std::ptrdiff_t funread = maxfile;  // how many bytes may still be read
+  std::size_t fblocksize = 0;        // enough for a small file: nine files may be open at once
   std::unique_ptr<char[]> fblock;
   char* fbegin = nullptr;  // the unread part of the block
   char* fend = nullptr;

@@ -30,11 +30,11 @@ tminiparser::tminiparser(tmessagelist& messages, const tcharset& commentset) : f
 
 // ---- sources
 
-std::int32_t tminiparser::fileopen(std::string_view filename) {
+std::int32_t tminiparser::fileopen(std::string_view filename, twaiting& waiting) {
   assert(flinenr == 0 && flineend == nullptr);  // a scanner reads one source
   strassign(fsourcename, filename);
   fkind = tsourcekind::file;
-  return ffile.open(filename);
+  return ffile.open(filename, waiting);
 }
 
 void tminiparser::readfromstr(std::string_view text) {

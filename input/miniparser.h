@@ -31,8 +31,8 @@ class tminiparser final : public tlinesource {
   tminiparser(tmessagelist& messages, const tcharset& commentset);
 
   // ---- sources: exactly one of these functions is called, once; then reading begins with nextline
-  // Returns 0 or the system's error code.
-  std::int32_t fileopen(std::string_view filename);
+  // Returns 0 or the system's error code. `waiting` must outlive the scanner.
+  std::int32_t fileopen(std::string_view filename, twaiting& waiting);
   // Copy the text, which is the only line of the source, and echo it. readfromstr uses at most 255
   // characters.
   void readfromstr(std::string_view text);
@@ -115,6 +115,11 @@ class tminiparser final : public tlinesource {
   std::string_view sourcename() const override { return fsourcename.view(); }
   // The system's error code if reading failed in the middle of a file, otherwise 0.
   std::int32_t readerror() const noexcept { return ffile.readerror(); }
+  // What the system says about the file that was opened, and how much of it was read.
+  const tfilestatus& filestatus() const noexcept { return ffile.status(); }
+  std::int64_t bytesread() const noexcept { return ffile.bytesread(); }
+  // The length of a text in memory.
+  std::size_t textlength() const noexcept { return ftextlength; }
 
  private:
   // The classes of characters, as bits: one test covers several classes.

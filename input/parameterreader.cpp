@@ -35,24 +35,45 @@ class tnesting {
 // ---- sources
 
 std::int32_t tvksoptions::optreadparameterfile(std::string_view filename) {
-  return tparameterreading(*this).readfile(filename);
+  tparameterreading reading(*this);
+  const std::int32_t code = reading.readfile(filename);
+  return code != 0 ? code : reading.unreported();
 }
 void tvksoptions::optreadfromstr(std::string_view text) { tparameterreading(*this).readstring(text); }
 void tvksoptions::optreadfrompchar(const char* text) { tparameterreading(*this).readpchar(text); }
 
 std::int32_t tparameterreading::readfile(std::string_view filename) {
+  if (fbytes.hasrefused()) return refuse(filename);
   tminiparser scanner(fstore.messages(), fstore.definition().eolcommset());
-  if (const std::int32_t code = scanner.fileopen(filename); code != 0) {
+  if (const std::int32_t code = scanner.fileopen(filename, fwaiting); code != 0) {
     fileproblem("Cannot open parameter file ", filename, code);
     return code;
   }
+  if (!fbytes.admits(scanner.filestatus())) return refuse(filename);
   const tactivesource active(fstore.messages(), scanner);
   fstore.messages().addmessage(tmsgkind::fileenter, filename);
   parsefile(scanner);
-  if (const std::int32_t code = scanner.readerror(); code != 0)
+  fbytes.wasread(scanner.filestatus(), scanner.bytesread());
+  if (const std::int32_t code = scanner.readerror(); code != 0) {
+    if (funreported == 0 && !fstore.messages().hasroom()) funreported = code;
     fileproblem("Cannot read parameter file ", filename, code);
+  }
   fstore.messages().addmessage(tmsgkind::fileleave, filename);
   return 0;
+}
+
+// From the first refusal on, no file is opened: a text can name very many.
+std::int32_t tparameterreading::refuse(std::string_view filename) {
+  fstore.messages().addmessage(tmsgkind::usererror,
+                               concat("Too many bytes read again; file ", quoted(filename), " ignored"));
+  return 0;
+}
+
+void tparameterreading::showhelp(std::string_view request) {
+  if (fhelp > mosthelp)
+    fstore.messages().addmessage(tmsgkind::usererror, "Too much help requested; request ignored");
+  else
+    fhelp += fstore.optshowhelp(request);
 }
 
 void tparameterreading::readstring(std::string_view text) {
@@ -69,6 +90,7 @@ void tparameterreading::readpchar(const char* text) {
 
 void tparameterreading::readtext(tminiparser& scanner) {
   const tactivesource active(fstore.messages(), scanner);
+  fbytes.addtext(scanner.textlength());
   fstore.messages().addmessage(tmsgkind::fileenter, scanner.sourcename());
   parse(scanner);
   fstore.messages().addmessage(tmsgkind::fileleave, scanner.sourcename());
@@ -215,7 +237,7 @@ void tparameterreader::immediate(const timmediateoption& option) {
   std::string_view text;
   if (!fscanner.nexttoken(text)) {
     if (option.immkind() == timmkind::help)
-      fstore.optshowhelp({});
+      freading.showhelp({});
     else
       error(concat("Value expected for immediate option ", quoted(fkey)), {fkey, &option});
     return;
@@ -225,7 +247,7 @@ void tparameterreader::immediate(const timmediateoption& option) {
     case timmkind::readfile: freading.readfile(text); break;
     case timmkind::message: error(text, {fkey, &option, text}); break;
     case timmkind::nobounds: fstore.optnoboundsset(checkboolean(text) != tbooleanword::no); break;
-    case timmkind::help: fstore.optshowhelp(text); break;
+    case timmkind::help: freading.showhelp(text); break;
   }
 }
 

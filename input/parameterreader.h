@@ -21,13 +21,15 @@
 #include <optional>
 #include <string_view>
 
+#include "input/bytesread.h"
 #include "input/miniparser.h"
 #include "options/vksoptions.h"
 
 namespace optcore {
 
 // One call that reads parameter text: a file or a text, and all files that it includes. It limits how deep
-// they nest and how many are read.
+// they nest, how many are read, how much is read again, how long they are waited for, and how much help they
+// ask for.
 class tparameterreading {
  public:
   // The store must outlive the reading.
@@ -40,16 +42,30 @@ class tparameterreading {
   // Reads at most 255 characters.
   void readstring(std::string_view text);
   void readpchar(const char* text);
+  // Answers a request for help in the text that is read.
+  void showhelp(std::string_view request);
+
+  // The system's error code of the first file that could not be read to its end without a message, because
+  // the list of messages was full; 0 if there is none.
+  std::int32_t unreported() const noexcept { return funreported; }
 
  private:
+  // Once help has put out more than this, further requests are refused.
+  static constexpr std::int64_t mosthelp = 1024 * 1024;
+
+  std::int32_t refuse(std::string_view filename);
   void readtext(tminiparser& scanner);
   void parsefile(tminiparser& scanner);
   void parse(tminiparser& scanner);
   void fileproblem(std::string_view problem, std::string_view filename, std::int32_t code);
 
   tvksoptions& fstore;
+  twaiting fwaiting;
+  tbytesread fbytes;
+  std::int64_t fhelp = 0;       // how much help was put out, see thelplisting::putout
   std::int32_t fnestlevel = 0;  // how deep the open files nest
   std::int32_t ffilesread = 0;  // how many files this call has read
+  std::int32_t funreported = 0;
 };
 
 class tparameterreader {

@@ -108,6 +108,12 @@ class tdefinition {
   std::string_view dotname() const noexcept { return fdotname.view(); }
   void setdotname(std::string_view keyword) { strassign(fdotname, keyword); }
 
+  // ---- string lists
+  // Before this position no list of the kind has texts. So emptying all lists takes linear time.
+  std::int32_t& emptyupto(bool dashed) noexcept { return femptyupto[dashed ? 1 : 0]; }
+  // A list was given a text.
+  void listfilled() noexcept { femptyupto[0] = femptyupto[1] = 0; }
+
   // Where options and their items are made, and their texts stored.
   tarena& arena() noexcept { return farena; }
   tstoredtext stored(std::string_view text) { return farena.text(text); }
@@ -127,6 +133,7 @@ class tdefinition {
   heapstring fdotname;
   tcharset feolcommset;
   std::int32_t fearlyend = 0;
+  std::int32_t femptyupto[2] = {0, 0};
   tlookupmode flookupmode = tlookupmode::normal;
 };
 

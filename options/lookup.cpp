@@ -55,7 +55,8 @@ void tsignificantkey::addminos(std::string_view name) noexcept {
 std::int32_t tlookup::findsignificant(tlookupmode mode, std::string_view name) const {
   tnameindex& index = mode == tlookupmode::path ? fpathindex : fminosindex;
   const auto keyat = [this, mode](std::int32_t i) { return tsignificantkey(mode, foptions.getname(i)); };
-  return index.find(foptions.count(), tsignificantkey(mode, name), keyat);
+  const tsignificantkey sought(mode, name);
+  return sought.matchable() ? index.find(foptions.count(), sought, keyat) : -1;
 }
 
 }  // namespace optcore

@@ -20,15 +20,17 @@ namespace optcore {
 class toption;
 
 // The characters of a name that count in mode Path or Minos. Two names match exactly when their keys are
-// equal.
+// equal and matchable.
 class tsignificantkey {
  public:
   tsignificantkey(tlookupmode mode, std::string_view name) noexcept;
   std::uint32_t hash() const noexcept { return struhash(view()); }
-  // In mode Path, a name with too short a word matches no name, not even itself.
   bool operator==(const tsignificantkey& other) const noexcept {
-    return fmatchable && other.fmatchable && view() == other.view();
+    return fmatchable == other.fmatchable && view() == other.view();
   }
+  // False for a name with too short a word in mode Path: it matches no name, not even itself. The keys of
+  // such names are equal nevertheless, so that an index has one entry for a name that comes many times.
+  bool matchable() const noexcept { return fmatchable; }
 
  private:
   std::string_view view() const noexcept { return {fcharacters.data(), flength}; }

@@ -14,8 +14,8 @@ void toption::setdefined(std::int32_t bits) {
     fdefinedr = 0;
     return;
   }
-  fdefined |= bits;
-  if (fowner->optrecentenabled()) fdefinedr |= bits;
+  addbits(fdefined, bits);
+  if (fowner->optrecentenabled()) addbits(fdefinedr, bits);
   fowner->notifyassigned(*this, bits);
 }
 
@@ -230,7 +230,9 @@ void toption::setasstring2(std::string_view text) {
 }
 
 void tstrlistoption::setasstring(std::string_view text) {
+  fitems.startsmall(3);
   fitems.add(text);
+  owner().definition().listfilled();
   setdefined(firstvaluebit);
 }
 

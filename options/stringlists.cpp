@@ -37,20 +37,26 @@ std::int32_t getfromlist(toption* option, ttextout& text) {
   return list != nullptr ? 0 : notalist(option);
 }
 
-// The name is written only once: a longer name written before it would leave its end after the text in the
-// buffer.
 bool getfromanylist(tdefinition& definition, std::int32_t flag, ttextout& name, ttextout& text) {
-  tstrlistoption* last = nullptr;
-  bool found = false;
-  for (std::int32_t i = 0; i < definition.getcount() && !found; ++i) {
+  const bool dashed = flag != 0;
+  const auto filledlist = [&definition](std::int32_t i) {
     auto* list = ifis<tstrlistoption>(&definition.option(i));
-    if (list == nullptr || list->itemcount() == 0) continue;
-    last = list;
-    found = (list->name().substr(0, 2) == "--") == (flag != 0);
+    return list != nullptr && list->itemcount() > 0 ? list : nullptr;
+  };
+  for (std::int32_t& i = definition.emptyupto(dashed); i < definition.getcount(); ++i) {
+    tstrlistoption* list = filledlist(i);
+    if (list == nullptr || (list->name().substr(0, 2) == "--") != dashed) continue;
+    name.set(list->name());
+    text.set(list->takefirst());
+    return true;
   }
-  if (last != nullptr) name.set(last->name());
-  if (found) text.set(last->takefirst());
-  return found;
+  for (std::int32_t i = definition.getcount() - 1; i >= 0; --i) {
+    const tstrlistoption* list = filledlist(i);
+    if (list == nullptr) continue;
+    name.set(list->name());
+    break;
+  }
+  return false;
 }
 
 }  // namespace optcore

@@ -15,9 +15,9 @@ toption::toption(tvksoptions& owner, const toptionhead& head, topttype opttype)
 
 toption::toption(tvksoptions& owner, const toptionhead& head, topttype opttype, tstoredtext name)
     : toptionx(head.helpflag, owner.definition().stored(head.helptext)),
+      fgroupnr(head.groupnr),
       fowner(&owner),
       fname(name),
-      fgroupnr(head.groupnr),
       frefnr(head.refnr),
       fopttype(opttype) {}
 
@@ -25,10 +25,20 @@ tstoredtext toption::stored(std::string_view text) const { return fowner->defini
 
 shortstring toption::getname() const { return fowner->definition().nounderscore(name()); }
 
+toption::trare& toption::rare() {
+  if (frare == nullptr) frare = std::make_unique<trare>();
+  return *frare;
+}
+
 void toption::setdeprecated(tdeprecation kind, std::string_view text) {
   const bool ownname = kind == tdeprecation::deprecated || kind == tdeprecation::obsolete;
-  (ownname ? fdeprecatedmsg : fdeprecatedmsg2) = stored(text);
+  (ownname ? rare().deprecatedmsg : rare().deprecatedmsg2) = stored(text);
   fdeprecation |= deprecationbit(kind);
+}
+
+void toption::addbigtext(std::string_view line) {
+  rare().bigtext.startsmall(3);
+  rare().bigtext.add(line);
 }
 
 // ---- reset
@@ -70,12 +80,24 @@ void tmacrooption::reset() {
 // ---- items
 
 void tenumstroption::additem(std::string_view value, std::int32_t helpflag, std::string_view helptext) {
+  fitems.startsmall(4);
   fitems.addstored(stored(value),
                    owner().definition().arena().make<tenumstritem>(helpflag, stored(helptext)));
 }
 
 void tenumintoption::additem(std::int32_t value, std::int32_t helpflag, std::string_view helptext) {
+  fitems.startsmall(3);
   fitems.add(owner().definition().arena().make<tlistoptionx>(value, helpflag, stored(helptext)));
+}
+
+void tmultilistoption::additem(std::int32_t index) {
+  fitems.startsmall(6);
+  fitems.add(index);
+}
+
+void tmacrooption::additem(toption* option) {
+  fitems.startsmall(3);
+  fitems.add(option);
 }
 
 bool tenumintoption::hasitem(std::int32_t value) const {

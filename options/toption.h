@@ -5,6 +5,7 @@
 
 #include <cassert>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string_view>
 
@@ -70,14 +71,20 @@ class toption : public toptionx, public tinarena {
   void setdefined(std::int32_t bits);
   void clearrecent() noexcept { fdefinedr = 0; }
   void clearoutofbounds() noexcept { foutofbounds = 0; }
-  void addoutofbounds(std::int32_t bits) noexcept { foutofbounds |= bits; }
+  void addoutofbounds(std::int32_t bits) noexcept { addbits(foutofbounds, bits); }
 
   void setdeprecated(tdeprecation kind, std::string_view text);
   bool hasdeprecation() const noexcept { return fdeprecation != 0; }
   bool hasdeprecation(tdeprecation kind) const noexcept { return (fdeprecation & deprecationbit(kind)) != 0; }
   // The texts of the deprecation marks, for the option's own name and for its synonyms.
-  std::string_view deprecatedmsg() const noexcept { return fdeprecatedmsg.view(); }
-  std::string_view deprecatedmsg2() const noexcept { return fdeprecatedmsg2.view(); }
+  std::string_view deprecatedmsg() const noexcept { return frare ? frare->deprecatedmsg.view() : ""; }
+  std::string_view deprecatedmsg2() const noexcept { return frare ? frare->deprecatedmsg2.view() : ""; }
+
+  // The lines of the long help text; null when there are none.
+  const txstrings* bigtext() const noexcept {
+    return frare && frare->bigtext.count() > 0 ? &frare->bigtext : nullptr;
+  }
+  void addbigtext(std::string_view line);
 
   // Marks all values as not set. A string list also loses its texts and a multilist its members; a macro also
   // resets its members.
@@ -109,17 +116,26 @@ class toption : public toptionx, public tinarena {
   static constexpr std::uint8_t deprecationbit(tdeprecation kind) {
     return static_cast<std::uint8_t>(1U << ordinal(kind));
   }
+  static void addbits(std::uint8_t& mask, std::int32_t bits) noexcept {
+    mask = static_cast<std::uint8_t>(mask | bits);
+  }
   void setvaluefromtext(twhich which, std::string_view text);
 
+  // What few options have. It is kept apart, because a file may make millions of options.
+  struct trare {
+    tstoredtext deprecatedmsg, deprecatedmsg2;
+    txstrings bigtext;
+  };
+  trare& rare();
+
+  std::int32_t fgroupnr;
   tvksoptions* fowner;
   tstoredtext fname;
-  tstoredtext fdeprecatedmsg;
-  tstoredtext fdeprecatedmsg2;
-  std::int32_t fgroupnr;
+  std::unique_ptr<trare> frare;
   std::int32_t frefnr;
-  std::int32_t fdefined = 0;
-  std::int32_t fdefinedr = 0;
-  std::int32_t foutofbounds = 0;
+  std::uint8_t fdefined = 0;
+  std::uint8_t fdefinedr = 0;
+  std::uint8_t foutofbounds = 0;
   topttype fopttype;
   tsubtype fsubtype = tsubtype::required;
   std::uint8_t fdeprecation = 0;
@@ -281,7 +297,7 @@ class tmultilistoption final : public toption {
   // The members as positions in the option list, counted from 0; -1 for a member that was not defined when
   // its name was read.
   const txlist<std::int32_t>& items() const noexcept { return fitems; }
-  void additem(std::int32_t index) { fitems.add(index); }
+  void additem(std::int32_t index);
   void setasstring(std::string_view text);
   void reset() override;
 
@@ -307,10 +323,10 @@ class tstrlistoption final : public toption {
   void reset() override;
 
  private:
-  txstrings fitems;
   // The number of texts at the front of fitems that were taken. They are removed many at a time, so taking
   // all texts needs linear time.
   std::int32_t ftaken = 0;
+  txstrings fitems;
 };
 
 // Passes its text to each of a list of options.
@@ -320,7 +336,7 @@ class tmacrooption final : public toption {
   tmacrooption(tvksoptions& owner, const toptionhead& head) : toption(owner, head, type) {}
   // The members, which the option list owns.
   const txlist<toption*>& items() const noexcept { return fitems; }
-  void additem(toption* option) { fitems.add(option); }
+  void additem(toption* option);
   void setasstring(std::string_view text);
   void reset() override;
 

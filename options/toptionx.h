@@ -1,9 +1,8 @@
-// The base class of everything that has help texts, and two kinds of classes that derive from it: groups and
+// The base class of everything that has a help text, and two kinds of classes that derive from it: groups and
 // enumeration items. The options are in toption.h.
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string_view>
 
 #include "base/arena.h"
@@ -13,7 +12,7 @@ namespace optcore {
 
 class toptionx {
  public:
-  toptionx(std::int32_t helpflag, tstoredtext helptext) : fhelpflag(helpflag), fhelptext(helptext) {}
+  toptionx(std::int32_t helpflag, tstoredtext helptext) : fhelptext(helptext), fhelpflag(helpflag) {}
   toptionx(const toptionx&) = delete;
   toptionx& operator=(const toptionx&) = delete;
   virtual ~toptionx() = default;
@@ -23,17 +22,10 @@ class toptionx {
   bool islisted() const noexcept { return fhelpflag > 0; }
   std::string_view helptext() const noexcept { return fhelptext.view(); }
 
-  // The lines of the long help text; null when there are none.
-  const txstrings* bigtext() const noexcept { return fbigtext.get(); }
-  void addbigtext(std::string_view line) {
-    if (fbigtext == nullptr) fbigtext = std::make_unique<txstrings>();
-    fbigtext->add(line);
-  }
-
  private:
-  std::int32_t fhelpflag;
+  // In this order, the 32 bits that a derived class adds lie beside the flag. There may be millions of items.
   tstoredtext fhelptext;
-  std::unique_ptr<txstrings> fbigtext;
+  std::int32_t fhelpflag;
 };
 
 // A group of options.

@@ -46,7 +46,8 @@ class tvksoptions : public toptionx {
   void optreadfromstr(std::string_view text);
   void optreadfrompchar(const char* text);
   std::int32_t optwriteparameterfile(std::string_view filename);
-  void optshowhelp(std::string_view hlpmsg);
+  // Returns how much was put out, see thelplisting::putout.
+  std::int64_t optshowhelp(std::string_view hlpmsg);
 
   // ---- messages
   void optaddmessage(std::string_view text) { fmessages.addmessage(tmsgkind::usererror, text); }

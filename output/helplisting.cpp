@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <iterator>
 #include <string>
 
 #include "base/heldsignals.h"
@@ -31,7 +32,7 @@ int print(std::string_view text) noexcept {
   const theldsignals held;
   if (std::fflush(stdout) == 0) {
     const int descriptor = ::fileno(stdout);
-    if (descriptor >= 0) return writeall(descriptor, text);
+    if (descriptor >= 0) return writeall(descriptor, text, nullptr);
     // a stream in memory, which the host put in its place
     if (std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0) return 0;
   }
@@ -42,7 +43,11 @@ int print(std::string_view text) noexcept {
 
 }  // namespace
 
-void tvksoptions::optshowhelp(std::string_view hlpmsg) { thelplisting(fdefinition, fmessages).show(hlpmsg); }
+std::int64_t tvksoptions::optshowhelp(std::string_view hlpmsg) {
+  thelplisting listing(fdefinition, fmessages);
+  listing.show(hlpmsg);
+  return listing.putout();
+}
 
 std::int32_t tmysortstringlist::compare(std::int32_t i, std::int32_t j) const {
   return strucmpnum(getname(i), getname(j));
@@ -76,6 +81,7 @@ bool thelplisting::showoption(std::string_view request, std::string_view name) {
 }
 
 void thelplisting::collectnames() {
+  fputout += fdefinition.getcount() + fdefinition.synonyms().count() + fdefinition.groups().count();
   for (std::int32_t i = 0; i < fdefinition.getcount(); ++i) {
     const toption* option = fdefinition.getobjects(i);
     if (belongsinlisting(*option)) fnames.addobject(option->name(), {option, false});
@@ -98,6 +104,7 @@ void thelplisting::addbuf(std::string_view piece) {
     fbuffer.append(piece);
   } else if (!fbuffer.empty()) {
     fmessages.addmessage(tmsgkind::help, fbuffer);
+    fputout += std::ssize(fbuffer.view());
     fbuffer.clear();
   }
 }
@@ -231,13 +238,14 @@ void thelplisting::addbigtext(const toption& option) {
 // ---- debugging
 
 // The only output of the library to the standard output of the process, and only on request.
-void thelplisting::tostandardoutput() const {
+void thelplisting::tostandardoutput() {
   std::string text = "\n";
   for (std::int32_t i = 0; i < fnames.count(); ++i) {
     text.append(fnames.getname(i)).append(" ");
     if (fnames.getobject(i).issynonym) text.append("*****Nil = Syn");
     text.append("\n");
   }
+  fputout += std::ssize(text);
   if (const int error = print(text); error != 0) {
     fmessages.addmessage(tmsgkind::usererror, "Cannot write help to standard output");
     fmessages.addexplanation(tmsgkind::usererror, concat("   ", errorcodetext(error).view()));

@@ -33,6 +33,9 @@ class thelplisting {
   // Files the help for a request: the name of an option, or a number whose bits choose the parts of the
   // listing. Any other request gives the summary.
   void show(std::string_view request);
+  // The bytes of all lines, also of those that a full list of messages drops, and one byte for each name that
+  // was looked at.
+  std::int64_t putout() const noexcept { return fputout; }
 
  private:
   // Parts of the listing, as bits of a request that is a number.
@@ -49,7 +52,7 @@ class thelplisting {
   void summarygroup(const tgroupobj& group, bool withmarks);
   void summaryline(std::int32_t index, bool withmarks);
   void alphabetical();
-  void tostandardoutput() const;
+  void tostandardoutput();
 
   // ---- the description of one option
   void describe(const toption& option);
@@ -74,6 +77,7 @@ class thelplisting {
   std::unordered_map<std::int32_t, std::vector<std::int32_t>>
       fgroupnames;  // for each group number the positions in fnames, in order
   shortstring fbuffer;
+  std::int64_t fputout = 0;
 };
 
 }  // namespace optcore

@@ -19,8 +19,7 @@ std::int32_t ttextfile::open(std::string_view filename) {
   const std::string name(filename);
   if (name.find('\0') != std::string::npos)
     return ferror = ENOENT;  // the system would ignore the rest of the name
-  do fdescriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  while (fdescriptor < 0 && errno == EINTR);
+  fdescriptor = fwaiting.open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC);
   ferror = fdescriptor < 0 ? errno : 0;
   if (ferror != 0) return ferror;
   fnext = fblock.get();
@@ -41,7 +40,7 @@ void ttextfile::putinparts(std::string_view text) noexcept {
 }
 
 void ttextfile::flush() noexcept {
-  if (ferror == 0) ferror = writeall(fdescriptor, {fblock.get(), fnext});
+  if (ferror == 0) ferror = writeall(fdescriptor, {fblock.get(), fnext}, &fwaiting);
   fnext = fblock.get();
 }
 

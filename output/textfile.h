@@ -8,6 +8,8 @@
 #include <memory>
 #include <string_view>
 
+#include "base/waiting.h"
+
 namespace optcore {
 
 class ttextfile {
@@ -17,8 +19,8 @@ class ttextfile {
   ttextfile& operator=(const ttextfile&) = delete;
   ~ttextfile() { close(); }
 
-  // Creates or truncates the file. Returns 0 or the system's error code. Without an open file, writing does
-  // nothing.
+  // Creates or truncates the file. Returns 0 or the system's error code, ETIMEDOUT for a FIFO that no program
+  // opens for reading in time. Without an open file, writing does nothing.
   std::int32_t open(std::string_view filename);
   // Writes the texts one after the other.
   template <class... ttexts>
@@ -44,6 +46,7 @@ class ttextfile {
   void putinparts(std::string_view text) noexcept;
   void flush() noexcept;
 
+  twaiting fwaiting;
   int fdescriptor = -1;
   std::int32_t ferror = 0;
   std::unique_ptr<char[]> fblock;

@@ -137,20 +137,23 @@ function xCreate(var handle: tvksoptions): tvksoptions; cdecl; external wexcorin
 { Frees the handle with everything in it, and sets it to nil. Does nothing when it is nil. }
 procedure xFree(var handle: tvksoptions); cdecl; external wexcorinlibrary name 'xfree';
 
-{ ---- Reading }
+{ ---- Reading. When a file cannot be read to its end, two messages report it. When the list of messages is
+  full and cannot hold them, the call that reads the file returns the error code of the operating system
+  instead. optReadFromStr and optReadFromPChar have no result: call optClearMessages first. }
 
 { Reads a definition file, given by its path. Call it once, before all other reading. Option 1 is then the
-  predefined immediate option "Help". The result is 0 when the file could be opened, whatever it holds.
-  Otherwise it is the error code of the operating system, and two messages are filed. Each mistake in the file
-  is reported as a message. }
+  predefined immediate option "Help". The result is 0 when the file could be opened, whatever it holds, but
+  see above. Otherwise it is the error code of the operating system, and two messages are filed. Each mistake
+  in the file is reported as a message. }
 function optReadDefinition(handle: tvksoptions; constref filename: ShortString): LongInt;
   cdecl; external wexcorinlibrary name 'optreaddefinition';
 
 { Reads an option file, given by its path. An immediate option may read further files. At most nine files may
-  be open within each other and 10,000 may be read in one call, this file included. The result is 0 when the
-  file could be opened. Otherwise it is the error code of the operating system, and two messages are filed. An
-  error or warning about a line of the file has the number of the line before its text; the messages of a file
-  stand between two that name the file. }
+  be open within each other and 10,000 may be read in one call, this file included; what is read again, and
+  help, are bounded as well. The result is 0 when the file could be opened, but see above. Otherwise it is
+  the error code of the operating system, and two messages are filed. An error or warning about a line of the
+  file has the number of the line before its text; the messages of a file stand between two that name the
+  file. }
 function optReadParameterFile(handle: tvksoptions; constref filename: ShortString): LongInt;
   cdecl; external wexcorinlibrary name 'optreadparameterfile';
 
@@ -173,7 +176,8 @@ function optReadFromListStr(handle: tvksoptions; constref name: ShortString; ind
 { Writes the settings as an option file that can be read again. filename is its path; an existing file is
   replaced. The result is 0 when the file could be opened. Otherwise it is the error code of the operating
   system, and two messages are filed. The same messages are filed, with result 0, when the file could not be
-  written to its end. }
+  written to its end. A full list of messages cannot hold them, and optErrorCount does not change then: to
+  learn of such an error in any case, call optClearMessages before writing. }
 function optWriteParameterFile(handle: tvksoptions; constref filename: ShortString): LongInt;
   cdecl; external wexcorinlibrary name 'optwriteparameterfile';
 
@@ -185,7 +189,8 @@ function optWriteParameterFile(handle: tvksoptions; constref filename: ShortStri
 procedure optShowHelp(handle: tvksoptions; constref request: ShortString);
   cdecl; external wexcorinlibrary name 'optshowhelp';
 
-{ ---- Messages. The list holds 5000, and one that reports the limit; only optClearMessages empties it. }
+{ ---- Messages. The list holds 5000, one that reports the limit, and any number of echoed lines; only
+  optClearMessages empties it. }
 
 { Files a message of kind optMsgUserError with this text. }
 procedure optAddMessage(handle: tvksoptions; constref text: ShortString);
@@ -469,7 +474,8 @@ function optGetVarIndicatorNr(handle: tvksoptions; number, index: LongInt; var e
 
 { ---- Flags. 0 switches a flag off, any other number switches it on. }
 
-{ Switches echo: each line that is read is filed as messages of kind optMsgInputEcho. Off at first. }
+{ Switches echo: each line that is read is filed as messages of kind optMsgInputEcho, without a limit. Off at
+  first. }
 procedure optEchoSet(handle: tvksoptions; flag: LongInt); cdecl; external wexcorinlibrary name 'optechoset';
 
 { Switches the tolerance of values out of bounds: such values, and values that are not among the items of an

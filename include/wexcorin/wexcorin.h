@@ -54,8 +54,10 @@
  *     thread-safe.
  *
  * 12. Out of memory. The call fails and the handle stays usable. The result is then a null handle, ENOMEM for
- *     a function that returns an error code of the operating system, and otherwise 0. The message "Out of
- *     memory" is filed as soon as there is memory for it; it counts as an error at once.
+ *     a function that returns an error code of the operating system, -1 for optlookup and optgetgroupgrpnr,
+ *     and otherwise 0; outputs may be unchanged. A query can fail, too, because a long list of names needs an
+ *     index. The message "Out of memory" is filed as soon as there is memory for it; it counts as an error at
+ *     once.
  *
  * 13. Numbers. They are read and written with a decimal point, whatever the locale of the process is. The
  *     floating-point settings of the calling thread do not matter either, such as traps, rounding and the
@@ -171,30 +173,37 @@ WEXCORIN_API void xfree(tvksoptions** handle);
 /* --------------------------------------------------------------------------
  * Reading
  *
- * A file is given by its path; pipes and devices are read like files. A FIFO that no program opens for
- * writing within five seconds counts as a file that cannot be opened (ETIMEDOUT). When a file cannot be read
- * to its end, two messages report it, of which the first begins with "Cannot read"; what was read before
- * takes effect. The same holds for a file of more than 2 GiB (EFBIG).
+ * A file is given by its path; pipes and devices are read like files. One call waits for pipes, FIFOs and
+ * terminals for 60 seconds at most, whatever number of files it opens; 5 of these seconds are for programs
+ * that open the other end of a FIFO. After that, a file without data cannot be opened or not be read to its
+ * end (ETIMEDOUT). When a file cannot be read to its end, two messages report it, of which the first begins
+ * with "Cannot read"; what was read before takes effect. The same holds for a file of 2 GiB or more (EFBIG).
+ * When the list of messages is full and cannot hold these messages, the call that reads the file returns the
+ * error code instead, also when the file was read by another file. optreadfromstr and optreadfrompchar have
+ * no result: call optclearmessages first.
  */
 
 /* Reads a definition file: options, groups, synonyms and the other parts of a solver's description. Call it
  * once, before all other reading; a further call adds to what is there. Option 1 of a new handle is then the
  * predefined immediate option "Help". filename is the path of the file. The result is 0 when the file could
- * be opened, whatever it holds. Otherwise it is the error code of the operating system, and two messages are
- * filed. Each mistake in the file is reported as a message of kind optMsgDefineError and does not stop the
- * reading. A line ends the definition without a message when it begins neither with a letter nor with "." and
- * does not continue a definition that can be continued. So does a continuation line without a word below an
- * enumstr or macro option. */
+ * be opened, whatever it holds, but see above. Otherwise it is the error code of the operating system, and
+ * two messages are filed. Each mistake in the file is reported as a message of kind optMsgDefineError and
+ * does not stop the reading. A line ends the definition without a message when it begins neither with a
+ * letter nor with "." and does not continue a definition that can be continued. So does a continuation line
+ * without a word below an enumstr or macro option. */
 WEXCORIN_API int32_t optreaddefinition(tvksoptions* handle, const optshortstring* filename);
 WEXCORIN_API int32_t coptreaddefinition(tvksoptions* handle, const char* filename);
 
-/* Reads an option file: sets options, collects dot entries and indicators, and carries out immediate options.
- * An immediate option may read further files. At most nine files may be open within each other and 10,000 may
- * be read in one call, this file included. filename is the path of the file. The result is 0 when the file
- * could be opened. Otherwise it is the error code of the operating system, and two messages of kind
- * optMsgUserError are filed. An error or warning about a line of the file has "line " and the number of the
- * line before its text. The messages of a file stand between a message of kind optMsgFileEnter and one of
- * kind optMsgFileLeave, which name the file; both are left out when there is no message between them. */
+/* Reads an option file: sets options, collects dot entries and indicators, and carries out immediate
+ * options. An immediate option may read further files. At most nine files may be open within each other and
+ * 10,000 may be read in one call, this file included. Files that were read before are read again for at most
+ * five times the bytes that the call reads at all, or 32 KiB, and requests for help are answered until they
+ * have put out 1 MiB; further ones are refused with a message of kind optMsgUserError. filename is the path
+ * of the file. The result is 0 when the file could be opened, but see above. Otherwise it is the error code
+ * of the operating system, and two messages of kind optMsgUserError are filed. An error or warning about a
+ * line of the file has "line " and the number of the line before its text. The messages of a file stand
+ * between a message of kind optMsgFileEnter and one of kind optMsgFileLeave, which name the file; both are
+ * left out when there is no message between them. */
 WEXCORIN_API int32_t optreadparameterfile(tvksoptions* handle, const optshortstring* filename);
 WEXCORIN_API int32_t coptreadparameterfile(tvksoptions* handle, const char* filename);
 
@@ -223,7 +232,10 @@ WEXCORIN_API int32_t coptreadfromliststr(tvksoptions* handle, const char* name, 
  * not 0, in the order of the definition, then the dot entries and the indicators. filename is the path of the
  * file; an existing file is replaced. The result is 0 when the file could be opened. Otherwise it is the
  * error code of the operating system, and two messages of kind optMsgUserError are filed. The same messages
- * are filed, with result 0, when the file could be opened but not written to its end. */
+ * are filed, with result 0, when the file could be opened but not written to its end. A full list of messages
+ * cannot hold them, and opterrorcount does not change then: to learn of such an error in any case, call
+ * optclearmessages before writing, or make sure that optmessagecount is below 5000. A FIFO is waited for as in
+ * reading: 5 seconds for a program that reads it, and 60 seconds in all (ETIMEDOUT). */
 WEXCORIN_API int32_t optwriteparameterfile(tvksoptions* handle, const optshortstring* filename);
 WEXCORIN_API int32_t coptwriteparameterfile(tvksoptions* handle, const char* filename);
 
@@ -244,7 +256,8 @@ WEXCORIN_API void coptshowhelp(tvksoptions* handle, const char* request);
  *
  * Each handle has one list of messages, which only optclearmessages empties. The list holds 5000 messages.
  * After these, one message of kind optMsgTooManyMsgs is added, and all further messages are dropped except
- * echoed lines.
+ * echoed lines, which are always added. When an echoed line is the first one after 5000 messages,
+ * optMsgTooManyMsgs is not added.
  */
 
 /* Files a message of kind optMsgUserError with this text. */
@@ -554,7 +567,8 @@ WEXCORIN_API int32_t coptgetfromliststr(tvksoptions* handle, const char* name, c
  * option into name. When dashed is 0 only options whose name does not begin with "--" are searched, otherwise
  * only those whose name does. The result is 1 for success and 0 when no such list holds a string: value is
  * then untouched, and name is the last strlist option that holds strings at all, or untouched when there is
- * none. The time of a call grows with the number of options before the list. */
+ * none. Emptying all lists takes time that grows with their number; a list that is given a string in between
+ * makes the next call search all options once. */
 WEXCORIN_API int32_t optgetfromanystrlist(tvksoptions* handle, int32_t dashed, optshortstring* name,
                                           optshortstring* value);
 WEXCORIN_API int32_t coptgetfromanystrlist(tvksoptions* handle, int32_t dashed, char* name, char* value);
@@ -606,7 +620,8 @@ WEXCORIN_API int32_t coptgetvarindicatornr(tvksoptions* handle, int32_t number, 
  * 0 switches a flag off, any other number switches it on.
  */
 
-/* Switches echo: each line that is read is filed as messages of kind optMsgInputEcho. Off at first. */
+/* Switches echo: each line that is read is filed as messages of kind optMsgInputEcho, without a limit. Off at
+ * first. */
 WEXCORIN_API void optechoset(tvksoptions* handle, int32_t flag);
 
 /* Switches the tolerance of values out of bounds: such values, and values that are not among the items of an

@@ -197,8 +197,8 @@ class options {
                                " of libwexcorin.");
     if (xcreate(&fhandle) == nullptr) throw std::bad_alloc();
   }
-  // Also reads a definition file. Throws std::system_error when it cannot be opened. Mistakes in the file
-  // throw nothing: see errorcount() and messages().
+  // Also reads a definition file. Throws std::system_error when readdefinition returns an error code.
+  // Mistakes in the file throw nothing: see errorcount() and messages().
   explicit options(std::string_view definitionfile) : options() {
     const std::int32_t code = readdefinition(definitionfile);
     if (code != 0) throw std::system_error(code, std::generic_category(), std::string(definitionfile));
@@ -218,7 +218,8 @@ class options {
   // object.
   tvksoptions* get() const noexcept { return fhandle; }
 
-  // ---- reading and writing; the result is 0 or the error code of the operating system
+  // ---- reading and writing; the result is 0 or the error code of the operating system. For a file that could
+  // be opened but not read to its end it is 0, unless the list of messages is too full to report it.
   std::int32_t readdefinition(std::string_view file) {
     return optreaddefinition(fhandle, detail::textin(file));
   }
@@ -226,7 +227,7 @@ class options {
     return optreadparameterfile(fhandle, detail::textin(file));
   }
   // Returns EIO when the file could be opened but not written to its end; the C function reports that by
-  // messages only. Returns 0 instead once the list of messages is full.
+  // messages only. Returns 0 instead when the list of messages is full: call clearmessages() before.
   std::int32_t writeparameterfile(std::string_view file) {
     const std::int32_t before = errorcount().errors;
     const std::int32_t code = optwriteparameterfile(fhandle, detail::textin(file));

@@ -1,5 +1,5 @@
 // A program that is linked from base/ and options/ alone. This shows that the store neither needs readers,
-// writers and entry points to link nor to work.
+// writers and entry points to link nor to work. With an argument the program prints a hash, see seed.sh.
 #include <cstdio>
 
 #include "options/globals.h"
@@ -7,7 +7,8 @@
 
 using namespace optcore;
 
-int main() {
+int main(int argc, char**) {
+  if (argc > 1) return std::printf("%u\n", struhash("a name")) < 0;
   vksoptionsstart();
   tvksoptions store;
   tdefinition& definition = store.definition();

@@ -7,16 +7,19 @@
 #include <poll.h>
 #include <sys/stat.h>
 #include <sys/types.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdlib>
+#include <fstream>
 #include <new>
 #include <regex>
 #include <thread>
 
+#include "base/nameindex.h"
 #include "support/handle.h"
 
 namespace {
@@ -35,6 +38,8 @@ teffect plannedeffect = teffect::fails;
 int plannednumber = 0;
 int count = 0;
 bool armed = false;
+bool hastened = false;
+int putforward = 0;  // milliseconds
 
 bool isturn(toperation operation) {
   if (!armed || operation != plannedoperation) return false;
@@ -110,12 +115,22 @@ int __wrap_close(int descriptor) {
   return turn ? static_cast<int>(failed(plannedeffect == teffect::fails ? EIO : EINTR)) : result;
 }
 
-// `fails` means that the time is over, `failsforgood` that there is no memory.
+// `failsforgood` means that there is no memory. While time is hastened, waiting in vain takes no time: the
+// clock is put forward instead.
 int __real_poll(pollfd*, nfds_t, int);
 int __wrap_poll(pollfd* requests, nfds_t length, int patience) {
-  if (!isturn(toperation::poll)) return __real_poll(requests, length, patience);
-  if (plannedeffect == teffect::fails) return 0;
-  return static_cast<int>(failed(plannedeffect == teffect::interrupted ? EINTR : ENOMEM));
+  if (isturn(toperation::poll))
+    return static_cast<int>(failed(plannedeffect == teffect::interrupted ? EINTR : ENOMEM));
+  const int result = __real_poll(requests, length, hastened ? 0 : patience);
+  if (hastened && result == 0) putforward += patience;
+  return result;
+}
+
+int __real_clock_gettime(clockid_t, timespec*);
+int __wrap_clock_gettime(clockid_t clock, timespec* time) {
+  const int result = __real_clock_gettime(clock, time);
+  time->tv_sec += putforward / 1000;
+  return result;
 }
 
 }  // extern "C"
@@ -284,54 +299,188 @@ TEST(faults, ateverypoint) {
   }
 }
 
-// The library waits for a FIFO, but not for ever, whatever interrupts the waiting. It waits longer when there
-// is a writer. The writer may come late, write slowly and end in the middle of a line.
-TEST(faults, fifos) {
+// By messages, or by the result when the list of messages is too full for them.
+TEST(faults, afilethatisnotreadtoitsendisreported) {
   const struct {
     int where;
-    int failing;  // the number of the poll call that has the effect
-    teffect effect;
-    bool isopen;                     // for writing, before the reading begins
-    std::string_view before, later;  // written before the reading begins, and while it waits
+    decltype(&coptreadparameterfile) read;
+    const char* file;
+    int failing;   // the number of the read
+    int messages;  // that are filed before; a file that is entered adds one
     int result;
-    const char* value;
   } rows[] = {
-      {__LINE__, 1, teffect::fails, false, "", "", ETIMEDOUT, "none"},
-      {__LINE__, 1, teffect::fails, true, "note x\n", "", 0, "x"},
-      {__LINE__, 1, teffect::fails, true, "", "note y\n", 0, "y"},
-      {__LINE__, 1, teffect::interrupted, false, "", "note z\n", 0, "z"},
-      {__LINE__, 1, teffect::failsforgood, true, "", "note v\n", 0, "v"},
-      {__LINE__, 0, teffect::fails, false, "", "string_list a\nnote w", 0, "w"},
+      {__LINE__, coptreaddefinition, "test.def", 2, 4999, 0},
+      {__LINE__, coptreaddefinition, "test.def", 2, 5000, EIO},
+      {__LINE__, coptreadparameterfile, "nested.opt", 2, 4998, 0},
+      {__LINE__, coptreadparameterfile, "nested.opt", 2, 4999, EIO},
+      {__LINE__, coptreadparameterfile, "nested.opt", 2, 6000, EIO},
+      {__LINE__, coptreadparameterfile, "including.opt", 3, 4997, 0},
+      {__LINE__, coptreadparameterfile, "including.opt", 3, 4998, EIO},
   };
   for (const auto& row : rows) {
     const testing::ScopedTrace trace(__FILE__, row.where, "row");
     const tscene scene;
+    std::ofstream("including.opt") << "include nested.opt\nnote last\n";
+    tvksoptions* handle = nullptr;
+    xcreate(&handle);
+    if (row.read == coptreadparameterfile) coptreaddefinition(handle, "test.def");
+    for (int i = 0; i < row.messages; ++i) coptaddmessage(handle, "filler");
+    plan(toperation::read, teffect::fails, row.failing);
+    tsteps step;
+    step(row.read, handle, row.file);
+    EXPECT_EQ(step.log, std::to_string(row.result) + " \n");
+    EXPECT_EQ(tscene::messages(handle).find("Cannot read") != std::string::npos, row.result == 0);
+    EXPECT_TRUE(row.failing == 2 || valueof(handle, "note") == "last");
+    xfree(&handle);
+  }
+}
+
+// A long list is not walked for each of many names.
+TEST(faults, without_memory_for_an_index_only_a_short_list_is_searched) {
+  for (const std::int32_t items : {500, 501}) {
+    optcore::tnameindex index;
+    const auto numberat = [](std::int32_t position) { return optcore::tnumberkey{position}; };
+    const auto search = [&] { return index.find(items, optcore::tnumberkey{items - 1}, numberat); };
+    plan(toperation::allocation, teffect::failsforgood, 1);
+    armed = true;
+    std::int32_t found = -1;
+    bool failed = false;
+    try {
+      found = search();
+    } catch (const std::bad_alloc&) {
+      failed = true;
+    }
+    armed = false;
+    EXPECT_EQ(failed, items > 500);
+    EXPECT_EQ(found, failed ? -1 : items - 1);
+    EXPECT_EQ(search(), items - 1);
+  }
+}
+
+// A handle with the scene's definition, whose calls wait without taking time.
+struct twaitinghandle {
+  twaitinghandle() {
+    xcreate(&handle);
+    coptreaddefinition(handle, "test.def");
+    plan(toperation::poll, teffect::fails, 0);
+    hastened = true;
+    putforward = 0;
+  }
+  twaitinghandle(const twaitinghandle&) = delete;
+  twaitinghandle& operator=(const twaitinghandle&) = delete;
+  ~twaitinghandle() {
+    xfree(&handle);
+    hastened = false;
+  }
+  int timeouts() const {
+    const std::string messages = tscene::messages(handle), text = "Error code = 110; Connection timed out\n";
+    int result = 0;
+    for (std::size_t at = messages.find(text); at != std::string::npos; at = messages.find(text, at + 1))
+      ++result;
+    return result;
+  }
+  tvksoptions* handle = nullptr;
+};
+
+int openfifo(const char* name, int flags) {
+  mkfifo(name, 0600);
+  return open(name, flags | O_CLOEXEC);
+}
+
+// The library waits for a FIFO, but not for ever, whatever interrupts the waiting. The writer may come late,
+// write slowly and end in the middle of a line, or write nothing more.
+TEST(faults, a_fifo_is_waited_for_but_not_for_ever) {
+  const struct {
+    int where;
+    teffect effect;                  // of the first poll, "fails" for none
+    bool isopen;                     // for writing, before the reading begins
+    std::string_view before, later;  // written before the reading begins, and while it waits
+    int result, seconds;
+    const char* value;
+  } rows[] = {
+      {__LINE__, teffect::fails, false, "", "", ETIMEDOUT, 5, "none"},
+      {__LINE__, teffect::fails, true, "", "", ETIMEDOUT, 60, "none"},
+      {__LINE__, teffect::fails, true, "note x\n", "", 0, 60, "x"},
+      {__LINE__, teffect::interrupted, false, "", "note z\n", 0, 0, "z"},
+      {__LINE__, teffect::interrupted, true, "", "note y\n", 0, 0, "y"},
+      {__LINE__, teffect::failsforgood, true, "", "", ENOMEM, 0, "none"},
+      {__LINE__, teffect::fails, false, "", "string_list a\nnote w", 0, 0, "w"},
+  };
+  for (const auto& row : rows) {
+    const testing::ScopedTrace trace(__FILE__, row.where, "row");
+    const tscene scene;
+    const twaitinghandle waiting;
     ASSERT_EQ(mkfifo("fifo", 0600), 0);
-    int fifo = row.isopen ? open("fifo", O_RDWR | O_CLOEXEC) : -1;
+    int fifo = row.isopen ? openfifo("fifo", O_RDWR) : -1;
     const auto put = [&fifo](std::string_view text) {
       EXPECT_EQ(write(fifo, text.data(), text.size()), static_cast<ssize_t>(text.size()));
     };
     if (row.isopen) put(row.before);
     std::thread writer([&] {
+      if (row.later.empty()) return;
       usleep(50'000);
-      if (!row.isopen && !row.later.empty()) fifo = open("fifo", O_RDWR | O_CLOEXEC);
+      if (!row.isopen) fifo = open("fifo", O_RDWR | O_CLOEXEC);
       for (std::size_t at = 0; at < row.later.size(); at += 5, usleep(10'000)) put(row.later.substr(at, 5));
       close(fifo);
+      fifo = -1;
     });
-    tvksoptions* handle = nullptr;
-    xcreate(&handle);
-    coptreaddefinition(handle, "test.def");
-    plan(toperation::poll, row.effect, row.failing);
+    hastened = row.later.empty();
+    plan(toperation::poll, row.effect, row.effect == teffect::fails ? 0 : 1);
     tsteps step;
-    step(coptreadparameterfile, handle, "fifo");
+    step(coptreadparameterfile, waiting.handle, "fifo");
     EXPECT_EQ(step.log, std::to_string(row.result) + " \n");
-    EXPECT_GE(count, row.failing);
     writer.join();
-    EXPECT_EQ(valueof(handle, "note"), row.value);
-    const std::string messages = tscene::messages(handle);
-    EXPECT_EQ(messages.find("Error code = 110; Connection timed out") != std::string::npos, row.result != 0);
-    xfree(&handle);
+    close(fifo);
+    EXPECT_EQ(valueof(waiting.handle, "note"), row.value);
+    EXPECT_EQ(putforward / 1000, row.seconds);
+    EXPECT_EQ(waiting.timeouts(), row.seconds > 0 ? 1 : 0);
   }
+}
+
+// One call waits five seconds for writers of FIFOs to come, and a minute in all.
+TEST(faults, a_call_waits_for_all_its_files_together) {
+  const tscene scene;
+  const twaitinghandle waiting;
+  ASSERT_EQ(mkfifo("nobody", 0600), 0);
+  const int silent = openfifo("silent", O_RDWR), full = openfifo("full", O_RDWR);
+  ASSERT_EQ(write(full, "note x\n", 7), 7);
+  std::ofstream("files") << "include nobody\ninclude nobody\ninclude silent\ninclude silent\n"
+                            "include nobody\ninclude full\ninclude nested.opt\n";
+  EXPECT_EQ(coptreadparameterfile(waiting.handle, "files"), 0);
+  EXPECT_EQ(putforward / 1000, 60);
+  EXPECT_EQ(waiting.timeouts(), 6);
+  EXPECT_EQ(valueof(waiting.handle, "note"), "nested");
+  for (const int fifo : {silent, full}) close(fifo);
+}
+
+// What is written has to be taken.
+TEST(faults, a_fifo_that_nobody_reads_is_not_written_for_ever) {
+  const tscene scene;
+  const twaitinghandle waiting;
+  ASSERT_EQ(mkfifo("nobody", 0600), 0);
+  EXPECT_EQ(coptwriteparameterfile(waiting.handle, "nobody"), ETIMEDOUT);
+  EXPECT_EQ(putforward / 1000, 5);
+  EXPECT_EQ(waiting.timeouts(), 1);
+
+  const int idle = openfifo("idle", O_RDWR);
+  fcntl(idle, F_SETPIPE_SZ, 4096);
+  const std::string line = "string_list " + std::string(200, 'x') + '\n';
+  for (int i = 0; i < 50; ++i) coptreadfromstr(waiting.handle, line.c_str());
+  EXPECT_EQ(coptwriteparameterfile(waiting.handle, "idle"), 0);
+  EXPECT_EQ(putforward / 1000, 65);
+  EXPECT_EQ(waiting.timeouts(), 2);
+  close(idle);
+
+  ASSERT_EQ(mkfifo("late", 0600), 0);
+  hastened = false;
+  std::string taken;
+  std::thread reader([&taken] {
+    usleep(50'000);
+    taken = testsupport::readfile("late");
+  });
+  EXPECT_EQ(coptwriteparameterfile(waiting.handle, "late"), 0);
+  reader.join();
+  EXPECT_EQ(taken.size(), 50 * line.size());
 }
 
 }  // namespace

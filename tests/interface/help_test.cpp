@@ -80,6 +80,30 @@ const trules fromafile("help", "lone boolean 1 5 1 1\n", {__LINE__, R"(
     readfromstr --New text ; help --New => --New: \n>strlist, \n
 )"});
 
+// A listing of 800 lines with 255 bytes each is a fifth of the bound.
+TEST(help, requests_of_one_call_are_refused_once_they_have_put_out_a_mebibyte) {
+  std::string definition = "ask immediate Help 0 0\ng group 1 1 Group\n", requests;
+  for (int i = 0; i < 800; ++i)
+    definition += "o" + std::to_string(i) + " integer 1 0 0 9 1 1 " + std::string(240, 'x') + '\n';
+  for (int i = 0; i < 8; ++i) requests += "ask 1\n";
+  thandle h;
+  ASSERT_EQ(h.definition(definition), 0);
+  for (int call = 0; call < 2; ++call) {
+    h.one(optclearmessages);
+    h.parameters(requests);
+    const tlines all = h.messages();
+    EXPECT_EQ(std::count(all.begin(), all.end(), "Options summary by group"), 6);
+    EXPECT_EQ(all.at(all.size() - 3), "*** Error line 7: Too much help requested; request ignored");
+    EXPECT_EQ(all.at(all.size() - 2), "*** Error line 8: Too much help requested; request ignored");
+  }
+  // what is printed counts like what is listed; each of the two handles prints
+  h.one(optclearmessages);
+  testing::internal::CaptureStdout();
+  h.parameters(std::regex_replace(std::string(300, '4'), std::regex("4"), "ask 4\n"));
+  EXPECT_NEAR(static_cast<double>(testing::internal::GetCapturedStdout().size()), 1.8e6, 2e5);
+  EXPECT_GT(h.messages().size(), 100u);
+}
+
 // The debugging list is printed to standard output at once, together with the list in alphabetical order.
 TEST(help, debugging_list_is_printed_and_flushed) {
   testing::internal::CaptureStdout();

@@ -58,6 +58,7 @@ const trules limit("limit", everytype, {__LINE__, R"(
     fill 4998 ; echoset 1 ; readfromstr maxit 4
     messagecount => 4999 ; getmessage 4999 => >>  maxit 4|0
     fill 5000 ; readfromstr nosuch 4 ; messagecount => 5001 ; getmessage 5001 => >>  nosuch 4|0
+    readfromstr nosuch 5 ; messagecount => 5002 ; errorcount => 4999|0
 )"});
 
 const trules cuts("messages", everytype, {__LINE__, R"(

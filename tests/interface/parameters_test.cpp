@@ -268,16 +268,36 @@ const trules nesting("files", options, selfreading, {__LINE__, R"(
     +string<10 | +self> | E File nesting level too deep; file ignored<10 | -self> | -string
 )"});
 
-// Without the limit, f5 would be read 14,641 times.
 const trules filecount("files", "read immediate ReadFile 1 1\nnote strlist 1 1 1\n", {__LINE__, R"(
     // one call reads at most ten thousand files, and the next call may again read as many
-    eolonlyset 0 ; file f5 note x ; file f4 <11read %DIR%/f5 > ; file f3 <11read %DIR%/f4 >
-    file f2 <11read %DIR%/f3 > ; file f1 <11read %DIR%/f2 > ; parameters read %DIR%/f1
-    listcountstr note => 9088 ; getmessage 7 => *** Error Too many parameter files; file ignored|9
-    clearmessages ; parameters read %DIR%/f4 ; messages => ; listcountstr note => 9099
+    eolonlyset 0 ; file f note x ; readfrompchar <10000read %DIR%/f > ; messages =>
+    listcountstr note => 10000
+    readfrompchar <10001read %DIR%/f > ; listcountstr note => 20000
+    told => +pchar | +f | E Too many parameter files; file ignored | -f | -pchar
 
     // a file that is too deep counts as one that was read
-    eolonlyset 0 ; file s note x <3read %DIR%/s > ; readparameterfile %DIR%/s => 0 ; listcountstr note => 3337
+    eolonlyset 0 ; file s note x <3read %DIR%/s > ; readfrompchar <1000000 >read %DIR%/s
+    listcountstr note => 3337
+
+    // of a small file 32 KiB are read again, and after that no file is read
+    eolonlyset 0 ; file f *<4088v>\nnote x ; readfrompchar <9read %DIR%/f > ; messages =>
+    listcountstr note => 9
+    readfrompchar <10read %DIR%/f >read none ; listcountstr note => 18
+    told => +pchar | E Too many bytes read again; file "f" ignored
+      | E Too many bytes read again; file "none" ignored | -pchar
+
+    // a larger file is read again five times
+    file self *<100000v>\nnote x\nread %DIR%/self\n ; parameters read %DIR%/self ; listcountstr note => 6
+    told => +OPT | +self<5 | +self> | E3 Too many bytes read again; file "self" ignored<6 | -self> | -OPT
+
+    // the text of the call counts as well
+    eolonlyset 0 ; file f *<4088v>\nnote x ; readfrompchar <1000000 ><50read %DIR%/f >
+    listcountstr note => 50
+
+    // a device that has no end is not read again
+    parameters read /dev/zero\nread /dev/zero
+    problems => E1 Option keyword expected, saw "\x00" | E1 Cannot read parameter file "/dev/zero"
+      | E1 Error code = 27; File too large | E2 Too many bytes read again; file "/dev/zero" ignored
 )"});
 
 const trules noordinaryfiles("files", "", {__LINE__, R"(
@@ -331,7 +351,7 @@ TEST(files, that_grow_come_and_go_while_they_are_read_are_read_line_by_line_or_n
   thandle h;
   h.definition(options);
   const std::string inner = h.directory().path("inner"), grows = h.directory().write("grows", "");
-  std::string text;
+  std::string text = '*' + std::string(100'000, ' ') + '\n';  // so much may be read again
   for (int i = 0; i < 10 * n; ++i) text += "read " + inner + "\nread " + grows + '\n';
   std::thread other([&] {
     std::ofstream growing(grows, std::ios::app);

@@ -143,6 +143,27 @@ TEST(scale, a_line_may_come_many_times) {
   });
 }
 
+// Texts in one list after another, and in the one that is the last of all.
+TEST(scale, all_lists_are_emptied_without_being_named_in_linear_time) {
+  thandle h;
+  h.parameters(repeated(many, "--list# x\n") + repeated(many, "--last y\n"));
+  std::string name, text;
+  int taken = 0;
+  while (h.call(BOTH(getfromanystrlist), 1, name, text) == 1) ++taken;
+  EXPECT_EQ(taken, 2 * many);
+  EXPECT_EQ(name + '=' + text, "--last=y");
+}
+
+// In path mode a name with a short word is found by no name, not even its own, so each line makes a list.
+TEST(scale, a_name_that_matches_nothing_may_come_many_times) {
+  thandle h;
+  h.definition("path lookup\nlong_name integer 1 0 0 9 1 1\n");
+  h.parameters(repeated(verymany, "--a_b\n") + "lon_name 5\n--a_b\n");
+  EXPECT_EQ(h.one(optcount), verymany + 3);
+  EXPECT_EQ(h.value("lon_nam"), "5");
+  EXPECT_EQ(h.number("--a_b"), -1);
+}
+
 // How a line begins, the byte that fills it, the options that are set, and the messages.
 TEST(scale, a_line_may_be_of_any_length_and_the_line_after_it_is_read_as_always) {
   const ttable rows = {__LINE__, R"(

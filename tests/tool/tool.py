@@ -82,6 +82,18 @@ expect("more findings than the library keeps messages",
        run("wexcorin check examples/first.def -", 6000 * "zzz 1\n")[0].split("\n")[-3:],
        ['<stdin>:6000: error: Unknown option "zzz"', "6000 errors, 0 warnings; 4 options, 0 set", ""])
 
+write("read.def", "read immediate readfile 0 0\n")
+out, err, code = run("wexcorin check read.def -", 6000 * "zzz 1\n" + "read /dev/zero\n")
+expect("a file that is not read to its end, after more errors than the library keeps messages",
+       (out.split("\n")[-4:-2], err, code),
+       (['/dev/zero:1: error: Cannot read parameter file "/dev/zero"',
+         "/dev/zero:1: note: Error code = 27; File too large"], "", 1))
+expect("a failure to write, after more errors than the tool lists",
+       run("wexcorin write read.def - -o /dev/full", "--any x\n" + 1000001 * "z\n")[1].split("\n")[1000000:],
+       ['/dev/full: error: Cannot write parameter file "/dev/full"',
+        "/dev/full: note: Error code = 28; No space left on device",
+        "/dev/full: error: 1 further finding not listed", ""])
+
 # The nearest name is suggested first. Names are suggested as they are typed in the lookup mode; the name that was typed
 # is never suggested.
 write("minos.def", "Minos lookup\nmajor_iterations integer 1 5 0 9 1 1 A\nmethod string 1 a 1 1 A\n")

@@ -127,9 +127,10 @@ TEST(store, values_by_class_and_name) {
 TEST(scanner, the_next_character_runs_across_the_lines_of_a_file_only) {
   const testsupport::ttempdir directory;
   tmessagelist messages;
+  twaiting waiting;
   tminiparser file(messages, {});
-  EXPECT_EQ(file.fileopen(directory.path("none")), ENOENT);
-  ASSERT_EQ(file.fileopen(directory.write("lines", "ab\n\n*comment\nc")), 0);
+  EXPECT_EQ(file.fileopen(directory.path("none"), waiting), ENOENT);
+  ASSERT_EQ(file.fileopen(directory.write("lines", "ab\n\n*comment\nc"), waiting), 0);
   std::string seen;
   for (file.nextline(); file.ch() != tminiparser::endofinput; file.nextch())
     seen += file.ch() == tminiparser::endofline ? '|' : file.ch();
@@ -157,8 +158,9 @@ TEST(scanner, files_come_back_line_by_line_whatever_the_block_they_end_in) {
         expected += line.substr(0, 1020) + '\n';
       }
     tmessagelist messages;
+    twaiting waiting;
     tminiparser scanner(messages, {});
-    ASSERT_EQ(scanner.fileopen(directory.write("lines", bytes + "last\r")), 0);
+    ASSERT_EQ(scanner.fileopen(directory.write("lines", bytes + "last\r"), waiting), 0);
     for (; scanner.nextline(); read += '\n')
       for (; !scanner.atlineend(); scanner.nextch()) read += scanner.ch();
     EXPECT_EQ(read, expected + "last\n");

@@ -88,16 +88,20 @@ void treading::showhelp(const std::string& request) {
   });
 }
 
+// Writing reports one problem at most. It is listed however many findings there are.
 bool treading::write(const std::string& name, const std::string& path) {
   const std::size_t before = ffindings.size();
+  fmost = before + 1;
   collect(name, [&] { return fstore.optwriteparameterfile(path); });
+  fmost = mostfindings;
   return ffindings.size() == before;
 }
 
 bool treading::collect(const std::string& name, const std::function<std::int32_t()>& action) {
   fsource = name;
   ffirst = ffindings.size();
-  const bool opened = action() == 0;
+  // with a full list of messages, the code may be that of a file that was opened but not read to its end
+  const bool opened = action() == 0 || !fstore.messages().hasroom();
   fstore.optclearmessages();
   droprepetition();
   for (std::size_t i = ffirst; i < ffindings.size(); ++i) ffindings[i].unopened = !opened;
@@ -122,7 +126,7 @@ void treading::filed(const tmessage& message) {
   if (message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave) return;
   if (message.explains && ffindings.size() > ffirst) {
     const std::size_t text = std::min(message.text.find_first_not_of(' '), message.text.size());
-    if (fdropped == 0) ffindings.back().details.emplace_back(message.text.substr(text));
+    if (fkept) ffindings.back().details.emplace_back(message.text.substr(text));
     return;
   }
   keep({.place = placeof(message.source, message.line),
@@ -140,7 +144,8 @@ void treading::assigned(const toption& option, std::int32_t bits) {
 
 void treading::keep(tfinding finding) {
   droprepetition();
-  if (ffindings.size() < mostfindings)
+  fkept = ffindings.size() < fmost;
+  if (fkept)
     ffindings.push_back(std::move(finding));
   else
     ++fdropped;

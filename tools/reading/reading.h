@@ -78,6 +78,8 @@ class treading final : optcore::tstoreobserver {
   tfindings ffindings;
   std::size_t ffirst = 0;    // index of the first finding of the current action, from 0
   std::size_t fdropped = 0;  // findings that were not kept
+  std::size_t fmost = mostfindings;
+  bool fkept = true;  // whether the last finding was kept
   std::string fdefinition;
   std::string fdefinitionpath;
   std::string fsource;  // the name of the current source in findings

@@ -44,8 +44,9 @@ void ttemporaryfile::write(std::string_view bytes) const {
 // Each line ends with CR LF, because with LF alone a CR at the end of its text would count as part of the
 // line end.
 bool ttemporaryfile::copylines(const std::string& filename) const {
+  optcore::twaiting waiting;
   optcore::tlinereader source;
-  if (source.open(filename) != 0) return false;
+  if (source.open(filename, waiting) != 0) return false;
   optcore::ttextfile copy;
   copy.open(fpath);
   for (auto line = source.next(); line.text != nullptr; line = source.next())
