@@ -55,20 +55,21 @@ tnumbertext inttostrex(std::int32_t number) noexcept {
 namespace {
 
 constexpr int significantdigits = 15;
+constexpr int mostdigits = 17;  // of the shortest text that reads back as the same number
 
 // A finite number other than 0: its sign, its significant digits without trailing zeros, and the decimal
 // exponent of the first digit.
 struct tdecimal {
   bool negative;
-  char digits[significantdigits];
+  char digits[mostdigits];
   std::size_t count;
   int exponent;
 };
 
-// Rounds the number to 15 significant digits. The shortest text that reads back as the same number is faster
+// Rounds the number to 15 significant digits if that is wanted. The shortest text that reads back as the same number is faster
 // to compute. If it has at most 15 digits, they are the digits of the rounded number. That does not hold for
 // subnormal numbers.
-tdecimal todecimal(double number) noexcept {
+tdecimal todecimal(double number, bool rounded) noexcept {
   constexpr std::size_t longest = significantdigits + 1;  // the digits and the point
   char text[32];                                          // d.ddddddddddddddE+ddd
   const auto written = [&](const std::to_chars_result& result) {
@@ -77,7 +78,7 @@ tdecimal todecimal(double number) noexcept {
   const double magnitude = std::fabs(number);
   constexpr auto format = std::chars_format::scientific;
   std::string_view scientific = written(std::to_chars(std::begin(text), std::end(text), magnitude, format));
-  if (scientific.find('e') > longest || !std::isnormal(number))
+  if (rounded && (scientific.find('e') > longest || !std::isnormal(number)))
     scientific =
         written(std::to_chars(std::begin(text), std::end(text), magnitude, format, significantdigits - 1));
   const std::size_t mark = scientific.find('e');
@@ -120,11 +121,13 @@ void appendscientific(tnumbertext& target, std::string_view digits, int exponent
 
 }  // namespace
 
-tnumbertext dbltostr(double number) noexcept {
+namespace {
+
+// The text of a number other than 0.
+tnumbertext numbertext(double number, bool rounded) noexcept {
   if (std::isnan(number)) return std::string_view("NAN");
   if (std::isinf(number)) return std::string_view(number > 0 ? "INF" : "-INF");
-  if (number == 0.0) return std::string_view("0");
-  const tdecimal decimal = todecimal(number);
+  const tdecimal decimal = todecimal(number, rounded);
   const std::string_view digits(decimal.digits, decimal.count);
   const double magnitude = std::fabs(number);
   tnumbertext result;
@@ -134,6 +137,17 @@ tnumbertext dbltostr(double number) noexcept {
   else
     appendscientific(result, digits, decimal.exponent);
   return result;
+}
+
+}  // namespace
+
+tnumbertext dbltostr(double number) noexcept {
+  return number == 0.0 ? tnumbertext(std::string_view("0")) : numbertext(number, true);
+}
+
+tnumbertext dbltostrexact(double number) noexcept {
+  if (number == 0.0) return std::string_view(std::signbit(number) ? "-0" : "0");
+  return numbertext(number, false);
 }
 
 tnumbertext dbltostrex(double number) noexcept {

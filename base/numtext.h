@@ -47,6 +47,9 @@ tnumbertext inttostrex(std::int32_t number) noexcept;
 // trailing point are dropped. Zero of either sign is 0; numbers that are not finite are NAN, INF and -INF.
 tnumbertext dbltostr(double number) noexcept;
 
+// As dbltostr, but with as many digits as it takes to read back the same number, and -0 for the negative zero.
+tnumbertext dbltostrexact(double number) noexcept;
+
 // As dbltostr, but the words maxdouble and mindouble for 1e299 and -1e299.
 tnumbertext dbltostrex(double number) noexcept;
 

@@ -52,7 +52,6 @@ file and the option file, and the examples.")
 # --- what only packages hold: a copyright file and a changelog each, libwexcorin-dev also the documentation ---
 
 set(debian_output "${PROJECT_BINARY_DIR}/debian")
-string(STRIP "${release_notice}" notice)
 configure_file("${CMAKE_CURRENT_LIST_DIR}/debian/copyright.in" "${debian_output}/copyright" @ONLY)
 file(READ "${CMAKE_CURRENT_LIST_DIR}/debian/copyright.tool" tool_copyright)
 file(READ "${debian_output}/copyright" common_copyright)

@@ -10,7 +10,7 @@ set(WEXCORIN_ZSH_COMPLETIONS "${CMAKE_INSTALL_DATADIR}/zsh/site-functions" CACHE
 # Installs the documentation and the examples in `folder`; further arguments go to install(). The inside of the library
 # is described in its sources only.
 function(wexcorin_install_documents folder)
-  install(FILES README.md CHANGELOG.md DESTINATION "${folder}" ${ARGN})
+  install(FILES README.md CHANGELOG.md SECURITY.md DESTINATION "${folder}" ${ARGN})
   install(DIRECTORY docs examples DESTINATION "${folder}" ${ARGN} PATTERN architecture.md EXCLUDE)
 endfunction()
 

@@ -60,10 +60,10 @@ _wexcorin() {
     *:-*)
       case $command in
         '') _wexcorin_words "$cur" '-h --help --version' ;;
-        check) _wexcorin_words "$cur" '-h --help --set --json --warnings-as-errors' ;;
+        check) _wexcorin_words "$cur" '-h --help --set --json --warnings-as-errors --limit' ;;
         show) _wexcorin_words "$cur" '-h --help --set --changed --json' ;;
         help) _wexcorin_words "$cur" '-h --help' ;;
-        write) _wexcorin_words "$cur" '-h --help --set -o --output' ;;
+        write) _wexcorin_words "$cur" '-h --help --set -o --output --exact --force' ;;
         doc) _wexcorin_words "$cur" '-h --help -o --output' ;;
       esac
       ;;

@@ -1,6 +1,6 @@
-// client.cpp: the same client in C++17 on the C interface, wexcorin.h, without the classes of wexcorin.hpp.
-// The handle is freed automatically. Both text forms are used: short strings for names and values,
-// zero-terminated texts for files and messages. It prints what client.c prints.
+// client.cpp: the same client in C++17 on the C interface, wexcorin.h, without the classes of wexcorin.hpp,
+// which client_classes.cpp uses. The handle is freed automatically. Both text forms are used: short strings
+// for names and values, zero-terminated texts for files and messages. It prints what client.c prints.
 //
 //   client examples/solver.def examples/solver.opt
 

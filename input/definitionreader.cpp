@@ -17,7 +17,8 @@ std::int32_t readdefinition(tvksoptions& store, std::string_view filename) {
   tdefinition& definition = store.definition();
   tmessagelist& messages = store.messages();
   const auto fileproblem = [&messages, filename](std::string_view problem, std::int32_t code) {
-    messages.addmessage(tmsgkind::defineerror, concat(problem, quoted(filename)));
+    messages.addmessage(tmsgkind::defineerror, concat(problem, quoted(filename)),
+                        {.name = filename, .problem = tsubject::tproblem::unusablefile});
     messages.addexplanation(tmsgkind::defineerror, errorcodetext(code));
   };
   definition.setfilename(filename);

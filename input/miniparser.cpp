@@ -68,7 +68,7 @@ bool tminiparser::nextfileline() {
     ++flinenr;  // cannot overflow: tlinereader limits the size of a file
     if (fmessages.echo()) flushecho({line.text, line.length});
     if (line.length == 0 || line.text[0] == '*') continue;
-    fposition = line.text;
+    fposition = flinebegin = line.text;
     flineend = line.text + line.length;
     *flineend = endofline;
     return true;
@@ -80,7 +80,7 @@ bool tminiparser::nexttextline() {
     endinput();
     return false;
   }
-  fposition = ftext.get();
+  fposition = flinebegin = ftext.get();
   flineend = fposition + ftextlength;
   return ftextlength != 0;
 }

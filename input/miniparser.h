@@ -113,6 +113,9 @@ class tminiparser final : public tlinesource {
   std::int32_t linenr() const override { return flinenr; }
   tsourcekind sourcekind() const override { return fkind; }
   std::string_view sourcename() const override { return fsourcename.view(); }
+  std::string_view linetext() const override {
+    return fposition == &fnothing ? std::string_view() : std::string_view(flinebegin, flineend);
+  }
   // The system's error code if reading failed in the middle of a file, otherwise 0.
   std::int32_t readerror() const noexcept { return ffile.readerror(); }
   // What the system says about the file that was opened, and how much of it was read.
@@ -176,7 +179,8 @@ class tminiparser final : public tlinesource {
   std::size_t ftextlength = 0;
   char fnothing = endofinput;   // the current character when there is no line
   char* fposition = &fnothing;  // the current character
-  char* flineend = nullptr;     // the endofline at the end of the line, which stops the loops
+  char* flinebegin = nullptr;
+  char* flineend = nullptr;  // the endofline at the end of the line, which stops the loops
   std::int32_t flinenr = 0;
   tsourcekind fkind = tsourcekind::file;
   tmessagelist& fmessages;

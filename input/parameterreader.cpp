@@ -110,7 +110,8 @@ void tparameterreading::parsefile(tminiparser& scanner) {
 void tparameterreading::parse(tminiparser& scanner) { tparameterreader(fstore, scanner, *this).parse(); }
 
 void tparameterreading::fileproblem(std::string_view problem, std::string_view filename, std::int32_t code) {
-  fstore.messages().addmessage(tmsgkind::usererror, concat(problem, quoted(filename)));
+  fstore.messages().addmessage(tmsgkind::usererror, concat(problem, quoted(filename)),
+                               {.name = filename, .problem = tsubject::tproblem::unusablefile});
   fstore.messages().addexplanation(tmsgkind::usererror, errorcodetext(code));
 }
 
@@ -150,7 +151,8 @@ bool tparameterreader::nokey() {
 }
 
 bool tparameterreader::badseparator(std::string_view key) {
-  error(concat("Bad separator after key ", quoted(key)), {key});
+  error(concat("Bad separator after key ", quoted(key)),
+        {.name = key, .problem = tsubject::tproblem::badseparator});
   return false;
 }
 

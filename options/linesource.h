@@ -19,6 +19,9 @@ class tlinesource {
   virtual tsourcekind sourcekind() const = 0;
   // The file's name, or the word string or pchar for a text in memory.
   virtual std::string_view sourcename() const = 0;
+  // The line being read, of at most 1,020 characters; empty when there is none. A value of more than 255
+  // characters may have been shortened in it already.
+  virtual std::string_view linetext() const = 0;
 
   // The source that includes this one, at its current line; null if there is none. Set by tactivesource.
   const tlinesource* includer() const noexcept { return fincluder; }

@@ -15,12 +15,14 @@ class toption;
 
 // The name, option or value that a message is about. All are optional.
 struct tsubject {
-  // The kind of problem. All but `other` are about a name or value that can be compared with the legal ones.
+  // The kind of problem. Those about a name or value are such that it can be compared with the legal ones.
   enum class tproblem : std::uint8_t {
     other,
     unknownoption,     // no option or synonym has the name
     unknowndotoption,  // the name begins with a period, and no dot option has it
-    illegalvalue       // the value is out of the bounds, or none of the legal values
+    badseparator,      // what follows the name can neither belong to it nor separate it from a value
+    illegalvalue,      // the value is out of the bounds, or none of the legal values
+    unusablefile       // the file of the name cannot be opened, read or written
   };
 
   std::string_view name{};  // as it was written
@@ -48,6 +50,8 @@ class tstoreobserver {
   // Called after a value of the option was stored or marked as set. `bits` has firstvaluebit, secondvaluebit
   // or both.
   virtual void assigned(const toption& option, std::int32_t bits) = 0;
+  // Takes the list of names that help prints on request, which goes to standard output without an observer.
+  virtual void listed(std::string_view /*names*/) {}
 };
 
 }  // namespace optcore

@@ -237,7 +237,8 @@ void thelplisting::addbigtext(const toption& option) {
 
 // ---- debugging
 
-// The only output of the library to the standard output of the process, and only on request.
+// The only output of the library to the standard output of the process, unless an observer takes it, and only
+// on request.
 void thelplisting::tostandardoutput() {
   std::string text = "\n";
   for (std::int32_t i = 0; i < fnames.count(); ++i) {
@@ -246,6 +247,7 @@ void thelplisting::tostandardoutput() {
     text.append("\n");
   }
   fputout += std::ssize(text);
+  if (tstoreobserver* observer = fmessages.observer(); observer != nullptr) return observer->listed(text);
   if (const int error = print(text); error != 0) {
     fmessages.addmessage(tmsgkind::usererror, "Cannot write help to standard output");
     fmessages.addexplanation(tmsgkind::usererror, concat("   ", errorcodetext(error).view()));

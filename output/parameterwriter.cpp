@@ -8,12 +8,13 @@
 namespace optcore {
 
 std::int32_t tvksoptions::optwriteparameterfile(std::string_view filename) {
-  return writeparameters(*this, filename);
+  return writeparameters(*this, filename, dbltostr);
 }
 
-std::int32_t writeparameters(tvksoptions& store, std::string_view filename) {
+std::int32_t writeparameters(tvksoptions& store, std::string_view filename, tdoubletext doubletext) {
   const auto fileproblem = [&messages = store.messages(), filename](std::int32_t code) {
-    messages.addmessage(tmsgkind::usererror, concat("Cannot write parameter file ", quoted(filename)));
+    messages.addmessage(tmsgkind::usererror, concat("Cannot write parameter file ", quoted(filename)),
+                        {.name = filename, .problem = tsubject::tproblem::unusablefile});
     messages.addexplanation(tmsgkind::usererror, concat("   ", errorcodetext(code).view()));
   };
   ttextfile file;
@@ -21,7 +22,7 @@ std::int32_t writeparameters(tvksoptions& store, std::string_view filename) {
     fileproblem(code);
     return code;
   }
-  tparameterwriter(store.definition(), store.dotoptions(), store.indicators(), file).write();
+  tparameterwriter(store.definition(), store.dotoptions(), store.indicators(), file, doubletext).write();
   if (const std::int32_t code = file.close(); code != 0) fileproblem(code);
   return 0;
 }
@@ -75,12 +76,17 @@ void tparameterwriter::writevalue(const toption& option) {
   const std::string_view name = isminos ? fname.assign(option.getname()).view() : option.name();
   switch (option.subtype()) {
     case tsubtype::required:
-    case tsubtype::optional: ffile.writeline(name, "=", strexternal(option.getasstring())); break;
+    case tsubtype::optional: ffile.writeline(name, "=", valuetext(option, twhich::first)); break;
     case tsubtype::twovalues:
-      ffile.writeline(name, "=", strexternal(option.getasstring()), " ", strexternal(option.getasstring2()));
+      ffile.writeline(name, "=", valuetext(option, twhich::first), " ", valuetext(option, twhich::second));
       break;
     case tsubtype::novalue: ffile.writeline(name); break;
   }
+}
+
+std::string tparameterwriter::valuetext(const toption& option, twhich which) const {
+  if (const auto* dbl = ifis<tdbloption>(&option)) return std::string(fdoubletext(dbl->value(which)));
+  return strexternal(option.getasstring12(which).view());
 }
 
 void tparameterwriter::writelist(const tstrlistoption& list) {
@@ -99,7 +105,7 @@ void tparameterwriter::writedotentries() {
     const tdotobj& entry = *fdotoptions.getobject(i);
     ffile.write(entry.name(), fdefinition.getstrings(entry.optionindex()));
     writeelements(entry.indices());
-    ffile.writeline(" = ", dbltostr(entry.value()));
+    ffile.writeline(" = ", fdoubletext(entry.value()));
   }
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/numtext.h"
 #include "options/vksoptions.h"
 #include "output/textfile.h"
 
@@ -15,22 +16,30 @@ namespace optcore {
 // blank, tab or comma. Nothing inside is escaped.
 std::string strexternal(std::string_view text);
 
+// How the numbers of options of type double and of dot lines are written: dbltostr or dbltostrexact.
+using tdoubletext = tnumbertext (*)(double) noexcept;
+
 // Returns 0, or the system's error code if the file cannot be opened. All errors are filed as messages; an
 // error in writing does not change the result.
-std::int32_t writeparameters(tvksoptions& store, std::string_view filename);
+std::int32_t writeparameters(tvksoptions& store, std::string_view filename, tdoubletext doubletext);
 
 class tparameterwriter {
  public:
   // All must outlive the writer. The file must be open.
   tparameterwriter(const tdefinition& definition, const tdotobjlist& dotoptions,
-                   const tindicatorlist& indicators, ttextfile& file)
-      : fdefinition(definition), fdotoptions(dotoptions), findicators(indicators), ffile(file) {}
+                   const tindicatorlist& indicators, ttextfile& file, tdoubletext doubletext)
+      : fdefinition(definition),
+        fdotoptions(dotoptions),
+        findicators(indicators),
+        ffile(file),
+        fdoubletext(doubletext) {}
 
   void write();
 
  private:
   void writeoption(const toption& option);
   void writevalue(const toption& option);
+  std::string valuetext(const toption& option, twhich which) const;
   void writelist(const tstrlistoption& list);
   void writedotentries();
   void writeindicators();
@@ -42,6 +51,7 @@ class tparameterwriter {
   const tdotobjlist& fdotoptions;
   const tindicatorlist& findicators;
   ttextfile& ffile;
+  tdoubletext fdoubletext;
   std::string_view fboundsswitch;
   shortstring fname;  // buffer for a name that is not written as it is stored
 };

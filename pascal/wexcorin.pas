@@ -27,7 +27,8 @@
       says. Where that is "untouched", the call does not write the output.
    6. Problems are reported as messages, see optGetMessage. The library raises no exception and never ends the
       program. When there is no memory, the call fails, the handle stays usable, and the message "Out of
-      memory" is filed.
+      memory" is filed. Texts hold bytes of the files as they are: before a program shows one to people, it
+      replaces control characters, marks that change the order of characters and invisible characters.
    7. Ownership. The library copies each text that it receives. The handle is all that a client has to free.
    8. Values. An option has a first value. With sub-type optsub2Values it also has a second value. The value
       of an option that was never set is its default. The defined bits say which values were set: 1 the first,

@@ -21,7 +21,13 @@ constexpr std::size_t maxfilename = 254;  // the longest that the library accept
 
 constexpr const char* notes =
     "An input file named - is standard input, an output file named - standard output.\n"
-    "Exit codes: 0 no problems, 1 problems found, 2 wrong usage or a file that cannot be opened or written.";
+    "Exit codes: 0 no problems; 1 problems in what was read; 2 wrong use, or a file that cannot be opened, "
+    "read\n"
+    "or written.";
+
+constexpr const char* losses =
+    "Lost are comments, the division into files and lines that set nothing. The file is read back, and each\n"
+    "setting that comes back as something else is warned of.\n";
 
 std::string versiontext() {
   const std::string_view line = optcore::trimright(optcore::zqagetauditline());  // padded with blanks
@@ -65,6 +71,9 @@ const CLI::App& addcheck(CLI::App& app, tcheckarguments& arguments) {
   command.add_flag("--json", arguments.json, "Print the findings as JSON");
   command.add_flag("--warnings-as-errors", arguments.warningsaserrors,
                    "Let warnings count for the exit code");
+  command.add_option("--limit", arguments.limit, "Print at most so many findings of one kind [1000]")
+      ->type_name("N")
+      ->check(CLI::PositiveNumber);
   return command;
 }
 
@@ -98,6 +107,9 @@ const CLI::App& addwrite(CLI::App& app, twritearguments& arguments) {
   CLI::App& command = addcommand(app, "write", "Write the settings of option files as one option file");
   addinputs(command, arguments.inputs, true);
   addoutput(command, arguments.output);
+  command.add_flag("--exact", arguments.exact, "Write numbers with all their digits, not with 15");
+  command.add_flag("--force", arguments.force, "Write even if there are errors in what was read");
+  command.footer(std::string(losses) + notes);
   return command;
 }
 

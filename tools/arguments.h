@@ -6,6 +6,8 @@
 #include <variant>
 #include <vector>
 
+#include "tools/reading/findings.h"
+
 namespace tool {
 
 // What a command reads, in this order: the definition, the option files, the texts of --set.
@@ -19,6 +21,7 @@ struct tcheckarguments {
   tinputs inputs;
   bool json = false;
   bool warningsaserrors = false;
+  std::size_t limit = tfindinglist::usuallimit;  // of the findings of one kind
 };
 
 struct tshowarguments {
@@ -35,6 +38,8 @@ struct thelparguments {
 struct twritearguments {
   tinputs inputs;
   std::string output;
+  bool exact = false;
+  bool force = false;
 };
 
 enum class tdocform { definition, pascal, html, c, markdown, page, json };

@@ -16,14 +16,15 @@ namespace {
 using nlohmann::ordered_json;
 
 struct tsummary {
-  std::size_t errors, warnings;
+  std::size_t errors, warnings, unlisted;
   std::int32_t options, set;
 };
 
-tsummary summaryof(const treading& reading, const tfindings& findings) {
+tsummary summaryof(const treading& reading) {
   const optcore::tvksoptions& store = reading.store();
-  tsummary result = {countof(findings, tseverity::error), countof(findings, tseverity::warning),
-                     store.getcount(), 0};
+  const tfindinglist& findings = reading.findings();
+  tsummary result = {findings.count(tseverity::error), findings.count(tseverity::warning),
+                     findings.unlisted(), store.getcount(), 0};
   for (std::int32_t i = 0; i < result.options; ++i)
     if (store.definition().option(i).defined() != 0) ++result.set;
   return result;
@@ -36,6 +37,7 @@ void addearlyend(treading& reading) {
   if (line != 0)
     reading.add({.place = {reading.definition(), line},
                  .severity = tseverity::warning,
+                 .rule = "early-end",
                  .text = "The definition ends here, because no line of a definition can begin like this one; "
                          "this line and all that follow are not read"});
 }
@@ -44,6 +46,7 @@ ordered_json findingjson(const tfinding& finding) {
   return {{"file", jsontext(finding.place.file)},
           {"line", finding.place.line == 0 ? ordered_json() : ordered_json(finding.place.line)},
           {"severity", finding.severity == tseverity::error ? "error" : "warning"},
+          {"rule", finding.rule},
           {"text", jsontext(finding.text)},
           {"details", jsontexts(finding.details)},
           {"suggestions", jsontexts(finding.suggestions)}};
@@ -62,45 +65,50 @@ void printjson(const tfindings& findings, const tsummary& summary) {
                                  {"summary",
                                   {{"errors", summary.errors},
                                    {"warnings", summary.warnings},
+                                   {"unlisted", summary.unlisted},
                                    {"options", summary.options},
                                    {"set", summary.set}}}};
-  std::cout << document.dump(2) << '\n';
+  std::cout << jsondocumenttext(document);
 }
 
 std::string summarytext(const tsummary& summary) {
   std::string result = "no problems";
   if (summary.errors + summary.warnings != 0)
     result = counted(summary.errors, "error") + ", " + counted(summary.warnings, "warning");
+  if (summary.unlisted != 0) result += " (" + std::to_string(summary.unlisted) + " of them not listed)";
   return result + "; " + counted(static_cast<std::size_t>(summary.options), "option") + ", " +
          std::to_string(summary.set) + " set";
 }
 
+// A file on the command line that cannot be opened; one that another file includes has the line of that file.
+bool ismistakeincall(const tfinding& finding) { return finding.unusable && finding.place.line == 0; }
+
 void printtext(const tfindings& findings, const tsummary& summary) {
   const tpalette palette(STDOUT_FILENO);
   for (const tfinding& finding : findings)
-    if (!finding.unopened) writefinding(std::cout, finding, palette);
+    if (!ismistakeincall(finding)) writefinding(std::cout, finding, palette);
   std::cout << summarytext(summary) << '\n';
 }
 
-// A file that cannot be opened is a mistake in the call, not in what was checked, so it is reported on
-// standard error.
+// Findings about the call, not about what was checked, are reported on standard error.
 void reportunopened(const tfindings& findings) {
   const tpalette palette(STDERR_FILENO);
   for (const tfinding& finding : findings)
-    if (finding.unopened) writefinding(std::cerr, finding, palette);
+    if (ismistakeincall(finding)) writefinding(std::cerr, finding, palette);
 }
 
 }  // namespace
 
 int run(const tcheckarguments& arguments) {
   treading reading;
+  reading.setlimit(arguments.limit);
   if (reading.readdefinition(arguments.inputs.definition)) {
     addearlyend(reading);
     reading.watchassignments();
     reading.readoptions(arguments.inputs);
   }
-  const tfindings& findings = reading.findings();
-  const tsummary summary = summaryof(reading, findings);
+  const tfindings& findings = reading.findings().kept();
+  const tsummary summary = summaryof(reading);
   reportunopened(findings);
   if (arguments.json)
     printjson(findings, summary);

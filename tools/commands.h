@@ -8,7 +8,7 @@ namespace tool {
 
 inline constexpr int exitclean = 0;
 inline constexpr int exitproblems = 1;
-inline constexpr int exitunusable = 2;  // wrong usage, or a file that cannot be opened or written
+inline constexpr int exitunusable = 2;  // wrong use, or a file that cannot be opened, read or written
 
 int run(const tcheckarguments& arguments);
 int run(const tshowarguments& arguments);

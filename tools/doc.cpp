@@ -1,76 +1,64 @@
 // The doc command: writes a definition in another form. The writers of the library make some forms
 // (definition, pascal, html); the functions in doc/ make the others.
-#include <iostream>
+#include <functional>
+#include <system_error>
 
-#include "base/systemerror.h"
-#include "output/textfile.h"
 #include "output/vksoptionwriter.h"
 #include "tools/commands.h"
 #include "tools/doc/documents.h"
 #include "tools/reading/reading.h"
-#include "tools/text.h"
+#include "tools/writing/deliver.h"
 
 namespace tool {
 
 namespace {
 
-std::int32_t writetext(const std::string& path, const std::string& text) {
-  optcore::ttextfile file;
-  file.open(path);
-  file.write(text);
-  return file.close();
+// Returns what a writer of the library writes.
+std::string writtenby(const std::function<std::int32_t(const std::string& path)>& writer) {
+  const ttemporaryfile file;
+  if (const std::int32_t code = writer(file.path()); code != 0)
+    throw std::system_error(code, std::generic_category(), "cannot write a temporary file");
+  return file.contents();
 }
 
-// Returns 0, or the operating system's error code if the file cannot be written.
-std::int32_t write(const treading& reading, tdocform form, const std::string& path) {
+std::string document(const treading& reading, tdocform form) {
   const optcore::tvksoptions& store = reading.store();
   const optcore::tvksoptionwriter writer(store.definition());
   switch (form) {
-    case tdocform::definition: return writer.writedefinition(path);
-    case tdocform::pascal: return writer.writedelphiinc(path);
-    case tdocform::html: return writer.writeashtml(path);
-    case tdocform::c: return writetext(path, cdocument(describe(store, reading.definition())));
-    case tdocform::markdown: return writetext(path, markdowndocument(describe(store, reading.definition())));
-    case tdocform::json: return writetext(path, jsondocument(describe(store, reading.definition())));
-    case tdocform::page: return writetext(path, pagedocument(describe(store, reading.definition())));
+    case tdocform::definition:
+      return writtenby([&](const auto& path) { return writer.writedefinition(path); });
+    case tdocform::pascal: return writtenby([&](const auto& path) { return writer.writedelphiinc(path); });
+    case tdocform::html: return writtenby([&](const auto& path) { return writer.writeashtml(path); });
+    case tdocform::c: return cdocument(describe(store, reading.definition()));
+    case tdocform::markdown: return markdowndocument(describe(store, reading.definition()));
+    case tdocform::json: return jsondocument(describe(store, reading.definition()));
+    case tdocform::page: return pagedocument(describe(store, reading.definition()));
   }
-  return 0;
+  return {};
 }
 
-// Prints an error and returns false if the file cannot be written.
-bool writeoutput(const treading& reading, const tdocarguments& arguments) {
-  std::int32_t code = 0;
-  if (arguments.output == "-") {
-    const ttemporaryfile file;
-    code = write(reading, arguments.form, file.path());
-    if (code == 0) std::cout << file.contents();
-  } else {
-    code = write(reading, arguments.form, arguments.output);
-  }
-  if (code != 0)
-    std::cerr << printable(arguments.output)
-              << ": error: cannot write the file: " << optcore::systemerrortext(code) << '\n';
-  return code == 0;
-}
-
-// Returns false only if the file cannot be written. The reasons for a refused document become findings.
-bool document(treading& reading, const tdocarguments& arguments) {
+// The reasons for a refused document become findings.
+void write(treading& reading, tdocform form, const toutputfile& output) {
   try {
-    return writeoutput(reading, arguments);
+    deliver(output, document(reading, form), reading);
   } catch (const trefuseddocument& refused) {
     for (const std::string& reason : refused.reasons())
-      reading.add({{reading.definition()}, tseverity::error, reason});
-    return true;
+      reading.add({.place = {reading.definition()},
+                   .severity = tseverity::error,
+                   .rule = "document",
+                   .text = reason});
   }
 }
 
 }  // namespace
 
 int run(const tdocarguments& arguments) {
+  const toutputfile output(arguments.output);
   treading reading;
-  const bool written = !reading.readdefinition(arguments.definition) || document(reading, arguments);
-  const int code = reportproblems(reading.findings());
-  return written ? code : exitunusable;
+  if (sparesfiles(output, filesof({arguments.definition, {}, {}}), reading) &&
+      reading.readdefinition(arguments.definition))
+    write(reading, arguments.form, output);
+  return reportproblems(reading.findings());
 }
 
 }  // namespace tool

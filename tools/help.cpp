@@ -22,7 +22,8 @@ bool isanswerable(const optcore::tvksoptions& store, std::string request) {
 }
 
 void reportunknown(const optcore::tvksoptions& store, const std::string& request) {
-  const std::string suggestion = suggestiontext(nearest(request, keynames(store), tmatch::nearorlonger));
+  const std::string suggestion =
+      suggestiontext(tnearnames(keynames(store)).nearest(request, tmatch::nearorlonger));
   std::cerr << "wexcorin: there is no option " << printable(inquotes(request))
             << (suggestion.empty() ? "" : "; " + printable(suggestion)) << '\n';
 }
@@ -34,12 +35,12 @@ int run(const thelparguments& arguments) {
   if (reading.readdefinition(arguments.definition)) reading.showhelp(arguments.request);
   const bool answered = isanswerable(reading.store(), arguments.request);
   tfindings problems;
-  for (const tfinding& finding : reading.findings())
+  for (const tfinding& finding : reading.findings().kept())
     if (finding.severity == tseverity::plain)
       std::cout << printable(finding.text) << '\n';
     else
       problems.push_back(finding);
-  const int code = reportproblems(problems);
+  const int code = reportproblems(problems, reading.findings().unlisted());
   if (code == exitunusable || answered) return code;
   reportunknown(reading.store(), arguments.request);
   return exitproblems;

@@ -18,4 +18,9 @@ inline nlohmann::ordered_json jsontexts(const std::vector<std::string>& texts) {
   return result;
 }
 
+// The document as text, which is safe on a terminal, too.
+inline std::string jsondocumenttext(const nlohmann::ordered_json& document) {
+  return printablejson(document.dump(2)) + "\n";
+}
+
 }  // namespace tool

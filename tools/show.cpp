@@ -98,7 +98,7 @@ void printjson(const std::string& definition, const std::vector<trow>& rows) {
   ordered_json options = ordered_json::array();
   for (const trow& row : rows) options.push_back(rowjson(row));
   const ordered_json document = {{"definition", jsontext(definition)}, {"options", options}};
-  std::cout << document.dump(2) << '\n';
+  std::cout << jsondocumenttext(document);
 }
 
 // The default of a strlist is the empty list. An option that reading an option file added has no default.

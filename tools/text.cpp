@@ -1,4 +1,4 @@
-// Converts texts to UTF-8, escapes control characters and adds colours.
+// Converts texts to UTF-8, escapes what could deceive a reader and adds colours.
 #include "tools/text.h"
 
 #include <unistd.h>
@@ -34,12 +34,73 @@ std::size_t sequence(std::string_view text) {
   return length;
 }
 
-// Whether a UTF-8 character is a control character other than the tab. U+0080 to U+009F are control
-// characters, too; the last byte of their sequence is their code.
-bool iscontrol(std::string_view character) {
+char32_t codeof(std::string_view character) {
   const unsigned char first = byteat(character, 0);
-  if (character.size() == 1) return (first < 0x20 && first != '\t') || first == 0x7F;
-  return first == 0xC2 && byteat(character, 1) < 0xA0;
+  if (character.size() == 1) return first;
+  char32_t code = first & (0x7FU >> character.size());
+  for (std::size_t position = 1; position < character.size(); ++position)
+    code = (code << 6) | (byteat(character, position) & 0x3F);
+  return code;
+}
+
+struct trange {
+  char32_t first, last;
+};
+
+// What controls a terminal, changes the order in which text is shown, or is not seen at all.
+constexpr auto deceiving = std::to_array<trange>({
+    {0x00, 0x1F},        // control characters
+    {0x7F, 0x9F},        // DEL and the further control characters
+    {0xAD, 0xAD},        // soft hyphen
+    {0x61C, 0x61C},      // Arabic letter mark
+    {0x180E, 0x180E},    // Mongolian vowel separator
+    {0x200B, 0x200F},    // zero-width characters and marks of direction
+    {0x2028, 0x202E},    // line and paragraph separator, embeddings and overrides of direction
+    {0x2060, 0x206F},    // word joiner, invisible operators, isolates of direction
+    {0xFEFF, 0xFEFF},    // byte order mark
+    {0xFFF9, 0xFFFB},    // marks of annotations
+    {0xE0000, 0xE007F},  // invisible copies of ASCII
+});
+
+bool deceives(char32_t code) {
+  if (code >= 0x20 && code < 0x7F) return false;  // as nearly all are
+  return std::ranges::any_of(deceiving, [&](trange each) { return code >= each.first && code <= each.last; });
+}
+
+std::string digitsof(char32_t code, int count) {
+  std::string result;
+  for (int shift = 4 * (count - 1); shift >= 0; shift -= 4)
+    result.push_back("0123456789abcdef"[(code >> shift) & 15]);
+  return result;
+}
+
+// Replaces the characters of a text that deceive with what `escape` makes of their codes.
+template <class tescape>
+std::string withescapes(std::string_view text, std::string_view kept, const tescape& escape) {
+  const std::string valid = utf8(text);
+  std::string result;
+  for (std::string_view rest = valid; !rest.empty();) {
+    const std::string_view character = rest.substr(0, sequence(rest));
+    rest.remove_prefix(character.size());
+    const char32_t code = codeof(character);
+    if (deceives(code) && !kept.starts_with(character))
+      result += escape(code);
+    else
+      result += character;
+  }
+  return result;
+}
+
+std::string escapefortext(char32_t code) {
+  if (code < 0x100) return "\\x" + digitsof(code, 2);
+  return code < 0x10000 ? "\\u" + digitsof(code, 4) : "\\U" + digitsof(code, 8);
+}
+
+// A character beyond U+FFFF is a pair of escapes in JSON.
+std::string escapeforjson(char32_t code) {
+  if (code < 0x10000) return "\\u" + digitsof(code, 4);
+  const char32_t rest = code - 0x10000;
+  return "\\u" + digitsof(0xD800 + (rest >> 10), 4) + "\\u" + digitsof(0xDC00 + (rest & 0x3FF), 4);
 }
 
 bool colourwanted(int descriptor) {
@@ -69,30 +130,17 @@ std::string utf8(std::string_view text) {
   return result;
 }
 
-std::string printable(std::string_view text) {
-  const std::string valid = utf8(text);
-  std::string result;
-  for (std::string_view rest = valid; !rest.empty();) {
-    const std::string_view character = rest.substr(0, sequence(rest));
-    rest.remove_prefix(character.size());
-    if (iscontrol(character))
-      result.append("\\x").append(hexdigits(character.back()));
-    else
-      result.append(character);
-  }
-  return result;
-}
+std::string printable(std::string_view text) { return withescapes(text, {}, escapefortext); }
+std::string printabletext(std::string_view text) { return withescapes(text, "\n", escapefortext); }
+std::string printableprose(std::string_view text) { return withescapes(text, "\t", escapefortext); }
+std::string printablejson(std::string_view text) { return withescapes(text, "\n", escapeforjson); }
 
 std::size_t columns(std::string_view text) {
   return static_cast<std::size_t>(
       std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
 }
 
-std::string hexdigits(char byte) {
-  static constexpr std::string_view digits = "0123456789abcdef";
-  const auto code = static_cast<unsigned char>(byte);
-  return {digits[code >> 4], digits[code & 15]};
-}
+std::string hexdigits(char byte) { return digitsof(static_cast<unsigned char>(byte), 2); }
 
 std::string inquotes(std::string_view text) { return '"' + std::string(text) + '"'; }
 

@@ -10,9 +10,16 @@ namespace tool {
 
 std::string utf8(std::string_view text);
 
-// Like utf8, but control characters other than the tab are written in the form \x1b, so that no text can
-// control a terminal.
+// Makes a text safe for people; whatever the tool prints of a file passes through it. Like utf8, but control
+// characters, marks that change the order in which text is shown, and invisible characters are written in the
+// forms \x1b, \u202e and \U000e0041: no text can control a terminal or look like another one.
 std::string printable(std::string_view text);
+// The same for a text of several lines, of which the line ends stay.
+std::string printabletext(std::string_view text);
+// The same for documents that are laid out anew, in which a tab is a blank like others.
+std::string printableprose(std::string_view text);
+// The same for JSON that has been written: the escapes are those of JSON, so its values stay the same.
+std::string printablejson(std::string_view text);
 
 // The width of a valid UTF-8 text on a terminal, counted as one column for each character.
 std::size_t columns(std::string_view text);

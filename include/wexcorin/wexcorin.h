@@ -45,6 +45,11 @@
  *     and prints nothing, except for the list of names that optshowhelp prints on request. When it writes to
  *     a pipe whose reader has left, or beyond the size limit for files, the process receives no signal; this,
  *     too, is reported as a message.
+ *     Messages and help hold bytes of the files as they are. A file that somebody else wrote can hold what
+ *     controls a terminal or makes a text look like another one, so a host that shows a text to people first
+ *     replaces the control characters (0x00 to 0x1F, 0x7F, U+0080 to U+009F), the marks that change the order
+ *     of characters and the invisible ones (U+200B to U+200F, U+2028 to U+202E, U+2060 to U+206F, U+FEFF), and
+ *     bytes that are not valid in its encoding. The same holds for names, values and all other texts.
  *
  * 10. Ownership. The library copies each text that it receives, and copies its results into the caller's
  *     buffers. The handle is all that a client has to free.
@@ -164,7 +169,18 @@ enum {
 
 /* Creates an empty handle, stores it in *handle and returns it. Both are null when there is no memory. A new
  * handle has no options and no messages. End-of-line mode and recent tracking are on; echo and tolerance of
- * values out of bounds are off (see "Flags"). The caller owns the handle and frees it with xfree. */
+ * values out of bounds are off (see "Flags"). The caller owns the handle and frees it with xfree.
+ *
+ * Attention: xcreate and xfree are common names. Some libraries export a function xfree that frees any memory
+ * (libreadline is one). The dynamic linker gives a process one function of a name only, and then either this
+ * client calls the other library's xfree with a handle and aborts, or the other library calls this xfree and
+ * crashes. No order of linking avoids both. What does:
+ * - link this library last, and take the two functions from the library itself:
+ *     void* library = dlopen("libwexcorin.so.2", RTLD_NOW | RTLD_LOCAL);
+ *     *(void**)&create = dlsym(library, "xcreate");  and the same for xfree
+ * - or put the client into a shared library, link only that with this library, and load it with dlopen and
+ *   RTLD_LOCAL | RTLD_DEEPBIND, or with dlmopen and LM_ID_NEWLM.
+ * docs/client-guide.md has the code. wexcorin.hpp notices when it gets another library's function. */
 WEXCORIN_API tvksoptions* xcreate(tvksoptions** handle);
 
 /* Frees the handle with everything in it, and sets *handle to null. Does nothing when *handle is null. */

@@ -7,24 +7,30 @@
 // does what the function of the same name there does; the comments here say what differs. Throughout:
 //
 // - Numbers of options, messages and so on begin at 1; positions in a range begin at 0.
-// - A text argument of more than 255 characters throws std::length_error, and an integer value of more than
-//   32 bits throws std::out_of_range. Otherwise only the constructors throw, and std::string and std::vector
-//   when there is no memory.
-// - A function that returns std::optional returns no value where the C function fails. A bool is true for
-//   "ok" where the C function returns that.
+// - A function that returns std::optional returns no value where the C function fails, as for an option that
+//   does not exist. A bool is true for "ok" where the C function returns that.
+// - An error of the caller throws: std::length_error a text argument of more than 255 characters,
+//   std::out_of_range a number that the option cannot hold, and wrong_type an option of a type that the
+//   function is not for. So do the constructors, and std::string and std::vector when there is no memory.
+// - A value that the option refuses, such as one out of bounds, throws nothing: it often comes from a user,
+//   and the library has filed a message about it. The setter returns false then, and for an option that does
+//   not exist. Setters are [[nodiscard]]: otherwise a program could go on with the old value unnoticed.
+// - Texts hold bytes of the files as they are; convention 9 of wexcorin.h says what to replace before they are
+//   shown to people.
 // - An options object is used by one thread at a time. loadpath and setloadpath are not thread-safe.
 //
 //   wexcorin::options options("solver.def");
 //   options.readparameterfile("solver.opt");
-//   for (const wexcorin::message& message : options.messages()) std::cerr << message.text << '\n';
+//   for (const wexcorin::problem& problem : options.problems())
+//     std::cerr << problem.file << ':' << problem.line << ": " << problem.text << '\n';
 //   int limit = options.integer("iteration_limit").value_or(1000);
 #ifndef WEXCORIN_WEXCORIN_HPP
 #define WEXCORIN_WEXCORIN_HPP
 
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <initializer_list>
 #include <new>
 #include <optional>
@@ -36,57 +42,29 @@
 #include <utility>
 #include <vector>
 
+#include "wexcorin/elements.hpp"
+#include "wexcorin/linkage.hpp"
+#include "wexcorin/problems.hpp"
 #include "wexcorin/range.hpp"
+#include "wexcorin/text.hpp"
 #include "wexcorin/wexcorin.h"
 
 namespace wexcorin {
 
-// Thrown when the library found at run time does not suit the header that the program was compiled with.
-class interface_mismatch : public std::runtime_error {
+// Thrown when an option has a type that a function is not for: by integer for a double option, by integer2
+// for an option with one value, by every setter for an immediate option. describe() returns the type.
+class wrong_type : public std::logic_error {
  public:
-  using std::runtime_error::runtime_error;
+  using std::logic_error::logic_error;
 };
 
-namespace detail {
-
-// A text argument. The library takes 255 characters; a longer text is an error of the caller and is not cut.
-class textin : private optshortstring {
- public:
-  explicit textin(std::string_view argument) {
-    if (argument.size() > sizeof text)
-      throw std::length_error("wexcorin: a text has more than 255 characters");
-    length = static_cast<unsigned char>(argument.size());
-    if (!argument.empty()) std::memcpy(text, argument.data(), argument.size());
-  }
-  operator const optshortstring*() const noexcept { return this; }
-};
-
-// A buffer for a text output.
-class textout : private optshortstring {
- public:
-  textout() noexcept { length = 0; }
-  operator optshortstring*() noexcept { return this; }
-  std::string str() const { return std::string(text, length); }
-};
-
-// Integer options hold 32 bits; a larger integer is an error of the caller and is not cut.
-template <class tinteger>
-std::int32_t int32(tinteger value) {
-  const auto result = static_cast<std::int32_t>(value);
-  if (static_cast<tinteger>(result) != value || (std::is_unsigned_v<tinteger> && result < 0))
-    throw std::out_of_range("wexcorin: an integer value has more than 32 bits");
-  return result;
-}
-
-}  // namespace detail
-
-// Identifies an option by its number, or by its name or synonym. A name is looked up at each call. The key
-// keeps a view of the name, not a copy.
+// Identifies an option by its number, or by its name or synonym, of which it keeps a copy. A name is looked
+// up at each call.
 class key {
  public:
   key(std::int32_t number) noexcept : fname(), fnumber(number) {}
   template <class tname, std::enable_if_t<std::is_convertible_v<const tname&, std::string_view>, int> = 0>
-  key(const tname& name) : fname(std::string_view(name)), fnumber(0) {}
+  key(const tname& name) : fname(std::string(std::string_view(name))), fnumber(0) {}
 
   // Returns the number of the option, or 0, which is no option, when there is none of that name.
   std::int32_t number(tvksoptions* handle) const {
@@ -97,98 +75,17 @@ class key {
   }
 
  private:
-  std::optional<std::string_view> fname;
+  std::optional<std::string> fname;
   std::int32_t fnumber;
-};
-
-// A message as optgetmessage returns it.
-struct message {
-  std::int32_t kind;  // optMsgInputEcho ...
-  std::string text;
-};
-
-// What optgetinfonr, optgethelpnr and optgetopthelpnr return for an option.
-struct option {
-  std::int32_t number;
-  std::string name;       // as in the definition file: it can be looked up in every lookup mode
-  std::int32_t datatype;  // optDataInteger ...
-  std::int32_t type;      // optTypeInteger ...
-  std::int32_t subtype;   // optsubRequired ...
-  std::int32_t group;     // group number, see findgroup
-  std::int32_t refnr;     // reference number
-  std::int32_t helpflag;  // above 0: listed in the help
-  std::int32_t defined;   // 1: the first value was set, 2: the second, 3: both
-  std::int32_t recent;    // the same since the recent bits were cleared
-  std::string help;
-};
-
-// An item of an enumstr or enumint option.
-struct enumvalue {
-  std::int32_t integer;  // 0 for enumstr
-  std::string text;
-  std::int32_t helpflag;
-  std::string help;
-};
-
-// A text taken from a list, and the name of the strlist option that held it.
-struct listtext {
-  std::string option;
-  std::string text;
-};
-
-// A synonym and the name of its option.
-struct synonym {
-  std::string name;
-  std::string option;  // empty when the definition names an unknown option
-};
-
-// A group of options.
-struct group {
-  std::string name;
-  std::int32_t number;
-  std::int32_t helpflag;
-  std::string help;
-};
-
-// A dot entry; its index elements are in options::indices.
-struct dotentry {
-  std::int32_t number;
-  std::string symbol;
-  std::int32_t option;      // number of the dot option
-  std::int32_t dimensions;  // number of index elements
-  double value;
-};
-
-// An indicator; its index elements are in options::equationelements and variableelements.
-struct indicator {
-  std::int32_t number;
-  std::string equation;
-  std::string variable;
-  std::int32_t equationdimensions;
-  std::int32_t variabledimensions;
-  bool value;
-};
-
-// The inclusive bounds and the default of an integer or double option.
-template <class tvalue>
-struct bounds {
-  tvalue low;
-  tvalue high;
-  tvalue defaultvalue;
-};
-
-// How many messages are errors and warnings, see opterrorcount.
-struct counts {
-  std::int32_t errors;
-  std::int32_t warnings;
 };
 
 // A set of options with its messages. Owns the handle.
 class options {
  public:
-  // Throws interface_mismatch when the library found at run time does not suit this header, and
-  // std::bad_alloc when there is no memory.
+  // Throws interface_mismatch when the library found at run time does not suit this header or when another
+  // library's xcreate or xfree is called in place of its own, and std::bad_alloc when there is no memory.
   options() {
+    detail::requireownfunctions();
     detail::textout text;
     std::int32_t compat = 0;
     if (xapiversion(WEXCORIN_INTERFACE_VERSION, text, &compat) == 0 || compat == 3)
@@ -198,16 +95,18 @@ class options {
     if (xcreate(&fhandle) == nullptr) throw std::bad_alloc();
   }
   // Also reads a definition file. Throws std::system_error when readdefinition returns an error code.
-  // Mistakes in the file throw nothing: see errorcount() and messages().
+  // Mistakes in the file throw nothing: see problems().
   explicit options(std::string_view definitionfile) : options() {
     const std::int32_t code = readdefinition(definitionfile);
     if (code != 0) throw std::system_error(code, std::generic_category(), std::string(definitionfile));
   }
   // A moved-from object may only be destroyed, assigned to, or asked for get().
-  options(options&& other) noexcept : fhandle(std::exchange(other.fhandle, nullptr)) {}
+  options(options&& other) noexcept
+      : fhandle(std::exchange(other.fhandle, nullptr)), freadings(std::move(other.freadings)) {}
   options& operator=(options&& other) noexcept {
     options moved(std::move(other));
     std::swap(fhandle, moved.fhandle);
+    std::swap(freadings, moved.freadings);
     return *this;
   }
   options(const options&) = delete;
@@ -218,131 +117,168 @@ class options {
   // object.
   tvksoptions* get() const noexcept { return fhandle; }
 
-  // ---- reading and writing; the result is 0 or the error code of the operating system. For a file that could
-  // be opened but not read to its end it is 0, unless the list of messages is too full to report it.
+  // ---- reading and writing; the result is 0 or the error code of the operating system. For a file that
+  // could be opened but not read to its end it is 0, unless the list of messages is too full to report it.
   std::int32_t readdefinition(std::string_view file) {
-    return optreaddefinition(fhandle, detail::textin(file));
+    return noted(file, 0, [&] { return optreaddefinition(fhandle, detail::textin(file)); });
   }
   std::int32_t readparameterfile(std::string_view file) {
-    return optreadparameterfile(fhandle, detail::textin(file));
+    return noted(file, 0, [&] { return optreadparameterfile(fhandle, detail::textin(file)); });
   }
   // Returns EIO when the file could be opened but not written to its end; the C function reports that by
   // messages only. Returns 0 instead when the list of messages is full: call clearmessages() before.
   std::int32_t writeparameterfile(std::string_view file) {
     const std::int32_t before = errorcount().errors;
-    const std::int32_t code = optwriteparameterfile(fhandle, detail::textin(file));
+    const std::int32_t code =
+        noted(file, 0, [&] { return optwriteparameterfile(fhandle, detail::textin(file)); });
     return code == 0 && errorcount().errors != before ? EIO : code;
   }
-  // Reads option text of any length, up to the first zero byte or line feed, as optreadfrompchar does.
-  void read(std::string_view text) { optreadfrompchar(fhandle, std::string(text).c_str()); }
+  // Reads option text of any length and of any number of lines. Each line is a text of its own, as
+  // optreadfrompchar reads it: a switch of end-of-line mode holds for the rest of its line, and a zero byte
+  // ends the line. A line ends with a line feed, also behind a carriage return.
+  void read(std::string_view text) {
+    for (std::int32_t line = 1; line == 1 || !text.empty(); ++line) {
+      const std::size_t end = std::min(text.find('\n'), text.size());
+      const bool returns = end < text.size() && end > 0 && text[end - 1] == '\r';
+      const std::string single(text.substr(0, returns ? end - 1 : end));
+      noted("pchar", line, [&] { return optreadfrompchar(fhandle, single.c_str()), 0; });
+      text.remove_prefix(std::min(end + 1, text.size()));
+    }
+  }
   // Files help as messages.
   void showhelp(std::string_view request) { optshowhelp(fhandle, detail::textin(request)); }
 
   // ---- messages
-  range<message> messages() const { return numbered<message>(optmessagecount(fhandle), readmessage); }
+  range<message> messages() const { return numbered<message>(optmessagecount(fhandle), detail::readmessage); }
+  // Returns the errors and warnings among the messages, with the file and line that each is about. The file
+  // is known when this object has read it or an option file names it. A text ends where its message was cut.
+  std::vector<problem> problems() const {
+    detail::problemlist result(freadings);
+    std::int32_t number = 0;
+    for (const message& each : messages()) result.add(++number, each);
+    return std::move(result).problems();
+  }
   void addmessage(std::string_view text) { optaddmessage(fhandle, detail::textin(text)); }
   // A range of messages that was made before reads "Bad message number" afterwards: make a new one.
-  void clearmessages() { optclearmessages(fhandle); }
+  void clearmessages() {
+    optclearmessages(fhandle);
+    freadings.clear();
+  }
   counts errorcount() const {
     counts result{};
     opterrorcount(fhandle, &result.errors, &result.warnings);
     return result;
   }
 
-  // ---- options; nothing, or an empty range, for a key without an option and for a type that does not fit
+  // ---- options; nothing, or an empty range, for a key without an option
 
   // Returns the number of the option with this name or synonym.
   std::optional<std::int32_t> find(std::string_view name) const { return found(number(name)); }
   // Returns all options, in the order of their numbers.
-  range<option> all() const { return numbered<option>(optcount(fhandle), readoption); }
-  std::optional<option> describe(key which) const {
-    option result = readoption(fhandle, 0, number(which));
+  range<option> all() const { return numbered<option>(optcount(fhandle), detail::readoption); }
+  std::optional<option> describe(const key& which) const {
+    option result = detail::readoption(fhandle, 0, number(which));
     return result.type >= 0 ? std::optional(std::move(result)) : std::nullopt;
   }
-  std::optional<bounds<std::int32_t>> integerbounds(key which) const {
+  std::optional<bounds<std::int32_t>> integerbounds(const key& which) const {
     bounds<std::int32_t> result{};
-    const auto ok = optgetboundsint(fhandle, number(which), &result.low, &result.high, &result.defaultvalue);
-    return ok != 0 ? std::optional(result) : std::nullopt;
+    const std::int32_t nr = number(which);
+    const auto ok = optgetboundsint(fhandle, nr, &result.low, &result.high, &result.defaultvalue);
+    return answered(ok, nr, "integerbounds") ? std::optional(result) : std::nullopt;
   }
-  std::optional<bounds<double>> realbounds(key which) const {
+  std::optional<bounds<double>> realbounds(const key& which) const {
     bounds<double> result{};
-    const auto ok = optgetboundsdbl(fhandle, number(which), &result.low, &result.high, &result.defaultvalue);
-    return ok != 0 ? std::optional(result) : std::nullopt;
+    const std::int32_t nr = number(which);
+    const auto ok = optgetboundsdbl(fhandle, nr, &result.low, &result.high, &result.defaultvalue);
+    return answered(ok, nr, "realbounds") ? std::optional(result) : std::nullopt;
   }
   // Returns the default of a string option.
-  std::optional<std::string> defaulttext(key which) const { return text(optgetdefaultstr, which); }
+  std::optional<std::string> defaulttext(const key& which) const {
+    return text(optgetdefaultstr, which, "defaulttext");
+  }
   // Returns the items of an enumstr or enumint option.
-  range<enumvalue> enumvalues(key which) const {
+  range<enumvalue> enumvalues(const key& which) const {
     const std::int32_t outer = number(which);
     std::int32_t count = 0;
-    if (optgetenumcount(fhandle, outer, &count) == 0) count = 0;
-    return numbered<enumvalue>(count, readenumvalue, outer);
+    if (!answered(optgetenumcount(fhandle, outer, &count), outer, "enumvalues")) count = 0;
+    return numbered<enumvalue>(count, detail::readenumvalue, outer);
   }
   // Returns the number of the item that is the first value of an enumstr option; no value when it is none of
   // the items.
-  std::optional<std::int32_t> enumitem(key which) const {
+  std::optional<std::int32_t> enumitem(const key& which) const {
     detail::textout text;
     std::int32_t item = 0;
-    return optgetenumstrnr(fhandle, number(which), text, &item) != 0 ? found(item) : std::nullopt;
+    const std::int32_t nr = number(which);
+    return answered(optgetenumstrnr(fhandle, nr, text, &item), nr, "enumitem") ? found(item) : std::nullopt;
   }
-  bool setrefnr(key which, std::int32_t refnr) { return optsetrefnr(fhandle, number(which), refnr) != 0; }
-  range<synonym> synonyms() const { return numbered<synonym>(optsynonymcount(fhandle), readsynonym); }
-  range<group> groups() const { return numbered<group>(optgroupcount(fhandle), readgroup); }
+  [[nodiscard]] bool setrefnr(const key& which, std::int32_t refnr) {
+    return optsetrefnr(fhandle, number(which), refnr) != 0;
+  }
+  range<synonym> synonyms() const { return numbered<synonym>(optsynonymcount(fhandle), detail::readsynonym); }
+  range<group> groups() const { return numbered<group>(optgroupcount(fhandle), detail::readgroup); }
   // Returns the first group with this group number, as option::group holds it.
   std::optional<group> findgroup(std::int32_t groupnumber) const {
     const std::int32_t position = optgetgroupgrpnr(fhandle, groupnumber);
-    return position > 0 ? std::optional(readgroup(fhandle, 0, position)) : std::nullopt;
+    return position > 0 ? std::optional(detail::readgroup(fhandle, 0, position)) : std::nullopt;
   }
 
-  // ---- values; nothing for a key without an option and for a type that does not fit; 2: the second value
-  std::optional<std::int32_t> integer(key which) const { return value<std::int32_t>(optgetintnr, which); }
-  std::optional<std::int32_t> integer2(key which) const { return value<std::int32_t>(optgetint2nr, which); }
-  std::optional<double> real(key which) const { return value<double>(optgetdblnr, which); }
-  std::optional<double> real2(key which) const { return value<double>(optgetdbl2nr, which); }
-  std::optional<std::string> text(key which) const { return text(optgetstrnr, which); }
-  std::optional<std::string> text2(key which) const { return text(optgetstr2nr, which); }
+  // ---- values; nothing for a key without an option; 2: the second value
 
-  // Returns true when the value was stored without an error message. The argument must fit the option: an
-  // integer or unscoped enumerator, a floating-point number, or a text, which every option takes.
-  template <class tinteger, class = std::enable_if_t<
-                                (std::is_integral_v<tinteger> ||
-                                 std::is_enum_v<tinteger>)&&std::is_convertible_v<tinteger, std::int64_t>>>
-  bool set(key which, tinteger value) {
-    return optsetintnr(fhandle, number(which), detail::int32(value)) != 0;
+  // The value of an integer, boolean or enumint option.
+  std::optional<std::int32_t> integer(const key& which) const {
+    return value<std::int32_t>(optgetintnr, which, "integer");
   }
-  bool set(key which, double value) { return optsetdblnr(fhandle, number(which), value) != 0; }
-  bool set(key which, std::string_view value) {
-    return optsetstrnr(fhandle, number(which), detail::textin(value)) != 0;
+  std::optional<std::int32_t> integer2(const key& which) const {
+    return value<std::int32_t>(optgetint2nr, which, "integer2");
   }
-  template <class tinteger, class = std::enable_if_t<
-                                (std::is_integral_v<tinteger> ||
-                                 std::is_enum_v<tinteger>)&&std::is_convertible_v<tinteger, std::int64_t>>>
-  bool set2(key which, tinteger value) {
-    return optsetint2nr(fhandle, number(which), detail::int32(value)) != 0;
+  // The value of a double option.
+  std::optional<double> real(const key& which) const { return value<double>(optgetdblnr, which, "real"); }
+  std::optional<double> real2(const key& which) const { return value<double>(optgetdbl2nr, which, "real2"); }
+  // The value of an option as text. A strlist, multilist, macro or immediate option has none.
+  std::optional<std::string> text(const key& which) const { return text(optgetstrnr, which, "text"); }
+  std::optional<std::string> text2(const key& which) const { return text(optgetstr2nr, which, "text2"); }
+
+  // Return true when the value was stored without an error message. A number is converted to the type of the
+  // option where nothing is lost: 5 and 5.0 are the same for every option. An integer option refuses 2.5 with
+  // a message. An integer with more digits than the option can hold throws std::out_of_range. For all other
+  // types a number stands for its decimal text. An unscoped enumerator is an integer.
+  template <class tinteger, class = detail::ifinteger<tinteger>>
+  [[nodiscard]] bool set(const key& which, tinteger value) {
+    return setnumber(which, detail::integral(value), firstvalue());
   }
-  bool set2(key which, double value) { return optsetdbl2nr(fhandle, number(which), value) != 0; }
-  bool set2(key which, std::string_view value) {
-    return optsetstr2nr(fhandle, number(which), detail::textin(value)) != 0;
+  [[nodiscard]] bool set(const key& which, double value) { return setnumber(which, value, firstvalue()); }
+  [[nodiscard]] bool set(const key& which, std::string_view value) {
+    return settext(settable(which, firstvalue()), value, firstvalue());
   }
-  bool reset(key which) { return optresetnr(fhandle, number(which)) != 0; }
+  template <class tinteger, class = detail::ifinteger<tinteger>>
+  [[nodiscard]] bool set2(const key& which, tinteger value) {
+    return setnumber(which, detail::integral(value), secondvalue());
+  }
+  [[nodiscard]] bool set2(const key& which, double value) { return setnumber(which, value, secondvalue()); }
+  [[nodiscard]] bool set2(const key& which, std::string_view value) {
+    return settext(settable(which, secondvalue()), value, secondvalue());
+  }
+  [[nodiscard]] bool reset(const key& which) { return optresetnr(fhandle, number(which)) != 0; }
   void resetall() { optresetall(fhandle); }
   void resetallrecent() { optresetallrecent(fhandle); }
 
-  // Returns the texts of a strlist option as they are now; empty when the name is not that of a strlist
-  // option.
+  // Returns the texts of a strlist option as they are now; empty when there is no option of that name.
   std::vector<std::string> list(std::string_view name) const {
     const detail::textin key(name);
     detail::textout text;
     std::vector<std::string> result;
-    for (std::int32_t index = 1; optreadfromliststr(fhandle, key, index, text) == 1; ++index)
+    std::int32_t code = 1;
+    for (std::int32_t index = 1; (code = optreadfromliststr(fhandle, key, index, text)) == 1; ++index)
       result.push_back(text.str());
+    if (code == notalist) throw wrongtype(number(name), "list");
     return result;
   }
-  // Removes the first text from a list and returns it.
+  // Removes the first text from a list and returns it; nothing when there is none.
   std::optional<std::string> takefromlist(std::string_view name) {
     detail::textout text;
-    if (optgetfromliststr(fhandle, detail::textin(name), text) != 1) return std::nullopt;
-    return text.str();
+    const std::int32_t code = optgetfromliststr(fhandle, detail::textin(name), text);
+    if (code == notalist) throw wrongtype(number(name), "takefromlist");
+    return code == 1 ? std::optional(text.str()) : std::nullopt;
   }
   // Does the same for the first list that has a text: when dashed is true among the options whose name begins
   // with "--", otherwise among the others.
@@ -356,21 +292,23 @@ class options {
   // ---- dot entries and indicators
   range<dotentry> dotentries() const {
     std::int32_t rejected = 0;
-    return numbered<dotentry>(optdotoptcount(fhandle, &rejected), readdotentry);
+    return numbered<dotentry>(optdotoptcount(fhandle, &rejected), detail::readdotentry);
   }
   // Returns the index elements of an entry.
   range<std::string> indices(const dotentry& entry) const {
-    return numbered<std::string>(entry.dimensions, readtext<optgetdotoptuel>, entry.number);
+    return numbered<std::string>(entry.dimensions, detail::readtext<optgetdotoptuel>, entry.number);
   }
   range<indicator> indicators() const {
     std::int32_t rejected = 0;
-    return numbered<indicator>(optindicatorcount(fhandle, &rejected), readindicator);
+    return numbered<indicator>(optindicatorcount(fhandle, &rejected), detail::readindicator);
   }
   range<std::string> equationelements(const indicator& item) const {
-    return numbered<std::string>(item.equationdimensions, readtext<optgetequindicatornr>, item.number);
+    return numbered<std::string>(item.equationdimensions, detail::readtext<optgetequindicatornr>,
+                                 item.number);
   }
   range<std::string> variableelements(const indicator& item) const {
-    return numbered<std::string>(item.variabledimensions, readtext<optgetvarindicatornr>, item.number);
+    return numbered<std::string>(item.variabledimensions, detail::readtext<optgetvarindicatornr>,
+                                 item.number);
   }
   // Return how many entries or indicators were discarded because their line had an error.
   std::int32_t rejecteddotentries() const {
@@ -417,21 +355,105 @@ class options {
   bool seteolonly(bool on) { return opteolonlyset(fhandle, on ? 1 : 0) != 0; }
 
  private:
-  std::int32_t number(key which) const { return which.number(fhandle); }
+  std::int32_t number(const key& which) const { return which.number(fhandle); }
 
   static std::optional<std::int32_t> found(std::int32_t number) {
     return number > 0 ? std::optional(number) : std::nullopt;
   }
 
+  // Remembers which messages a call files and what it reads.
+  template <class tcall>
+  std::int32_t noted(std::string_view file, std::int32_t line, tcall call) {
+    const std::int32_t before = optmessagecount(fhandle);
+    const std::int32_t code = call();
+    freadings.add({before, optmessagecount(fhandle), std::string(file), line});
+    return code;
+  }
+
+  // ---- types of options
+
+  static constexpr std::int32_t notalist = -1;
+
+  struct typeinfo {
+    std::int32_t datatype = -1;
+    std::int32_t type = -1;  // below 0 when there is no option of that number
+    std::int32_t subtype = -1;
+  };
+  typeinfo infoof(std::int32_t nr) const {
+    typeinfo result;
+    std::int32_t defined = 0;
+    std::int32_t recent = 0;
+    std::int32_t refnr = 0;
+    optgetinfonr(fhandle, nr, &defined, &recent, &refnr, &result.datatype, &result.type, &result.subtype);
+    return result;
+  }
+  wrong_type wrongtype(std::int32_t nr, const char* function) const {
+    const typeinfo info = infoof(nr);
+    return wrong_type("wexcorin: Option \"" + detail::readoption(fhandle, 0, nr).name + "\" (" +
+                      typekeyword(info.type).value_or("") +
+                      (info.subtype == optsub2Values ? ", two values" : ", one value") + ") does not fit " +
+                      function + "().");
+  }
+  // Whether a query was answered. Throws when the option exists and therefore has the wrong type.
+  bool answered(std::int32_t ok, std::int32_t nr, const char* function) const {
+    if (ok == 0 && infoof(nr).type >= 0) throw wrongtype(nr, function);
+    return ok != 0;
+  }
+
+  // ---- values
+
   template <class tvalue>
-  std::optional<tvalue> value(std::int32_t (*getter)(tvksoptions*, std::int32_t, tvalue*), key which) const {
+  std::optional<tvalue> value(std::int32_t (*getter)(tvksoptions*, std::int32_t, tvalue*), const key& which,
+                              const char* function) const {
     tvalue result{};
-    return getter(fhandle, number(which), &result) != 0 ? std::optional(result) : std::nullopt;
+    const std::int32_t nr = number(which);
+    return answered(getter(fhandle, nr, &result), nr, function) ? std::optional(result) : std::nullopt;
   }
   std::optional<std::string> text(std::int32_t (*getter)(tvksoptions*, std::int32_t, optshortstring*),
-                                  key which) const {
+                                  const key& which, const char* function) const {
     detail::textout result;
-    return getter(fhandle, number(which), result) != 0 ? std::optional(result.str()) : std::nullopt;
+    const std::int32_t nr = number(which);
+    const std::int32_t datatype = infoof(nr).datatype;
+    const bool hasvalue = datatype != optDataNone && datatype != optDataStrList;
+    const std::int32_t ok = hasvalue ? getter(fhandle, nr, result) : 0;
+    return answered(ok, nr, function) ? std::optional(result.str()) : std::nullopt;
+  }
+
+  // The setters of one of the two values.
+  struct setters {
+    std::int32_t (*integer)(tvksoptions*, std::int32_t, std::int32_t);
+    std::int32_t (*real)(tvksoptions*, std::int32_t, double);
+    std::int32_t (*text)(tvksoptions*, std::int32_t, const optshortstring*);
+    bool second;
+  };
+  static setters firstvalue() { return {optsetintnr, optsetdblnr, optsetstrnr, false}; }
+  static setters secondvalue() { return {optsetint2nr, optsetdbl2nr, optsetstr2nr, true}; }
+
+  // Returns the number of the option, and 0 when there is none. Throws when it does not have such a value.
+  std::int32_t settable(const key& which, const setters& functions) const {
+    const std::int32_t nr = number(which);
+    const typeinfo info = infoof(nr);
+    if (info.type == optTypeImmediate ||
+        (info.type >= 0 && functions.second && info.subtype != optsub2Values))
+      throw wrongtype(nr, functions.second ? "set2" : "set");
+    return nr;
+  }
+  bool settext(std::int32_t nr, std::string_view value, const setters& functions) {
+    return functions.text(fhandle, nr, detail::textin(value)) != 0;
+  }
+  template <class tnumber>
+  bool setnumber(const key& which, tnumber value, const setters& functions) {
+    const std::int32_t nr = settable(which, functions);
+    const std::int32_t datatype = infoof(nr).datatype;
+    if (datatype == optDataInteger) {
+      if (const auto exact = detail::exactint32(value)) return functions.integer(fhandle, nr, *exact) != 0;
+      if constexpr (std::is_integral_v<tnumber>)
+        throw std::out_of_range("wexcorin: an integer value has more than 32 bits");
+    } else if (datatype == optDataDouble) {
+      if (const auto exact = detail::exactdouble(value)) return functions.real(fhandle, nr, *exact) != 0;
+      throw std::out_of_range("wexcorin: an integer value has more digits than a double holds");
+    }
+    return settext(nr, detail::decimal(value), functions);
   }
 
   // ---- elements of ranges
@@ -441,81 +463,8 @@ class options {
     return range<telement>(count, detail::source<telement>{fhandle, reader, outer});
   }
 
-  static message readmessage(tvksoptions* handle, std::int32_t, std::int32_t number) {
-    detail::textout text;
-    message result{};
-    optgetmessage(handle, number, text, &result.kind);
-    result.text = text.str();
-    return result;
-  }
-  static synonym readsynonym(tvksoptions* handle, std::int32_t, std::int32_t number) {
-    detail::textout name;
-    detail::textout target;
-    optgetsynonym(handle, number, name, target);
-    return synonym{name.str(), target.str()};
-  }
-  static option readoption(tvksoptions* handle, std::int32_t, std::int32_t number) {
-    option result{};
-    detail::textout name;
-    detail::textout blankname;  // not used: in lookup mode Minos it cannot be looked up
-    detail::textout help;
-    optgetinfonr(handle, number, &result.defined, &result.recent, &result.refnr, &result.datatype,
-                 &result.type, &result.subtype);
-    optgethelpnr(handle, number, name, help);
-    optgetopthelpnr(handle, number, blankname, &result.helpflag, &result.group);
-    result.number = number;
-    result.name = name.str();
-    result.help = help.str();
-    return result;
-  }
-  static enumvalue readenumvalue(tvksoptions* handle, std::int32_t outer, std::int32_t item) {
-    detail::textout text;
-    detail::textout help;
-    enumvalue result{};
-    optgetenumvalue(handle, outer, item, &result.integer, text);
-    optgetenumhelp(handle, outer, item, &result.helpflag, help);
-    result.text = text.str();
-    result.help = help.str();
-    return result;
-  }
-  static group readgroup(tvksoptions* handle, std::int32_t, std::int32_t position) {
-    detail::textout name;
-    detail::textout help;
-    group result{};
-    optgetgroupnr(handle, position, name, &result.number, &result.helpflag, help);
-    result.name = name.str();
-    result.help = help.str();
-    return result;
-  }
-  static dotentry readdotentry(tvksoptions* handle, std::int32_t, std::int32_t number) {
-    detail::textout symbol;
-    dotentry result{};
-    optgetdotoptnr(handle, number, symbol, &result.option, &result.dimensions, &result.value);
-    result.number = number;
-    result.symbol = symbol.str();
-    return result;
-  }
-  static indicator readindicator(tvksoptions* handle, std::int32_t, std::int32_t number) {
-    detail::textout equation;
-    detail::textout variable;
-    indicator result{};
-    std::int32_t value = 0;
-    optgetindicatornr(handle, number, equation, variable, &result.equationdimensions,
-                      &result.variabledimensions, &value);
-    result.number = number;
-    result.equation = equation.str();
-    result.variable = variable.str();
-    result.value = value != 0;
-    return result;
-  }
-  template <std::int32_t (*getter)(tvksoptions*, std::int32_t, std::int32_t, optshortstring*)>
-  static std::string readtext(tvksoptions* handle, std::int32_t outer, std::int32_t number) {
-    detail::textout text;
-    getter(handle, outer, number, text);
-    return text.str();
-  }
-
   tvksoptions* fhandle = nullptr;
+  detail::readings freadings{};  // of the messages, for problems()
 };
 
 // ---- the whole process

@@ -20,8 +20,8 @@ compiles() {
 compiles wexcorin/wexcorin.h "$cc" c c99 </dev/null
 compiles wexcorin/wexcorin.h "$cc" c c11 </dev/null
 for standard in c++17 c++20; do
-  for header in wexcorin.h range.hpp wexcorin.hpp; do
-    compiles "wexcorin/$header" "$cxx" c++ "$standard" "$classes" </dev/null
+  for header in include/wexcorin/*; do
+    compiles "${header#include/}" "$cxx" c++ "$standard" "$classes" </dev/null
   done
 done
 

@@ -43,11 +43,16 @@ std::string finish(wexcorin::options& options, const std::string& name) {
   std::string log = takemessages(options);
   // Every number and every text is set to every seventh option, whether it takes them or not.
   for (std::int32_t option = 1; option <= static_cast<std::int32_t>(options.all().size()); option += 7) {
-    for (const double value : numbers)
-      log += std::to_string(options.set(option, value)) + ' ' + options.text(option).value() + '\n';
+    const wexcorin::option described = options.describe(option).value();
+    if (described.type == optTypeImmediate) continue;
+    for (const double value : numbers) {
+      log += std::to_string(options.set(option, value)) + '\n';
+      if (described.type <= optTypeEnumInt) log += options.text(option).value() + '\n';
+    }
     std::istringstream words(texts);
     for (std::string word; words >> word;) log += std::to_string(options.set(option, word)) + '\n';
-    log += std::to_string(options.set2(option, -1)) + ' ' + options.text2(option).value_or("") + '\n';
+    if (described.subtype == optsub2Values)
+      log += std::to_string(options.set2(option, -1)) + ' ' + options.text2(option).value() + '\n';
     log += takemessages(options);
   }
   for (const char* request : {"11", "gap_window"}) options.showhelp(request);

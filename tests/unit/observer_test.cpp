@@ -26,7 +26,8 @@ struct trecords : tstoreobserver {
   void filed(const tmessage& message) override {
     constexpr const char* kinds[] = {"Echo",       "Help",  "Definition", "Value", "Warning",
                                      "Deprecated", "Enter", "Leave",      "Limit", "User"};
-    constexpr const char* problems[] = {"", " unknown option", " unknown dot option", " illegal value"};
+    constexpr const char* problems[] = {"", " unknown option", " unknown dot option", " illegal value",
+                                        " unusable file"};
     const bool isnote = message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave;
     if (isnote && !showsnotes) return;
     text += std::string(text.empty() ? "" : " | ") + kinds[ordinal(message.kind)] + ' ';
@@ -130,7 +131,7 @@ const testsupport::ttests records("records", {__LINE__, R"~(
     notes ; inner \ni x ; file \nread %DIR%/inner\ni x => Enter OPT:0 'OPT' | Enter inner:0<OPT:2 'inner'
       | Value inner:2<OPT:2 'Integer expected, for option "i" saw "x"' [i,i,x] | Leave inner:2<OPT:2 'inner'
       | Value OPT:3 'Integer expected, for option "i" saw "x"' [i,i,x] | Leave OPT:3 'OPT'
-    inner read none ; string read %DIR%/inner => User inner:1<string 'Cannot open parameter file "none"'
+    inner read none ; string read %DIR%/inner => User inner:1<string 'Cannot open parameter file "none"' [none,,] unusable file
       | User inner:1<string 'Error code = 2; No such file or directory' explains
 
     // a string and a buffer have no line numbers

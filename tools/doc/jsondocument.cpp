@@ -81,7 +81,7 @@ std::string jsondocument(const treference& reference) {
                                  {"indicator_keyword", textornull(reference.indicatorkeyword)},
                                  {"groups", groups},
                                  {"options", options}};
-  return document.dump(2) + "\n";
+  return jsondocumenttext(document);
 }
 
 }  // namespace tool

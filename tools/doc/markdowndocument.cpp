@@ -14,7 +14,7 @@ namespace {
 std::string plain(std::string_view text) {
   static constexpr std::string_view special = "\\`*_[]<>|&~$";
   std::string result;
-  for (const char c : printable(text)) {
+  for (const char c : printableprose(text)) {
     if (special.find(c) != std::string_view::npos) result.push_back('\\');
     result.push_back(c);
   }

@@ -26,7 +26,7 @@ constexpr std::array<std::string_view, 3> lookupnotes = {
 // Escapes a text for elements and for attributes in quotes.
 std::string escaped(std::string_view text) {
   std::string result;
-  for (const char c : printable(text)) {
+  for (const char c : printableprose(text)) {
     switch (c) {
       case '&': result += "&amp;"; break;
       case '<': result += "&lt;"; break;

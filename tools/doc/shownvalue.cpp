@@ -1,10 +1,6 @@
 // Converts values to text and JSON.
 #include "tools/doc/shownvalue.h"
 
-#include <array>
-#include <charconv>
-#include <cmath>
-
 #include "base/numtext.h"
 #include "output/parameterwriter.h"
 #include "tools/jsontext.h"
@@ -16,23 +12,9 @@ namespace {
 
 using namespace optcore;
 
-// Like the library, but with all digits: fixed-point for numbers that are neither very large nor very small,
-// otherwise with an exponent without plus sign and leading zeros.
 std::string doubletext(double value) {
   if (value == maxdouble || value == mindouble) return std::string(dbltostrex(value));
-  if (value == 0) return "0";
-  const double size = std::fabs(value);
-  const bool fixed = size >= 1e-4 && size < 1e15;
-  std::array<char, 64> buffer;
-  const auto format = fixed ? std::chars_format::fixed : std::chars_format::scientific;
-  const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format);
-  const std::string_view text(buffer.data(), static_cast<std::size_t>(written.ptr - buffer.data()));
-  const std::size_t mark = text.find('e');
-  if (mark == std::string_view::npos) return std::string(text);
-  std::string_view exponent = text.substr(mark + 1);
-  const std::string sign = exponent.front() == '-' ? "-" : "";
-  exponent.remove_prefix(exponent.find_first_not_of("+-0"));
-  return std::string(text.substr(0, mark)) + "E" + sign + std::string(exponent);
+  return std::string(value == 0 ? dbltostr(value) : dbltostrexact(value));
 }
 
 }  // namespace

@@ -19,6 +19,10 @@ bool bymacro(const optcore::toption& option) {
   return named != nullptr && named->opttype() == optcore::topttype::macro;
 }
 
+optcore::twhich whichof(std::int32_t bits) {
+  return bits == optcore::secondvaluebit ? optcore::twhich::second : optcore::twhich::first;
+}
+
 std::string subjectof(const optcore::toption& option, optcore::twhich which) {
   const bool twovalues = option.subtype() == optcore::tsubtype::twovalues;
   const char* head = !twovalues                         ? "Option "
@@ -29,28 +33,46 @@ std::string subjectof(const optcore::toption& option, optcore::twhich which) {
 
 }  // namespace
 
-std::optional<tfinding> tassignments::warning(const optcore::toption& option, std::int32_t bits,
-                                              const tplace& place) {
-  if (option.opttype() == optcore::topttype::strlist || option.name().starts_with('.')) return std::nullopt;
-  const auto which = bits == optcore::secondvaluebit ? optcore::twhich::second : optcore::twhich::first;
-  tassignment now = {std::string(option.getasstring12(which).view()), place, bymacro(option)};
-  const std::optional<tassignment> before = std::exchange(flast[&option][optcore::ordinal(which)], now);
-  const bool refinespreset = before && before->bymacro && !now.bymacro;
-  if (!before || before->value == now.value || refinespreset || isreported(option, which, place))
-    return std::nullopt;
-  return tfinding{.place = place,
-                  .severity = tseverity::warning,
-                  .text = subjectof(option, which) + " is set to " + optcore::strexternal(now.value) +
-                          ", but was set to " + optcore::strexternal(before->value) + " at " +
-                          placetext(before->place)};
+const tassignments::tearlier* tassignments::replaced(const optcore::toption& option, std::int32_t bits,
+                                                     std::string_view file, std::int32_t line) {
+  if (option.opttype() == optcore::topttype::strlist || option.name().starts_with('.')) return nullptr;
+  const optcore::twhich which = whichof(bits);
+  const optcore::tvaluetext value = option.getasstring12(which);
+  tassignment& assignment = fassignments[&option][optcore::ordinal(which)];
+  const bool macro = bymacro(option);
+  const bool refinespreset = assignment.bymacro && !macro;
+  const bool changes = assignment.isset && assignment.last.value != value.view() && !refinespreset;
+  if (changes) std::swap(freplaced, assignment.last);
+  assignment.isset = true;
+  assignment.bymacro = macro;
+  assignment.last.value.assign(value.view());
+  if (assignment.last.file != file) assignment.last.file.assign(file);
+  assignment.last.line = line;
+  return changes && !isreported(option, which, file, line) ? &freplaced : nullptr;
 }
 
 // A line that changes both values of an option is reported once.
-bool tassignments::isreported(const optcore::toption& option, optcore::twhich which, const tplace& place) {
-  if (which == optcore::twhich::second && freported == &option && freportedplace == place) return true;
+bool tassignments::isreported(const optcore::toption& option, optcore::twhich which, std::string_view file,
+                              std::int32_t line) {
+  if (option.subtype() != optcore::tsubtype::twovalues) return false;
+  if (which == optcore::twhich::second && freported == &option && freportedline == line &&
+      freportedfile == file)
+    return true;
   freported = &option;
-  freportedplace = place;
+  freportedfile.assign(file);
+  freportedline = line;
   return false;
+}
+
+tfinding replacedfinding(const optcore::toption& option, std::int32_t bits,
+                         const tassignments::tearlier& earlier, const tplace& place) {
+  const optcore::twhich which = whichof(bits);
+  return {.place = place,
+          .severity = tseverity::warning,
+          .rule = replacedrule,
+          .text = subjectof(option, which) + " is set to " +
+                  optcore::strexternal(option.getasstring12(which).view()) + ", but was set to " +
+                  optcore::strexternal(earlier.value) + " at " + placetext({earlier.file, earlier.line})};
 }
 
 }  // namespace tool

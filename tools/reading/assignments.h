@@ -3,8 +3,8 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 
 #include "options/toption.h"
@@ -19,22 +19,39 @@ namespace tool {
 //   macro that replaces an earlier value is reported.
 class tassignments {
  public:
-  // To be called after every assignment, with the place of the line that makes it. Returns a warning with
-  // both places if the option had another value before. `bits` are those of tstoreobserver::assigned.
-  std::optional<tfinding> warning(const optcore::toption& option, std::int32_t bits, const tplace& place);
+  // Another value that the option had before.
+  struct tearlier {
+    std::string value;
+    std::string file;
+    std::int32_t line;
+  };
+
+  // To be called after every assignment, with the place of the line that makes it. Returns the value that it
+  // replaces if that deserves a warning; it holds until the next call. `bits` are those of
+  // tstoreobserver::assigned.
+  const tearlier* replaced(const optcore::toption& option, std::int32_t bits, std::string_view file,
+                           std::int32_t line);
 
  private:
   struct tassignment {
-    std::string value;
-    tplace place;
-    bool bymacro;
+    tearlier last;
+    bool isset = false;
+    bool bymacro = false;
   };
 
-  bool isreported(const optcore::toption& option, optcore::twhich which, const tplace& place);
+  bool isreported(const optcore::toption& option, optcore::twhich which, std::string_view file,
+                  std::int32_t line);
 
-  std::unordered_map<const optcore::toption*, std::array<std::optional<tassignment>, 2>> flast;
-  const optcore::toption* freported = nullptr;  // the option of the last warning
-  tplace freportedplace;
+  std::unordered_map<const optcore::toption*, std::array<tassignment, 2>> fassignments;
+  tearlier freplaced;
+  const optcore::toption* freported = nullptr;  // the option of the last warning, and its place
+  std::string freportedfile;
+  std::int32_t freportedline = 0;
 };
+
+inline constexpr std::string_view replacedrule = "set-again";
+// The finding about a value that replaces another one.
+tfinding replacedfinding(const optcore::toption& option, std::int32_t bits,
+                         const tassignments::tearlier& earlier, const tplace& place);
 
 }  // namespace tool

@@ -1,9 +1,9 @@
 // Writes findings as lines of text.
 #include "tools/reading/findings.h"
 
-#include <algorithm>
 #include <ostream>
 #include <string_view>
+#include <utility>
 
 namespace tool {
 
@@ -18,6 +18,10 @@ tlabel labelof(tseverity severity) {
   return severity == tseverity::error ? tlabel{"error", tcolour::red} : tlabel{"warning", tcolour::yellow};
 }
 
+bool issame(const tfinding& a, const tfinding& b) {
+  return a.severity == b.severity && a.place == b.place && a.text == b.text && a.details == b.details;
+}
+
 void writeline(std::ostream& stream, const tpalette& palette, const tplace& place, tlabel label,
                std::string_view text) {
   stream << palette.paint(tcolour::bold, printable(placetext(place)) + ":") << ' '
@@ -30,8 +34,32 @@ std::string placetext(const tplace& place) {
   return place.line == 0 ? place.file : place.file + ":" + std::to_string(place.line);
 }
 
-std::size_t countof(const tfindings& findings, tseverity severity) {
-  return static_cast<std::size_t>(std::ranges::count(findings, severity, &tfinding::severity));
+void tfindinglist::begin(tfinding finding) {
+  end();
+  fopen = std::move(finding);
+}
+
+void tfindinglist::explain(std::string detail) {
+  if (fopen) fopen->details.push_back(std::move(detail));
+}
+
+void tfindinglist::end() {
+  if (!fopen) return;
+  tfinding finding = *std::exchange(fopen, std::nullopt);
+  const bool repeats = finding.severity != tseverity::plain && flast && issame(finding, *flast);
+  if (repeats) return;
+  ++fseverities[static_cast<std::size_t>(finding.severity)];
+  if (finding.severity == tseverity::plain || fcounts[finding.rule]++ < flimit)
+    fkept.push_back(finding);
+  else
+    ++funlisted;
+  flast = std::move(finding);
+}
+
+void tfindinglist::countunlisted(tseverity severity) {
+  end();
+  ++fseverities[static_cast<std::size_t>(severity)];
+  ++funlisted;
 }
 
 void writefinding(std::ostream& stream, const tfinding& finding, const tpalette& palette) {

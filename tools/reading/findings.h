@@ -1,10 +1,14 @@
 // Findings: the errors and warnings that a command reports, each with the file and line that it is about.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <iosfwd>
+#include <map>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tools/text.h"
@@ -29,15 +33,51 @@ enum class tseverity {
 struct tfinding {
   tplace place;
   tseverity severity;
+  std::string_view rule;  // the name of its kind, for example "unknown-option"; never changes
   std::string text;
   std::vector<std::string> details{};      // explanations, printed as notes
   std::vector<std::string> suggestions{};  // names that may have been meant, nearest first
-  bool unopened = false;                   // a file on the command line could not be opened or written
+  bool unusable = false;                   // a file could not be opened, read or written
 };
 
 using tfindings = std::vector<tfinding>;
 
-std::size_t countof(const tfindings& findings, tseverity severity);
+// Collects findings. Of each kind, only the first ones are kept; the others are counted.
+class tfindinglist {
+ public:
+  static constexpr std::size_t usuallimit = 1000;
+
+  // At most so many findings of each kind are kept from now on. At least 1.
+  void setlimit(std::size_t limit) { flimit = limit; }
+  bool keeps(std::string_view rule) const {
+    const auto count = fcounts.find(rule);
+    return count == fcounts.end() || count->second < flimit;
+  }
+
+  // Begins a finding. It is complete when the next one begins or end is called; until then `details` may be
+  // added. A finding that repeats the one before it is dropped.
+  void begin(tfinding finding);
+  void explain(std::string detail);
+  void end();
+  // Counts a finding of a kind of which no more are kept.
+  void countunlisted(tseverity severity);
+
+  // The findings that are kept.
+  const tfindings& kept() const { return fkept; }
+  tfindings& kept() { return fkept; }
+  // All findings, and those that are not kept.
+  std::size_t count(tseverity severity) const { return fseverities[static_cast<std::size_t>(severity)]; }
+  std::size_t unlisted() const { return funlisted; }
+
+ private:
+  tfindings fkept;
+  std::optional<tfinding> fopen;
+  std::optional<tfinding> flast;
+  std::map<std::string_view, std::size_t> fcounts;
+  std::array<std::size_t, 3> fseverities{};
+  std::size_t funlisted = 0;
+  std::size_t flimit = usuallimit;
+};
 
 // Writes one line for the finding and one for each of its details.
 void writefinding(std::ostream& stream, const tfinding& finding, const tpalette& palette);

@@ -8,6 +8,8 @@
 #include <iostream>
 #include <utility>
 
+#include "base/numtext.h"
+#include "output/parameterwriter.h"
 #include "tools/commands.h"
 
 namespace tool {
@@ -46,9 +48,30 @@ tseverity severityof(tmsgkind kind) {
   return tseverity::error;
 }
 
-bool issame(const tfinding& a, const tfinding& b) {
-  return a.severity != tseverity::plain && a.severity == b.severity && a.place == b.place &&
-         a.text == b.text && a.details == b.details;
+// The kind of a message, as a name. What has no name of its own is a problem of the definition or of an option
+// file.
+std::string_view ruleof(const tmessage& message) {
+  switch (message.subject.problem) {
+    case tsubject::tproblem::unknownoption:
+    case tsubject::tproblem::unknowndotoption: return "unknown-option";
+    case tsubject::tproblem::badseparator: return "bad-separator";
+    case tsubject::tproblem::illegalvalue: return "illegal-value";
+    case tsubject::tproblem::unusablefile: return "unusable-file";
+    case tsubject::tproblem::other: break;
+  }
+  switch (message.kind) {
+    case tmsgkind::defineerror: return "definition";
+    case tmsgkind::valueerror:
+    case tmsgkind::valuewarning: return "value";
+    case tmsgkind::deprecated: return "deprecated";
+    case tmsgkind::inputecho:
+    case tmsgkind::help:
+    case tmsgkind::usererror:
+    case tmsgkind::toomanymsgs:
+    case tmsgkind::fileenter:
+    case tmsgkind::fileleave: break;
+  }
+  return "option-file";
 }
 
 }  // namespace
@@ -58,6 +81,7 @@ bool issame(const tfinding& a, const tfinding& b) {
 bool treading::readdefinition(const std::string& filename) {
   fdefinition = displayname(filename);
   fdefinitionpath = pathof(filename, fkeepsdefinition);
+  ffilesread.add(fdefinitionpath);
   return collect(fdefinition, [&] { return fstore.optreaddefinition(fdefinitionpath); });
 }
 
@@ -89,22 +113,20 @@ void treading::showhelp(const std::string& request) {
 }
 
 // Writing reports one problem at most. It is listed however many findings there are.
-bool treading::write(const std::string& name, const std::string& path) {
-  const std::size_t before = ffindings.size();
-  fmost = before + 1;
-  collect(name, [&] { return fstore.optwriteparameterfile(path); });
-  fmost = mostfindings;
-  return ffindings.size() == before;
+bool treading::write(const std::string& name, const std::string& path, bool exact) {
+  const std::size_t before = errors();
+  fwriting = true;
+  collect(name, [&] { return writeparameters(fstore, path, exact ? dbltostrexact : dbltostr); });
+  fwriting = false;
+  return errors() == before;
 }
 
 bool treading::collect(const std::string& name, const std::function<std::int32_t()>& action) {
   fsource = name;
-  ffirst = ffindings.size();
   // with a full list of messages, the code may be that of a file that was opened but not read to its end
   const bool opened = action() == 0 || !fstore.messages().hasroom();
   fstore.optclearmessages();
-  droprepetition();
-  for (std::size_t i = ffirst; i < ffindings.size(); ++i) ffindings[i].unopened = !opened;
+  ffindings.end();
   return opened;
 }
 
@@ -123,69 +145,77 @@ const std::string& treading::pathof(const std::string& filename, bool readagain)
 // ---- what the store reports
 
 void treading::filed(const tmessage& message) {
+  if (message.kind == tmsgkind::fileenter && message.source->sourcekind() == tsourcekind::file)
+    ffilesread.add(std::string(message.source->sourcename()));
   if (message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave) return;
-  if (message.explains && ffindings.size() > ffirst) {
+  if (message.explains) {
     const std::size_t text = std::min(message.text.find_first_not_of(' '), message.text.size());
-    if (fkept) ffindings.back().details.emplace_back(message.text.substr(text));
+    ffindings.explain(std::string(message.text.substr(text)));
     return;
   }
-  keep({.place = placeof(message.source, message.line),
-        .severity = severityof(message.kind),
-        .text = std::string(message.text),
-        .suggestions = fsuggester.suggestionsfor(message.subject)});
+  const std::string_view rule = fwriting ? "not-written" : ruleof(message);
+  const std::string_view line = message.source != nullptr ? message.source->linetext() : std::string_view();
+  std::vector<std::string> suggestions;
+  if (ffindings.keeps(rule)) suggestions = fsuggester.suggestionsfor(message.subject, line);
+  ffindings.begin({.place = placeof(message.source, message.line),
+                   .severity = severityof(message.kind),
+                   .rule = rule,
+                   .text = std::string(message.text),
+                   .suggestions = std::move(suggestions),
+                   .unusable = message.subject.problem == tsubject::tproblem::unusablefile});
 }
 
 void treading::assigned(const toption& option, std::int32_t bits) {
   if (!fassignments) return;
   const tlinesource* source = fstore.messages().activesource();
-  const tplace place = placeof(source, source != nullptr ? source->linenr() : 0);
-  if (std::optional<tfinding> warning = fassignments->warning(option, bits, place)) keep(std::move(*warning));
-}
-
-void treading::keep(tfinding finding) {
-  droprepetition();
-  fkept = ffindings.size() < fmost;
-  if (fkept)
-    ffindings.push_back(std::move(finding));
+  const std::int32_t line = source != nullptr ? source->linenr() : 0;
+  const tassignments::tearlier* earlier = fassignments->replaced(option, bits, nameof(source), line);
+  if (earlier == nullptr) return;
+  flistreplaced = flistreplaced && ffindings.keeps(replacedrule);
+  if (flistreplaced)
+    ffindings.begin(replacedfinding(option, bits, *earlier, placeof(source, line)));
   else
-    ++fdropped;
+    ffindings.countunlisted(tseverity::warning);
 }
 
-// Drops the last finding if it is the same as the one before: a macro files the same message for each of its
-// members. Called when the last finding has got all its details.
-void treading::droprepetition() {
-  const std::size_t count = ffindings.size();
-  if (fdropped == 0 && count >= ffirst + 2 && issame(ffindings[count - 1], ffindings[count - 2]))
-    ffindings.pop_back();
+// Each name is on a line of its own.
+void treading::listed(std::string_view names) {
+  for (; !names.empty(); names.remove_prefix(std::min(names.find('\n'), names.size() - 1) + 1))
+    ffindings.begin({.place = {fsource},
+                     .severity = tseverity::plain,
+                     .rule = {},
+                     .text = std::string(names.substr(0, names.find('\n')))});
 }
 
 // A source on the command line keeps the name that it has there; an included file has its own name.
+std::string_view treading::nameof(const tlinesource* source) const {
+  return source != nullptr && source->includer() != nullptr ? source->sourcename() : fsource;
+}
+
 tplace treading::placeof(const tlinesource* source, std::int32_t line) const {
-  const bool included = source != nullptr && source->includer() != nullptr;
-  return {included ? std::string(source->sourcename()) : fsource, line};
+  return {std::string(nameof(source)), line};
 }
 
 // ---- what is found
 
-const tfindings& treading::findings() {
-  if (const std::size_t dropped = std::exchange(fdropped, 0); dropped != 0)
-    add({.place = {fsource},
-         .severity = tseverity::error,
-         .text = counted(dropped, "further finding") + " not listed"});
-  return ffindings;
-}
-
 int exitcode(const tfindings& findings, bool warningsaserrors) {
-  if (std::ranges::any_of(findings, &tfinding::unopened)) return exitunusable;
-  const bool problems = countof(findings, tseverity::error) != 0 ||
-                        (warningsaserrors && countof(findings, tseverity::warning) != 0);
+  if (std::ranges::any_of(findings, &tfinding::unusable)) return exitunusable;
+  const bool problems = std::ranges::any_of(findings, [&](const tfinding& finding) {
+    return finding.severity == tseverity::error ||
+           (warningsaserrors && finding.severity == tseverity::warning);
+  });
   return problems ? exitproblems : exitclean;
 }
 
-int reportproblems(const tfindings& findings) {
+int reportproblems(const tfindings& findings, std::size_t unlisted) {
   const tpalette palette(STDERR_FILENO);
   for (const tfinding& finding : findings) writefinding(std::cerr, finding, palette);
+  if (unlisted != 0) std::cerr << "wexcorin: " << counted(unlisted, "further problem") << " not listed\n";
   return exitcode(findings, false);
+}
+
+int reportproblems(const tfindinglist& findings) {
+  return reportproblems(findings.kept(), findings.unlisted());
 }
 
 }  // namespace tool

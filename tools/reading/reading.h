@@ -15,6 +15,7 @@
 #include "tools/reading/findings.h"
 #include "tools/reading/suggest.h"
 #include "tools/reading/temporaryfile.h"
+#include "tools/writing/filemarks.h"
 
 namespace tool {
 
@@ -45,45 +46,49 @@ class treading final : optcore::tstoreobserver {
 
   // Adds the lines of help as plain findings.
   void showhelp(const std::string& request);
-  // Writes the settings to the file `path`, which findings call `name`. Returns false, with a finding, if it
-  // cannot be written.
-  bool write(const std::string& name, const std::string& path);
+  // Writes the settings to the file `path`, which findings call `name`; with `exact`, numbers have all their
+  // digits. Returns false, with a finding, if it cannot be written.
+  bool write(const std::string& name, const std::string& path, bool exact);
 
   // Adds a finding of the tool. Must not be called while something is being read.
-  void add(tfinding finding) { ffindings.push_back(std::move(finding)); }
+  void add(tfinding finding) {
+    ffindings.begin(std::move(finding));
+    ffindings.end();
+  }
 
+  // All files that were read so far, those that were included among them.
+  const tfilemarks& filesread() const { return ffilesread; }
   // The name of the definition file in findings.
   const std::string& definition() const { return fdefinition; }
-  // All findings so far. If some were not kept, adds one that gives their number.
-  const tfindings& findings();
+  // All findings so far.
+  const tfindinglist& findings() const { return ffindings; }
+  // Of each kind of finding, at most so many are kept.
+  void setlimit(std::size_t limit) { ffindings.setlimit(limit); }
 
  private:
-  // The number of findings that are kept. Further ones are only counted.
-  static constexpr std::size_t mostfindings = 1'000'000;
-
   void filed(const optcore::tmessage& message) override;
   void assigned(const optcore::toption& option, std::int32_t bits) override;
+  void listed(std::string_view names) override;
 
   // Runs the action; findings call its source `name`. The action returns 0, or the operating system's error
-  // code for a file that cannot be opened or written, and collect then returns false.
+  // code for a file that cannot be opened, and collect then returns false.
   bool collect(const std::string& name, const std::function<std::int32_t()>& action);
-  void keep(tfinding finding);
-  void droprepetition();
+  std::size_t errors() const { return ffindings.count(tseverity::error); }
+  std::string_view nameof(const optcore::tlinesource* source) const;
   tplace placeof(const optcore::tlinesource* source, std::int32_t line) const;
   const std::string& pathof(const std::string& filename, bool readagain);
 
   optcore::tvksoptions fstore;
   tsuggester fsuggester{fstore};
   std::optional<tassignments> fassignments;
-  tfindings ffindings;
-  std::size_t ffirst = 0;    // index of the first finding of the current action, from 0
-  std::size_t fdropped = 0;  // findings that were not kept
-  std::size_t fmost = mostfindings;
-  bool fkept = true;  // whether the last finding was kept
+  bool flistreplaced = true;  // findings about values that are set again are still listed
+  bool fwriting = false;
+  tfindinglist ffindings;
   std::string fdefinition;
   std::string fdefinitionpath;
   std::string fsource;  // the name of the current source in findings
   bool fkeepsdefinition = false;
+  tfilemarks ffilesread;
   std::deque<ttemporaryfile> fcopies;  // a deque: pathof returns references to their paths
 };
 
@@ -91,6 +96,7 @@ int exitcode(const tfindings& findings, bool warningsaserrors);
 
 // Prints the findings on standard error and returns the exit code. For commands whose result is not the list
 // of findings.
-int reportproblems(const tfindings& findings);
+int reportproblems(const tfindings& findings, std::size_t unlisted);
+int reportproblems(const tfindinglist& findings);
 
 }  // namespace tool

@@ -1,14 +1,11 @@
 // Creates and fills temporary files, and reads standard input.
 #include "tools/reading/temporaryfile.h"
 
-#include <stdlib.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <system_error>
 
 #include "input/linereader.h"
@@ -22,22 +19,34 @@ namespace {
   throw std::system_error(code, std::generic_category(), what);
 }
 
-}  // namespace
-
-ttemporaryfile::ttemporaryfile()
-    : fpath((std::filesystem::temp_directory_path() / "wexcorin-XXXXXX").string()) {
-  const int descriptor = mkstemp(fpath.data());
-  if (descriptor < 0) fail("cannot create " + fpath);
-  close(descriptor);
+// Reads up to the end of the file. `what` names it in the error.
+std::string readall(int descriptor, const char* what) {
+  std::string result;
+  std::array<char, 65536> block;
+  for (;;) {
+    const ssize_t count = read(descriptor, block.data(), block.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) fail(std::string("cannot read ") + what);
+    if (count == 0) return result;
+    result.append(block.data(), static_cast<std::size_t>(count));
+  }
 }
 
-ttemporaryfile::~ttemporaryfile() { unlink(fpath.c_str()); }
+}  // namespace
+
+// The path leads to the descriptor of this process.
+ttemporaryfile::ttemporaryfile() : fdescriptor(memfd_create("wexcorin", MFD_CLOEXEC)) {
+  if (fdescriptor < 0) fail("cannot create a temporary file");
+  fpath = "/proc/self/fd/" + std::to_string(fdescriptor);
+}
+
+ttemporaryfile::~ttemporaryfile() { close(fdescriptor); }
 
 void ttemporaryfile::write(std::string_view bytes) const {
-  std::ofstream file(fpath, std::ios::binary);
-  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  file.close();
-  if (!file) fail("cannot write " + fpath);
+  optcore::ttextfile file;
+  file.open(fpath);
+  file.write(bytes);
+  if (const int code = file.close(); code != 0) fail("cannot write a temporary file", code);
 }
 
 // The line reader of the library knows how long to wait for a pipe, and where to stop if a device never ends.
@@ -52,25 +61,15 @@ bool ttemporaryfile::copylines(const std::string& filename) const {
   for (auto line = source.next(); line.text != nullptr; line = source.next())
     copy.write(std::string_view(line.text, line.length), "\r\n");
   if (const int code = source.readerror(); code != 0) fail("cannot read " + filename, code);
-  if (const int code = copy.close(); code != 0) fail("cannot write " + fpath, code);
+  if (const int code = copy.close(); code != 0) fail("cannot write a temporary file", code);
   return true;
 }
 
 std::string ttemporaryfile::contents() const {
-  std::ifstream file(fpath, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+  if (lseek(fdescriptor, 0, SEEK_SET) < 0) fail("cannot read a temporary file");
+  return readall(fdescriptor, "a temporary file");
 }
 
-std::string readstandardinput() {
-  std::string result;
-  std::array<char, 65536> block;
-  for (;;) {
-    const ssize_t count = read(STDIN_FILENO, block.data(), block.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) fail("cannot read standard input");
-    if (count == 0) return result;
-    result.append(block.data(), static_cast<std::size_t>(count));
-  }
-}
+std::string readstandardinput() { return readall(STDIN_FILENO, "standard input"); }
 
 }  // namespace tool

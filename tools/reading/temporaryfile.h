@@ -1,6 +1,6 @@
-// A temporary file, which the destructor removes. The library reads and writes files by name only, so
-// standard input, standard output and files that can be read only once go through such a file. The
-// constructor, write and copylines throw std::system_error if they fail.
+// A temporary file in memory, which stands in no folder, so nothing of it is left whatever ends the program.
+// The library reads and writes files by name only, so standard input, files that can be read only once and
+// all that is written go through such a file. Its functions throw std::system_error if they fail.
 #pragma once
 
 #include <string>
@@ -15,6 +15,7 @@ class ttemporaryfile {
   ttemporaryfile(const ttemporaryfile&) = delete;
   ttemporaryfile& operator=(const ttemporaryfile&) = delete;
 
+  // Leads to the file as long as this object exists.
   const std::string& path() const { return fpath; }
   void write(std::string_view bytes) const;
   // Copies of each line what the library reads of it. Returns false if the file cannot be opened.
@@ -22,6 +23,7 @@ class ttemporaryfile {
   std::string contents() const;
 
  private:
+  int fdescriptor;
   std::string fpath;
 };
 

@@ -1,0 +1,223 @@
+"""What the tool writes, and when it does not: files are replaced as a whole or left alone, whatever ends the program,
+and nothing else is left in their folder. Exit codes, and what a person sees of a hostile file. Run in the repository's
+root; exit code 77: all is well, but strace is missing, so that the program was not interrupted.
+usage: output.py TOOL"""
+import collections, json, os, pty, re, shutil, signal, subprocess, sys
+from support import expect, failures, read, run, runs, write
+
+DEFINITION = "tol double 1 0 0 1 1 1\nsize integer 2 5 0 9 1 1\nread immediate ReadFile 1 1\n"
+write("a.def", DEFINITION)
+write("a.opt", "tol 0.5\n")
+write("bad.opt", "size x\ntol 0.25\n")
+write("outer.opt", "read a.opt\n")
+FORMS = "definition", "pascal", "html", "c", "markdown", "page", "json"
+
+
+# ---- a file that is read is not written over, whatever its path
+
+os.symlink("a.opt", "link.opt")
+os.link("a.opt", "hard.opt")
+os.mkdir("folder")
+refused = "error: cannot write the file: it is one of the files that are read\n"
+for command, name in (
+        ("write a.def a.opt -o a.opt", "a.opt"), ("write a.def a.opt -o ./folder/../a.opt", "./folder/../a.opt"),
+        ("write a.def link.opt -o hard.opt", "hard.opt"), ("write a.def a.opt -o link.opt", "link.opt"),
+        ("write a.def a.opt --force -o a.def", "a.def"), ("write a.def outer.opt -o a.opt", "a.opt"),
+        ("write a.def - -o a.opt <a.opt", "a.opt"), ("write a.def a.opt -o - >>a.opt", "<stdout>"),
+        ("write a.def a.opt -o /dev/stdout >>a.opt", "/dev/stdout"),
+        *((f"doc {form} a.def -o a.def", "a.def") for form in FORMS)):
+    runs(f"wexcorin {command}", err=f"{name}: {refused}", code=2)
+    expect(f"the files behind {command}", (read("a.def"), read("a.opt")), (DEFINITION, "tol 0.5\n"))
+runs("wexcorin write a.def a.opt -o a.opt; wexcorin write none.def a.opt -o a.opt", code=2,
+     err=f"a.opt: {refused}" * 2)  # nothing is opened first
+runs("wexcorin write a.def /dev/null -o /dev/null")  # no file that could be spoilt
+
+# ---- where the contents go, and what becomes of permissions and links
+
+runs("wexcorin write a.def a.opt -o new.opt")
+expect("new file", (read("new.opt"), os.stat("new.opt").st_mode & 0o777), ("tol=0.5\n", 0o666 & ~os.umask(0o22)))
+for mode in 0o600, 0o640, 0o755:
+    write("old.opt", "x" * 99)
+    os.chmod("old.opt", mode)
+    runs("wexcorin write a.def a.opt -o old.opt")
+    expect("old file", (read("old.opt"), os.stat("old.opt").st_mode & 0o777), ("tol=0.5\n", mode))
+# The list gives one more user access; for the file itself its group would have it.
+access = b"\2\0\0\0" + b"".join(tag + b"\0" + right + b"\0" + name for tag, right, name in (
+    (b"\1", b"\6", b"\xff" * 4), (b"\2", b"\6", b"\1\0\0\0"), (b"\4", b"\0", b"\xff" * 4),
+    (b"\x10", b"\6", b"\xff" * 4), (b"\x20", b"\0", b"\xff" * 4)))
+try:
+    os.setxattr("old.opt", "system.posix_acl_access", access)
+    runs("wexcorin doc c a.def -o old.opt")
+    expect("access list", os.getxattr("old.opt", "system.posix_acl_access"), access)
+except OSError as problem:
+    print(f"access lists stay untried: {problem}")
+os.symlink("../old.opt", "folder/to_old")
+os.symlink("../later.opt", "folder/to_nothing")
+os.symlink("circle", "circle")
+for link, target in ("folder/to_old", "old.opt"), ("folder/to_nothing", "later.opt"):
+    runs(f"wexcorin doc c a.def -o {link}")
+    expect(link, (os.path.islink(link), read(target)[:2]), (True, "/*"))
+os.mkfifo("fifo")
+for command, out in (
+        ("write a.def a.opt -o fifo & cat fifo", "tol=0.5\n"), ("write a.def a.opt -o /dev/stdout", "tol=0.5\n"),
+        # what is open already is written where it stands
+        ("write a.def a.opt -o /dev/stdout >both; echo end >>both; cat both", "tol=0.5\nend\n"),
+        ("write a.def a.opt -o /dev/fd/3 3>both; cat both", "tol=0.5\n")):
+    runs(f"wexcorin {command}", out)
+
+# ---- errors: 1 in what was read, 2 where a file cannot be used; then nothing is written
+
+full = "No space left on device"
+for target, reason in (("/dev/full", full), (".", "Is a directory"), ("none/x", "No such file or directory"),
+                       ("a.opt/x", "Not a directory"), ("circle", "Too many levels of symbolic links"),
+                       ("- >/dev/full", full), ("- >&-", "Bad file descriptor")):
+    name = "<stdout>" if target[0] == "-" else target
+    for command in "write a.def a.opt", "doc html a.def":
+        runs(f"wexcorin {command} -o {target}", err=f"{name}: error: cannot write the file: {reason}\n", code=2)
+runs("ulimit -f 0; wexcorin doc page a.def -o old.opt", code=2,
+     err="old.opt: error: cannot write the file: File too large\n")
+write("old.opt", "old\n")
+integer = 'bad.opt:1: error: Integer expected, for option "size" saw "x"\n'
+not_written = "wexcorin: nothing is written because of these errors; with --force it is\n"
+runs("wexcorin write a.def bad.opt -o old.opt", err=integer + not_written, code=1)
+expect("old.opt behind errors", read("old.opt"), "old\n")
+runs("wexcorin write a.def bad.opt -o old.opt --force", err=integer, code=1)
+expect("old.opt with --force", read("old.opt"), "tol=0.25\n")
+write("missing.opt", "tol 0.5\nread none.opt\n")
+os.mkdir("directory.opt")
+big = "/proc/self/mem"  # opens, but cannot be read from its beginning
+for arguments in ("a.def none.opt", "a.def missing.opt", "a.def directory.opt", "none.def", f"a.def {big}",
+                  f"{big}", f"a.def --set 'read {big}'", "a.def --set 'read none.opt'"):
+    for command in "check", "check --json", "show", *(("help",) if " " not in arguments else ()):
+        runs(f"wexcorin {command} {arguments}", None, None, 2)
+runs("wexcorin check a.def missing.opt", err="", code=2, out="""missing.opt:2: error: Cannot open parameter file \
+"none.opt"\nmissing.opt:2: note: Error code = 2; No such file or directory\n1 error, 0 warnings; 4 options, 1 set\n""")
+for command in "show a.def bad.opt", "check a.def bad.opt", "help a.def none":
+    runs(f"wexcorin {command}", None, None, 1)
+for command in "show a.def", "check a.def", "help a.def":
+    runs(f"wexcorin {command} >/dev/full", err=None, code=2)
+
+# ---- numbers with all their digits
+
+exact = ("0.1234567890123456", "1E-310", "5E-324", "0.30000000000000004", "-0", "-9.87E-5",
+         "123456789012345.67", "9.876543210987654E298")
+write("wide.def", "tol double.TWO 1 0 mindouble maxdouble 1 1\n.cost double 1 0 mindouble maxdouble 1 1\nn immediate "
+      "NoBounds 1 1\n")
+for number in exact:
+    text = f"n 1\ntol {number} {number}\nn 0\nx.cost('i') {number}\n"
+    out, err, code = run("wexcorin write wide.def - -o - --exact", text)
+    expect(f"exactly {number}", (out.count(f"{number} {number}\n"), out.count(f" = {number}\n"), err.count("read back")),
+           (1, 1, 0))
+expect("warned of", run("wexcorin write wide.def - -o - | cat", f"tol {exact[0]} 0.5\n")[1],
+       f'<stdout>: warning: first value of option "tol" is set to {exact[0]}, but is read back as '
+       "0.123456789012346\n")
+
+# ---- what a person sees: characters that deceive are escapes; JSON keeps them, and files their bytes
+
+raw = "\x1b[31m\x07 \x7f \u0085 \udc9b \u202e\u2066\u200b\u200f\u2028\ufeff\u2060\U000e0041 ä"
+escaped = (r"\x1b[31m\x07 \x7f \x85 \x9b \u202e\u2066\u200b\u200f\u2028\ufeff\u2060\U000e0041 ä")
+value = raw.replace("\udc9b", "\x9b")
+write("mean.def", f'word string 1 "{raw}" 1 1 {raw}\nlist immediate Help 1 1\n')
+write("mean.opt", f'word "{raw}!"\n{raw} 1\nlist word\nlist 4\n')
+unsafe = re.compile(r"[\x00-\x09\x0b-\x1f\x7f-\x9f\xad\u200b-\u200f\u2028-\u202e\u2060-\u206f\ufeff\udc80-\udcff]")
+for command in ("check", "show", "check --json", "show --json", "write -o missing/"):
+    out, err, _ = run(f"wexcorin {command} mean.def mean.opt{' -o none/x' if command == 'write' else ''}")
+    expect(f"{command}: what deceives", unsafe.findall(out + err), [])
+for command in "help mean.def", "help mean.def word", "help mean.def 4", "doc markdown mean.def -o -", \
+        "doc page mean.def -o -", "doc json mean.def -o -", "doc c mean.def -o -", f"help mean.def '{raw[:8]}'":
+    out, err, _ = run(f"wexcorin {command}")
+    expect(f"{command}: what deceives", unsafe.findall(out + err), [])
+expect("check", run("wexcorin check mean.def mean.opt")[0].count(escaped) > 1, True)
+expect("JSON", json.loads(run("wexcorin show mean.def --json")[0])["options"][1]["value"], value)
+expect("names of help 4 in JSON", "word " in json.loads(run("wexcorin check mean.def mean.opt --json")[0])["help"], True)
+for command in "write mean.def --force mean.opt", "doc definition mean.def", "doc html mean.def":
+    begin = 7 if "html" in command else len(raw)  # the rest is entities there
+    expect(f"{command}: bytes", raw[:begin] in run(f"wexcorin {command} -o - 2>/dev/null")[0], True)
+    parent, child = pty.openpty()
+    with open(child, "wb") as terminal:
+        subprocess.run(f"wexcorin {command} -o -", shell=True, stdout=terminal, stderr=subprocess.DEVNULL)
+    seen = os.read(parent, 65536).decode("utf-8", "surrogateescape").replace("\r\n", "\n")
+    os.close(parent)
+    expect(f"{command} on a terminal", (unsafe.findall(seen), escaped[:begin + 3] in seen), ([], True))
+
+# ---- interrupted: at every system call of the writing the path has its old contents or the new ones
+
+if not shutil.which("strace"):
+    print("strace is not installed: the program is not interrupted")
+    sys.exit("\n".join(failures) or 77)
+os.mkdir("place")
+CONTENTS = {"write": "tol=0.5\n", "doc c": run("wexcorin doc c a.def -o -")[0]}
+NAMELESS = "openat:error=EOPNOTSUPP:when={}"  # a file system that has no files without a name
+
+
+# The leak checker does not work in a program that is traced.
+def strace(command, *rules, log="/dev/null"):
+    arguments = " ".join(f"-e inject={rule}" for rule in rules)
+    return run(f"ASAN_OPTIONS=detect_leaks=0 strace -q -o {log} {arguments} wexcorin {command} -o place/out")[2]
+
+
+# The system calls from the one on that opens the folder, each with its number among those of its name, and the number
+# of the call that makes the file without a name.
+def calls(command, *rules):
+    strace(command, *rules, log="calls")
+    counts, result, nameless, begun = collections.Counter(), [], None, False
+    for line in read("calls").split("\n"):
+        name = re.match(r"(\w+)\(", line)
+        if not name:
+            continue
+        counts[name[1]] += 1
+        begun |= "O_PATH" in line and "place" in line
+        if "O_TMPFILE" in line:
+            nameless = counts["openat"]
+        if begun and name[1] != "exit_group":
+            result.append((name[1], counts[name[1]]))
+    return result, nameless
+
+
+def prepare(old):
+    shutil.rmtree("place")
+    os.mkdir("place")
+    if old:
+        write("place/out", old)
+
+
+TEMPORARY = ".out.wexcorin-0"
+for command, old, unnamed, kill in (
+        ("write a.def a.opt", "old\n", True, "KILL"), ("write a.def a.opt", "", True, "KILL"),
+        ("doc c a.def", "old\n", True, "KILL"), ("write a.def a.opt", "old\n", False, "KILL"),
+        ("write a.def a.opt", "old\n", True, "TERM"), ("write a.def a.opt", "old\n", False, "TERM")):
+    new = CONTENTS["doc c" if command[0] == "d" else "write"]
+    prepare(old)
+    steps, nameless = calls(command)
+    rules = ()
+    if not unnamed:
+        rules = (NAMELESS.format(nameless),)
+        prepare(old)
+        steps = [step for step in calls(command, *rules)[0] if step[0] != "openat"]  # which has its rule already
+    outcomes, left = collections.Counter(), collections.Counter()
+    for name, number in steps:
+        what = f"{command} over {old!r}, SIG{kill} at {name} {number}{'' if unnamed else ', with a temporary name'}"
+        prepare(old)
+        code = strace(command, *rules, f"{name}:signal={kill}:when={number}")
+        expect(what, code != 0, True)
+        content = read("place/out") if os.path.exists("place/out") else ""
+        outcomes[content == new] += 1
+        expect(f"{what}: contents", content if content not in (old, new) else "", "")
+        others = set(os.listdir("place")) - {"out"}
+        if others == {TEMPORARY} and kill == "KILL":
+            left[name] += 1
+            expect(f"{what}: contents of what is left", read(f"place/{TEMPORARY}") in (new, "", new[:1]), True)
+            runs("wexcorin " + command + " -o place/out")
+            others = set(os.listdir("place")) - {"out"}
+        expect(f"{what}: left in the folder", others, set())
+    # a signal that can be held back ends the program when the new contents are in place
+    expect(f"{command}: its outcomes", set(outcomes), {False, True} if kill == "KILL" else {True})
+    if unnamed:  # only between the two calls that name the new file and that put it in place
+        expect(f"{command}: calls at which a name was left", dict(left), {"renameat": 1} if kill == "KILL" and old else {})
+
+# The temporary name of a program that still runs is not taken from it, and no file but its own is ever removed.
+prepare("old\n")
+write(f"place/{TEMPORARY}", "of another")
+run(f"flock place/{TEMPORARY} wexcorin write a.def a.opt -o place/out")
+expect("beside another program", (read("place/out"), sorted(os.listdir("place"))), ("tol=0.5\n", [TEMPORARY, "out"]))
+sys.exit("\n".join(failures) or 0)

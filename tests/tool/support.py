@@ -1,0 +1,47 @@
+"""What the tests of the tool share: a folder of their own, in which `wexcorin` and the examples are, and how commands
+are run and compared. The test is run in the repository's root, with the tool as its first argument."""
+import difflib, os, subprocess, sys, tempfile
+
+TOOL, EXAMPLES, DOCS = (os.path.abspath(path) for path in (sys.argv[1], "examples", "docs"))
+work = tempfile.TemporaryDirectory()
+os.chdir(work.name)
+os.symlink(EXAMPLES, "examples")
+os.symlink(TOOL, "wexcorin")
+os.environ["PATH"] = f"{work.name}:{os.environ['PATH']}"
+failures = []
+
+
+# In texts, a surrogate stands for a byte that is not UTF-8: \udce4 is the byte E4.
+def write(name, text):
+    with open(name, "w", encoding="utf-8", errors="surrogateescape", newline="") as file:
+        file.write(text)
+
+
+def read(name):
+    with open(name, encoding="utf-8", errors="surrogateescape", newline="") as file:
+        return file.read()
+
+
+def run(command, stdin="", errors=subprocess.PIPE):
+    result = subprocess.run(command, shell=True, input=stdin, stdout=subprocess.PIPE, stderr=errors,
+                            encoding="utf-8", errors="surrogateescape")
+    return result.stdout, result.stderr, result.returncode
+
+
+def expect(what, seen, wanted):
+    if seen != wanted:
+        lines = [str(value).split("\n") for value in (wanted, seen)]
+        failures.append("\n".join([f"{what}: (lines with - are right, those with + were seen)",
+                                   *difflib.unified_diff(*lines, lineterm="")]))
+
+
+def expect_part(what, text, part):
+    if part not in text:
+        failures.append(f"{what}: {part!r} is not in {text!r}")
+
+
+# Compares the output, the errors and the exit code of a command with what is wanted; None means that anything goes.
+def runs(command, out="", err="", code=0, stdin=""):
+    for name, seen, wanted in zip(("output", "errors", "exit code"), run(command, stdin), (out, err, code)):
+        if wanted is not None:
+            expect(f"{command}: {name}", seen, wanted)

@@ -1,0 +1,54 @@
+// Finds the names of a list that are spelled most like a word.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tool {
+
+enum class tmatch {
+  near,         // spelled almost alike
+  nearorlonger  // or beginning with what was typed
+};
+
+// The text in the form in which names are compared: in upper case and with underscores for blanks.
+std::string folded(std::string_view text);
+
+class tnearnames {
+ public:
+  explicit tnearnames(std::vector<std::string> names);
+
+  // Returns at most three names that `typed` may stand for, nearest first; equally near ones keep their
+  // order. `typed` itself is not among them.
+  //
+  // The distance of two names is the number of insertions, deletions, replacements and swaps of neighbouring
+  // characters that turn one into the other. A name is near if its distance is at most a third of the length
+  // that was typed, between 1 and 4, and at most one more than that of the nearest name.
+  std::vector<std::string> nearest(std::string_view typed, tmatch match) const;
+
+  // The first three names that end like this.
+  std::vector<std::string> endingwith(std::string_view ending) const;
+
+  // How often each letter, digit and other character occurs in a folded name.
+  using tcounts = std::array<std::uint8_t, 48>;
+
+ private:
+  struct thit {
+    std::size_t distance, position;
+    auto operator<=>(const thit&) const = default;
+  };
+
+  void addnear(std::string_view key, std::string_view typed, std::vector<thit>& hits) const;
+  void addlonger(std::string_view key, std::vector<thit>& hits) const;
+  std::vector<std::string> best(std::vector<thit> hits, std::string_view typed) const;
+
+  std::vector<std::string> fnames;
+  std::vector<std::string> fkeys;  // the same, folded
+  std::vector<tcounts> fcounts;
+};
+
+}  // namespace tool

@@ -1,0 +1,36 @@
+// The file that a command writes. All commands write through this class, so that none spoils a file: a
+// regular file is replaced as a whole when its contents are complete, and a file that the command reads is
+// never written over.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "tools/writing/filemarks.h"
+
+namespace tool {
+
+class toutputfile {
+ public:
+  // Takes the name on the command line: "-" is standard output. Opens nothing.
+  explicit toutputfile(const std::string& name);
+
+  // The name in findings.
+  std::string name() const { return fname == "-" ? "<stdout>" : fname; }
+
+  // Whether writing would destroy one of these files.
+  bool isoneof(const tfilemarks& files) const;
+
+  // Writes the contents. Returns 0 or the system's error code; a regular file is then as it was. On a terminal
+  // whatever could control it is shown as an escape.
+  std::int32_t write(std::string_view contents) const;
+
+ private:
+  std::string fname;
+  std::string fpath;               // where symbolic links lead
+  std::optional<int> fdescriptor;  // one of this process that the name stands for, such as /dev/stdout
+};
+
+}  // namespace tool
