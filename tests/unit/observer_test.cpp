@@ -26,8 +26,8 @@ struct trecords : tstoreobserver {
   void filed(const tmessage& message) override {
     constexpr const char* kinds[] = {"Echo",       "Help",  "Definition", "Value", "Warning",
                                      "Deprecated", "Enter", "Leave",      "Limit", "User"};
-    constexpr const char* problems[] = {"", " unknown option", " unknown dot option", " illegal value",
-                                        " unusable file"};
+    constexpr const char* problems[] = {
+        "", " unknown option", " unknown dot option", " bad separator", " illegal value", " unusable file"};
     const bool isnote = message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave;
     if (isnote && !showsnotes) return;
     text += std::string(text.empty() ? "" : " | ") + kinds[ordinal(message.kind)] + ' ';
@@ -95,6 +95,9 @@ const testsupport::ttests records("records", {__LINE__, R"~(
     // an unknown dot option is a problem with its own name
     file x.none 1 => User OPT:1 'unknown .suffix ".none" for key "x"' [.none,,] unknown dot option
       | User OPT:1 'Option keyword expected, saw "1"'
+
+    // what can neither be part of a name nor separate it from a value is a problem with the name
+    file i\x80 1 => User OPT:1 'Bad separator after key "i"' [i,,] bad separator
 
     // an illegal value is a problem of the option, explained by what is legal
     file old 10\nd 10 => Deprecated OPT:1 'deprecated synonym "old"; use i' [old,i,]
