@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cassert>
 #include <cerrno>
 #include <cstring>
 #include <string>
@@ -14,7 +15,7 @@
 namespace optcore {
 
 int tlinereader::open(std::string_view filename, twaiting& waiting) {
-  close();
+  assert(fdescriptor < 0);  // a reader reads one file
   const std::string name(filename);
   if (name.find('\0') != std::string::npos) return ENOENT;  // the system would ignore the rest
   fwaiting = &waiting;

@@ -2,7 +2,7 @@
 and nothing else is left in their folder. Exit codes, and what a person sees of a hostile file. Run in the repository's
 root; exit code 77: all is well, but strace is missing, so that the program was not interrupted.
 usage: output.py TOOL"""
-import collections, json, os, pty, re, shutil, signal, subprocess, sys
+import codecs, collections, itertools, json, os, pty, re, shutil, signal, subprocess, sys
 from support import expect, failures, read, run, runs, write
 
 DEFINITION = "tol double 1 0 0 1 1 1\nsize integer 2 5 0 9 1 1\nread immediate ReadFile 1 1\n"
@@ -139,6 +139,16 @@ for command in "write mean.def --force mean.opt", "doc definition mean.def", "do
     seen = os.read(parent, 65536).decode("utf-8", "surrogateescape").replace("\r\n", "\n")
     os.close(parent)
     expect(f"{command} on a terminal", (unsafe.findall(seen), escaped[:begin + 3] in seen), ([], True))
+
+# Each byte that is not part of valid UTF-8 is shown as the Latin-1 character that it stands for.
+codecs.register_error("latin", lambda error: (chr(error.object[error.start]), error.start + 1))
+texts = [bytes(text) for text in itertools.product(b"\x7f\x80\xc1\xc2\xdf\xe0\xe1\xed\xef\xf0\xf1\xf4\xf5",
+                                                   b"\x7f\x80\x8f\x90\x9f\xa0\xbf\xc0", b"\x80\xc0", b"\xbf\x7f")]
+write("bytes.def", "".join(f'w{number} string 1 "{text.decode("utf-8", "surrogateescape")}" 1 1\n'
+                           for number, text in enumerate(texts)))
+expect("bytes as characters",
+       [option["value"] for option in json.loads(run("wexcorin show bytes.def --json")[0])["options"][1:]],
+       [text.decode("utf-8", "latin") for text in texts])
 
 # ---- interrupted: at every system call of the writing the path has its old contents or the new ones
 

@@ -96,6 +96,9 @@ const testsupport::ttests records("records", {__LINE__, R"~(
     file x.none 1 => User OPT:1 'unknown .suffix ".none" for key "x"' [.none,,] unknown dot option
       | User OPT:1 'Option keyword expected, saw "1"'
 
+    // what can neither be part of a name nor separate it from a value is a problem with the name
+    file i\x80 1 => User OPT:1 'Bad separator after key "i"' [i,,] bad separator
+
     // an illegal value is a problem of the option, explained by what is legal
     file old 10\nd 10 => Deprecated OPT:1 'deprecated synonym "old"; use i' [old,i,]
       | Value OPT:1 'Integer range error for option "old" saw "10"' [old,i,10] illegal value
