@@ -141,6 +141,11 @@ for command in ("wexcorin write - new.opt -o - <new.def",
            ("tol=0.123456789012346\n", 'warning: option "tol" is set to 0.1234567890123456, '
                                        "but is read back as 0.123456789012346\n"))
 
+# Every command tells of a definition that ends before its last line.
+write("short.def", "size integer 1 5 0 9 1 1 Size\n\tb integer 2 5 0 9 1 1\n")
+for command in "show short.def", "help short.def", "write short.def /dev/null -o -", "doc c short.def -o -":
+    expect_part(command, run(f"wexcorin {command}")[1], "short.def:2: warning: The definition ends here")
+
 # ---- doc: every form can be written to standard output or a file; on failure the old file stays
 
 for form in "definition", "pascal", "html", "c", "markdown", "page", "json":
@@ -190,6 +195,20 @@ for command in "", "check", "show", "help", "write", "doc":
                 "read or written.")
 expect("version", run("wexcorin --version")[0][:9], "wexcorin ")
 
+# ---- the rules: the documents repeat the table of the sources
+
+table = re.findall(r'\{"([a-z-]+)", (\w+),\s+"(.*?)"\}', read(f"{DOCS}/../tools/reading/rules.cpp"), re.S)
+table = [(name, kind, re.sub(r'"\s+"', "", meaning)) for name, kind, meaning in table]
+optional = [(name, meaning) for name, kind, meaning in table if kind != "library"]
+expect("rules in docs/check.md", re.findall(r"^\| `(.*)` \| .* \| (.*) \|$", read(f"{DOCS}/check.md"), re.M),
+       [(name, meaning) for name, _, meaning in table])
+manual = read(f"{DOCS}/../man/wexcorin.1").partition("These rules can be left out:\n")[2].partition(".SS")[0]
+expect("rules in the manual", re.findall(r"\.TP\n\.B (.*)\n(.*)\n", manual.replace("\\-", "-")), optional)
+expect("rules in the schema", json.loads(read(f"{DOCS}/check.schema.json"))["$defs"]["rule"]["enum"],
+       [name for name, _, _ in table])
+expect_part("errors cannot be left out", run("wexcorin check examples/first.def --allow value")[1],
+            'the rule "value" is for errors, which cannot be left out')
+
 # ---- the schemas. Each must also reject documents with one mistake.
 
 try:
@@ -206,7 +225,8 @@ def problems(schema, document):
 
 
 documents = {"definition": json.loads(read("examples/types.json")),
-             "settings": json.loads(read("examples/types_settings.json"))}
+             "settings": json.loads(read("examples/types_settings.json")),
+             "check": json.loads(run("wexcorin check --json examples/solver.def none.opt examples/solver_mistakes.opt")[0])}
 documents["definition"]["options"] += json.loads(run("wexcorin doc json wrong.def -o -")[0])["options"]
 for schema, document in documents.items():
     expect(f"docs/{schema}.schema.json: what does not match", problems(schema, document), [])
@@ -221,4 +241,8 @@ for schema, kind, key, value in (
     next(each for each in broken["options"] if each["type"] == kind)[key] = value
     what = f"docs/{schema}.schema.json refuses {key} = {value!r} for {kind}"
     expect(what, len(problems(schema, broken)) > 0, True)
+for key, value in ("line", 0), ("line", "5"), ("severity", "note"), ("rule", "set-agian"), ("details", [1]):
+    broken = copy.deepcopy(documents["check"])
+    broken["findings"][0][key] = value
+    expect(f"docs/check.schema.json refuses {key} = {value!r}", len(problems("check", broken)) > 0, True)
 sys.exit("\n".join(failures) or 0)

@@ -4,9 +4,11 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <iosfwd>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,7 +35,7 @@ enum class tseverity {
 struct tfinding {
   tplace place;
   tseverity severity;
-  std::string_view rule;  // the name of its kind, for example "unknown-option"; never changes
+  std::string_view rule;  // its kind, one of rules.h
   std::string text;
   std::vector<std::string> details{};      // explanations, printed as notes
   std::vector<std::string> suggestions{};  // names that may have been meant, nearest first
@@ -49,6 +51,9 @@ class tfindinglist {
 
   // At most so many findings of each kind are kept from now on. At least 1.
   void setlimit(std::size_t limit) { flimit = limit; }
+  // Warnings of this rule are dropped from now on.
+  void allow(const std::string& rule) { fallowed.insert(rule); }
+  bool allows(std::string_view rule) const { return fallowed.contains(rule); }
   bool keeps(std::string_view rule) const {
     const auto count = fcounts.find(rule);
     return count == fcounts.end() || count->second < flimit;
@@ -73,6 +78,7 @@ class tfindinglist {
   tfindings fkept;
   std::optional<tfinding> fopen;
   std::optional<tfinding> flast;
+  std::set<std::string, std::less<>> fallowed;
   std::map<std::string_view, std::size_t> fcounts;
   std::array<std::size_t, 3> fseverities{};
   std::size_t funlisted = 0;

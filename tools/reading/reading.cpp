@@ -82,7 +82,21 @@ bool treading::readdefinition(const std::string& filename) {
   fdefinition = displayname(filename);
   fdefinitionpath = pathof(filename, fkeepsdefinition);
   ffilesread.add(fdefinitionpath);
-  return collect(fdefinition, [&] { return fstore.optreaddefinition(fdefinitionpath); });
+  if (!collect(fdefinition, [&] { return fstore.optreaddefinition(fdefinitionpath); })) return false;
+  addearlyend();
+  return true;
+}
+
+// Adds a finding if the library stopped reading before the end of the definition file. It files no message
+// about that.
+void treading::addearlyend() {
+  const std::int32_t line = fstore.definition().earlyend();
+  if (line != 0)
+    add({.place = {fdefinition, line},
+         .severity = tseverity::warning,
+         .rule = "early-end",
+         .text = "The definition ends here, because no line of a definition can begin like this one; "
+                 "this line and all that follow are not read"});
 }
 
 bool treading::readdefinitionagain(tvksoptions& other) const {

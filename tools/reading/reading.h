@@ -42,7 +42,9 @@ class treading final : optcore::tstoreobserver {
   bool readdefinitionagain(optcore::tvksoptions& other) const;
 
   // From now on, an option that is set twice with different values is a finding.
-  void watchassignments() { fassignments.emplace(); }
+  void watchassignments() {
+    if (!ffindings.allows(replacedrule)) fassignments.emplace();
+  }
 
   // Adds the lines of help as plain findings.
   void showhelp(const std::string& request);
@@ -64,6 +66,8 @@ class treading final : optcore::tstoreobserver {
   const tfindinglist& findings() const { return ffindings; }
   // Of each kind of finding, at most so many are kept.
   void setlimit(std::size_t limit) { ffindings.setlimit(limit); }
+  // Warnings of this rule are left out.
+  void allow(const std::string& rule) { ffindings.allow(rule); }
 
  private:
   void filed(const optcore::tmessage& message) override;
@@ -76,6 +80,7 @@ class treading final : optcore::tstoreobserver {
   std::size_t errors() const { return ffindings.count(tseverity::error); }
   std::string_view nameof(const optcore::tlinesource* source) const;
   tplace placeof(const optcore::tlinesource* source, std::int32_t line) const;
+  void addearlyend();
   const std::string& pathof(const std::string& filename, bool readagain);
 
   optcore::tvksoptions fstore;

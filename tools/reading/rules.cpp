@@ -1,0 +1,35 @@
+// The table of rules. docs/check.md and the manual page repeat it, and docs/check.schema.json has the names.
+#include "tools/reading/rules.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tool {
+
+namespace {
+
+using enum tfiledby;
+
+constexpr auto rules = std::to_array<trule>({
+    {"definition", library, "A line of the definition is wrong."},
+    {"option-file", library, "A line of an option file is wrong."},
+    {"unknown-option", library, "No option has the name."},
+    {"bad-separator", library, "What follows a name cannot separate it from its value."},
+    {"value", library, "A value is not of the option's type."},
+    {"illegal-value", library, "A value is out of the range, or none of the permitted ones."},
+    {"unusable-file", library, "A file cannot be opened or read."},
+    {"deprecated", warning, "A name is deprecated or obsolete."},
+    {"early-end", tool, "The definition ends before the last line of its file."},
+    {"set-again", tool, "An option is set twice, with different values."},
+});
+
+}  // namespace
+
+std::span<const trule> checkrules() { return rules; }
+
+const trule* findrule(std::string_view name) {
+  const auto* const found = std::ranges::find(rules, name, &trule::name);
+  return found == rules.end() ? nullptr : found;
+}
+
+}  // namespace tool
