@@ -61,16 +61,25 @@ void tdefinitionreader::endearly() {
   fmore = false;
 }
 
-void tdefinitionreader::error(std::string_view problem) {
+void tdefinitionreader::error(std::string_view problem, tsubject::tproblem kind) {
   const bool namesoption = problem.find("synonym") == std::string_view::npos;
   fmessages.addmessage(tmsgkind::defineerror,
-                       concat(problem, namesoption ? " for option " : "", quoted(fname)), {fname.view()});
+                       concat(problem, namesoption ? " for option " : "", quoted(fname)),
+                       {.name = fname.view(), .problem = kind});
 }
 
 // definition = [ "." ] name type [ "." modifier ] rest .
 void tdefinitionreader::definition() {
   if (!name()) return endearly();
-  rest(type());
+  const tkeyword keyword = type();
+  tell(keyword);
+  rest(keyword);
+}
+
+void tdefinitionreader::tell(tkeyword keyword) {
+  if (optiontype(keyword)) tell(tentry::tkind::option, fname);
+  if (keyword == tkeyword::synonym) tell(tentry::tkind::synonym, fname);
+  if (keyword == tkeyword::group) tell(tentry::tkind::group, fname);
 }
 
 // A name that begins with a period is that of a dot option.
@@ -109,7 +118,7 @@ tdefinitionreader::tkeyword tdefinitionreader::type() {
 // counts as one that has.
 void tdefinitionreader::usermap(std::optional<topttype> type) {
   fsoughtname = tsoughtname(fname);
-  if (fdefinition.indexof(fsoughtname) >= 0) error("Duplicate option");
+  if (fdefinition.indexof(fsoughtname) >= 0) error("Duplicate option", tsubject::tproblem::duplicatename);
   if (type && !hasusermap(*type))
     fusermap = -1;
   else

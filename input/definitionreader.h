@@ -75,6 +75,12 @@ class tdefinitionreader {
   void usermap(std::optional<topttype> type);
   void rest(tkeyword keyword);
 
+  void tell(tkeyword keyword);
+  void tell(tentry::tkind kind, std::string_view entryname) {
+    if (tstoreobserver* observer = fmessages.observer())
+      observer->begun({kind, entryname, fscanner.linenr()});
+  }
+
   void integeroption();
   void dbloption();
   void stringoption();
@@ -114,7 +120,7 @@ class tdefinitionreader {
   }
 
   // Files a definition error; its text ends with the name of the definition.
-  void error(std::string_view problem);
+  void error(std::string_view problem, tsubject::tproblem kind = tsubject::tproblem::other);
 
   tdefinition& fdefinition;
   tindicatorlist& findicators;

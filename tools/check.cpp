@@ -92,6 +92,7 @@ int run(const tcheckarguments& arguments) {
   reading.setlimit(arguments.limit);
   for (const std::string& rule : arguments.allowed) reading.allow(rule);
   if (reading.readdefinition(arguments.inputs.definition)) {
+    reading.checkdefinition();
     reading.watchassignments();
     reading.readoptions(arguments.inputs);
   }

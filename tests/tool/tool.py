@@ -146,6 +146,38 @@ write("short.def", "size integer 1 5 0 9 1 1 Size\n\tb integer 2 5 0 9 1 1\n")
 for command in "show short.def", "help short.def", "write short.def /dev/null -o -", "doc c short.def -o -":
     expect_part(command, run(f"wexcorin {command}")[1], "short.def:2: warning: The definition ends here")
 
+# What the library accepts in a definition, but is likely to be a mistake. A lookup line at the end makes names equal.
+write("doubtful.def", """general group 1 1 General
+cuts group 2 1 Cuts
+aa_tol integer 1 5 0 9 1 1 A
+abc_def_one integer 2 5 0 9 1 1 A
+abc_def_two integer 2 5 0 9 1 7 B
+flag boolean 3 2 1 1
+mode enumstr 4 c 1 1 Mode
+ a 1 First
+
+ b 1
+ hidden 0
+num enumint 5 1 1 1 Number
+ 1 1
+all macro 1 1 Nothing
+abc_def_one integer 9 5 0 9 1 1 A
+flag synonym aa_tol
+help integer 8 5 0 9 1 1 Help again
+other immediate nothing 1 1 Unknown
+last integer 10 5 0 9 1 1 Last
+Path lookup
+""")
+found = json.loads(run("wexcorin check --json doubtful.def")[0])["findings"]
+expect("warnings of a definition: the lines", "\n".join(f"{each['line']} {each['rule']}" for each in found),
+       """7 definition\n15 definition\n17 definition\n18 definition
+2 group-empty\n3 name-not-found\n5 group-undeclared\n5 reference-twice\n6 boolean-default\n6 no-help
+10 no-value-text\n13 no-value-text\n14 no-members\n16 name-not-found""")
+expect("what a name finds", [part for each in found for part in each["details"] + [each["text"]] if " finds " in part],
+       ['the name finds option "abc_def_one" at line 4', 'the name finds option "Help", which every definition has',
+        'Synonym "flag" is never used: the name finds option "flag" at line 6'])
+runs("wexcorin check examples/solver.def", "no problems; 155 options, 0 set\n")
+
 # ---- doc: every form can be written to standard output or a file; on failure the old file stays
 
 for form in "definition", "pascal", "html", "c", "markdown", "page", "json":

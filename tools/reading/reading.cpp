@@ -11,6 +11,7 @@
 #include "base/numtext.h"
 #include "output/parameterwriter.h"
 #include "tools/commands.h"
+#include "tools/reading/definitionwarnings.h"
 
 namespace tool {
 
@@ -57,6 +58,8 @@ std::string_view ruleof(const tmessage& message) {
     case tsubject::tproblem::badseparator: return "bad-separator";
     case tsubject::tproblem::illegalvalue: return "illegal-value";
     case tsubject::tproblem::unusablefile: return "unusable-file";
+    case tsubject::tproblem::duplicatename:
+    case tsubject::tproblem::undefineddefault:
     case tsubject::tproblem::other: break;
   }
   switch (message.kind) {
@@ -97,6 +100,11 @@ void treading::addearlyend() {
          .rule = "early-end",
          .text = "The definition ends here, because no line of a definition can begin like this one; "
                  "this line and all that follow are not read"});
+}
+
+void treading::checkdefinition() {
+  for (tfinding& finding : definitionwarnings(fstore.definition(), flines, fdefinition, fduplicates))
+    add(std::move(finding));
 }
 
 bool treading::readdefinitionagain(tvksoptions& other) const {
@@ -171,12 +179,24 @@ void treading::filed(const tmessage& message) {
   const std::string_view line = message.source != nullptr ? message.source->linetext() : std::string_view();
   std::vector<std::string> suggestions;
   if (ffindings.keeps(rule)) suggestions = fsuggester.suggestionsfor(message.subject, line);
-  ffindings.begin({.place = placeof(message.source, message.line),
+  ffindings.begin({.place = placeof(message),
                    .severity = severityof(message.kind),
                    .rule = rule,
                    .text = std::string(message.text),
                    .suggestions = std::move(suggestions),
                    .unusable = message.subject.problem == tsubject::tproblem::unusablefile});
+  if (message.subject.problem == tsubject::tproblem::duplicatename) explainduplicate(message);
+}
+
+// That a default is none of the values is known only after them, but it stands on the option's own line.
+tplace treading::placeof(const tmessage& message) const {
+  const bool earlier = message.subject.problem == tsubject::tproblem::undefineddefault;
+  return placeof(message.source, earlier ? flines.last() : message.line);
+}
+
+void treading::explainduplicate(const tmessage& message) {
+  fduplicates.insert(message.line);
+  ffindings.explain(holderof(message.subject.name, fstore.definition(), flines));
 }
 
 void treading::assigned(const toption& option, std::int32_t bits) {

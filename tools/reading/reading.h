@@ -6,12 +6,14 @@
 #include <deque>
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 
 #include "options/observer.h"
 #include "options/vksoptions.h"
 #include "tools/arguments.h"
 #include "tools/reading/assignments.h"
+#include "tools/reading/definitionlines.h"
 #include "tools/reading/findings.h"
 #include "tools/reading/suggest.h"
 #include "tools/reading/temporaryfile.h"
@@ -40,6 +42,9 @@ class treading final : optcore::tstoreobserver {
   void keepdefinition() { fkeepsdefinition = true; }
   // Reads the definition into another store. Returns false if it can no longer be opened.
   bool readdefinitionagain(optcore::tvksoptions& other) const;
+
+  // Adds what is likely to be a mistake in the definition, which must have been read.
+  void checkdefinition();
 
   // From now on, an option that is set twice with different values is a finding.
   void watchassignments() {
@@ -72,6 +77,7 @@ class treading final : optcore::tstoreobserver {
  private:
   void filed(const optcore::tmessage& message) override;
   void assigned(const optcore::toption& option, std::int32_t bits) override;
+  void begun(const optcore::tentry& entry) override { flines.add(entry); }
   void listed(std::string_view names) override;
 
   // Runs the action; findings call its source `name`. The action returns 0, or the operating system's error
@@ -81,10 +87,14 @@ class treading final : optcore::tstoreobserver {
   std::string_view nameof(const optcore::tlinesource* source) const;
   tplace placeof(const optcore::tlinesource* source, std::int32_t line) const;
   void addearlyend();
+  tplace placeof(const optcore::tmessage& message) const;
+  void explainduplicate(const optcore::tmessage& message);
   const std::string& pathof(const std::string& filename, bool readagain);
 
   optcore::tvksoptions fstore;
   tsuggester fsuggester{fstore};
+  tdefinitionlines flines;
+  std::set<std::int32_t> fduplicates;  // the lines of the definition whose names are reported as duplicates
   std::optional<tassignments> fassignments;
   bool flistreplaced = true;  // findings about values that are set again are still listed
   bool fwriting = false;

@@ -20,6 +20,14 @@ constexpr auto rules = std::to_array<trule>({
     {"unusable-file", library, "A file cannot be opened or read."},
     {"deprecated", warning, "A name is deprecated or obsolete."},
     {"early-end", tool, "The definition ends before the last line of its file."},
+    {"group-undeclared", tool, "An option is in a group that no group line declares."},
+    {"group-empty", tool, "A group has no options."},
+    {"reference-twice", tool, "Two options have the same reference number, other than 0."},
+    {"no-members", tool, "A multilist or macro has no members."},
+    {"boolean-default", tool, "The default of a boolean is neither 0 nor 1."},
+    {"no-help", tool, "Help lists an option that has no help text."},
+    {"no-value-text", tool, "A listed value of an option has no text."},
+    {"name-not-found", tool, "A name of the definition finds another option, or none, in the lookup mode."},
     {"set-again", tool, "An option is set twice, with different values."},
 });
 

@@ -27,6 +27,13 @@ std::vector<std::string> words(const tenumstroption& option) {
   return result;
 }
 
+// Whether the problem is a name or word that may be mistyped.
+bool isaboutword(tsubject::tproblem problem) {
+  using enum tsubject::tproblem;
+  return problem == unknownoption || problem == unknowndotoption || problem == badseparator ||
+         problem == illegalvalue;
+}
+
 // The text up to a blank, comma or equals sign.
 std::string_view firstword(std::string_view text) { return text.substr(0, text.find_first_of(" \t,=\"")); }
 
@@ -92,8 +99,7 @@ std::string tsuggester::known(std::string_view name) const {
 }
 
 std::vector<std::string> tsuggester::suggestionsfor(const tsubject& subject, std::string_view line) {
-  if (subject.problem == tsubject::tproblem::other || subject.problem == tsubject::tproblem::unusablefile)
-    return {};
+  if (!isaboutword(subject.problem)) return {};
   const bool isvalue = subject.problem == tsubject::tproblem::illegalvalue;
   tword word(subject.problem, subject.option,
              isvalue ? std::string(subject.value) : typedat(line, subject.name));
@@ -107,7 +113,9 @@ std::vector<std::string> tsuggester::suggestionsfor(const tsubject& subject, std
 std::vector<std::string> tsuggester::found(const tsubject& subject, std::string_view typed) {
   switch (subject.problem) {
     case tsubject::tproblem::other:
-    case tsubject::tproblem::unusablefile: break;
+    case tsubject::tproblem::unusablefile:
+    case tsubject::tproblem::duplicatename:
+    case tsubject::tproblem::undefineddefault: break;
     case tsubject::tproblem::unknownoption: return likekey(subject.name, typed);
     case tsubject::tproblem::badseparator: {
       std::vector<std::string> names = likekey(withunderscores(typed), typed);
