@@ -3,6 +3,7 @@
 // list is for clients: it decorates texts, cuts them, and has a limit.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -62,6 +63,8 @@ class tstoreobserver {
   virtual void assigned(const toption& option, std::int32_t bits) = 0;
   // Called before the entry is added to the definition. The options of unknown kinds are never added.
   virtual void begun(const tentry& /*entry*/) {}
+  // Called when a text of the source that is being read is shortened to 255 characters.
+  virtual void shortened(std::size_t /*length*/) {}
   // Takes the list of names that help prints on request, which goes to standard output without an observer.
   virtual void listed(std::string_view /*names*/) {}
 };

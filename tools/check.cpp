@@ -89,12 +89,14 @@ void reportunopened(const tfindings& findings) {
 
 int run(const tcheckarguments& arguments) {
   treading reading;
+  reading.watch();
   reading.setlimit(arguments.limit);
   for (const std::string& rule : arguments.allowed) reading.allow(rule);
   if (reading.readdefinition(arguments.inputs.definition)) {
     reading.checkdefinition();
     reading.watchassignments();
     reading.readoptions(arguments.inputs);
+    reading.checklines();
   }
   const tfindings& findings = reading.findings().kept();
   const tsummary summary = summaryof(reading);

@@ -178,6 +178,51 @@ expect("what a name finds", [part for each in found for part in each["details"] 
         'Synonym "flag" is never used: the name finds option "flag" at line 6'])
 runs("wexcorin check examples/solver.def", "no problems; 155 options, 0 set\n")
 
+# The bytes of lines, in definitions and option files; texts that are cut; lists that are no options; comments in values
+os.mkdir("sub")
+write("sub/x.opt", "read y.opt\n")
+write("sub/y.opt", "c x\n")
+write("lines.def", f"""general group 1 1 G
+b{70 * "0"} integer 2 5 0 9 1 1 {300 * "x"}
+c string 3 x 1 1 {1100 * "x"}
+ d integer 4 5 0 9 1 1 Not defined
+ The type is integer 4 times
+""")
+write("rest.def", """threads integer 5 1 0 9 1 0 T
+title string 3 x 1 0 T
+files strlist 6 1 0 T
+read immediate readfile 1 0
+comment eolcomm !
+""")
+write("lines.opt", f"""\ufefftitle x
+--threads 5
+//thraeds 5
+--file 5
+--scenario 5
+--{70 * "s"} 5
+title a!b
+title "a!b"
+title a !b
+files a b!
+threads 5!b
+title a\rb
+read sub/x.opt
+title {1100 * "x"}""")
+write("mark.def", "\ufeffb integer 1 5 0 9 1 0 B\r\n")
+write("tab.def", "a integer 1 5 0 9 1 0 A\r\n\tb integer 1 5 0 9 1 0 B\r\nc integer\r")
+for command, wanted in {
+        "lines.def": "2 long-name 2 text-cut 3 text-cut 4 early-end 3 line-cut 4 indented",
+        "rest.def lines.opt --allow set-again":
+            "1 option-file 2 dashed-list 3 dashed-list 6 long-name 7 comment-cut 10 comment-cut 1 unusable-file "
+            "14 text-cut 1 byte-order-mark 12 return-alone 14 line-cut",
+        "mark.def": "1 early-end 1 byte-order-mark", "tab.def": "2 early-end 2 indented"}.items():
+    found = json.loads(run(f"wexcorin check --json {command}")[0])["findings"]
+    expect(f"check {command}", " ".join(f"{each['line']} {each['rule']}" for each in found), wanted)
+out = run("cat lines.opt | wexcorin check rest.def /dev/stdin")[0]
+for part in ('"--thraeds" adds a text to a list of its own and sets no option; did you mean "threads"? [dashed-list]',
+             'sub/x.opt:1: note: There is a file "sub/y.opt", but', "/dev/stdin:12: warning: A carriage return"):
+    expect_part("lines.opt", out, part)
+
 # ---- doc: every form can be written to standard output or a file; on failure the old file stays
 
 for form in "definition", "pascal", "html", "c", "markdown", "page", "json":

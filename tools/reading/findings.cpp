@@ -46,8 +46,10 @@ void tfindinglist::explain(std::string detail) {
 }
 
 void tfindinglist::end() {
+  const std::vector<std::string> advice = std::exchange(fadvice, {});
   if (!fopen) return;
   tfinding finding = *std::exchange(fopen, std::nullopt);
+  finding.details.insert(finding.details.end(), advice.begin(), advice.end());
   if (finding.severity == tseverity::warning && allows(finding.rule)) return;
   const bool repeats = finding.severity != tseverity::plain && flast && issame(finding, *flast);
   if (repeats) return;

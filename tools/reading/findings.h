@@ -11,6 +11,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "tools/text.h"
@@ -63,6 +64,8 @@ class tfindinglist {
   // added. A finding that repeats the one before it is dropped.
   void begin(tfinding finding);
   void explain(std::string detail);
+  // Adds a detail that comes after all explanations.
+  void advise(std::string detail) { fadvice.push_back(std::move(detail)); }
   void end();
   // Counts a finding of a kind of which no more are kept.
   void countunlisted(tseverity severity);
@@ -77,6 +80,7 @@ class tfindinglist {
  private:
   tfindings fkept;
   std::optional<tfinding> fopen;
+  std::vector<std::string> fadvice;
   std::optional<tfinding> flast;
   std::set<std::string, std::less<>> fallowed;
   std::map<std::string_view, std::size_t> fcounts;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -15,6 +16,7 @@
 #include "tools/reading/assignments.h"
 #include "tools/reading/definitionlines.h"
 #include "tools/reading/findings.h"
+#include "tools/reading/settingwarnings.h"
 #include "tools/reading/suggest.h"
 #include "tools/reading/temporaryfile.h"
 #include "tools/writing/filemarks.h"
@@ -43,8 +45,13 @@ class treading final : optcore::tstoreobserver {
   // Reads the definition into another store. Returns false if it can no longer be opened.
   bool readdefinitionagain(optcore::tvksoptions& other) const;
 
+  // Must be called before readdefinition. From now on, what the library accepts but is likely to be a mistake
+  // is a finding. Files that can be read only once are copied.
+  void watch() { fwatches = fkeepsdefinition = true; }
   // Adds what is likely to be a mistake in the definition, which must have been read.
   void checkdefinition();
+  // Adds what is likely to be a mistake in the lines of the option files, which must have been read.
+  void checklines();
 
   // From now on, an option that is set twice with different values is a finding.
   void watchassignments() {
@@ -57,7 +64,8 @@ class treading final : optcore::tstoreobserver {
   // digits. Returns false, with a finding, if it cannot be written.
   bool write(const std::string& name, const std::string& path, bool exact);
 
-  // Adds a finding of the tool. Must not be called while something is being read.
+  // Adds a finding of the tool. While something is being read, it must not be called between a
+  // message and what explains it.
   void add(tfinding finding) {
     ffindings.begin(std::move(finding));
     ffindings.end();
@@ -77,7 +85,8 @@ class treading final : optcore::tstoreobserver {
  private:
   void filed(const optcore::tmessage& message) override;
   void assigned(const optcore::toption& option, std::int32_t bits) override;
-  void begun(const optcore::tentry& entry) override { flines.add(entry); }
+  void begun(const optcore::tentry& entry) override;
+  void shortened(std::size_t length) override;
   void listed(std::string_view names) override;
 
   // Runs the action; findings call its source `name`. The action returns 0, or the operating system's error
@@ -87,6 +96,8 @@ class treading final : optcore::tstoreobserver {
   std::string_view nameof(const optcore::tlinesource* source) const;
   tplace placeof(const optcore::tlinesource* source, std::int32_t line) const;
   void addearlyend();
+  void watchsetting(const optcore::toption& option);
+  void adviseoninclude(const optcore::tmessage& message);
   tplace placeof(const optcore::tmessage& message) const;
   void explainduplicate(const optcore::tmessage& message);
   const std::string& pathof(const std::string& filename, bool readagain);
@@ -94,6 +105,11 @@ class treading final : optcore::tstoreobserver {
   optcore::tvksoptions fstore;
   tsuggester fsuggester{fstore};
   tdefinitionlines flines;
+  bool fwatches = false;
+  std::optional<tplace> fshortenedat;  // the last place where a text was shortened
+  // The option files, under the names that findings have for them, with their paths.
+  std::map<std::string, std::string> foptionfiles;
+  tsettingwarnings fsettingwarnings{fstore};
   std::set<std::int32_t> fduplicates;  // the lines of the definition whose names are reported as duplicates
   std::optional<tassignments> fassignments;
   bool flistreplaced = true;  // findings about values that are set again are still listed
