@@ -61,11 +61,11 @@ void tdefinitionreader::endearly() {
   fmore = false;
 }
 
-void tdefinitionreader::error(std::string_view problem, tsubject::tproblem kind) {
+void tdefinitionreader::error(std::string_view problem, tsubject::tproblem kind, std::string_view value) {
   const bool namesoption = problem.find("synonym") == std::string_view::npos;
   fmessages.addmessage(tmsgkind::defineerror,
                        concat(problem, namesoption ? " for option " : "", quoted(fname)),
-                       {.name = fname.view(), .problem = kind});
+                       {.name = fname.view(), .value = value, .problem = kind});
 }
 
 // definition = [ "." ] name type [ "." modifier ] rest .
@@ -110,7 +110,9 @@ tdefinitionreader::tkeyword tdefinitionreader::type() {
   const bool modifiable = isunknown || (type && takesmodifier(*type));
   if (fmodifier != tsubtype::required && !modifiable) error("Type modifier not allowed");
   if (type || isunknown) usermap(type);
-  if (isunknown) error(concat("Unknown option type ", quoted(word.substr(0, period))));
+  if (isunknown)
+    error(concat("Unknown option type ", quoted(word.substr(0, period))), tsubject::tproblem::unknowntype,
+          word.substr(0, period));
   return keyword;
 }
 
@@ -122,7 +124,7 @@ void tdefinitionreader::usermap(std::optional<topttype> type) {
   if (type && !hasusermap(*type))
     fusermap = -1;
   else
-    integerfield(fusermap, "Bad usermap value");
+    integerfield(fusermap, "Bad usermap value", tsubject::tproblem::badreference);
 }
 
 std::optional<topttype> tdefinitionreader::optiontype(tkeyword keyword) {
@@ -187,7 +189,7 @@ void tdefinitionreader::rest(tkeyword keyword) {
 
 // The last two fields of every option, which come before the text.
 void tdefinitionreader::hcandgroup(std::string_view hcproblem) {
-  integerfield(fhc, hcproblem);
+  integerfield(fhc, hcproblem, tsubject::tproblem::badhelpflag);
   integerfield(fgroup, "Bad Group value");
 }
 

@@ -105,8 +105,9 @@ class tdefinitionreader {
   void eolcomm();
 
   // ---- fields
-  void integerfield(std::int32_t& field, std::string_view problem) {
-    if (!fscanner.nextinteger(field)) error(problem);
+  void integerfield(std::int32_t& field, std::string_view problem,
+                    tsubject::tproblem kind = tsubject::tproblem::other) {
+    if (!fscanner.nextinteger(field)) error(problem, kind);
   }
   void doublefield(double& field, std::string_view problem) {
     if (!fscanner.nextdouble(field)) error(problem);
@@ -120,7 +121,8 @@ class tdefinitionreader {
   }
 
   // Files a definition error; its text ends with the name of the definition.
-  void error(std::string_view problem, tsubject::tproblem kind = tsubject::tproblem::other);
+  void error(std::string_view problem, tsubject::tproblem kind = tsubject::tproblem::other,
+             std::string_view value = {});
 
   tdefinition& fdefinition;
   tindicatorlist& findicators;

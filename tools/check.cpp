@@ -37,6 +37,7 @@ ordered_json findingjson(const tfinding& finding) {
           {"rule", finding.rule},
           {"text", jsontext(finding.text)},
           {"details", jsontexts(finding.details)},
+          {"advice", jsontexts(finding.advice)},
           {"suggestions", jsontexts(finding.suggestions)}};
 }
 

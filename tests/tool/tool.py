@@ -173,7 +173,7 @@ expect("warnings of a definition: the lines", "\n".join(f"{each['line']} {each['
        """7 definition\n15 definition\n17 definition\n18 definition
 2 group-empty\n3 name-not-found\n5 group-undeclared\n5 reference-twice\n6 boolean-default\n6 no-help
 10 no-value-text\n13 no-value-text\n14 no-members\n16 name-not-found""")
-expect("what a name finds", [part for each in found for part in each["details"] + [each["text"]] if " finds " in part],
+expect("what a name finds", [part for each in found for part in each["advice"] + [each["text"]] if " finds " in part],
        ['the name finds option "abc_def_one" at line 4', 'the name finds option "Help", which every definition has',
         'Synonym "flag" is never used: the name finds option "flag" at line 6'])
 runs("wexcorin check examples/solver.def", "no problems; 155 options, 0 set\n")
@@ -222,6 +222,22 @@ out = run("cat lines.opt | wexcorin check rest.def /dev/stdin")[0]
 for part in ('"--thraeds" adds a text to a list of its own and sets no option; did you mean "threads"? [dashed-list]',
              'sub/x.opt:1: note: There is a file "sub/y.opt", but', "/dev/stdin:12: warning: A carriage return"):
     expect_part("lines.opt", out, part)
+
+# Notes that help with an error, below the library's own text. Known words of other formats name a type.
+write("words.def", "i int 1 2 3 4 5\nj integer x\nk dobule 1\nn integer 1 5 0 9\nd double 2 1 0 maxdouble 1 0 D\nb boolean 3 1 1 0 B\n")
+write("words.opt", "n 99999999999\nn inf\nd inf\nd 1e300\nd -5\nb ture\nn: 5\nn 10\n")
+found = json.loads(run("wexcorin check words.def words.opt --json")[0])["findings"]
+for file, line, part in (
+        ("def", 1, "The fields are a name, a type,"), ("def", 2, "An integer, the reference number,"),
+        ("def", 4, "An integer, the help flag,"), ("opt", 1, "takes integers from 0 to 9"),
+        ("opt", 2, "maxint is 2147483647"), ("opt", 3, "The largest number is maxdouble, which is 1E299"),
+        ("opt", 4, "The largest number is maxdouble"), ("opt", 5, "maxdouble is 1E299"), ("opt", 6, "t, true and 0"),
+        ("opt", 7, 'a blank or "=" must follow')):
+    expect_part(f"words.{file}:{line}", str([each["advice"] for each in found
+                                             if (each["file"], each["line"]) == (f"words.{file}", line)]), part)
+expect("types that are meant", [each["suggestions"] for each in found if each["suggestions"]], [["integer"], ["double"]])
+expect("no advice", found[-1]["advice"], [])
+expect_part("check none.def", run("wexcorin check none.def")[1], "none.def: note: The file was named as the definition file")
 
 # ---- doc: every form can be written to standard output or a file; on failure the old file stays
 

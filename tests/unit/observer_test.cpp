@@ -33,7 +33,10 @@ struct trecords : tstoreobserver {
                                         " illegal value",
                                         " unusable file",
                                         " duplicate name",
-                                        " undefined default"};
+                                        " undefined default",
+                                        " unknown type",
+                                        " bad reference",
+                                        " bad help flag"};
     const bool isnote = message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave;
     if (isnote && !showsnotes) return;
     text += std::string(text.empty() ? "" : " | ") + kinds[ordinal(message.kind)] + ' ';
@@ -101,8 +104,8 @@ void check(const testsupport::ttable& rows) {
 
 const testsupport::ttests records("records", {__LINE__, R"~(
     // a mistake in a definition is about the name that its line defines
-    definition x widget\ny integer 1 q 0 9 1 1 => Definition DEF:1 'Bad usermap value for option "x"' [x,,]
-      | Definition DEF:1 'Unknown option type "widget" for option "x"' [x,,]
+    definition x widget\ny integer 1 q 0 9 1 1 => Definition DEF:1 'Bad usermap value for option "x"' [x,,] bad reference
+      | Definition DEF:1 'Unknown option type "widget" for option "x"' [x,,widget] unknown type
       | Definition DEF:2 'Bad default value for option "y"' [y,,]
 
     // the entries of a definition are told with their lines; a duplicate is told, too

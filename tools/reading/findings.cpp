@@ -46,10 +46,8 @@ void tfindinglist::explain(std::string detail) {
 }
 
 void tfindinglist::end() {
-  const std::vector<std::string> advice = std::exchange(fadvice, {});
   if (!fopen) return;
   tfinding finding = *std::exchange(fopen, std::nullopt);
-  finding.details.insert(finding.details.end(), advice.begin(), advice.end());
   if (finding.severity == tseverity::warning && allows(finding.rule)) return;
   const bool repeats = finding.severity != tseverity::plain && flast && issame(finding, *flast);
   if (repeats) return;
@@ -78,8 +76,9 @@ void writefinding(std::ostream& stream, const tfinding& finding, const tpalette&
   writeline(stream, palette, finding.place, labelof(finding.severity),
             finding.text + (suggestion.empty() ? "" : "; " + suggestion) +
                 (showsrule ? " [" + std::string(rule->name) + "]" : ""));
-  for (const std::string& detail : finding.details)
-    writeline(stream, palette, finding.place, {"note", tcolour::cyan}, detail);
+  for (const std::vector<std::string>& notes : {finding.details, finding.advice})
+    for (const std::string& note : notes)
+      writeline(stream, palette, finding.place, {"note", tcolour::cyan}, note);
 }
 
 std::string suggestiontext(const std::vector<std::string>& suggestions) {

@@ -38,8 +38,9 @@ struct tfinding {
   tseverity severity;
   std::string_view rule;  // its kind, one of rules.h
   std::string text;
-  std::vector<std::string> details{};      // explanations, printed as notes
+  std::vector<std::string> details{};      // the explanations of the library, printed as notes
   std::vector<std::string> suggestions{};  // names that may have been meant, nearest first
+  std::vector<std::string> advice{};       // what the tool adds, printed as further notes
   bool unusable = false;                   // a file could not be opened, read or written
 };
 
@@ -64,8 +65,9 @@ class tfindinglist {
   // added. A finding that repeats the one before it is dropped.
   void begin(tfinding finding);
   void explain(std::string detail);
-  // Adds a detail that comes after all explanations.
-  void advise(std::string detail) { fadvice.push_back(std::move(detail)); }
+  void advise(std::string advice) {
+    if (fopen) fopen->advice.push_back(std::move(advice));
+  }
   void end();
   // Counts a finding of a kind of which no more are kept.
   void countunlisted(tseverity severity);
@@ -80,7 +82,6 @@ class tfindinglist {
  private:
   tfindings fkept;
   std::optional<tfinding> fopen;
-  std::vector<std::string> fadvice;
   std::optional<tfinding> flast;
   std::set<std::string, std::less<>> fallowed;
   std::map<std::string_view, std::size_t> fcounts;

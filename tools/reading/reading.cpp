@@ -11,6 +11,7 @@
 #include "base/numtext.h"
 #include "output/parameterwriter.h"
 #include "tools/commands.h"
+#include "tools/reading/advice.h"
 #include "tools/reading/definitionwarnings.h"
 #include "tools/reading/linewarnings.h"
 
@@ -59,6 +60,9 @@ std::string_view ruleof(const tmessage& message) {
     case tsubject::tproblem::badseparator: return "bad-separator";
     case tsubject::tproblem::illegalvalue: return "illegal-value";
     case tsubject::tproblem::unusablefile: return "unusable-file";
+    case tsubject::tproblem::unknowntype:
+    case tsubject::tproblem::badreference:
+    case tsubject::tproblem::badhelpflag:
     case tsubject::tproblem::duplicatename:
     case tsubject::tproblem::undefineddefault:
     case tsubject::tproblem::other: break;
@@ -197,6 +201,7 @@ void treading::filed(const tmessage& message) {
                    .text = std::string(message.text),
                    .suggestions = std::move(suggestions),
                    .unusable = message.subject.problem == tsubject::tproblem::unusablefile});
+  if (std::string advice = adviceon(message, fstore); !advice.empty()) ffindings.advise(std::move(advice));
   if (message.subject.problem == tsubject::tproblem::duplicatename) explainduplicate(message);
   if (message.subject.problem == tsubject::tproblem::unusablefile) adviseoninclude(message);
 }
@@ -209,7 +214,7 @@ tplace treading::placeof(const tmessage& message) const {
 
 void treading::explainduplicate(const tmessage& message) {
   fduplicates.insert(message.line);
-  ffindings.explain(holderof(message.subject.name, fstore.definition(), flines));
+  ffindings.advise(holderof(message.subject.name, fstore.definition(), flines));
 }
 
 // A relative path counts from the current directory, not from the file that names it.

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "base/textcase.h"
+#include "tools/reading/advice.h"
 
 namespace tool {
 
@@ -31,7 +32,7 @@ std::vector<std::string> words(const tenumstroption& option) {
 bool isaboutword(tsubject::tproblem problem) {
   using enum tsubject::tproblem;
   return problem == unknownoption || problem == unknowndotoption || problem == badseparator ||
-         problem == illegalvalue;
+         problem == illegalvalue || problem == unknowntype;
 }
 
 // The text up to a blank, comma or equals sign.
@@ -100,7 +101,8 @@ std::string tsuggester::known(std::string_view name) const {
 
 std::vector<std::string> tsuggester::suggestionsfor(const tsubject& subject, std::string_view line) {
   if (!isaboutword(subject.problem)) return {};
-  const bool isvalue = subject.problem == tsubject::tproblem::illegalvalue;
+  const bool isvalue = subject.problem == tsubject::tproblem::illegalvalue ||
+                       subject.problem == tsubject::tproblem::unknowntype;
   tword word(subject.problem, subject.option,
              isvalue ? std::string(subject.value) : typedat(line, subject.name));
   const auto known = fanswers.find(word);
@@ -113,6 +115,9 @@ std::vector<std::string> tsuggester::suggestionsfor(const tsubject& subject, std
 std::vector<std::string> tsuggester::found(const tsubject& subject, std::string_view typed) {
   switch (subject.problem) {
     case tsubject::tproblem::other:
+    case tsubject::tproblem::unknowntype: return typeslike(subject.value);
+    case tsubject::tproblem::badreference:
+    case tsubject::tproblem::badhelpflag:
     case tsubject::tproblem::unusablefile:
     case tsubject::tproblem::duplicatename:
     case tsubject::tproblem::undefineddefault: break;
