@@ -61,7 +61,7 @@ _wexcorin() {
     *:-*)
       case $command in
         '') _wexcorin_words "$cur" '-h --help --version' ;;
-        check) _wexcorin_words "$cur" '-h --help --set --json --warnings-as-errors --limit' ;;
+        check) _wexcorin_words "$cur" '-h --help --set --json --warnings-as-errors --limit --allow' ;;
         show) _wexcorin_words "$cur" '-h --help --set --changed --json' ;;
         help) _wexcorin_words "$cur" '-h --help' ;;
         write) _wexcorin_words "$cur" '-h --help --set -o --output --exact --force' ;;

@@ -26,24 +26,28 @@ void tdefinitionreader::enumstrvalues(tenumstroption& option) {
       endearly();
       break;
     }
+    tell(tentry::tkind::value, {});
     integerfield(fhc, "Bad HC");
     std::string_view text;
     fscanner.restofline(text);
     option.additem(word, fhc, text);
   }
-  if (option.items().indexof(option.defaultvalue()) < 0) error("Default is undefined");
+  if (option.items().indexof(option.defaultvalue()) < 0)
+    error("Default is undefined", tsubject::tproblem::undefineddefault);
 }
 
 // valueline = integer hc text .
 void tdefinitionreader::enumintvalues(tenumintoption& option) {
   while (nextcontinuation()) {
     integerfield(fenumvalue, "Bad integer enum");
+    tell(tentry::tkind::value, {});
     integerfield(fhc, "Bad HC");
     std::string_view text;
     fscanner.restofline(text);
     option.additem(fenumvalue, fhc, text);
   }
-  if (!option.hasitem(option.defaultvalue())) error("Default is undefined");
+  if (!option.hasitem(option.defaultvalue()))
+    error("Default is undefined", tsubject::tproblem::undefineddefault);
 }
 
 // memberline = { name } .

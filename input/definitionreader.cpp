@@ -61,16 +61,25 @@ void tdefinitionreader::endearly() {
   fmore = false;
 }
 
-void tdefinitionreader::error(std::string_view problem) {
+void tdefinitionreader::error(std::string_view problem, tsubject::tproblem kind, std::string_view value) {
   const bool namesoption = problem.find("synonym") == std::string_view::npos;
   fmessages.addmessage(tmsgkind::defineerror,
-                       concat(problem, namesoption ? " for option " : "", quoted(fname)), {fname.view()});
+                       concat(problem, namesoption ? " for option " : "", quoted(fname)),
+                       {.name = fname.view(), .value = value, .problem = kind});
 }
 
 // definition = [ "." ] name type [ "." modifier ] rest .
 void tdefinitionreader::definition() {
   if (!name()) return endearly();
-  rest(type());
+  const tkeyword keyword = type();
+  tell(keyword);
+  rest(keyword);
+}
+
+void tdefinitionreader::tell(tkeyword keyword) {
+  if (optiontype(keyword)) tell(tentry::tkind::option, fname);
+  if (keyword == tkeyword::synonym) tell(tentry::tkind::synonym, fname);
+  if (keyword == tkeyword::group) tell(tentry::tkind::group, fname);
 }
 
 // A name that begins with a period is that of a dot option.
@@ -101,7 +110,9 @@ tdefinitionreader::tkeyword tdefinitionreader::type() {
   const bool modifiable = isunknown || (type && takesmodifier(*type));
   if (fmodifier != tsubtype::required && !modifiable) error("Type modifier not allowed");
   if (type || isunknown) usermap(type);
-  if (isunknown) error(concat("Unknown option type ", quoted(word.substr(0, period))));
+  if (isunknown)
+    error(concat("Unknown option type ", quoted(word.substr(0, period))), tsubject::tproblem::unknowntype,
+          word.substr(0, period));
   return keyword;
 }
 
@@ -109,11 +120,11 @@ tdefinitionreader::tkeyword tdefinitionreader::type() {
 // counts as one that has.
 void tdefinitionreader::usermap(std::optional<topttype> type) {
   fsoughtname = tsoughtname(fname);
-  if (fdefinition.indexof(fsoughtname) >= 0) error("Duplicate option");
+  if (fdefinition.indexof(fsoughtname) >= 0) error("Duplicate option", tsubject::tproblem::duplicatename);
   if (type && !hasusermap(*type))
     fusermap = -1;
   else
-    integerfield(fusermap, "Bad usermap value");
+    integerfield(fusermap, "Bad usermap value", tsubject::tproblem::badreference);
 }
 
 std::optional<topttype> tdefinitionreader::optiontype(tkeyword keyword) {
@@ -178,7 +189,7 @@ void tdefinitionreader::rest(tkeyword keyword) {
 
 // The last two fields of every option, which come before the text.
 void tdefinitionreader::hcandgroup(std::string_view hcproblem) {
-  integerfield(fhc, hcproblem);
+  integerfield(fhc, hcproblem, tsubject::tproblem::badhelpflag);
   integerfield(fgroup, "Bad Group value");
 }
 

@@ -75,6 +75,12 @@ class tdefinitionreader {
   void usermap(std::optional<topttype> type);
   void rest(tkeyword keyword);
 
+  void tell(tkeyword keyword);
+  void tell(tentry::tkind kind, std::string_view entryname) {
+    if (tstoreobserver* observer = fmessages.observer())
+      observer->begun({kind, entryname, fscanner.linenr()});
+  }
+
   void integeroption();
   void dbloption();
   void stringoption();
@@ -99,8 +105,9 @@ class tdefinitionreader {
   void eolcomm();
 
   // ---- fields
-  void integerfield(std::int32_t& field, std::string_view problem) {
-    if (!fscanner.nextinteger(field)) error(problem);
+  void integerfield(std::int32_t& field, std::string_view problem,
+                    tsubject::tproblem kind = tsubject::tproblem::other) {
+    if (!fscanner.nextinteger(field)) error(problem, kind);
   }
   void doublefield(double& field, std::string_view problem) {
     if (!fscanner.nextdouble(field)) error(problem);
@@ -114,7 +121,8 @@ class tdefinitionreader {
   }
 
   // Files a definition error; its text ends with the name of the definition.
-  void error(std::string_view problem);
+  void error(std::string_view problem, tsubject::tproblem kind = tsubject::tproblem::other,
+             std::string_view value = {});
 
   tdefinition& fdefinition;
   tindicatorlist& findicators;

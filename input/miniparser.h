@@ -145,14 +145,18 @@ class tminiparser final : public tlinesource {
 
   // Takes the text from the current character up to `end`, which becomes the current character. A longer text
   // is shortened to 255 characters in place.
-  std::string_view taken(char* end) noexcept {
+  std::string_view taken(char* end) {
     assert(end == fposition || (end > fposition && end <= flineend));
     constexpr std::size_t longest = shortstring::capacity;
     char* const begin = std::exchange(fposition, end);
     const auto length = static_cast<std::size_t>(end - begin);
     if (length <= longest) return {begin, length};
+    tellshortened(length);
     begin[longest - 1] = begin[length - 1];
     return {begin, longest};
+  }
+  void tellshortened(std::size_t length) {
+    if (tstoreobserver* observer = fmessages.observer()) observer->shortened(length);
   }
   // Takes characters as long as they are of the classes. The end of the line must not be one of the classes.
   std::string_view collect(unsigned classes) {

@@ -1,8 +1,9 @@
-// The observer of a store, which is notified of every message that is filed and of every value that is
-// stored. A message is passed as a record of its parts, so that an observer need not parse texts. The message
+// The observer of a store, which is notified of every message that is filed, of every value that is stored and
+// of every entry of a definition. A message is passed as a record of its parts, so that an observer need not parse texts. The message
 // list is for clients: it decorates texts, cuts them, and has a limit.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -22,7 +23,12 @@ struct tsubject {
     unknowndotoption,  // the name begins with a period, and no dot option has it
     badseparator,      // what follows the name can neither belong to it nor separate it from a value
     illegalvalue,      // the value is out of the bounds, or none of the legal values
-    unusablefile       // the file of the name cannot be opened, read or written
+    unusablefile,      // the file of the name cannot be opened, read or written
+    duplicatename,     // an option or synonym that stands earlier in the definition has the name
+    undefineddefault,  // the default of the option is none of its values; known only after its last value
+    unknowntype,       // the value is not the keyword of a definition
+    badreference,      // a reference number is missing in a definition, or is no integer
+    badhelpflag        // the same for a help flag
   };
 
   std::string_view name{};  // as it was written
@@ -41,6 +47,14 @@ struct tmessage {
   std::int32_t line = 0;
 };
 
+// What begins on a line of a definition.
+struct tentry {
+  enum class tkind : std::uint8_t { option, synonym, group, value };
+  tkind kind;
+  std::string_view name;  // empty for a value
+  std::int32_t line;
+};
+
 class tstoreobserver {
  public:
   virtual ~tstoreobserver() = default;
@@ -50,6 +64,10 @@ class tstoreobserver {
   // Called after a value of the option was stored or marked as set. `bits` has firstvaluebit, secondvaluebit
   // or both.
   virtual void assigned(const toption& option, std::int32_t bits) = 0;
+  // Called before the entry is added to the definition. The options of unknown kinds are never added.
+  virtual void begun(const tentry& /*entry*/) {}
+  // Called when a text of the source that is being read is shortened to 255 characters.
+  virtual void shortened(std::size_t /*length*/) {}
   // Takes the list of names that help prints on request, which goes to standard output without an observer.
   virtual void listed(std::string_view /*names*/) {}
 };

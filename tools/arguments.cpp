@@ -11,6 +11,8 @@
 #include "base/zqaaudit.h"
 #include "release.h"
 #include "tools/commands.h"
+#include "tools/reading/nearnames.h"
+#include "tools/reading/rules.h"
 #include "tools/text.h"
 
 namespace tool {
@@ -65,6 +67,30 @@ CLI::App& addcommand(CLI::App& app, const char* name, const char* description) {
   return command;
 }
 
+std::string checkrule(const std::string& name) {
+  const trule* rule = findrule(name);
+  if (rule != nullptr && rule->filedby != tfiledby::library) return {};
+  if (rule != nullptr) return "the rule " + inquotes(name) + " is for errors, which cannot be left out";
+  std::vector<std::string> names;
+  for (const trule& each : checkrules())
+    if (each.filedby != tfiledby::library) names.emplace_back(each.name);
+  const std::string suggestion = suggestiontext(tnearnames(names).nearest(name, tmatch::nearorlonger));
+  return "there is no rule " + inquotes(name) + (suggestion.empty() ? "" : "; " + suggestion);
+}
+
+// The rules whose warnings can be left out.
+std::string rulestext() {
+  std::string result = "Rules:\n";
+  for (const trule& rule : checkrules())
+    if (rule.filedby != tfiledby::library)
+      result.append("  ")
+          .append(rule.name)
+          .append(std::max<std::size_t>(18, rule.name.size() + 1) - rule.name.size(), ' ')
+          .append(rule.meaning)
+          .append("\n");
+  return result + "\n";
+}
+
 const CLI::App& addcheck(CLI::App& app, tcheckarguments& arguments) {
   CLI::App& command = addcommand(app, "check", "Report what is wrong in a definition and in option files");
   addinputs(command, arguments.inputs, false);
@@ -74,6 +100,11 @@ const CLI::App& addcheck(CLI::App& app, tcheckarguments& arguments) {
   command.add_option("--limit", arguments.limit, "Print at most so many findings of one kind [1000]")
       ->type_name("N")
       ->check(CLI::PositiveNumber);
+  command.add_option("--allow", arguments.allowed, "Leave out the warnings of a rule; repeatable")
+      ->type_name("RULE")
+      ->allow_extra_args(false)
+      ->check(checkrule);
+  command.footer(rulestext() + notes);
   return command;
 }
 

@@ -21,6 +21,7 @@ struct tcheckarguments {
   tinputs inputs;
   bool json = false;
   bool warningsaserrors = false;
+  std::vector<std::string> allowed;              // the rules whose warnings are left out
   std::size_t limit = tfindinglist::usuallimit;  // of the findings of one kind
 };
 

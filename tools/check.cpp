@@ -30,18 +30,6 @@ tsummary summaryof(const treading& reading) {
   return result;
 }
 
-// Adds a finding if the library stopped reading before the end of the definition file. It files no message
-// about that.
-void addearlyend(treading& reading) {
-  const std::int32_t line = reading.store().definition().earlyend();
-  if (line != 0)
-    reading.add({.place = {reading.definition(), line},
-                 .severity = tseverity::warning,
-                 .rule = "early-end",
-                 .text = "The definition ends here, because no line of a definition can begin like this one; "
-                         "this line and all that follow are not read"});
-}
-
 ordered_json findingjson(const tfinding& finding) {
   return {{"file", jsontext(finding.place.file)},
           {"line", finding.place.line == 0 ? ordered_json() : ordered_json(finding.place.line)},
@@ -49,6 +37,7 @@ ordered_json findingjson(const tfinding& finding) {
           {"rule", finding.rule},
           {"text", jsontext(finding.text)},
           {"details", jsontexts(finding.details)},
+          {"advice", jsontexts(finding.advice)},
           {"suggestions", jsontexts(finding.suggestions)}};
 }
 
@@ -101,11 +90,14 @@ void reportunopened(const tfindings& findings) {
 
 int run(const tcheckarguments& arguments) {
   treading reading;
+  reading.watch();
   reading.setlimit(arguments.limit);
+  for (const std::string& rule : arguments.allowed) reading.allow(rule);
   if (reading.readdefinition(arguments.inputs.definition)) {
-    addearlyend(reading);
+    reading.checkdefinition();
     reading.watchassignments();
     reading.readoptions(arguments.inputs);
+    reading.checklines();
   }
   const tfindings& findings = reading.findings().kept();
   const tsummary summary = summaryof(reading);

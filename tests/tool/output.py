@@ -5,7 +5,7 @@ usage: output.py TOOL"""
 import codecs, collections, itertools, json, os, pty, re, shutil, signal, subprocess, sys
 from support import expect, failures, read, run, runs, write
 
-DEFINITION = "tol double 1 0 0 1 1 1\nsize integer 2 5 0 9 1 1\nread immediate ReadFile 1 1\n"
+DEFINITION = "tol double 1 0 0 1 1 0\nsize integer 2 5 0 9 1 0\nread immediate ReadFile 1 0\n"
 write("a.def", DEFINITION)
 write("a.opt", "tol 0.5\n")
 write("bad.opt", "size x\ntol 0.25\n")

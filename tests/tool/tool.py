@@ -141,6 +141,104 @@ for command in ("wexcorin write - new.opt -o - <new.def",
            ("tol=0.123456789012346\n", 'warning: option "tol" is set to 0.1234567890123456, '
                                        "but is read back as 0.123456789012346\n"))
 
+# Every command tells of a definition that ends before its last line.
+write("short.def", "size integer 1 5 0 9 1 1 Size\n\tb integer 2 5 0 9 1 1\n")
+for command in "show short.def", "help short.def", "write short.def /dev/null -o -", "doc c short.def -o -":
+    expect_part(command, run(f"wexcorin {command}")[1], "short.def:2: warning: The definition ends here")
+
+# What the library accepts in a definition, but is likely to be a mistake. A lookup line at the end makes names equal.
+write("doubtful.def", """general group 1 1 General
+cuts group 2 1 Cuts
+aa_tol integer 1 5 0 9 1 1 A
+abc_def_one integer 2 5 0 9 1 1 A
+abc_def_two integer 2 5 0 9 1 7 B
+flag boolean 3 2 1 1
+mode enumstr 4 c 1 1 Mode
+ a 1 First
+
+ b 1
+ hidden 0
+num enumint 5 1 1 1 Number
+ 1 1
+all macro 1 1 Nothing
+abc_def_one integer 9 5 0 9 1 1 A
+flag synonym aa_tol
+help integer 8 5 0 9 1 1 Help again
+other immediate nothing 1 1 Unknown
+last integer 10 5 0 9 1 1 Last
+Path lookup
+""")
+found = json.loads(run("wexcorin check --json doubtful.def")[0])["findings"]
+expect("warnings of a definition: the lines", "\n".join(f"{each['line']} {each['rule']}" for each in found),
+       """7 definition\n15 definition\n17 definition\n18 definition
+2 group-empty\n3 name-not-found\n5 group-undeclared\n5 reference-twice\n6 boolean-default\n6 no-help
+10 no-value-text\n13 no-value-text\n14 no-members\n16 name-not-found""")
+expect("what a name finds", [part for each in found for part in each["advice"] + [each["text"]] if " finds " in part],
+       ['the name finds option "abc_def_one" at line 4', 'the name finds option "Help", which every definition has',
+        'Synonym "flag" is never used: the name finds option "flag" at line 6'])
+runs("wexcorin check examples/solver.def", "no problems; 155 options, 0 set\n")
+
+# The bytes of lines, in definitions and option files; texts that are cut; lists that are no options; comments in values
+os.mkdir("sub")
+write("sub/x.opt", "read y.opt\n")
+write("sub/y.opt", "c x\n")
+write("lines.def", f"""general group 1 1 G
+b{70 * "0"} integer 2 5 0 9 1 1 {300 * "x"}
+c string 3 x 1 1 {1100 * "x"}
+ d integer 4 5 0 9 1 1 Not defined
+ The type is integer 4 times
+""")
+write("rest.def", """threads integer 5 1 0 9 1 0 T
+title string 3 x 1 0 T
+files strlist 6 1 0 T
+read immediate readfile 1 0
+comment eolcomm !
+""")
+write("lines.opt", f"""\ufefftitle x
+--threads 5
+//thraeds 5
+--file 5
+--scenario 5
+--{70 * "s"} 5
+title a!b
+title "a!b"
+title a !b
+files a b!
+threads 5!b
+title a\rb
+read sub/x.opt
+title {1100 * "x"}""")
+write("mark.def", "\ufeffb integer 1 5 0 9 1 0 B\r\n")
+write("tab.def", "a integer 1 5 0 9 1 0 A\r\n\tb integer 1 5 0 9 1 0 B\r\nc integer\r")
+for command, wanted in {
+        "lines.def": "2 long-name 2 text-cut 3 text-cut 4 early-end 3 line-cut 4 indented",
+        "rest.def lines.opt --allow set-again":
+            "1 option-file 2 dashed-list 3 dashed-list 6 long-name 7 comment-cut 10 comment-cut 1 unusable-file "
+            "14 text-cut 1 byte-order-mark 12 return-alone 14 line-cut",
+        "mark.def": "1 early-end 1 byte-order-mark", "tab.def": "2 early-end 2 indented"}.items():
+    found = json.loads(run(f"wexcorin check --json {command}")[0])["findings"]
+    expect(f"check {command}", " ".join(f"{each['line']} {each['rule']}" for each in found), wanted)
+out = run("cat lines.opt | wexcorin check rest.def /dev/stdin")[0]
+for part in ('"--thraeds" adds a text to a list of its own and sets no option; did you mean "threads"? [dashed-list]',
+             'sub/x.opt:1: note: There is a file "sub/y.opt", but', "/dev/stdin:12: warning: A carriage return"):
+    expect_part("lines.opt", out, part)
+
+# Notes that help with an error, below the library's own text. Known words of other formats name a type.
+write("words.def", "i int 1 2 3 4 5\nj integer x\nk dobule 1\nn integer 1 5 0 9\nd double 2 1 0 maxdouble 1 0 D\nb boolean 3 1 1 0 B\n")
+write("words.opt", "n 99999999999\nn inf\nd inf\nd 1e300\nd -5\nb ture\nn: 5\nn 10\n")
+found = json.loads(run("wexcorin check words.def words.opt --json")[0])["findings"]
+for file, line, part in (
+        ("def", 1, "The fields are a name, a type,"), ("def", 2, "An integer, the reference number,"),
+        ("def", 4, "An integer, the help flag,"), ("opt", 1, "takes integers from 0 to 9"),
+        ("opt", 2, "maxint is 2147483647"), ("opt", 3, "The largest number is maxdouble, which is 1E299"),
+        ("opt", 4, "The largest number is maxdouble"), ("opt", 5, "maxdouble is 1E299"), ("opt", 6, "t, true and 0"),
+        ("opt", 7, 'a blank or "=" must follow')):
+    expect_part(f"words.{file}:{line}", str([each["advice"] for each in found
+                                             if (each["file"], each["line"]) == (f"words.{file}", line)]), part)
+expect("types that are meant", [each["suggestions"] for each in found if each["suggestions"]], [["integer"], ["double"]])
+expect("no advice", found[-1]["advice"], [])
+expect_part("check none.def", run("wexcorin check none.def")[1], "none.def: note: The file was named as the definition file")
+
 # ---- doc: every form can be written to standard output or a file; on failure the old file stays
 
 for form in "definition", "pascal", "html", "c", "markdown", "page", "json":
@@ -190,6 +288,20 @@ for command in "", "check", "show", "help", "write", "doc":
                 "read or written.")
 expect("version", run("wexcorin --version")[0][:9], "wexcorin ")
 
+# ---- the rules: the documents repeat the table of the sources
+
+table = re.findall(r'\{"([a-z-]+)", (\w+),\s+"(.*?)"\}', read(f"{DOCS}/../tools/reading/rules.cpp"), re.S)
+table = [(name, kind, re.sub(r'"\s+"', "", meaning)) for name, kind, meaning in table]
+optional = [(name, meaning) for name, kind, meaning in table if kind != "library"]
+expect("rules in docs/check.md", re.findall(r"^\| `(.*)` \| .* \| (.*) \|$", read(f"{DOCS}/check.md"), re.M),
+       [(name, meaning) for name, _, meaning in table])
+manual = read(f"{DOCS}/../man/wexcorin.1").partition("These rules can be left out:\n")[2].partition(".SS")[0]
+expect("rules in the manual", re.findall(r"\.TP\n\.B (.*)\n(.*)\n", manual.replace("\\-", "-")), optional)
+expect("rules in the schema", json.loads(read(f"{DOCS}/check.schema.json"))["$defs"]["rule"]["enum"],
+       [name for name, _, _ in table])
+expect_part("errors cannot be left out", run("wexcorin check examples/first.def --allow value")[1],
+            'the rule "value" is for errors, which cannot be left out')
+
 # ---- the schemas. Each must also reject documents with one mistake.
 
 try:
@@ -206,7 +318,8 @@ def problems(schema, document):
 
 
 documents = {"definition": json.loads(read("examples/types.json")),
-             "settings": json.loads(read("examples/types_settings.json"))}
+             "settings": json.loads(read("examples/types_settings.json")),
+             "check": json.loads(run("wexcorin check --json examples/solver.def none.opt examples/solver_mistakes.opt")[0])}
 documents["definition"]["options"] += json.loads(run("wexcorin doc json wrong.def -o -")[0])["options"]
 for schema, document in documents.items():
     expect(f"docs/{schema}.schema.json: what does not match", problems(schema, document), [])
@@ -221,4 +334,8 @@ for schema, kind, key, value in (
     next(each for each in broken["options"] if each["type"] == kind)[key] = value
     what = f"docs/{schema}.schema.json refuses {key} = {value!r} for {kind}"
     expect(what, len(problems(schema, broken)) > 0, True)
+for key, value in ("line", 0), ("line", "5"), ("severity", "note"), ("rule", "set-agian"), ("details", [1]):
+    broken = copy.deepcopy(documents["check"])
+    broken["findings"][0][key] = value
+    expect(f"docs/check.schema.json refuses {key} = {value!r}", len(problems("check", broken)) > 0, True)
 sys.exit("\n".join(failures) or 0)

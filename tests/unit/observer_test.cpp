@@ -26,8 +26,17 @@ struct trecords : tstoreobserver {
   void filed(const tmessage& message) override {
     constexpr const char* kinds[] = {"Echo",       "Help",  "Definition", "Value", "Warning",
                                      "Deprecated", "Enter", "Leave",      "Limit", "User"};
-    constexpr const char* problems[] = {
-        "", " unknown option", " unknown dot option", " bad separator", " illegal value", " unusable file"};
+    constexpr const char* problems[] = {"",
+                                        " unknown option",
+                                        " unknown dot option",
+                                        " bad separator",
+                                        " illegal value",
+                                        " unusable file",
+                                        " duplicate name",
+                                        " undefined default",
+                                        " unknown type",
+                                        " bad reference",
+                                        " bad help flag"};
     const bool isnote = message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave;
     if (isnote && !showsnotes) return;
     text += std::string(text.empty() ? "" : " | ") + kinds[ordinal(message.kind)] + ' ';
@@ -41,9 +50,19 @@ struct trecords : tstoreobserver {
   void assigned(const toption&, std::int32_t) override {
     if (echoing != nullptr) echoing->optechoset(true);
   }
+  void begun(const tentry& entry) override {
+    constexpr const char* kinds[] = {"option ", "synonym ", "group ", "value"};
+    if (showsentries)
+      text.append(text.empty() ? "" : " | ")
+          .append(std::to_string(entry.line))
+          .append(" ")
+          .append(kinds[ordinal(entry.kind)])
+          .append(entry.name);
+  }
   tvksoptions* echoing = nullptr;  // a store whose echo is switched on when a value is set
   std::string text;
   bool showsnotes = false;  // notes on entering and leaving a source
+  bool showsentries = false;
 };
 
 struct tobserved {
@@ -63,6 +82,7 @@ struct tobserved {
     if (word == "echolater") records.echoing = &store;
     if (word == "help") store.optshowhelp(expanded);
     if (word == "boolean") store.optsetintnr(4, std::stoi(expanded));
+    if (word == "entries") records.showsentries = true;
     if (word == "notes") records.showsnotes = true;
   }
   std::string seen() const { return std::regex_replace(records.text, std::regex(directory.path("")), ""); }
@@ -84,9 +104,17 @@ void check(const testsupport::ttable& rows) {
 
 const testsupport::ttests records("records", {__LINE__, R"~(
     // a mistake in a definition is about the name that its line defines
-    definition x widget\ny integer 1 q 0 9 1 1 => Definition DEF:1 'Bad usermap value for option "x"' [x,,]
-      | Definition DEF:1 'Unknown option type "widget" for option "x"' [x,,]
+    definition x widget\ny integer 1 q 0 9 1 1 => Definition DEF:1 'Bad usermap value for option "x"' [x,,] bad reference
+      | Definition DEF:1 'Unknown option type "widget" for option "x"' [x,,widget] unknown type
       | Definition DEF:2 'Bad default value for option "y"' [y,,]
+
+    // the entries of a definition are told with their lines; a duplicate is told, too
+    entries ; definition x enumstr 1 a 1 1\n\n a 1\nx synonym i\ny group 1 1\nx macro 1 1\n i => 1 option x | 3 value
+      | 4 synonym x | 5 group y | Definition DEF:6 'Duplicate option for option "x"' [x,,] duplicate name
+      | 6 option x
+
+    // a default that is none of the values
+    definition x enumint 1 2 1 1 => Definition DEF:1 'Default is undefined for option "x"' [x,,] undefined default
 
     // an unknown option is a problem with the name that was typed
     file nosuch 1\n\n-NoSuch 2 => User OPT:1 'Unknown option "nosuch"' [nosuch,,] unknown option

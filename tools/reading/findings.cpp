@@ -5,6 +5,8 @@
 #include <string_view>
 #include <utility>
 
+#include "tools/reading/rules.h"
+
 namespace tool {
 
 namespace {
@@ -46,6 +48,7 @@ void tfindinglist::explain(std::string detail) {
 void tfindinglist::end() {
   if (!fopen) return;
   tfinding finding = *std::exchange(fopen, std::nullopt);
+  if (finding.severity == tseverity::warning && allows(finding.rule)) return;
   const bool repeats = finding.severity != tseverity::plain && flast && issame(finding, *flast);
   if (repeats) return;
   ++fseverities[static_cast<std::size_t>(finding.severity)];
@@ -68,10 +71,14 @@ void writefinding(std::ostream& stream, const tfinding& finding, const tpalette&
     return;
   }
   const std::string suggestion = suggestiontext(finding.suggestions);
+  const trule* rule = findrule(finding.rule);
+  const bool showsrule = rule != nullptr && rule->filedby == tfiledby::tool;
   writeline(stream, palette, finding.place, labelof(finding.severity),
-            finding.text + (suggestion.empty() ? "" : "; " + suggestion));
-  for (const std::string& detail : finding.details)
-    writeline(stream, palette, finding.place, {"note", tcolour::cyan}, detail);
+            finding.text + (suggestion.empty() ? "" : "; " + suggestion) +
+                (showsrule ? " [" + std::string(rule->name) + "]" : ""));
+  for (const std::vector<std::string>& notes : {finding.details, finding.advice})
+    for (const std::string& note : notes)
+      writeline(stream, palette, finding.place, {"note", tcolour::cyan}, note);
 }
 
 std::string suggestiontext(const std::vector<std::string>& suggestions) {

@@ -4,11 +4,14 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <iosfwd>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "tools/text.h"
@@ -33,10 +36,11 @@ enum class tseverity {
 struct tfinding {
   tplace place;
   tseverity severity;
-  std::string_view rule;  // the name of its kind, for example "unknown-option"; never changes
+  std::string_view rule;  // its kind, one of rules.h
   std::string text;
-  std::vector<std::string> details{};      // explanations, printed as notes
+  std::vector<std::string> details{};      // the explanations of the library, printed as notes
   std::vector<std::string> suggestions{};  // names that may have been meant, nearest first
+  std::vector<std::string> advice{};       // what the tool adds, printed as further notes
   bool unusable = false;                   // a file could not be opened, read or written
 };
 
@@ -49,6 +53,9 @@ class tfindinglist {
 
   // At most so many findings of each kind are kept from now on. At least 1.
   void setlimit(std::size_t limit) { flimit = limit; }
+  // Warnings of this rule are dropped from now on.
+  void allow(const std::string& rule) { fallowed.insert(rule); }
+  bool allows(std::string_view rule) const { return fallowed.contains(rule); }
   bool keeps(std::string_view rule) const {
     const auto count = fcounts.find(rule);
     return count == fcounts.end() || count->second < flimit;
@@ -58,6 +65,9 @@ class tfindinglist {
   // added. A finding that repeats the one before it is dropped.
   void begin(tfinding finding);
   void explain(std::string detail);
+  void advise(std::string advice) {
+    if (fopen) fopen->advice.push_back(std::move(advice));
+  }
   void end();
   // Counts a finding of a kind of which no more are kept.
   void countunlisted(tseverity severity);
@@ -73,6 +83,7 @@ class tfindinglist {
   tfindings fkept;
   std::optional<tfinding> fopen;
   std::optional<tfinding> flast;
+  std::set<std::string, std::less<>> fallowed;
   std::map<std::string_view, std::size_t> fcounts;
   std::array<std::size_t, 3> fseverities{};
   std::size_t funlisted = 0;

@@ -11,6 +11,9 @@
 #include "base/numtext.h"
 #include "output/parameterwriter.h"
 #include "tools/commands.h"
+#include "tools/reading/advice.h"
+#include "tools/reading/definitionwarnings.h"
+#include "tools/reading/linewarnings.h"
 
 namespace tool {
 
@@ -57,6 +60,11 @@ std::string_view ruleof(const tmessage& message) {
     case tsubject::tproblem::badseparator: return "bad-separator";
     case tsubject::tproblem::illegalvalue: return "illegal-value";
     case tsubject::tproblem::unusablefile: return "unusable-file";
+    case tsubject::tproblem::unknowntype:
+    case tsubject::tproblem::badreference:
+    case tsubject::tproblem::badhelpflag:
+    case tsubject::tproblem::duplicatename:
+    case tsubject::tproblem::undefineddefault:
     case tsubject::tproblem::other: break;
   }
   switch (message.kind) {
@@ -82,7 +90,33 @@ bool treading::readdefinition(const std::string& filename) {
   fdefinition = displayname(filename);
   fdefinitionpath = pathof(filename, fkeepsdefinition);
   ffilesread.add(fdefinitionpath);
-  return collect(fdefinition, [&] { return fstore.optreaddefinition(fdefinitionpath); });
+  if (!collect(fdefinition, [&] { return fstore.optreaddefinition(fdefinitionpath); })) return false;
+  addearlyend();
+  return true;
+}
+
+// Adds a finding if the library stopped reading before the end of the definition file. It files no message
+// about that.
+void treading::addearlyend() {
+  const std::int32_t line = fstore.definition().earlyend();
+  if (line != 0)
+    add({.place = {fdefinition, line},
+         .severity = tseverity::warning,
+         .rule = "early-end",
+         .text = "The definition ends here, because no line of a definition can begin like this one; "
+                 "this line and all that follow are not read"});
+}
+
+void treading::checkdefinition() {
+  warnoflines(fdefinitionpath, fdefinition, tfilekind::definition, fstore.definition().earlyend(),
+              [&](tfinding finding) { add(std::move(finding)); });
+  for (tfinding& finding : definitionwarnings(fstore.definition(), flines, fdefinition, fduplicates))
+    add(std::move(finding));
+}
+
+void treading::checklines() {
+  for (const auto& [name, path] : foptionfiles)
+    warnoflines(path, name, tfilekind::options, 0, [&](tfinding finding) { add(std::move(finding)); });
 }
 
 bool treading::readdefinitionagain(tvksoptions& other) const {
@@ -94,7 +128,8 @@ bool treading::readdefinitionagain(tvksoptions& other) const {
 bool treading::readoptions(const tinputs& inputs) {
   bool result = true;
   for (const std::string& filename : inputs.optionfiles) {
-    const std::string& path = pathof(filename, false);
+    const std::string& path = pathof(filename, fwatches);
+    foptionfiles.emplace(displayname(filename), path);
     result &= collect(displayname(filename), [&] { return fstore.optreadparameterfile(path); });
   }
   for (const std::string& text : inputs.texts)
@@ -145,8 +180,11 @@ const std::string& treading::pathof(const std::string& filename, bool readagain)
 // ---- what the store reports
 
 void treading::filed(const tmessage& message) {
-  if (message.kind == tmsgkind::fileenter && message.source->sourcekind() == tsourcekind::file)
-    ffilesread.add(std::string(message.source->sourcename()));
+  if (message.kind == tmsgkind::fileenter && message.source->sourcekind() == tsourcekind::file) {
+    const std::string path(message.source->sourcename());
+    ffilesread.add(path);
+    if (message.source->includer() != nullptr) foptionfiles.emplace(path, path);
+  }
   if (message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave) return;
   if (message.explains) {
     const std::size_t text = std::min(message.text.find_first_not_of(' '), message.text.size());
@@ -157,15 +195,81 @@ void treading::filed(const tmessage& message) {
   const std::string_view line = message.source != nullptr ? message.source->linetext() : std::string_view();
   std::vector<std::string> suggestions;
   if (ffindings.keeps(rule)) suggestions = fsuggester.suggestionsfor(message.subject, line);
-  ffindings.begin({.place = placeof(message.source, message.line),
+  ffindings.begin({.place = placeof(message),
                    .severity = severityof(message.kind),
                    .rule = rule,
                    .text = std::string(message.text),
                    .suggestions = std::move(suggestions),
                    .unusable = message.subject.problem == tsubject::tproblem::unusablefile});
+  if (std::string advice = adviceon(message, fstore); !advice.empty()) ffindings.advise(std::move(advice));
+  if (message.subject.problem == tsubject::tproblem::duplicatename) explainduplicate(message);
+  if (message.subject.problem == tsubject::tproblem::unusablefile) adviseoninclude(message);
+}
+
+// That a default is none of the values is known only after them, but it stands on the option's own line.
+tplace treading::placeof(const tmessage& message) const {
+  const bool earlier = message.subject.problem == tsubject::tproblem::undefineddefault;
+  return placeof(message.source, earlier ? flines.last() : message.line);
+}
+
+void treading::explainduplicate(const tmessage& message) {
+  fduplicates.insert(message.line);
+  ffindings.advise(holderof(message.subject.name, fstore.definition(), flines));
+}
+
+// A relative path counts from the current directory, not from the file that names it.
+void treading::adviseoninclude(const tmessage& message) {
+  const tlinesource* source = message.source;
+  if (source == nullptr || source->sourcekind() != tsourcekind::file) return;
+  const std::filesystem::path path(message.subject.name);
+  if (path.is_absolute()) return;
+  const std::filesystem::path beside = std::filesystem::path(source->sourcename()).parent_path() / path;
+  std::error_code problem;
+  if (beside != path && std::filesystem::exists(beside, problem))
+    ffindings.advise("There is a file " + inquotes(beside.string()) +
+                     ", but relative paths count from the current directory, not from the including file");
+}
+
+void treading::begun(const tentry& entry) {
+  flines.add(entry);
+  if (fwatches && entry.name.size() > maxidentifier)
+    add({{fdefinition, entry.line},
+         tseverity::warning,
+         "long-name",
+         "The name " + inquotes(entry.name) + " has " + std::to_string(entry.name.size()) +
+             " characters; use at most " + std::to_string(maxidentifier)});
+}
+
+// A line may shorten several texts.
+void treading::shortened(std::size_t length) {
+  const tlinesource* source = fstore.messages().activesource();
+  if (!fwatches || source == nullptr) return;
+  const tplace place = placeof(source, source->linenr());
+  if (fshortenedat == place || !ffindings.keeps("text-cut")) return;
+  fshortenedat = place;
+  add({place, tseverity::warning, "text-cut",
+       "A text has " + std::to_string(length) + " characters; only the first 254 and the last one are used"});
+}
+
+void treading::watchsetting(const toption& option) {
+  const tlinesource* source = fstore.messages().activesource();
+  if (source == nullptr) return;
+  const tcharset& comments = fstore.definition().eolcommset();
+  const bool hascomment = std::ranges::any_of(
+      source->linetext(), [&](char c) { return comments.test(static_cast<unsigned char>(c)); });
+  if (!hascomment && !option.name().starts_with("--")) return;  // nearly all lines
+  const tplace place = placeof(source, source->linenr());
+  if (option.name().starts_with("--") && option.name().size() > maxidentifier + 2)
+    add({place, tseverity::warning, "long-name",
+         "The name " + inquotes(option.name()) + " has more than " + std::to_string(maxidentifier) +
+             " characters"});
+  if (auto finding = fsettingwarnings.list(option, place)) add(std::move(*finding));
+  if (auto finding = fsettingwarnings.comment(option, source->linetext(), place)) add(std::move(*finding));
 }
 
 void treading::assigned(const toption& option, std::int32_t bits) {
+  if (fwatches && (option.opttype() == topttype::string || option.opttype() == topttype::strlist))
+    watchsetting(option);
   if (!fassignments) return;
   const tlinesource* source = fstore.messages().activesource();
   const std::int32_t line = source != nullptr ? source->linenr() : 0;

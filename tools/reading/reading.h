@@ -5,14 +5,18 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <map>
 #include <optional>
+#include <set>
 #include <string>
 
 #include "options/observer.h"
 #include "options/vksoptions.h"
 #include "tools/arguments.h"
 #include "tools/reading/assignments.h"
+#include "tools/reading/definitionlines.h"
 #include "tools/reading/findings.h"
+#include "tools/reading/settingwarnings.h"
 #include "tools/reading/suggest.h"
 #include "tools/reading/temporaryfile.h"
 #include "tools/writing/filemarks.h"
@@ -41,8 +45,18 @@ class treading final : optcore::tstoreobserver {
   // Reads the definition into another store. Returns false if it can no longer be opened.
   bool readdefinitionagain(optcore::tvksoptions& other) const;
 
+  // Must be called before readdefinition. From now on, what the library accepts but is likely to be a mistake
+  // is a finding. Files that can be read only once are copied.
+  void watch() { fwatches = fkeepsdefinition = true; }
+  // Adds what is likely to be a mistake in the definition, which must have been read.
+  void checkdefinition();
+  // Adds what is likely to be a mistake in the lines of the option files, which must have been read.
+  void checklines();
+
   // From now on, an option that is set twice with different values is a finding.
-  void watchassignments() { fassignments.emplace(); }
+  void watchassignments() {
+    if (!ffindings.allows(replacedrule)) fassignments.emplace();
+  }
 
   // Adds the lines of help as plain findings.
   void showhelp(const std::string& request);
@@ -50,7 +64,8 @@ class treading final : optcore::tstoreobserver {
   // digits. Returns false, with a finding, if it cannot be written.
   bool write(const std::string& name, const std::string& path, bool exact);
 
-  // Adds a finding of the tool. Must not be called while something is being read.
+  // Adds a finding of the tool. While something is being read, it must not be called between a
+  // message and what explains it.
   void add(tfinding finding) {
     ffindings.begin(std::move(finding));
     ffindings.end();
@@ -64,10 +79,14 @@ class treading final : optcore::tstoreobserver {
   const tfindinglist& findings() const { return ffindings; }
   // Of each kind of finding, at most so many are kept.
   void setlimit(std::size_t limit) { ffindings.setlimit(limit); }
+  // Warnings of this rule are left out.
+  void allow(const std::string& rule) { ffindings.allow(rule); }
 
  private:
   void filed(const optcore::tmessage& message) override;
   void assigned(const optcore::toption& option, std::int32_t bits) override;
+  void begun(const optcore::tentry& entry) override;
+  void shortened(std::size_t length) override;
   void listed(std::string_view names) override;
 
   // Runs the action; findings call its source `name`. The action returns 0, or the operating system's error
@@ -76,10 +95,22 @@ class treading final : optcore::tstoreobserver {
   std::size_t errors() const { return ffindings.count(tseverity::error); }
   std::string_view nameof(const optcore::tlinesource* source) const;
   tplace placeof(const optcore::tlinesource* source, std::int32_t line) const;
+  void addearlyend();
+  void watchsetting(const optcore::toption& option);
+  void adviseoninclude(const optcore::tmessage& message);
+  tplace placeof(const optcore::tmessage& message) const;
+  void explainduplicate(const optcore::tmessage& message);
   const std::string& pathof(const std::string& filename, bool readagain);
 
   optcore::tvksoptions fstore;
   tsuggester fsuggester{fstore};
+  tdefinitionlines flines;
+  bool fwatches = false;
+  std::optional<tplace> fshortenedat;  // the last place where a text was shortened
+  // The option files, under the names that findings have for them, with their paths.
+  std::map<std::string, std::string> foptionfiles;
+  tsettingwarnings fsettingwarnings{fstore};
+  std::set<std::int32_t> fduplicates;  // the lines of the definition whose names are reported as duplicates
   std::optional<tassignments> fassignments;
   bool flistreplaced = true;  // findings about values that are set again are still listed
   bool fwriting = false;

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "base/textcase.h"
+#include "tools/reading/advice.h"
 
 namespace tool {
 
@@ -25,6 +26,13 @@ std::vector<std::string> words(const tenumstroption& option) {
   result.reserve(static_cast<std::size_t>(option.items().count()));
   for (std::int32_t i = 0; i < option.items().count(); ++i) result.emplace_back(option.items().getname(i));
   return result;
+}
+
+// Whether the problem is a name or word that may be mistyped.
+bool isaboutword(tsubject::tproblem problem) {
+  using enum tsubject::tproblem;
+  return problem == unknownoption || problem == unknowndotoption || problem == badseparator ||
+         problem == illegalvalue || problem == unknowntype;
 }
 
 // The text up to a blank, comma or equals sign.
@@ -92,9 +100,9 @@ std::string tsuggester::known(std::string_view name) const {
 }
 
 std::vector<std::string> tsuggester::suggestionsfor(const tsubject& subject, std::string_view line) {
-  if (subject.problem == tsubject::tproblem::other || subject.problem == tsubject::tproblem::unusablefile)
-    return {};
-  const bool isvalue = subject.problem == tsubject::tproblem::illegalvalue;
+  if (!isaboutword(subject.problem)) return {};
+  const bool isvalue = subject.problem == tsubject::tproblem::illegalvalue ||
+                       subject.problem == tsubject::tproblem::unknowntype;
   tword word(subject.problem, subject.option,
              isvalue ? std::string(subject.value) : typedat(line, subject.name));
   const auto known = fanswers.find(word);
@@ -107,7 +115,12 @@ std::vector<std::string> tsuggester::suggestionsfor(const tsubject& subject, std
 std::vector<std::string> tsuggester::found(const tsubject& subject, std::string_view typed) {
   switch (subject.problem) {
     case tsubject::tproblem::other:
-    case tsubject::tproblem::unusablefile: break;
+    case tsubject::tproblem::unknowntype: return typeslike(subject.value);
+    case tsubject::tproblem::badreference:
+    case tsubject::tproblem::badhelpflag:
+    case tsubject::tproblem::unusablefile:
+    case tsubject::tproblem::duplicatename:
+    case tsubject::tproblem::undefineddefault: break;
     case tsubject::tproblem::unknownoption: return likekey(subject.name, typed);
     case tsubject::tproblem::badseparator: {
       std::vector<std::string> names = likekey(withunderscores(typed), typed);
