@@ -49,7 +49,7 @@ _wexcorin() {
     cur=${cur#=}
   fi
   definition=${arguments[0]-}
-  [[ $command != doc ]] || definition=${arguments[1]-}
+  [[ $command != doc && $command != get ]] || definition=${arguments[1]-}
 
   case $awaits:$cur in
     --set:*)
@@ -62,17 +62,18 @@ _wexcorin() {
         '') _wexcorin_words "$cur" '-h --help --version' ;;
         check) _wexcorin_words "$cur" '-h --help --set --json --warnings-as-errors --limit' ;;
         show) _wexcorin_words "$cur" '-h --help --set --changed --json' ;;
-        help) _wexcorin_words "$cur" '-h --help' ;;
+        get) _wexcorin_words "$cur" '-h --help --set --default' ;;
+        help | find) _wexcorin_words "$cur" '-h --help' ;;
         write) _wexcorin_words "$cur" '-h --help --set -o --output --exact --force' ;;
         doc) _wexcorin_words "$cur" '-h --help -o --output' ;;
       esac
       ;;
     *)
       case $command:${#arguments[@]} in
-        :*) _wexcorin_words "$cur" 'check show help write doc' ;;
+        :*) _wexcorin_words "$cur" 'check show get find help write doc' ;;
         doc:0) _wexcorin_words "$cur" 'definition pascal html c markdown page json' ;;
         help:1) _wexcorin_words "$cur" "$(_wexcorin_names "$1" "$definition")" ;;
-        help:[!0]* | doc:[!1]*) ;;
+        get:0 | help:[!0]* | find:[!0]* | doc:[!1]*) ;;
         *) _wexcorin_files ;;
       esac
       ;;

@@ -85,6 +85,24 @@ const CLI::App& addshow(CLI::App& app, tshowarguments& arguments) {
   return command;
 }
 
+const CLI::App& addget(CLI::App& app, tgetarguments& arguments) {
+  CLI::App& command = addcommand(app, "get", "Print the value of one option");
+  command.add_option("NAME", arguments.name, "Name or synonym of the option")->required()->type_name("");
+  addinputs(command, arguments.inputs, false);
+  command.add_flag("--default", arguments.wantsdefault, "Print the default, whatever was set");
+  return command;
+}
+
+const CLI::App& addfind(CLI::App& app, tfindarguments& arguments) {
+  CLI::App& command = addcommand(app, "find", "Search names, synonyms, values and help of the options");
+  adddefinition(command, arguments.definition);
+  command
+      .add_option("TEXT", arguments.words, "Words to search for; options that have all of them are listed")
+      ->required()
+      ->type_name("");
+  return command;
+}
+
 const CLI::App& addhelp(CLI::App& app, thelparguments& arguments) {
   CLI::App& command = addcommand(app, "help", "Print the help that a definition holds");
   adddefinition(command, arguments.definition);
@@ -178,11 +196,15 @@ targuments parsearguments(int argc, char** argv) {
   app.get_formatter()->label("Positionals", "Arguments");
   tcheckarguments check;
   tshowarguments show;
+  tgetarguments get;
+  tfindarguments find;
   thelparguments help;
   twritearguments write;
   tdocarguments doc;
   const CLI::App& checkcommand = addcheck(app, check);
   const CLI::App& showcommand = addshow(app, show);
+  const CLI::App& getcommand = addget(app, get);
+  const CLI::App& findcommand = addfind(app, find);
   const CLI::App& helpcommand = addhelp(app, help);
   const CLI::App& writecommand = addwrite(app, write);
   adddoc(app, doc);
@@ -193,6 +215,8 @@ targuments parsearguments(int argc, char** argv) {
   }
   if (checkcommand.parsed()) return accepted(check);
   if (showcommand.parsed()) return accepted(show);
+  if (getcommand.parsed()) return accepted(get);
+  if (findcommand.parsed()) return find;
   if (helpcommand.parsed()) return help;
   if (writecommand.parsed()) return accepted(write);
   return doc;

@@ -35,6 +35,17 @@ struct thelparguments {
   std::string request;
 };
 
+struct tgetarguments {
+  std::string name;
+  tinputs inputs;
+  bool wantsdefault = false;
+};
+
+struct tfindarguments {
+  std::string definition;
+  std::vector<std::string> words;
+};
+
 struct twritearguments {
   tinputs inputs;
   std::string output;
@@ -52,8 +63,8 @@ struct tdocarguments {
 
 // The arguments of one command, or an exit code if there is nothing left to do: the help, the version or an
 // error message has been printed.
-using targuments =
-    std::variant<int, tcheckarguments, tshowarguments, thelparguments, twritearguments, tdocarguments>;
+using targuments = std::variant<int, tcheckarguments, tshowarguments, tgetarguments, tfindarguments,
+                                thelparguments, twritearguments, tdocarguments>;
 
 targuments parsearguments(int argc, char** argv);
 

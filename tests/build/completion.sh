@@ -39,6 +39,11 @@ wexcorin help examples/first.def >Help maxit tol start
 wexcorin help examples/first.def ma>maxit
 wexcorin help examples/missing.def >
 wexcorin show examples/first.def --set st>start=
+wexcorin get >
+wexcorin get maxit >FILES
+wexcorin get maxit examples/first.def --set st>start=
+wexcorin find >FILES
+wexcorin find examples/first.def >
 wexcorin show --set maxit=3 examples/first.def --set tol>tol=
 wexcorin show examples/first.def --set maxit=>
 wexcorin show examples/first.def --set maxit=1>

@@ -32,8 +32,26 @@ runs("wexcorin check examples/first.def none.opt -", f"{unknown}2 errors, 0 warn
      "none.opt: note: Error code = 2; No such file or directory\n", 2, "maxitt 5\n")
 for command in "check none.def -", "show examples/first.def none.opt":
     runs(f"wexcorin {command}", None, None, 2)
-runs("wexcorin help examples/first.def limt", None,
-     'wexcorin: there is no option "limt"; did you mean "limit"?\n', 1)
+
+# get and find
+write("get.opt", "time_limit 7\ntitle \"two  words\"\nmethod bad\n.x\n--note one\n--note two\n")
+for name, out, code in (("timelim", "7\n", 1), ("title", "two  words\n", 1), ("'time limit'", "7\n", 1),
+                        ("threads", "0\n", 1), ("timelim --default", "maxdouble\n", 1), ("-- --note", "one\ntwo\n", 1),
+                        ("gap_window --set 'gap_window * 0.5'", "0\n0.5\n", 1),
+                        ("gap_window --default", "0\n0\n", 1), ("cut_file", "", 1)):
+    runs(f"wexcorin get {name} examples/solver.def get.opt", out, None, code)
+for arguments, code in (("threads examples/solver.def", 0), ("thread examples/solver.def", 1),
+                        ("describe examples/solver.def", 1), ("limit_list examples/solver.def", 1),
+                        ("threads none.def", 2), ("threads examples/solver.def none.opt", 2)):
+    out, err, seen = run(f"wexcorin get {arguments}")
+    expect(f"get {arguments}", (seen, bool(err), bool(out)), (code, code != 0, code == 0))
+for text, names in {"gap": "gap_relative gap_absolute gap_window pool_gap ip_tol dive_return",
+                    "THREADS": "threads seed", "time limit": "time_limit", "time-limit": "time_limit",
+                    "timelim": "time_limit", "reduced": "nl_method optimality_tol pricing", "basis weight": "basis_weight",
+                    "slacks crash": "crash"}.items():
+    rows = run(f"wexcorin find examples/solver.def {text}")[0].split("\n")[1:-1]
+    expect(f"find {text}", [row.split()[0] for row in rows][:6], names.split())
+runs("wexcorin find examples/solver.def debug_level", "", None, 1)
 expect("more findings of one kind than are listed, and one of another",
        run("wexcorin check examples/first.def - --limit 5500", 6000 * "zzz 1\n" + "maxit x\n")[0].split("\n")[-4:],
        ['<stdin>:5500: error: Unknown option "zzz"', '<stdin>:6001: error: Integer expected, for option "maxit" saw "x"',
@@ -184,7 +202,7 @@ for command, said in (("show examples/first.def --all", "--all"),
     out, err, code = run(f"wexcorin {command}")
     expect_part(command, err, said)
     expect(command, (out, code), ("", 2))
-for command in "", "check", "show", "help", "write", "doc":
+for command in "", "check", "show", "get", "find", "help", "write", "doc":
     expect_part(f"{command} --help", " ".join(run(f"wexcorin {command} --help")[0].split()),
                 " Exit codes: 0 no problems; 1 problems in what was read; 2 wrong use, or a file that cannot be opened, "
                 "read or written.")
