@@ -27,7 +27,7 @@ _wexcorin_read() {
       [[ -n $awaits ]] || ((++i))
     elif [[ -n $awaits ]]; then
       awaits=
-    elif [[ $word == --set || $word == -o || $word == --output ]]; then
+    elif [[ $word == --set || $word == -o || $word == --output || $word == --group || $word == --limit ]]; then
       awaits=$word
     elif [[ $word == -?* ]]; then
       continue
@@ -56,6 +56,7 @@ _wexcorin() {
       compopt -o nospace 2>/dev/null
       _wexcorin_words "$cur" "$(_wexcorin_names "$1" "$definition" | sed 's/$/=/')"
       ;;
+    --group:* | --limit:*) ;;
     -*) _wexcorin_files ;;
     *:-*)
       case $command in
@@ -64,16 +65,17 @@ _wexcorin() {
         show) _wexcorin_words "$cur" '-h --help --set --changed --json' ;;
         get) _wexcorin_words "$cur" '-h --help --set --default' ;;
         help | find) _wexcorin_words "$cur" '-h --help' ;;
+        template) _wexcorin_words "$cur" '-h --help -o --output --group' ;;
         write) _wexcorin_words "$cur" '-h --help --set -o --output --exact --force' ;;
         doc) _wexcorin_words "$cur" '-h --help -o --output' ;;
       esac
       ;;
     *)
       case $command:${#arguments[@]} in
-        :*) _wexcorin_words "$cur" 'check show get find help write doc' ;;
+        :*) _wexcorin_words "$cur" 'check show get find help template write doc' ;;
         doc:0) _wexcorin_words "$cur" 'definition pascal html c markdown page json' ;;
         help:1) _wexcorin_words "$cur" "$(_wexcorin_names "$1" "$definition")" ;;
-        get:0 | help:[!0]* | find:[!0]* | doc:[!1]*) ;;
+        get:0 | help:[!0]* | find:[!0]* | template:[!0]* | doc:[!1]*) ;;
         *) _wexcorin_files ;;
       esac
       ;;

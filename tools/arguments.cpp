@@ -115,10 +115,21 @@ const CLI::App& addhelp(CLI::App& app, thelparguments& arguments) {
 }
 
 void addoutput(CLI::App& command, std::string& output) {
-  command.add_option("-o,--output", output, "File to write")
-      ->required()
+  const bool required = output.empty();
+  command.add_option("-o,--output", output, required ? "File to write" : "File to write [standard output]")
+      ->required(required)
       ->type_name("FILE")
       ->check(checkfilename);
+}
+
+const CLI::App& addtemplate(CLI::App& app, ttemplatearguments& arguments) {
+  CLI::App& command = addcommand(app, "template", "Write an option file to start from");
+  adddefinition(command, arguments.definition);
+  addoutput(command, arguments.output);
+  command.add_option("--group", arguments.groups, "Only the options of this group; repeatable")
+      ->type_name("NAME")
+      ->allow_extra_args(false);
+  return command;
 }
 
 const CLI::App& addwrite(CLI::App& app, twritearguments& arguments) {
@@ -199,6 +210,7 @@ targuments parsearguments(int argc, char** argv) {
   tgetarguments get;
   tfindarguments find;
   thelparguments help;
+  ttemplatearguments templatefile;
   twritearguments write;
   tdocarguments doc;
   const CLI::App& checkcommand = addcheck(app, check);
@@ -206,6 +218,7 @@ targuments parsearguments(int argc, char** argv) {
   const CLI::App& getcommand = addget(app, get);
   const CLI::App& findcommand = addfind(app, find);
   const CLI::App& helpcommand = addhelp(app, help);
+  const CLI::App& templatecommand = addtemplate(app, templatefile);
   const CLI::App& writecommand = addwrite(app, write);
   adddoc(app, doc);
   try {
@@ -218,6 +231,7 @@ targuments parsearguments(int argc, char** argv) {
   if (getcommand.parsed()) return accepted(get);
   if (findcommand.parsed()) return find;
   if (helpcommand.parsed()) return help;
+  if (templatecommand.parsed()) return templatefile;
   if (writecommand.parsed()) return accepted(write);
   return doc;
 }

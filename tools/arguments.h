@@ -46,6 +46,12 @@ struct tfindarguments {
   std::vector<std::string> words;
 };
 
+struct ttemplatearguments {
+  std::string definition;
+  std::vector<std::string> groups;  // all if empty
+  std::string output = "-";
+};
+
 struct twritearguments {
   tinputs inputs;
   std::string output;
@@ -64,7 +70,7 @@ struct tdocarguments {
 // The arguments of one command, or an exit code if there is nothing left to do: the help, the version or an
 // error message has been printed.
 using targuments = std::variant<int, tcheckarguments, tshowarguments, tgetarguments, tfindarguments,
-                                thelparguments, twritearguments, tdocarguments>;
+                                thelparguments, ttemplatearguments, twritearguments, tdocarguments>;
 
 targuments parsearguments(int argc, char** argv);
 

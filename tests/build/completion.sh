@@ -43,6 +43,9 @@ wexcorin get >
 wexcorin get maxit >FILES
 wexcorin get maxit examples/first.def --set st>start=
 wexcorin find >FILES
+wexcorin template >FILES
+wexcorin template --group firing >FILES
+wexcorin template examples/types.def -o >FILES
 wexcorin find examples/first.def >
 wexcorin show --set maxit=3 examples/first.def --set tol>tol=
 wexcorin show examples/first.def --set maxit=>

@@ -91,6 +91,44 @@ for typed, name in {
 expect_part("tree", run("wexcorin check examples/solver.def -", "limit 5")[0],
             '; did you mean "limit_list", "time_limit" or "work_limit"?\n')
 
+# template: it sets and reports nothing; nor is anything reported with any one of its lines uncommented, each in a file
+# of its own. The options that have no line are those of which each use is reported.
+write("quotes.def", 'x eolcomm #\na string 1 "b#c" 1 1\nb string 2 "" 1 1\nc enumstr 3 "d e" 1 1\n "d e" 1\n.d double 4 '
+      "0.30000000000000004 0 1 1 1\nold integer 5 1 0 9 1 1\nstop multilist 6 1 1\n a old\nx obsolete\n old\n")
+for definition, unset in (("examples/solver.def", "basis_weight big_number describe remark"),
+                          ("examples/types.def", "a_very_long_name_that_does_not_fit_on_any_telephone_and_even_less"
+                           "_in_a_table damper explain glaze note"), ("quotes.def", "Help old")):
+    template = run(f"wexcorin template {definition}")[0]
+    lines = [line for line in template.split("\n") if re.match(r"\*\w", line)]
+    write("all.opt", template)
+    options = json.loads(run(f"wexcorin doc json {definition} -o -")[0])["options"]
+    runs(f"wexcorin check {definition} all.opt", f"no problems; {len(options)} options, 0 set\n")
+    for number, line in enumerate(lines):
+        write(f"line{number}.opt", template.replace(f"\n{line}\n", f"\n{line[1:]}\n"))
+    # the last ones first, because macros set options in front of them
+    files = " ".join(f"line{number}.opt" for number in reversed(range(len(lines))))
+    out, err, code = run(f"wexcorin show --json {definition} {files}")
+    expect(f"template of {definition}: problems", (err, code), ("", 0))
+    shown = {each["name"]: each for each in json.loads(out)["options"]}
+    for each in options:
+        line = re.search(rf"(?m)^\*(symbol)?{re.escape(each['name'])}( = .*)?$", template)
+        expect(f"{each['name']} has a line", bool(line),
+               each["listed"] and each["name"].replace(" ", "_") not in unset.split())
+        row = shown[each["name"]]
+        if line and row["value"] not in (None, ["text"]):
+            expect(f"{line[0]}: is set", row["set"], True)
+            if each["name"] not in ("atmosphere", "log_prefix"):  # other case; blank at the end
+                expect(f"{line[0]}: value", row["value"], row["default"])
+expect_part("a comment character in a member's default", template, '\n*stop = "b#c:1"\n')
+only = run("wexcorin template examples/types.def --group FIRING")[0]
+expect("template of a group", re.findall(r"(?m)^\*(\w+)", only), ["peak", "rate", "vents", "atmosphere"])
+runs("wexcorin template examples/types.def --group firng -o group.opt", code=1,
+     err='wexcorin: there is no group "firng"; did you mean "firing"?\n')
+runs("cp quotes.def mine.def; wexcorin template mine.def -o ./mine.def", code=2,
+     err="./mine.def: error: cannot write the file: it is one of the files that are read\n")
+expect("template from a pipe", run("cat quotes.def | wexcorin template -")[0].split("\n")[1:],
+       run("wexcorin template quotes.def")[0].split("\n")[1:])
+
 written = 'vents=60\nglaze\ncone=a\ncone="b c"\nnote=R\udce4tsel\n'
 runs("wexcorin write examples/types.def - -o -", written, None, stdin=written)
 for form in "", "--json":
@@ -202,7 +240,7 @@ for command, said in (("show examples/first.def --all", "--all"),
     out, err, code = run(f"wexcorin {command}")
     expect_part(command, err, said)
     expect(command, (out, code), ("", 2))
-for command in "", "check", "show", "get", "find", "help", "write", "doc":
+for command in "", "check", "show", "get", "find", "help", "template", "write", "doc":
     expect_part(f"{command} --help", " ".join(run(f"wexcorin {command} --help")[0].split()),
                 " Exit codes: 0 no problems; 1 problems in what was read; 2 wrong use, or a file that cannot be opened, "
                 "read or written.")
