@@ -11,6 +11,7 @@
 #include "base/zqaaudit.h"
 #include "release.h"
 #include "tools/commands.h"
+#include "tools/reading/nearnames.h"
 #include "tools/text.h"
 
 namespace tool {
@@ -37,6 +38,26 @@ std::string versiontext() {
 std::string checkfilename(const std::string& name) {
   if (name.size() <= maxfilename) return {};
   return "file names may have at most " + std::to_string(maxfilename) + " characters";
+}
+
+std::vector<std::string> commandsof(const CLI::App& app) {
+  std::vector<std::string> result;
+  for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
+    result.push_back(command->get_name());
+  return result;
+}
+
+std::vector<std::string> flagsof(const CLI::App& command) {
+  std::vector<std::string> result;
+  for (const CLI::Option* option : command.get_options())
+    for (const std::string& name : option->get_lnames()) result.push_back("--" + name);
+  return result;
+}
+
+// What the user may have meant instead of the word: "; did you mean ...", or nothing.
+std::string suggestionfor(std::string_view word, std::vector<std::string> known) {
+  const std::string text = suggestiontext(tnearnames(std::move(known)).nearest(word, tmatch::nearorlonger));
+  return text.empty() ? text : "; " + text;
 }
 
 void adddefinition(CLI::App& command, std::string& definition) {
@@ -155,6 +176,12 @@ const std::map<std::string, tdocform>& docforms() {
   return forms;
 }
 
+std::vector<std::string> formnames() {
+  std::vector<std::string> result;
+  for (const auto& [name, form] : docforms()) result.push_back(name);
+  return result;
+}
+
 const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
   CLI::App& command = addcommand(app, "doc", "Write a definition in another form");
   command
@@ -167,21 +194,33 @@ const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
       ->required()
       ->type_name("")
       ->check([](const std::string& form) {
-        return docforms().contains(form) ? std::string() : "there is no form " + inquotes(form);
+        return docforms().contains(form)
+                   ? std::string()
+                   : "there is no form " + inquotes(form) + suggestionfor(form, formnames());
       });
   adddefinition(command, arguments.definition);
   addoutput(command, arguments.output);
   return command;
 }
 
+// The first argument that looks like an option and is none.
+std::string unknownflag(const CLI::App& app) {
+  for (const std::string& word : app.remaining(true))
+    if (word.starts_with("-")) return word.substr(0, word.find('='));
+  return {};
+}
+
 std::string failuretext(const CLI::App* app, const CLI::Error& error) {
-  std::string command = app->get_name();
+  const std::vector<CLI::App*> commands = app->get_subcommands();
+  const CLI::App& command = commands.empty() ? *app : *commands.front();
+  const std::string name = app->get_name() + (commands.empty() ? "" : " " + command.get_name());
+  const std::vector<std::string> rest = app->remaining();
   std::string problem = error.what();
-  if (!app->get_subcommands().empty())
-    command += " " + app->get_subcommands().front()->get_name();
-  else if (const std::vector<std::string> rest = app->remaining(); !rest.empty())
-    problem = "there is no command " + inquotes(rest.front());
-  return command + ": " + printable(problem) + "\nTry '" + command + " --help'.\n";
+  if (commands.empty() && !rest.empty() && !rest.front().starts_with("-"))
+    problem = "there is no command " + inquotes(rest.front()) + suggestionfor(rest.front(), commandsof(*app));
+  else if (const std::string flag = unknownflag(*app); !flag.empty())
+    problem = "there is no option " + inquotes(flag) + suggestionfor(flag, flagsof(command));
+  return name + ": " + printable(problem) + "\nTry '" + name + " --help'.\n";
 }
 
 bool readsstandardinputtwice(const tinputs& inputs) {

@@ -240,6 +240,10 @@ for command, said in (("show examples/first.def --all", "--all"),
     out, err, code = run(f"wexcorin {command}")
     expect_part(command, err, said)
     expect(command, (out, code), ("", 2))
+for command, said in (("chek --jsn", '"chek"; did you mean "check"?'), ("--versoin", '"--versoin"; did you mean "--version"?'),
+                      ("check a --jsn=1", '"--jsn"; did you mean "--json"?'), ("doc mark a -o b", '"mark"; did you mean "markdown"?'),
+                      ("write a b -o c --forc", '"--forc"; did you mean "--force"?'), ("shw a", '"shw"; did you mean "show"?')):
+    expect_part(command, run(f"wexcorin {command}")[1], f" {said}\nTry 'wexcorin")
 for command in "", "check", "show", "get", "find", "help", "template", "write", "doc":
     expect_part(f"{command} --help", " ".join(run(f"wexcorin {command} --help")[0].split()),
                 " Exit codes: 0 no problems; 1 problems in what was read; 2 wrong use, or a file that cannot be opened, "
