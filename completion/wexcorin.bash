@@ -27,7 +27,8 @@ _wexcorin_read() {
       [[ -n $awaits ]] || ((++i))
     elif [[ -n $awaits ]]; then
       awaits=
-    elif [[ $word == --set || $word == -o || $word == --output || $word == --group || $word == --limit ]]; then
+    elif [[ $word == --set || $word == -o || $word == --output || $word == --group || $word == --limit ||
+      $word == --color || $word == --columns ]]; then
       awaits=$word
     elif [[ $word == -?* ]]; then
       continue
@@ -57,17 +58,19 @@ _wexcorin() {
       _wexcorin_words "$cur" "$(_wexcorin_names "$1" "$definition" | sed 's/$/=/')"
       ;;
     --group:* | --limit:*) ;;
+    --color:*) _wexcorin_words "$cur" 'auto always never' ;;
+    --columns:*) _wexcorin_words "$cur" 'number name type set value default range' ;;
     -*) _wexcorin_files ;;
     *:-*)
       case $command in
         '') _wexcorin_words "$cur" '-h --help --version' ;;
-        check) _wexcorin_words "$cur" '-h --help --set --json --warnings-as-errors --limit' ;;
-        show) _wexcorin_words "$cur" '-h --help --set --changed --json' ;;
-        get) _wexcorin_words "$cur" '-h --help --set --default' ;;
-        help | find) _wexcorin_words "$cur" '-h --help' ;;
-        template) _wexcorin_words "$cur" '-h --help -o --output --group' ;;
-        write) _wexcorin_words "$cur" '-h --help --set -o --output --exact --force' ;;
-        doc) _wexcorin_words "$cur" '-h --help -o --output' ;;
+        check) _wexcorin_words "$cur" '-h --help --set --json --warnings-as-errors --limit --color --no-pager' ;;
+        show) _wexcorin_words "$cur" '-h --help --set --changed --json --color --no-pager --columns --wide' ;;
+        get) _wexcorin_words "$cur" '-h --help --set --default --color' ;;
+        help | find) _wexcorin_words "$cur" '-h --help --color --no-pager' ;;
+        template) _wexcorin_words "$cur" '-h --help -o --output --group --color' ;;
+        write) _wexcorin_words "$cur" '-h --help --set -o --output --exact --force --color' ;;
+        doc) _wexcorin_words "$cur" '-h --help -o --output --color' ;;
       esac
       ;;
     *)

@@ -80,10 +80,40 @@ void addinputs(CLI::App& command, tinputs& inputs, bool filesrequired) {
       ->allow_extra_args(false);
 }
 
+template <class T>
+std::vector<std::string> keysof(const std::map<std::string, T>& words) {
+  std::vector<std::string> result;
+  for (const auto& [name, meaning] : words) result.push_back(name);
+  return result;
+}
+
+// What is wrong with a word that must be one of these; empty if nothing is.
+std::string checkword(const std::string& word, const std::vector<std::string>& known, const char* what) {
+  if (std::ranges::find(known, word) != known.end()) return {};
+  return "there is no " + std::string(what) + " " + inquotes(word) + suggestionfor(word, known);
+}
+
+const std::map<std::string, tcolours>& colourwords() {
+  static const std::map<std::string, tcolours> words = {
+      {"auto", tcolours::automatic}, {"always", tcolours::always}, {"never", tcolours::never}};
+  return words;
+}
+
 CLI::App& addcommand(CLI::App& app, const char* name, const char* description) {
   CLI::App& command = *app.add_subcommand(name, description);
   command.group("Commands");
+  command
+      .add_option_function<std::string>(
+          "--color", [](const std::string& when) { setcolours(colourwords().at(when)); },
+          "When to print colours: auto (on terminals), always or never")
+      ->type_name("WHEN")
+      ->check([](const std::string& when) { return checkword(when, keysof(colourwords()), "choice"); });
   return command;
+}
+
+void addpager(CLI::App& command, bool& pager) {
+  command.add_flag_callback(
+      "--no-pager", [&pager] { pager = false; }, "Do not print through $PAGER on a terminal");
 }
 
 const CLI::App& addcheck(CLI::App& app, tcheckarguments& arguments) {
@@ -95,6 +125,7 @@ const CLI::App& addcheck(CLI::App& app, tcheckarguments& arguments) {
   command.add_option("--limit", arguments.limit, "Print at most so many findings of one kind [1000]")
       ->type_name("N")
       ->check(CLI::PositiveNumber);
+  addpager(command, arguments.pager);
   return command;
 }
 
@@ -103,6 +134,17 @@ const CLI::App& addshow(CLI::App& app, tshowarguments& arguments) {
   addinputs(command, arguments.inputs, false);
   command.add_flag("--changed", arguments.changedonly, "List only options that were set");
   command.add_flag("--json", arguments.json, "Print the options as JSON");
+  command
+      .add_option("--columns", arguments.columns,
+                  "Only these columns, separated by commas: number, name, type, set, value, default, range")
+      ->type_name("NAME")
+      ->delimiter(',')
+      ->allow_extra_args(false)
+      ->check([](const std::string& name) {
+        return checkword(name, {showcolumns.begin(), showcolumns.end()}, "column");
+      });
+  command.add_flag("--wide", arguments.wide, "Do not fit the table to the width of the terminal");
+  addpager(command, arguments.pager);
   return command;
 }
 
@@ -121,6 +163,7 @@ const CLI::App& addfind(CLI::App& app, tfindarguments& arguments) {
       .add_option("TEXT", arguments.words, "Words to search for; options that have all of them are listed")
       ->required()
       ->type_name("");
+  addpager(command, arguments.pager);
   return command;
 }
 
@@ -132,6 +175,7 @@ const CLI::App& addhelp(CLI::App& app, thelparguments& arguments) {
                   "An option's name, or a sum of 1 (summary by group, the default), 2 (all in detail) and\n"
                   "8 (mark deprecated options in the summary)")
       ->type_name("");
+  addpager(command, arguments.pager);
   return command;
 }
 
@@ -176,12 +220,6 @@ const std::map<std::string, tdocform>& docforms() {
   return forms;
 }
 
-std::vector<std::string> formnames() {
-  std::vector<std::string> result;
-  for (const auto& [name, form] : docforms()) result.push_back(name);
-  return result;
-}
-
 const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
   CLI::App& command = addcommand(app, "doc", "Write a definition in another form");
   command
@@ -193,11 +231,7 @@ const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
           "or json (the whole definition, for programs)")
       ->required()
       ->type_name("")
-      ->check([](const std::string& form) {
-        return docforms().contains(form)
-                   ? std::string()
-                   : "there is no form " + inquotes(form) + suggestionfor(form, formnames());
-      });
+      ->check([](const std::string& form) { return checkword(form, keysof(docforms()), "form"); });
   adddefinition(command, arguments.definition);
   addoutput(command, arguments.output);
   return command;

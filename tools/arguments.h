@@ -2,7 +2,9 @@
 // commands open the files.
 #pragma once
 
+#include <array>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -21,11 +23,19 @@ struct tcheckarguments {
   tinputs inputs;
   bool json = false;
   bool warningsaserrors = false;
+  bool pager = true;
   std::size_t limit = tfindinglist::usuallimit;  // of the findings of one kind
 };
 
+// The columns of `show`, as the command line names them.
+inline constexpr auto showcolumns =
+    std::to_array<std::string_view>({"number", "name", "type", "set", "value", "default", "range"});
+
 struct tshowarguments {
   tinputs inputs;
+  std::vector<std::string> columns;  // all if empty
+  bool wide = false;
+  bool pager = true;
   bool changedonly = false;
   bool json = false;
 };
@@ -33,6 +43,7 @@ struct tshowarguments {
 struct thelparguments {
   std::string definition;
   std::string request;
+  bool pager = true;
 };
 
 struct tgetarguments {
@@ -44,6 +55,7 @@ struct tgetarguments {
 struct tfindarguments {
   std::string definition;
   std::vector<std::string> words;
+  bool pager = true;
 };
 
 struct ttemplatearguments {

@@ -9,6 +9,7 @@
 #include "tools/reading/nearnames.h"
 #include "tools/reading/reading.h"
 #include "tools/table.h"
+#include "tools/terminal.h"
 #include "tools/unknown.h"
 
 namespace tool {
@@ -104,7 +105,7 @@ int run(const tfindarguments& arguments) {
   for (const thit& hit : hits)
     table.add(
         {hit.option->name, typephrase(*hit.option), hit.option->defaultvalue.text, helpof(*hit.option)});
-  table.print();
+  table.print(terminalwidth());
   return code;
 }
 

@@ -1,4 +1,5 @@
 // The show command: prints the options with their values, as an aligned table or as JSON.
+#include <algorithm>
 #include <iostream>
 #include <nlohmann/json.hpp>
 
@@ -7,6 +8,7 @@
 #include "tools/jsontext.h"
 #include "tools/reading/reading.h"
 #include "tools/table.h"
+#include "tools/terminal.h"
 
 namespace tool {
 
@@ -45,10 +47,19 @@ ttable::tcells cellsof(const trow& row) {
           legaltext(row.option)};
 }
 
-void printrows(const std::vector<trow>& rows) {
+// The names were checked when the command line was read.
+std::vector<std::size_t> columnsof(const std::vector<std::string>& names) {
+  std::vector<std::size_t> result;
+  for (const std::string& name : names)
+    result.push_back(static_cast<std::size_t>(std::ranges::find(showcolumns, name) - showcolumns.begin()));
+  return result;
+}
+
+void printrows(const std::vector<trow>& rows, const tshowarguments& arguments) {
   ttable table({"Nr", "Name", "Type", "Set", "Value", "Default", "Range or values"}, talign::rightfirst);
   for (const trow& row : rows) table.add(cellsof(row));
-  table.print();
+  if (!arguments.columns.empty()) table.select(columnsof(arguments.columns));
+  table.print(arguments.wide ? 0 : terminalwidth());
 }
 
 ordered_json rowjson(const trow& row) {
@@ -112,7 +123,7 @@ int run(const tshowarguments& arguments) {
   if (arguments.json)
     printjson(reading.definition(), rows);
   else
-    printrows(rows);
+    printrows(rows, arguments);
   return code;
 }
 

@@ -40,6 +40,9 @@ wexcorin help examples/first.def ma>maxit
 wexcorin help examples/missing.def >
 wexcorin show examples/first.def --set st>start=
 wexcorin get >
+wexcorin show --color a>always auto
+wexcorin show --color always >FILES
+wexcorin show --columns na>name
 wexcorin get maxit >FILES
 wexcorin get maxit examples/first.def --set st>start=
 wexcorin find >FILES
