@@ -1,11 +1,22 @@
 # Completion of wexcorin's command line in bash: commands, options, forms of doc, and file names. `help` and --set
-# complete the option names of the definition file that the command line names. It needs nothing but bash itself.
+# complete the options and values of the definition file that the command line names.
 
-# Prints the option names of a definition, except names that are typed with blanks.
-_wexcorin_names() {
-  local definition=${2/#\~\//$HOME/}
-  [[ -f $definition ]] || return
-  "$1" show --json "$definition" 2>/dev/null | sed -n 's/^      "name": "\([A-Za-z][A-Za-z0-9_]*\)",*$/\1/p'
+# Prints the names and synonyms of the options of a definition, or the values of the option NAME, except those that are
+# typed with blanks.
+# usage: _wexcorin_options TOOL DEFINITION [NAME]
+_wexcorin_options() {
+  local tool=$1 definition=${2/#\~\//$HOME/}
+  shift 2
+  [[ ! -f $definition ]] || "$tool" complete "$definition" "$@" 2>/dev/null
+}
+
+# Prints the beginnings of option text: names, or dot options behind the symbol that was typed.
+_wexcorin_settings() {
+  if [[ $3 == ?*.* ]]; then
+    _wexcorin_options "$1" "$2" | sed -n "s/^\\..*/${3%%.*}&=/p"
+  else
+    _wexcorin_options "$1" "$2" | sed -n 's/^[^.].*/&=/p'
+  fi
 }
 
 # Lets bash complete the word as a file name.
@@ -41,21 +52,27 @@ _wexcorin_read() {
 }
 
 _wexcorin() {
-  local cur=${COMP_WORDS[COMP_CWORD]} command='' awaits='' definition
+  local cur=${COMP_WORDS[COMP_CWORD]} command='' awaits='' definition name
   local arguments=()
   COMPREPLY=()
   _wexcorin_read
-  if [[ $cur == = || ${COMP_WORDS[COMP_CWORD - 1]} == = ]]; then
-    [[ -n $awaits ]] || return 0 # the value of --set NAME=VALUE
-    cur=${cur#=}
-  fi
   definition=${arguments[0]-}
   [[ $command != doc && $command != get ]] || definition=${arguments[1]-}
+  if [[ $cur == = || ${COMP_WORDS[COMP_CWORD - 1]} == = ]]; then
+    cur=${cur#=}
+    if [[ -z $awaits ]]; then # the value in --set NAME=VALUE
+      name=${COMP_WORDS[COMP_CWORD - 1]}
+      [[ $name != = ]] || name=${COMP_WORDS[COMP_CWORD - 2]}
+      [[ $name != *.* ]] || name=.${name#*.}
+      _wexcorin_words "$cur" "$(_wexcorin_options "$1" "$definition" "$name")"
+      return 0
+    fi
+  fi
 
   case $awaits:$cur in
     --set:*)
       compopt -o nospace 2>/dev/null
-      _wexcorin_words "$cur" "$(_wexcorin_names "$1" "$definition" | sed 's/$/=/')"
+      _wexcorin_words "$cur" "$(_wexcorin_settings "$1" "$definition" "$cur")"
       ;;
     --group:* | --limit:*) ;;
     --color:*) _wexcorin_words "$cur" 'auto always never' ;;
@@ -77,7 +94,7 @@ _wexcorin() {
       case $command:${#arguments[@]} in
         :*) _wexcorin_words "$cur" 'check show get find help template write doc' ;;
         doc:0) _wexcorin_words "$cur" 'definition pascal html c markdown page json' ;;
-        help:1) _wexcorin_words "$cur" "$(_wexcorin_names "$1" "$definition")" ;;
+        help:1) _wexcorin_words "$cur" "$(_wexcorin_options "$1" "$definition")" ;;
         get:0 | help:[!0]* | find:[!0]* | template:[!0]* | doc:[!1]*) ;;
         *) _wexcorin_files ;;
       esac

@@ -42,7 +42,8 @@ std::string checkfilename(const std::string& name) {
 
 std::vector<std::string> commandsof(const CLI::App& app) {
   std::vector<std::string> result;
-  for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
+  for (const CLI::App* command :
+       app.get_subcommands([](const CLI::App* command) { return !command->get_group().empty(); }))
     result.push_back(command->get_name());
   return result;
 }
@@ -187,6 +188,14 @@ void addoutput(CLI::App& command, std::string& output) {
       ->check(checkfilename);
 }
 
+const CLI::App& addcomplete(CLI::App& app, tcompletearguments& arguments) {
+  CLI::App& command = addcommand(app, "complete", "Print names or values for the completions of the shells");
+  command.group("");  // not in the help
+  adddefinition(command, arguments.definition);
+  command.add_option("NAME", arguments.name, "The option whose values are wanted")->type_name("");
+  return command;
+}
+
 const CLI::App& addtemplate(CLI::App& app, ttemplatearguments& arguments) {
   CLI::App& command = addcommand(app, "template", "Write an option file to start from");
   adddefinition(command, arguments.definition);
@@ -283,6 +292,7 @@ targuments parsearguments(int argc, char** argv) {
   tgetarguments get;
   tfindarguments find;
   thelparguments help;
+  tcompletearguments complete;
   ttemplatearguments templatefile;
   twritearguments write;
   tdocarguments doc;
@@ -291,6 +301,7 @@ targuments parsearguments(int argc, char** argv) {
   const CLI::App& getcommand = addget(app, get);
   const CLI::App& findcommand = addfind(app, find);
   const CLI::App& helpcommand = addhelp(app, help);
+  const CLI::App& completecommand = addcomplete(app, complete);
   const CLI::App& templatecommand = addtemplate(app, templatefile);
   const CLI::App& writecommand = addwrite(app, write);
   adddoc(app, doc);
@@ -304,6 +315,7 @@ targuments parsearguments(int argc, char** argv) {
   if (getcommand.parsed()) return accepted(get);
   if (findcommand.parsed()) return find;
   if (helpcommand.parsed()) return help;
+  if (completecommand.parsed()) return complete;
   if (templatecommand.parsed()) return templatefile;
   if (writecommand.parsed()) return accepted(write);
   return doc;

@@ -58,6 +58,12 @@ struct tfindarguments {
   bool pager = true;
 };
 
+// For the completions of the shells.
+struct tcompletearguments {
+  std::string definition;
+  std::string name;  // of the option whose values are wanted; empty for the names of all options
+};
+
 struct ttemplatearguments {
   std::string definition;
   std::vector<std::string> groups;  // all if empty
@@ -81,8 +87,9 @@ struct tdocarguments {
 
 // The arguments of one command, or an exit code if there is nothing left to do: the help, the version or an
 // error message has been printed.
-using targuments = std::variant<int, tcheckarguments, tshowarguments, tgetarguments, tfindarguments,
-                                thelparguments, ttemplatearguments, twritearguments, tdocarguments>;
+using targuments =
+    std::variant<int, tcheckarguments, tshowarguments, tgetarguments, tfindarguments, thelparguments,
+                 tcompletearguments, ttemplatearguments, twritearguments, tdocarguments>;
 
 targuments parsearguments(int argc, char** argv);
 

@@ -15,6 +15,7 @@ int run(const tshowarguments& arguments);
 int run(const tgetarguments& arguments);
 int run(const tfindarguments& arguments);
 int run(const thelparguments& arguments);
+int run(const tcompletearguments& arguments);
 int run(const ttemplatearguments& arguments);
 int run(const twritearguments& arguments);
 int run(const tdocarguments& arguments);
