@@ -3,6 +3,7 @@
 # usage: completion.sh SHELL COMPLETION_FILE TOOL
 . tests/build/common.sh
 shell=$1 completion=$2 tool=$3
+export HOME="$work" # fish keeps files there
 needs "$shell" "its completion is not tested"
 
 # expect LINE WORD...: the words in any order
