@@ -42,9 +42,10 @@ std::string checkfilename(const std::string& name) {
 
 std::vector<std::string> commandsof(const CLI::App& app) {
   std::vector<std::string> result;
-  for (const CLI::App* command :
-       app.get_subcommands([](const CLI::App* command) { return !command->get_group().empty(); }))
-    result.push_back(command->get_name());
+  app.get_subcommands([&result](const CLI::App* command) {
+    if (!command->get_group().empty()) result.push_back(command->get_name());
+    return false;
+  });
   return result;
 }
 
@@ -266,6 +267,15 @@ std::string failuretext(const CLI::App* app, const CLI::Error& error) {
   return name + ": " + printable(problem) + "\nTry '" + name + " --help'.\n";
 }
 
+void prepare(CLI::App& app) {
+  app.footer(notes);  // the commands inherit it
+  app.failure_message(failuretext);
+  app.set_version_flag("--version", versiontext);
+  app.require_subcommand(1);
+  app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+  app.get_formatter()->label("Positionals", "Arguments");
+}
+
 bool readsstandardinputtwice(const tinputs& inputs) {
   return std::ranges::count(inputs.optionfiles, "-") + (inputs.definition == "-" ? 1 : 0) > 1;
 }
@@ -281,12 +291,7 @@ targuments accepted(const T& arguments) {
 
 targuments parsearguments(int argc, char** argv) {
   CLI::App app("Checks, shows, explains and writes the options of a solver.", "wexcorin");
-  app.footer(notes);  // the commands inherit it
-  app.failure_message(failuretext);
-  app.set_version_flag("--version", versiontext);
-  app.require_subcommand(1);
-  app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-  app.get_formatter()->label("Positionals", "Arguments");
+  prepare(app);
   tcheckarguments check;
   tshowarguments show;
   tgetarguments get;
