@@ -26,8 +26,8 @@ struct trecords : tstoreobserver {
   void filed(const tmessage& message) override {
     constexpr const char* kinds[] = {"Echo",       "Help",  "Definition", "Value", "Warning",
                                      "Deprecated", "Enter", "Leave",      "Limit", "User"};
-    constexpr const char* problems[] = {"", " unknown option", " unknown dot option", " illegal value",
-                                        " unusable file"};
+    constexpr const char* problems[] = {
+        "", " unknown option", " unknown dot option", " bad separator", " illegal value", " unusable file"};
     const bool isnote = message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave;
     if (isnote && !showsnotes) return;
     text += std::string(text.empty() ? "" : " | ") + kinds[ordinal(message.kind)] + ' ';
