@@ -50,5 +50,7 @@ if(WEXCORIN_BUILD_TOOL)
   install(FILES completion/wexcorin.bash RENAME wexcorin COMPONENT tool
     DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
   install(FILES completion/_wexcorin DESTINATION "${WEXCORIN_ZSH_COMPLETIONS}" COMPONENT tool)
+  install(FILES completion/wexcorin.fish COMPONENT tool
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d")
   wexcorin_install_documents("${CMAKE_INSTALL_DOCDIR}" COMPONENT tool)
 endif()

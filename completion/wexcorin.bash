@@ -1,11 +1,22 @@
 # Completion of wexcorin's command line in bash: commands, options, forms of doc, and file names. `help` and --set
-# complete the option names of the definition file that the command line names. It needs nothing but bash itself.
+# complete the options and values of the definition file that the command line names.
 
-# Prints the option names of a definition, except names that are typed with blanks.
-_wexcorin_names() {
-  local definition=${2/#\~\//$HOME/}
-  [[ -f $definition ]] || return
-  "$1" show --json "$definition" 2>/dev/null | sed -n 's/^      "name": "\([A-Za-z][A-Za-z0-9_]*\)",*$/\1/p'
+# Prints the names and synonyms of the options of a definition, or the values of the option NAME, except those that are
+# typed with blanks.
+# usage: _wexcorin_options TOOL DEFINITION [NAME]
+_wexcorin_options() {
+  local tool=$1 definition=${2/#\~\//$HOME/}
+  shift 2
+  [[ ! -f $definition ]] || "$tool" complete "$definition" "$@" 2>/dev/null
+}
+
+# Prints the beginnings of option text: names, or dot options behind the symbol that was typed.
+_wexcorin_settings() {
+  if [[ $3 == ?*.* ]]; then
+    _wexcorin_options "$1" "$2" | sed -n "s/^\\..*/${3%%.*}&=/p"
+  else
+    _wexcorin_options "$1" "$2" | sed -n 's/^[^.].*/&=/p'
+  fi
 }
 
 # Lets bash complete the word as a file name.
@@ -27,7 +38,8 @@ _wexcorin_read() {
       [[ -n $awaits ]] || ((++i))
     elif [[ -n $awaits ]]; then
       awaits=
-    elif [[ $word == --set || $word == -o || $word == --output || $word == --title || $word == --release ]]; then
+    elif [[ $word == --set || $word == -o || $word == --output || $word == --group || $word == --limit ||
+      $word == --color || $word == --columns || $word == --allow || $word == --title || $word == --release ]]; then
       awaits=$word
     elif [[ $word == -?* ]]; then
       continue
@@ -40,40 +52,50 @@ _wexcorin_read() {
 }
 
 _wexcorin() {
-  local cur=${COMP_WORDS[COMP_CWORD]} command='' awaits='' definition
+  local cur=${COMP_WORDS[COMP_CWORD]} command='' awaits='' definition name
   local arguments=()
   COMPREPLY=()
   _wexcorin_read
-  if [[ $cur == = || ${COMP_WORDS[COMP_CWORD - 1]} == = ]]; then
-    [[ -n $awaits ]] || return 0 # the value of --set NAME=VALUE
-    cur=${cur#=}
-  fi
   definition=${arguments[0]-}
-  [[ $command != doc ]] || definition=${arguments[1]-}
+  [[ $command != doc && $command != get ]] || definition=${arguments[1]-}
+  if [[ $cur == = || ${COMP_WORDS[COMP_CWORD - 1]} == = ]]; then
+    cur=${cur#=}
+    if [[ -z $awaits ]]; then # the value in --set NAME=VALUE
+      name=${COMP_WORDS[COMP_CWORD - 1]}
+      [[ $name != = ]] || name=${COMP_WORDS[COMP_CWORD - 2]}
+      [[ $name != *.* ]] || name=.${name#*.}
+      _wexcorin_words "$cur" "$(_wexcorin_options "$1" "$definition" "$name")"
+      return 0
+    fi
+  fi
 
   case $awaits:$cur in
     --set:*)
       compopt -o nospace 2>/dev/null
-      _wexcorin_words "$cur" "$(_wexcorin_names "$1" "$definition" | sed 's/$/=/')"
+      _wexcorin_words "$cur" "$(_wexcorin_settings "$1" "$definition" "$cur")"
       ;;
-    --title:* | --release:*) ;;
+    --group:* | --limit:* | --allow:* | --title:* | --release:*) ;;
+    --color:*) _wexcorin_words "$cur" 'auto always never' ;;
+    --columns:*) _wexcorin_words "$cur" 'number name type set value default range' ;;
     -*) _wexcorin_files ;;
     *:-*)
       case $command in
         '') _wexcorin_words "$cur" '-h --help --version' ;;
-        check) _wexcorin_words "$cur" '-h --help --set --json --warnings-as-errors --limit --allow' ;;
-        show) _wexcorin_words "$cur" '-h --help --set --changed --json' ;;
-        help) _wexcorin_words "$cur" '-h --help' ;;
-        write) _wexcorin_words "$cur" '-h --help --set -o --output --exact --force' ;;
-        doc) _wexcorin_words "$cur" '-h --help -o --output --title --release --force' ;;
+        check) _wexcorin_words "$cur" '-h --help --set --json --warnings-as-errors --limit --allow --color --no-pager' ;;
+        show) _wexcorin_words "$cur" '-h --help --set --changed --json --color --no-pager --columns --wide' ;;
+        get) _wexcorin_words "$cur" '-h --help --set --default --color' ;;
+        help | find) _wexcorin_words "$cur" '-h --help --color --no-pager' ;;
+        template) _wexcorin_words "$cur" '-h --help -o --output --group --color' ;;
+        write) _wexcorin_words "$cur" '-h --help --set -o --output --exact --force --color' ;;
+        doc) _wexcorin_words "$cur" '-h --help -o --output --title --release --force --color' ;;
       esac
       ;;
     *)
       case $command:${#arguments[@]} in
-        :*) _wexcorin_words "$cur" 'check show help write doc' ;;
+        :*) _wexcorin_words "$cur" 'check show get find help template write doc' ;;
         doc:0) _wexcorin_words "$cur" 'definition pascal html c markdown page json' ;;
-        help:1) _wexcorin_words "$cur" "$(_wexcorin_names "$1" "$definition")" ;;
-        help:[!0]* | doc:[!1]*) ;;
+        help:1) _wexcorin_words "$cur" "$(_wexcorin_options "$1" "$definition")" ;;
+        get:0 | help:[!0]* | find:[!0]* | template:[!0]* | doc:[!1]*) ;;
         *) _wexcorin_files ;;
       esac
       ;;

@@ -41,6 +41,28 @@ std::string checkfilename(const std::string& name) {
   return "file names may have at most " + std::to_string(maxfilename) + " characters";
 }
 
+std::vector<std::string> commandsof(const CLI::App& app) {
+  std::vector<std::string> result;
+  app.get_subcommands([&result](const CLI::App* command) {
+    if (!command->get_group().empty()) result.push_back(command->get_name());
+    return false;
+  });
+  return result;
+}
+
+std::vector<std::string> flagsof(const CLI::App& command) {
+  std::vector<std::string> result;
+  for (const CLI::Option* option : command.get_options())
+    for (const std::string& name : option->get_lnames()) result.push_back("--" + name);
+  return result;
+}
+
+// What the user may have meant instead of the word: "; did you mean ...", or nothing.
+std::string suggestionfor(std::string_view word, std::vector<std::string> known) {
+  const std::string text = suggestiontext(tnearnames(std::move(known)).nearest(word, tmatch::nearorlonger));
+  return text.empty() ? text : "; " + text;
+}
+
 void adddefinition(CLI::App& command, std::string& definition) {
   command.add_option("DEF", definition, "Definition file of the solver's options")
       ->required()
@@ -61,9 +83,34 @@ void addinputs(CLI::App& command, tinputs& inputs, bool filesrequired) {
       ->allow_extra_args(false);
 }
 
+template <class T>
+std::vector<std::string> keysof(const std::map<std::string, T>& words) {
+  std::vector<std::string> result;
+  for (const auto& [name, meaning] : words) result.push_back(name);
+  return result;
+}
+
+// What is wrong with a word that must be one of these; empty if nothing is.
+std::string checkword(const std::string& word, const std::vector<std::string>& known, const char* what) {
+  if (std::ranges::find(known, word) != known.end()) return {};
+  return "there is no " + std::string(what) + " " + inquotes(word) + suggestionfor(word, known);
+}
+
+const std::map<std::string, tcolours>& colourwords() {
+  static const std::map<std::string, tcolours> words = {
+      {"auto", tcolours::automatic}, {"always", tcolours::always}, {"never", tcolours::never}};
+  return words;
+}
+
 CLI::App& addcommand(CLI::App& app, const char* name, const char* description) {
   CLI::App& command = *app.add_subcommand(name, description);
   command.group("Commands");
+  command
+      .add_option_function<std::string>(
+          "--color", [](const std::string& when) { setcolours(colourwords().at(when)); },
+          "When to print colours: auto (on terminals), always or never")
+      ->type_name("WHEN")
+      ->check([](const std::string& when) { return checkword(when, keysof(colourwords()), "choice"); });
   return command;
 }
 
@@ -91,6 +138,11 @@ std::string rulestext() {
   return result + "\n";
 }
 
+void addpager(CLI::App& command, bool& pager) {
+  command.add_flag_callback(
+      "--no-pager", [&pager] { pager = false; }, "Do not print through $PAGER on a terminal");
+}
+
 const CLI::App& addcheck(CLI::App& app, tcheckarguments& arguments) {
   CLI::App& command = addcommand(app, "check", "Report what is wrong in a definition and in option files");
   addinputs(command, arguments.inputs, false);
@@ -100,6 +152,7 @@ const CLI::App& addcheck(CLI::App& app, tcheckarguments& arguments) {
   command.add_option("--limit", arguments.limit, "Print at most so many findings of one kind [1000]")
       ->type_name("N")
       ->check(CLI::PositiveNumber);
+  addpager(command, arguments.pager);
   command.add_option("--allow", arguments.allowed, "Leave out the warnings of a rule; repeatable")
       ->type_name("RULE")
       ->allow_extra_args(false)
@@ -113,6 +166,36 @@ const CLI::App& addshow(CLI::App& app, tshowarguments& arguments) {
   addinputs(command, arguments.inputs, false);
   command.add_flag("--changed", arguments.changedonly, "List only options that were set");
   command.add_flag("--json", arguments.json, "Print the options as JSON");
+  command
+      .add_option("--columns", arguments.columns,
+                  "Only these columns, separated by commas: number, name, type, set, value, default, range")
+      ->type_name("NAME")
+      ->delimiter(',')
+      ->allow_extra_args(false)
+      ->check([](const std::string& name) {
+        return checkword(name, {showcolumns.begin(), showcolumns.end()}, "column");
+      });
+  command.add_flag("--wide", arguments.wide, "Do not fit the table to the width of the terminal");
+  addpager(command, arguments.pager);
+  return command;
+}
+
+const CLI::App& addget(CLI::App& app, tgetarguments& arguments) {
+  CLI::App& command = addcommand(app, "get", "Print the value of one option");
+  command.add_option("NAME", arguments.name, "Name or synonym of the option")->required()->type_name("");
+  addinputs(command, arguments.inputs, false);
+  command.add_flag("--default", arguments.wantsdefault, "Print the default, whatever was set");
+  return command;
+}
+
+const CLI::App& addfind(CLI::App& app, tfindarguments& arguments) {
+  CLI::App& command = addcommand(app, "find", "Search names, synonyms, values and help of the options");
+  adddefinition(command, arguments.definition);
+  command
+      .add_option("TEXT", arguments.words, "Words to search for; options that have all of them are listed")
+      ->required()
+      ->type_name("");
+  addpager(command, arguments.pager);
   return command;
 }
 
@@ -124,14 +207,34 @@ const CLI::App& addhelp(CLI::App& app, thelparguments& arguments) {
                   "An option's name, or a sum of 1 (summary by group, the default), 2 (all in detail) and\n"
                   "8 (mark deprecated options in the summary)")
       ->type_name("");
+  addpager(command, arguments.pager);
   return command;
 }
 
 void addoutput(CLI::App& command, std::string& output) {
-  command.add_option("-o,--output", output, "File to write")
-      ->required()
+  const bool required = output.empty();
+  command.add_option("-o,--output", output, required ? "File to write" : "File to write [standard output]")
+      ->required(required)
       ->type_name("FILE")
       ->check(checkfilename);
+}
+
+const CLI::App& addcomplete(CLI::App& app, tcompletearguments& arguments) {
+  CLI::App& command = addcommand(app, "complete", "Print names or values for the completions of the shells");
+  command.group("");  // not in the help
+  adddefinition(command, arguments.definition);
+  command.add_option("NAME", arguments.name, "The option whose values are wanted")->type_name("");
+  return command;
+}
+
+const CLI::App& addtemplate(CLI::App& app, ttemplatearguments& arguments) {
+  CLI::App& command = addcommand(app, "template", "Write an option file to start from");
+  adddefinition(command, arguments.definition);
+  addoutput(command, arguments.output);
+  command.add_option("--group", arguments.groups, "Only the options of this group; repeatable")
+      ->type_name("NAME")
+      ->allow_extra_args(false);
+  return command;
 }
 
 const CLI::App& addwrite(CLI::App& app, twritearguments& arguments) {
@@ -168,9 +271,7 @@ const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
           "or json (the whole definition, for programs)")
       ->required()
       ->type_name("")
-      ->check([](const std::string& form) {
-        return docforms().contains(form) ? std::string() : "there is no form " + inquotes(form);
-      });
+      ->check([](const std::string& form) { return checkword(form, keysof(docforms()), "form"); });
   adddefinition(command, arguments.definition);
   addoutput(command, arguments.output);
   command.add_option("--title", arguments.title, "Title of the document (markdown and page only)")
@@ -194,14 +295,33 @@ std::string strayoption(const tdocarguments& arguments) {
   return !compiled && arguments.force ? "--force" : "";
 }
 
+// The first argument that looks like an option and is none.
+std::string unknownflag(const CLI::App& app) {
+  for (const std::string& word : app.remaining(true))
+    if (word.starts_with("-")) return word.substr(0, word.find('='));
+  return {};
+}
+
 std::string failuretext(const CLI::App* app, const CLI::Error& error) {
-  std::string command = app->get_name();
+  const std::vector<CLI::App*> commands = app->get_subcommands();
+  const CLI::App& command = commands.empty() ? *app : *commands.front();
+  const std::string name = app->get_name() + (commands.empty() ? "" : " " + command.get_name());
+  const std::vector<std::string> rest = app->remaining();
   std::string problem = error.what();
-  if (!app->get_subcommands().empty())
-    command += " " + app->get_subcommands().front()->get_name();
-  else if (const std::vector<std::string> rest = app->remaining(); !rest.empty())
-    problem = "there is no command " + inquotes(rest.front());
-  return command + ": " + printable(problem) + "\nTry '" + command + " --help'.\n";
+  if (commands.empty() && !rest.empty() && !rest.front().starts_with("-"))
+    problem = "there is no command " + inquotes(rest.front()) + suggestionfor(rest.front(), commandsof(*app));
+  else if (const std::string flag = unknownflag(*app); !flag.empty())
+    problem = "there is no option " + inquotes(flag) + suggestionfor(flag, flagsof(command));
+  return name + ": " + printable(problem) + "\nTry '" + name + " --help'.\n";
+}
+
+void prepare(CLI::App& app) {
+  app.footer(notes);  // the commands inherit it
+  app.failure_message(failuretext);
+  app.set_version_flag("--version", versiontext);
+  app.require_subcommand(1);
+  app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+  app.get_formatter()->label("Positionals", "Arguments");
 }
 
 bool readsstandardinputtwice(const tinputs& inputs) {
@@ -226,20 +346,23 @@ targuments accepted(const tdocarguments& arguments) {
 
 targuments parsearguments(int argc, char** argv) {
   CLI::App app("Checks, shows, explains and writes the options of a solver.", "wexcorin");
-  app.footer(notes);  // the commands inherit it
-  app.failure_message(failuretext);
-  app.set_version_flag("--version", versiontext);
-  app.require_subcommand(1);
-  app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-  app.get_formatter()->label("Positionals", "Arguments");
+  prepare(app);
   tcheckarguments check;
   tshowarguments show;
+  tgetarguments get;
+  tfindarguments find;
   thelparguments help;
+  tcompletearguments complete;
+  ttemplatearguments templatefile;
   twritearguments write;
   tdocarguments doc;
   const CLI::App& checkcommand = addcheck(app, check);
   const CLI::App& showcommand = addshow(app, show);
+  const CLI::App& getcommand = addget(app, get);
+  const CLI::App& findcommand = addfind(app, find);
   const CLI::App& helpcommand = addhelp(app, help);
+  const CLI::App& completecommand = addcomplete(app, complete);
+  const CLI::App& templatecommand = addtemplate(app, templatefile);
   const CLI::App& writecommand = addwrite(app, write);
   adddoc(app, doc);
   try {
@@ -249,7 +372,11 @@ targuments parsearguments(int argc, char** argv) {
   }
   if (checkcommand.parsed()) return accepted(check);
   if (showcommand.parsed()) return accepted(show);
+  if (getcommand.parsed()) return accepted(get);
+  if (findcommand.parsed()) return find;
   if (helpcommand.parsed()) return help;
+  if (completecommand.parsed()) return complete;
+  if (templatecommand.parsed()) return templatefile;
   if (writecommand.parsed()) return accepted(write);
   return accepted(doc);
 }

@@ -2,7 +2,9 @@
 // commands open the files.
 #pragma once
 
+#include <array>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -21,12 +23,20 @@ struct tcheckarguments {
   tinputs inputs;
   bool json = false;
   bool warningsaserrors = false;
-  std::vector<std::string> allowed;              // the rules whose warnings are left out
+  std::vector<std::string> allowed;  // the rules whose warnings are left out
+  bool pager = true;
   std::size_t limit = tfindinglist::usuallimit;  // of the findings of one kind
 };
 
+// The columns of `show`, as the command line names them.
+inline constexpr auto showcolumns =
+    std::to_array<std::string_view>({"number", "name", "type", "set", "value", "default", "range"});
+
 struct tshowarguments {
   tinputs inputs;
+  std::vector<std::string> columns;  // all if empty
+  bool wide = false;
+  bool pager = true;
   bool changedonly = false;
   bool json = false;
 };
@@ -34,6 +44,31 @@ struct tshowarguments {
 struct thelparguments {
   std::string definition;
   std::string request;
+  bool pager = true;
+};
+
+struct tgetarguments {
+  std::string name;
+  tinputs inputs;
+  bool wantsdefault = false;
+};
+
+struct tfindarguments {
+  std::string definition;
+  std::vector<std::string> words;
+  bool pager = true;
+};
+
+// For the completions of the shells.
+struct tcompletearguments {
+  std::string definition;
+  std::string name;  // of the option whose values are wanted; empty for the names of all options
+};
+
+struct ttemplatearguments {
+  std::string definition;
+  std::vector<std::string> groups;  // all if empty
+  std::string output = "-";
 };
 
 struct twritearguments {
@@ -57,7 +92,8 @@ struct tdocarguments {
 // The arguments of one command, or an exit code if there is nothing left to do: the help, the version or an
 // error message has been printed.
 using targuments =
-    std::variant<int, tcheckarguments, tshowarguments, thelparguments, twritearguments, tdocarguments>;
+    std::variant<int, tcheckarguments, tshowarguments, tgetarguments, tfindarguments, thelparguments,
+                 tcompletearguments, ttemplatearguments, twritearguments, tdocarguments>;
 
 targuments parsearguments(int argc, char** argv);
 

@@ -12,17 +12,27 @@
 
 #include "tools/arguments.h"
 #include "tools/commands.h"
+#include "tools/terminal.h"
 #include "tools/text.h"
 
 namespace {
+
+// Only commands whose output may be long have this argument.
+template <class T>
+bool wantspager(const T& command) {
+  if constexpr (requires { command.pager; }) return command.pager;
+  return false;
+}
 
 int runcommand(const tool::targuments& arguments) {
   return std::visit(
       [](const auto& command) {
         if constexpr (std::is_same_v<decltype(command), const int&>)
           return command;
-        else
+        else {
+          const tool::tpager pager(wantspager(command));
           return tool::run(command);
+        }
       },
       arguments);
 }

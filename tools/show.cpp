@@ -1,8 +1,5 @@
 // The show command: prints the options with their values, as an aligned table or as JSON.
-#include <unistd.h>
-
 #include <algorithm>
-#include <array>
 #include <iostream>
 #include <nlohmann/json.hpp>
 
@@ -10,15 +7,14 @@
 #include "tools/doc/reference.h"
 #include "tools/jsontext.h"
 #include "tools/reading/reading.h"
+#include "tools/table.h"
+#include "tools/terminal.h"
 
 namespace tool {
 
 namespace {
 
 using nlohmann::ordered_json;
-
-constexpr std::size_t columncount = 7;
-using tcells = std::array<std::string, columncount>;
 
 // An option with its current values and its default.
 struct trow {
@@ -40,42 +36,30 @@ std::string legaltext(const toptionreference& option) {
   return result;
 }
 
-tcells cellsof(const trow& row) {
+ttable::tcells cellsof(const trow& row) {
   const std::string second = row.value2.text.empty() ? "" : " " + row.value2.text;
-  tcells cells = {std::to_string(row.option.number),
-                  row.option.name,
-                  std::string(optcore::opttypenames[optcore::ordinal(row.option.type)]),
-                  row.set ? "yes" : "",
-                  row.value.text + second,
-                  row.defaultvalue.text,
-                  legaltext(row.option)};
-  for (std::string& cell : cells) cell = printable(cell);
-  return cells;
+  return {std::to_string(row.option.number),
+          row.option.name,
+          std::string(optcore::opttypenames[optcore::ordinal(row.option.type)]),
+          row.set ? "yes" : "",
+          row.value.text + second,
+          row.defaultvalue.text,
+          legaltext(row.option)};
 }
 
-// Pads the cells to the widths of their columns, without blanks at the end of the line. The first column, a
-// number, is aligned to the right.
-std::string aligned(const tcells& cells, const std::array<std::size_t, columncount>& widths) {
-  std::string line;
-  for (std::size_t column = 0; column < columncount; ++column) {
-    const std::string blanks(widths[column] - columns(cells[column]), ' ');
-    line += (column == 0 ? blanks + cells[column] : cells[column] + blanks) + "  ";
-  }
-  line.erase(line.find_last_not_of(' ') + 1);
-  return line;
+// The names were checked when the command line was read.
+std::vector<std::size_t> columnsof(const std::vector<std::string>& names) {
+  std::vector<std::size_t> result;
+  for (const std::string& name : names)
+    result.push_back(static_cast<std::size_t>(std::ranges::find(showcolumns, name) - showcolumns.begin()));
+  return result;
 }
 
-void printtable(const std::vector<trow>& rows) {
-  std::vector<tcells> lines = {tcells{"Nr", "Name", "Type", "Set", "Value", "Default", "Range or values"}};
-  for (const trow& row : rows) lines.push_back(cellsof(row));
-  std::array<std::size_t, columncount> widths{};
-  for (const tcells& cells : lines)
-    for (std::size_t column = 0; column < columncount; ++column)
-      widths[column] = std::max(widths[column], columns(cells[column]));
-  const tpalette palette(STDOUT_FILENO);
-  for (std::size_t line = 0; line < lines.size(); ++line)
-    std::cout << palette.paint(line == 0 ? tcolour::bold : tcolour::none, aligned(lines[line], widths))
-              << '\n';
+void printrows(const std::vector<trow>& rows, const tshowarguments& arguments) {
+  ttable table({"Nr", "Name", "Type", "Set", "Value", "Default", "Range or values"}, talign::rightfirst);
+  for (const trow& row : rows) table.add(cellsof(row));
+  if (!arguments.columns.empty()) table.select(columnsof(arguments.columns));
+  table.print(arguments.wide ? 0 : terminalwidth());
 }
 
 ordered_json rowjson(const trow& row) {
@@ -139,7 +123,7 @@ int run(const tshowarguments& arguments) {
   if (arguments.json)
     printjson(reading.definition(), rows);
   else
-    printtable(rows);
+    printrows(rows, arguments);
   return code;
 }
 

@@ -1,11 +1,11 @@
 // Converts texts to UTF-8, escapes what could deceive a reader and adds colours.
 #include "tools/text.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+
+#include "tools/terminal.h"
 
 namespace tool {
 
@@ -103,12 +103,18 @@ std::string escapeforjson(char32_t code) {
   return "\\u" + digitsof(0xD800 + (rest >> 10), 4) + "\\u" + digitsof(0xDC00 + (rest & 0x3FF), 4);
 }
 
+tcolours& colours() {
+  static tcolours when = tcolours::automatic;
+  return when;
+}
+
 bool colourwanted(int descriptor) {
+  if (colours() != tcolours::automatic) return colours() == tcolours::always;
   // NOLINTBEGIN(concurrency-mt-unsafe): the tool has one thread
   const char* forbidden = std::getenv("NO_COLOR");
   const char* terminal = std::getenv("TERM");
   // NOLINTEND(concurrency-mt-unsafe)
-  return isatty(descriptor) == 1 && (forbidden == nullptr || *forbidden == '\0') && terminal != nullptr &&
+  return isshown(descriptor) && (forbidden == nullptr || *forbidden == '\0') && terminal != nullptr &&
          std::string_view(terminal) != "dumb";
 }
 
@@ -147,6 +153,8 @@ std::string inquotes(std::string_view text) { return '"' + std::string(text) + '
 std::string counted(std::size_t count, std::string_view noun) {
   return std::to_string(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
 }
+
+void setcolours(tcolours when) { colours() = when; }
 
 tpalette::tpalette(int descriptor) : fon(colourwanted(descriptor)) {}
 

@@ -35,8 +35,15 @@ std::string counted(std::size_t count, std::string_view noun);
 
 enum class tcolour { none, bold, red, yellow, cyan };
 
-// Colours the texts for one output stream, given by its descriptor. Does nothing if the stream is not a
-// terminal, if NO_COLOR is set and not empty, or if TERM is unset or "dumb".
+enum class tcolours {
+  automatic,  // on terminals, unless NO_COLOR is set and not empty, or TERM is unset or "dumb"
+  always,
+  never
+};
+// Chooses when palettes that are made from now on colour texts.
+void setcolours(tcolours when);
+
+// Colours the texts for one output stream, given by its descriptor, or leaves them as they are.
 class tpalette {
  public:
   explicit tpalette(int descriptor);

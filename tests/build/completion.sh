@@ -3,6 +3,7 @@
 # usage: completion.sh SHELL COMPLETION_FILE TOOL
 . tests/build/common.sh
 shell=$1 completion=$2 tool=$3
+export HOME="$work" # fish keeps files there
 needs "$shell" "its completion is not tested"
 
 # expect LINE WORD...: the words in any order
@@ -36,12 +37,31 @@ wexcorin doc -o - pascal >FILES
 wexcorin help >FILES
 wexcorin doc pa>pascal page
 wexcorin doc --title All --release 1 pa>pascal page
-wexcorin help examples/first.def >Help maxit tol start
+wexcorin help examples/first.def >Help maxit limit tol start
+wexcorin help examples/types.def .>.shelf
 wexcorin help examples/first.def ma>maxit
 wexcorin help examples/missing.def >
 wexcorin show examples/first.def --set st>start=
+wexcorin get >
+wexcorin show --color a>always auto
+wexcorin show --color always >FILES
+wexcorin show --columns na>name
+wexcorin get maxit >FILES
+wexcorin get maxit examples/first.def --set st>start=
+wexcorin find >FILES
+wexcorin template >FILES
+wexcorin template --group firing >FILES
+wexcorin template examples/types.def -o >FILES
+wexcorin find examples/first.def >
 wexcorin show --set maxit=3 examples/first.def --set tol>tol=
 wexcorin show examples/first.def --set maxit=>
+wexcorin show examples/first.def --set lim>limit=
+wexcorin show examples/first.def --set start=>cold warm
+wexcorin show examples/first.def --set start=w>warm
+wexcorin show examples/solver.def --set algorithm=in>interior
+wexcorin show examples/solver.def --set log_cuts=>no yes
+wexcorin show examples/solver.def --set flow.p>flow.prior=
+wexcorin show examples/solver.def --set flow.up_first=y>yes
 wexcorin show examples/first.def --set maxit=1>
 END
 cut -d '>' -f 1 "$work/expected" >"$work/lines"

@@ -1,6 +1,6 @@
 """What the tests of the tool share: a folder of their own, in which `wexcorin` and the examples are, and how commands
 are run and compared. The test is run in the repository's root, with the tool as its first argument."""
-import difflib, os, subprocess, sys, tempfile
+import difflib, fcntl, os, pty, struct, subprocess, sys, tempfile, termios
 
 TOOL, EXAMPLES, DOCS = (os.path.abspath(path) for path in (sys.argv[1], "examples", "docs"))
 work = tempfile.TemporaryDirectory()
@@ -45,3 +45,20 @@ def runs(command, out="", err="", code=0, stdin=""):
     for name, seen, wanted in zip(("output", "errors", "exit code"), run(command, stdin), (out, err, code)):
         if wanted is not None:
             expect(f"{command}: {name}", seen, wanted)
+
+
+# What the command prints on a terminal of so many columns, and its exit code.
+def on_terminal(command, width=80, **environment):
+    parent, child = pty.openpty()
+    fcntl.ioctl(child, termios.TIOCSWINSZ, struct.pack("HHHH", 24, width, 0, 0))
+    process = subprocess.Popen(command, shell=True, stdin=child, stdout=child, stderr=child,
+                               env={**os.environ, "TERM": "xterm", **environment})
+    os.close(child)
+    seen = b""
+    try:
+        while part := os.read(parent, 65536):
+            seen += part
+    except OSError:  # the end of a terminal
+        pass
+    os.close(parent)
+    return seen.decode("utf-8", "surrogateescape").replace("\r\n", "\n"), process.wait()

@@ -32,8 +32,26 @@ runs("wexcorin check examples/first.def none.opt -", f"{unknown}2 errors, 0 warn
      "none.opt: note: Error code = 2; No such file or directory\n", 2, "maxitt 5\n")
 for command in "check none.def -", "show examples/first.def none.opt":
     runs(f"wexcorin {command}", None, None, 2)
-runs("wexcorin help examples/first.def limt", None,
-     'wexcorin: there is no option "limt"; did you mean "limit"?\n', 1)
+
+# get and find
+write("get.opt", "time_limit 7\ntitle \"two  words\"\nmethod bad\n.x\n--note one\n--note two\n")
+for name, out, code in (("timelim", "7\n", 1), ("title", "two  words\n", 1), ("'time limit'", "7\n", 1),
+                        ("threads", "0\n", 1), ("timelim --default", "maxdouble\n", 1), ("-- --note", "one\ntwo\n", 1),
+                        ("gap_window --set 'gap_window * 0.5'", "0\n0.5\n", 1),
+                        ("gap_window --default", "0\n0\n", 1), ("cut_file", "", 1)):
+    runs(f"wexcorin get {name} examples/solver.def get.opt", out, None, code)
+for arguments, code in (("threads examples/solver.def", 0), ("thread examples/solver.def", 1),
+                        ("describe examples/solver.def", 1), ("limit_list examples/solver.def", 1),
+                        ("threads none.def", 2), ("threads examples/solver.def none.opt", 2)):
+    out, err, seen = run(f"wexcorin get {arguments}")
+    expect(f"get {arguments}", (seen, bool(err), bool(out)), (code, code != 0, code == 0))
+for text, names in {"gap": "gap_relative gap_absolute gap_window pool_gap ip_tol dive_return",
+                    "THREADS": "threads seed", "time limit": "time_limit", "time-limit": "time_limit",
+                    "timelim": "time_limit", "reduced": "nl_method optimality_tol pricing", "basis weight": "basis_weight",
+                    "slacks crash": "crash"}.items():
+    rows = run(f"wexcorin find examples/solver.def {text}")[0].split("\n")[1:-1]
+    expect(f"find {text}", [row.split()[0] for row in rows][:6], names.split())
+runs("wexcorin find examples/solver.def debug_level", "", None, 1)
 expect("more findings of one kind than are listed, and one of another",
        run("wexcorin check examples/first.def - --limit 5500", 6000 * "zzz 1\n" + "maxit x\n")[0].split("\n")[-4:],
        ['<stdin>:5500: error: Unknown option "zzz"', '<stdin>:6001: error: Integer expected, for option "maxit" saw "x"',
@@ -72,6 +90,44 @@ for typed, name in {
     expect_part(typed, run("wexcorin check examples/solver.def -", typed)[0], f'did you mean "{name}"')
 expect_part("tree", run("wexcorin check examples/solver.def -", "limit 5")[0],
             '; did you mean "limit_list", "time_limit" or "work_limit"?\n')
+
+# template: it sets and reports nothing; nor is anything reported with any one of its lines uncommented, each in a file
+# of its own. The options that have no line are those of which each use is reported.
+write("quotes.def", 'x eolcomm #\na string 1 "b#c" 1 1\nb string 2 "" 1 1\nc enumstr 3 "d e" 1 1\n "d e" 1\n.d double 4 '
+      "0.30000000000000004 0 1 1 1\nold integer 5 1 0 9 1 1\nstop multilist 6 1 1\n a old\nx obsolete\n old\n")
+for definition, unset in (("examples/solver.def", "basis_weight big_number describe remark"),
+                          ("examples/types.def", "a_very_long_name_that_does_not_fit_on_any_telephone_and_even_less"
+                           "_in_a_table damper explain glaze note"), ("quotes.def", "Help old")):
+    template = run(f"wexcorin template {definition}")[0]
+    lines = [line for line in template.split("\n") if re.match(r"\*\w", line)]
+    write("all.opt", template)
+    options = json.loads(run(f"wexcorin doc json {definition} -o -")[0])["options"]
+    runs(f"wexcorin check {definition} all.opt", f"no problems; {len(options)} options, 0 set\n")
+    for number, line in enumerate(lines):
+        write(f"line{number}.opt", template.replace(f"\n{line}\n", f"\n{line[1:]}\n"))
+    # the last ones first, because macros set options in front of them
+    files = " ".join(f"line{number}.opt" for number in reversed(range(len(lines))))
+    out, err, code = run(f"wexcorin show --json {definition} {files}")
+    expect(f"template of {definition}: problems", (err, code), ("", 0))
+    shown = {each["name"]: each for each in json.loads(out)["options"]}
+    for each in options:
+        line = re.search(rf"(?m)^\*(symbol)?{re.escape(each['name'])}( = .*)?$", template)
+        expect(f"{each['name']} has a line", bool(line),
+               each["listed"] and each["name"].replace(" ", "_") not in unset.split())
+        row = shown[each["name"]]
+        if line and row["value"] not in (None, ["text"]):
+            expect(f"{line[0]}: is set", row["set"], True)
+            if each["name"] not in ("atmosphere", "log_prefix"):  # other case; blank at the end
+                expect(f"{line[0]}: value", row["value"], row["default"])
+expect_part("a comment character in a member's default", template, '\n*stop = "b#c:1"\n')
+only = run("wexcorin template examples/types.def --group FIRING")[0]
+expect("template of a group", re.findall(r"(?m)^\*(\w+)", only), ["peak", "rate", "vents", "atmosphere"])
+runs("wexcorin template examples/types.def --group firng -o group.opt", code=1,
+     err='wexcorin: there is no group "firng"; did you mean "firing"?\n')
+runs("cp quotes.def mine.def; wexcorin template mine.def -o ./mine.def", code=2,
+     err="./mine.def: error: cannot write the file: it is one of the files that are read\n")
+expect("template from a pipe", run("cat quotes.def | wexcorin template -")[0].split("\n")[1:],
+       run("wexcorin template quotes.def")[0].split("\n")[1:])
 
 written = 'vents=60\nglaze\ncone=a\ncone="b c"\nnote=R\udce4tsel\n'
 runs("wexcorin write examples/types.def - -o -", written, None, stdin=written)
@@ -282,7 +338,11 @@ for command, said in (("show examples/first.def --all", "--all"),
     out, err, code = run(f"wexcorin {command}")
     expect_part(command, err, said)
     expect(command, (out, code), ("", 2))
-for command in "", "check", "show", "help", "write", "doc":
+for command, said in (("chek --jsn", '"chek"; did you mean "check"?'), ("--versoin", '"--versoin"; did you mean "--version"?'),
+                      ("check a --jsn=1", '"--jsn"; did you mean "--json"?'), ("doc mark a -o b", '"mark"; did you mean "markdown"?'),
+                      ("write a b -o c --forc", '"--forc"; did you mean "--force"?'), ("shw a", '"shw"; did you mean "show"?')):
+    expect_part(command, run(f"wexcorin {command}")[1], f" {said}\nTry 'wexcorin")
+for command in "", "check", "show", "get", "find", "help", "template", "write", "doc":
     expect_part(f"{command} --help", " ".join(run(f"wexcorin {command} --help")[0].split()),
                 " Exit codes: 0 no problems; 1 problems in what was read; 2 wrong use, or a file that cannot be opened, "
                 "read or written.")

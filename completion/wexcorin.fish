@@ -1,0 +1,94 @@
+# Completion of wexcorin's command line in fish: commands, options, forms of doc, and file names. `help` and --set
+# complete the options and values of the definition file that the command line names.
+
+# Prints the command and its arguments before the cursor, without options and their values.
+function __wexcorin_arguments
+    set -l skip no
+    for word in (commandline -opc)[2..-1]
+        if test $skip = yes
+            set skip no
+        else if contains -- $word --set -o --output --group --limit --allow --title --release --color --columns
+            set skip yes
+        else if not string match -q -- '-?*' $word
+            echo -- $word
+        end
+    end
+end
+
+function __wexcorin_in
+    set -l arguments (__wexcorin_arguments)
+    test (count $arguments) -gt 0; and contains -- $arguments[1] $argv
+end
+
+# Prints the names and synonyms of the options of the definition file, or the values of an option.
+function __wexcorin_options
+    set -l arguments (__wexcorin_arguments)
+    set -l definition $arguments[2]
+    contains -- $arguments[1] doc get; and set definition $arguments[3]
+    set definition (string replace -r '^~/' "$HOME/" -- $definition)
+    set -l tool (commandline -opc)[1]
+    test -f "$definition"; and $tool complete $definition $argv 2>/dev/null
+end
+
+# Prints option text for --set. A dot option stands behind a symbol.
+function __wexcorin_settings
+    set -l typed (commandline -ct)
+    if string match -q '*=*' -- $typed
+        set -l name (string replace -r '=.*' '' -- $typed)
+        set -l option (string replace -r '^[^.]+(?=\.)' '' -- $name)
+        string replace -r '^' "$name=" -- (__wexcorin_options $option)
+    else if string match -q '?*.*' -- $typed
+        set -l symbol (string replace -r '\..*' '' -- $typed)
+        string replace -r '^(.*)$' "$symbol\$1=" -- (__wexcorin_options | string match '.*')
+    else
+        string replace -r '$' = -- (__wexcorin_options | string match -v '.*')
+    end
+end
+
+function __wexcorin_words
+    set -l arguments (__wexcorin_arguments)
+    switch "$arguments[1] "(count $arguments)
+        case ' 0'
+            printf '%s\n' check\t'Report what is wrong in a definition and in option files' \
+                show\t'List the options with their values' get\t'Print the value of one option' \
+                find\t'Search names, synonyms, values and help of the options' \
+                help\t'Print the help that a definition holds' template\t'Write an option file to start from' \
+                write\t'Write the settings of option files as one option file' \
+                doc\t'Write a definition in another form'
+        case 'doc 1'
+            printf '%s\n' definition\t'A definition file' pascal\t'An include file with the option numbers' \
+                html\t'A table' c\t'A C and C++ header' markdown\t'A reference in Markdown' \
+                page\t'A reference as one HTML page that can be searched' json\t'The whole definition as JSON'
+        case 'help 2'
+            __wexcorin_options
+        case 'get 1' 'help [!1]*' 'doc [!2]'
+        case 'help 1' 'find 1' 'template 1' 'doc 2' 'get *' 'check *' 'show *' 'write *'
+            __fish_complete_path (commandline -ct)
+    end
+end
+
+complete -c wexcorin -f -a '(__wexcorin_words)'
+complete -c wexcorin -s h -l help -d 'Print help'
+complete -c wexcorin -n 'test (count (__wexcorin_arguments)) = 0' -l version -d 'Print the version'
+complete -c wexcorin -n '__wexcorin_in check show get find help template write doc' -l color -x -a 'auto always never' \
+    -d 'When to print colours'
+complete -c wexcorin -n '__wexcorin_in check show find help' -l no-pager -d 'Print directly on the terminal'
+complete -c wexcorin -n '__wexcorin_in check show get write' -l set -x -a '(__wexcorin_settings)' \
+    -d 'Option text to read after the files'
+complete -c wexcorin -n '__wexcorin_in check show' -l json -d 'Print as JSON'
+complete -c wexcorin -n '__wexcorin_in check' -l warnings-as-errors -d 'Let warnings count for the exit code'
+complete -c wexcorin -n '__wexcorin_in check' -l limit -x -d 'Print at most so many findings of one kind'
+complete -c wexcorin -n '__wexcorin_in check' -l allow -x -d 'Leave out the warnings of a rule'
+complete -c wexcorin -n '__wexcorin_in show' -l changed -d 'List only options that were set'
+complete -c wexcorin -n '__wexcorin_in show' -l wide -d 'Print each option on one line'
+complete -c wexcorin -n '__wexcorin_in show' -l columns -x -a 'number name type set value default range' \
+    -d 'Print only these columns'
+complete -c wexcorin -n '__wexcorin_in get' -l default -d 'Print the default'
+complete -c wexcorin -n '__wexcorin_in template' -l group -x -d 'Only the options of this group'
+complete -c wexcorin -n '__wexcorin_in template write doc' -s o -l output -r -f \
+    -a '(__fish_complete_path (commandline -ct))' -d 'File to write'
+complete -c wexcorin -n '__wexcorin_in write' -l exact -d 'Write numbers with all their digits'
+complete -c wexcorin -n '__wexcorin_in write' -l force -d 'Write even if there are errors in what was read'
+complete -c wexcorin -n '__wexcorin_in doc' -l title -x -d 'Title of the document'
+complete -c wexcorin -n '__wexcorin_in doc' -l release -x -d 'Version and date of the solver'
+complete -c wexcorin -n '__wexcorin_in doc' -l force -d 'Write a file that does not compile'

@@ -1,0 +1,62 @@
+"""What the tool prints on a terminal: its width, its colours, and the pager.
+usage: terminal.py TOOL; run in the repository's root"""
+import re, sys
+from support import expect, expect_part, failures, on_terminal, run, runs, write
+
+NOPAGER = {"PAGER": ""}
+
+# ---- the width: all that a wide table holds is still there, in rows that fit
+
+squeezed = re.compile(r"[\s]+|\x1b\[\d*m")
+for width in 132, 80, 60:
+    for command in "show examples/solver.def", "show examples/types.def", "find examples/solver.def the":
+        seen, code = on_terminal(f"wexcorin {command} --color=never", width, **NOPAGER)
+        expect(f"{command}: exit code", code, 0)
+        expect(f"{command}: lines beyond {width} columns", [line for line in seen.split("\n") if len(line) > width], [])
+        wide = run(f"wexcorin {command}")[0]
+        expect(f"{command}: what is left out at {width} columns",
+               sorted(squeezed.sub("", seen)), sorted(squeezed.sub("", wide)))
+wide = run("wexcorin show examples/solver.def")[0]
+expect("--wide", on_terminal("wexcorin show examples/solver.def --wide --color never", 60, **NOPAGER)[0], wide)
+write("long.def", 'word enumstr 1 "one of them" 1 1\n "one of them" 1\n "the second" 1\n ' + 30 * "ä" + " 1\n")
+expect("a row of several lines",
+       on_terminal("wexcorin show long.def --columns name,range --color never", 30, **NOPAGER)[0],
+       "Name  Range or values\nHelp\nword  \"one of them\", \"the\n      second\",\n      " + 24 * "ä" + "\n      " +
+       6 * "ä" + "\n")
+
+# ---- columns
+
+runs("wexcorin show examples/first.def --columns value,name --columns type",
+     "Value  Name   Type\n       Help   immediate\n500    maxit  integer\n1E-6   tol    double\ncold   start  enumstr\n")
+expect_part("an unknown column", run("wexcorin show examples/first.def --columns name,vlaue")[1],
+            'there is no column "vlaue"; did you mean "value"?')
+
+# ---- colours
+
+for arguments, environment, coloured in (
+        ("", {}, True), ("--color auto", {}, True), ("--color never", {}, False), ("", {"NO_COLOR": "1"}, False),
+        ("", {"TERM": "dumb"}, False), ("--color=always", {"NO_COLOR": "1"}, True), ("| cat", {}, False),
+        ("--color always | cat", {}, True)):
+    seen = on_terminal(f"wexcorin show examples/first.def {arguments}", **{**NOPAGER, **environment})[0]
+    expect(f"colours with {arguments} {environment}", "\x1b[1m" in seen, coloured)
+expect_part("colours of findings", run("wexcorin check examples/first.def --set x --color always")[0], "\x1b[1;31merror")
+expect_part("--color red", run("wexcorin check x --color awlays")[1], 'there is no choice "awlays"; did you mean "always"?')
+
+# ---- the pager
+
+plain = run("wexcorin help examples/first.def 1")[0]
+for pager, wanted in (("sed s/^/P:/", "".join(f"P:{line}\n" for line in plain.split("\n")[:-1])), ("cat", plain),
+                      ("", plain)):
+    expect(f"PAGER={pager}", on_terminal("wexcorin help examples/first.def 1", PAGER=pager), (wanted, 0))
+mark = {"PAGER": "sed s/^/P:/"}
+expect_part("a pager that does not exist", on_terminal("wexcorin help examples/first.def", PAGER="no-such-pager")[0], plain)
+for command, code in (("show examples/first.def", 0), ("find examples/first.def it", 0), ("check examples/first.def", 0),
+                      ("show examples/first.def --set x", 1), ("help examples/first.def none", 1)):
+    for arguments, paged in ("", True), ("--no-pager", False), (">seen", False):
+        seen, ended = on_terminal(f"wexcorin {command} {arguments}", **mark)
+        expect(f"{command} {arguments}: exit code", ended, code)
+        expect(f"{command} {arguments}: paged", bool(seen) and all(line[:2] == "P:" for line in seen.split("\n")[:-1]),
+               paged)
+expect("get has no pager", on_terminal("wexcorin get tol examples/first.def", **mark)[0], "1E-6\n")
+expect_part("colours and width with a pager", on_terminal("wexcorin show examples/solver.def", 60, **mark)[0], "P:\x1b[1m")
+sys.exit("\n".join(failures) or 0)
