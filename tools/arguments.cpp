@@ -119,6 +119,7 @@ std::string checkrule(const std::string& name) {
   if (rule != nullptr && rule->filedby != tfiledby::library) return {};
   if (rule != nullptr) return "the rule " + inquotes(name) + " is for errors, which cannot be left out";
   std::vector<std::string> names;
+  names.reserve(checkrules().size());
   for (const trule& each : checkrules())
     if (each.filedby != tfiledby::library) names.emplace_back(each.name);
   const std::string suggestion = suggestiontext(tnearnames(names).nearest(name, tmatch::nearorlonger));
