@@ -80,12 +80,16 @@ void addinputs(CLI::App& command, tinputs& inputs, bool filesrequired) {
       .add_option("--set", inputs.texts,
                   "Option text to read after the files, as in --set iterlim=5; repeatable")
       ->type_name("TEXT")
-      ->allow_extra_args(false);
+      ->allow_extra_args(false)
+      ->check([](const std::string& text) {
+        return text.find('\n') == std::string::npos ? "" : "a text is one line; use --set for each line";
+      });
 }
 
 template <class T>
 std::vector<std::string> keysof(const std::map<std::string, T>& words) {
   std::vector<std::string> result;
+  result.reserve(words.size());
   for (const auto& [name, meaning] : words) result.push_back(name);
   return result;
 }

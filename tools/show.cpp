@@ -50,6 +50,7 @@ ttable::tcells cellsof(const trow& row) {
 // The names were checked when the command line was read.
 std::vector<std::size_t> columnsof(const std::vector<std::string>& names) {
   std::vector<std::size_t> result;
+  result.reserve(names.size());
   for (const std::string& name : names)
     result.push_back(static_cast<std::size_t>(std::ranges::find(showcolumns, name) - showcolumns.begin()));
   return result;

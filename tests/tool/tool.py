@@ -30,6 +30,8 @@ runs("wexcorin show examples/first.def - --changed", "Nr  Name  Type  Set  Value
 runs("wexcorin check examples/first.def none.opt -", f"{unknown}2 errors, 0 warnings; 4 options, 0 set\n",
      'none.opt: error: Cannot open parameter file "none.opt"\n'
      "none.opt: note: Error code = 2; No such file or directory\n", 2, "maxitt 5\n")
+runs("wexcorin check examples/first.def --set 'tol 1\nzzz 5'", "",
+     "wexcorin check: --set: a text is one line; use --set for each line\nTry 'wexcorin check --help'.\n", 2)
 for command in "check none.def -", "show examples/first.def none.opt":
     runs(f"wexcorin {command}", None, None, 2)
 
