@@ -58,8 +58,8 @@ std::vector<std::string> flagsof(const CLI::App& command) {
 }
 
 // What the user may have meant instead of the word: "; did you mean ...", or nothing.
-std::string suggestionfor(std::string_view word, std::vector<std::string> known) {
-  const std::string text = suggestiontext(tnearnames(std::move(known)).nearest(word, tmatch::nearorlonger));
+std::string suggestionfor(std::string_view word, const std::vector<std::string>& known) {
+  const std::string text = suggestiontext(tnearnames(known).nearest(word, tmatch::nearorlonger));
   return text.empty() ? text : "; " + text;
 }
 

@@ -24,9 +24,9 @@ bool selectgroups(treference& reference, const std::vector<std::string>& names) 
     const auto group = std::ranges::find_if(reference.groups, named);
     if (group == reference.groups.end()) {
       std::vector<std::string> known;
+      known.reserve(reference.groups.size());
       for (const tgroupreference& each : reference.groups) known.push_back(each.name);
-      const std::string suggestion =
-          suggestiontext(tnearnames(std::move(known)).nearest(name, tmatch::nearorlonger));
+      const std::string suggestion = suggestiontext(tnearnames(known).nearest(name, tmatch::nearorlonger));
       std::cerr << "wexcorin: there is no group " << printable(inquotes(name))
                 << (suggestion.empty() ? "" : "; " + printable(suggestion)) << '\n';
       return false;
