@@ -20,7 +20,7 @@ class theldsignals {
   theldsignals& operator=(const theldsignals&) = delete;
 
   // Takes the signal that came with the error of a write, if one did. To be called for each write that
-  // failed. A signal that was pending before stays pending: the system keeps only one of each kind.
+  // failed. A signal that was pending before stays pending, and none is taken then.
   void take(int error) const noexcept;
 
  private:

@@ -29,7 +29,8 @@ bool isfifo(const char* name) noexcept {
 
 int twaiting::open(const char* name, int flags) noexcept {
   for (;;) {
-    const int descriptor = ::open(name, flags | O_CLOEXEC | O_NONBLOCK, 0666);
+    // a terminal must not become the one that controls the process, which dies when it is closed
+    const int descriptor = ::open(name, flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666);
     if (descriptor >= 0) return descriptor;
     if (errno == EINTR) continue;
     const bool hasnoreader = errno == ENXIO && isfifo(name);
