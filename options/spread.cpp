@@ -16,7 +16,7 @@ namespace optcore {
 
 namespace {
 
-// Finds the next word at or after `position` (counted from 0) and moves `position` behind the word and its
+// Finds the next word at or after `position` (counted from 0) and moves `position` after the word and its
 // separator. Leading blanks are skipped. Words are separated by charpath(), not by blanks. A word may be
 // empty, but not at the end of the text. Returns false when there is no further word.
 bool nextlistword(std::string_view text, std::size_t& position, std::string_view& word) noexcept {

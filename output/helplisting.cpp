@@ -25,7 +25,7 @@ bool asnumber(std::string_view text, std::int32_t& number) {
   return !text.empty() && !isletter(text[0]) && strasintex(text, number);
 }
 
-// Writes to standard output, behind what the program itself has printed. Nothing of the text stays in the
+// Writes to standard output, after what the program itself has printed. Nothing of the text stays in the
 // buffer of the stream: if it cannot be written now, the program must not stumble over it when it ends.
 // Returns 0 or the system's error code.
 int print(std::string_view text) noexcept {
