@@ -10,7 +10,8 @@ namespace binding {
 thandle::tcall::tcall(thandle& handle) : fhandle(handle) {
   if (handle.fbusy)
     throw std::runtime_error(
-        "The Options object is in use, by another thread or by the call that runs this one: use it in one thread at "
+        "The Options object is in use, by another thread or by the call that runs this one: use it in one "
+        "thread at "
         "a time.");
   if (handle.closed()) throw py::value_error("The Options object is closed.");
   handle.fbusy = true;
@@ -69,8 +70,9 @@ py::tuple thandle::takemessages() {
     for (const wexcorin::problem& each : foptions->problems()) {
       py::list details;
       for (const std::string& detail : each.details) details.append(decoded(detail));
-      problems.append(py::make_tuple(decoded(each.file), each.line, each.severity == wexcorin::severity::error,
-                                     decoded(each.text), py::tuple(details)));
+      problems.append(py::make_tuple(decoded(each.file), each.line,
+                                     each.severity == wexcorin::severity::error, decoded(each.text),
+                                     py::tuple(details)));
     }
     foptions->clearmessages();
   }
@@ -162,15 +164,15 @@ py::object thandle::single(std::int32_t number, const toption& option, bool seco
 
 py::list thandle::listof(std::int32_t number) const {
   py::list result;
-  for (const std::string& text : foptions->list(nameof(number)))
-    result.append(decoded(text));
+  for (const std::string& text : foptions->list(nameof(number))) result.append(decoded(text));
   return result;
 }
 
 py::object thandle::valueof(std::int32_t number, const toption& option) const {
   if (!option.hasvalue()) return py::none();
   if (option.datatype == optDataStrList) return listof(number);
-  if (option.hastwovalues()) return py::make_tuple(single(number, option, false), single(number, option, true));
+  if (option.hastwovalues())
+    return py::make_tuple(single(number, option, false), single(number, option, true));
   return single(number, option, false);
 }
 
@@ -231,7 +233,8 @@ template <class tvalue>
 bool thandle::set(std::int32_t number, bool second, tvalue value) {
   try {
     return second ? foptions->set2(number, value) : foptions->set(number, value);
-  } catch (const std::logic_error& refused) {  // a number that the option cannot hold, or a text that is too long
+  } catch (
+      const std::logic_error& refused) {  // a number that the option cannot hold, or a text that is too long
     throw py::value_error(refused.what());
   }
 }
@@ -281,7 +284,8 @@ py::list thandle::itemsof(std::int32_t number, const toption& option) const {
   py::list result;
   if (option.type != optTypeEnumStr && option.type != optTypeEnumInt) return result;
   for (const wexcorin::enumvalue& item : foptions->enumvalues(number)) {
-    const py::object value = option.type == optTypeEnumInt ? py::object(py::int_(item.integer)) : decoded(item.text);
+    const py::object value =
+        option.type == optTypeEnumInt ? py::object(py::int_(item.integer)) : decoded(item.text);
     result.append(py::make_tuple(value, decoded(item.help)));
   }
   return result;
@@ -302,8 +306,8 @@ py::tuple thandle::describe(std::int32_t number) {
     range = py::make_tuple(bounds->low, bounds->high);
   }
   return py::make_tuple(decoded(all.name), foptions->typekeyword(all.type).value_or(""), all.subtype,
-                        defaultof(number, option), range, itemsof(number, option), decoded(all.help), all.group,
-                        all.refnr, all.helpflag <= 0);
+                        defaultof(number, option), range, itemsof(number, option), decoded(all.help),
+                        all.group, all.refnr, all.helpflag <= 0);
 }
 
 py::list thandle::groups() {
@@ -344,7 +348,8 @@ py::list thandle::indicators() {
   py::list result;
   for (const wexcorin::indicator& each : foptions->indicators())
     result.append(py::make_tuple(decoded(each.equation), elements(foptions->equationelements(each)),
-                                 decoded(each.variable), elements(foptions->variableelements(each)), each.value));
+                                 decoded(each.variable), elements(foptions->variableelements(each)),
+                                 each.value));
   return result;
 }
 

@@ -47,5 +47,6 @@ PYBIND11_MODULE(_core, module) {
   module.attr("library") = binding::decoded(wexcorin::options().version());
   bindhandle(module);
   binding::interpreterexit::watchforks();
-  pybind11::module_::import("atexit").attr("register")(pybind11::cpp_function(&binding::interpreterexit::begin));
+  pybind11::module_::import("atexit").attr("register")(
+      pybind11::cpp_function(&binding::interpreterexit::begin));
 }

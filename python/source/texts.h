@@ -26,8 +26,8 @@ class encoded {
     const char* bytes = PyUnicode_AsUTF8AndSize(text.ptr(), &size);
     if (bytes == nullptr) {
       PyErr_Clear();
-      fcopy = py::reinterpret_steal<py::bytes>(
-          PyUnicode_AsEncodedString(text.ptr(), "utf-8", "surrogateescape"));
+      fcopy =
+          py::reinterpret_steal<py::bytes>(PyUnicode_AsEncodedString(text.ptr(), "utf-8", "surrogateescape"));
       if (!fcopy) throw py::error_already_set();
       bytes = PyBytes_AS_STRING(fcopy.ptr());
       size = PyBytes_GET_SIZE(fcopy.ptr());

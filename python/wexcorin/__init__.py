@@ -18,8 +18,8 @@ try:
     from . import _core
 except ImportError as reason:
     raise ImportError(
-        f"wexcorin does not find the shared library that it was built for (libwexcorin.so.2): {reason}. On Debian, "
-        "install the package libwexcorin2; for a library elsewhere, set LD_LIBRARY_PATH to its folder.",
+        f"wexcorin cannot use its shared library libwexcorin.so.2: {reason}. On Debian, install the package "
+        "libwexcorin2; for a library elsewhere, set LD_LIBRARY_PATH to its folder.",
         name="wexcorin",
     ) from None
 from ._definition import Definition, Group, Option

@@ -113,8 +113,8 @@ def assign(core: _core.Handle, option: Option, value: object) -> None:
     if option.type == "macro":
         core.settext(option.number, False, word(option, value))
     elif option.type == "multilist":
-        words = [value] if isinstance(value, str) else several(option, value)
-        core.settext(option.number, False, ":".join(word(option, each) for each in words))
+        words: list[object] = [value] if isinstance(value, str) else several(option, value)
+        core.settext(option.number, False, ":".join(word(option, part) for part in words))
     elif option.type == "strlist":
         texts = [text(option, each) for each in several(option, value)]
         core.reset(option.number)

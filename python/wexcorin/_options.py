@@ -68,7 +68,7 @@ class Options(Mapping[str, Any]):
     >>> options["tol"] = 5
     Traceback (most recent call last):
       ...
-    wexcorin.SettingsError: error: Double out of range for option "tol" saw "5" (Valid range is 1E-20 to 0.1)
+    wexcorin.SettingsError: Double out of range for option "tol" saw "5" (Valid range is 1E-20 to 0.1)
 
     An object is used in one thread at a time, different ones in parallel: the interpreter lock is released while
     files are read. A call while another thread is in one raises RuntimeError, a call after ``close`` ValueError."""
@@ -190,6 +190,21 @@ class Options(Mapping[str, Any]):
     def changed(self) -> dict[str, Any]:
         """Return the values of the options that were set."""
         return self._core.values(True)
+
+    def text(self, name: str) -> str:
+        """Return the value as the library writes it, with up to 15 digits; several values are separated by a comma
+        and a blank. Raises UnknownOptionError.
+
+        >>> options = Options("examples/first.def")
+        >>> options.text("tol")
+        '1E-6'
+        """
+        value = self[name]
+        number = self._definition[name].number
+        if isinstance(value, list):
+            return ", ".join(value)
+        texts = [self._core.text(number, False), self._core.text(number, True)]
+        return ", ".join(text for text in texts if text is not None)
 
     def is_set(self, name: str) -> bool:
         """Return whether the option was set, be it to its default. Raises UnknownOptionError."""
