@@ -22,7 +22,7 @@ NAMES = "_assign _definition _entries _errors _options _space _table".split()
 def test_docstrings():
     modules = [wexcorin, *(importlib.import_module(f"wexcorin.{name}") for name in NAMES)]
     results = [doctest.testmod(module, extraglobs={"Options": wexcorin.Options}) for module in modules]
-    assert sum(result.failed for result in results) == 0 and sum(result.attempted for result in results) > 25
+    assert sum(result.failed for result in results) == 0 and sum(result.attempted for result in results) > 20
 
 
 def test_guide(tmp_path):
@@ -116,7 +116,7 @@ def test_closed_objects(definition):
             call()
 
 
-def test_calls_while_another_is_at_work(options):
+def test_calls_while_another_is_at_work(definition):
     """The collector runs Python code in the midst of a call. That code calls the same object."""
     caught = []
 
@@ -127,14 +127,21 @@ def test_calls_while_another_is_at_work(options):
             except RuntimeError as refused:
                 caught.append(refused)
 
-    cycle = [meddler()]
-    cycle.append(cycle)
-    del cycle
-    threshold = gc.get_threshold()
-    gc.set_threshold(1)
-    options._core.values(False)
-    gc.set_threshold(*threshold)
-    assert len(caught) == 1 and options["count"] == 5
+    before = gc.get_threshold()
+    for threshold in range(1, 30):  # one of them makes it run during the call
+        options = wexcorin.Options(definition)
+        options._core.keys()
+        cycle = [meddler()]
+        cycle.append(cycle)
+        gc.set_threshold(threshold)
+        del cycle
+        try:
+            options._core.values(False)
+        except ValueError:
+            assert options.closed
+        gc.set_threshold(*before)
+        gc.collect()
+    assert caught
 
 
 def resident():
@@ -178,7 +185,10 @@ def test_another_library_with_the_same_names():
 def test_missing_library(tmp_path):
     (tmp_path / "libwexcorin.so.2").write_text("no library")
     result = python("import wexcorin", LD_LIBRARY_PATH=str(tmp_path))
-    assert "ImportError: wexcorin cannot use its shared library libwexcorin.so.2" in result.stderr.splitlines()[-1]
+    assert (
+        "ImportError: wexcorin cannot use its shared library libwexcorin.so.2"
+        in result.stderr.splitlines()[-1]
+    )
 
 
 @pytest.mark.skipif(shutil.which("cc") is None, reason="no C compiler for a library of another version")
@@ -189,7 +199,7 @@ def test_library_of_another_version(tmp_path):
     )
     subprocess.run(["cc", "-shared", "-fPIC", "-xc", "-", "-o", other], input=source, text=True, check=True)
     result = python("import wexcorin", LD_PRELOAD=str(other))
-    assert "The program needs interface version 2 of libwexcorin" in result.stderr.splitlines()[-1]
+    assert "The program needs interface version 2" in result.stderr.splitlines()[-1]
 
 
 def test_examples(tmp_path):

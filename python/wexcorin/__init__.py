@@ -17,8 +17,9 @@ from __future__ import annotations
 try:
     from . import _core
 except ImportError as reason:
+    _reason = str(reason).removeprefix("wexcorin: ").rstrip(".")
     raise ImportError(
-        f"wexcorin cannot use its shared library libwexcorin.so.2: {reason}. On Debian, install the package "
+        f"wexcorin cannot use its shared library libwexcorin.so.2: {_reason}. On Debian, install the package "
         "libwexcorin2; for a library elsewhere, set LD_LIBRARY_PATH to its folder.",
         name="wexcorin",
     ) from None
