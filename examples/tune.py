@@ -2,8 +2,8 @@
 
     python3 examples/tune.py examples/solver.def tuned.opt
 
-The runs of the solver are invented: seconds() computes how long one would take. A real script starts the solver with
-the option file that Options.write makes, and measures.
+The runs of the solver are invented: seconds() computes how long one would take. A real script starts the
+solver with the option file that Options.write makes, and measures.
 """
 
 from __future__ import annotations

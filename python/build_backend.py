@@ -1,5 +1,6 @@
-"""Builds the wheel for pip. The extension module is compiled against the library of the prefix that WEXCORIN_PREFIX
-names, or else the one in ../build/release, or else the installed one. CXX and CXXFLAGS have their usual meaning."""
+"""Builds the wheel for pip. The extension module is compiled against the library of the prefix that
+WEXCORIN_PREFIX names, or else the one in ../build/release, or else the installed one. CXX and CXXFLAGS have
+their usual meaning."""
 
 from __future__ import annotations
 
@@ -24,7 +25,7 @@ PLATFORM = re.sub("[-.]", "_", sysconfig.get_platform())
 
 with open(HERE / "pyproject.toml", "rb") as _file:
     PROJECT = tomllib.load(_file)["project"]
-VERSION = re.search(r'(?m)^__version__ = "(.*)"', (HERE / "wexcorin/__init__.py").read_text())[1]  # type: ignore[index]
+VERSION = re.findall(r'(?m)^__version__ = "(.*)"', (HERE / "wexcorin/__init__.py").read_text())[0]
 NAME = f"{PROJECT['name']}-{VERSION}"
 
 
@@ -53,15 +54,15 @@ def compile_extension(target: Path) -> None:
     print(shlex.join(command), flush=True)
     if subprocess.run(command, check=False).returncode:
         sys.exit(
-            "The extension module of wexcorin does not compile, see above. It needs a C++ compiler, the headers "
+            "The extension module of wexcorin does not compile, see above. It needs a C++ compiler, the headers\n"
             "of Python and pybind11 (on Debian: g++ python3-dev pybind11-dev), and libwexcorin with its headers."
         )
 
 
 def metadata() -> str:
     return (
-        f"Metadata-Version: 2.1\nName: {PROJECT['name']}\nVersion: {VERSION}\nSummary: {PROJECT['description']}\n"
-        f"Requires-Python: {PROJECT['requires-python']}\n"
+        f"Metadata-Version: 2.1\nName: {PROJECT['name']}\nVersion: {VERSION}\n"
+        f"Summary: {PROJECT['description']}\nRequires-Python: {PROJECT['requires-python']}\n"
     )
 
 

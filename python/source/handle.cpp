@@ -130,10 +130,25 @@ std::int32_t thandle::count() {
   return optcount(raw());
 }
 
-std::int32_t thandle::find(const py::str& name) {
+// A name that no file can hold, because it is too long or no text, finds nothing.
+std::int32_t thandle::lookup(const py::object& name) const {
+  if (!PyUnicode_Check(name.ptr())) return 0;
+  std::int32_t number = 0;
+  std::int32_t refnr = 0;
+  try {
+    const encoded text(py::reinterpret_borrow<py::str>(name));
+    const wexcorin::detail::textin key(text.bytes());
+    return optfindstr(raw(), key, &number, &refnr) != 0 ? number : 0;
+  } catch (const py::error_already_set&) {
+    return 0;
+  } catch (const std::length_error&) {
+    return 0;
+  }
+}
+
+std::int32_t thandle::find(const py::object& name) {
   const tcall call(*this);
-  const encoded text(name);
-  return text.bytes().size() < WEXCORIN_TEXT_SIZE ? foptions->find(text.bytes()).value_or(0) : 0;
+  return lookup(name);
 }
 
 py::list thandle::keys() {
@@ -184,12 +199,8 @@ py::object thandle::value(std::int32_t number) {
 
 py::object thandle::get(const py::object& name) {
   const tcall call(*this);
-  if (!PyUnicode_Check(name.ptr())) return py::none();
-  const encoded text(py::reinterpret_borrow<py::str>(name));
-  if (text.bytes().size() >= WEXCORIN_TEXT_SIZE || text.bytes().substr(0, 1) == ".") return py::none();
-  std::int32_t number = 0;
-  std::int32_t refnr = 0;
-  if (optfindstr(raw(), wexcorin::detail::textin(text.bytes()), &number, &refnr) == 0) return py::none();
+  const std::int32_t number = lookup(name);
+  if (number == 0 || PyUnicode_ReadChar(name.ptr(), 0) == '.') return py::none();
   return valueof(number, *known(number));
 }
 

@@ -1,5 +1,5 @@
-// handle.h: the class Handle of the module _core, on top of wexcorin::options. Each member is one call from Python;
-// what Python programs see is made of them in the package.
+// handle.h: the class Handle of the module _core, on top of wexcorin::options. Each member is one call from
+// Python; what Python programs see is made of them in the package.
 #pragma once
 
 #include <pybind11/pybind11.h>
@@ -27,14 +27,15 @@ struct toption {
   bool hastwovalues() const { return subtype == optsub2Values; }
 };
 
-// Numbers are those of options, from 1. A number that is none has no value, and setting it does nothing. Throws
-// ValueError when the handle was closed, and RuntimeError when another thread is in a call of it.
+// Numbers are those of options, from 1. A number that is none has no value, and setting it does nothing.
+// Throws ValueError when the handle was closed, and RuntimeError when another thread is in a call of it.
 class thandle {
  public:
   void close();
   bool closed() const { return !foptions; }
 
-  // Reading and writing, without the interpreter lock; the result is 0 or the error code of the operating system.
+  // Reading and writing, without the interpreter lock; the result is 0 or the error code of the operating
+  // system.
   std::int32_t readdefinition(const std::string& path);
   std::int32_t readfile(const std::string& path);
   std::int32_t readtext(const std::string& text);  // each line may hold several statements
@@ -44,7 +45,7 @@ class thandle {
   py::tuple takemessages();  // removes them: (messages, problems), both as lists of tuples
 
   std::int32_t count();
-  std::int32_t find(const py::str& name);  // 0 when there is none
+  std::int32_t find(const py::object& name);  // 0 when there is none
   py::list keys();
   py::object get(const py::object& name);  // None when there is no such value
   py::object value(std::int32_t number);
@@ -67,7 +68,8 @@ class thandle {
   py::list indicators();
 
  private:
-  // A call in progress. Python code may run whenever an object is made, and other threads while files are read.
+  // A call in progress. Python code may run whenever an object is made, and other threads while files are
+  // read.
   class tcall {
    public:
     explicit tcall(thandle& handle);
@@ -80,6 +82,7 @@ class thandle {
   };
 
   tvksoptions* raw() const { return foptions->get(); }
+  std::int32_t lookup(const py::object& name) const;
   void learn();  // options that were added since
   void learnnames();
   toption learnt(std::int32_t number) const;

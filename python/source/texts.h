@@ -1,5 +1,5 @@
-// texts.h: texts of the library as str and back. The library has bytes: those that are no UTF-8 stand in a str as
-// surrogates, as in file names.
+// texts.h: texts of the library as str and back. The library has bytes: those that are no UTF-8 stand in a
+// str as surrogates, as in file names.
 #pragma once
 
 #include <pybind11/pybind11.h>

@@ -11,8 +11,9 @@
 
 namespace binding {
 
-// A daemon thread may be in a call when the interpreter exits. If it asked for the lock then, the interpreter would
-// end the thread in the midst of this code, which aborts the process. So it sleeps until the process has ended.
+// A daemon thread may be in a call when the interpreter exits. If it asked for the lock then, the interpreter
+// would end the thread in the midst of this code, which aborts the process. So it sleeps until the process
+// has ended.
 class interpreterexit {
  public:
   // Called once by the interpreter when it begins to exit, in the thread that exits.

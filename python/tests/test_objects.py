@@ -78,7 +78,8 @@ def test_threads_with_objects_of_their_own(definition):
 
 
 def test_exit_of_the_interpreter(definition, tmp_path):
-    """Daemon threads are in calls, some of which return while the interpreter ends. Nothing crashes or hangs."""
+    """Daemon threads are in calls, some of which return while the interpreter ends. Nothing crashes or
+    hangs."""
     small = tmp_path / "small.opt"
     small.write_text("count 7\n")
     code = f"""

@@ -8,8 +8,9 @@
 >>> options.to_dict()
 {'maxit': 800, 'tol': 1e-09, 'start': 'warm'}
 
-The library reports mistakes as problems with file and line, which the exceptions DefinitionError and SettingsError
-carry. Texts are str: bytes of a file that are no UTF-8 stand in them as surrogates, as in file names.
+The library reports mistakes as problems with file and line, which the exceptions DefinitionError and
+SettingsError carry. Texts are str: bytes of a file that are no UTF-8 stand in them as surrogates, as in file
+names.
 """
 
 from __future__ import annotations

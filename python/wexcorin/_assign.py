@@ -56,7 +56,8 @@ def text(option: Option, value: object) -> str:
 
 
 def word(option: Option, value: object) -> str:
-    """Return one value for a macro or a multilist as it would be written: its options have their own types."""
+    """Return one value for a macro or a multilist as it would be written: its options have their own
+    types."""
     if isinstance(value, (str, os.PathLike)):
         return text(option, value)
     if isinstance(value, bool):
@@ -104,8 +105,8 @@ def pair(option: Option, value: object) -> tuple[object, object]:
 
 
 def assign(core: _core.Handle, option: Option, value: object) -> None:
-    """Pass the value to the option. Raises TypeError for a value of the wrong type, and ValueError for a number
-    that the option cannot hold; a value that the library refuses becomes a message."""
+    """Pass the value to the option. Raises TypeError for a value of the wrong type, and ValueError for a
+    number that the option cannot hold; a value that the library refuses becomes a message."""
     if option.type == "immediate":
         raise TypeError(
             f'Option "{option.name}" (immediate) has no value: it acts when a text names it, see set().'

@@ -62,8 +62,8 @@ class Option(NamedTuple):
     takes: Takes
     """What follows the name in an option file."""
     default: Any
-    """The value of the option while it is not set; None where the option has no value of its own. Of an option
-    with two values it is the default of each."""
+    """The value of the option while it is not set; None where the option has no value of its own. Of an
+    option with two values it is the default of each."""
     range: Union[tuple[int, int], tuple[float, float], None]
     """The inclusive bounds of an integer or double option. The help says what their unit is."""
     values: dict[Any, str]
@@ -126,14 +126,14 @@ class Definition:
         return map(self._describe, range(1, len(self) + 1))
 
     def __contains__(self, name: object) -> bool:
-        return isinstance(name, str) and self._core.find(name) > 0
+        return self._core.find(name) > 0
 
     def __getitem__(self, which: str | int) -> Option:
-        """Return the option of a name or synonym, or at a position from 0. Raises ``UnknownOptionError``, which
-        is a ``KeyError``, or ``IndexError``."""
+        """Return the option of a name or synonym, or at a position from 0. Raises ``UnknownOptionError``,
+        which is a ``KeyError``, or ``IndexError``."""
         if isinstance(which, int):
             return self._describe(range(1, len(self) + 1)[which])
-        number = self._core.find(which) if isinstance(which, str) else 0
+        number = self._core.find(which)
         if number == 0:
             raise self.unknown(which)
         return self._describe(number)
@@ -153,8 +153,9 @@ class Definition:
 
     def unknown(self, name: object) -> UnknownOptionError:
         """Return the exception for a name that is no option, or an option without a value."""
-        if isinstance(name, str) and name in self:
-            option = self[name]
+        number = self._core.find(name)
+        if number:
+            option = self._describe(number)
             what = "belongs to symbols: see dot_entries" if option.has_value else "has no value of its own"
             return UnknownOptionError(name, (), f'Option "{option.name}" ({option.type}) {what}.')
         return UnknownOptionError(name, [*(option.name for option in self), *self.synonyms])

@@ -46,10 +46,10 @@ class Options(Mapping[str, Any]):
     __doc__ = Documentation(  # type: ignore[assignment]
         """The options of a solver with their values: a mapping from names to values.
 
-    A name is looked up by the rules of the definition: in any case, by synonym, and abbreviated where its lookup
-    mode allows that. Values are int, float, bool or str, a list of str for a strlist option, and a tuple for an
-    option with two values. Macros, multilists and immediate options have no value and are no keys; macros and
-    multilists can be assigned to.
+    A name is looked up by the rules of the definition: in any case, by synonym, and abbreviated where its
+    lookup mode allows that. Values are int, float, bool or str, a list of str for a strlist option, and a
+    tuple for an option with two values. Macros, multilists and immediate options have no value and are no
+    keys; macros and multilists can be assigned to.
 
     >>> options = Options("examples/first.def")
     >>> options["tol"], options["MAXIT"], options["limit"]
@@ -70,16 +70,17 @@ class Options(Mapping[str, Any]):
       ...
     wexcorin.SettingsError: Double out of range for option "tol" saw "5" (Valid range is 1E-20 to 0.1)
 
-    An object is used in one thread at a time, different ones in parallel: the interpreter lock is released while
-    files are read. A call while another thread is in one raises RuntimeError, a call after ``close`` ValueError."""
+    An object is used in one thread at a time, different ones in parallel: the interpreter lock is released
+    while files are read. A call while another thread is in one raises RuntimeError, a call after ``close``
+    ValueError."""
     )
     __slots__ = ("_core", "_definition", "_file", "_messages", "_problems", "__weakref__")
 
     def __init__(self, definition: Path, *, strict: bool = True) -> None:
         """Read a definition file.
 
-        Raises DefinitionError when it has mistakes, unless ``strict`` is False: ``problems`` has them then, too.
-        Raises OSError, such as FileNotFoundError, when it cannot be read.
+        Raises DefinitionError when it has mistakes, unless ``strict`` is False: ``problems`` has them then,
+        too. Raises OSError, such as FileNotFoundError, when it cannot be read.
         """
         path = encoded(definition)
         self._core = _core.Handle()
@@ -117,8 +118,8 @@ class Options(Mapping[str, Any]):
         return self._judged(found, strict)
 
     def set(self, text: str, *, strict: bool = True) -> list[Problem]:
-        """Read settings from a text, as ``read`` does from a file. A line may hold several settings, so a value
-        with blanks stands in double quotes.
+        """Read settings from a text, as ``read`` does from a file. A line may hold several settings, so a
+        value with blanks stands in double quotes.
 
         >>> options = Options("examples/first.def")
         >>> options.set("maxit 800 start warm")
@@ -192,8 +193,8 @@ class Options(Mapping[str, Any]):
         return self._core.values(True)
 
     def text(self, name: str) -> str:
-        """Return the value as the library writes it, with up to 15 digits; several values are separated by a comma
-        and a blank. Raises UnknownOptionError.
+        """Return the value as the library writes it, with up to 15 digits; several values are separated by a
+        comma and a blank. Raises UnknownOptionError.
 
         >>> options = Options("examples/first.def")
         >>> options.text("tol")
@@ -211,8 +212,8 @@ class Options(Mapping[str, Any]):
         return self._core.defined(self._definition[name].number) > 0
 
     def reset(self, *names: str) -> None:
-        """Take the values of these options away, or of all, so that they have their defaults again. Dot entries,
-        indicators and problems stay."""
+        """Take the values of these options away, or of all, so that they have their defaults again. Dot
+        entries, indicators and problems stay."""
         numbers = [self._definition[name].number for name in names]
         if not names:
             self._core.resetall()
@@ -295,15 +296,15 @@ class Options(Mapping[str, Any]):
             name = self._definition[name].name
         self._core.showhelp(name or "1")
         messages, _ = self._core.takemessages()
-        return "\n".join(text for _, text in messages)
+        return "\n".join(text for _, text in messages).strip("\n")
 
     def parameters(self, *names: str) -> list[dict[str, Any]]:
         """Return the space to search: a dictionary for each of these options, or for all that the help lists.
 
-        Each has ``name``, ``kind``, ``default`` and ``count``, the number of values that the option takes. The
-        kinds ``integer`` and ``real`` have ``low`` and ``high``, None where there is no limit, and ``log``, which
-        is True for positive bounds that span decades. ``boolean`` and ``choice`` have ``values``. Texts, lists
-        and options that take no value are left out.
+        Each has ``name``, ``kind``, ``default`` and ``count``, the number of values that the option takes.
+        The kinds ``integer`` and ``real`` have ``low`` and ``high``, None where there is no limit, and
+        ``log``, which is True for positive bounds that span decades. ``boolean`` and ``choice`` have
+        ``values``. Texts, lists and options that take no value are left out.
 
         >>> options = Options("examples/first.def")
         >>> options.parameters("tol")
@@ -376,8 +377,8 @@ class Options(Mapping[str, Any]):
         return problems
 
     def _restore(self, name: str, bits: int, value: Any) -> None:
-        """Go back to the value before, unless it is there still: a refused value changes at most a list or one of
-        two values."""
+        """Go back to the value before, unless it is there still: a refused value changes at most a list or
+        one of two values."""
         option = self._definition[name]
         if (self._core.defined(option.number), self._core.value(option.number)) == (bits, value):
             return
