@@ -3,7 +3,6 @@
 
 #include "handle.h"
 #include "texts.h"
-#include "unlocked.h"
 
 namespace {
 
@@ -46,7 +45,4 @@ void bindhandle(pybind11::module_& module) {
 PYBIND11_MODULE(_core, module) {
   module.attr("library") = binding::decoded(wexcorin::options().version());
   bindhandle(module);
-  binding::interpreterexit::watchforks();
-  pybind11::module_::import("atexit").attr("register")(
-      pybind11::cpp_function(&binding::interpreterexit::begin));
 }

@@ -80,23 +80,23 @@ def test_threads_with_objects_of_their_own(definition):
 def test_exit_of_the_interpreter(definition, tmp_path):
     """Daemon threads are in calls, some of which return while the interpreter ends. Nothing crashes or
     hangs."""
-    small = tmp_path / "small.opt"
-    small.write_text("count 7\n")
+    long = tmp_path / "long.opt"
+    long.write_text("count 7\n" * 3000)
     code = f"""
 import atexit, threading, time, wexcorin
 class late:
     def __init__(self): self.options = wexcorin.Options({str(definition)!r})
-    def __del__(self): self.options.read({str(small)!r})
+    def __del__(self): self.options.read({str(long)!r})
 def work():
     options = wexcorin.Options({str(definition)!r})
-    while True: options.read({str(small)!r})
+    while True: options.read({str(long)!r})
 keep = late()
 waiting = wexcorin.Options({str(definition)!r})
 threading.Thread(target=waiting.read, args=[{str(waitingread(tmp_path))!r}], daemon=True).start()
 for _ in range(4): threading.Thread(target=work, daemon=True).start()
 time.sleep(0.05)
 """
-    for _ in range(5):
+    for _ in range(3):
         result = python(code)
         assert (result.returncode, result.stderr) == (0, "")
 
