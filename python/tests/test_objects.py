@@ -25,12 +25,13 @@ def test_docstrings():
     assert sum(result.failed for result in results) == 0 and sum(result.attempted for result in results) > 20
 
 
-def test_guide(tmp_path, monkeypatch):
-    guide = pathlib.Path("docs/python.md").read_text().replace("```", "")
+@pytest.mark.parametrize("file", ["README.md", "docs/python.md"])
+def test_guides(file, tmp_path, monkeypatch):
+    guide = pathlib.Path(file).read_text().replace("```", "")
     (tmp_path / "examples").symlink_to(os.path.abspath("examples"))
     monkeypatch.chdir(tmp_path)
-    test = doctest.DocTestParser().get_doctest(guide, {}, "docs/python.md", None, 0)
-    assert len(test.examples) > 40 and doctest.DocTestRunner().run(test).failed == 0
+    test = doctest.DocTestParser().get_doctest(guide, {}, file, None, 0)
+    assert len(test.examples) > 5 and doctest.DocTestRunner().run(test).failed == 0
 
 
 def python(code, **environment):

@@ -85,7 +85,7 @@ class Options(Mapping[str, Any]):
         path = encoded(definition)
         self._core = _core.Handle()
         self._file = os.path.abspath(path)
-        self._messages: list[Message] = []
+        self._messages: list[tuple[int, str]] = []
         self._problems: list[Problem] = []
         self._definition = Definition(self._core, os.fsdecode(path))
         code = self._core.readdefinition(path)
@@ -260,7 +260,7 @@ class Options(Mapping[str, Any]):
     @property
     def messages(self) -> list[Message]:
         """All messages, which also hold help that option files ask for."""
-        return list(self._messages)
+        return [Message(KINDS[kind], text) for kind, text in self._messages]
 
     def clear_messages(self) -> None:
         """Forget the messages and problems so far. They take memory until then."""
@@ -362,7 +362,7 @@ class Options(Mapping[str, Any]):
     def _take(self, text: str = "") -> list[Problem]:
         """Move the messages of the library to this object and return the problems among them."""
         messages, records = self._core.takemessages()
-        self._messages += [Message(KINDS[kind], line) for kind, line in messages]
+        self._messages += messages
         found = []
         for file, line, iserror, what, details in records:
             file = text if text and file == "pchar" else file
