@@ -48,8 +48,8 @@ auto barrier(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
   return static_cast<tresult>(failure);
 }
 
-// The same with the floating-point settings of the library. Only calls that move a number and compute nothing
-// do without them.
+// The same with the floating-point settings of the library. Frequent queries do without them: they look up
+// names and move numbers, and the text of a double sees to the settings by itself.
 template <class tcall>
 auto guarded(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
   const tfloatscope settings;
