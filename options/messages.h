@@ -70,7 +70,7 @@ class tmessagelist {
   // The source that is being read, set by tactivesource; null when there is none.
   const tlinesource* activesource() const noexcept { return fsource; }
   // The name that messages quote for the option whose value is being set, as the caller wrote it. Set by
-  // tcurrentname; empty when no value is being set.
+  // tcurrentname; otherwise empty, and messages quote the option's own name.
   std::string_view curoptname() const noexcept;
   // Whether the lines of sources are echoed.
   bool echo() const noexcept { return fecho; }
