@@ -67,6 +67,11 @@ class tmessagelist {
   void setobserver(tstoreobserver* observer) noexcept { fobserver = observer; }
   tstoreobserver* observer() const noexcept { return fobserver; }
 
+  // Notifies the observer of a step in reading option text.
+  void tellstep(tstep::tkind kind, std::string_view key = {}, const toption* option = nullptr) const {
+    if (fobserver != nullptr) fobserver->stepped({kind, key, option});
+  }
+
   // The source that is being read, set by tactivesource; null when there is none.
   const tlinesource* activesource() const noexcept { return fsource; }
   // The name that messages quote for the option whose value is being set, as the caller wrote it. Set by
