@@ -237,9 +237,10 @@ def test_a_copy_needs_its_definition(definition, tmp_path):
     file.write_text(definition.read_text())
     options = wexcorin.Options(file)
     options["count"] = 7
-    file.write_text(definition.read_text().replace("count", "other"))
-    with pytest.raises(RuntimeError, match="is not what it was"):
-        options.copy()
+    for now in ("other", "integer"), ("count", "string"):
+        file.write_text(definition.read_text().replace("count integer", " ".join(now)))
+        with pytest.raises(RuntimeError, match="is not what it was"):
+            options.copy()
 
 
 def test_written_files_read_back(options, definition, tmp_path):
