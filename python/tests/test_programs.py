@@ -44,7 +44,10 @@ def pair(value):
 
 
 @hypothesis.settings(
-    max_examples=300, deadline=None, suppress_health_check=[hypothesis.HealthCheck.function_scoped_fixture]
+    max_examples=300,
+    deadline=None,
+    database=None,
+    suppress_health_check=[hypothesis.HealthCheck.function_scoped_fixture],
 )
 @hypothesis.given(program=st.lists(steps, max_size=12))
 def test_programs(definition, program):

@@ -7,7 +7,7 @@ $python -c 'import hypothesis, numpy, pytest' 2>"$work/log" || {
   echo "the Python package stays untried: $(tail -n 1 "$work/log") (python3-hypothesis, python3-numpy, python3-pytest)"
   exit 77
 }
-export PYTHONPATH="$1" PYTHONDONTWRITEBYTECODE=1 HYPOTHESIS_STORAGE_DIRECTORY="$work/hypothesis"
+export PYTHONPATH="$1" PYTHONDONTWRITEBYTECODE=1
 $python -m pytest -q python
 printf '#!/bin/sh\nexec %s examples/client.py "$@"\n' $python >"$work/client"
 chmod +x "$work/client"
