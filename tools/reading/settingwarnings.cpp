@@ -3,11 +3,26 @@
 
 #include <algorithm>
 
+#include "base/textcase.h"
 #include "tools/reading/suggest.h"
 
 namespace tool {
 
 using namespace optcore;
+
+namespace {
+
+// The name of a list as it stands in the line, which may have slashes for dashes.
+std::string_view typed(std::string_view name, std::string_view line) {
+  const std::string_view stem = name.substr(2);
+  for (std::size_t at = 2; at + stem.size() <= line.size(); ++at)
+    if (struequal(line.substr(at, stem.size()), stem) && line.find_first_of("-/", at - 2) == at - 2 &&
+        line.find_first_of("-/", at - 1) == at - 1)
+      return line.substr(at - 2, name.size());
+  return name;
+}
+
+}  // namespace
 
 // The options that are set by the name of the list without its dashes, or by a similar one. Lists are left
 // out: a text may well be meant for a second list.
@@ -28,13 +43,15 @@ const std::vector<std::string>& tsettingwarnings::meant(const toption& option) {
   return at->second;
 }
 
-std::optional<tfinding> tsettingwarnings::list(const toption& option, const tplace& place) {
+std::optional<tfinding> tsettingwarnings::list(const toption& option, std::string_view line,
+                                               const tplace& place) {
   if (!option.name().starts_with("--") || meant(option).empty()) return std::nullopt;
-  return tfinding{.place = place,
-                  .severity = tseverity::warning,
-                  .rule = "dashed-list",
-                  .text = inquotes(option.name()) + " adds a text to a list of its own and sets no option",
-                  .suggestions = meant(option)};
+  return tfinding{
+      .place = place,
+      .severity = tseverity::warning,
+      .rule = "dashed-list",
+      .text = inquotes(typed(option.name(), line)) + " adds a text to a list of its own and sets no option",
+      .suggestions = meant(option)};
 }
 
 // The value of the line, if it ends where a comment begins without a blank before it.

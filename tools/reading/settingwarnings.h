@@ -17,7 +17,7 @@ class tsettingwarnings {
   explicit tsettingwarnings(const optcore::tvksoptions& store) : fstore(store) {}
 
   // To be called after a value of the option was set. `line` is the line that does it.
-  std::optional<tfinding> list(const optcore::toption& option, const tplace& place);
+  std::optional<tfinding> list(const optcore::toption& option, std::string_view line, const tplace& place);
   std::optional<tfinding> comment(const optcore::toption& option, std::string_view line,
                                   const tplace& place) const;
 

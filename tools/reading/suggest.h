@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "options/vksoptions.h"
+#include "tools/reading/namewords.h"
 #include "tools/reading/nearnames.h"
 
 namespace tool {
@@ -17,7 +18,7 @@ namespace tool {
 std::vector<std::string> keynames(const optcore::tvksoptions& store);
 
 // Makes suggestions for the subject of a message: an unknown option or dot option, a name with signs of
-// another format in it, or a word that an option does not permit.
+// another format or its value in it, or a word that an option does not permit.
 class tsuggester {
  public:
   // The store must outlive this object, and have read its definition before the first unknown option is
@@ -33,10 +34,15 @@ class tsuggester {
   static constexpr std::size_t mostwords = 20'000;
   using tword = std::tuple<optcore::tsubject::tproblem, const optcore::toption*, std::string>;
 
-  std::vector<std::string> found(const optcore::tsubject& subject, std::string_view typed);
+  std::vector<std::string> found(const optcore::tsubject& subject, const std::string& typed);
   std::vector<std::string> permittedlike(const optcore::tenumstroption& option, std::string_view word);
   std::vector<std::string> likekey(std::string_view key, std::string_view typed);
+  std::vector<std::string> likedot(std::string_view dotname, std::string_view word);
+  std::vector<std::string> samewords(std::string_view word, bool leaveover);
+  std::vector<std::string> likelastpart(std::string_view word);
   std::vector<std::string> withoutlastwords(std::string_view key);
+  std::vector<std::string> knownend(std::string_view key) const;
+  std::string joinedtovalue(const optcore::tsubject& subject) const;
   std::vector<std::string> endingwith(std::string_view key);
   std::string writtenotherwise(std::string_view typed) const;
   std::string gluedtovalue(std::string_view typed) const;
@@ -45,6 +51,7 @@ class tsuggester {
 
   const optcore::tvksoptions& fstore;
   std::optional<tnearnames> fkeys, fdots;
+  std::optional<tnamewords> fkeywords;
   std::map<const optcore::toption*, tnearnames> fwords;  // the values of enumerations
   std::map<tword, std::vector<std::string>> fanswers;
 };
