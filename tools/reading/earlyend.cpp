@@ -70,7 +70,7 @@ std::string reasonof(const tlines& lines) {
   if (first == 26) return "because it begins with the byte 26 (Ctrl-Z), which ends the text";
   if (first < ' ' || first > '~')
     return "because it begins with the byte " + std::to_string(first) +
-           ", so this is no text of a definition";
+           ", so the file is hardly a definition";
   return "because it begins with " + inquotes(lines.last.substr(0, 1)) + ", but a name begins with a letter";
 }
 
@@ -87,7 +87,7 @@ bool isutf16(const std::string& path) {
 
 std::string reasonofearlyend(const std::string& path, std::int32_t line) {
   if (!isregular(path)) return "because no line of a definition can begin like this one";
-  if (isutf16(path)) return "because it is saved as UTF-16; save it as UTF-8";
+  if (isutf16(path)) return "";  // which is reported
   const tlines lines = linesupto(path, line);
   return lines.isattheend && lines.last == "\x1a" ? "" : reasonof(lines);
 }

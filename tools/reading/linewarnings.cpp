@@ -13,6 +13,7 @@
 #include "base/strutilx.h"
 #include "input/linereader.h"
 #include "options/codes.h"
+#include "tools/reading/earlyend.h"
 
 namespace tool {
 
@@ -82,11 +83,12 @@ void tlinewatch::line(std::int32_t number, const tbytesofline& line) {
     warn(number, "byte-order-mark",
          "The file begins with a byte order mark, for which its first line is refused; save the file "
          "without the mark");
+  if (line.haszero && !std::exchange(fzero, true))
+    warn(number, "zero-byte", "The line holds a zero byte, so the file is hardly a text");
+  if (line.haszero) return;
   if (line.returns && !std::exchange(freturns, true))
     warn(number, "return-alone",
          "A carriage return alone does not end a line; end the lines with line feeds");
-  if (line.haszero && !std::exchange(fzero, true))
-    warn(number, "zero-byte", "The line holds a zero byte, so the file is hardly a text");
   if (line.text.empty() || line.text.starts_with('*')) return;
   if (line.iscut)
     warn(number, "ctrl-z", "The byte 26 (Ctrl-Z) ends the line; what follows it on the line is not read");
@@ -105,7 +107,7 @@ void tlinewatch::line(std::int32_t number, const tbytesofline& line) {
 void warnoflines(const std::string& path, const std::string& name, tfilekind kind, std::int32_t last,
                  const std::function<void(tfinding)>& add) {
   std::error_code problem;
-  if (!std::filesystem::is_regular_file(path, problem)) return;
+  if (!std::filesystem::is_regular_file(path, problem) || isutf16(path)) return;
   std::ifstream file(path, std::ios::binary);
   tlinewatch watch(name, kind, add);
   constexpr std::size_t kept = 256;

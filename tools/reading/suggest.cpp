@@ -52,9 +52,9 @@ bool isaboutword(const tsubject& subject, std::string_view line) {
 }
 
 // The words of other option languages before an assignment.
+constexpr auto setters =
+    std::to_array<std::string_view>({"set", "let", "option", "param", "parameter", "options"});
 bool issetter(std::string_view word) {
-  static constexpr std::array<std::string_view, 6> setters = {"set",   "let",       "option",
-                                                              "param", "parameter", "options"};
   return std::ranges::any_of(setters, [&](std::string_view setter) { return struequal(word, setter); });
 }
 
@@ -235,6 +235,10 @@ std::vector<std::string> tsuggester::likekey(std::string_view key, std::string_v
   if (result.empty()) append(result, withoutlastwords(key));
   append(result, endingwith(key));
   if (result.empty()) append(result, samewords(word, true));
+  if (result.empty() && !behindsetter.empty() && words.size() > 1) {  // set mip tolerances gap 2
+    words[0] = setters[0];
+    return likekey(words[1], joined(words, words.size(), ' '));
+  }
   if (fstore.optionasobj("." + std::string(key)) != nullptr) append(result, {"." + std::string(key)});
   return result;
 }
