@@ -267,6 +267,12 @@ threads 5!b
 title a\rb
 read sub/x.opt
 title {1100 * "x"}""")
+write("ended.def", "a integer 1 5 0 9 1 0 A\n\x1a\n")
+write("empty.def", "* nothing\n")
+write("early.def", 'x group 1 1 X\ns string 1 "" 1 0 S\n\nt string 2 "" 1 0 T\x1arest\n d\ng integer 5 1 0 9 1 1 G\n')
+for name, text in ("utf16.def", "a integer 1 5 0 9 1 0 A\n"), ("utf16.opt", "* a\n"):
+    with open(name, "wb") as file:
+        file.write(text.encode("utf-16"))
 write("mark.def", "\ufeffb integer 1 5 0 9 1 0 B\r\n")
 write("tab.def", "a integer 1 5 0 9 1 0 A\r\n\tb integer 1 5 0 9 1 0 B\r\nc integer\r")
 for command, wanted in {
@@ -274,7 +280,9 @@ for command, wanted in {
         "rest.def lines.opt --allow set-again":
             "1 option-file 2 dashed-list 3 dashed-list 6 long-name 7 comment-cut 10 comment-cut 1 unusable-file "
             "14 text-cut 1 byte-order-mark 12 return-alone 14 line-cut",
-        "mark.def": "1 early-end 1 byte-order-mark None no-options", "tab.def": "2 early-end"}.items():
+        "mark.def": "1 early-end 1 byte-order-mark None no-options", "tab.def": "2 early-end", "ended.def": "",
+        "empty.def": "None no-options", "early.def": "5 early-end 4 ctrl-z", "utf16.def": "1 utf-16 None no-options",
+        "ended.def utf16.opt": "1 utf-16 1 option-file 2 option-file"}.items():
     found = json.loads(run(f"wexcorin check --json {command}")[0])["findings"]
     expect(f"check {command}", " ".join(f"{each['line']} {each['rule']}" for each in found), wanted)
 out = run("cat lines.opt | wexcorin check rest.def /dev/stdin")[0]
