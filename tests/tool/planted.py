@@ -157,7 +157,11 @@ worklim synonym          | nodelim synonym                | definition          
 104 1977                 | 103 1977                       | reference-twice                                   |
 104 1977 0 maxint 1 1    | 104 1977 0 maxint 1 99         | group-undeclared                                  |
 cuts group 8             | cuts group 7                   | definition                                        |
- log_interior            |  log_interiors                 | definition                                        |
+== a name that is not defined
+ log_interior            |  log_interoir                  | definition                                        | log_interior
+ integrality_tol         |  integralty_tol                | definition                                        | integrality_tol
+cores synonym threads    | cores synonym thraeds          | definition                                        | threads
+ big_number use          |  bignumber use                 | definition                                        | big_number
 == a line at which the definition ends
 seed integer 104         | 8seed integer 104              | but a name begins with a letter                      |
 effort double            | ~effort double                 | begins with a tab                                 |

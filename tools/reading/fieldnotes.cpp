@@ -193,7 +193,29 @@ std::string fieldsof(std::string_view type) {
   return fields.empty() ? "" : "The fields are: name, " + std::string(type) + ", " + names(fields);
 }
 
-void tfieldnotes::begin(std::string_view line) { ftype = parsed(line).type; }
+void tfieldnotes::begin(std::string_view line) {
+  const tdefinitionline last = parsed(line);
+  fname = last.name;
+  ftype = last.type;
+}
+
+// A line that begins with a blank holds the members of an option, or a name that is marked.
+std::vector<std::string> tfieldnotes::references(const tmessage& message) const {
+  if (message.source == nullptr || message.subject.problem != tsubject::tproblem::other) return {};
+  std::string_view line = message.source->linetext();
+  const auto firstword = [](std::string_view text) -> std::vector<std::string> {
+    return {std::string(withoutquotes(takeword(text)))};
+  };
+  if (!line.starts_with(' '))
+    return struequal(parsed(line).type, "synonym") ? firstword(parsed(line).rest)
+                                                   : std::vector<std::string>();
+  if (!isaboutlast(message) || struequal(ftype, "macro")) return firstword(line);
+  std::vector<std::string> members;
+  if (struequal(ftype, "multilist"))
+    for (std::string_view word = takeword(line); !word.empty(); word = takeword(line))
+      members.emplace_back(withoutquotes(word));
+  return members;
+}
 
 std::string tfieldnotes::next(const tmessage& message) {
   using enum tsubject::tproblem;
@@ -204,7 +226,9 @@ std::string tfieldnotes::next(const tmessage& message) {
   if (kind == unknowntype) return ontype(message.subject.value);
   const std::string_view line = message.source->linetext();
   if (std::exchange(fline, message.line) != message.line)
-    fnotes = line.starts_with(' ') ? std::deque<std::string>{onvalueline(line, ftype)} : notesabout(line);
+    fnotes = !line.starts_with(' ') ? notesabout(line)
+             : isaboutlast(message) ? std::deque<std::string>{onvalueline(line, ftype)}
+                                    : std::deque<std::string>();
   if (fnotes.empty()) return {};
   std::string note = std::move(fnotes.front());
   fnotes.pop_front();

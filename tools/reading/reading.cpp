@@ -213,6 +213,8 @@ void treading::filed(const tmessage& message) {
   const std::string_view line = message.source != nullptr ? message.source->linetext() : std::string_view();
   std::vector<std::string> suggestions;
   if (ffindings.keeps(rule)) suggestions = fsuggester.suggestionsfor(message.subject, line);
+  if (message.kind == tmsgkind::defineerror && suggestions.empty() && ffindings.keeps(rule))
+    suggestions = fsuggester.definedlike(ffieldnotes.references(message));
   ffindings.begin({.place = placeof(message),
                    .severity = severityof(message.kind),
                    .rule = rule,

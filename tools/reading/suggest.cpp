@@ -174,6 +174,21 @@ std::vector<std::string> tsuggester::suggestionsfor(const tsubject& subject, std
   return fanswers.emplace(std::move(word), std::move(suggestions)).first->second;
 }
 
+// The names of the definition are still growing, so they are collected each time.
+std::vector<std::string> tsuggester::definedlike(const std::vector<std::string>& names) {
+  constexpr std::int32_t most = 100;
+  const std::string* unknown = nullptr;
+  for (const std::string& name : names) {
+    if (fstore.definition().exactoption(name) != nullptr) continue;
+    if (unknown != nullptr) return {};
+    unknown = &name;
+  }
+  if (unknown == nullptr || unknown->empty() || ++flooked > most) return {};
+  if (std::string name = known(*unknown); !name.empty() && !struequal(name, *unknown))
+    return {std::move(name)};
+  return tnearnames(keynames(fstore)).nearest(*unknown, tmatch::nearorlonger);
+}
+
 std::vector<std::string> tsuggester::found(const tsubject& subject, const std::string& typed) {
   switch (subject.problem) {
     case tsubject::tproblem::other:

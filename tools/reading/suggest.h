@@ -1,6 +1,7 @@
 // Suggestions for a name or word that the library does not know: what may have been meant.
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -27,6 +28,8 @@ class tsuggester {
 
   // At most three names, the most likely one first. `line` is the line that the subject stands on.
   std::vector<std::string> suggestionsfor(const optcore::tsubject& subject, std::string_view line);
+  // The same while the definition is read, for the only one of these names that no option has so far.
+  std::vector<std::string> definedlike(const std::vector<std::string>& names);
 
  private:
   // After so many words there are no suggestions for others: a file with so many unknown words is not
@@ -54,6 +57,7 @@ class tsuggester {
   std::optional<tnamewords> fkeywords;
   std::map<const optcore::toption*, tnearnames> fwords;  // the values of enumerations
   std::map<tword, std::vector<std::string>> fanswers;
+  std::int32_t flooked = 0;  // how often names were looked up while the definition was read
 };
 
 }  // namespace tool
