@@ -50,7 +50,7 @@ std::string reasonabove(const tlines& lines) {
   std::istringstream words(lines.above);
   std::string name, type;
   words >> name >> type;
-  type = type.substr(0, type.rfind('.'));
+  type.resize(std::min(type.rfind('.'), type.size()));
   const std::string begins = "because it begins with a blank, but ";
   if (name.empty()) return begins + "there is no line above that it continues";
   if (lines.blankabove) return begins + "a line of blanks has ended the definition above it";

@@ -117,9 +117,9 @@ std::string problem(const tfield& field, std::string_view word, bool commafollow
   const std::string text =
       "The " + name + " must be " + std::string(describe(field.form)) + ", but " + seen + " is in its place";
   if (field.form == tform::number) return text + "; the largest number is maxdouble";
-  if (field.form == tform::zeroorone || strasdoubleex(word, number)) return text;
-  return text + "; perhaps it " + (field.name == reference.name ? "" : "or a field before it ") +
-         "was left out";
+  const bool isother = field.form == tform::zeroorone || strasdoubleex(word, number);
+  const std::string which = field.name == reference.name ? "" : "or a field before it ";
+  return text + (isother ? "" : "; perhaps it " + which + "was left out");
 }
 
 std::string problemoffields(std::string_view rest, const std::vector<tfield>& fields) {

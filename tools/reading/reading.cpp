@@ -308,8 +308,8 @@ void treading::watchsetting(const toption& option) {
   const tplace place = placeof(source, source->linenr());
   if (option.name().starts_with("--") && option.name().size() > maxidentifier + 2)
     add({place, tseverity::warning, "long-name",
-         "The name " + inquotes(option.name()) + " has more than " + std::to_string(maxidentifier) +
-             " characters"});
+         "The name " + inquotes(typedname(option, source->linetext())) + " has more than " +
+             std::to_string(maxidentifier) + " characters"});
   if (auto finding = fsettingwarnings.list(option, source->linetext(), place)) add(std::move(*finding));
   if (auto finding = fsettingwarnings.comment(option, source->linetext(), place)) add(std::move(*finding));
 }

@@ -10,19 +10,14 @@ namespace tool {
 
 using namespace optcore;
 
-namespace {
-
-// The name of a list as it stands in the line, which may have slashes for dashes.
-std::string_view typed(std::string_view name, std::string_view line) {
-  const std::string_view stem = name.substr(2);
+std::string_view typedname(const toption& list, std::string_view line) {
+  const std::string_view stem = list.name().substr(2);
+  const auto isdash = [](char c) { return c == '-' || c == '/'; };
   for (std::size_t at = 2; at + stem.size() <= line.size(); ++at)
-    if (struequal(line.substr(at, stem.size()), stem) && line.find_first_of("-/", at - 2) == at - 2 &&
-        line.find_first_of("-/", at - 1) == at - 1)
-      return line.substr(at - 2, name.size());
-  return name;
+    if (isdash(line[at - 2]) && isdash(line[at - 1]) && struequal(line.substr(at, stem.size()), stem))
+      return line.substr(at - 2, stem.size() + 2);
+  return list.name();
 }
-
-}  // namespace
 
 // The options that are set by the name of the list without its dashes, or by a similar one. Lists are left
 // out: a text may well be meant for a second list.
@@ -50,7 +45,7 @@ std::optional<tfinding> tsettingwarnings::list(const toption& option, std::strin
       .place = place,
       .severity = tseverity::warning,
       .rule = "dashed-list",
-      .text = inquotes(typed(option.name(), line)) + " adds a text to a list of its own and sets no option",
+      .text = inquotes(typedname(option, line)) + " adds a text to a list of its own and sets no option",
       .suggestions = meant(option)};
 }
 

@@ -11,6 +11,9 @@
 
 namespace tool {
 
+// The name of a list as it stands in the line, which may have slashes for dashes.
+std::string_view typedname(const optcore::toption& list, std::string_view line);
+
 class tsettingwarnings {
  public:
   // The store must outlive this object, and have read its definition before the first setting.
