@@ -73,6 +73,10 @@ gap 1e-3                 | feasibility 1e-6               | unknown-option | fea
 gap 1e-3                 | opt_tol 1e-6                   | unknown-option | optimality_tol
 stall_limit 800          | refactor_freq 80               | unknown-option | refactor_frequency
 stall_limit 800          | stall 800                      | unknown-option | stall_limit
+stall_limit 800          | heuristics 0.1                 | unknown-option | heuristic_share
+describe sifting         | priority 5                     | unknown-option | .prior
+== a name near one that is no longer used
+stall_limit 800          | presolve off                   | unknown-option | reduce
 describe sifting         | prior 5                        | unknown-option | .prior
 == a letter too many, too few or wrong
 THREADS = 8              | thread 8                       | unknown-option | threads

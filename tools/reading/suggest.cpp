@@ -156,6 +156,11 @@ const tnearnames& tsuggester::keys() {
   return *fkeys;
 }
 
+const tnearnames& tsuggester::dots() {
+  if (!fdots) fdots.emplace(dotnames(fstore));
+  return *fdots;
+}
+
 // The option's name as option files write it; empty if no option has the name.
 std::string tsuggester::known(std::string_view name) const {
   const toption* option = fstore.optionasobj(name);
@@ -171,6 +176,7 @@ std::vector<std::string> tsuggester::suggestionsfor(const tsubject& subject, std
   if (known != fanswers.end()) return known->second;
   if (fanswers.size() == mostwords) return {};
   std::vector<std::string> suggestions = found(subject, std::get<std::string>(word));
+  if (!isaboutvalue(subject)) suggestions = inforce(suggestions);
   return fanswers.emplace(std::move(word), std::move(suggestions)).first->second;
 }
 
@@ -254,16 +260,37 @@ std::vector<std::string> tsuggester::likekey(std::string_view key, std::string_v
     words[0] = setters[0];
     return likekey(words[1], joined(words, words.size(), ' '));
   }
-  if (fstore.optionasobj("." + std::string(key)) != nullptr) append(result, {"." + std::string(key)});
+  if (result.empty() && key.ends_with('s'))  // nodes
+    result = keys().nearest(key.substr(0, key.size() - 1), tmatch::nearorlonger);
+  if (result.size() < 3) append(result, dotname(key, result.empty()));
+  return result;
+}
+
+// The dot option of this name or, if `near` is set, of a similar one.
+std::vector<std::string> tsuggester::dotname(std::string_view key, bool near) {
+  if (std::string name = "." + std::string(key); fstore.optionasobj(name) != nullptr)
+    return {std::move(name)};
+  return near ? dots().nearest("." + std::string(key), tmatch::near) : std::vector<std::string>();
+}
+
+// With the options themselves in place of their synonyms that should no longer be used.
+std::vector<std::string> tsuggester::inforce(const std::vector<std::string>& names) const {
+  std::vector<std::string> result;
+  for (const std::string& name : names) {
+    const toption* option = fstore.optionasobj(withunderscores(name));
+    const bool isold = option != nullptr && !struequal(option->getname(), name) &&
+                       (option->hasdeprecation(tdeprecation::deprecatedsynonym) ||
+                        option->hasdeprecation(tdeprecation::obsoletesynonym));
+    append(result, {isold ? std::string(option->getname()) : name});
+  }
   return result;
 }
 
 // A name with a period in it may be one of a dot option, or have the period for an underscore.
 std::vector<std::string> tsuggester::likedot(std::string_view dotname, std::string_view word) {
-  if (!fdots) fdots.emplace(dotnames(fstore));
   if (std::string name = writtenotherwise(word); !name.empty()) return {std::move(name)};
   std::vector<std::string> result = samewords(word, false);
-  append(result, fdots->nearest(dotname, tmatch::nearorlonger));
+  append(result, dots().nearest(dotname, tmatch::nearorlonger));
   if (result.empty()) result = keys().nearest(withunderscores(word), tmatch::near);
   if (result.empty()) result = samewords(word, true);
   return result;

@@ -50,7 +50,10 @@ class tsuggester {
   std::string writtenotherwise(std::string_view typed) const;
   std::string gluedtovalue(std::string_view typed) const;
   std::string known(std::string_view name) const;
+  std::vector<std::string> dotname(std::string_view key, bool near);
+  std::vector<std::string> inforce(const std::vector<std::string>& names) const;
   const tnearnames& keys();
+  const tnearnames& dots();
 
   const optcore::tvksoptions& fstore;
   std::optional<tnearnames> fkeys, fdots;
