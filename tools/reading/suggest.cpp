@@ -251,11 +251,11 @@ std::vector<std::string> tsuggester::likekey(std::string_view key, std::string_v
   if (!result.empty()) return result;
   if (std::string name = writtenotherwise(word); !name.empty()) return {std::move(name)};
   result = keys().nearest(key, tmatch::nearorlonger);
-  if (result.empty()) append(result, knownend(key));
+  if (result.empty()) append(result, knownpart(key));
+  if (result.empty()) append(result, samewords(word, true));
   if (result.empty()) append(result, likelastpart(word));
   if (result.empty()) append(result, withoutlastwords(key));
   append(result, endingwith(key));
-  if (result.empty()) append(result, samewords(word, true));
   if (result.empty() && !behindsetter.empty() && words.size() > 1) {  // set mip tolerances gap 2
     words[0] = setters[0];
     return likekey(words[1], joined(words, words.size(), ' '));
@@ -350,23 +350,23 @@ std::vector<std::string> tsuggester::withoutlastwords(std::string_view key) {
   std::vector<std::string> result;
   for (std::size_t end = key.rfind('_'); result.empty() && end != std::string::npos && end >= 4;
        end = key.rfind('_', end - 1)) {
-    const std::string_view first = key.substr(0, end);
-    if (std::string name = known(first); !name.empty()) return {std::move(name)};
-    result = keys().nearest(first, tmatch::near);
+    result = keys().nearest(key.substr(0, end), tmatch::near);
   }
   return result;
 }
 
-// The first word may be the name of a part of the solver.
-std::vector<std::string> tsuggester::knownend(std::string_view key) const {
+// The first word may be the name of a part of the solver, the last one a unit.
+std::vector<std::string> tsuggester::knownpart(std::string_view key) const {
   for (std::size_t begin = key.find('_'); begin != std::string::npos; begin = key.find('_', begin + 1))
     if (std::string name = known(key.substr(begin + 1)); !name.empty()) return {std::move(name)};
+  for (std::size_t end = key.rfind('_'); end != std::string::npos && end > 0; end = key.rfind('_', end - 1))
+    if (std::string name = known(key.substr(0, end)); !name.empty()) return {std::move(name)};
   return {};
 }
 
 // Names whose last words are the key, or the other way round.
 std::vector<std::string> tsuggester::endingwith(std::string_view key) {
-  std::vector<std::string> result = knownend(key);
+  std::vector<std::string> result = knownpart(key);
   return result.empty() ? keys().endingwith("_" + std::string(key)) : result;
 }
 

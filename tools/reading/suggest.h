@@ -44,7 +44,7 @@ class tsuggester {
   std::vector<std::string> samewords(std::string_view word, bool leaveover);
   std::vector<std::string> likelastpart(std::string_view word);
   std::vector<std::string> withoutlastwords(std::string_view key);
-  std::vector<std::string> knownend(std::string_view key) const;
+  std::vector<std::string> knownpart(std::string_view key) const;
   std::string joinedtovalue(const optcore::tsubject& subject) const;
   std::vector<std::string> endingwith(std::string_view key);
   std::string writtenotherwise(std::string_view typed) const;
