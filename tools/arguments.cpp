@@ -23,7 +23,7 @@ constexpr std::size_t maxfilename = 254;  // the longest that the library accept
 
 constexpr const char* notes =
     "An input file named - is standard input, an output file named - standard output.\n"
-    "Exit codes: 0 no problems; 1 problems in what was read; 2 wrong use, or a file that cannot be opened, "
+    "Exit codes: 0 no errors; 1 errors in what was read; 2 wrong use, or a file that cannot be opened, "
     "read\n"
     "or written.";
 

@@ -41,7 +41,8 @@ const tassignments::tearlier* tassignments::replaced(const optcore::toption& opt
   tassignment& assignment = fassignments[&option][optcore::ordinal(which)];
   const bool macro = bymacro(option);
   const bool refinespreset = assignment.bymacro && !macro;
-  const bool changes = assignment.isset && assignment.last.value != value.view() && !refinespreset;
+  const bool changes = assignment.isset && assignment.last.file == file && assignment.last.line <= line &&
+                       assignment.last.value != value.view() && !refinespreset;
   if (changes) std::swap(freplaced, assignment.last);
   assignment.isset = true;
   assignment.bymacro = macro;

@@ -13,6 +13,7 @@
 namespace tool {
 
 // Remembers the last value of each option. There is no warning for
+// - a value of another file or text, because later ones are meant to replace values of earlier ones,
 // - a strlist, because it collects texts,
 // - a dot option, because its values belong to different symbols,
 // - a value that replaces one set by a macro, because a macro is a preset that later lines may refine. A

@@ -13,6 +13,7 @@
 #include "base/strutilx.h"
 #include "input/linereader.h"
 #include "options/codes.h"
+#include "tools/reading/earlyend.h"
 
 namespace tool {
 
@@ -25,6 +26,17 @@ struct tbytesofline {
   std::string text;
   std::size_t length = 0;
   bool returns = false;  // has a carriage return that is not at its end
+  bool haszero = false;  // has a zero byte
+  bool hasmark = false;  // has the byte 26
+  bool iscut = false;    // has more than a carriage return after it
+
+  void look(std::string_view part) {
+    haszero = haszero || part.find('\0') != std::string_view::npos;
+    const std::size_t behind = hasmark ? 0 : part.find('\x1a') + 1;
+    if (!hasmark && behind == 0) return;
+    hasmark = true;
+    iscut = iscut || part.find_first_not_of('\r', behind) != std::string_view::npos;
+  }
 };
 
 class tlinewatch {
@@ -44,6 +56,7 @@ class tlinewatch {
   tfilekind fkind;
   const std::function<void(tfinding)>& fadd;
   bool freturns = false;  // was reported
+  bool fzero = false;     // was reported
 };
 
 bool isnumber(std::string_view word) {
@@ -51,10 +64,10 @@ bool isnumber(std::string_view word) {
   return !word.empty() && std::ranges::all_of(word, [](char c) { return isdigit(c); });
 }
 
-// Whether a line that begins with a blank or tab has the form "name type number" and two more fields, or that
-// of a group. Lines of help hardly do.
+// Whether a line that begins with a blank has the form "name type number" and two more fields, or that of a
+// group. Lines of help hardly do. A line that begins with a tab ends the definition, which is reported.
 bool tlinewatch::isindented(const std::string& text) const {
-  if (fkind != tfilekind::definition || (text[0] != ' ' && text[0] != '\t')) return false;
+  if (fkind != tfilekind::definition || text[0] != ' ') return false;
   std::istringstream stream(text);
   std::vector<std::string> words;
   for (std::string word; words.size() < 5 && stream >> word;) words.push_back(word);
@@ -70,18 +83,23 @@ void tlinewatch::line(std::int32_t number, const tbytesofline& line) {
     warn(number, "byte-order-mark",
          "The file begins with a byte order mark, for which its first line is refused; save the file "
          "without the mark");
+  if (line.haszero && !std::exchange(fzero, true))
+    warn(number, "zero-byte", "The line holds a zero byte, so the file is hardly a text");
+  if (line.haszero) return;
   if (line.returns && !std::exchange(freturns, true))
     warn(number, "return-alone",
          "A carriage return alone does not end a line; end the lines with line feeds");
   if (line.text.empty() || line.text.starts_with('*')) return;
+  if (line.iscut)
+    warn(number, "ctrl-z", "The byte 26 (Ctrl-Z) ends the line; what follows it on the line is not read");
   if (line.length > tlinereader::maxline)
     warn(number, "line-cut",
          "The line has " + std::to_string(line.length) + " characters; only the first " +
              std::to_string(tlinereader::maxline) + " are read");
   if (isindented(line.text))
     warn(number, "indented",
-         std::string("The line looks like the beginning of a definition, but begins with a ") +
-             (line.text[0] == '\t' ? "tab" : "blank, so it continues the definition above it"));
+         "The line looks like the beginning of a definition, but begins with a blank, so it continues the "
+         "definition above it");
 }
 
 }  // namespace
@@ -89,7 +107,7 @@ void tlinewatch::line(std::int32_t number, const tbytesofline& line) {
 void warnoflines(const std::string& path, const std::string& name, tfilekind kind, std::int32_t last,
                  const std::function<void(tfinding)>& add) {
   std::error_code problem;
-  if (!std::filesystem::is_regular_file(path, problem)) return;
+  if (!std::filesystem::is_regular_file(path, problem) || isutf16(path)) return;
   std::ifstream file(path, std::ios::binary);
   tlinewatch watch(name, kind, add);
   constexpr std::size_t kept = 256;
@@ -111,6 +129,7 @@ void warnoflines(const std::string& path, const std::string& name, tfilekind kin
       if (!part.empty()) {
         line.returns = line.returns || endsinreturn || part.find('\r') < part.size() - 1;
         endsinreturn = part.back() == '\r';
+        line.look(part);
         line.length += part.size();
         line.text.append(part.substr(0, kept - std::min(kept, line.text.size())));
       }

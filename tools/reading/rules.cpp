@@ -20,13 +20,16 @@ constexpr auto rules = std::to_array<trule>({
     {"unusable-file", library, "A file cannot be opened or read."},
     {"deprecated", warning, "A name is deprecated or obsolete."},
     {"early-end", tool, "The definition ends before the last line of its file."},
+    {"utf-16", tool, "A file is saved as UTF-16."},
     {"byte-order-mark", tool, "A file begins with a byte order mark."},
     {"return-alone", tool, "A line has a carriage return before its end."},
+    {"zero-byte", tool, "A file holds a zero byte, so it is hardly a text."},
+    {"ctrl-z", tool, "The byte 26 (Ctrl-Z) ends a line before its end."},
     {"line-cut", tool, "A line has more than 1,020 characters."},
     {"text-cut", tool, "A text has more than 255 characters."},
     {"long-name", tool, "A name has more than 63 characters."},
-    {"indented", tool,
-     "A line of a definition begins with a blank or tab, but looks like the beginning of one."},
+    {"indented", tool, "A line that continues a definition looks like the beginning of one."},
+    {"no-options", tool, "A definition has no options."},
     {"group-undeclared", tool, "An option is in a group that no group line declares."},
     {"group-empty", tool, "A group has no options."},
     {"reference-twice", tool, "Two options have the same reference number, other than 0."},
@@ -37,7 +40,7 @@ constexpr auto rules = std::to_array<trule>({
     {"name-not-found", tool, "A name of the definition finds another option, or none, in the lookup mode."},
     {"dashed-list", tool, "A list of its own has a name like that of an option."},
     {"comment-cut", tool, "A text without quotes ends at a comment character."},
-    {"set-again", tool, "An option is set twice, with different values."},
+    {"set-again", tool, "A file sets an option twice, with different values."},
 });
 
 }  // namespace
