@@ -20,11 +20,35 @@ namespace {
 
 using namespace optcore;
 
-// A line, of which the first characters are kept.
+// A line, or its first characters.
 struct tbytesofline {
-  std::string text;
+  std::string_view text;
   std::size_t length = 0;
   bool returns = false;  // has a carriage return that is not at its end
+};
+
+// A line that consists of several parts or has a carriage return. Its first characters are kept.
+class tlongline {
+ public:
+  bool isempty() const { return flength == 0; }
+  void append(std::string_view part) {
+    if (part.empty()) return;
+    freturns = freturns || fendsinreturn || part.find('\r') < part.size() - 1;
+    fendsinreturn = part.back() == '\r';
+    flength += part.size();
+    ftext.append(part.substr(0, kept - std::min(kept, ftext.size())));
+  }
+  tbytesofline bytes() const {
+    const std::size_t length = flength - (fendsinreturn ? 1 : 0);
+    return {std::string_view(ftext).substr(0, length), length, freturns};
+  }
+  void clear() { *this = {}; }
+
+ private:
+  static constexpr std::size_t kept = 256;
+  std::string ftext;
+  std::size_t flength = 0;
+  bool freturns = false, fendsinreturn = false;
 };
 
 class tlinewatch {
@@ -38,7 +62,7 @@ class tlinewatch {
   void warn(std::int32_t number, std::string_view rule, std::string text) {
     fadd({{fname, number}, tseverity::warning, rule, std::move(text)});
   }
-  bool isindented(const std::string& text) const;
+  bool isindented(std::string_view text) const;
 
   const std::string& fname;
   tfilekind fkind;
@@ -53,9 +77,9 @@ bool isnumber(std::string_view word) {
 
 // Whether a line that begins with a blank or tab has the form "name type number" and two more fields, or that
 // of a group. Lines of help hardly do.
-bool tlinewatch::isindented(const std::string& text) const {
+bool tlinewatch::isindented(std::string_view text) const {
   if (fkind != tfilekind::definition || (text[0] != ' ' && text[0] != '\t')) return false;
-  std::istringstream stream(text);
+  std::istringstream stream{std::string(text)};
   std::vector<std::string> words;
   for (std::string word; words.size() < 5 && stream >> word;) words.push_back(word);
   if (words.size() < 4 || !isletter(words[0].front()) || !isnumber(words[2])) return false;
@@ -92,34 +116,23 @@ void warnoflines(const std::string& path, const std::string& name, tfilekind kin
   if (!std::filesystem::is_regular_file(path, problem)) return;
   std::ifstream file(path, std::ios::binary);
   tlinewatch watch(name, kind, add);
-  constexpr std::size_t kept = 256;
   std::array<char, 64 * 1024> block{};
-  tbytesofline line;
+  tlongline line;
   std::int32_t number = 1;
-  bool endsinreturn = false;
-  const auto end = [&] {
-    if (endsinreturn) --line.length;
-    if (line.text.ends_with('\r') && line.length < line.text.size()) line.text.pop_back();
-    watch.line(number++, std::exchange(line, {}));
-    endsinreturn = false;
-  };
-  while ((last == 0 || number <= last) && (file.read(block.data(), block.size()), file.gcount() > 0)) {
+  const auto reads = [&] { return last == 0 || number <= last; };
+  while (reads() && (file.read(block.data(), block.size()), file.gcount() > 0)) {
     std::string_view rest(block.data(), static_cast<std::size_t>(file.gcount()));
-    while (!rest.empty() && (last == 0 || number <= last)) {
+    const bool hasreturns = rest.find('\r') != std::string_view::npos;
+    while (!rest.empty() && reads()) {
       const std::size_t feed = rest.find('\n');
-      const std::string_view part = rest.substr(0, feed);
-      if (!part.empty()) {
-        line.returns = line.returns || endsinreturn || part.find('\r') < part.size() - 1;
-        endsinreturn = part.back() == '\r';
-        line.length += part.size();
-        line.text.append(part.substr(0, kept - std::min(kept, line.text.size())));
-      }
+      if (feed == std::string_view::npos || !line.isempty() || hasreturns) line.append(rest.substr(0, feed));
       if (feed == std::string_view::npos) break;
-      end();
+      watch.line(number++, line.isempty() ? tbytesofline{rest.substr(0, feed), feed} : line.bytes());
+      if (!line.isempty()) line.clear();
       rest.remove_prefix(feed + 1);
     }
   }
-  if (line.length > 0 && (last == 0 || number <= last)) end();
+  if (!line.isempty() && reads()) watch.line(number, line.bytes());
 }
 
 }  // namespace tool
