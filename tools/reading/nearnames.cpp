@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <ranges>
 
 #include "base/textcase.h"
 
@@ -107,7 +106,9 @@ class tdistance {
   std::array<tcolumn, longest + mosttolerated + 1> fcolumns{};
 };
 
-auto backwards(const std::string& key) { return std::views::reverse(key); }
+bool isbeforebackwards(const std::string& a, const std::string& b) {
+  return std::lexicographical_compare(a.rbegin(), a.rend(), b.rbegin(), b.rend());
+}
 
 }  // namespace
 
@@ -129,9 +130,8 @@ tnearnames::tnearnames(std::vector<std::string> names) : fnames(std::move(names)
   fcounts.reserve(fkeys.size());
   for (const std::uint32_t i : fbylength) fcounts.push_back(countsof(fkeys[i]));
   std::ranges::sort(fbybeginning, {}, [this](std::uint32_t i) -> const std::string& { return fkeys[i]; });
-  std::ranges::sort(fbyending, [this](std::uint32_t i, std::uint32_t j) {
-    return std::ranges::lexicographical_compare(backwards(fkeys[i]), backwards(fkeys[j]));
-  });
+  std::ranges::sort(fbyending, isbeforebackwards,
+                    [this](std::uint32_t i) -> const std::string& { return fkeys[i]; });
 }
 
 std::span<const std::uint32_t> tnearnames::ofsimilarlength(std::size_t length, std::size_t difference) const {
@@ -165,8 +165,9 @@ void tnearnames::addnear(std::string_view key, std::string_view typed, std::vect
 
 void tnearnames::addlonger(std::string_view key, std::vector<thit>& hits) const {
   const auto beginning = [&](std::uint32_t i) { return std::string_view(fkeys[i]).substr(0, key.size()); };
-  for (const std::uint32_t i : std::ranges::equal_range(fbybeginning, key, {}, beginning))
-    hits.push_back({fkeys[i].size() - key.size(), i});
+  const auto first = std::ranges::lower_bound(fbybeginning, key, {}, beginning);
+  const auto last = std::ranges::upper_bound(fbybeginning, key, {}, beginning);
+  for (const std::uint32_t i : std::span(first, last)) hits.push_back({fkeys[i].size() - key.size(), i});
 }
 
 std::vector<std::string> tnearnames::best(std::vector<thit> hits, std::string_view typed) const {
@@ -194,10 +195,8 @@ std::vector<std::string> tnearnames::nearest(std::string_view typed, tmatch matc
 std::vector<std::string> tnearnames::endingwith(std::string_view ending) const {
   const std::string key = folded(ending);
   const auto same = [&](std::uint32_t i) { return fkeys[i].ends_with(key); };
-  const auto before = [&](std::uint32_t i) {
-    return std::ranges::lexicographical_compare(backwards(fkeys[i]), backwards(key));
-  };
-  const auto first = std::ranges::partition_point(fbyending, before);
+  const auto before = [&](std::uint32_t i) { return isbeforebackwards(fkeys[i], key); };
+  const auto first = std::partition_point(fbyending.begin(), fbyending.end(), before);
   tpositions found(first, std::find_if_not(first, fbyending.end(), same));
   std::ranges::sort(found);
   std::vector<std::string> result;
