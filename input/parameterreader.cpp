@@ -145,12 +145,14 @@ bool tparameterreader::statement() {
 
 // Messages are built in functions of their own, so that lines without errors need no stack space for them.
 bool tparameterreader::nokey() {
+  messages().tellstep(tstep::tkind::statement);
   const char saw = fscanner.ch();
   error(concat("Option keyword expected, saw ", quoted({&saw, fscanner.atlineend() ? 0U : 1U})));
   return false;
 }
 
 bool tparameterreader::badseparator(std::string_view key) {
+  messages().tellstep(tstep::tkind::statement, key);
   error(concat("Bad separator after key ", quoted(key)),
         {.name = key, .problem = tsubject::tproblem::badseparator});
   return false;
@@ -175,6 +177,7 @@ bool tparameterreader::dispatch(std::int32_t dashes) {
   }
   toption* option = findoption();
   const tcurrentname current(messages(), fkey);
+  messages().tellstep(tstep::tkind::statement, fkey, option);
   if (dashes >= 2) {
     listvalue(option != nullptr ? *option : addlist());
     return true;
@@ -259,7 +262,10 @@ void tparameterreader::immediate(const timmediateoption& option) {
 bool tparameterreader::ordinary(toption& option) {
   const tsubtype subtype = option.subtype();
   if (subtype == tsubtype::novalue || (subtype == tsubtype::optional && !fscanner.skipbl())) {
-    if (checkdeprecation(option)) option.usedefined();
+    if (checkdeprecation(option)) {
+      messages().tellstep(tstep::tkind::takesdefault, fkey, &option);
+      option.usedefined();
+    }
   } else if (!fscanner.skipbecomes()) {
     novalue(option);
   } else if (subtype == tsubtype::twovalues) {

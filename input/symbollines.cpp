@@ -28,6 +28,7 @@ bool tparameterreader::nextelement(char closer, bool& more) {
 void tparameterreader::dotline() {
   fscanner.nextch();
   std::string_view identifier;
+  messages().tellstep(tstep::tkind::dotline, fkey);
   if (!fscanner.nextident(identifier)) {
     error(concat(".suffix expected for key ", quoted(fkey)), {fkey});
     return;
@@ -39,12 +40,16 @@ void tparameterreader::dotline() {
           {.name = suffix, .problem = tsubject::tproblem::unknowndotoption});
     return;
   }
+  const toption& option = definition().option(index);
+  messages().tellstep(tstep::tkind::dotline, fkey, &option);
   const std::int32_t errorsbefore = messages().errorcount();
   dotentry(index);
-  if (messages().errorcount() > errorsbefore)
+  if (messages().errorcount() > errorsbefore) {
     fstore.dotoptions().rejectentry();
-  else
-    fstore.dotoptions().keepentry();
+    return;
+  }
+  fstore.dotoptions().keepentry();
+  messages().tellstep(tstep::tkind::keptentry, fkey, &option);
 }
 
 void tparameterreader::dotentry(std::int32_t optionindex) {
@@ -85,13 +90,14 @@ bool tparameterreader::dotelements() {
 
 void tparameterreader::indicatorline() {
   tindicatorlist& items = fstore.indicators();
+  messages().tellstep(tstep::tkind::indicator, fkey);
   const std::int32_t errorsbefore = messages().errorcount();
   items.dropitem();
   if (!indicatoritem()) fscanner.skiptolineend();
   if (messages().errorcount() > errorsbefore)
     items.rejectitem();
-  else
-    items.keepitem();
+  else if (items.keepitem())
+    messages().tellstep(tstep::tkind::keptentry, fkey);
 }
 
 // Returns false when the rest of the line is to be discarded.

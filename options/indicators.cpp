@@ -53,12 +53,13 @@ void tindicatorlist::addentry(std::string_view equation) {
                          {equation});
 }
 
-void tindicatorlist::keepitem() {
-  if (!fbegun) return;
+bool tindicatorlist::keepitem() {
+  if (!fbegun) return false;
   auto& [arena, items, equation, variable, value] = *fcontents;
   const tsymbol packed = equation.pack(arena);
   items.append(arena.make<tindicatoritem>(packed, variable.pack(arena), value));
   fbegun = false;
+  return true;
 }
 
 void tindicatorlist::addequdim(std::string_view text) {

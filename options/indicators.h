@@ -84,8 +84,8 @@ class tindicatorlist {
   void setvariable(std::string_view name) noexcept { fcontents->variable.setname(name); }
   void addvardim(std::string_view text);
   void setvalue(bool value) noexcept { fcontents->value = value ? 1 : 0; }
-  // Adds the item to the list; does nothing if none was begun.
-  void keepitem();
+  // Adds the item to the list. Does nothing and returns false if none was begun.
+  bool keepitem();
   // Discards the item. Returns whether one was begun.
   bool dropitem() noexcept { return std::exchange(fbegun, false); }
   // The same for an item that has an error; counts it as rejected.

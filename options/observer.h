@@ -55,6 +55,22 @@ struct tentry {
   std::int32_t line;
 };
 
+// A step in the reading of option text, from which an observer knows how a value came to be set.
+struct tstep {
+  enum class tkind : std::uint8_t {
+    statement,     // a statement begins; what is not a key ends the one before
+    dotline,       // the same for a dot line; the key is its symbol
+    indicator,     // the same for an indicator line; the key is the keyword
+    spreads,       // a macro or multilist begins to pass its text on to its members
+    hasspread,     // it ends, unless the statement ends first
+    takesdefault,  // the option is named without a value and will be assigned its default
+    keptentry      // the dot entry or indicator of the statement entered its list
+  };
+  tkind kind;
+  std::string_view key{};  // of the statement; empty if there is none
+  const toption* option = nullptr;
+};
+
 class tstoreobserver {
  public:
   virtual ~tstoreobserver() = default;
@@ -66,6 +82,8 @@ class tstoreobserver {
   virtual void assigned(const toption& option, std::int32_t bits) = 0;
   // Called before the entry is added to the definition. The options of unknown kinds are never added.
   virtual void begun(const tentry& /*entry*/) {}
+  // Called at each step of reading option text. The key is valid until the next statement begins.
+  virtual void stepped(const tstep& /*step*/) {}
   // Called when a text of the source that is being read is shortened to 255 characters.
   virtual void shortened(std::size_t /*length*/) {}
   // Takes the list of names that help prints on request, which goes to standard output without an observer.

@@ -38,12 +38,12 @@ class tspreader {
         fleft(std::int64_t{1000} + owner.definition().getcount() + members) {}
 
   void spread(const toption& option, std::string_view text) {
-    fopen.push_back({&option, text, 0, 0});
+    begin(option, text);
     while (!fopen.empty()) {
       toption* member = nullptr;
       std::string_view membertext;
       if (!nextmember(fopen.back(), member, membertext))
-        fopen.pop_back();
+        end();
       else if (fleft-- == 0)
         return fmessages.addmessage(tmsgkind::valueerror,
                                     concat("Too many members for option ", quoted(option.name())),
@@ -54,6 +54,16 @@ class tspreader {
   }
 
  private:
+  void begin(const toption& option, std::string_view text) {
+    fopen.push_back({&option, text, 0, 0});
+    fmessages.tellstep(tstep::tkind::spreads, fmessages.curoptname(), &option);
+  }
+
+  void end() {
+    fmessages.tellstep(tstep::tkind::hasspread, fmessages.curoptname(), fopen.back().option);
+    fopen.pop_back();
+  }
+
   // A multilist or macro whose members are being assigned.
   struct topen {
     const toption* option;
@@ -89,7 +99,7 @@ class tspreader {
 
   void assign(toption& member, std::string_view text) {
     if (member.opttype() == topttype::multilist || member.opttype() == topttype::macro)
-      fopen.push_back({&member, text, 0, 0});
+      begin(member, text);
     else
       member.setasstring(text);
   }
