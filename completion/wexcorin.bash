@@ -39,8 +39,8 @@ _wexcorin_rules='deprecated early-end byte-order-mark return-alone line-cut text
   group-empty reference-twice no-members boolean-default no-help no-value-text name-not-found dashed-list comment-cut
   set-again'
 
-# Reads the words before the cursor. Sets `command`, `arguments` (the words that are not options), and `awaits`: the
-# option whose argument comes next. Bash treats each equals sign as a word of its own.
+# Reads the words before the cursor. Sets `command`, `arguments` (the words that are not options), `named` (the argument
+# of --definition), and `awaits`: the option whose argument comes next. Bash treats each equals sign as a word of its own.
 _wexcorin_read() {
   local i word
   for ((i = 1; i < COMP_CWORD; ++i)); do
@@ -48,6 +48,7 @@ _wexcorin_read() {
     if [[ $word == = ]]; then
       [[ -n $awaits ]] || ((++i))
     elif [[ -n $awaits ]]; then
+      [[ $awaits != --definition ]] || named=$word
       awaits=
     elif [[ $word == --set || $word == -o || $word == --output || $word == --group || $word == --limit ||
       $word == --color || $word == --columns || $word == --allow || $word == --title || $word == --release ||
@@ -64,12 +65,13 @@ _wexcorin_read() {
 }
 
 _wexcorin() {
-  local cur=${COMP_WORDS[COMP_CWORD]} command='' awaits='' definition name
+  local cur=${COMP_WORDS[COMP_CWORD]} command='' awaits='' named='' definition name
   local arguments=()
   COMPREPLY=()
   _wexcorin_read
   definition=${arguments[0]-}
   [[ $command != doc && $command != get ]] || definition=${arguments[1]-}
+  [[ -z $named ]] || definition=$named
   if [[ $cur == = || ${COMP_WORDS[COMP_CWORD - 1]} == = ]]; then
     cur=${cur#=}
     if [[ -z $awaits ]]; then # the value in --set NAME=VALUE

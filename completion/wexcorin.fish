@@ -26,6 +26,8 @@ function __wexcorin_options
     set -l arguments (__wexcorin_arguments)
     set -l definition $arguments[2]
     contains -- $arguments[1] doc get; and set definition $arguments[3]
+    set -l words (commandline -opc)
+    set -l named (contains -i -- --definition $words); and set definition $words[(math $named + 1)]
     set definition (string replace -r '^~/' "$HOME/" -- $definition)
     set -l tool (commandline -opc)[1]
     test -f "$definition"; and $tool complete $definition $argv 2>/dev/null

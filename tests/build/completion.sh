@@ -52,6 +52,7 @@ wexcorin check --allow set>set-again
 wexcorin check --allow set-again >FILES
 wexcorin check --format s>sarif
 wexcorin check --definition >FILES
+wexcorin check main.opt --definition examples/first.def --set st>start=
 wexcorin get maxit examples/first.def --set st>start=
 wexcorin find >FILES
 wexcorin template >FILES

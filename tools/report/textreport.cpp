@@ -28,7 +28,8 @@ std::string summarytext(const treport& report) {
   result += "; " + counted(static_cast<std::size_t>(report.options), "option") + ", " +
             std::to_string(report.set) + " set";
   if (report.separate != 0)
-    result += "; " + counted(report.separate, "option file") + ", each checked on its own";
+    result += "; " + counted(report.separate, "option file") +
+              (report.separate == 1 ? ", checked on its own" : ", each checked on its own");
   return result + foundtext(report);
 }
 
