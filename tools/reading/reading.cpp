@@ -24,10 +24,6 @@ using namespace optcore;
 
 constexpr const char* standardinputname = "<stdin>";
 
-std::string displayname(const std::string& filename) {
-  return filename == "-" ? standardinputname : filename;
-}
-
 // Whether the file is a pipe or a device, which may deliver its contents only once.
 bool givesonce(const std::string& filename) {
   std::error_code problem;
@@ -87,6 +83,10 @@ std::string_view ruleof(const tmessage& message) {
 
 // ---- what is read
 
+std::string displayname(const std::string& filename) {
+  return filename == "-" ? standardinputname : filename;
+}
+
 bool treading::readdefinition(const std::string& filename) {
   fdefinition = displayname(filename);
   fdefinitionpath = pathof(filename, fkeepsdefinition);
@@ -95,6 +95,15 @@ bool treading::readdefinition(const std::string& filename) {
   if (!collect(fdefinition, [&] { return fstore.optreaddefinition(fdefinitionpath); })) return false;
   addearlyend();
   return true;
+}
+
+void treading::readdefinitionof(const treading& other) {
+  fdefinition = other.fdefinition;
+  fdefinitionpath = other.fdefinitionpath;
+  fstore.setobserver(nullptr);
+  fstore.optreaddefinition(fdefinitionpath);
+  fstore.optclearmessages();
+  fstore.setobserver(this);
 }
 
 // Adds a finding if the library stopped reading before the end of the definition file. It files no message

@@ -39,6 +39,8 @@ class treading final : optcore::tstoreobserver {
   // the texts are still read.
   bool readdefinition(const std::string& filename);
   bool readoptions(const tinputs& inputs);
+  // Reads the definition that the other one has read, without findings. The other one must outlive this one.
+  void readdefinitionof(const treading& other);
 
   // Must be called before readdefinition if the definition is to be read again: a definition that can be read
   // only once, such as a pipe, is then copied.
@@ -128,6 +130,9 @@ class treading final : optcore::tstoreobserver {
   tfilemarks ffilesread;
   std::deque<ttemporaryfile> fcopies;  // a deque: pathof returns references to their paths
 };
+
+// The name of the file in findings.
+std::string displayname(const std::string& filename);
 
 int exitcode(const tfindings& findings, bool warningsaserrors);
 

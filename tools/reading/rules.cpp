@@ -18,6 +18,7 @@ constexpr auto rules = std::to_array<trule>({
     {"value", library, "A value is not of the option's type."},
     {"illegal-value", library, "A value is out of the range, or none of the permitted ones."},
     {"unusable-file", library, "A file cannot be opened or read."},
+    {"no-definition", mistake, "The definition of an option file is not found."},
     {"deprecated", warning, "A name is deprecated or obsolete."},
     {"early-end", tool, "The definition ends before the last line of its file."},
     {"utf-16", tool, "A file is saved as UTF-16."},
