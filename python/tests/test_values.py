@@ -59,6 +59,7 @@ ASSIGNMENTS = [
     ("only", True, True),
     ("only", False, (ValueError, "nothing but True")),
     ("nobounds", True, (TypeError, "has no value")),
+    (2, 1, (KeyError, "Unknown option")),
     ("cuont", 1, (KeyError, 'did you mean "count"?')),
 ]
 

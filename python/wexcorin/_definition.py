@@ -133,9 +133,13 @@ class Definition:
         which is a ``KeyError``, or ``IndexError``."""
         if isinstance(which, int):
             return self._describe(range(1, len(self) + 1)[which])
-        number = self._core.find(which)
+        return self.named(which)
+
+    def named(self, name: str) -> Option:
+        """Return the option of a name or synonym. Raises ``UnknownOptionError``."""
+        number = self._core.find(name)
         if number == 0:
-            raise self.unknown(which)
+            raise self.unknown(name)
         return self._describe(number)
 
     def __repr__(self) -> str:

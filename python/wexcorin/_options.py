@@ -128,6 +128,8 @@ class Options(Mapping[str, Any]):
         >>> options.set("maxit many", strict=False)[0].text
         'Integer expected, for option "maxit" saw "many"'
         """
+        if not isinstance(text, str):
+            raise TypeError(f"set() takes a text, not {type(text).__name__}.")
         if "\0" in text:
             raise ValueError("embedded null character")
         self._core.readtext(text.encode("utf-8", "surrogateescape"))
@@ -158,7 +160,7 @@ class Options(Mapping[str, Any]):
         Raises UnknownOptionError, a KeyError, for an unknown name; TypeError for a value of the wrong type;
         SettingsError, a ValueError, for one that the library refuses, such as one out of bounds.
         """
-        option = self._definition[name]
+        option = self._definition.named(name)
         if not option.has_value:
             _assign.assign(self._core, option, value)
             self._judged(self._take(), True)
@@ -202,7 +204,7 @@ class Options(Mapping[str, Any]):
         '1E-6'
         """
         value = self[name]
-        number = self._definition[name].number
+        number = self._definition.named(name).number
         if isinstance(value, list):
             return ", ".join(value)
         texts = [self._core.text(number, False), self._core.text(number, True)]
@@ -210,12 +212,12 @@ class Options(Mapping[str, Any]):
 
     def is_set(self, name: str) -> bool:
         """Return whether the option was set, be it to its default. Raises UnknownOptionError."""
-        return self._core.defined(self._definition[name].number) > 0
+        return self._core.defined(self._definition.named(name).number) > 0
 
     def reset(self, *names: str) -> None:
         """Take the values of these options away, or of all, so that they have their defaults again. Dot
         entries, indicators and problems stay."""
-        numbers = [self._definition[name].number for name in names]
+        numbers = [self._definition.named(name).number for name in names]
         if not names:
             self._core.resetall()
         for number in numbers:
@@ -294,7 +296,7 @@ class Options(Mapping[str, Any]):
                              warm From the last solution
         """
         if name:
-            name = self._definition[name].name
+            name = self._definition.named(name).name
         self._core.showhelp(name or "1")
         messages, _ = self._core.takemessages()
         return "\n".join(text for _, text in messages).strip("\n")
@@ -314,7 +316,7 @@ class Options(Mapping[str, Any]):
         ['maxit', 'tol', 'start']
         """
         if names:
-            chosen = [self._definition[name] for name in names]
+            chosen = [self._definition.named(name) for name in names]
         else:
             keys = set(self)
             chosen = [option for option in self._definition if option.name in keys and not option.hidden]
@@ -380,7 +382,7 @@ class Options(Mapping[str, Any]):
     def _restore(self, name: str, bits: int, value: Any) -> None:
         """Go back to the value before, unless it is there still: a refused value changes at most a list or
         one of two values."""
-        option = self._definition[name]
+        option = self._definition.named(name)
         if (self._core.defined(option.number), self._core.value(option.number)) == (bits, value):
             return
         _assign.restore(self._core, option, bits, value)
@@ -392,7 +394,7 @@ class Options(Mapping[str, Any]):
 
     def _state(self) -> dict[str, Any]:
         """Return all that distinguishes the object from a new one, as plain values."""
-        bits = {name: self._core.defined(self._definition[name].number) for name in self.changed()}
+        bits = {name: self._core.defined(self._definition.named(name).number) for name in self.changed()}
         lists = [name for name in self if name.startswith("--")]
         return {
             "values": self.changed(),
@@ -428,7 +430,7 @@ def rebuilt(file: bytes, state: dict[str, Any]) -> Options:
     core.resetall()
     with contextlib.suppress(KeyError, TypeError, ValueError):  # then the states differ
         for name, value in state["values"].items():
-            _assign.restore(core, result.definition[name], state["bits"][name], value)
+            _assign.restore(core, result.definition.named(name), state["bits"][name], value)
     core.setnobounds(False)
     core.takemessages()
     result.clear_messages()
