@@ -12,8 +12,8 @@ $python -c 'import ensurepip, venv' 2>/dev/null || {
 "$cmake" --install "$build" --prefix "$work/prefix" >/dev/null
 logged "An environment for Python cannot be made" $python -m venv "$work/environment"
 logged "pip does not install the Python package, see python/build_backend.py" \
-  env PYTHONDONTWRITEBYTECODE=1 WEXCORIN_PREFIX="$work/prefix" CXX="$cxx" CXXFLAGS=-O0 PIP_NO_INDEX=1 PIP_DISABLE_PIP_VERSION_CHECK=1 \
-  "$work/environment/bin/pip" install ./python
+  env PYTHONDONTWRITEBYTECODE=1 PIP_NO_INDEX=1 PIP_DISABLE_PIP_VERSION_CHECK=1 \
+  WEXCORIN_PREFIX="$work/prefix" CXX="$cxx" CXXFLAGS=-O0 "$work/environment/bin/pip" install ./python
 "$work/environment/bin/python" -c '
 import importlib.metadata, wexcorin
 assert importlib.metadata.version("wexcorin") == wexcorin.__version__, wexcorin.__version__
