@@ -40,7 +40,7 @@ ttable::tcells cellsof(const trow& row) {
   const std::string second = row.value2.text.empty() ? "" : " " + row.value2.text;
   return {std::to_string(row.option.number),
           row.option.name,
-          std::string(optcore::opttypenames[optcore::ordinal(row.option.type)]),
+          std::string(typeword(row.option)),
           row.set ? "yes" : "",
           row.value.text + second,
           row.defaultvalue.text,
@@ -66,7 +66,7 @@ void printrows(const std::vector<trow>& rows, const tshowarguments& arguments) {
 ordered_json rowjson(const trow& row) {
   ordered_json result = {{"number", row.option.number},
                          {"name", row.option.name},
-                         {"type", optcore::opttypenames[optcore::ordinal(row.option.type)]},
+                         {"type", typeword(row.option)},
                          {"set", row.set},
                          {"value", row.value.json}};
   if (!row.value2.json.is_null()) result["value2"] = row.value2.json;

@@ -8,6 +8,7 @@
 #include <span>
 
 #include "tools/doc/shownvalue.h"
+#include "tools/reading/symboltexts.h"
 #include "tools/text.h"
 
 namespace tool {
@@ -51,14 +52,7 @@ std::string isset(const std::string& subject, const std::string& value) {
 std::string isreadback(const std::string& value) { return "read back as " + value; }
 constexpr const char* notset = "not set when it is read back";
 
-// ---- dot entries and indicators, as they are written
-
-std::string elementstext(const tpackedtexts& elements) {
-  std::string result;
-  for (std::int32_t i = 0; i < elements.count(); ++i)
-    result.append(i == 0 ? "(" : ",").append(elements.get(i));
-  return result.empty() ? result : result + ")";
-}
+// ---- dot entries and indicators
 
 bool sameelements(const tpackedtexts& a, const tpackedtexts& b) {
   bool same = a.count() == b.count();
@@ -83,10 +77,7 @@ struct tdotlines {
   static bool same(const tdotobj& a, const tdotobj& b) {
     return samekey(a, b) && samenumber(a.value(), b.value());
   }
-  std::string key(const tdotobj& entry) const {
-    return std::string(entry.name()).append(store.definition().getstrings(entry.optionindex())) +
-           elementstext(entry.indices());
-  }
+  std::string key(const tdotobj& entry) const { return keytext(store, entry); }
   static std::int32_t option(const tdotobj& entry) { return entry.optionindex(); }
   static std::string value(const tdotobj& entry) { return numbertext(entry.value()); }
 };
