@@ -37,7 +37,7 @@ _wexcorin_list() {
 
 _wexcorin_rules='deprecated early-end byte-order-mark return-alone line-cut text-cut zero-byte long-name indented group-undeclared
   group-empty reference-twice no-members no-options boolean-default no-help no-value-text name-not-found dashed-list comment-cut ctrl-z
-  set-again'
+  set-again utf-16'
 
 # Reads the words before the cursor. Sets `command`, `arguments` (the words that are not options), `named` (the argument
 # of --definition), and `awaits`: the option whose argument comes next. Bash treats each equals sign as a word of its own.

@@ -52,7 +52,7 @@ end
 function __wexcorin_rules
     printf '%s\n' deprecated early-end byte-order-mark return-alone line-cut text-cut long-name indented \
         group-undeclared group-empty reference-twice no-members boolean-default no-help no-value-text name-not-found \
-        dashed-list comment-cut set-again ctrl-z no-options zero-byte
+        dashed-list comment-cut set-again ctrl-z no-options zero-byte utf-16
 end
 
 function __wexcorin_words
