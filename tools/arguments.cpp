@@ -333,7 +333,10 @@ const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
           "or json (the whole definition, for programs)")
       ->required()
       ->type_name("")
-      ->check([](const std::string& form) { return checkword(form, keysof(docforms())); });
+      ->check([](const std::string& form) {
+        const std::string problem = checkword(form, keysof(docforms()));
+        return problem.empty() ? problem : problem + swappedform(form);
+      });
   adddefinition(command, arguments.definition);
   addoutput(command, arguments.output);
   command.add_option("--title", arguments.title, "Title of the document (markdown and page only)")

@@ -41,4 +41,9 @@ std::string swappedword(const std::string& command, const std::string& definitio
          (wordfirst ? definition + " " + word : word + " " + definition) + "'?";
 }
 
+std::string swappedform(const std::string& word) {
+  if (!isfile(word)) return {};
+  return "; the form comes before the definition, as in 'wexcorin doc page " + word + "'";
+}
+
 }  // namespace tool

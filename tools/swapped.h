@@ -13,5 +13,7 @@ std::string swappedfiles(const std::string& command, const tinputs& inputs);
 // stands before the definition if `wordfirst`.
 std::string swappedword(const std::string& command, const std::string& definition, const std::string& word,
                         bool wordfirst);
+// The same for the word in the place of the form of `doc`.
+std::string swappedform(const std::string& word);
 
 }  // namespace tool

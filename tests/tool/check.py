@@ -89,7 +89,8 @@ for command, said in (
         ("check bad.opt a.def", swapped + "'wexcorin check a.def bad.opt'"), ("check --definition bad.opt a.def", swapped),
         ("show bad.opt one/run.opt a.def", swapped), ("write bad.opt a.def -o -", swapped), ("get x bad.opt a.def", swapped),
         ("get a.def size", "did you mean 'wexcorin get size a.def'?"), ("help size a.def", "did you mean 'wexcorin help a.def size'?"),
-        ("find size a.def", "did you mean 'wexcorin find a.def size'?")):
+        ("find size a.def", "did you mean 'wexcorin find a.def size'?"),
+        ("doc a.def page -o x", "; the form comes before the definition, as in 'wexcorin doc page a.def'")):
     out, err, code = run(f"wexcorin {command}")
     expect(command, (out, said in err, code), ("", True, 2))
 for command in "get size a.def", "help a.def size", "show a.def", "check a.def":
