@@ -142,6 +142,7 @@ cuts group 8 1           | cuts group 8                   | The help flag must b
  dual 1 Dual simplex     | ~dual 1 Dual simplex           | begins with a tab                                 |
  dual 1 Dual simplex     |  dual Dual simplex             | The fields of a value are: value, help flag, text |
  2 1 A proof             |  2 A proof                     | The fields of a value are: value, help flag, text |
+ 2 1 A proof             |  two 1 A proof                 | in its place; perhaps it was left out.            |
  2 1 A proof             |  99999999999 1 A proof         | "99999999999" has more than 32 bits               |
 == a field that is wrong
 1977 0 maxint            | 1977 0 99999999999             | the highest value is between minint               |

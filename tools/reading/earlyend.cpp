@@ -46,12 +46,12 @@ tlines linesupto(const std::string& path, std::int32_t number) {
 // Why the line continues nothing, although it begins with a blank.
 std::string reasonabove(const tlines& lines) {
   if (lines.last.find_first_not_of(" \t") == std::string::npos)
-    return "because it consists of blanks, which end the definition above it";
+    return "because the line consists of blanks, which end the definition above it";
   std::istringstream words(lines.above);
   std::string name, type;
   words >> name >> type;
   type.resize(std::min(type.rfind('.'), type.size()));
-  const std::string begins = "because it begins with a blank, but ";
+  const std::string begins = "because the line begins with a blank, but ";
   if (name.empty()) return begins + "there is no line above that it continues";
   if (lines.blankabove) return begins + "a line of blanks has ended the definition above it";
   const bool isoption =
@@ -63,15 +63,16 @@ std::string reasonabove(const tlines& lines) {
 std::string reasonof(const tlines& lines) {
   const unsigned char first = lines.last.empty() ? 0 : static_cast<unsigned char>(lines.last[0]);
   if (lines.last.starts_with("\xEF\xBB\xBF"))
-    return "because a byte order mark stands before it; save the file without the mark";
+    return "because a byte order mark stands before the line; save the file without the mark";
   if (first == '\t')
-    return "because it begins with a tab; a line that continues the one above begins with a blank";
+    return "because the line begins with a tab; a line that continues the one above begins with a blank";
   if (first == ' ') return reasonabove(lines);
-  if (first == 26) return "because it begins with the byte 26 (Ctrl-Z), which ends the text";
+  if (first == 26) return "because the line begins with the byte 26 (Ctrl-Z), which ends the text";
   if (first < ' ' || first > '~')
-    return "because it begins with the byte " + std::to_string(first) +
+    return "because the line begins with the byte " + std::to_string(first) +
            ", so the file is hardly a definition";
-  return "because it begins with " + inquotes(lines.last.substr(0, 1)) + ", but a name begins with a letter";
+  return "because the line begins with " + inquotes(lines.last.substr(0, 1)) +
+         ", but a name begins with a letter";
 }
 
 }  // namespace

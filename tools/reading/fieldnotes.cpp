@@ -102,7 +102,7 @@ bool isfield(tform form, std::string_view word) {
 }
 
 // What is wrong with the word as this field; empty if it is right.
-std::string problem(const tfield& field, std::string_view word, bool commafollows) {
+std::string problem(const tfield& field, std::string_view word, bool commafollows, bool isfirst) {
   const std::string name(field.name);
   if (word.empty() && commafollows)
     return "A comma stands before the " + name + ", but fields are separated by blanks";
@@ -118,14 +118,16 @@ std::string problem(const tfield& field, std::string_view word, bool commafollow
       "The " + name + " must be " + std::string(describe(field.form)) + ", but " + seen + " is in its place";
   if (field.form == tform::number) return text + "; the largest number is maxdouble";
   const bool isother = field.form == tform::zeroorone || strasdoubleex(word, number);
-  const std::string which = field.name == reference.name ? "" : "or a field before it ";
+  const std::string which = isfirst ? "" : "or a field before it ";
   return text + (isother ? "" : "; perhaps it " + which + "was left out");
 }
 
 std::string problemoffields(std::string_view rest, const std::vector<tfield>& fields) {
   for (const tfield& field : fields) {
     const std::string_view word = withoutquotes(takeword(rest));
-    if (std::string text = problem(field, word, rest.starts_with(',')); !text.empty()) return text;
+    if (std::string text = problem(field, word, rest.starts_with(','), &field == &fields.front());
+        !text.empty())
+      return text;
   }
   return {};
 }
