@@ -57,7 +57,7 @@ _wexcorin() {
   COMPREPLY=()
   _wexcorin_read
   definition=${arguments[0]-}
-  [[ $command != doc && $command != get ]] || definition=${arguments[1]-}
+  [[ $command != doc && $command != get && $command != explain ]] || definition=${arguments[1]-}
   if [[ $cur == = || ${COMP_WORDS[COMP_CWORD - 1]} == = ]]; then
     cur=${cur#=}
     if [[ -z $awaits ]]; then # the value in --set NAME=VALUE
@@ -76,13 +76,14 @@ _wexcorin() {
       ;;
     --group:* | --limit:* | --allow:* | --title:* | --release:*) ;;
     --color:*) _wexcorin_words "$cur" 'auto always never' ;;
-    --columns:*) _wexcorin_words "$cur" 'number name type set value default range' ;;
+    --columns:*) _wexcorin_words "$cur" 'number name type set value origin default range' ;;
     -*) _wexcorin_files ;;
     *:-*)
       case $command in
         '') _wexcorin_words "$cur" '-h --help --version' ;;
         check) _wexcorin_words "$cur" '-h --help --set --json --warnings-as-errors --limit --allow --color --no-pager' ;;
-        show) _wexcorin_words "$cur" '-h --help --set --changed --json --color --no-pager --columns --wide' ;;
+        show) _wexcorin_words "$cur" '-h --help --set --changed --json --color --no-pager --columns --wide --origin' ;;
+        explain) _wexcorin_words "$cur" '-h --help --set --color' ;;
         get) _wexcorin_words "$cur" '-h --help --set --default --color' ;;
         help | find) _wexcorin_words "$cur" '-h --help --color --no-pager' ;;
         template) _wexcorin_words "$cur" '-h --help -o --output --group --color' ;;
@@ -92,10 +93,10 @@ _wexcorin() {
       ;;
     *)
       case $command:${#arguments[@]} in
-        :*) _wexcorin_words "$cur" 'check show get find help template write doc' ;;
+        :*) _wexcorin_words "$cur" 'check show explain get find help template write doc' ;;
         doc:0) _wexcorin_words "$cur" 'definition pascal html c markdown page json' ;;
         help:1) _wexcorin_words "$cur" "$(_wexcorin_options "$1" "$definition")" ;;
-        get:0 | help:[!0]* | find:[!0]* | template:[!0]* | doc:[!1]*) ;;
+        get:0 | explain:0 | help:[!0]* | find:[!0]* | template:[!0]* | doc:[!1]*) ;;
         *) _wexcorin_files ;;
       esac
       ;;

@@ -24,7 +24,7 @@ end
 function __wexcorin_options
     set -l arguments (__wexcorin_arguments)
     set -l definition $arguments[2]
-    contains -- $arguments[1] doc get; and set definition $arguments[3]
+    contains -- $arguments[1] doc get explain; and set definition $arguments[3]
     set definition (string replace -r '^~/' "$HOME/" -- $definition)
     set -l tool (commandline -opc)[1]
     test -f "$definition"; and $tool complete $definition $argv 2>/dev/null
@@ -50,7 +50,8 @@ function __wexcorin_words
     switch "$arguments[1] "(count $arguments)
         case ' 0'
             printf '%s\n' check\t'Report what is wrong in a definition and in option files' \
-                show\t'List the options with their values' get\t'Print the value of one option' \
+                show\t'List the options with their values' \
+                explain\t'Show one option and all that lines did with it' get\t'Print the value of one option' \
                 find\t'Search names, synonyms, values and help of the options' \
                 help\t'Print the help that a definition holds' template\t'Write an option file to start from' \
                 write\t'Write the settings of option files as one option file' \
@@ -61,8 +62,8 @@ function __wexcorin_words
                 page\t'A reference as one HTML page that can be searched' json\t'The whole definition as JSON'
         case 'help 2'
             __wexcorin_options
-        case 'get 1' 'help [!1]*' 'doc [!2]'
-        case 'help 1' 'find 1' 'template 1' 'doc 2' 'get *' 'check *' 'show *' 'write *'
+        case 'get 1' 'explain 1' 'help [!1]*' 'doc [!2]'
+        case 'help 1' 'find 1' 'template 1' 'doc 2' 'get *' 'explain *' 'check *' 'show *' 'write *'
             __fish_complete_path (commandline -ct)
     end
 end
@@ -70,10 +71,10 @@ end
 complete -c wexcorin -f -a '(__wexcorin_words)'
 complete -c wexcorin -s h -l help -d 'Print help'
 complete -c wexcorin -n 'test (count (__wexcorin_arguments)) = 0' -l version -d 'Print the version'
-complete -c wexcorin -n '__wexcorin_in check show get find help template write doc' -l color -x -a 'auto always never' \
+complete -c wexcorin -n '__wexcorin_in check show explain get find help template write doc' -l color -x -a 'auto always never' \
     -d 'When to print colours'
 complete -c wexcorin -n '__wexcorin_in check show find help' -l no-pager -d 'Print directly on the terminal'
-complete -c wexcorin -n '__wexcorin_in check show get write' -l set -x -a '(__wexcorin_settings)' \
+complete -c wexcorin -n '__wexcorin_in check show explain get write' -l set -x -a '(__wexcorin_settings)' \
     -d 'Option text to read after the files'
 complete -c wexcorin -n '__wexcorin_in check show' -l json -d 'Print as JSON'
 complete -c wexcorin -n '__wexcorin_in check' -l warnings-as-errors -d 'Let warnings count for the exit code'
@@ -81,7 +82,8 @@ complete -c wexcorin -n '__wexcorin_in check' -l limit -x -d 'Print at most so m
 complete -c wexcorin -n '__wexcorin_in check' -l allow -x -d 'Leave out the warnings of a rule'
 complete -c wexcorin -n '__wexcorin_in show' -l changed -d 'List only options that were set'
 complete -c wexcorin -n '__wexcorin_in show' -l wide -d 'Print each option on one line'
-complete -c wexcorin -n '__wexcorin_in show' -l columns -x -a 'number name type set value default range' \
+complete -c wexcorin -n '__wexcorin_in show' -l origin -d 'Say where each value comes from'
+complete -c wexcorin -n '__wexcorin_in show' -l columns -x -a 'number name type set value origin default range' \
     -d 'Print only these columns'
 complete -c wexcorin -n '__wexcorin_in get' -l default -d 'Print the default'
 complete -c wexcorin -n '__wexcorin_in template' -l group -x -d 'Only the options of this group'

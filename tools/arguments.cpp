@@ -173,13 +173,15 @@ const CLI::App& addshow(CLI::App& app, tshowarguments& arguments) {
   command.add_flag("--json", arguments.json, "Print the options as JSON");
   command
       .add_option("--columns", arguments.columns,
-                  "Only these columns, separated by commas: number, name, type, set, value, default, range")
+                  "Only these columns, separated by commas: number, name, type, set, value, origin,\n"
+                  "default, range")
       ->type_name("NAME")
       ->delimiter(',')
       ->allow_extra_args(false)
       ->check([](const std::string& name) {
         return checkword(name, {showcolumns.begin(), showcolumns.end()}, "column");
       });
+  command.add_flag("--origin", arguments.origin, "Say where each value comes from");
   command.add_flag("--wide", arguments.wide, "Do not fit the table to the width of the terminal");
   addpager(command, arguments.pager);
   return command;
@@ -190,6 +192,19 @@ const CLI::App& addget(CLI::App& app, tgetarguments& arguments) {
   command.add_option("NAME", arguments.name, "Name or synonym of the option")->required()->type_name("");
   addinputs(command, arguments.inputs, false);
   command.add_flag("--default", arguments.wantsdefault, "Print the default, whatever was set");
+  return command;
+}
+
+const CLI::App& addexplain(CLI::App& app, texplainarguments& arguments) {
+  CLI::App& command = addcommand(app, "explain", "Show one option and all that lines did with it");
+  command
+      .add_option(
+          "NAME", arguments.name,
+          "Name or synonym of an option; a dot option and a symbol, as in \".prior x(1)\"; the keyword of\n"
+          "indicators; or a symbol of dot lines and indicators")
+      ->required()
+      ->type_name("");
+  addinputs(command, arguments.inputs, false);
   return command;
 }
 
@@ -355,6 +370,7 @@ targuments parsearguments(int argc, char** argv) {
   tcheckarguments check;
   tshowarguments show;
   tgetarguments get;
+  texplainarguments explain;
   tfindarguments find;
   thelparguments help;
   tcompletearguments complete;
@@ -364,6 +380,7 @@ targuments parsearguments(int argc, char** argv) {
   const CLI::App& checkcommand = addcheck(app, check);
   const CLI::App& showcommand = addshow(app, show);
   const CLI::App& getcommand = addget(app, get);
+  const CLI::App& explaincommand = addexplain(app, explain);
   const CLI::App& findcommand = addfind(app, find);
   const CLI::App& helpcommand = addhelp(app, help);
   const CLI::App& completecommand = addcomplete(app, complete);
@@ -378,6 +395,7 @@ targuments parsearguments(int argc, char** argv) {
   if (checkcommand.parsed()) return accepted(check);
   if (showcommand.parsed()) return accepted(show);
   if (getcommand.parsed()) return accepted(get);
+  if (explaincommand.parsed()) return accepted(explain);
   if (findcommand.parsed()) return find;
   if (helpcommand.parsed()) return help;
   if (completecommand.parsed()) return complete;

@@ -30,7 +30,9 @@ struct tcheckarguments {
 
 // The columns of `show`, as the command line names them.
 inline constexpr auto showcolumns =
-    std::to_array<std::string_view>({"number", "name", "type", "set", "value", "default", "range"});
+    std::to_array<std::string_view>({"number", "name", "type", "set", "value", "origin", "default", "range"});
+
+inline constexpr std::string_view origincolumn = "origin";
 
 struct tshowarguments {
   tinputs inputs;
@@ -39,6 +41,7 @@ struct tshowarguments {
   bool pager = true;
   bool changedonly = false;
   bool json = false;
+  bool origin = false;
 };
 
 struct thelparguments {
@@ -51,6 +54,11 @@ struct tgetarguments {
   std::string name;
   tinputs inputs;
   bool wantsdefault = false;
+};
+
+struct texplainarguments {
+  std::string name;
+  tinputs inputs;
 };
 
 struct tfindarguments {
@@ -92,8 +100,8 @@ struct tdocarguments {
 // The arguments of one command, or an exit code if there is nothing left to do: the help, the version or an
 // error message has been printed.
 using targuments =
-    std::variant<int, tcheckarguments, tshowarguments, tgetarguments, tfindarguments, thelparguments,
-                 tcompletearguments, ttemplatearguments, twritearguments, tdocarguments>;
+    std::variant<int, tcheckarguments, tshowarguments, tgetarguments, texplainarguments, tfindarguments,
+                 thelparguments, tcompletearguments, ttemplatearguments, twritearguments, tdocarguments>;
 
 targuments parsearguments(int argc, char** argv);
 

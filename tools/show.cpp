@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <optional>
 
 #include "tools/commands.h"
 #include "tools/doc/reference.h"
@@ -9,6 +10,7 @@
 #include "tools/reading/reading.h"
 #include "tools/table.h"
 #include "tools/terminal.h"
+#include "tools/tracing/origins.h"
 
 namespace tool {
 
@@ -21,6 +23,8 @@ struct trow {
   toptionreference option;
   bool set;
   tshownvalue value, value2, defaultvalue;
+  std::string origin;  // where the values come from, if that is wanted
+  ordered_json originjson, originjson2;
 };
 
 std::vector<tshownvalue> legalvalues(const toptionreference& option) {
@@ -43,12 +47,20 @@ ttable::tcells cellsof(const trow& row) {
           std::string(optcore::opttypenames[optcore::ordinal(row.option.type)]),
           row.set ? "yes" : "",
           row.value.text + second,
+          row.origin,
           row.defaultvalue.text,
           legaltext(row.option)};
 }
 
+bool wantsorigin(const tshowarguments& arguments) {
+  return arguments.origin || std::ranges::find(arguments.columns, origincolumn) != arguments.columns.end();
+}
+
 // The names were checked when the command line was read.
-std::vector<std::size_t> columnsof(const std::vector<std::string>& names) {
+std::vector<std::size_t> columnsof(const tshowarguments& arguments) {
+  std::vector<std::string> names = arguments.columns;
+  if (names.empty()) names.assign(showcolumns.begin(), showcolumns.end());
+  if (arguments.columns.empty() && !arguments.origin) std::erase(names, origincolumn);
   std::vector<std::size_t> result;
   result.reserve(names.size());
   for (const std::string& name : names)
@@ -57,9 +69,10 @@ std::vector<std::size_t> columnsof(const std::vector<std::string>& names) {
 }
 
 void printrows(const std::vector<trow>& rows, const tshowarguments& arguments) {
-  ttable table({"Nr", "Name", "Type", "Set", "Value", "Default", "Range or values"}, talign::rightfirst);
+  ttable table({"Nr", "Name", "Type", "Set", "Value", "Origin", "Default", "Range or values"},
+               talign::rightfirst);
   for (const trow& row : rows) table.add(cellsof(row));
-  if (!arguments.columns.empty()) table.select(columnsof(arguments.columns));
+  table.select(columnsof(arguments));
   table.print(arguments.wide ? 0 : terminalwidth());
 }
 
@@ -70,6 +83,10 @@ ordered_json rowjson(const trow& row) {
                          {"set", row.set},
                          {"value", row.value.json}};
   if (!row.value2.json.is_null()) result["value2"] = row.value2.json;
+  if (!row.origin.empty()) {
+    result["origin"] = row.originjson;
+    if (!row.value2.json.is_null()) result["origin2"] = row.originjson2;
+  }
   result["default"] = row.defaultvalue.json;
   if (!row.option.low.json.is_null()) {
     result["low"] = row.option.low.json;
@@ -92,8 +109,18 @@ tshownvalue defaultof(const toptionreference& option, bool isdefined) {
   return islist && isdefined ? tshownvalue{{}, ordered_json::array()} : option.defaultvalue;
 }
 
+void addorigin(trow& row, const torigins& origins, const optcore::toption& option) {
+  row.origin = origins.text(option, optcore::twhich::first);
+  row.originjson = origins.json(option, optcore::twhich::first);
+  if (option.subtype() != optcore::tsubtype::twovalues) return;
+  row.originjson2 = origins.json(option, optcore::twhich::second);
+  const std::string second = origins.text(option, optcore::twhich::second);
+  if (second != row.origin) row.origin += "; " + second;
+}
+
 // `defined` is the number of options in the definition. Options that reading added come after them.
-std::vector<trow> rowsof(const optcore::tvksoptions& store, std::int32_t defined, bool changedonly) {
+std::vector<trow> rowsof(const optcore::tvksoptions& store, std::int32_t defined, bool changedonly,
+                         const torigins* origins) {
   std::vector<trow> rows;
   for (std::int32_t i = 0; i < store.getcount(); ++i) {
     const optcore::toption& option = store.definition().option(i);
@@ -102,10 +129,14 @@ std::vector<trow> rowsof(const optcore::tvksoptions& store, std::int32_t defined
                 option.defined() != 0,
                 currentvalue(option, optcore::twhich::first),
                 {},
+                {},
+                {},
+                {},
                 {}};
     if (option.subtype() == optcore::tsubtype::twovalues)
       row.value2 = currentvalue(option, optcore::twhich::second);
     row.defaultvalue = defaultof(row.option, i < defined);
+    if (origins != nullptr) addorigin(row, *origins, option);
     rows.push_back(std::move(row));
   }
   return rows;
@@ -117,10 +148,13 @@ int run(const tshowarguments& arguments) {
   treading reading;
   if (!reading.readdefinition(arguments.inputs.definition)) return reportproblems(reading.findings());
   const std::int32_t defined = reading.store().getcount();
+  std::optional<torigins> origins;
+  if (wantsorigin(arguments)) origins.emplace(reading);
   const bool opened = reading.readoptions(arguments.inputs);
   const int code = reportproblems(reading.findings());
   if (!opened) return code;
-  const std::vector<trow> rows = rowsof(reading.store(), defined, arguments.changedonly);
+  const std::vector<trow> rows =
+      rowsof(reading.store(), defined, arguments.changedonly, origins ? &*origins : nullptr);
   if (arguments.json)
     printjson(reading.definition(), rows);
   else

@@ -17,10 +17,21 @@ std::int32_t optionnamed(const optcore::tvksoptions& store, std::string name) {
 
 namespace {
 
+// The names that may have been meant: dot options for a name with a period, which may have a symbol behind it.
+std::vector<std::string> likelynames(const optcore::tvksoptions& store, const std::string& name) {
+  if (!name.starts_with('.')) return keynames(store);
+  std::vector<std::string> result;
+  for (std::int32_t i = 0; i < store.getcount(); ++i)
+    if (store.definition().getstrings(i).starts_with('.'))
+      result.emplace_back(store.definition().getstrings(i));
+  return result;
+}
+
 void report(const optcore::tvksoptions& store, const char* problem, const std::string& name,
             const char* hint) {
+  const std::string typed = name.starts_with('.') ? name.substr(0, name.find(' ')) : name;
   const std::string suggestion =
-      suggestiontext(tnearnames(keynames(store)).nearest(name, tmatch::nearorlonger));
+      suggestiontext(tnearnames(likelynames(store, name)).nearest(typed, tmatch::nearorlonger));
   std::cerr << "wexcorin: " << problem << ' ' << printable(inquotes(name))
             << (suggestion.empty() ? hint : "; " + printable(suggestion)) << '\n';
 }

@@ -47,6 +47,9 @@ wexcorin show --color a>always auto
 wexcorin show --color always >FILES
 wexcorin show --columns na>name
 wexcorin get maxit >FILES
+wexcorin explain >
+wexcorin explain maxit >FILES
+wexcorin explain maxit examples/first.def --set st>start=
 wexcorin get maxit examples/first.def --set st>start=
 wexcorin find >FILES
 wexcorin template >FILES

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 #include <bit>
-#include <cmath>
 #include <set>
 #include <span>
 
+#include "tools/doc/entrytext.h"
 #include "tools/doc/shownvalue.h"
 #include "tools/text.h"
 
@@ -30,8 +30,6 @@ bool samevalue(const toption& a, const toption& b, twhich which) {
   return a.getasstring12(which).view() == b.getasstring12(which).view();
 }
 
-std::string numbertext(double value) { return value == 0 && std::signbit(value) ? "-0" : shown(value).text; }
-
 std::string valuetext(const toption& option, twhich which) {
   const auto* dbl = ifis<tdbloption>(&option);
   return dbl != nullptr ? numbertext(dbl->value(which)) : currentvalue(option, which).text;
@@ -52,13 +50,6 @@ std::string isreadback(const std::string& value) { return "read back as " + valu
 constexpr const char* notset = "not set when it is read back";
 
 // ---- dot entries and indicators, as they are written
-
-std::string elementstext(const tpackedtexts& elements) {
-  std::string result;
-  for (std::int32_t i = 0; i < elements.count(); ++i)
-    result.append(i == 0 ? "(" : ",").append(elements.get(i));
-  return result.empty() ? result : result + ")";
-}
 
 bool sameelements(const tpackedtexts& a, const tpackedtexts& b) {
   bool same = a.count() == b.count();
@@ -83,10 +74,7 @@ struct tdotlines {
   static bool same(const tdotobj& a, const tdotobj& b) {
     return samekey(a, b) && samenumber(a.value(), b.value());
   }
-  std::string key(const tdotobj& entry) const {
-    return std::string(entry.name()).append(store.definition().getstrings(entry.optionindex())) +
-           elementstext(entry.indices());
-  }
+  std::string key(const tdotobj& entry) const { return keytext(store, entry); }
   static std::int32_t option(const tdotobj& entry) { return entry.optionindex(); }
   static std::string value(const tdotobj& entry) { return numbertext(entry.value()); }
 };
