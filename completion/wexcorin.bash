@@ -39,7 +39,7 @@ _wexcorin_read() {
     elif [[ -n $awaits ]]; then
       awaits=
     elif [[ $word == --set || $word == -o || $word == --output || $word == --group || $word == --limit ||
-      $word == --color || $word == --columns || $word == --allow || $word == --title || $word == --release ]]; then
+      $word == --color || $word == --columns || $word == --allow || $word == --definition || $word == --fail-on || $word == --title || $word == --release ]]; then
       awaits=$word
     elif [[ $word == -?* ]]; then
       continue
@@ -75,6 +75,7 @@ _wexcorin() {
       _wexcorin_words "$cur" "$(_wexcorin_settings "$1" "$definition" "$cur")"
       ;;
     --group:* | --limit:* | --allow:* | --title:* | --release:*) ;;
+    --fail-on:*) _wexcorin_words "$cur" 'breaking silent any' ;;
     --color:*) _wexcorin_words "$cur" 'auto always never' ;;
     --columns:*) _wexcorin_words "$cur" 'number name type set value origin default range' ;;
     -*) _wexcorin_files ;;
@@ -82,18 +83,19 @@ _wexcorin() {
       case $command in
         '') _wexcorin_words "$cur" '-h --help --version' ;;
         check) _wexcorin_words "$cur" '-h --help --set --json --warnings-as-errors --limit --allow --color --no-pager' ;;
-        show) _wexcorin_words "$cur" '-h --help --set --changed --json --color --no-pager --columns --wide --origin' ;;
+        show) _wexcorin_words "$cur" '-h --help --set --changed --json --color --no-pager --columns --wide --origin --fingerprint' ;;
         explain) _wexcorin_words "$cur" '-h --help --set --color' ;;
         get) _wexcorin_words "$cur" '-h --help --set --default --color' ;;
         help | find) _wexcorin_words "$cur" '-h --help --color --no-pager' ;;
         template) _wexcorin_words "$cur" '-h --help -o --output --group --color' ;;
         write) _wexcorin_words "$cur" '-h --help --set -o --output --exact --force --color' ;;
+        diff) _wexcorin_words "$cur" '-h --help --definition --defaults --matrix --json --markdown --fail-on --color --no-pager' ;;
         doc) _wexcorin_words "$cur" '-h --help -o --output --title --release --force --color' ;;
       esac
       ;;
     *)
       case $command:${#arguments[@]} in
-        :*) _wexcorin_words "$cur" 'check show explain get find help template write doc' ;;
+        :*) _wexcorin_words "$cur" 'check show explain get find help template write diff doc' ;;
         doc:0) _wexcorin_words "$cur" 'definition pascal html c markdown page json' ;;
         help:1) _wexcorin_words "$cur" "$(_wexcorin_options "$1" "$definition")" ;;
         get:0 | explain:0 | help:[!0]* | find:[!0]* | template:[!0]* | doc:[!1]*) ;;

@@ -182,6 +182,8 @@ const CLI::App& addshow(CLI::App& app, tshowarguments& arguments) {
         return checkword(name, {showcolumns.begin(), showcolumns.end()}, "column");
       });
   command.add_flag("--origin", arguments.origin, "Say where each value comes from");
+  command.add_flag("--fingerprint", arguments.fingerprint,
+                   "Print a text that is the same if all values are; with --json beside the options");
   command.add_flag("--wide", arguments.wide, "Do not fit the table to the width of the terminal");
   addpager(command, arguments.pager);
   return command;
@@ -264,6 +266,45 @@ const CLI::App& addwrite(CLI::App& app, twritearguments& arguments) {
   command.add_flag("--exact", arguments.exact, "Write numbers with all their digits, not with 15");
   command.add_flag("--force", arguments.force, "Write even if there are errors in what was read");
   command.footer(std::string(losses) + notes);
+  return command;
+}
+
+const std::map<std::string, tfailon>& failwords() {
+  static const std::map<std::string, tfailon> words = {
+      {"any", tfailon::any}, {"silent", tfailon::silent}, {"breaking", tfailon::breaking}};
+  return words;
+}
+
+constexpr const char* diffnotes =
+    "An input file named - is standard input.\n"
+    "Exit codes: 0 the same; 1 different; 2 wrong use, a file that cannot be opened or read, or a "
+    "definition\n"
+    "with errors.";
+
+const CLI::App& adddiff(CLI::App& app, tdiffarguments& arguments) {
+  CLI::App& command = addcommand(app, "diff", "Compare two definitions, or the values of option files");
+  command
+      .add_option("FILE", arguments.files,
+                  "Two definition files, the older one first; with --definition two option files")
+      ->required()
+      ->type_name("")
+      ->check(checkfilename);
+  command.add_option("--definition", arguments.definition, "Compare option files of this definition")
+      ->type_name("DEF")
+      ->check(checkfilename);
+  command.add_flag("--defaults", arguments.defaults, "Compare one option file with the defaults");
+  command.add_flag("--matrix", arguments.matrix,
+                   "Compare any number of option files; without --definition, the first FILE is it");
+  command.add_flag("--json", arguments.json, "Print the differences as JSON");
+  command.add_flag("--markdown", arguments.markdown, "Print the differences as Markdown");
+  command
+      .add_option_function<std::string>(
+          "--fail-on", [&arguments](const std::string& word) { arguments.failon = failwords().at(word); },
+          "Which changes of a definition give exit code 1: breaking, silent (and breaking) or any")
+      ->type_name("CLASS")
+      ->check([](const std::string& word) { return checkword(word, keysof(failwords()), "class"); });
+  addpager(command, arguments.pager);
+  command.footer(diffnotes);
   return command;
 }
 
@@ -355,6 +396,30 @@ targuments accepted(const T& arguments) {
   return exitunusable;
 }
 
+// What is wrong with the files and options of diff; empty if nothing is.
+std::string misuse(const tdiffarguments& arguments) {
+  const bool hasdefinition = !arguments.definition.empty();
+  const std::size_t files = arguments.files.size();
+  if (arguments.defaults && arguments.matrix) return "--defaults and --matrix exclude each other";
+  if (arguments.json && arguments.markdown) return "--json and --markdown exclude each other";
+  if (arguments.defaults && (!hasdefinition || files != 1))
+    return "--defaults takes one option file and --definition";
+  if (arguments.matrix && files < (hasdefinition ? 1U : 2U))
+    return "--matrix takes a definition and option files";
+  if (!arguments.matrix && !arguments.defaults && files != 2) return "two files are needed";
+  const bool comparesdefinitions = !hasdefinition && !arguments.matrix;
+  if (arguments.failon != tfailon::any && !comparesdefinitions) return "--fail-on is for definitions";
+  const auto inputs = std::ranges::count(arguments.files, "-") + (arguments.definition == "-" ? 1 : 0);
+  return inputs > 1 ? "standard input can be read only once" : "";
+}
+
+targuments accepted(const tdiffarguments& arguments) {
+  const std::string problem = misuse(arguments);
+  if (problem.empty()) return arguments;
+  std::cerr << "wexcorin diff: " << problem << "\nTry 'wexcorin diff --help'.\n";
+  return exitunusable;
+}
+
 targuments accepted(const tdocarguments& arguments) {
   const std::string option = strayoption(arguments);
   if (option.empty()) return arguments;
@@ -376,6 +441,7 @@ targuments parsearguments(int argc, char** argv) {
   tcompletearguments complete;
   ttemplatearguments templatefile;
   twritearguments write;
+  tdiffarguments diff;
   tdocarguments doc;
   const CLI::App& checkcommand = addcheck(app, check);
   const CLI::App& showcommand = addshow(app, show);
@@ -386,6 +452,7 @@ targuments parsearguments(int argc, char** argv) {
   const CLI::App& completecommand = addcomplete(app, complete);
   const CLI::App& templatecommand = addtemplate(app, templatefile);
   const CLI::App& writecommand = addwrite(app, write);
+  const CLI::App& diffcommand = adddiff(app, diff);
   adddoc(app, doc);
   try {
     app.parse(argc, argv);
@@ -401,6 +468,7 @@ targuments parsearguments(int argc, char** argv) {
   if (completecommand.parsed()) return complete;
   if (templatecommand.parsed()) return templatefile;
   if (writecommand.parsed()) return accepted(write);
+  if (diffcommand.parsed()) return accepted(diff);
   return accepted(doc);
 }
 

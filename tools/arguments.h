@@ -42,6 +42,7 @@ struct tshowarguments {
   bool changedonly = false;
   bool json = false;
   bool origin = false;
+  bool fingerprint = false;
 };
 
 struct thelparguments {
@@ -86,6 +87,20 @@ struct twritearguments {
   bool force = false;
 };
 
+// Which changes between definitions count for the exit code.
+enum class tfailon { any, silent, breaking };
+
+struct tdiffarguments {
+  std::vector<std::string> files;  // definitions, or option files
+  std::string definition;          // of the option files; empty to compare definitions
+  bool defaults = false;           // compare one option file with the defaults
+  bool matrix = false;             // compare any number of option files
+  bool json = false;
+  bool markdown = false;
+  tfailon failon = tfailon::any;
+  bool pager = true;
+};
+
 enum class tdocform { definition, pascal, html, c, markdown, page, json };
 
 struct tdocarguments {
@@ -99,9 +114,9 @@ struct tdocarguments {
 
 // The arguments of one command, or an exit code if there is nothing left to do: the help, the version or an
 // error message has been printed.
-using targuments =
-    std::variant<int, tcheckarguments, tshowarguments, tgetarguments, texplainarguments, tfindarguments,
-                 thelparguments, tcompletearguments, ttemplatearguments, twritearguments, tdocarguments>;
+using targuments = std::variant<int, tcheckarguments, tshowarguments, tgetarguments, texplainarguments,
+                                tfindarguments, thelparguments, tcompletearguments, ttemplatearguments,
+                                twritearguments, tdiffarguments, tdocarguments>;
 
 targuments parsearguments(int argc, char** argv);
 

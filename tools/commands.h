@@ -19,6 +19,7 @@ int run(const thelparguments& arguments);
 int run(const tcompletearguments& arguments);
 int run(const ttemplatearguments& arguments);
 int run(const twritearguments& arguments);
+int run(const tdiffarguments& arguments);
 int run(const tdocarguments& arguments);
 
 }  // namespace tool

@@ -10,6 +10,7 @@
 #include "tools/reading/reading.h"
 #include "tools/table.h"
 #include "tools/terminal.h"
+#include "tools/tracing/fingerprint.h"
 #include "tools/tracing/origins.h"
 
 namespace tool {
@@ -23,8 +24,7 @@ struct trow {
   toptionreference option;
   bool set;
   tshownvalue value, value2, defaultvalue;
-  std::string origin;  // where the values come from, if that is wanted
-  ordered_json originjson, originjson2;
+  const optcore::toption* stored;
 };
 
 std::vector<tshownvalue> legalvalues(const toptionreference& option) {
@@ -40,14 +40,25 @@ std::string legaltext(const toptionreference& option) {
   return result;
 }
 
-ttable::tcells cellsof(const trow& row) {
+bool hastwovalues(const trow& row) { return row.option.subtype == optcore::tsubtype::twovalues; }
+
+// One text for both values if both come from the same line.
+std::string origintext(const trow& row, const torigins* origins) {
+  if (origins == nullptr) return {};
+  const std::string first = origins->text(*row.stored, optcore::twhich::first);
+  if (!hastwovalues(row)) return first;
+  const std::string second = origins->text(*row.stored, optcore::twhich::second);
+  return second == first ? first : first + "; " + second;
+}
+
+ttable::tcells cellsof(const trow& row, const torigins* origins) {
   const std::string second = row.value2.text.empty() ? "" : " " + row.value2.text;
   return {std::to_string(row.option.number),
           row.option.name,
           std::string(optcore::opttypenames[optcore::ordinal(row.option.type)]),
           row.set ? "yes" : "",
           row.value.text + second,
-          row.origin,
+          origintext(row, origins),
           row.defaultvalue.text,
           legaltext(row.option)};
 }
@@ -68,39 +79,50 @@ std::vector<std::size_t> columnsof(const tshowarguments& arguments) {
   return result;
 }
 
-void printrows(const std::vector<trow>& rows, const tshowarguments& arguments) {
+void printrows(const std::vector<trow>& rows, const torigins* origins, const tshowarguments& arguments) {
   ttable table({"Nr", "Name", "Type", "Set", "Value", "Origin", "Default", "Range or values"},
                talign::rightfirst);
-  for (const trow& row : rows) table.add(cellsof(row));
+  for (const trow& row : rows) table.add(cellsof(row, origins));
   table.select(columnsof(arguments));
   table.print(arguments.wide ? 0 : terminalwidth());
 }
 
-ordered_json rowjson(const trow& row) {
-  ordered_json result = {{"number", row.option.number},
-                         {"name", row.option.name},
-                         {"type", optcore::opttypenames[optcore::ordinal(row.option.type)]},
-                         {"set", row.set},
-                         {"value", row.value.json}};
-  if (!row.value2.json.is_null()) result["value2"] = row.value2.json;
-  if (!row.origin.empty()) {
-    result["origin"] = row.originjson;
-    if (!row.value2.json.is_null()) result["origin2"] = row.originjson2;
+// The options are one level deep in the document, so their members are three levels deep.
+std::string rowjson(const trow& row, const torigins* origins) {
+  tjsonpieces result('{', 2);
+  const auto add = [&](const char* key, const ordered_json& value) { result.add(jsonlines(value, 3), key); };
+  add("number", row.option.number);
+  add("name", row.option.name);
+  add("type", optcore::opttypenames[optcore::ordinal(row.option.type)]);
+  add("set", row.set);
+  add("value", row.value.json);
+  if (!row.value2.json.is_null()) add("value2", row.value2.json);
+  if (origins != nullptr) {
+    result.add(origins->json(*row.stored, optcore::twhich::first, 3), "origin");
+    if (hastwovalues(row)) result.add(origins->json(*row.stored, optcore::twhich::second, 3), "origin2");
   }
-  result["default"] = row.defaultvalue.json;
+  add("default", row.defaultvalue.json);
   if (!row.option.low.json.is_null()) {
-    result["low"] = row.option.low.json;
-    result["high"] = row.option.high.json;
+    add("low", row.option.low.json);
+    add("high", row.option.high.json);
   }
-  for (const tshownvalue& value : legalvalues(row.option)) result["values"].push_back(value.json);
-  return result;
+  ordered_json values;
+  for (const tshownvalue& value : legalvalues(row.option)) values.push_back(value.json);
+  if (!values.is_null()) add("values", values);
+  return result.finish('}');
 }
 
-void printjson(const std::string& definition, const std::vector<trow>& rows) {
-  ordered_json options = ordered_json::array();
-  for (const trow& row : rows) options.push_back(rowjson(row));
-  const ordered_json document = {{"definition", jsontext(definition)}, {"options", options}};
-  std::cout << jsondocumenttext(document);
+void printjson(const treading& reading, const std::vector<trow>& rows, const torigins* origins,
+               bool withfingerprint) {
+  std::cout << "{\n  \"definition\": " << jsonlines(jsontext(reading.definition()), 1);
+  if (withfingerprint) std::cout << ",\n  \"fingerprint\": \"" << fingerprint(reading.store()) << '"';
+  std::cout << ",\n  \"options\": ";
+  tjsonpieces options('[', 1);
+  for (const trow& row : rows) {
+    options.add(rowjson(row, origins));
+    std::cout << options.take();
+  }
+  std::cout << options.finish(']') << "\n}\n";
 }
 
 // The default of a strlist is the empty list. An option that reading an option file added has no default.
@@ -109,18 +131,8 @@ tshownvalue defaultof(const toptionreference& option, bool isdefined) {
   return islist && isdefined ? tshownvalue{{}, ordered_json::array()} : option.defaultvalue;
 }
 
-void addorigin(trow& row, const torigins& origins, const optcore::toption& option) {
-  row.origin = origins.text(option, optcore::twhich::first);
-  row.originjson = origins.json(option, optcore::twhich::first);
-  if (option.subtype() != optcore::tsubtype::twovalues) return;
-  row.originjson2 = origins.json(option, optcore::twhich::second);
-  const std::string second = origins.text(option, optcore::twhich::second);
-  if (second != row.origin) row.origin += "; " + second;
-}
-
 // `defined` is the number of options in the definition. Options that reading added come after them.
-std::vector<trow> rowsof(const optcore::tvksoptions& store, std::int32_t defined, bool changedonly,
-                         const torigins* origins) {
+std::vector<trow> rowsof(const optcore::tvksoptions& store, std::int32_t defined, bool changedonly) {
   std::vector<trow> rows;
   for (std::int32_t i = 0; i < store.getcount(); ++i) {
     const optcore::toption& option = store.definition().option(i);
@@ -130,13 +142,10 @@ std::vector<trow> rowsof(const optcore::tvksoptions& store, std::int32_t defined
                 currentvalue(option, optcore::twhich::first),
                 {},
                 {},
-                {},
-                {},
-                {}};
+                &option};
     if (option.subtype() == optcore::tsubtype::twovalues)
       row.value2 = currentvalue(option, optcore::twhich::second);
     row.defaultvalue = defaultof(row.option, i < defined);
-    if (origins != nullptr) addorigin(row, *origins, option);
     rows.push_back(std::move(row));
   }
   return rows;
@@ -153,12 +162,16 @@ int run(const tshowarguments& arguments) {
   const bool opened = reading.readoptions(arguments.inputs);
   const int code = reportproblems(reading.findings());
   if (!opened) return code;
-  const std::vector<trow> rows =
-      rowsof(reading.store(), defined, arguments.changedonly, origins ? &*origins : nullptr);
+  if (arguments.fingerprint && !arguments.json) {
+    std::cout << fingerprint(reading.store()) << '\n';
+    return code;
+  }
+  const std::vector<trow> rows = rowsof(reading.store(), defined, arguments.changedonly);
+  const torigins* traced = origins ? &*origins : nullptr;
   if (arguments.json)
-    printjson(reading.definition(), rows);
+    printjson(reading, rows, traced, arguments.fingerprint);
   else
-    printrows(rows, arguments);
+    printrows(rows, traced, arguments);
   return code;
 }
 

@@ -52,6 +52,9 @@ wexcorin explain maxit >FILES
 wexcorin explain maxit examples/first.def --set st>start=
 wexcorin get maxit examples/first.def --set st>start=
 wexcorin find >FILES
+wexcorin diff >FILES
+wexcorin diff --fail-on b>breaking
+wexcorin diff --definition examples/first.def >FILES
 wexcorin template >FILES
 wexcorin template --group firing >FILES
 wexcorin template examples/types.def -o >FILES

@@ -42,6 +42,8 @@ class treading final : optcore::tstoreobserver {
   // Must be called before readdefinition if the definition is to be read again: a definition that can be read
   // only once, such as a pipe, is then copied.
   void keepdefinition() { fkeepsdefinition = true; }
+  // The path under which the definition can be read again.
+  const std::string& definitionpath() const { return fdefinitionpath; }
   // Reads the definition into another store. Returns false if it can no longer be opened.
   bool readdefinitionagain(optcore::tvksoptions& other) const;
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "tools/jsontext.h"
+#include "tools/text.h"
 
 namespace tool {
 
@@ -16,6 +17,13 @@ void torigins::assigned(const toption& option, std::int32_t bits) {
   if (!issource()) return;
   if ((bits & firstvaluebit) != 0) add(option, twhich::first);
   if ((bits & secondvaluebit) != 0) add(option, twhich::second);
+}
+
+void torigins::stepped(const tstep& step) {
+  ttracer::stepped(step);
+  if (step.kind != tstep::tkind::keptentry) return;
+  (step.option != nullptr ? fdotentries : findicators)
+      .push_back({.before = 0, .source = currentsource(), .links = 0, .line = currentline(), .text = 0});
 }
 
 void torigins::add(const toption& option, twhich which) {
@@ -102,12 +110,9 @@ std::string linkstext(const std::vector<tlink>& links) {
 std::string torigins::text(const toption& option, twhich which) const {
   const std::vector<const tsetting*> all = settings(option, which);
   if (all.empty()) return "default";
-  const auto textof = [&](const tsetting& setting) {
-    return placetext(*this, setting.source, setting.line) + linkstext(links(setting.links));
-  };
-  if (option.opttype() != topttype::strlist) return textof(*all.back());
+  if (option.opttype() != topttype::strlist) return text(*all.back());
   std::string result;
-  for (const tsetting* setting : all) result += (result.empty() ? "" : "; ") + textof(*setting);
+  for (const tsetting* setting : all) result += (result.empty() ? "" : "; ") + text(*setting);
   return result;
 }
 
@@ -131,22 +136,36 @@ ordered_json torigins::origin(const tsetting& setting) const {
   return {{"source", jsontext(read.name)}, {"line", setting.line}, {"through", std::move(through)}};
 }
 
-ordered_json torigins::json(const toption& option, twhich which) const {
+// Written without the help of the JSON library, which would take several times as long: there may be very many.
+std::string torigins::overridden(const toption& option, const std::vector<const tsetting*>& all,
+                                 std::size_t depth) const {
+  tjsonpieces result('[', depth);
+  for (const tsetting* setting : all) {
+    if (setting == all.back()) break;
+    tjsonpieces entry('{', depth + 1);
+    entry.add(printablejson(jsontext(source(setting->source).name).dump()), "source");
+    entry.add(std::to_string(setting->line), "line");
+    entry.add(printablejson(valueof(option, *setting).json.dump()), "value");
+    result.add(entry.finish('}'));
+  }
+  return result.finish(']');
+}
+
+std::string torigins::json(const toption& option, twhich which, std::size_t depth) const {
   const std::vector<const tsetting*> all = settings(option, which);
   if (option.opttype() == topttype::strlist) {
-    ordered_json result = ordered_json::array();
-    for (const tsetting* setting : all) result.push_back(origin(*setting));
-    return result;
+    tjsonpieces result('[', depth);
+    for (const tsetting* setting : all) result.add(jsonlines(origin(*setting), depth + 1));
+    return result.finish(']');
   }
-  if (all.empty()) return nullptr;
-  ordered_json result = origin(*all.back());
+  if (all.empty()) return "null";
+  tjsonpieces result('{', depth);
+  const ordered_json last = origin(*all.back());
+  for (const auto& [key, value] : last.items()) result.add(jsonlines(value, depth + 1), key);
   // what dot lines set belongs to different symbols
-  ordered_json& overrode = result["overrode"] = ordered_json::array();
-  for (std::size_t i = 0; i + 1 < all.size() && !option.name().starts_with('.'); ++i)
-    overrode.push_back({{"source", jsontext(source(all[i]->source).name)},
-                        {"line", all[i]->line},
-                        {"value", valueof(option, *all[i]).json}});
-  return result;
+  const bool overrides = !option.name().starts_with('.');
+  result.add(overrides ? overridden(option, all, depth + 1) : "[]", "overrode");
+  return result.finish('}');
 }
 
 }  // namespace tool

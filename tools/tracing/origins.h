@@ -14,6 +14,10 @@
 
 namespace tool {
 
+// A line with the lines that include its source; and in brackets the names between the line and the option.
+std::string placetext(const ttracer& tracer, std::uint32_t source, std::int32_t line);
+std::string linkstext(const std::vector<tlink>& links);
+
 // Keeps 32 bytes for each setting, and the value itself if it is a text.
 class torigins final : public ttracer {
  public:
@@ -22,9 +26,13 @@ class torigins final : public ttracer {
   // Where the value in force comes from, as people read it: for example "main.opt:3 > part.opt:12 (macro fast)",
   // and "default" for a value that was not set. For a list, where each of its texts comes from.
   std::string text(const optcore::toption& option, optcore::twhich which) const;
-  // The same for programs, with the settings that were overridden; null for a value that was not set. For a
-  // list, an array with the origin of each text.
-  nlohmann::ordered_json json(const optcore::toption& option, optcore::twhich which) const;
+  // The same as JSON that stands so deep in a document, with the settings that were overridden; null for a value
+  // that was not set. For a list, an array with the origin of each text.
+  std::string json(const optcore::toption& option, optcore::twhich which, std::size_t depth) const;
+
+  // Where the dot entry or indicator at this position of its list comes from.
+  std::string dotentrytext(std::int32_t position) const { return text(at(fdotentries, position)); }
+  std::string indicatortext(std::int32_t position) const { return text(at(findicators, position)); }
 
  private:
   struct tsetting {
@@ -39,6 +47,13 @@ class torigins final : public ttracer {
     };
   };
 
+  static const tsetting& at(const std::vector<tsetting>& entries, std::int32_t position) {
+    return entries[static_cast<std::size_t>(position)];
+  }
+  std::string text(const tsetting& setting) const {
+    return placetext(*this, setting.source, setting.line) + linkstext(links(setting.links));
+  }
+  void stepped(const optcore::tstep& step) override;
   void assigned(const optcore::toption& option, std::int32_t bits) override;
   void add(const optcore::toption& option, optcore::twhich which);
   void keepvalue(const optcore::toption& option, optcore::twhich which, tsetting& setting);
@@ -46,15 +61,14 @@ class torigins final : public ttracer {
   std::vector<const tsetting*> settings(const optcore::toption& option, optcore::twhich which) const;
   tshownvalue valueof(const optcore::toption& option, const tsetting& setting) const;
   nlohmann::ordered_json origin(const tsetting& setting) const;
+  std::string overridden(const optcore::toption& option, const std::vector<const tsetting*>& settings,
+                         std::size_t depth) const;
 
   std::vector<tsetting> fsettings;
+  std::vector<tsetting> fdotentries, findicators;  // without their values
   std::string ftexts;
   // The position of the last setting of each value of an option, plus 1.
   std::unordered_map<const optcore::toption*, std::array<std::uint32_t, 2>> flast;
 };
-
-// A line with the lines that include its source; and in brackets the names between the line and the option.
-std::string placetext(const ttracer& tracer, std::uint32_t source, std::int32_t line);
-std::string linkstext(const std::vector<tlink>& links);
 
 }  // namespace tool

@@ -54,6 +54,8 @@ bool ttouches::concerns(const tmessage& message) const {
   if (ftarget.symbol.empty() && !ftarget.indicators && message.subject.option != nullptr &&
       message.subject.option == ftarget.option)
     return true;
+  const bool isfile = message.subject.problem == tsubject::tproblem::unusablefile;
+  if (isfile && statement().option != nullptr && statement().option == ftarget.option) return true;
   if (!issymbolline || message.source != store().messages().activesource()) return false;
   if (statement().kind == tstep::tkind::indicator && ftarget.indicators) return true;
   if (statement().kind == tstep::tkind::dotline && ftarget.option != nullptr)
