@@ -258,7 +258,8 @@ def case(seed):
     if silent and not classes & {"breaking", "silent"}:
         return f"'{silent}' means something else, but all is compatible"
     certain = {"bounds", "values", "default", "removed", "synonym"}
-    if len(changes) == 1 and changes[0]["kind"] in certain and old["mode"] == "Normal" and not (old["deprecated"] or old["obsolete"]):
+    acts = len(changes) == 1 and not {changes[0]["name"], changes[0]["before"]}.isdisjoint(acting(old))
+    if len(changes) == 1 and changes[0]["kind"] in certain and old["mode"] == "Normal" and not (acts or old["deprecated"] or old["obsolete"]):
         if changes[0]["class"] == "breaking" and not refused:
             return f"no line is refused, but this is breaking: {changes[0]}"
         if changes[0]["class"] == "silent" and not silent:
@@ -266,13 +267,16 @@ def case(seed):
     return ""
 
 
-# Lines that act on those behind them would hide what these do.
+# The names of immediate options. Their lines act on those behind them and would hide what these do.
+def acting(definition):
+    result = {option["name"] for option in definition["options"] if option["type"] == "immediate"}
+    return result | {name for name, target in definition["synonyms"] if target in result} | {"Help"}
+
+
 def switches(line, definition):
-    acting = {option["name"] for option in definition["options"] if option["type"] == "immediate"}
-    acting |= {name for name, target in definition["synonyms"] if target in acting} | {"Help"}
     if definition["mode"] == "Normal":
-        return line.split()[0].lower() in {name.lower() for name in acting}
-    return any(line.lower().startswith(name[:3].lower()) for name in acting)
+        return line.split()[0].lower() in {name.lower() for name in acting(definition)}
+    return any(line.lower().startswith(name[:3].lower()) for name in acting(definition))
 
 
 done = 0

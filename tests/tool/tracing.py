@@ -1,7 +1,7 @@
 """Where values come from, what lines did, and what differs between option files: cases that are not in the session.
 The JSON must match the schemas in docs/.
 usage: tracing.py TOOL; run in the repository's root; exit code 77: no failure, but the schemas were not tested"""
-import json, sys
+import hashlib, json, sys
 from support import DOCS, expect, expect_part, failures, read, run, runs, write
 
 # ---- origin: chains of files and of options that pass their text on
@@ -73,6 +73,16 @@ for setting in ("alpha 4", "beta 2", "quiet", "x.rank 1", "ind e$c 1", "window *
     out, _, code = run("wexcorin diff --definition trace.def a.opt c.opt --json")
     expect(f"'{setting}' differs", (code, len(json.loads(out)["differences"])), (1, 1))
     expect(f"'{setting}' changes the fingerprint", run("wexcorin show trace.def c.opt --fingerprint")[0] == same, False)
+
+# What docs/tracing.md says about its bytes.
+write("bytes.def", "Zeta enumstr 1 Red 1 1\n red 1\nbeta double.TWO 2 0.1 0 1 1 1\nalpha boolean.NV 3 0 1 1\nmid string 4 \"a b\" 1 1\n"
+      "list strlist 5 1 1\n.rank integer 6 0 0 9 1 1\nind indicator\n")
+write("bytes.opt", "beta * .25\nlist é\nlist b\nx.rank('i', *) 3\nind e(\"i\")$v yes\nalpha\n")
+record = "".join(f"{line}\n" for line in (
+    "wexcorin settings 1", "option 5:.rank,1:3,", "option 5:alpha,3:set,", "option 4:beta,3:0.1,4:0.25,",
+    "option 4:list,2:é,1:b,", "option 3:mid,3:a b,", "option 4:zeta,3:red,", "dot 1:x,5:.rank,1:2,1:i,1:*,1:3,",
+    'indicator 1:e,1:1,3:"i",1:v,1:0,1:1,'))
+runs("wexcorin show bytes.def bytes.opt --fingerprint", f"sha256:{hashlib.sha256(record.encode()).hexdigest()}\n")
 write("a.opt", "x.rank 1\ny.rank 1\n")
 write("b.opt", "y.rank 1\nx.rank 1\n")
 expect("the order of dot lines counts", [each["name"] for each in json.loads(run(
