@@ -48,8 +48,13 @@ auto barrier(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
   return static_cast<tresult>(failure);
 }
 
-// The same with the floating-point settings of the library. Only calls that move a number and compute nothing
-// do without them.
+template <class tcall>
+auto barrier(tvksoptions* handle, tcall call) noexcept {
+  return barrier(handle, 0, call);
+}
+
+// The same with the floating-point settings of the library. Queries do without them: they look up names and
+// move numbers, and the text of a double sees to the settings by itself.
 template <class tcall>
 auto guarded(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
   const tfloatscope settings;

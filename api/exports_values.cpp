@@ -10,17 +10,17 @@ using optcore::out;
 // ---- lookup
 
 int32_t optfindstr(tvksoptions* handle, const optshortstring* name, int32_t* number, int32_t* refnr) {
-  return guarded(handle, [&] { return handle->optfindstr(in(name), *number, *refnr); });
+  return barrier(handle, [&] { return handle->optfindstr(in(name), *number, *refnr); });
 }
 int32_t coptfindstr(tvksoptions* handle, const char* name, int32_t* number, int32_t* refnr) {
-  return guarded(handle, [&] { return handle->optfindstr(in(name), *number, *refnr); });
+  return barrier(handle, [&] { return handle->optfindstr(in(name), *number, *refnr); });
 }
 
 int32_t optlookup(tvksoptions* handle, const optshortstring* name) {
-  return guarded(handle, -1, [&] { return handle->optlookup(in(name)); });
+  return barrier(handle, -1, [&] { return handle->optlookup(in(name)); });
 }
 int32_t coptlookup(tvksoptions* handle, const char* name) {
-  return guarded(handle, -1, [&] { return handle->optlookup(in(name)); });
+  return barrier(handle, -1, [&] { return handle->optlookup(in(name)); });
 }
 
 // ---- values by number
@@ -55,27 +55,27 @@ int32_t coptsetvalues2nr(tvksoptions* handle, int32_t number, int32_t ivalue, do
 }
 
 int32_t optgetintnr(tvksoptions* handle, int32_t number, int32_t* ivalue) {
-  return barrier(handle, 0, [&] { return handle->optgetintnr(number, *ivalue); });
+  return barrier(handle, [&] { return handle->optgetintnr(number, *ivalue); });
 }
 
 int32_t optgetint2nr(tvksoptions* handle, int32_t number, int32_t* ivalue) {
-  return barrier(handle, 0, [&] { return handle->optgetint2nr(number, *ivalue); });
+  return barrier(handle, [&] { return handle->optgetint2nr(number, *ivalue); });
 }
 
 int32_t optsetintnr(tvksoptions* handle, int32_t number, int32_t ivalue) {
-  return barrier(handle, 0, [&] { return handle->optsetintnr(number, ivalue); });
+  return barrier(handle, [&] { return handle->optsetintnr(number, ivalue); });
 }
 
 int32_t optsetint2nr(tvksoptions* handle, int32_t number, int32_t ivalue) {
-  return barrier(handle, 0, [&] { return handle->optsetint2nr(number, ivalue); });
+  return barrier(handle, [&] { return handle->optsetint2nr(number, ivalue); });
 }
 
 int32_t optgetdblnr(tvksoptions* handle, int32_t number, double* dvalue) {
-  return barrier(handle, 0, [&] { return handle->optgetdblnr(number, *dvalue); });
+  return barrier(handle, [&] { return handle->optgetdblnr(number, *dvalue); });
 }
 
 int32_t optgetdbl2nr(tvksoptions* handle, int32_t number, double* dvalue) {
-  return barrier(handle, 0, [&] { return handle->optgetdbl2nr(number, *dvalue); });
+  return barrier(handle, [&] { return handle->optgetdbl2nr(number, *dvalue); });
 }
 
 int32_t optsetdblnr(tvksoptions* handle, int32_t number, double dvalue) {
@@ -87,17 +87,17 @@ int32_t optsetdbl2nr(tvksoptions* handle, int32_t number, double dvalue) {
 }
 
 int32_t optgetstrnr(tvksoptions* handle, int32_t number, optshortstring* svalue) {
-  return guarded(handle, [&] { return handle->optgetstrnr(number, out(svalue)); });
+  return barrier(handle, [&] { return handle->optgetstrnr(number, out(svalue)); });
 }
 int32_t coptgetstrnr(tvksoptions* handle, int32_t number, char* svalue) {
-  return guarded(handle, [&] { return handle->optgetstrnr(number, out(svalue)); });
+  return barrier(handle, [&] { return handle->optgetstrnr(number, out(svalue)); });
 }
 
 int32_t optgetstr2nr(tvksoptions* handle, int32_t number, optshortstring* svalue) {
-  return guarded(handle, [&] { return handle->optgetstr2nr(number, out(svalue)); });
+  return barrier(handle, [&] { return handle->optgetstr2nr(number, out(svalue)); });
 }
 int32_t coptgetstr2nr(tvksoptions* handle, int32_t number, char* svalue) {
-  return guarded(handle, [&] { return handle->optgetstr2nr(number, out(svalue)); });
+  return barrier(handle, [&] { return handle->optgetstr2nr(number, out(svalue)); });
 }
 
 int32_t optsetstrnr(tvksoptions* handle, int32_t number, const optshortstring* svalue) {
@@ -117,15 +117,15 @@ int32_t coptsetstr2nr(tvksoptions* handle, int32_t number, const char* svalue) {
 // ---- values by name
 
 int32_t optgetvalstr(tvksoptions* handle, const optshortstring* name, optshortstring* value) {
-  return guarded(handle, [&] { return handle->optgetvalstr(in(name), out(value)); });
+  return barrier(handle, [&] { return handle->optgetvalstr(in(name), out(value)); });
 }
 int32_t coptgetvalstr(tvksoptions* handle, const char* name, char* value) {
-  return guarded(handle, [&] { return handle->optgetvalstr(in(name), out(value)); });
+  return barrier(handle, [&] { return handle->optgetvalstr(in(name), out(value)); });
 }
 
 int32_t optgetval2str(tvksoptions* handle, const optshortstring* name, optshortstring* value) {
-  return guarded(handle, [&] { return handle->optgetval2str(in(name), out(value)); });
+  return barrier(handle, [&] { return handle->optgetval2str(in(name), out(value)); });
 }
 int32_t coptgetval2str(tvksoptions* handle, const char* name, char* value) {
-  return guarded(handle, [&] { return handle->optgetval2str(in(name), out(value)); });
+  return barrier(handle, [&] { return handle->optgetval2str(in(name), out(value)); });
 }

@@ -1,4 +1,4 @@
-// Writing with the signals of failed writes held back.
+// Holds back the signals that come with reading and writing.
 #include "base/heldsignals.h"
 
 #include <poll.h>
@@ -13,8 +13,7 @@ namespace optcore {
 theldsignals::theldsignals() noexcept {
   sigset_t held;
   sigemptyset(&held);
-  sigaddset(&held, SIGPIPE);
-  sigaddset(&held, SIGXFSZ);
+  for (const int signal : {SIGPIPE, SIGXFSZ, SIGTTIN, SIGTTOU}) sigaddset(&held, signal);
   pthread_sigmask(SIG_BLOCK, &held, &fmask);
   sigpending(&fpending);
 }

@@ -1,6 +1,7 @@
-// Writing that ends no process. With a write that fails because the reader of a pipe has left, or because a
-// file would grow beyond the limit of the process, the system also sends a signal, which ends a process that
-// is not prepared for it. A program that calls the library need not be.
+// Reading and writing that end or stop no process. With a write that fails because the reader of a pipe has
+// left, or because a file would grow beyond the limit of the process, the system also sends a signal, which
+// ends a process that is not prepared for it. A process in the background that reads its terminal, or writes
+// to it, is stopped by a signal. A program that calls the library need not be prepared for any of these.
 #pragma once
 
 #include <csignal>
@@ -10,8 +11,9 @@
 
 namespace optcore {
 
-// While this object exists, the calling thread does not receive SIGPIPE and SIGXFSZ. The program's own
-// handlers, signal masks and pending signals are left as they are.
+// While this object exists, the calling thread does not receive SIGPIPE, SIGXFSZ, SIGTTIN and SIGTTOU. The
+// program's own handlers, signal masks and pending signals are left as they are. Without the last two signals
+// the system lets a process in the background write to its terminal; reading it is the error EIO.
 class theldsignals {
  public:
   theldsignals() noexcept;

@@ -2,11 +2,12 @@
 // each with an object). All can be sorted through tquicksortclass. Indices count from 0 and must be within
 // the list.
 //
-// The first capacity is 16 items, or fewer after startsmall. It grows eightfold, and by a quarter above a
-// million items. Insertion neither sorts nor removes duplicates. Owning lists override freeitem or freeobject
+// The first capacity is 16 items. It grows eightfold, and by a quarter above a million items. Lists that exist
+// in large numbers grow more slowly while they are short (startsmall). Insertion neither sorts nor removes duplicates. Owning lists override freeitem or freeobject
 // and clear themselves in their destructors; that is the one rule by which contents are freed.
 #pragma once
 
+#include <algorithm>
 #include <cassert>
 #include <cstdint>
 #include <cstdlib>
@@ -89,9 +90,10 @@ class tgrowarray {
     fcapacity = capacity;
   }
 
-  // If the array is full and short, gives it room for `few` items, and later for 16.
+  // If the array is full and short, gives it room for `few` items, then for 16, and then for twice as many.
   void startsmall(std::int32_t few) {
-    if (full() && fcapacity < 16) setcapacity(fcapacity == 0 ? few : 16);
+    constexpr std::int32_t small = 1024;
+    if (full() && fcapacity < small) setcapacity(fcapacity == 0 ? few : std::max(16, 2 * fcapacity));
   }
 
   // Removes all items and frees the memory.

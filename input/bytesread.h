@@ -34,7 +34,7 @@ class tbytesread {
   // As many bytes may always be read again.
   static constexpr std::int64_t freebytes = 32 * 1024;
   // How often all bytes may be read again on average.
-  static constexpr std::int64_t mosttimes = 5;
+  static constexpr std::int64_t mosttimes = 2;
 
   std::map<std::pair<dev_t, ino_t>, std::int64_t> ffiles;  // with their sizes
   std::int64_t fdistinct = 0;  // bytes of texts, files and FIFOs, each counted once

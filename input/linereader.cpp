@@ -10,7 +10,10 @@
 #include <cassert>
 #include <cerrno>
 #include <cstring>
+#include <optional>
 #include <string>
+
+#include "base/heldsignals.h"
 
 namespace optcore {
 
@@ -22,8 +25,8 @@ int tlinereader::open(std::string_view filename, twaiting& waiting) {
   fdescriptor = waiting.open(name.c_str(), O_RDONLY);
   if (fdescriptor < 0) return errno;
   fatend = false;
-  funread = maxfile;
   askstatus();
+  funread = maxbytes();
   makeblock();
   freaderror = fstatus.isfifo ? waitforwriter() : 0;
   if (freaderror == 0 && unread() == 0) readmore();
@@ -82,6 +85,8 @@ bool tlinereader::readmore() noexcept {
 
 // Reads what is there. Returns the number of bytes, 0 at the end, -1 with the error code in errno.
 ssize_t tlinereader::readonce() noexcept {
+  std::optional<theldsignals> held;
+  if (!fstatus.isordinary) held.emplace();
   ssize_t count;
   do count = ::read(fdescriptor, fend, static_cast<std::size_t>(fblock.get() + fblocksize - fend));
   while (count < 0 && errno == EINTR);

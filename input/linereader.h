@@ -47,7 +47,7 @@ class tlinereader {
   }
 
   const tfilestatus& status() const noexcept { return fstatus; }
-  std::int64_t bytesread() const noexcept { return maxfile - funread; }
+  std::int64_t bytesread() const noexcept { return maxbytes() - funread; }
   // The system's error code if reading failed after the file was opened, otherwise 0. The lines end at the
   // failure.
   int readerror() const noexcept { return freaderror; }
@@ -55,10 +55,14 @@ class tlinereader {
  private:
   static constexpr std::size_t largestblock = 64 * 1024;
   static constexpr std::size_t smallestblock = 4 * 1024;
-  // The largest number of bytes in a file; a longer one ends with the error EFBIG. Some devices never end,
-  // and the number of a line must fit 32 bits.
+  // The largest number of bytes in a file; a longer one ends with the error EFBIG. The number of a line must
+  // fit 32 bits. Devices have a lower limit, because some never end.
   static constexpr std::ptrdiff_t maxfile = 0x7FFFFFFF;
+  static constexpr std::ptrdiff_t maxdevice = 16 * 1024 * 1024;
 
+  std::ptrdiff_t maxbytes() const noexcept {
+    return fstatus.isordinary || fstatus.isfifo ? maxfile : maxdevice;
+  }
   void askstatus() noexcept;
   void makeblock();
   int waitforwriter() noexcept;
@@ -91,8 +95,8 @@ class tlinereader {
   twaiting* fwaiting = nullptr;
   int freaderror = 0;
   bool fatend = true;
-  std::ptrdiff_t funread = maxfile;  // how many bytes may still be read
-  std::size_t fblocksize = 0;        // enough for a small file: nine files may be open at once
+  std::ptrdiff_t funread = 0;  // how many bytes may still be read
+  std::size_t fblocksize = 0;  // enough for a small file: nine files may be open at once
   std::unique_ptr<char[]> fblock;
   char* fbegin = nullptr;  // the unread part of the block
   char* fend = nullptr;

@@ -100,13 +100,16 @@ void tmessagelist::append(tmsgkind kind, std::string_view text) {
     case tmsgkind::inputecho:
     case tmsgkind::fileenter:
     case tmsgkind::fileleave: break;
-    case tmsgkind::help: ++fhelplines; break;
+    case tmsgkind::help: ++ferrorcount; break;
     case tmsgkind::valuewarning:
     case tmsgkind::deprecated: ++fwarnings; break;
     case tmsgkind::defineerror:
     case tmsgkind::valueerror:
     case tmsgkind::toomanymsgs:
-    case tmsgkind::usererror: ++ferrors; break;
+    case tmsgkind::usererror:
+      ++ferrors;
+      ++ferrorcount;
+      break;
   }
 }
 
@@ -146,7 +149,7 @@ void tmessagelist::clear() {
   ftexts.clear();
   ferrors = 0;
   fwarnings = 0;
-  fhelplines = 0;
+  ferrorcount = 0;
   foutofmemory = false;
 }
 

@@ -18,6 +18,8 @@
 
 namespace optcore {
 
+class tcurrentname;
+
 class tmessagelist {
  public:
   // Files a message. If an error or warning has a line number, the text begins with it.
@@ -58,7 +60,7 @@ class tmessagelist {
   std::int32_t warnings() const noexcept { return fwarnings; }
   void getcounts(std::int32_t& errors, std::int32_t& warnings) const noexcept;
   // Errors and lines of help. Setters and readers compare this count before and after an operation.
-  std::int32_t errorcount() const noexcept { return errors() + fhelplines; }
+  std::int32_t errorcount() const noexcept { return ferrorcount + (foutofmemory ? 1 : 0); }
 
   // Sets the observer that is notified of every message; null for none. It is not owned, and must be removed
   // before it is destroyed.
@@ -73,8 +75,8 @@ class tmessagelist {
   // The source that is being read, set by tactivesource; null when there is none.
   const tlinesource* activesource() const noexcept { return fsource; }
   // The name that messages quote for the option whose value is being set, as the caller wrote it. Set by
-  // tcurrentname; empty when no value is being set.
-  std::string_view curoptname() const noexcept { return fcuroptname; }
+  // tcurrentname; otherwise empty, and messages quote the option's own name.
+  std::string_view curoptname() const noexcept;
   // Whether the lines of sources are echoed.
   bool echo() const noexcept { return fecho; }
   void setecho(bool echo) noexcept { fecho = echo; }
@@ -96,11 +98,11 @@ class tmessagelist {
   txstringlist<tmsgkind> ftexts;
   std::int32_t ferrors = 0;
   std::int32_t fwarnings = 0;
-  std::int32_t fhelplines = 0;
-  bool foutofmemory = false;  // memory ran out, and the message about it is still to be filed
+  std::int32_t ferrorcount = 0;  // with lines of help
+  bool foutofmemory = false;     // memory ran out, and the message about it is still to be filed
   tstoreobserver* fobserver = nullptr;
   tlinesource* fsource = nullptr;
-  std::string_view fcuroptname;
+  const tcurrentname* fcurrentname = nullptr;
   bool fecho = false;
 };
 
@@ -130,15 +132,21 @@ class tactivesource {
 class tcurrentname {
  public:
   tcurrentname(tmessagelist& messages, std::string_view name) noexcept
-      : fmessages(messages), fprevious(std::exchange(messages.fcuroptname, name)) {}
+      : fmessages(messages), fname(name), fprevious(std::exchange(messages.fcurrentname, this)) {}
   tcurrentname(tmessagelist& messages, shortstring&& name) = delete;  // it would be gone at once
   tcurrentname(const tcurrentname&) = delete;
   tcurrentname& operator=(const tcurrentname&) = delete;
-  ~tcurrentname() { fmessages.fcuroptname = fprevious; }
+  ~tcurrentname() { fmessages.fcurrentname = fprevious; }
+  std::string_view name() const noexcept { return fname; }
 
  private:
   tmessagelist& fmessages;
-  std::string_view fprevious;
+  std::string_view fname;
+  const tcurrentname* fprevious;
 };
+
+inline std::string_view tmessagelist::curoptname() const noexcept {
+  return fcurrentname != nullptr ? fcurrentname->name() : std::string_view();
+}
 
 }  // namespace optcore

@@ -23,16 +23,21 @@ namespace {
 
 // ---- what the setters share
 
+// The name that messages quote: as the caller wrote it, or else the option's own.
+std::string_view quotedname(const toption& option) {
+  const std::string_view written = option.owner().messages().curoptname();
+  return written.empty() ? option.name() : written;
+}
+
 // The text of the first message about a refused value.
 shortstring refusal(const toption& option, std::string_view head, std::string_view saw) {
-  return concat(head, quoted(option.owner().messages().curoptname()), " saw ", quoted(saw));
+  return concat(head, quoted(quotedname(option)), " saw ", quoted(saw));
 }
 
 void fileparseerror(const toption& option, std::string_view head, std::string_view saw) {
   tmessagelist& messages = option.owner().messages();
   if (messages.ignores(tmsgkind::valueerror)) return;
-  messages.addmessage(tmsgkind::valueerror, refusal(option, head, saw),
-                      {messages.curoptname(), &option, saw});
+  messages.addmessage(tmsgkind::valueerror, refusal(option, head, saw), {quotedname(option), &option, saw});
 }
 
 // Files the two messages about an illegal value: `saw` returns the value as text, `legal` the text of the
@@ -45,7 +50,7 @@ bool reportillegal(const toption& option, std::string_view head, tsaw saw, tlega
   if (!messages.ignores(kind)) {
     const auto value = saw();
     messages.addmessage(kind, refusal(option, head, value),
-                        {messages.curoptname(), &option, value, tsubject::tproblem::illegalvalue});
+                        {quotedname(option), &option, value, tsubject::tproblem::illegalvalue});
     messages.addexplanation(kind, legal());
   }
   return nobounds;
@@ -207,8 +212,7 @@ bool hasdoublequote(std::string_view text) { return text.find('"') != std::strin
 
 void refusedoublequote(const toption& option, std::string_view text) {
   tmessagelist& messages = option.owner().messages();
-  messages.addmessage(tmsgkind::valueerror, "Bad double-quote in value",
-                      {messages.curoptname(), &option, text});
+  messages.addmessage(tmsgkind::valueerror, "Bad double-quote in value", {quotedname(option), &option, text});
 }
 
 }  // namespace

@@ -41,8 +41,7 @@ namespace {
 template <class tassign>
 bool assigned(toption* option, twhich which, tassign assign) {
   if (!hasvalue(option, which)) return false;
-  tmessagelist& messages = option->owner().messages();
-  const tcurrentname current(messages, option->name());
+  const tmessagelist& messages = option->owner().messages();
   const std::int32_t errorsbefore = messages.errorcount();
   return assign(*option) && messages.errorcount() == errorsbefore;
 }
@@ -99,6 +98,7 @@ bool setdouble(toption* option, twhich which, double value) {
 
 bool settext(toption* option, twhich which, std::string_view text) {
   return assigned(option, which, [&](toption& target) {
+    const tcurrentname current(target.owner().messages(), target.name());  // for members, too
     if (which == twhich::first)
       target.setasstring(text);
     else

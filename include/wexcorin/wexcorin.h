@@ -193,7 +193,8 @@ WEXCORIN_API void xfree(tvksoptions** handle);
  * terminals for 60 seconds at most, whatever number of files it opens; 5 of these seconds are for programs
  * that open the other end of a FIFO. After that, a file without data cannot be opened or not be read to its
  * end (ETIMEDOUT). When a file cannot be read to its end, two messages report it, of which the first begins
- * with "Cannot read"; what was read before takes effect. The same holds for a file of 2 GiB or more (EFBIG).
+ * with "Cannot read"; what was read before takes effect. The same holds for a file of 2 GiB or more and for
+ * more than 16 MiB of a device (EFBIG).
  * When the list of messages is full and cannot hold these messages, the call that reads the file returns the
  * error code instead, also when the file was read by another file. optreadfromstr and optreadfrompchar have
  * no result: call optclearmessages first.
@@ -213,7 +214,7 @@ WEXCORIN_API int32_t coptreaddefinition(tvksoptions* handle, const char* filenam
 /* Reads an option file: sets options, collects dot entries and indicators, and carries out immediate
  * options. An immediate option may read further files. At most nine files may be open within each other and
  * 10,000 may be read in one call, this file included. Files that were read before are read again for at most
- * five times the bytes that the call reads at all, or 32 KiB, and requests for help are answered until they
+ * twice the bytes that the call reads at all, or 32 KiB, and requests for help are answered until they
  * have put out 1 MiB; further ones are refused with a message of kind optMsgUserError. filename is the path
  * of the file. The result is 0 when the file could be opened, but see above. Otherwise it is the error code
  * of the operating system, and two messages of kind optMsgUserError are filed. An error or warning about a

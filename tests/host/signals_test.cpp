@@ -1,12 +1,15 @@
 // Writing that fails in the two ways that end a process which is not prepared for them: the reader of a pipe
 // has left, or a file would exceed the limit of the process. The errors are reported, and the host's signals
-// are as they were, whatever the host does with them.
+// are as they were, whatever the host does with them. And a terminal that stops a process in the background.
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <thread>
 
 #include "support/handle.h"
@@ -120,6 +123,47 @@ TEST_F(signals, areheldback) {
   unchanged("pending");
   pthread_sigmask(SIG_UNBLOCK, &both, nullptr);
   EXPECT_EQ(received, 2);
+}
+
+// Runs the job in the background of a terminal that stops processes there, and returns its status for wait.
+template <class tjob>
+int inbackground(const char* terminal, tjob job) {
+  int status = 0;
+  const pid_t session = fork();
+  if (session == 0) {
+    setsid();
+    termios settings{};
+    const int own = open(terminal, O_RDWR);  // it becomes the terminal of the session
+    tcgetattr(own, &settings);
+    settings.c_lflag |= TOSTOP;
+    tcsetattr(own, TCSANOW, &settings);
+    const pid_t background = fork();
+    setpgid(background, background);
+    if (background == 0) _exit(job());
+    waitpid(background, &status, WUNTRACED);
+    if (WIFSTOPPED(status)) kill(background, SIGKILL);
+    _exit(WIFSTOPPED(status) ? WSTOPSIG(status) : WEXITSTATUS(status));
+  }
+  waitpid(session, &status, 0);
+  return status;
+}
+
+TEST_F(signals, stopNoProcessInTheBackground) {
+  const int master = posix_openpt(O_RDWR | O_NOCTTY);
+  ASSERT_EQ(grantpt(master) | unlockpt(master), 0);
+  const int status = inbackground(ptsname(master), [] {
+    wexcorin::options options;
+    options.read("--list text");
+    const std::int32_t code = options.readparameterfile("/dev/tty");
+    options.clearmessages();
+    options.writeparameterfile("/dev/tty");
+    return code == EIO && options.messages().empty() ? 0 : 1;
+  });
+  EXPECT_EQ(status, 0) << "the number of the signal that stopped it, times 256";
+  char written[7] = {};
+  EXPECT_EQ(read(master, written, 6), 6);
+  EXPECT_STREQ(written, "--list");
+  close(master);
 }
 
 }  // namespace
