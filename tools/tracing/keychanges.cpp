@@ -87,6 +87,16 @@ class tkeycomparison {
     return fbefore.lookupmode() == fafter.lookupmode() && fbefore.lookupmode() != tlookupmode::normal;
   }
 
+  // What a name of the older definition finds in the newer one, typed as it was. In lookup mode Minos, a key with an
+  // underscore finds nothing.
+  std::int32_t foundnow(std::string_view name, bool& partial) const {
+    const bool isminos = fafter.lookupmode() == tlookupmode::minos;
+    const bool wasminos = fbefore.lookupmode() == tlookupmode::minos;
+    partial = false;
+    if (isminos && !wasminos && !name.starts_with('.') && name.find('_') != std::string_view::npos) return -1;
+    return found(fafter, name, partial);
+  }
+
   // ---- names of options
 
   void option(std::int32_t position) {
@@ -94,7 +104,7 @@ class tkeycomparison {
     bool partial = false;
     if (found(fbefore, name, partial) != position) return indirect(position);  // another one hides it
     const std::int32_t counterpart = fcomparison.counterparts.newerof(position);
-    const std::int32_t now = found(fafter, name, partial);
+    const std::int32_t now = foundnow(name, partial);
     if (counterpart < 0) return removed(position, now, partial);
     const std::string_view newname = fafter.getstrings(counterpart);
     if (!struequal(name, newname))
@@ -224,7 +234,7 @@ class tkeycomparison {
     const std::int32_t position = found(fbefore, key, partial);
     if (position < 0 || partial || struequal(fbefore.getstrings(position), key)) return;
     const std::int32_t counterpart = fcomparison.counterparts.newerof(position);
-    const std::int32_t now = found(fafter, key, newpartial);
+    const std::int32_t now = foundnow(key, newpartial);
     if (counterpart >= 0 && now == counterpart && !newpartial)
       return standing(key, fbefore.option(position), fafter.option(now));
     const toption& before = fbefore.option(position);
