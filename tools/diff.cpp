@@ -67,7 +67,8 @@ struct tread {
     defined = reading.store().getcount();
     origins.emplace(reading);
     const bool opened = reading.readoptions({definition, files, {}});
-    return reportproblems(reading.findings()) != exitunusable && opened;
+    reportproblems(reading.findings());
+    return opened;
   }
 
   std::string originof(const tsettingkey& key, const tsetting& setting) const {

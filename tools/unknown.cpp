@@ -17,7 +17,8 @@ std::int32_t optionnamed(const optcore::tvksoptions& store, std::string name) {
 
 namespace {
 
-// The names that may have been meant: dot options for a name with a period, which may have a symbol behind it.
+// The names that may have been meant: dot options for a name with a period, which may have a symbol behind
+// it.
 std::vector<std::string> likelynames(const optcore::tvksoptions& store, const std::string& name) {
   if (!name.starts_with('.')) return keynames(store);
   std::vector<std::string> result;

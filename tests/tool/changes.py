@@ -15,13 +15,15 @@ MODIFIED = "integer double boolean enumstr enumint".split()
 def new_name(definition, choice):
     while True:
         name = "_".join(choice.choices(WORDS, k=choice.choice([1, 1, 2, 2, 3])))
-        if name not in [option["name"] for option in definition["options"]] + [name for name, _ in definition["synonyms"]]:
+        if name not in names(definition):
             return name
 
 
 def new_option(definition, choice, kind=None):
-    kind = kind or choice.choice(MODIFIED + ["string", "strlist"] + ["macro", "multilist", "immediate"] * (len(definition["options"]) > 2))
-    option = {"name": new_name(definition, choice), "type": kind, "modifier": "", "group": 1, "help": "Help", "number": choice.randrange(99)}
+    others = ["macro", "multilist", "immediate"] if len(definition["options"]) > 2 else []
+    kind = kind or choice.choice(MODIFIED + ["string", "strlist"] + others)
+    option = {"name": new_name(definition, choice), "type": kind, "modifier": "", "group": 1, "help": "Help",
+              "number": choice.randrange(99)}
     if kind in MODIFIED:
         option["modifier"] = choice.choice(["", "", ".NV", ".OPT", ".TWO"])
     if kind in ("integer", "double"):
@@ -47,8 +49,9 @@ def new_option(definition, choice, kind=None):
 
 
 def new_definition(choice):
-    definition = {"mode": choice.choice(["Normal", "Normal", "Path", "Minos"]), "comments": choice.choice(["", "#", "!#"]),
-                  "keyword": choice.choice(["", "ind"]), "options": [], "synonyms": [], "deprecated": [], "obsolete": []}
+    definition = {"mode": choice.choice(["Normal", "Normal", "Path", "Minos"]), "keyword": choice.choice(["", "ind"]),
+                  "comments": choice.choice(["", "#", "!#"]), "options": [], "synonyms": [], "deprecated": [],
+                  "obsolete": []}
     for _ in range(choice.choice([3, 5, 7])):
         definition["options"].append(new_option(definition, choice))
     for _ in range(choice.choice([0, 1, 2])):
@@ -64,13 +67,15 @@ def names(definition):
 
 
 def text_of(definition):
-    lines = [f"{definition['mode']} lookup", f"x eolcomm {definition['comments']}", "main group 1 1 Main", "other group 2 1 Other"]
+    lines = [f"{definition['mode']} lookup", f"x eolcomm {definition['comments']}", "main group 1 1 Main",
+             "other group 2 1 Other"]
     if definition["keyword"]:
         lines.append(f"{definition['keyword']} indicator")
     for option in definition["options"]:
         fields = [] if option["type"] in ("macro", "immediate") else [option["number"]]
         fields += [option[field] for field in ("default", "low", "high") if field in option]
-        lines.append(" ".join(map(str, [option["name"], option["type"] + option["modifier"], *fields, 1, option["group"], option["help"]])))
+        fields = [option["name"], option["type"] + option["modifier"], *fields, 1, option["group"], option["help"]]
+        lines.append(" ".join(map(str, fields)))
         is_list = option["type"] in ("macro", "multilist")
         lines += [f" {value}" + ("" if is_list else " 1") for value in option.get("values", [])]
     lines += [f"{name} synonym {target}" for name, target in definition["synonyms"]]
@@ -90,7 +95,8 @@ def renamed(definition, choice, with_synonym):
     for each in definition["options"]:
         if each["type"] in ("macro", "multilist"):
             each["values"] = [option["name"] if value == old else value for value in each["values"]]
-    definition["synonyms"] = [(name, option["name"] if target == old else target) for name, target in definition["synonyms"]]
+    definition["synonyms"] = [(name, option["name"] if target == old else target)
+                              for name, target in definition["synonyms"]]
     for block in "deprecated", "obsolete":
         definition[block] = [option["name"] if name == old else name for name in definition[block]]
     if with_synonym:
@@ -101,8 +107,9 @@ def renamed(definition, choice, with_synonym):
 def change(definition, choice):
     options = definition["options"]
     option = choice.choice(options)
-    what = choice.choice("remove add rename synonym-rename type modifier bounds default values members synonym synonym- retarget "
-                         "deprecated obsolete current mode comments keyword action help group number order spelling".split())
+    what = choice.choice("remove add rename synonym-rename type modifier bounds default values members synonym synonym- "
+                         "retarget deprecated obsolete current mode comments keyword action help group number order "
+                         "spelling".split())
     if what == "remove":
         options.remove(option)
         for each in options:
@@ -116,11 +123,13 @@ def change(definition, choice):
     elif what == "type":
         new = new_option(definition, choice, choice.choice(MODIFIED + ["string", "strlist"]))
         modifier = option["modifier"] if new["type"] in MODIFIED else ""
-        options[options.index(option)] = {**new, "name": option["name"], "modifier": choice.choice([modifier, new["modifier"]])}
+        new |= {"name": option["name"], "modifier": choice.choice([modifier, new["modifier"]])}
+        options[options.index(option)] = new
     elif what == "modifier" and option["type"] in MODIFIED:
         option["modifier"] = choice.choice(["", ".NV", ".OPT", ".TWO"])
     elif what == "bounds" and "low" in option:
-        option["low"], option["high"] = option["low"] + choice.choice([-2, 0, 1]), option["high"] + choice.choice([-1, 0, 3])
+        option["low"] += choice.choice([-2, 0, 1])
+        option["high"] += choice.choice([-1, 0, 3])
         option["default"] = min(max(option["default"], option["low"]), option["high"])
     elif what == "default" and "default" in option:
         option["default"] = new_option(definition, choice, option["type"])["default"]
@@ -129,7 +138,8 @@ def change(definition, choice):
         if option["default"] not in option["values"]:
             option["values"].append(option["default"])
     elif what == "members" and option["type"] in ("macro", "multilist"):
-        option["values"] = new_option({**definition, "options": options[:options.index(option)]}, choice, option["type"])["values"]
+        before = {**definition, "options": options[:options.index(option)]}
+        option["values"] = new_option(before, choice, option["type"])["values"]
     elif what == "synonym":
         definition["synonyms"].append((new_name(definition, choice), option["name"]))
     elif what == "synonym-" and definition["synonyms"]:
@@ -173,8 +183,10 @@ def spellings(name, mode, choice):
 
 def candidates(definition, other, choice):
     numbers = {value for each in (definition, other) for option in each["options"] for value in
-               [option.get(field) for field in ("default", "low", "high")] + option.get("values", []) if isinstance(value, int)}
-    values = TEXTS + sorted(map(str, {n + d for n in numbers for d in (-1, 0, 1)})) + ["2.5", "no", "zzz", "a#b", "a!b%c", "1 2", "* 5", "1:2:0", "red:1"]
+               [option.get(field) for field in ("default", "low", "high")] + option.get("values", [])
+               if isinstance(value, int)}
+    values = TEXTS + "2.5;no;zzz;a#b;a!b%c;1 2;* 5;1:2:0;red:1".split(";")
+    values += sorted(map(str, {n + d for n in numbers for d in (-1, 0, 1)}))
     lines = [f"--{word} {value}" for word in ("alpha", "alpine", "own_list", "own") for value in ("a", "b c")]
     lines += ["ind e$v 1", "ind e('a#b')$v no"]
     for name in names(definition):
@@ -249,7 +261,8 @@ def case(seed):
     dirty = {each["line"] for each in findings("old.def", "\n".join(lines)) if each["severity"] == "error"}
     choice.shuffle(clean := [line for number, line in enumerate(lines, 1) if number not in dirty])
     text = "\n".join(line for line in clean if not switches(line, old))
-    while worse := {each["line"] for each in findings("old.def", text) if each["severity"] == "error" or each["rule"] == "illegal-value"}:
+    while worse := {each["line"] for each in findings("old.def", text)
+                    if each["severity"] == "error" or each["rule"] == "illegal-value"}:
         text = "\n".join(line for number, line in enumerate(text.split("\n"), 1) if number not in worse)
     refused, silent = compare(text, renames)
     classes = {each["class"] for each in changes}
@@ -259,7 +272,8 @@ def case(seed):
         return f"'{silent}' means something else, but all is compatible"
     certain = {"bounds", "values", "default", "removed", "synonym"}
     acts = len(changes) == 1 and not {changes[0]["name"], changes[0]["before"]}.isdisjoint(acting(old))
-    if len(changes) == 1 and changes[0]["kind"] in certain and old["mode"] == "Normal" and not (acts or old["deprecated"] or old["obsolete"]):
+    plain = old["mode"] == "Normal" and not (acts or old["deprecated"] or old["obsolete"])
+    if len(changes) == 1 and changes[0]["kind"] in certain and plain:
         if changes[0]["class"] == "breaking" and not refused:
             return f"no line is refused, but this is breaking: {changes[0]}"
         if changes[0]["class"] == "silent" and not silent:

@@ -345,7 +345,7 @@ for command, said in (("chek --jsn", '"chek"; did you mean "check"?'), ("--verso
                       ("check a --jsn=1", '"--jsn"; did you mean "--json"?'), ("doc mark a -o b", '"mark"; did you mean "markdown"?'),
                       ("write a b -o c --forc", '"--forc"; did you mean "--force"?'), ("shw a", '"shw"; did you mean "show"?')):
     expect_part(command, run(f"wexcorin {command}")[1], f" {said}\nTry 'wexcorin")
-for command in "", "check", "show", "get", "find", "help", "template", "write", "doc":
+for command in "", "check", "show", "explain", "get", "find", "help", "template", "write", "doc":
     expect_part(f"{command} --help", " ".join(run(f"wexcorin {command} --help")[0].split()),
                 " Exit codes: 0 no problems; 1 problems in what was read; 2 wrong use, or a file that cannot be opened, "
                 "read or written.")

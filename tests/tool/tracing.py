@@ -6,10 +6,28 @@ from support import DOCS, expect, expect_part, failures, read, run, runs, write
 
 # ---- origin: chains of files and of options that pass their text on
 
-write("trace.def", "Path lookup\nx eolcomm #\nalpha integer 1 1 0 9 1 1\nbeta integer.OPT 2 1 0 9 1 1\nquiet boolean.NV 3 0 1 1\n"
-      "inner macro 1 1\n alpha\nouter macro 1 1\n inner\n beta\npair multilist 4 1 1\n alpha outer\nname synonym alpha\n"
-      "read immediate readfile 1 1\nwindow double.TWO 5 0 0 9 1 1\nlist strlist 6 1 1\nwords enumstr 7 Red 1 1\n red 1\n blue 1\n"
-      ".rank double 8 0 0 9 1 1\nind indicator\nnobounds immediate nobounds 1 1\n")
+write("trace.def", """Path lookup
+x eolcomm #
+alpha integer 1 1 0 9 1 1
+beta integer.OPT 2 1 0 9 1 1
+quiet boolean.NV 3 0 1 1
+inner macro 1 1
+ alpha
+outer macro 1 1
+ inner
+ beta
+pair multilist 4 1 1
+ alpha outer
+name synonym alpha
+read immediate readfile 1 1
+window double.TWO 5 0 0 9 1 1
+list strlist 6 1 1
+words enumstr 7 Red 1 1
+ red 1
+ blue 1
+.rank double 8 0 0 9 1 1
+ind indicator
+""")
 write("deep.opt", "alp 5\n")
 write("part.opt", "read deep.opt\nouter 3 # three\n")
 write("main.opt", "name 2\nread part.opt\npair 4:6\nbeta\nquiet\n")
@@ -95,9 +113,9 @@ for arguments in ("a.opt b.opt --definition none.def", "a.opt none.opt --definit
     runs(f"wexcorin diff {arguments}", "", None, 2)
 write("faulty.def", "a integer 1 9 0 1 1 1\n")
 runs("wexcorin diff trace.def faulty.def", "", 'faulty.def:1: error: Default not in range for option "a"\n', 2)
-write("faulty.opt", "alpha x\nbeta 2\n")
+write("faulty.opt", "alpha x\nread none.opt\nbeta 2\n")
 runs("wexcorin diff --defaults faulty.opt --definition - --markdown", "| Setting | faulty.opt | defaults |\n| --- | --- | --- |\n"
-     "| beta | 2 \\[faulty.opt:2\\] | 1 \\[default\\] |\n", None, 1, read("trace.def"))
+     "| beta | 2 \\[faulty.opt:3\\] | 1 \\[default\\] |\n", None, 1, read("trace.def"))
 for arguments in ("a.opt", "--defaults a.opt", "a.opt b.opt --fail-on breaking --definition trace.def", "--matrix trace.def",
                   "--json --markdown trace.def trace.def"):
     runs(f"wexcorin diff {arguments}", "", None, 2)

@@ -165,8 +165,8 @@ const testsupport::ttests records("records", {__LINE__, R"~(
     file m 1:x => Value OPT:1 'Double expected for option "m" saw "x"' [m,d,x]
 
     // a step tells the key of a statement with its option, and the options between them
-    steps ; file old 1\n-all 2 => statement old of i | statement all of all | spreads all of all | spreads all of m
-      | has spread all of m | has spread all of all
+    steps ; file -all 2 => statement all of all | spreads all of all | spreads all of m | has spread all of m
+      | has spread all of all
     steps ; file opt\nopt 1\n? => statement opt of opt | takes default opt of opt | statement opt of opt | statement
       | User OPT:3 'Option keyword expected, saw "?"'
 

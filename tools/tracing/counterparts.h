@@ -29,7 +29,8 @@ class tpositions {
 class tcounterparts {
  public:
   // An option's counterpart has its name. If no option of the newer definition has it, but a synonym has, the
-  // counterpart is the synonym's option, unless the older definition has that one, too: the option was renamed.
+  // counterpart is the synonym's option, unless the older definition has that one, too: the option was
+  // renamed.
   tcounterparts(const tpositions& older, const tpositions& newer);
 
   std::int32_t newerof(std::int32_t position) const { return fnewer[static_cast<std::size_t>(position)]; }
@@ -41,8 +42,8 @@ class tcounterparts {
   std::vector<std::int32_t> fnewer, folder;
 };
 
-// The option of the definition that the reason of a deprecation names, as in: use "infinity". A name in quotes
-// goes before others. -1 if it names none, or only `but`.
+// The option of the definition that the reason of a deprecation names, as in: use "infinity". A name in
+// quotes goes before others. -1 if it names none, or only `but`.
 std::int32_t namedin(std::string_view reason, const tpositions& options, std::string_view but);
 
 }  // namespace tool

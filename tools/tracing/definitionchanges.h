@@ -54,7 +54,8 @@ struct tcomparison {
 
 // Adds how the option at this position differs from its counterpart.
 void addoptionchanges(tcomparison& comparison, std::int32_t position);
-// Adds the options and synonyms whose names are new, gone or find something else, or whose standing has changed.
+// Adds the options and synonyms whose names are new, gone or find something else, or whose standing has
+// changed.
 void addkeychanges(tcomparison& comparison);
 
 // What it means that lines which named the one option name the other one now: silent if that takes them all,

@@ -87,8 +87,8 @@ class tkeycomparison {
     return fbefore.lookupmode() == fafter.lookupmode() && fbefore.lookupmode() != tlookupmode::normal;
   }
 
-  // What a name of the older definition finds in the newer one, typed as it was. In lookup mode Minos, a key with an
-  // underscore finds nothing.
+  // What a name of the older definition finds in the newer one, typed as it was. In lookup mode Minos, a key
+  // with an underscore finds nothing.
   std::int32_t foundnow(std::string_view name, bool& partial) const {
     const bool isminos = fafter.lookupmode() == tlookupmode::minos;
     const bool wasminos = fbefore.lookupmode() == tlookupmode::minos;
@@ -194,7 +194,8 @@ class tkeycomparison {
              "Short forms of the name are now ");
   }
 
-  // In mode Minos, the first words of a name may be spelled like a synonym that is new, which then ends the name.
+  // In mode Minos, the first words of a name may be spelled like a synonym that is new, which then ends the
+  // name.
   void shortsynonyms() {
     std::unordered_map<std::string, std::string> captured;  // by their significant characters
     for (std::int32_t i = 0; i < fbefore.getcount(); ++i) {

@@ -219,7 +219,8 @@ class toptioncomparison {
     if (impact != timpact::compatible || before.size() != after.size()) addmembers(impact, before, after);
   }
 
-  // The options that a macro sets in the end. Returns false if a multilist is among them, which splits the text.
+  // The options that a macro sets in the end. Returns false if a multilist is among them, which splits the
+  // text.
   static bool leavesof(const tpositions& positions, const toption& option, std::set<std::int32_t>& leaves) {
     bool result = true;
     for (const std::int32_t position : positionsof(positions, option)) {

@@ -27,7 +27,7 @@ void torigins::stepped(const tstep& step) {
 }
 
 void torigins::add(const toption& option, twhich which) {
-  std::uint32_t& last = flast[&option][ordinal(which)];
+  std::uint32_t& last = flast[option][ordinal(which)];
   tsetting setting{
       .before = last, .source = currentsource(), .links = currentlinks(), .line = currentline(), .text = 0};
   keepvalue(option, which, setting);
@@ -47,33 +47,42 @@ void torigins::keepvalue(const toption& option, twhich which, tsetting& setting)
   }
 }
 
+const torigins::tsetting* torigins::last(const toption& option, twhich which) const {
+  const std::array<std::uint32_t, 2>* positions = flast.at(option);
+  const std::uint32_t position = positions != nullptr ? (*positions)[ordinal(which)] : 0;
+  return position != 0 ? &fsettings[position - 1] : nullptr;
+}
+
 std::vector<const torigins::tsetting*> torigins::settings(const toption& option, twhich which) const {
   std::vector<const tsetting*> result;
-  const auto found = flast.find(&option);
-  if (found == flast.end()) return result;
-  for (std::uint32_t next = found->second[ordinal(which)]; next != 0; next = result.back()->before)
-    result.push_back(&fsettings[next - 1]);
+  const tsetting* next = last(option, which);
+  while (next != nullptr) {
+    result.push_back(next);
+    next = next->before != 0 ? &fsettings[next->before - 1] : nullptr;
+  }
   std::ranges::reverse(result);
   return result;
 }
 
-tshownvalue torigins::valueof(const toption& option, const tsetting& setting) const {
+// As JSON.
+std::string torigins::valueof(const toption& option, const tsetting& setting) const {
   switch (option.opttype()) {
-    case topttype::integer: return shown(setting.integer);
-    case topttype::boolean: return shownboolean(setting.integer);
-    case topttype::enumint: return shownnumber(setting.integer);
-    case topttype::dbl: return shown(setting.number);
+    case topttype::integer:
+    case topttype::enumint: return std::to_string(setting.integer);
+    case topttype::boolean: return setting.integer != 0 ? "true" : "false";
+    case topttype::dbl: return ordered_json(setting.number).dump();
     case topttype::string:
     case topttype::enumstr: {
       const auto length = static_cast<unsigned char>(ftexts[setting.text]);
-      return shown(std::string_view(ftexts).substr(setting.text + 1, length));
+      const std::string_view text = std::string_view(ftexts).substr(setting.text + 1, length);
+      return printablejson(jsontext(text).dump());
     }
     case topttype::multilist:
     case topttype::strlist:
     case topttype::macro:
     case topttype::immediate: break;
   }
-  return {};
+  return "null";
 }
 
 // ---- as text
@@ -108,11 +117,12 @@ std::string linkstext(const std::vector<tlink>& links) {
 }
 
 std::string torigins::text(const toption& option, twhich which) const {
-  const std::vector<const tsetting*> all = settings(option, which);
-  if (all.empty()) return "default";
-  if (option.opttype() != topttype::strlist) return text(*all.back());
+  const tsetting* inforce = last(option, which);
+  if (inforce == nullptr) return "default";
+  if (option.opttype() != topttype::strlist) return text(*inforce);
   std::string result;
-  for (const tsetting* setting : all) result += (result.empty() ? "" : "; ") + text(*setting);
+  for (const tsetting* setting : settings(option, which))
+    result += (result.empty() ? "" : "; ") + text(*setting);
   return result;
 }
 
@@ -136,16 +146,25 @@ ordered_json torigins::origin(const tsetting& setting) const {
   return {{"source", jsontext(read.name)}, {"line", setting.line}, {"through", std::move(through)}};
 }
 
-// Written without the help of the JSON library, which would take several times as long: there may be very many.
+const std::vector<std::string>& torigins::sourcenames() const {
+  while (fsourcenames.size() < sourcecount())
+    fsourcenames.push_back(
+        printablejson(jsontext(source(static_cast<std::uint32_t>(fsourcenames.size())).name).dump()));
+  return fsourcenames;
+}
+
+// Written without the help of the JSON library, which would take several times as long: there may be very
+// many.
 std::string torigins::overridden(const toption& option, const std::vector<const tsetting*>& all,
                                  std::size_t depth) const {
+  const std::vector<std::string>& names = sourcenames();
   tjsonpieces result('[', depth);
   for (const tsetting* setting : all) {
     if (setting == all.back()) break;
     tjsonpieces entry('{', depth + 1);
-    entry.add(printablejson(jsontext(source(setting->source).name).dump()), "source");
+    entry.add(names[setting->source], "source");
     entry.add(std::to_string(setting->line), "line");
-    entry.add(printablejson(valueof(option, *setting).json.dump()), "value");
+    entry.add(valueof(option, *setting), "value");
     result.add(entry.finish('}'));
   }
   return result.finish(']');

@@ -6,10 +6,9 @@
 #include <cstdint>
 #include <nlohmann/json.hpp>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
-#include "tools/doc/shownvalue.h"
+#include "tools/tracing/optiontable.h"
 #include "tools/tracing/tracer.h"
 
 namespace tool {
@@ -23,11 +22,11 @@ class torigins final : public ttracer {
  public:
   explicit torigins(treading& reading) : ttracer(reading) {}
 
-  // Where the value in force comes from, as people read it: for example "main.opt:3 > part.opt:12 (macro fast)",
-  // and "default" for a value that was not set. For a list, where each of its texts comes from.
+  // Where the value in force comes from, as people read it: for example "main.opt:3 > part.opt:12 (macro
+  // fast)", and "default" for a value that was not set. For a list, where each of its texts comes from.
   std::string text(const optcore::toption& option, optcore::twhich which) const;
-  // The same as JSON that stands so deep in a document, with the settings that were overridden; null for a value
-  // that was not set. For a list, an array with the origin of each text.
+  // The same as JSON that stands so deep in a document, with the settings that were overridden; null for a
+  // value that was not set. For a list, an array with the origin of each text.
   std::string json(const optcore::toption& option, optcore::twhich which, std::size_t depth) const;
 
   // Where the dot entry or indicator at this position of its list comes from.
@@ -57,9 +56,13 @@ class torigins final : public ttracer {
   void assigned(const optcore::toption& option, std::int32_t bits) override;
   void add(const optcore::toption& option, optcore::twhich which);
   void keepvalue(const optcore::toption& option, optcore::twhich which, tsetting& setting);
+  // The last setting of a value; null if there is none.
+  const tsetting* last(const optcore::toption& option, optcore::twhich which) const;
   // The settings of a value, oldest first.
   std::vector<const tsetting*> settings(const optcore::toption& option, optcore::twhich which) const;
-  tshownvalue valueof(const optcore::toption& option, const tsetting& setting) const;
+  std::string valueof(const optcore::toption& option, const tsetting& setting) const;
+  // The names of all sources, as JSON.
+  const std::vector<std::string>& sourcenames() const;
   nlohmann::ordered_json origin(const tsetting& setting) const;
   std::string overridden(const optcore::toption& option, const std::vector<const tsetting*>& settings,
                          std::size_t depth) const;
@@ -67,8 +70,9 @@ class torigins final : public ttracer {
   std::vector<tsetting> fsettings;
   std::vector<tsetting> fdotentries, findicators;  // without their values
   std::string ftexts;
+  mutable std::vector<std::string> fsourcenames;
   // The position of the last setting of each value of an option, plus 1.
-  std::unordered_map<const optcore::toption*, std::array<std::uint32_t, 2>> flast;
+  toptiontable<std::array<std::uint32_t, 2>> flast;
 };
 
 }  // namespace tool

@@ -37,6 +37,7 @@ struct tsource {
 
 class ttracer : public optcore::tstoreobserver {
  public:
+  std::size_t sourcecount() const { return fsources.size(); }
   const tsource& source(std::uint32_t index) const { return fsources[index]; }
   const std::vector<tlink>& links(std::uint32_t index) const { return flinks[index]; }
 
