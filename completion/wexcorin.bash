@@ -28,8 +28,19 @@ _wexcorin_words() {
   mapfile -t COMPREPLY < <(compgen -W "$2" -- "$1")
 }
 
-# Reads the words before the cursor. Sets `command`, `arguments` (the words that are not options), and `awaits`: the
-# option whose argument comes next. Bash treats each equals sign as a word of its own.
+# Completes the last word of a list that is separated by commas.
+_wexcorin_list() {
+  local before=
+  [[ $1 != *,* ]] || before=${1%,*},
+  mapfile -t COMPREPLY < <(compgen -P "$before" -W "$2" -- "${1##*,}")
+}
+
+_wexcorin_rules='deprecated early-end byte-order-mark return-alone line-cut text-cut long-name indented group-undeclared
+  group-empty reference-twice no-members boolean-default no-help no-value-text name-not-found dashed-list comment-cut
+  set-again'
+
+# Reads the words before the cursor. Sets `command`, `arguments` (the words that are not options), `named` (the argument
+# of --definition), and `awaits`: the option whose argument comes next. Bash treats each equals sign as a word of its own.
 _wexcorin_read() {
   local i word
   for ((i = 1; i < COMP_CWORD; ++i)); do
@@ -37,9 +48,11 @@ _wexcorin_read() {
     if [[ $word == = ]]; then
       [[ -n $awaits ]] || ((++i))
     elif [[ -n $awaits ]]; then
+      [[ $awaits != --definition ]] || named=$word
       awaits=
     elif [[ $word == --set || $word == -o || $word == --output || $word == --group || $word == --limit ||
-      $word == --color || $word == --columns || $word == --allow || $word == --definition || $word == --fail-on || $word == --title || $word == --release ]]; then
+      $word == --color || $word == --columns || $word == --allow || $word == --title || $word == --release ||
+      $word == --definition || $word == --format || $word == --fail-on ]]; then
       awaits=$word
     elif [[ $word == -?* ]]; then
       continue
@@ -52,12 +65,13 @@ _wexcorin_read() {
 }
 
 _wexcorin() {
-  local cur=${COMP_WORDS[COMP_CWORD]} command='' awaits='' definition name
+  local cur=${COMP_WORDS[COMP_CWORD]} command='' awaits='' named='' definition name
   local arguments=()
   COMPREPLY=()
   _wexcorin_read
   definition=${arguments[0]-}
   [[ $command != doc && $command != get && $command != explain ]] || definition=${arguments[1]-}
+  [[ -z $named ]] || definition=$named
   if [[ $cur == = || ${COMP_WORDS[COMP_CWORD - 1]} == = ]]; then
     cur=${cur#=}
     if [[ -z $awaits ]]; then # the value in --set NAME=VALUE
@@ -74,15 +88,20 @@ _wexcorin() {
       compopt -o nospace 2>/dev/null
       _wexcorin_words "$cur" "$(_wexcorin_settings "$1" "$definition" "$cur")"
       ;;
-    --group:* | --limit:* | --allow:* | --title:* | --release:*) ;;
+    --group:* | --limit:* | --title:* | --release:*) ;;
     --fail-on:*) _wexcorin_words "$cur" 'breaking silent any' ;;
     --color:*) _wexcorin_words "$cur" 'auto always never' ;;
-    --columns:*) _wexcorin_words "$cur" 'number name type set value origin default range' ;;
+    --format:*) _wexcorin_words "$cur" 'text json sarif github' ;;
+    --allow:*) _wexcorin_list "$cur" "$_wexcorin_rules" ;;
+    --columns:*) _wexcorin_list "$cur" 'number name type set value origin default range' ;;
     -*) _wexcorin_files ;;
     *:-*)
       case $command in
         '') _wexcorin_words "$cur" '-h --help --version' ;;
-        check) _wexcorin_words "$cur" '-h --help --set --json --warnings-as-errors --limit --allow --color --no-pager' ;;
+        check)
+          _wexcorin_words "$cur" '-h --help --set --definition --separately --json --format --warnings-as-errors --limit
+            --allow --color --no-pager'
+          ;;
         show) _wexcorin_words "$cur" '-h --help --set --changed --json --color --no-pager --columns --wide --origin --fingerprint' ;;
         explain) _wexcorin_words "$cur" '-h --help --set --color' ;;
         get) _wexcorin_words "$cur" '-h --help --set --default --color' ;;

@@ -7,7 +7,8 @@ function __wexcorin_arguments
     for word in (commandline -opc)[2..-1]
         if test $skip = yes
             set skip no
-        else if contains -- $word --set -o --output --group --limit --allow --title --release --color --columns --definition --fail-on
+        else if contains -- $word --set -o --output --group --limit --allow --title --release --color --columns \
+                --definition --format --fail-on
             set skip yes
         else if not string match -q -- '-?*' $word
             echo -- $word
@@ -25,6 +26,8 @@ function __wexcorin_options
     set -l arguments (__wexcorin_arguments)
     set -l definition $arguments[2]
     contains -- $arguments[1] doc get explain; and set definition $arguments[3]
+    set -l words (commandline -opc)
+    set -l named (contains -i -- --definition $words); and set definition $words[(math $named + 1)]
     set definition (string replace -r '^~/' "$HOME/" -- $definition)
     set -l tool (commandline -opc)[1]
     test -f "$definition"; and $tool complete $definition $argv 2>/dev/null
@@ -43,6 +46,12 @@ function __wexcorin_settings
     else
         string replace -r '$' = -- (__wexcorin_options | string match -v '.*')
     end
+end
+
+function __wexcorin_rules
+    printf '%s\n' deprecated early-end byte-order-mark return-alone line-cut text-cut long-name indented \
+        group-undeclared group-empty reference-twice no-members boolean-default no-help no-value-text name-not-found \
+        dashed-list comment-cut set-again
 end
 
 function __wexcorin_words
@@ -80,7 +89,12 @@ complete -c wexcorin -n '__wexcorin_in check show explain get write' -l set -x -
 complete -c wexcorin -n '__wexcorin_in check show diff' -l json -d 'Print as JSON'
 complete -c wexcorin -n '__wexcorin_in check' -l warnings-as-errors -d 'Let warnings count for the exit code'
 complete -c wexcorin -n '__wexcorin_in check' -l limit -x -d 'Print at most so many findings of one kind'
-complete -c wexcorin -n '__wexcorin_in check' -l allow -x -d 'Leave out the warnings of a rule'
+complete -c wexcorin -n '__wexcorin_in check' -l allow -x -a '(__fish_complete_list , __wexcorin_rules)' \
+    -d 'Leave out the warnings of these rules'
+complete -c wexcorin -n '__wexcorin_in check' -l definition -r -f -a '(__fish_complete_path (commandline -ct))' \
+    -d 'Definition file'
+complete -c wexcorin -n '__wexcorin_in check' -l format -x -a 'text json sarif github' -d 'Format of the findings'
+complete -c wexcorin -n '__wexcorin_in check' -l separately -d 'Check each option file on its own'
 complete -c wexcorin -n '__wexcorin_in show' -l changed -d 'List only options that were set'
 complete -c wexcorin -n '__wexcorin_in show' -l wide -d 'Print each option on one line'
 complete -c wexcorin -n '__wexcorin_in show' -l origin -d 'Say where each value comes from'

@@ -68,6 +68,10 @@ void tmessagelist::addexplanation(tmsgkind kind, std::string_view text) {
   if (!ignores(kind)) add({kind, text, true, {}, fsource, linenr()});
 }
 
+void tmessagelist::notify(tstep::tkind kind, std::string_view key, const toption* option) const {
+  fobserver->stepped({kind, key, option});
+}
+
 void tmessagelist::add(const tmessage& message) {
   fileoutofmemory();
   file(message);

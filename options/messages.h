@@ -18,8 +18,6 @@
 
 namespace optcore {
 
-class tcurrentname;
-
 class tmessagelist {
  public:
   // Files a message. If an error or warning has a line number, the text begins with it.
@@ -69,14 +67,14 @@ class tmessagelist {
 
   // Notifies the observer of a step in reading option text.
   void tellstep(tstep::tkind kind, std::string_view key = {}, const toption* option = nullptr) const {
-    if (fobserver != nullptr) fobserver->stepped({kind, key, option});
+    if (fobserver != nullptr) notify(kind, key, option);
   }
 
   // The source that is being read, set by tactivesource; null when there is none.
   const tlinesource* activesource() const noexcept { return fsource; }
   // The name that messages quote for the option whose value is being set, as the caller wrote it. Set by
   // tcurrentname; otherwise empty, and messages quote the option's own name.
-  std::string_view curoptname() const noexcept;
+  std::string_view curoptname() const noexcept { return fcuroptname; }
   // Whether the lines of sources are echoed.
   bool echo() const noexcept { return fecho; }
   void setecho(bool echo) noexcept { fecho = echo; }
@@ -88,6 +86,8 @@ class tmessagelist {
   static constexpr std::int32_t maxmessages = 5000;
 
   std::int32_t linenr() const { return fsource != nullptr ? fsource->linenr() : 0; }
+  // Not inline, because few readings are observed.
+  void notify(tstep::tkind kind, std::string_view key, const toption* option) const;
   void add(const tmessage& message);
   void file(const tmessage& message);
   void append(tmsgkind kind, std::string_view text);
@@ -102,7 +102,7 @@ class tmessagelist {
   bool foutofmemory = false;     // memory ran out, and the message about it is still to be filed
   tstoreobserver* fobserver = nullptr;
   tlinesource* fsource = nullptr;
-  const tcurrentname* fcurrentname = nullptr;
+  std::string_view fcuroptname;
   bool fecho = false;
 };
 
@@ -132,21 +132,15 @@ class tactivesource {
 class tcurrentname {
  public:
   tcurrentname(tmessagelist& messages, std::string_view name) noexcept
-      : fmessages(messages), fname(name), fprevious(std::exchange(messages.fcurrentname, this)) {}
+      : fmessages(messages), fprevious(std::exchange(messages.fcuroptname, name)) {}
   tcurrentname(tmessagelist& messages, shortstring&& name) = delete;  // it would be gone at once
   tcurrentname(const tcurrentname&) = delete;
   tcurrentname& operator=(const tcurrentname&) = delete;
-  ~tcurrentname() { fmessages.fcurrentname = fprevious; }
-  std::string_view name() const noexcept { return fname; }
+  ~tcurrentname() { fmessages.fcuroptname = fprevious; }
 
  private:
   tmessagelist& fmessages;
-  std::string_view fname;
-  const tcurrentname* fprevious;
+  std::string_view fprevious;
 };
-
-inline std::string_view tmessagelist::curoptname() const noexcept {
-  return fcurrentname != nullptr ? fcurrentname->name() : std::string_view();
-}
 
 }  // namespace optcore

@@ -1,6 +1,7 @@
-// The observer of a store, which is notified of every message that is filed, of every value that is stored and
-// of every entry of a definition. A message is passed as a record of its parts, so that an observer need not parse texts. The message
-// list is for clients: it decorates texts, cuts them, and has a limit.
+// The observer of a store, which is notified of every message that is filed, of every value that is stored,
+// of every entry of a definition, and of the steps in reading option text. A message is passed as a record of
+// its parts, so that an observer need not parse texts. The message list is for clients: it decorates texts,
+// cuts them, and has a limit.
 #pragma once
 
 #include <cstddef>

@@ -1,6 +1,7 @@
-// The option objects: one class for each option type. The definition makes them (tdefinition::make). The type code chooses the behaviour, by one switch for
-// each operation; only destruction and reset are virtual. The setters, with their checks and messages, are in
-// setters.cpp and spread.cpp, and values as text in optionvalue.cpp.
+// The option objects: one class for each option type. The definition makes them (tdefinition::make). The type
+// code chooses the behaviour, by one switch for each operation; only destruction and reset are virtual. The
+// setters, with their checks and messages, are in setters.cpp and spread.cpp, and values as text in
+// optionvalue.cpp.
 #pragma once
 
 #include <cassert>

@@ -10,20 +10,21 @@
 #include "base/strutilx.h"
 #include "base/zqaaudit.h"
 #include "release.h"
+#include "tools/commandline.h"
 #include "tools/commands.h"
+#include "tools/reading/finddefinition.h"
 #include "tools/reading/nearnames.h"
 #include "tools/reading/rules.h"
+#include "tools/swapped.h"
 #include "tools/text.h"
 
 namespace tool {
 
 namespace {
 
-constexpr std::size_t maxfilename = 254;  // the longest that the library accepts
-
 constexpr const char* notes =
     "An input file named - is standard input, an output file named - standard output.\n"
-    "Exit codes: 0 no problems; 1 problems in what was read; 2 wrong use, or a file that cannot be opened, "
+    "Exit codes: 0 no errors; 1 errors in what was read; 2 wrong use, or a file that cannot be opened, "
     "read\n"
     "or written.";
 
@@ -36,10 +37,14 @@ std::string versiontext() {
   return "wexcorin " + std::string(optcore::release::version) + "\n" + std::string(line);
 }
 
+}  // namespace
+
 std::string checkfilename(const std::string& name) {
   if (name.size() <= maxfilename) return {};
   return "file names may have at most " + std::to_string(maxfilename) + " characters";
 }
+
+namespace {
 
 std::vector<std::string> commandsof(const CLI::App& app) {
   std::vector<std::string> result;
@@ -63,15 +68,14 @@ std::string suggestionfor(std::string_view word, const std::vector<std::string>&
   return text.empty() ? text : "; " + text;
 }
 
-void adddefinition(CLI::App& command, std::string& definition) {
+void adddefinition(CLI::App& command, std::string& definition, bool required = true) {
   command.add_option("DEF", definition, "Definition file of the solver's options")
-      ->required()
+      ->required(required)
       ->type_name("")
       ->check(checkfilename);
 }
 
-void addinputs(CLI::App& command, tinputs& inputs, bool filesrequired) {
-  adddefinition(command, inputs.definition);
+void addoptionfiles(CLI::App& command, tinputs& inputs, bool filesrequired) {
   command.add_option("OPTFILE", inputs.optionfiles, "Option files, read in this order")
       ->required(filesrequired)
       ->type_name("")
@@ -86,25 +90,27 @@ void addinputs(CLI::App& command, tinputs& inputs, bool filesrequired) {
       });
 }
 
-template <class T>
-std::vector<std::string> keysof(const std::map<std::string, T>& words) {
-  std::vector<std::string> result;
-  result.reserve(words.size());
-  for (const auto& [name, meaning] : words) result.push_back(name);
-  return result;
+void addinputs(CLI::App& command, tinputs& inputs, bool filesrequired) {
+  adddefinition(command, inputs.definition);
+  addoptionfiles(command, inputs, filesrequired);
 }
 
-// What is wrong with a word that must be one of these; empty if nothing is.
+}  // namespace
+
 std::string checkword(const std::string& word, const std::vector<std::string>& known, const char* what) {
   if (std::ranges::find(known, word) != known.end()) return {};
   return "there is no " + std::string(what) + " " + inquotes(word) + suggestionfor(word, known);
 }
+
+namespace {
 
 const std::map<std::string, tcolours>& colourwords() {
   static const std::map<std::string, tcolours> words = {
       {"auto", tcolours::automatic}, {"always", tcolours::always}, {"never", tcolours::never}};
   return words;
 }
+
+}  // namespace
 
 CLI::App& addcommand(CLI::App& app, const char* name, const char* description) {
   CLI::App& command = *app.add_subcommand(name, description);
@@ -118,14 +124,16 @@ CLI::App& addcommand(CLI::App& app, const char* name, const char* description) {
   return command;
 }
 
+namespace {
+
 std::string checkrule(const std::string& name) {
   const trule* rule = findrule(name);
-  if (rule != nullptr && rule->filedby != tfiledby::library) return {};
+  if (rule != nullptr && iswarning(*rule)) return {};
   if (rule != nullptr) return "the rule " + inquotes(name) + " is for errors, which cannot be left out";
   std::vector<std::string> names;
   names.reserve(checkrules().size());
   for (const trule& each : checkrules())
-    if (each.filedby != tfiledby::library) names.emplace_back(each.name);
+    if (iswarning(each)) names.emplace_back(each.name);
   const std::string suggestion = suggestiontext(tnearnames(names).nearest(name, tmatch::nearorlonger));
   return "there is no rule " + inquotes(name) + (suggestion.empty() ? "" : "; " + suggestion);
 }
@@ -134,7 +142,7 @@ std::string checkrule(const std::string& name) {
 std::string rulestext() {
   std::string result = "Rules:\n";
   for (const trule& rule : checkrules())
-    if (rule.filedby != tfiledby::library)
+    if (iswarning(rule))
       result.append("  ")
           .append(rule.name)
           .append(std::max<std::size_t>(18, rule.name.size() + 1) - rule.name.size(), ' ')
@@ -143,23 +151,62 @@ std::string rulestext() {
   return result + "\n";
 }
 
+}  // namespace
+
 void addpager(CLI::App& command, bool& pager) {
   command.add_flag_callback(
       "--no-pager", [&pager] { pager = false; }, "Do not print through $PAGER on a terminal");
 }
 
+namespace {
+
+const std::map<std::string, tcheckformat>& checkformats() {
+  static const std::map<std::string, tcheckformat> formats = {{"text", tcheckformat::text},
+                                                              {"json", tcheckformat::json},
+                                                              {"sarif", tcheckformat::sarif},
+                                                              {"github", tcheckformat::github}};
+  return formats;
+}
+
+void addcheckformat(CLI::App& command, tcheckformat& format) {
+  CLI::Option* json = command.add_flag_callback(
+      "--json", [&format] { format = tcheckformat::json; }, "The same as --format json");
+  json->option_text(" ");  // without "Excludes: --format"
+  command
+      .add_option_function<std::string>(
+          "--format", [&format](const std::string& name) { format = checkformats().at(name); },
+          "Print the findings as text, json, sarif (for code review) or github (commands of its\n"
+          "workflows, which annotate the lines of a change)")
+      ->excludes(json)
+      ->option_text("FORMAT")
+      ->check([](const std::string& name) { return checkword(name, keysof(checkformats()), "format"); });
+}
+
+// The definition may be named in three ways, or be found.
 const CLI::App& addcheck(CLI::App& app, tcheckarguments& arguments) {
   CLI::App& command = addcommand(app, "check", "Report what is wrong in a definition and in option files");
-  addinputs(command, arguments.inputs, false);
-  command.add_flag("--json", arguments.json, "Print the findings as JSON");
+  adddefinition(command, arguments.firstfile, false);
+  addoptionfiles(command, arguments.inputs, false);
+  command
+      .add_option("--definition", arguments.inputs.definition,
+                  "Definition file; all other files are then option files. Without it, and with an\n"
+                  "option file in the place of DEF, the definition is found")
+      ->type_name("FILE")
+      ->check(checkfilename);
+  command.add_flag("--separately", arguments.separately,
+                   "Check each option file on its own, not on top of the one before");
+  addcheckformat(command, arguments.format);
   command.add_flag("--warnings-as-errors", arguments.warningsaserrors,
                    "Let warnings count for the exit code");
   command.add_option("--limit", arguments.limit, "Print at most so many findings of one kind [1000]")
       ->type_name("N")
       ->check(CLI::PositiveNumber);
   addpager(command, arguments.pager);
-  command.add_option("--allow", arguments.allowed, "Leave out the warnings of a rule; repeatable")
+  command
+      .add_option("--allow", arguments.allowed,
+                  "Leave out the warnings of these rules, separated by commas; repeatable")
       ->type_name("RULE")
+      ->delimiter(',')
       ->allow_extra_args(false)
       ->check(checkrule);
   command.footer(rulestext() + notes);
@@ -269,45 +316,6 @@ const CLI::App& addwrite(CLI::App& app, twritearguments& arguments) {
   return command;
 }
 
-const std::map<std::string, tfailon>& failwords() {
-  static const std::map<std::string, tfailon> words = {
-      {"any", tfailon::any}, {"silent", tfailon::silent}, {"breaking", tfailon::breaking}};
-  return words;
-}
-
-constexpr const char* diffnotes =
-    "An input file named - is standard input.\n"
-    "Exit codes: 0 the same; 1 different; 2 wrong use, a file that cannot be opened or read, or a "
-    "definition\n"
-    "with errors.";
-
-const CLI::App& adddiff(CLI::App& app, tdiffarguments& arguments) {
-  CLI::App& command = addcommand(app, "diff", "Compare two definitions, or the values of option files");
-  command
-      .add_option("FILE", arguments.files,
-                  "Two definition files, the older one first; with --definition two option files")
-      ->required()
-      ->type_name("")
-      ->check(checkfilename);
-  command.add_option("--definition", arguments.definition, "Compare option files of this definition")
-      ->type_name("DEF")
-      ->check(checkfilename);
-  command.add_flag("--defaults", arguments.defaults, "Compare one option file with the defaults");
-  command.add_flag("--matrix", arguments.matrix,
-                   "Compare any number of option files; without --definition, the first FILE is it");
-  command.add_flag("--json", arguments.json, "Print the differences as JSON");
-  command.add_flag("--markdown", arguments.markdown, "Print the differences as Markdown");
-  command
-      .add_option_function<std::string>(
-          "--fail-on", [&arguments](const std::string& word) { arguments.failon = failwords().at(word); },
-          "Which changes of a definition give exit code 1: breaking, silent (and breaking) or any")
-      ->type_name("CLASS")
-      ->check([](const std::string& word) { return checkword(word, keysof(failwords()), "class"); });
-  addpager(command, arguments.pager);
-  command.footer(diffnotes);
-  return command;
-}
-
 const std::map<std::string, tdocform>& docforms() {
   static const std::map<std::string, tdocform> forms = {
       {"definition", tdocform::definition},
@@ -389,42 +397,55 @@ bool readsstandardinputtwice(const tinputs& inputs) {
   return std::ranges::count(inputs.optionfiles, "-") + (inputs.definition == "-" ? 1 : 0) > 1;
 }
 
+// Prints what is wrong with the use of a command.
+int refused(const std::string& command, const std::string& problem) {
+  std::cerr << "wexcorin " << command << ": " << printable(problem) << "\nTry 'wexcorin " << command
+            << " --help'.\n";
+  return exitunusable;
+}
+
 template <class T>
-targuments accepted(const T& arguments) {
+targuments accepted(const std::string& command, const T& arguments) {
+  if (const std::string problem = swappedfiles(command, arguments.inputs); !problem.empty())
+    return refused(command, problem);
   if (!readsstandardinputtwice(arguments.inputs)) return arguments;
   std::cerr << "wexcorin: standard input can be read only once\n";
   return exitunusable;
 }
 
-// What is wrong with the files and options of diff; empty if nothing is.
-std::string misuse(const tdiffarguments& arguments) {
-  const bool hasdefinition = !arguments.definition.empty();
-  const std::size_t files = arguments.files.size();
-  if (arguments.defaults && arguments.matrix) return "--defaults and --matrix exclude each other";
-  if (arguments.json && arguments.markdown) return "--json and --markdown exclude each other";
-  if (arguments.defaults && (!hasdefinition || files != 1))
-    return "--defaults takes one option file and --definition";
-  if (arguments.matrix && files < (hasdefinition ? 1U : 2U))
-    return "--matrix takes a definition and option files";
-  if (!arguments.matrix && !arguments.defaults && files != 2) return "two files are needed";
-  const bool comparesdefinitions = !hasdefinition && !arguments.matrix;
-  if (arguments.failon != tfailon::any && !comparesdefinitions) return "--fail-on is for definitions";
-  const auto inputs = std::ranges::count(arguments.files, "-") + (arguments.definition == "-" ? 1 : 0);
-  return inputs > 1 ? "standard input can be read only once" : "";
+targuments accepted(const tdiffarguments& arguments) {
+  if (const std::string problem = misuse(arguments); !problem.empty()) return refused("diff", problem);
+  return arguments;
 }
 
-targuments accepted(const tdiffarguments& arguments) {
-  const std::string problem = misuse(arguments);
-  if (problem.empty()) return arguments;
-  std::cerr << "wexcorin diff: " << problem << "\nTry 'wexcorin diff --help'.\n";
-  return exitunusable;
+// A command with a word that is no file.
+template <class T>
+targuments accepted(const std::string& command, const T& arguments, const std::string& definition,
+                    const std::string& word) {
+  const std::string problem = swappedword(command, definition, word, command == "get");
+  if (!problem.empty()) return refused(command, problem);
+  return arguments;
+}
+
+// The first file is the definition, or one of the option files.
+targuments accepted(tcheckarguments arguments) {
+  tinputs& inputs = arguments.inputs;
+  const bool isnamed = !inputs.definition.empty();
+  if (arguments.firstfile.empty() && !isnamed) return refused("check", "DEF is required");
+  if (!isnamed) inputs.definition = arguments.firstfile;
+  if (isnamed && !arguments.firstfile.empty())
+    inputs.optionfiles.insert(inputs.optionfiles.begin(), arguments.firstfile);
+  targuments result = accepted("check", arguments);
+  if (isnamed || std::holds_alternative<int>(result) || !isoptionfile(arguments.firstfile)) return result;
+  inputs.definition.clear();
+  inputs.optionfiles.insert(inputs.optionfiles.begin(), arguments.firstfile);
+  return arguments;
 }
 
 targuments accepted(const tdocarguments& arguments) {
   const std::string option = strayoption(arguments);
   if (option.empty()) return arguments;
-  std::cerr << "wexcorin doc: this form does not take " << option << "\nTry 'wexcorin doc --help'.\n";
-  return exitunusable;
+  return refused("doc", "this form does not take " + option);
 }
 
 }  // namespace
@@ -460,14 +481,20 @@ targuments parsearguments(int argc, char** argv) {
     return app.exit(error) == 0 ? exitclean : exitunusable;
   }
   if (checkcommand.parsed()) return accepted(check);
-  if (showcommand.parsed()) return accepted(show);
-  if (getcommand.parsed()) return accepted(get);
-  if (explaincommand.parsed()) return accepted(explain);
-  if (findcommand.parsed()) return find;
-  if (helpcommand.parsed()) return help;
+  if (showcommand.parsed()) return accepted("show", show);
+  if (getcommand.parsed()) {
+    targuments swapped = accepted("get", get, get.inputs.definition, get.name);
+    return std::holds_alternative<int>(swapped) ? swapped : accepted("get", get);
+  }
+  if (explaincommand.parsed()) {
+    targuments swapped = accepted("explain", explain, explain.inputs.definition, explain.name);
+    return std::holds_alternative<int>(swapped) ? swapped : accepted("explain", explain);
+  }
+  if (findcommand.parsed()) return accepted("find", find, find.definition, find.words.front());
+  if (helpcommand.parsed()) return accepted("help", help, help.definition, help.request);
   if (completecommand.parsed()) return complete;
   if (templatecommand.parsed()) return templatefile;
-  if (writecommand.parsed()) return accepted(write);
+  if (writecommand.parsed()) return accepted("write", write);
   if (diffcommand.parsed()) return accepted(diff);
   return accepted(doc);
 }

@@ -19,9 +19,13 @@ struct tinputs {
   std::vector<std::string> texts;
 };
 
+enum class tcheckformat { text, json, sarif, github };
+
 struct tcheckarguments {
-  tinputs inputs;
-  bool json = false;
+  std::string firstfile;  // the definition, or an option file
+  tinputs inputs;         // with both; without a definition if it is to be found
+  tcheckformat format = tcheckformat::text;
+  bool separately = false;
   bool warningsaserrors = false;
   std::vector<std::string> allowed;  // the rules whose warnings are left out
   bool pager = true;

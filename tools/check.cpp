@@ -1,82 +1,119 @@
-// The check command: prints what is wrong in a definition and in option files, one finding on each line, then
-// a summary; or the same as JSON.
+// The check command: prints what is wrong in a definition and in option files.
 #include <unistd.h>
 
 #include <iostream>
-#include <nlohmann/json.hpp>
+#include <map>
+#include <optional>
 
 #include "tools/commands.h"
-#include "tools/jsontext.h"
+#include "tools/reading/finddefinition.h"
 #include "tools/reading/reading.h"
+#include "tools/report/report.h"
 
 namespace tool {
 
 namespace {
 
-using nlohmann::ordered_json;
+class tchecking {
+ public:
+  explicit tchecking(const tcheckarguments& arguments) : farguments(arguments) {
+    prepare(freport.findings);
+    if (farguments.separately) freport.separate = farguments.inputs.optionfiles.size();
+  }
 
-struct tsummary {
-  std::size_t errors, warnings, unlisted;
-  std::int32_t options, set;
+  treport run() {
+    const tinputs& inputs = farguments.inputs;
+    if (freport.separate == 0) {
+      together();
+    } else {
+      for (const std::string& file : inputs.optionfiles) alone(file);
+    }
+    return std::move(freport);
+  }
+
+ private:
+  template <class T>
+  void prepare(T& findings) const {
+    findings.setlimit(farguments.limit);
+    for (const std::string& rule : farguments.allowed) findings.allow(rule);
+  }
+
+  // The definition of the option file; nothing, with a finding, if it is not found.
+  std::optional<treport::tdefinition> definitionof(const std::string& optionfile);
+  // Reads the definition. Returns false if it cannot be opened.
+  bool checkdefinition(treading& reading, const treport::tdefinition& definition);
+  void together();
+  void alone(const std::string& optionfile);
+  void checkfiles(treading& reading, const tinputs& inputs);
+
+  const tcheckarguments& farguments;
+  std::map<std::string, std::optional<treading>> fdefinitions;  // none if they cannot be opened
+  treport freport;
 };
 
-tsummary summaryof(const treading& reading) {
-  const optcore::tvksoptions& store = reading.store();
-  const tfindinglist& findings = reading.findings();
-  tsummary result = {findings.count(tseverity::error), findings.count(tseverity::warning),
-                     findings.unlisted(), store.getcount(), 0};
-  for (std::int32_t i = 0; i < result.options; ++i)
-    if (store.definition().option(i).defined() != 0) ++result.set;
+std::optional<treport::tdefinition> tchecking::definitionof(const std::string& optionfile) {
+  if (!farguments.inputs.definition.empty()) return treport::tdefinition{farguments.inputs.definition, {}};
+  tfounddefinition found = finddefinition(optionfile);
+  if (!found.problem) return treport::tdefinition{found.path, found.how};
+  freport.findings.begin(std::move(*found.problem));
+  freport.findings.end();
+  return std::nullopt;
+}
+
+bool tchecking::checkdefinition(treading& reading, const treport::tdefinition& definition) {
+  freport.definitions.push_back(definition);
+  reading.watch();
+  prepare(reading);
+  const bool opened = reading.readdefinition(definition.path);
+  if (opened) reading.checkdefinition();
+  return opened;
+}
+
+void tchecking::checkfiles(treading& reading, const tinputs& inputs) {
+  reading.watchassignments();
+  reading.readoptions(inputs);
+  reading.checklines();
+}
+
+std::int32_t setoptions(const optcore::tvksoptions& store) {
+  std::int32_t result = 0;
+  for (std::int32_t i = 0; i < store.getcount(); ++i)
+    if (store.definition().option(i).defined() != 0) ++result;
   return result;
 }
 
-ordered_json findingjson(const tfinding& finding) {
-  return {{"file", jsontext(finding.place.file)},
-          {"line", finding.place.line == 0 ? ordered_json() : ordered_json(finding.place.line)},
-          {"severity", finding.severity == tseverity::error ? "error" : "warning"},
-          {"rule", finding.rule},
-          {"text", jsontext(finding.text)},
-          {"details", jsontexts(finding.details)},
-          {"advice", jsontexts(finding.advice)},
-          {"suggestions", jsontexts(finding.suggestions)}};
+// All option files are for the definition of the first one.
+void tchecking::together() {
+  const tinputs& inputs = farguments.inputs;
+  const auto definition = definitionof(inputs.optionfiles.empty() ? "" : inputs.optionfiles.front());
+  if (!definition) return;
+  treading reading;
+  if (checkdefinition(reading, *definition)) checkfiles(reading, inputs);
+  freport.options = reading.store().getcount();
+  freport.set = setoptions(reading.store());
+  freport.findings.append(reading.findings(), {});
 }
 
-void printjson(const tfindings& findings, const tsummary& summary) {
-  ordered_json list = ordered_json::array();
-  ordered_json help = ordered_json::array();
-  for (const tfinding& finding : findings)
-    if (finding.severity == tseverity::plain)
-      help.push_back(jsontext(finding.text));
-    else
-      list.push_back(findingjson(finding));
-  const ordered_json document = {{"findings", list},
-                                 {"help", help},
-                                 {"summary",
-                                  {{"errors", summary.errors},
-                                   {"warnings", summary.warnings},
-                                   {"unlisted", summary.unlisted},
-                                   {"options", summary.options},
-                                   {"set", summary.set}}}};
-  std::cout << jsondocumenttext(document);
-}
-
-std::string summarytext(const tsummary& summary) {
-  std::string result = "no problems";
-  if (summary.errors + summary.warnings != 0)
-    result = counted(summary.errors, "error") + ", " + counted(summary.warnings, "warning");
-  if (summary.unlisted != 0) result += " (" + std::to_string(summary.unlisted) + " of them not listed)";
-  return result + "; " + counted(static_cast<std::size_t>(summary.options), "option") + ", " +
-         std::to_string(summary.set) + " set";
-}
-
-// A file on the command line that cannot be opened; one that another file includes has the line of that file.
-bool ismistakeincall(const tfinding& finding) { return finding.unusable && finding.place.line == 0; }
-
-void printtext(const tfindings& findings, const tsummary& summary) {
-  const tpalette palette(STDOUT_FILENO);
-  for (const tfinding& finding : findings)
-    if (!ismistakeincall(finding)) writefinding(std::cout, finding, palette);
-  std::cout << summarytext(summary) << '\n';
+// A definition is checked once, however many option files it is for.
+void tchecking::alone(const std::string& optionfile) {
+  const auto definition = definitionof(optionfile);
+  if (!definition) return;
+  const auto [at, isnew] = fdefinitions.try_emplace(definition->path);
+  if (isnew) {
+    treading& reading = at->second.emplace();
+    const bool opened = checkdefinition(reading, *definition);
+    freport.options += reading.store().getcount();
+    freport.findings.append(reading.findings(), {});
+    if (!opened) at->second.reset();
+  }
+  if (!at->second) return;
+  treading reading;
+  reading.watch();
+  prepare(reading);
+  reading.readdefinitionof(*at->second);
+  checkfiles(reading, {definition->path, {optionfile}, farguments.inputs.texts});
+  freport.set += setoptions(reading.store());
+  freport.findings.append(reading.findings(), displayname(optionfile));
 }
 
 // Findings about the call, not about what was checked, are reported on standard error.
@@ -86,27 +123,22 @@ void reportunopened(const tfindings& findings) {
     if (ismistakeincall(finding)) writefinding(std::cerr, finding, palette);
 }
 
+void print(const treport& report, tcheckformat format) {
+  switch (format) {
+    case tcheckformat::text: return printtext(report);
+    case tcheckformat::json: return printjson(report);
+    case tcheckformat::sarif: return printsarif(report);
+    case tcheckformat::github: return printgithub(report);
+  }
+}
+
 }  // namespace
 
 int run(const tcheckarguments& arguments) {
-  treading reading;
-  reading.watch();
-  reading.setlimit(arguments.limit);
-  for (const std::string& rule : arguments.allowed) reading.allow(rule);
-  if (reading.readdefinition(arguments.inputs.definition)) {
-    reading.checkdefinition();
-    reading.watchassignments();
-    reading.readoptions(arguments.inputs);
-    reading.checklines();
-  }
-  const tfindings& findings = reading.findings().kept();
-  const tsummary summary = summaryof(reading);
-  reportunopened(findings);
-  if (arguments.json)
-    printjson(findings, summary);
-  else
-    printtext(findings, summary);
-  return exitcode(findings, arguments.warningsaserrors);
+  const treport report = tchecking(arguments).run();
+  reportunopened(report.findings.kept());
+  print(report, arguments.format);
+  return exitcode(report.findings.kept(), arguments.warningsaserrors);
 }
 
 }  // namespace tool

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdlib>
 
+#include "base/textcase.h"
 #include "tools/terminal.h"
 
 namespace tool {
@@ -147,6 +148,12 @@ std::size_t columns(std::string_view text) {
 }
 
 std::string hexdigits(char byte) { return digitsof(static_cast<unsigned char>(byte), 2); }
+
+std::string percentcode(char byte) {
+  std::string result = "%" + hexdigits(byte);
+  for (char& c : result) c = optcore::upchar(c);
+  return result;
+}
 
 std::string inquotes(std::string_view text) { return '"' + std::string(text) + '"'; }
 

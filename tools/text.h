@@ -26,6 +26,8 @@ std::size_t columns(std::string_view text);
 
 // The two hexadecimal digits of a byte.
 std::string hexdigits(char byte);
+// "%3A" for a colon, as in addresses.
+std::string percentcode(char byte);
 
 // The text in double quotes.
 std::string inquotes(std::string_view text);

@@ -37,5 +37,6 @@ flags() {
   # shellcheck disable=SC2086  # an empty command is no argument
   "$tool" $1 --help | sed -n '/^Options:/,/^$/s/^  \(-[^ ]*\) .*/\1/p' | tr ',' '\n'
 }
+rules() { "$tool" check --help | sed -n '/^Rules:/,/^$/s/^  \([a-z-]*\) .*/\1/p'; }
 # the forms of doc have an explanation in brackets
 forms() { "$tool" doc --help | sed -n '/^  FORM/,/^  DEF/p' | grep -o '[a-z][a-z]* (' | tr -d ' ('; }

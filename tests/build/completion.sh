@@ -21,6 +21,7 @@ for command in $(commands); do
   expect "wexcorin $command -" "$(flags "$command")"
 done
 expect "wexcorin doc " "$(forms)"
+expect "wexcorin check --allow " "$(rules)"
 
 # files or names, depending on the place in the line
 while read -r row; do
@@ -50,6 +51,11 @@ wexcorin get maxit >FILES
 wexcorin explain >
 wexcorin explain maxit >FILES
 wexcorin explain maxit examples/first.def --set st>start=
+wexcorin check --allow set>set-again
+wexcorin check --allow set-again >FILES
+wexcorin check --format s>sarif
+wexcorin check --definition >FILES
+wexcorin check main.opt --definition examples/first.def --set st>start=
 wexcorin get maxit examples/first.def --set st>start=
 wexcorin find >FILES
 wexcorin diff >FILES

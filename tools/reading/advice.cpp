@@ -34,23 +34,28 @@ bool isinfinity(std::string_view value) {
   return word == "inf" || word == "infinity";
 }
 
-bool isdigits(std::string_view value) {
-  value = withoutsign(value);
-  return !value.empty() && value.find_first_not_of("0123456789") == std::string_view::npos;
+std::string rangeof(const tintoption& option) {
+  return "the option takes integers from " + std::to_string(option.lo()) + " to " +
+         std::to_string(option.hi());
 }
 
-std::string oninteger(const tintoption& option, std::string_view value) {
-  const std::string range =
-      "the option takes integers from " + std::to_string(option.lo()) + " to " + std::to_string(option.hi());
-  if (isinfinity(value)) return "No integer is infinite; " + range + ", and maxint is 2147483647";
-  return isdigits(value) ? "The number has more than 32 bits; " + range : "";
+std::string valuesof(const tenumintoption& option) {
+  std::string values;
+  for (std::int32_t i = 0; i < option.items().count(); ++i)
+    values += (i == 0 ? "" : ", ") + std::to_string(option.items().get(i)->enumvalue());
+  return "the option takes the integers " + values;
+}
+
+std::string oninteger(std::string_view value, const std::string& permitted) {
+  if (isinfinity(value)) return "No integer is infinite; " + permitted + ", and maxint is 2147483647";
+  return isinteger(value) ? "The number has more than 32 bits; " + permitted : "";
 }
 
 // Whether the number is beyond the largest one: at least 300 digits before the point.
 bool isbeyond(std::string_view value) {
   const std::string text = lower(withoutsign(value));
   const std::size_t sign = text.find_first_of("ed");
-  if (sign == std::string::npos || !isdigits(text.substr(sign + 1)) || text[sign + 1] == '-') return false;
+  if (sign == std::string::npos || !isinteger(text.substr(sign + 1)) || text[sign + 1] == '-') return false;
   const std::string exponent = text.substr(sign + 1);
   return exponent.size() <= 6 && std::stoi(exponent) >= 299;
 }
@@ -66,7 +71,9 @@ std::string ondouble(const tdbloption& option, std::string_view value, bool isil
 std::string onvalue(const tsubject& subject) {
   const bool isillegal = subject.problem == tsubject::tproblem::illegalvalue;
   if (const auto* option = ifis<tintoption>(subject.option); option != nullptr && !isillegal)
-    return oninteger(*option, subject.value);
+    return oninteger(subject.value, rangeof(*option));
+  if (const auto* option = ifis<tenumintoption>(subject.option); option != nullptr && !isillegal)
+    return oninteger(subject.value, valuesof(*option));
   if (const auto* option = ifis<tdbloption>(subject.option))
     return ondouble(*option, subject.value, isillegal);
   if (subject.option != nullptr && subject.option->opttype() == topttype::boolean)
@@ -74,25 +81,44 @@ std::string onvalue(const tsubject& subject) {
   return {};
 }
 
+// What stands in the line after the name of the option: a colon, or a value that the option does not take.
+std::string onassignment(const tmessage& message) {
+  const auto [name, option, value, problem] = message.subject;
+  if (message.source == nullptr || option == nullptr || option->opttype() == topttype::immediate) return {};
+  const std::string_view line = message.source->linetext();
+  const std::size_t at = line.find(name);
+  if (at == std::string_view::npos) return {};
+  const std::size_t sign = line.find_first_not_of(" \t", at + name.size());
+  if (sign == std::string_view::npos) return {};
+  if (line[sign] == ':' && !line.substr(sign).starts_with(":="))
+    return "A blank, \"=\" or \":=\" must follow the name, not a colon";
+  return option->subtype() == tsubtype::novalue ? "The option takes no value; its name alone sets it" : "";
+}
+
 }  // namespace
+
+bool isinteger(std::string_view text) {
+  text = withoutsign(text);
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
 
 std::string adviceon(const tmessage& message, const tvksoptions& store) {
   using enum tsubject::tproblem;
   const tsubject& subject = message.subject;
   switch (subject.problem) {
     case other:
-    case illegalvalue: return message.kind == tmsgkind::valueerror ? onvalue(subject) : "";
+    case illegalvalue: return message.kind == tmsgkind::valueerror ? onvalue(subject) : onassignment(message);
     case badseparator:
       return store.optionasobj(subject.name) == nullptr
                  ? ""
                  : "There is an option " + inquotes(subject.name) + "; a blank or \"=\" must follow its name";
     case unusablefile:
-      return message.kind == tmsgkind::defineerror ? "The file was named as the definition file" : "";
-    case unknowntype: return "The fields are a name, a type, and a reference number if the type has one";
-    case badreference: return "An integer, the reference number, must follow the type";
+      return message.kind == tmsgkind::defineerror
+                 ? inquotes(subject.name) + " is the definition file, which comes before the option files"
+                 : "";
+    case unknowntype:
+    case badreference:
     case badhelpflag:
-      return "An integer, the help flag, must stand there, after all bounds and the default; it is followed "
-             "by the number of the group";
     case unknownoption:
     case unknowndotoption:
     case duplicatename:

@@ -48,7 +48,9 @@ bool tdefinitioncheck::ishelpedwith(const toption& option) const {
   return group < 0 || fdefinition.groups().getobject(group)->islisted();
 }
 
+// Options of a group may stand behind the line at which the reading ended.
 void tdefinitioncheck::groups() {
+  if (fdefinition.earlyend() != 0) return;
   std::set<std::int32_t> used;
   for (std::int32_t i = 1; i < fdefinition.getcount(); ++i) used.insert(fdefinition.option(i).groupnr());
   for (std::int32_t i = 0; i < fdefinition.groups().count(); ++i)

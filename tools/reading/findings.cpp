@@ -21,7 +21,8 @@ tlabel labelof(tseverity severity) {
 }
 
 bool issame(const tfinding& a, const tfinding& b) {
-  return a.severity == b.severity && a.place == b.place && a.text == b.text && a.details == b.details;
+  return a.severity == b.severity && a.place == b.place && a.text == b.text && a.details == b.details &&
+         a.optionfile == b.optionfile;
 }
 
 void writeline(std::ostream& stream, const tpalette& palette, const tplace& place, tlabel label,
@@ -65,20 +66,43 @@ void tfindinglist::countunlisted(tseverity severity) {
   ++funlisted;
 }
 
+// A finding in a file that the option file includes does not tell by itself to which one it belongs.
+void tfindinglist::append(const tfindinglist& other, const std::string& optionfile) {
+  std::array<std::size_t, 3> severities = other.fseverities;
+  for (tfinding finding : other.fkept) {
+    --severities[static_cast<std::size_t>(finding.severity)];
+    if (!optionfile.empty() && finding.place.file != optionfile && finding.severity != tseverity::plain)
+      finding.advice.push_back("Found when " + inquotes(optionfile) + " was checked");
+    finding.optionfile = optionfile;
+    begin(std::move(finding));
+  }
+  end();
+  for (std::size_t i = 0; i < severities.size(); ++i) fseverities[i] += severities[i];
+  funlisted += other.funlisted;
+}
+
+std::string messagetext(const tfinding& finding) {
+  const std::string suggestion = suggestiontext(finding.suggestions);
+  return finding.text + (suggestion.empty() ? "" : "; " + suggestion);
+}
+
+std::vector<std::string> notesof(const tfinding& finding) {
+  std::vector<std::string> result = finding.details;
+  result.insert(result.end(), finding.advice.begin(), finding.advice.end());
+  return result;
+}
+
 void writefinding(std::ostream& stream, const tfinding& finding, const tpalette& palette) {
   if (finding.severity == tseverity::plain) {
     stream << printable(finding.text) << '\n';
     return;
   }
-  const std::string suggestion = suggestiontext(finding.suggestions);
   const trule* rule = findrule(finding.rule);
   const bool showsrule = rule != nullptr && rule->filedby == tfiledby::tool;
   writeline(stream, palette, finding.place, labelof(finding.severity),
-            finding.text + (suggestion.empty() ? "" : "; " + suggestion) +
-                (showsrule ? " [" + std::string(rule->name) + "]" : ""));
-  for (const std::vector<std::string>& notes : {finding.details, finding.advice})
-    for (const std::string& note : notes)
-      writeline(stream, palette, finding.place, {"note", tcolour::cyan}, note);
+            messagetext(finding) + (showsrule ? " [" + std::string(rule->name) + "]" : ""));
+  for (const std::string& note : notesof(finding))
+    writeline(stream, palette, finding.place, {"note", tcolour::cyan}, note);
 }
 
 std::string suggestiontext(const std::vector<std::string>& suggestions) {

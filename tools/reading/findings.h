@@ -42,6 +42,7 @@ struct tfinding {
   std::vector<std::string> suggestions{};  // names that may have been meant, nearest first
   std::vector<std::string> advice{};       // what the tool adds, printed as further notes
   bool unusable = false;                   // a file could not be opened, read or written
+  std::string optionfile{};                // the one that was checked, if each is checked on its own
 };
 
 using tfindings = std::vector<tfinding>;
@@ -72,6 +73,9 @@ class tfindinglist {
   // Counts a finding of a kind of which no more are kept.
   void countunlisted(tseverity severity);
 
+  // Adds the findings of another list. `optionfile` is the file that was checked then; it may be empty.
+  void append(const tfindinglist& other, const std::string& optionfile);
+
   // The findings that are kept.
   const tfindings& kept() const { return fkept; }
   tfindings& kept() { return fkept; }
@@ -89,6 +93,10 @@ class tfindinglist {
   std::size_t funlisted = 0;
   std::size_t flimit = usuallimit;
 };
+
+// The text of the finding with its suggestions, and the notes below it.
+std::string messagetext(const tfinding& finding);
+std::vector<std::string> notesof(const tfinding& finding);
 
 // Writes one line for the finding and one for each of its details.
 void writefinding(std::ostream& stream, const tfinding& finding, const tpalette& palette);

@@ -13,6 +13,7 @@
 #include "base/strutilx.h"
 #include "input/linereader.h"
 #include "options/codes.h"
+#include "tools/reading/earlyend.h"
 
 namespace tool {
 
@@ -20,11 +21,53 @@ namespace {
 
 using namespace optcore;
 
-// A line, of which the first characters are kept.
-struct tbytesofline {
-  std::string text;
-  std::size_t length = 0;
+// The characters of a line that do not belong there.
+struct toddcharacters {
   bool returns = false;  // has a carriage return that is not at its end
+  bool haszero = false;  // has a zero byte
+  bool hasmark = false;  // has the byte 26
+  bool iscut = false;    // has more than a carriage return after it
+
+  void look(std::string_view part) {
+    haszero = haszero || part.find('\0') != std::string_view::npos;
+    const std::size_t behind = hasmark ? 0 : part.find('\x1a') + 1;
+    if (!hasmark && behind == 0) return;
+    hasmark = true;
+    iscut = iscut || part.find_first_not_of('\r', behind) != std::string_view::npos;
+  }
+};
+
+// A line, or its first characters.
+struct tbytesofline {
+  std::string_view text;
+  std::size_t length = 0;
+  toddcharacters odd{};
+};
+
+// A line that consists of several parts, or may have characters that do not belong there. Its first characters are kept.
+class tlongline {
+ public:
+  bool isempty() const { return flength == 0; }
+  void append(std::string_view part) {
+    if (part.empty()) return;
+    fodd.returns = fodd.returns || fendsinreturn || part.find('\r') < part.size() - 1;
+    fodd.look(part);
+    fendsinreturn = part.back() == '\r';
+    flength += part.size();
+    ftext.append(part.substr(0, kept - std::min(kept, ftext.size())));
+  }
+  tbytesofline bytes() const {
+    const std::size_t length = flength - (fendsinreturn ? 1 : 0);
+    return {std::string_view(ftext).substr(0, length), length, fodd};
+  }
+  void clear() { *this = {}; }
+
+ private:
+  static constexpr std::size_t kept = 256;
+  std::string ftext;
+  std::size_t flength = 0;
+  toddcharacters fodd;
+  bool fendsinreturn = false;
 };
 
 class tlinewatch {
@@ -38,12 +81,13 @@ class tlinewatch {
   void warn(std::int32_t number, std::string_view rule, std::string text) {
     fadd({{fname, number}, tseverity::warning, rule, std::move(text)});
   }
-  bool isindented(const std::string& text) const;
+  bool isindented(std::string_view text) const;
 
   const std::string& fname;
   tfilekind fkind;
   const std::function<void(tfinding)>& fadd;
   bool freturns = false;  // was reported
+  bool fzero = false;     // was reported
 };
 
 bool isnumber(std::string_view word) {
@@ -51,11 +95,11 @@ bool isnumber(std::string_view word) {
   return !word.empty() && std::ranges::all_of(word, [](char c) { return isdigit(c); });
 }
 
-// Whether a line that begins with a blank or tab has the form "name type number" and two more fields, or that
-// of a group. Lines of help hardly do.
-bool tlinewatch::isindented(const std::string& text) const {
-  if (fkind != tfilekind::definition || (text[0] != ' ' && text[0] != '\t')) return false;
-  std::istringstream stream(text);
+// Whether a line that begins with a blank has the form "name type number" and two more fields, or that of a
+// group. Lines of help hardly do. A line that begins with a tab ends the definition, which is reported.
+bool tlinewatch::isindented(std::string_view text) const {
+  if (fkind != tfilekind::definition || text[0] != ' ') return false;
+  std::istringstream stream{std::string(text)};
   std::vector<std::string> words;
   for (std::string word; words.size() < 5 && stream >> word;) words.push_back(word);
   if (words.size() < 4 || !isletter(words[0].front()) || !isnumber(words[2])) return false;
@@ -70,18 +114,23 @@ void tlinewatch::line(std::int32_t number, const tbytesofline& line) {
     warn(number, "byte-order-mark",
          "The file begins with a byte order mark, for which its first line is refused; save the file "
          "without the mark");
-  if (line.returns && !std::exchange(freturns, true))
+  if (line.odd.haszero && !std::exchange(fzero, true))
+    warn(number, "zero-byte", "The line holds a zero byte, so the file is hardly a text");
+  if (line.odd.haszero) return;
+  if (line.odd.returns && !std::exchange(freturns, true))
     warn(number, "return-alone",
          "A carriage return alone does not end a line; end the lines with line feeds");
   if (line.text.empty() || line.text.starts_with('*')) return;
+  if (line.odd.iscut)
+    warn(number, "ctrl-z", "The byte 26 (Ctrl-Z) ends the line; what follows it on the line is not read");
   if (line.length > tlinereader::maxline)
     warn(number, "line-cut",
          "The line has " + std::to_string(line.length) + " characters; only the first " +
              std::to_string(tlinereader::maxline) + " are read");
   if (isindented(line.text))
     warn(number, "indented",
-         std::string("The line looks like the beginning of a definition, but begins with a ") +
-             (line.text[0] == '\t' ? "tab" : "blank, so it continues the definition above it"));
+         "The line looks like the beginning of a definition, but begins with a blank, so it continues the "
+         "definition above it");
 }
 
 }  // namespace
@@ -89,37 +138,27 @@ void tlinewatch::line(std::int32_t number, const tbytesofline& line) {
 void warnoflines(const std::string& path, const std::string& name, tfilekind kind, std::int32_t last,
                  const std::function<void(tfinding)>& add) {
   std::error_code problem;
-  if (!std::filesystem::is_regular_file(path, problem)) return;
+  if (!std::filesystem::is_regular_file(path, problem) || isutf16(path)) return;
   std::ifstream file(path, std::ios::binary);
   tlinewatch watch(name, kind, add);
-  constexpr std::size_t kept = 256;
   std::array<char, 64 * 1024> block{};
-  tbytesofline line;
+  tlongline line;
   std::int32_t number = 1;
-  bool endsinreturn = false;
-  const auto end = [&] {
-    if (endsinreturn) --line.length;
-    if (line.text.ends_with('\r') && line.length < line.text.size()) line.text.pop_back();
-    watch.line(number++, std::exchange(line, {}));
-    endsinreturn = false;
-  };
-  while ((last == 0 || number <= last) && (file.read(block.data(), block.size()), file.gcount() > 0)) {
+  const auto reads = [&] { return last == 0 || number <= last; };
+  while (reads() && (file.read(block.data(), block.size()), file.gcount() > 0)) {
     std::string_view rest(block.data(), static_cast<std::size_t>(file.gcount()));
-    while (!rest.empty() && (last == 0 || number <= last)) {
+    const bool isplain =
+        rest.find('\r') == rest.npos && rest.find('\0') == rest.npos && rest.find('\x1a') == rest.npos;
+    while (!rest.empty() && reads()) {
       const std::size_t feed = rest.find('\n');
-      const std::string_view part = rest.substr(0, feed);
-      if (!part.empty()) {
-        line.returns = line.returns || endsinreturn || part.find('\r') < part.size() - 1;
-        endsinreturn = part.back() == '\r';
-        line.length += part.size();
-        line.text.append(part.substr(0, kept - std::min(kept, line.text.size())));
-      }
+      if (feed == std::string_view::npos || !line.isempty() || !isplain) line.append(rest.substr(0, feed));
       if (feed == std::string_view::npos) break;
-      end();
+      watch.line(number++, line.isempty() ? tbytesofline{rest.substr(0, feed), feed} : line.bytes());
+      if (!line.isempty()) line.clear();
       rest.remove_prefix(feed + 1);
     }
   }
-  if (line.length > 0 && (last == 0 || number <= last)) end();
+  if (!line.isempty() && reads()) watch.line(number, line.bytes());
 }
 
 }  // namespace tool

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -40,13 +41,19 @@ class tnearnames {
  private:
   using thit = std::pair<std::size_t, std::size_t>;  // the distance of a name, and its position
 
+  using tpositions = std::vector<std::uint32_t>;
+
+  // The names whose length differs from that of the key by at most so much, as a part of fbylength.
+  std::span<const std::uint32_t> ofsimilarlength(std::size_t length, std::size_t difference) const;
   void addnear(std::string_view key, std::string_view typed, std::vector<thit>& hits) const;
   void addlonger(std::string_view key, std::vector<thit>& hits) const;
   std::vector<std::string> best(std::vector<thit> hits, std::string_view typed) const;
 
   std::vector<std::string> fnames;
   std::vector<std::string> fkeys;  // the same, folded
-  std::vector<tcounts> fcounts;
+  tpositions fbylength;  // the positions of the names, shortest first, those of a length by their keys
+  std::vector<tcounts> fcounts;        // in the order of fbylength
+  tpositions fbybeginning, fbyending;  // sorted by their keys, and by their keys read backwards
 };
 
 }  // namespace tool

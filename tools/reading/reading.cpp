@@ -13,6 +13,7 @@
 #include "tools/commands.h"
 #include "tools/reading/advice.h"
 #include "tools/reading/definitionwarnings.h"
+#include "tools/reading/earlyend.h"
 #include "tools/reading/linewarnings.h"
 
 namespace tool {
@@ -22,10 +23,6 @@ namespace {
 using namespace optcore;
 
 constexpr const char* standardinputname = "<stdin>";
-
-std::string displayname(const std::string& filename) {
-  return filename == "-" ? standardinputname : filename;
-}
 
 // Whether the file is a pipe or a device, which may deliver its contents only once.
 bool givesonce(const std::string& filename) {
@@ -86,30 +83,59 @@ std::string_view ruleof(const tmessage& message) {
 
 // ---- what is read
 
+std::string displayname(const std::string& filename) {
+  return filename == "-" ? standardinputname : filename;
+}
+
 bool treading::readdefinition(const std::string& filename) {
   fdefinition = displayname(filename);
   fdefinitionpath = pathof(filename, fkeepsdefinition);
   ffilesread.add(fdefinitionpath);
+  addutf16({fdefinition, 1}, fdefinitionpath);
   if (!collect(fdefinition, [&] { return fstore.optreaddefinition(fdefinitionpath); })) return false;
   addearlyend();
   return true;
+}
+
+void treading::readdefinitionof(const treading& other) {
+  fdefinition = other.fdefinition;
+  fdefinitionpath = other.fdefinitionpath;
+  fstore.setobserver(nullptr);
+  fstore.optreaddefinition(fdefinitionpath);
+  fstore.optclearmessages();
+  fstore.setobserver(this);
 }
 
 // Adds a finding if the library stopped reading before the end of the definition file. It files no message
 // about that.
 void treading::addearlyend() {
   const std::int32_t line = fstore.definition().earlyend();
-  if (line != 0)
+  if (line == 0) return;
+  const std::string reason = reasonofearlyend(fdefinitionpath, line);
+  if (!reason.empty())
     add({.place = {fdefinition, line},
          .severity = tseverity::warning,
          .rule = "early-end",
-         .text = "The definition ends here, because no line of a definition can begin like this one; "
-                 "this line and all that follow are not read"});
+         .text = "The definition ends here, " + reason + "; this line and all that follow are not read"});
+}
+
+// A file of that kind is refused line by line, so this is told before all else.
+void treading::addutf16(const tplace& place, const std::string& path) {
+  if (isutf16(path))
+    add({.place = place,
+         .severity = tseverity::warning,
+         .rule = "utf-16",
+         .text = "The file is saved as UTF-16, which cannot be read; save it as UTF-8"});
 }
 
 void treading::checkdefinition() {
-  warnoflines(fdefinitionpath, fdefinition, tfilekind::definition, fstore.definition().earlyend(),
-              [&](tfinding finding) { add(std::move(finding)); });
+  const std::int32_t end = fstore.definition().earlyend();
+  warnoflines(fdefinitionpath, fdefinition, tfilekind::definition, end, [&](tfinding finding) {
+    const bool isexplained = finding.place.line == end && finding.rule == "indented";  // by the early end
+    if (!isexplained) add(std::move(finding));
+  });
+  if (fstore.getcount() == 1 && errors() == 0)  // every definition has the option of help
+    add({{fdefinition}, tseverity::warning, "no-options", "The definition has no options"});
   for (tfinding& finding : definitionwarnings(fstore.definition(), flines, fdefinition, fduplicates))
     add(std::move(finding));
 }
@@ -185,6 +211,7 @@ void treading::filed(const tmessage& message) {
     const std::string path(message.source->sourcename());
     ffilesread.add(path);
     if (message.source->includer() != nullptr) foptionfiles.emplace(path, path);
+    addutf16(placeof(message.source, 1), path);
   }
   if (message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave) return;
   if (message.explains) {
@@ -196,15 +223,27 @@ void treading::filed(const tmessage& message) {
   const std::string_view line = message.source != nullptr ? message.source->linetext() : std::string_view();
   std::vector<std::string> suggestions;
   if (ffindings.keeps(rule)) suggestions = fsuggester.suggestionsfor(message.subject, line);
+  if (message.kind == tmsgkind::defineerror && suggestions.empty() && ffindings.keeps(rule))
+    suggestions = fsuggester.definedlike(ffieldnotes.references(message));
   ffindings.begin({.place = placeof(message),
                    .severity = severityof(message.kind),
                    .rule = rule,
                    .text = std::string(message.text),
                    .suggestions = std::move(suggestions),
                    .unusable = message.subject.problem == tsubject::tproblem::unusablefile});
-  if (std::string advice = adviceon(message, fstore); !advice.empty()) ffindings.advise(std::move(advice));
+  advise(message);
   if (message.subject.problem == tsubject::tproblem::duplicatename) explainduplicate(message);
   if (message.subject.problem == tsubject::tproblem::unusablefile) adviseoninclude(message);
+}
+
+// Messages about one line that have the same note have it once.
+void treading::advise(const tmessage& message) {
+  std::string advice = adviceon(message, fstore);
+  if (advice.empty() && message.kind == tmsgkind::defineerror) advice = ffieldnotes.next(message);
+  if (advice.empty() || (advice == fadvice && message.line == fadviceline)) return;
+  fadvice = advice;
+  fadviceline = message.line;
+  ffindings.advise(std::move(advice));
 }
 
 // That a default is none of the values is known only after them, but it stands on the option's own line.
@@ -233,6 +272,7 @@ void treading::adviseoninclude(const tmessage& message) {
 
 void treading::begun(const tentry& entry) {
   flines.add(entry);
+  if (entry.kind == tentry::tkind::option) ffieldnotes.begin(fstore.messages().activesource()->linetext());
   if (fwatches && entry.name.size() > maxidentifier)
     add({{fdefinition, entry.line},
          tseverity::warning,
@@ -241,6 +281,19 @@ void treading::begun(const tentry& entry) {
              " characters; use at most " + std::to_string(maxidentifier)});
 }
 
+namespace {
+
+// Whether a text of this length stands in double quotes in the line; its length includes the closing quote.
+bool isquoted(std::string_view line, std::size_t length) {
+  for (std::size_t at = line.find('"'); at != std::string_view::npos; at = line.find('"', at + 1))
+    if (at + length < line.size() && line[at + length] == '"' &&
+        (at + length + 1 == line.size() || line.find_first_of(" \t,", at + length + 1) == at + length + 1))
+      return true;
+  return false;
+}
+
+}  // namespace
+
 // A line may shorten several texts.
 void treading::shortened(std::size_t length) {
   const tlinesource* source = fstore.messages().activesource();
@@ -248,8 +301,11 @@ void treading::shortened(std::size_t length) {
   const tplace place = placeof(source, source->linenr());
   if (fshortenedat == place || !ffindings.keeps("text-cut")) return;
   fshortenedat = place;
+  const bool quoted = isquoted(source->linetext(), length);
   add({place, tseverity::warning, "text-cut",
-       "A text has " + std::to_string(length) + " characters; only the first 254 and the last one are used"});
+       "A text has " + std::to_string(quoted ? length - 1 : length) + " characters; " +
+           (quoted ? "only the first 254 of a text in double quotes are used"
+                   : "only the first 254 and the last one are used")});
 }
 
 void treading::watchsetting(const toption& option) {
@@ -262,9 +318,9 @@ void treading::watchsetting(const toption& option) {
   const tplace place = placeof(source, source->linenr());
   if (option.name().starts_with("--") && option.name().size() > maxidentifier + 2)
     add({place, tseverity::warning, "long-name",
-         "The name " + inquotes(option.name()) + " has more than " + std::to_string(maxidentifier) +
-             " characters"});
-  if (auto finding = fsettingwarnings.list(option, place)) add(std::move(*finding));
+         "The name " + inquotes(typedname(option, source->linetext())) + " has more than " +
+             std::to_string(maxidentifier) + " characters"});
+  if (auto finding = fsettingwarnings.list(option, source->linetext(), place)) add(std::move(*finding));
   if (auto finding = fsettingwarnings.comment(option, source->linetext(), place)) add(std::move(*finding));
 }
 

@@ -15,6 +15,7 @@
 #include "tools/arguments.h"
 #include "tools/reading/assignments.h"
 #include "tools/reading/definitionlines.h"
+#include "tools/reading/fieldnotes.h"
 #include "tools/reading/findings.h"
 #include "tools/reading/settingwarnings.h"
 #include "tools/reading/suggest.h"
@@ -38,6 +39,8 @@ class treading final : optcore::tstoreobserver {
   // the texts are still read.
   bool readdefinition(const std::string& filename);
   bool readoptions(const tinputs& inputs);
+  // Reads the definition that the other one has read, without findings. The other one must outlive this one.
+  void readdefinitionof(const treading& other);
 
   // Must be called before readdefinition if the definition is to be read again: a definition that can be read
   // only once, such as a pipe, is then copied.
@@ -105,6 +108,8 @@ class treading final : optcore::tstoreobserver {
   std::size_t errors() const { return ffindings.count(tseverity::error); }
   tplace placeof(const optcore::tlinesource* source, std::int32_t line) const;
   void addearlyend();
+  void addutf16(const tplace& place, const std::string& path);
+  void advise(const optcore::tmessage& message);
   void watchsetting(const optcore::toption& option);
   void adviseoninclude(const optcore::tmessage& message);
   tplace placeof(const optcore::tmessage& message) const;
@@ -115,6 +120,9 @@ class treading final : optcore::tstoreobserver {
   optcore::tstoreobserver* ffollower = nullptr;
   tsuggester fsuggester{fstore};
   tdefinitionlines flines;
+  tfieldnotes ffieldnotes;
+  std::string fadvice;  // the last note, and the line of its message
+  std::int32_t fadviceline = 0;
   bool fwatches = false;
   std::optional<tplace> fshortenedat;  // the last place where a text was shortened
   // The option files, under the names that findings have for them, with their paths.
@@ -132,6 +140,9 @@ class treading final : optcore::tstoreobserver {
   tfilemarks ffilesread;
   std::deque<ttemporaryfile> fcopies;  // a deque: pathof returns references to their paths
 };
+
+// The name of the file in findings.
+std::string displayname(const std::string& filename);
 
 int exitcode(const tfindings& findings, bool warningsaserrors);
 

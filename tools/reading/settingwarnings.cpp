@@ -3,11 +3,21 @@
 
 #include <algorithm>
 
+#include "base/textcase.h"
 #include "tools/reading/suggest.h"
 
 namespace tool {
 
 using namespace optcore;
+
+std::string_view typedname(const toption& list, std::string_view line) {
+  const std::string_view stem = list.name().substr(2);
+  const auto isdash = [](char c) { return c == '-' || c == '/'; };
+  for (std::size_t at = 2; at + stem.size() <= line.size(); ++at)
+    if (isdash(line[at - 2]) && isdash(line[at - 1]) && struequal(line.substr(at, stem.size()), stem))
+      return line.substr(at - 2, stem.size() + 2);
+  return list.name();
+}
 
 // The options that are set by the name of the list without its dashes, or by a similar one. Lists are left
 // out: a text may well be meant for a second list.
@@ -28,13 +38,15 @@ const std::vector<std::string>& tsettingwarnings::meant(const toption& option) {
   return at->second;
 }
 
-std::optional<tfinding> tsettingwarnings::list(const toption& option, const tplace& place) {
+std::optional<tfinding> tsettingwarnings::list(const toption& option, std::string_view line,
+                                               const tplace& place) {
   if (!option.name().starts_with("--") || meant(option).empty()) return std::nullopt;
-  return tfinding{.place = place,
-                  .severity = tseverity::warning,
-                  .rule = "dashed-list",
-                  .text = inquotes(option.name()) + " adds a text to a list of its own and sets no option",
-                  .suggestions = meant(option)};
+  return tfinding{
+      .place = place,
+      .severity = tseverity::warning,
+      .rule = "dashed-list",
+      .text = inquotes(typedname(option, line)) + " adds a text to a list of its own and sets no option",
+      .suggestions = meant(option)};
 }
 
 // The value of the line, if it ends where a comment begins without a blank before it.

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "base/textcase.h"
+#include "options/checkboolean.h"
 #include "tools/reading/advice.h"
 
 namespace tool {
@@ -28,24 +29,37 @@ std::vector<std::string> words(const tenumstroption& option) {
   return result;
 }
 
-// Whether the problem is a name or word that may be mistyped.
-bool isaboutword(tsubject::tproblem problem) {
+bool isaboutvalue(const tsubject& subject) {
   using enum tsubject::tproblem;
-  return problem == unknownoption || problem == unknowndotoption || problem == badseparator ||
-         problem == illegalvalue || problem == unknowntype;
+  return subject.problem == illegalvalue || subject.problem == unknowntype ||
+         (subject.problem == other && subject.option != nullptr && !subject.value.empty());
 }
 
-// The text up to a blank, comma or equals sign.
-std::string_view firstword(std::string_view text) { return text.substr(0, text.find_first_of(" \t,=\"")); }
+// Whether the line has the name with the beginning of a number after it: gap0.1
+bool isgluedtonumber(std::string_view line, std::string_view name) {
+  const std::size_t at = name.empty() ? std::string_view::npos : line.find(name);
+  if (at == std::string_view::npos) return false;
+  line.remove_prefix(at + name.size());
+  return line.size() > 1 && line[0] == '.' && isdigit(line[1]);
+}
+
+// Whether the problem is a name or word that may be mistyped.
+bool isaboutword(const tsubject& subject, std::string_view line) {
+  using enum tsubject::tproblem;
+  return subject.problem == unknownoption || subject.problem == unknowndotoption ||
+         subject.problem == badseparator || isaboutvalue(subject) ||
+         (subject.problem == other && subject.option == nullptr && isgluedtonumber(line, subject.name));
+}
 
 // The words of other option languages before an assignment.
+constexpr auto setters =
+    std::to_array<std::string_view>({"set", "let", "option", "param", "parameter", "options"});
 bool issetter(std::string_view word) {
-  static constexpr std::array<std::string_view, 6> setters = {"set",   "let",       "option",
-                                                              "param", "parameter", "options"};
   return std::ranges::any_of(setters, [&](std::string_view setter) { return struequal(word, setter); });
 }
 
-bool isseparator(char c) { return c == '/' || c == '.' || c == '-' || c == ':' || c == '\\'; }
+constexpr std::string_view separators = "/.-:\\";
+bool isseparator(char c) { return separators.find(c) != std::string_view::npos; }
 
 // With one underscore for separators between words, and without those at either end.
 std::string withunderscores(std::string_view text) {
@@ -59,18 +73,68 @@ std::string withunderscores(std::string_view text) {
   return result;
 }
 
-// What was typed where the name stands in the line: the whole word, and the next one after a setter. The name
-// alone if it is not in the line.
+// The words of the text up to an equals sign, comma or double quote, at most five.
+std::vector<std::string> firstwords(std::string_view text) {
+  constexpr std::size_t most = 5;
+  text = text.substr(0, text.find_first_of(",=\""));
+  std::vector<std::string> words;
+  for (std::size_t begin = 0; words.size() < most;
+       begin = std::min(text.find_first_of(" \t", begin), text.size())) {
+    begin = text.find_first_not_of(" \t", begin);
+    if (begin == std::string_view::npos) break;
+    words.emplace_back(text.substr(begin, text.find_first_of(" \t", begin) - begin));
+  }
+  return words;
+}
+
+std::string joined(const std::vector<std::string>& words, std::size_t count, char separator) {
+  std::string result;
+  for (std::size_t i = 0; i < count; ++i) result.append(i == 0 ? 0 : 1, separator).append(words[i]);
+  return result;
+}
+
+// Where the name stands in the line as a whole; npos if nowhere.
+std::size_t placeof(std::string_view line, std::string_view name) {
+  const auto belongs = [](char c) { return isletter(c) || isdigit(c) || c == '_'; };
+  for (std::size_t at = line.find(name); at != std::string_view::npos; at = line.find(name, at + 1)) {
+    const std::size_t end = at + name.size();
+    if ((at == 0 || !belongs(line[at - 1])) && (end == line.size() || !belongs(line[end]))) return at;
+  }
+  return std::string_view::npos;
+}
+
+// What was typed where the name stands in the line: the whole word that has it, and the words after that,
+// with one blank between them. The name alone if it is not in the line.
 std::string typedat(std::string_view line, std::string_view name) {
   const std::string_view stem = name.substr(std::min(name.find_first_not_of("-."), name.size()));
-  const std::size_t at = line.find(stem);
-  if (stem.empty() || at == std::string_view::npos) return std::string(name);
-  const std::size_t begin = line.find_last_of(" \t,", at) + 1;  // npos + 1 is 0
-  const std::string_view word = firstword(line.substr(begin));
-  if (!issetter(word)) return std::string(word);
-  line.remove_prefix(begin + word.size());
-  line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
-  return std::string(word).append(" ").append(firstword(line));
+  const std::size_t at = stem.empty() ? std::string_view::npos : placeof(line, stem);
+  if (at == std::string_view::npos) return std::string(name);
+  const std::vector<std::string> words = firstwords(line.substr(line.find_last_of(" \t,", at) + 1));
+  return joined(words, words.size(), ' ');
+}
+
+std::string_view firstword(std::string_view typed) { return typed.substr(0, typed.find(' ')); }
+
+constexpr std::size_t longestname = 255;  // longer names are cut
+
+// Whether the text may be a value of the option: the beginning of a number, a boolean or a permitted word.
+bool beginsvalue(const toption& option, std::string_view text) {
+  if (text.find_first_of("0123456789") <= text.find_first_not_of("+-.:")) return true;
+  const auto* permitted = ifis<tenumstroption>(&option);
+  return checkboolean(text) != tbooleanword::neither
+             ? option.opttype() == topttype::boolean
+             : permitted != nullptr && permitted->items().indexof(text) >= 0;
+}
+
+std::vector<std::string> booleanwordslike(std::string_view word) {
+  static const tnearnames names({"on", "off", "true", "false", "yes", "no"});
+  return names.nearest(word, tmatch::near);
+}
+
+// Adds the names that the list does not have yet, up to three in all.
+void append(std::vector<std::string>& list, std::vector<std::string> names) {
+  for (std::string& name : names)
+    if (list.size() < 3 && std::ranges::find(list, name) == list.end()) list.push_back(std::move(name));
 }
 
 }  // namespace
@@ -92,6 +156,11 @@ const tnearnames& tsuggester::keys() {
   return *fkeys;
 }
 
+const tnearnames& tsuggester::dots() {
+  if (!fdots) fdots.emplace(dotnames(fstore));
+  return *fdots;
+}
+
 // The option's name as option files write it; empty if no option has the name.
 std::string tsuggester::known(std::string_view name) const {
   const toption* option = fstore.optionasobj(name);
@@ -100,21 +169,39 @@ std::string tsuggester::known(std::string_view name) const {
 }
 
 std::vector<std::string> tsuggester::suggestionsfor(const tsubject& subject, std::string_view line) {
-  if (!isaboutword(subject.problem)) return {};
-  const bool isvalue = subject.problem == tsubject::tproblem::illegalvalue ||
-                       subject.problem == tsubject::tproblem::unknowntype;
+  if (!isaboutword(subject, line)) return {};
   tword word(subject.problem, subject.option,
-             isvalue ? std::string(subject.value) : typedat(line, subject.name));
+             isaboutvalue(subject) ? std::string(subject.value) : typedat(line, subject.name));
   const auto known = fanswers.find(word);
   if (known != fanswers.end()) return known->second;
   if (fanswers.size() == mostwords) return {};
   std::vector<std::string> suggestions = found(subject, std::get<std::string>(word));
+  if (!isaboutvalue(subject)) suggestions = inforce(suggestions);
   return fanswers.emplace(std::move(word), std::move(suggestions)).first->second;
 }
 
-std::vector<std::string> tsuggester::found(const tsubject& subject, std::string_view typed) {
+// The names of the definition are still growing, so they are collected each time.
+std::vector<std::string> tsuggester::definedlike(const std::vector<std::string>& names) {
+  constexpr std::int32_t most = 100;
+  const std::string* unknown = nullptr;
+  for (const std::string& name : names) {
+    if (fstore.definition().exactoption(name) != nullptr) continue;
+    if (unknown != nullptr) return {};
+    unknown = &name;
+  }
+  if (unknown == nullptr || unknown->empty() || ++flooked > most) return {};
+  if (std::string name = known(*unknown); !name.empty() && !struequal(name, *unknown))
+    return {std::move(name)};
+  return tnearnames(keynames(fstore)).nearest(*unknown, tmatch::nearorlonger);
+}
+
+std::vector<std::string> tsuggester::found(const tsubject& subject, const std::string& typed) {
   switch (subject.problem) {
     case tsubject::tproblem::other:
+      if (subject.option == nullptr) return likekey(subject.name, typed);
+      if (std::string name = joinedtovalue(subject); !name.empty()) return {std::move(name)};
+      return subject.option->opttype() == topttype::boolean ? booleanwordslike(subject.value)
+                                                            : std::vector<std::string>();
     case tsubject::tproblem::unknowntype: return typeslike(subject.value);
     case tsubject::tproblem::badreference:
     case tsubject::tproblem::badhelpflag:
@@ -123,16 +210,15 @@ std::vector<std::string> tsuggester::found(const tsubject& subject, std::string_
     case tsubject::tproblem::undefineddefault: break;
     case tsubject::tproblem::unknownoption: return likekey(subject.name, typed);
     case tsubject::tproblem::badseparator: {
-      std::vector<std::string> names = likekey(withunderscores(typed), typed);
       // the name itself is right where only the sign after it is wrong
+      if (const toption* option = fstore.optionasobj(subject.name);
+          option != nullptr && beginsvalue(*option, firstword(typed).substr(subject.name.size())))
+        return {};
+      std::vector<std::string> names = likekey(withunderscores(firstword(typed)), typed);
       std::erase_if(names, [&](const std::string& name) { return struequal(name, subject.name); });
       return names;
     }
-    case tsubject::tproblem::unknowndotoption: {
-      if (!fdots) fdots.emplace(dotnames(fstore));
-      if (std::string name = writtenotherwise(typed); !name.empty()) return {std::move(name)};
-      return fdots->nearest(subject.name, tmatch::nearorlonger);
-    }
+    case tsubject::tproblem::unknowndotoption: return likedot(subject.name, firstword(typed));
     case tsubject::tproblem::illegalvalue:
       if (const auto* option = ifis<tenumstroption>(subject.option))
         return permittedlike(*option, subject.value);
@@ -147,20 +233,88 @@ std::vector<std::string> tsuggester::permittedlike(const tenumstroption& option,
 }
 
 // A name that is known when signs or words of other formats are taken away comes first, because it is then
-// plain what was meant.
+// plain what was meant. Then come names of the same words, those that are spelled alike, and those of which
+// only a part was typed.
 std::vector<std::string> tsuggester::likekey(std::string_view key, std::string_view typed) {
-  if (const std::size_t blank = typed.find(' ');
-      blank != std::string_view::npos && blank + 1 < typed.size()) {
-    typed.remove_prefix(blank + 1);
-    if (std::string name = known(withunderscores(typed)); !name.empty()) return {std::move(name)};
-    return likekey(withunderscores(typed), typed);
+  std::vector<std::string> words = firstwords(typed);
+  std::string behindsetter;
+  if (words.size() > 1 && issetter(words[0])) {
+    words.erase(words.begin());
+    key = behindsetter = withunderscores(words[0]);
   }
-  if (std::string name = writtenotherwise(typed); !name.empty()) return {std::move(name)};
-  std::vector<std::string> result = keys().nearest(key, tmatch::nearorlonger);
-  if (result.empty()) result = withoutlastwords(key);
-  for (std::string& name : endingwith(key))
-    if (result.size() < 3 && std::ranges::find(result, name) == result.end())
-      result.push_back(std::move(name));
+  for (std::size_t count = std::min<std::size_t>(words.size(), 4); count > 1; --count)
+    if (std::string name = known(withunderscores(joined(words, count, '-'))); !name.empty())
+      return {std::move(name)};
+  const std::string word = words.empty() ? std::string(key) : words[0];
+  if (std::string name = known(withunderscores(word)); !name.empty()) return {std::move(name)};
+  std::vector<std::string> result = samewords(word, false);
+  if (!result.empty()) return result;
+  if (std::string name = writtenotherwise(word); !name.empty()) return {std::move(name)};
+  result = keys().nearest(key, tmatch::nearorlonger);
+  if (result.empty()) append(result, knownpart(key));
+  if (result.empty()) append(result, samewords(word, true));
+  if (result.empty()) append(result, likelastpart(word));
+  if (result.empty()) append(result, withoutlastwords(key));
+  append(result, endingwith(key));
+  if (result.empty() && !behindsetter.empty() && words.size() > 1) {  // set mip tolerances gap 2
+    words[0] = setters[0];
+    return likekey(words[1], joined(words, words.size(), ' '));
+  }
+  if (result.empty() && key.ends_with('s'))  // nodes
+    result = keys().nearest(key.substr(0, key.size() - 1), tmatch::nearorlonger);
+  if (result.size() < 3) append(result, dotname(key, result.empty()));
+  return result;
+}
+
+// The dot option of this name or, if `near` is set, of a similar one.
+std::vector<std::string> tsuggester::dotname(std::string_view key, bool near) {
+  if (std::string name = "." + std::string(key); fstore.optionasobj(name) != nullptr)
+    return {std::move(name)};
+  return near ? dots().nearest("." + std::string(key), tmatch::near) : std::vector<std::string>();
+}
+
+// With the options themselves in place of their synonyms that should no longer be used.
+std::vector<std::string> tsuggester::inforce(const std::vector<std::string>& names) const {
+  std::vector<std::string> result;
+  for (const std::string& name : names) {
+    const toption* option = fstore.optionasobj(withunderscores(name));
+    const bool isold = option != nullptr && !struequal(option->getname(), name) &&
+                       (option->hasdeprecation(tdeprecation::deprecatedsynonym) ||
+                        option->hasdeprecation(tdeprecation::obsoletesynonym));
+    append(result, {isold ? std::string(option->getname()) : name});
+  }
+  return result;
+}
+
+// A name with a period in it may be one of a dot option, or have the period for an underscore.
+std::vector<std::string> tsuggester::likedot(std::string_view dotname, std::string_view word) {
+  if (std::string name = writtenotherwise(word); !name.empty()) return {std::move(name)};
+  std::vector<std::string> result = samewords(word, false);
+  append(result, dots().nearest(dotname, tmatch::nearorlonger));
+  if (result.empty()) result = keys().nearest(withunderscores(word), tmatch::near);
+  if (result.empty()) result = samewords(word, true);
+  return result;
+}
+
+std::vector<std::string> tsuggester::samewords(std::string_view word, bool leaveover) {
+  if (!fkeywords) fkeywords.emplace(keynames(fstore));
+  std::vector<std::string> result = fkeywords->matching(word, leaveover);
+  std::erase_if(result, [&](const std::string& name) { return struequal(name, word); });
+  return result;
+}
+
+// A value may begin with the rest of the name: gap absolute 0.1
+std::string tsuggester::joinedtovalue(const tsubject& subject) const {
+  const std::vector<std::string> words = firstwords(subject.value);
+  return words.size() < 2 ? "" : known(std::string(subject.name).append("_").append(words[0]));
+}
+
+// The part behind the last separator alone: what stands before it may be the name of a section.
+std::vector<std::string> tsuggester::likelastpart(std::string_view word) {
+  const std::size_t at = word.find_last_of(separators);
+  if (at == std::string_view::npos || at + 1 == word.size()) return {};
+  std::vector<std::string> result = keys().nearest(word.substr(at + 1), tmatch::nearorlonger);
+  append(result, endingwith(word.substr(at + 1)));
   return result;
 }
 
@@ -179,11 +333,14 @@ std::string tsuggester::writtenotherwise(std::string_view typed) const {
   return gluedtovalue(typed);
 }
 
-// The longest known name that a digit follows.
+// The longest known name that a value of its option follows: threads8, gap.5, methoddual
 std::string tsuggester::gluedtovalue(std::string_view typed) const {
-  for (std::size_t end = typed.size(); end-- > 1;)
-    if (isdigit(typed[end]) && !isdigit(typed[end - 1]))
-      if (std::string name = known(withunderscores(typed.substr(0, end))); !name.empty()) return name;
+  for (std::size_t end = std::min(typed.size(), longestname + 1); end-- > 1;) {
+    const std::string key = withunderscores(typed.substr(0, end));
+    if (std::string name = known(key);
+        !name.empty() && beginsvalue(*fstore.optionasobj(key), typed.substr(end)))
+      return name;
+  }
   return {};
 }
 
@@ -193,19 +350,24 @@ std::vector<std::string> tsuggester::withoutlastwords(std::string_view key) {
   std::vector<std::string> result;
   for (std::size_t end = key.rfind('_'); result.empty() && end != std::string::npos && end >= 4;
        end = key.rfind('_', end - 1)) {
-    const std::string_view first = key.substr(0, end);
-    if (std::string name = known(first); !name.empty()) return {std::move(name)};
-    result = keys().nearest(first, tmatch::near);
+    result = keys().nearest(key.substr(0, end), tmatch::near);
   }
   return result;
 }
 
-// Names whose last words are the key, or the other way round: the first word may be the name of a part of the
-// solver.
-std::vector<std::string> tsuggester::endingwith(std::string_view key) {
+// The first word may be the name of a part of the solver, the last one a unit.
+std::vector<std::string> tsuggester::knownpart(std::string_view key) const {
   for (std::size_t begin = key.find('_'); begin != std::string::npos; begin = key.find('_', begin + 1))
     if (std::string name = known(key.substr(begin + 1)); !name.empty()) return {std::move(name)};
-  return keys().endingwith("_" + std::string(key));
+  for (std::size_t end = key.rfind('_'); end != std::string::npos && end > 0; end = key.rfind('_', end - 1))
+    if (std::string name = known(key.substr(0, end)); !name.empty()) return {std::move(name)};
+  return {};
+}
+
+// Names whose last words are the key, or the other way round.
+std::vector<std::string> tsuggester::endingwith(std::string_view key) {
+  std::vector<std::string> result = knownpart(key);
+  return result.empty() ? keys().endingwith("_" + std::string(key)) : result;
 }
 
 }  // namespace tool

@@ -1,0 +1,34 @@
+// What the parts of the command line share: how a command and its usual options are declared and checked.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "tools/arguments.h"
+
+namespace tool {
+
+CLI::App& addcommand(CLI::App& app, const char* name, const char* description);
+void addpager(CLI::App& command, bool& pager);
+
+// What is wrong with the name of a file; empty if nothing is.
+std::string checkfilename(const std::string& name);
+// The same for a word that must be one of these.
+std::string checkword(const std::string& word, const std::vector<std::string>& known, const char* what);
+
+template <class T>
+std::vector<std::string> keysof(const std::map<std::string, T>& words) {
+  std::vector<std::string> result;
+  result.reserve(words.size());
+  for (const auto& [name, meaning] : words) result.push_back(name);
+  return result;
+}
+
+// The command diff.
+const CLI::App& adddiff(CLI::App& app, tdiffarguments& arguments);
+// What is wrong with its files and options; empty if nothing is.
+std::string misuse(const tdiffarguments& arguments);
+
+}  // namespace tool

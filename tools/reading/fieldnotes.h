@@ -1,0 +1,37 @@
+// Notes about the lines of a definition that the library refuses: which field is wrong, and which fields the
+// line has.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "options/observer.h"
+
+namespace tool {
+
+class tfieldnotes {
+ public:
+  // To be called with the line on which an option begins, because its type decides what may follow.
+  void begin(std::string_view line);
+  // The names of other options in the line that the message is about.
+  std::vector<std::string> references(const optcore::tmessage& message) const;
+
+  // A note on a message about the definition; empty if there is none. The messages about one line share its
+  // notes: each note is returned once.
+  std::string next(const optcore::tmessage& message);
+
+ private:
+  bool isaboutlast(const optcore::tmessage& message) const { return message.subject.name == fname; }
+
+  std::string fname, ftype;  // of the option that was begun last
+  std::int32_t fline = 0;
+  std::deque<std::string> fnotes;  // about that line, those that were not yet returned
+};
+
+// What the fields of a type are, in their order; empty for what is not the keyword of a definition.
+std::string fieldsof(std::string_view type);
+
+}  // namespace tool

@@ -1,0 +1,64 @@
+// Reads the beginning of a file and looks at the second word of each line.
+#include "tools/reading/filelooks.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string_view>
+
+#include "base/textcase.h"
+#include "options/codes.h"
+
+namespace tool {
+
+namespace {
+
+using namespace optcore;
+
+constexpr std::size_t mostread = 64 * 1024;
+
+bool iskeyword(std::string_view word) {
+  static constexpr auto others = std::to_array<std::string_view>(
+      {"synonym", "group", "deprecated", "obsolete", "indicator", "lookup", "eolcomm"});
+  const auto same = [&](std::string_view keyword) { return struequal(word, keyword); };
+  return std::ranges::any_of(opttypenames, same) || std::ranges::any_of(others, same);
+}
+
+bool begins(const std::string& line) {
+  const bool isname = !line.empty() && (isletter(line.front()) || line.front() == '.');
+  std::istringstream stream(line);
+  std::string name, keyword;
+  return isname && stream >> name >> keyword && iskeyword(keyword.substr(0, keyword.find('.')));
+}
+
+bool iscomment(const std::string& line) {
+  return line.starts_with('*') || line.find_first_not_of(" \t") == std::string::npos;
+}
+
+}  // namespace
+
+std::vector<std::string> firstlines(const std::string& filename) {
+  std::error_code problem;
+  std::vector<std::string> result;
+  if (!std::filesystem::is_regular_file(filename, problem)) return result;
+  std::ifstream file(filename, std::ios::binary);
+  std::string text(mostread, '\0');
+  file.read(text.data(), static_cast<std::streamsize>(text.size()));
+  text.resize(static_cast<std::size_t>(file.gcount()));
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) {
+    if (line.ends_with('\r')) line.pop_back();
+    result.push_back(std::move(line));
+  }
+  return result;
+}
+
+tlooks looksof(const std::string& filename) {
+  const std::vector<std::string> lines = firstlines(filename);
+  if (std::ranges::any_of(lines, begins)) return tlooks::definition;
+  return std::ranges::all_of(lines, iscomment) ? tlooks::unclear : tlooks::options;
+}
+
+}  // namespace tool

@@ -1,0 +1,44 @@
+// Looks at the files that the arguments name.
+#include "tools/swapped.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "tools/reading/filelooks.h"
+#include "tools/text.h"
+
+namespace tool {
+
+namespace {
+
+bool isfile(const std::string& name) {
+  std::error_code problem;
+  return std::filesystem::is_regular_file(name, problem);
+}
+
+bool exists(const std::string& name) {
+  std::error_code problem;
+  return name == "-" || std::filesystem::exists(name, problem);
+}
+
+}  // namespace
+
+std::string swappedfiles(const std::string& command, const tinputs& inputs) {
+  if (inputs.optionfiles.empty() || looksof(inputs.definition) != tlooks::options) return {};
+  const auto definition = std::ranges::find_if(
+      inputs.optionfiles, [](const std::string& file) { return looksof(file) == tlooks::definition; });
+  if (definition == inputs.optionfiles.end()) return {};
+  return inquotes(inputs.definition) + " looks like an option file and " + inquotes(*definition) +
+         " like a definition; the definition comes first, as in 'wexcorin " + command + " " + *definition +
+         " " + inputs.definition + "'";
+}
+
+std::string swappedword(const std::string& command, const std::string& definition, const std::string& word,
+                        bool wordfirst) {
+  if (exists(definition) || !isfile(word)) return {};
+  return "there is no file " + inquotes(definition) + ", but a file " + inquotes(word) +
+         "; did you mean 'wexcorin " + command + " " +
+         (wordfirst ? definition + " " + word : word + " " + definition) + "'?";
+}
+
+}  // namespace tool
