@@ -1,9 +1,9 @@
-# Completion of wexcorin's command line in bash: commands, options, forms of doc, and file names. `help` and --set
-# complete the options and values of the definition file that the command line names.
+# Completion of wexcorin's command line in bash: commands, flags, forms of doc, and file names. `help`, --set and
+# --group complete the options, values and groups of the definition file that the command line names.
 
 # Prints the names and synonyms of the options of a definition, or the values of the option NAME, except those that are
-# typed with blanks.
-# usage: _wexcorin_options TOOL DEFINITION [NAME]
+# typed with blanks; with --groups, the names of the groups.
+# usage: _wexcorin_options TOOL DEFINITION [NAME | --groups]
 _wexcorin_options() {
   local tool=$1 definition=${2/#\~\//$HOME/}
   shift 2
@@ -35,8 +35,8 @@ _wexcorin_list() {
   mapfile -t COMPREPLY < <(compgen -P "$before" -W "$2" -- "${1##*,}")
 }
 
-_wexcorin_rules='deprecated early-end byte-order-mark return-alone line-cut text-cut long-name indented group-undeclared
-  group-empty reference-twice no-members boolean-default no-help no-value-text name-not-found dashed-list comment-cut
+_wexcorin_rules='deprecated early-end byte-order-mark return-alone line-cut text-cut zero-byte long-name indented group-undeclared
+  group-empty reference-twice no-members no-options boolean-default no-help no-value-text name-not-found dashed-list comment-cut ctrl-z
   set-again'
 
 # Reads the words before the cursor. Sets `command`, `arguments` (the words that are not options), `named` (the argument
@@ -88,7 +88,8 @@ _wexcorin() {
       compopt -o nospace 2>/dev/null
       _wexcorin_words "$cur" "$(_wexcorin_settings "$1" "$definition" "$cur")"
       ;;
-    --group:* | --limit:* | --title:* | --release:*) ;;
+    --group:*) _wexcorin_words "$cur" "$(_wexcorin_options "$1" "$definition" --groups)" ;;
+    --limit:* | --title:* | --release:*) ;;
     --fail-on:*) _wexcorin_words "$cur" 'breaking silent any' ;;
     --color:*) _wexcorin_words "$cur" 'auto always never' ;;
     --format:*) _wexcorin_words "$cur" 'text json sarif github' ;;
@@ -116,7 +117,9 @@ _wexcorin() {
       case $command:${#arguments[@]} in
         :*) _wexcorin_words "$cur" 'check show explain get find help template write diff doc' ;;
         doc:0) _wexcorin_words "$cur" 'definition pascal html c markdown page json' ;;
-        help:1) _wexcorin_words "$cur" "$(_wexcorin_options "$1" "$definition")" ;;
+        help:1)
+          _wexcorin_words "$cur" "$(_wexcorin_options "$1" "$definition"; _wexcorin_options "$1" "$definition" --groups)"
+          ;;
         get:0 | explain:0 | help:[!0]* | find:[!0]* | template:[!0]* | doc:[!1]*) ;;
         *) _wexcorin_files ;;
       esac

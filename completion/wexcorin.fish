@@ -1,5 +1,5 @@
-# Completion of wexcorin's command line in fish: commands, options, forms of doc, and file names. `help` and --set
-# complete the options and values of the definition file that the command line names.
+# Completion of wexcorin's command line in fish: commands, flags, forms of doc, and file names. `help`, --set and
+# --group complete the options, values and groups of the definition file that the command line names.
 
 # Prints the command and its arguments before the cursor, without options and their values.
 function __wexcorin_arguments
@@ -21,7 +21,8 @@ function __wexcorin_in
     test (count $arguments) -gt 0; and contains -- $arguments[1] $argv
 end
 
-# Prints the names and synonyms of the options of the definition file, or the values of an option.
+# Prints the names and synonyms of the options of the definition file, or the values of an option; with --groups, the
+# names of the groups.
 function __wexcorin_options
     set -l arguments (__wexcorin_arguments)
     set -l definition $arguments[2]
@@ -51,7 +52,7 @@ end
 function __wexcorin_rules
     printf '%s\n' deprecated early-end byte-order-mark return-alone line-cut text-cut long-name indented \
         group-undeclared group-empty reference-twice no-members boolean-default no-help no-value-text name-not-found \
-        dashed-list comment-cut set-again
+        dashed-list comment-cut set-again ctrl-z no-options zero-byte
 end
 
 function __wexcorin_words
@@ -72,6 +73,7 @@ function __wexcorin_words
                 page\t'A reference as one HTML page that can be searched' json\t'The whole definition as JSON'
         case 'help 2'
             __wexcorin_options
+            __wexcorin_options --groups
         case 'get 1' 'explain 1' 'help [!1]*' 'doc [!2]'
         case 'help 1' 'find 1' 'template 1' 'doc 2' 'get *' 'explain *' 'check *' 'show *' 'write *' 'diff *'
             __fish_complete_path (commandline -ct)
@@ -102,7 +104,7 @@ complete -c wexcorin -n '__wexcorin_in show' -l fingerprint -d 'Print a short te
 complete -c wexcorin -n '__wexcorin_in show' -l columns -x -a 'number name type set value origin default range' \
     -d 'Print only these columns'
 complete -c wexcorin -n '__wexcorin_in get' -l default -d 'Print the default'
-complete -c wexcorin -n '__wexcorin_in template' -l group -x -d 'Only the options of this group'
+complete -c wexcorin -n '__wexcorin_in template' -l group -x -a '(__wexcorin_options --groups)' -d 'Only the options of this group'
 complete -c wexcorin -n '__wexcorin_in template write doc' -s o -l output -r -f \
     -a '(__fish_complete_path (commandline -ct))' -d 'File to write'
 complete -c wexcorin -n '__wexcorin_in write' -l exact -d 'Write numbers with all their digits'

@@ -1,9 +1,10 @@
-// Parses the command line. It holds all commands and options with their help texts; the manual page and the
-// shell completions repeat them.
+// Parses the command line. It holds all commands and flags with their help texts; the manual page and the shell
+// completions repeat them.
 #include "tools/arguments.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
 #include <iostream>
 #include <map>
 
@@ -97,9 +98,19 @@ void addinputs(CLI::App& command, tinputs& inputs, bool filesrequired) {
 
 }  // namespace
 
-std::string checkword(const std::string& word, const std::vector<std::string>& known, const char* what) {
+std::string checkword(const std::string& word, const std::vector<std::string>& known) {
   if (std::ranges::find(known, word) != known.end()) return {};
-  return "there is no " + std::string(what) + " " + inquotes(word) + suggestionfor(word, known);
+  std::string result = inquotes(word) + " is none of";
+  for (const std::string& each : known) result += (&each == &known.front() ? " " : ", ") + each;
+  return result + suggestionfor(word, known);
+}
+
+// What is wrong with a count; empty if nothing is.
+std::string checkcount(const std::string& text) {
+  std::size_t count = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), count);
+  if (error == std::errc() && end == text.data() + text.size() && count > 0) return {};
+  return inquotes(text) + " is not a whole number from 1";
 }
 
 namespace {
@@ -115,12 +126,13 @@ const std::map<std::string, tcolours>& colourwords() {
 CLI::App& addcommand(CLI::App& app, const char* name, const char* description) {
   CLI::App& command = *app.add_subcommand(name, description);
   command.group("Commands");
+  command.get_help_ptr()->group("Flags");
   command
       .add_option_function<std::string>(
           "--color", [](const std::string& when) { setcolours(colourwords().at(when)); },
           "When to print colours: auto (on terminals), always or never")
       ->type_name("WHEN")
-      ->check([](const std::string& when) { return checkword(when, keysof(colourwords()), "choice"); });
+      ->check([](const std::string& when) { return checkword(when, keysof(colourwords())); });
   return command;
 }
 
@@ -179,7 +191,7 @@ void addcheckformat(CLI::App& command, tcheckformat& format) {
           "workflows, which annotate the lines of a change)")
       ->excludes(json)
       ->option_text("FORMAT")
-      ->check([](const std::string& name) { return checkword(name, keysof(checkformats()), "format"); });
+      ->check([](const std::string& name) { return checkword(name, keysof(checkformats())); });
 }
 
 // The definition may be named in three ways, or be found.
@@ -200,7 +212,7 @@ const CLI::App& addcheck(CLI::App& app, tcheckarguments& arguments) {
                    "Let warnings count for the exit code");
   command.add_option("--limit", arguments.limit, "Print at most so many findings of one kind [1000]")
       ->type_name("N")
-      ->check(CLI::PositiveNumber);
+      ->check(checkcount);
   addpager(command, arguments.pager);
   command
       .add_option("--allow", arguments.allowed,
@@ -226,7 +238,7 @@ const CLI::App& addshow(CLI::App& app, tshowarguments& arguments) {
       ->delimiter(',')
       ->allow_extra_args(false)
       ->check([](const std::string& name) {
-        return checkword(name, {showcolumns.begin(), showcolumns.end()}, "column");
+        return checkword(name, {showcolumns.begin(), showcolumns.end()});
       });
   command.add_flag("--origin", arguments.origin, "Say where each value comes from");
   command.add_flag("--fingerprint", arguments.fingerprint,
@@ -272,9 +284,14 @@ const CLI::App& addhelp(CLI::App& app, thelparguments& arguments) {
   CLI::App& command = addcommand(app, "help", "Print the help that a definition holds");
   adddefinition(command, arguments.definition);
   command
-      .add_option("REQUEST", arguments.request,
-                  "An option's name, or a sum of 1 (summary by group, the default), 2 (all in detail) and\n"
-                  "8 (mark deprecated options in the summary)")
+      .add_option_function<std::vector<std::string>>(
+          "REQUEST",
+          [&arguments](const std::vector<std::string>& words) {
+            for (const std::string& word : words)
+              arguments.request += (arguments.request.empty() ? "" : " ") + word;
+          },
+          "The name of an option, the name or title of a group, or a sum of 1 (summary by group,\n"
+          "the default), 2 (all in detail) and 8 (mark deprecated options in the summary)")
       ->type_name("");
   addpager(command, arguments.pager);
   return command;
@@ -293,6 +310,7 @@ const CLI::App& addcomplete(CLI::App& app, tcompletearguments& arguments) {
   command.group("");  // not in the help
   adddefinition(command, arguments.definition);
   command.add_option("NAME", arguments.name, "The option whose values are wanted")->type_name("");
+  command.add_flag("--groups", arguments.groups, "Print the names of the groups");
   return command;
 }
 
@@ -340,7 +358,7 @@ const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
           "or json (the whole definition, for programs)")
       ->required()
       ->type_name("")
-      ->check([](const std::string& form) { return checkword(form, keysof(docforms()), "form"); });
+      ->check([](const std::string& form) { return checkword(form, keysof(docforms())); });
   adddefinition(command, arguments.definition);
   addoutput(command, arguments.output);
   command.add_option("--title", arguments.title, "Title of the document (markdown and page only)")
@@ -355,8 +373,8 @@ const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
   return command;
 }
 
-// The options of the command that the form does not have.
-std::string strayoption(const tdocarguments& arguments) {
+// The flag of the command line that the form does not have.
+std::string strayflag(const tdocarguments& arguments) {
   const bool titled = arguments.form == tdocform::markdown || arguments.form == tdocform::page;
   const bool compiled = arguments.form == tdocform::pascal || arguments.form == tdocform::c;
   if (!titled && !arguments.title.empty()) return "--title";
@@ -364,7 +382,7 @@ std::string strayoption(const tdocarguments& arguments) {
   return !compiled && arguments.force ? "--force" : "";
 }
 
-// The first argument that looks like an option and is none.
+// The first argument that looks like a flag and is none.
 std::string unknownflag(const CLI::App& app) {
   for (const std::string& word : app.remaining(true))
     if (word.starts_with("-")) return word.substr(0, word.find('='));
@@ -380,15 +398,18 @@ std::string failuretext(const CLI::App* app, const CLI::Error& error) {
   if (commands.empty() && !rest.empty() && !rest.front().starts_with("-"))
     problem = "there is no command " + inquotes(rest.front()) + suggestionfor(rest.front(), commandsof(*app));
   else if (const std::string flag = unknownflag(*app); !flag.empty())
-    problem = "there is no option " + inquotes(flag) + suggestionfor(flag, flagsof(command));
+    problem = "there is no flag " + inquotes(flag) + suggestionfor(flag, flagsof(command));
   return name + ": " + printable(problem) + "\nTry '" + name + " --help'.\n";
 }
 
 void prepare(CLI::App& app) {
-  app.footer(notes);  // the commands inherit it
+  app.footer(notes);                      // the commands inherit it, and the next line
+  app.option_defaults()->group("Flags");  // "option" is what an option file sets
+  app.get_help_ptr()->group("Flags");
   app.failure_message(failuretext);
   app.set_version_flag("--version", versiontext);
   app.require_subcommand(1);
+  app.get_formatter()->label("OPTIONS", "FLAGS");
   app.get_formatter()->label("SUBCOMMAND", "COMMAND");
   app.get_formatter()->label("Positionals", "Arguments");
 }
@@ -443,9 +464,9 @@ targuments accepted(tcheckarguments arguments) {
 }
 
 targuments accepted(const tdocarguments& arguments) {
-  const std::string option = strayoption(arguments);
-  if (option.empty()) return arguments;
-  return refused("doc", "this form does not take " + option);
+  const std::string flag = strayflag(arguments);
+  if (flag.empty()) return arguments;
+  return refused("doc", "this form does not take " + flag);
 }
 
 }  // namespace

@@ -75,7 +75,8 @@ struct tfindarguments {
 // For the completions of the shells.
 struct tcompletearguments {
   std::string definition;
-  std::string name;  // of the option whose values are wanted; empty for the names of all options
+  std::string name;     // of the option whose values are wanted; empty for the names of all options
+  bool groups = false;  // the names of the groups are wanted
 };
 
 struct ttemplatearguments {

@@ -16,7 +16,7 @@ void addpager(CLI::App& command, bool& pager);
 // What is wrong with the name of a file; empty if nothing is.
 std::string checkfilename(const std::string& name);
 // The same for a word that must be one of these.
-std::string checkword(const std::string& word, const std::vector<std::string>& known, const char* what);
+std::string checkword(const std::string& word, const std::vector<std::string>& known);
 
 template <class T>
 std::vector<std::string> keysof(const std::map<std::string, T>& words) {

@@ -5,8 +5,7 @@
 
 #include "base/textcase.h"
 #include "tools/commands.h"
-#include "tools/doc/reference.h"
-#include "tools/reading/reading.h"
+#include "tools/groups.h"
 #include "tools/unknown.h"
 
 namespace tool {
@@ -41,7 +40,10 @@ void printvalues(const toptionreference& option) {
 int run(const tcompletearguments& arguments) {
   treading reading;
   if (!reading.readdefinition(arguments.definition)) return exitunusable;
-  if (arguments.name.empty()) {
+  if (arguments.groups) {
+    for (const std::string& name : namesof(listedgroups(describe(reading.store(), reading.definition()))))
+      print(name);
+  } else if (arguments.name.empty()) {
     printnames(describe(reading.store(), reading.definition()));
   } else if (const std::int32_t index = optionnamed(reading.store(), arguments.name); index >= 0) {
     printvalues(describeoption(reading.store(), index));

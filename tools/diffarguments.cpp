@@ -42,7 +42,7 @@ const CLI::App& adddiff(CLI::App& app, tdiffarguments& arguments) {
           "--fail-on", [&arguments](const std::string& word) { arguments.failon = failwords().at(word); },
           "Which changes of a definition give exit code 1: breaking, silent (and breaking) or any")
       ->type_name("CLASS")
-      ->check([](const std::string& word) { return checkword(word, keysof(failwords()), "class"); });
+      ->check([](const std::string& word) { return checkword(word, keysof(failwords())); });
   addpager(command, arguments.pager);
   command.footer(diffnotes);
   return command;

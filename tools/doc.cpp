@@ -6,7 +6,7 @@
 #include "output/vksoptionwriter.h"
 #include "tools/commands.h"
 #include "tools/doc/documents.h"
-#include "tools/reading/reading.h"
+#include "tools/groups.h"
 #include "tools/text.h"
 #include "tools/writing/deliver.h"
 
@@ -29,7 +29,14 @@ treference described(const treading& reading, const tdocarguments& arguments) {
   return result;
 }
 
-std::string document(const treading& reading, const tdocarguments& arguments) {
+// For the documents that have the listed options alone.
+treference describedlisted(treading& reading, const tdocarguments& arguments) {
+  treference result = described(reading, arguments);
+  warnifnoneislisted(result, reading);
+  return result;
+}
+
+std::string document(treading& reading, const tdocarguments& arguments) {
   const optcore::tvksoptionwriter writer(reading.store().definition());
   switch (arguments.form) {
     case tdocform::definition:
@@ -37,9 +44,9 @@ std::string document(const treading& reading, const tdocarguments& arguments) {
     case tdocform::pascal: return writtenby([&](const auto& path) { return writer.writedelphiinc(path); });
     case tdocform::html: return writtenby([&](const auto& path) { return writer.writeashtml(path); });
     case tdocform::c: return cdocument(described(reading, arguments));
-    case tdocform::markdown: return markdowndocument(described(reading, arguments));
+    case tdocform::markdown: return markdowndocument(describedlisted(reading, arguments));
     case tdocform::json: return jsondocument(described(reading, arguments));
-    case tdocform::page: return pagedocument(described(reading, arguments));
+    case tdocform::page: return pagedocument(describedlisted(reading, arguments));
   }
   return {};
 }

@@ -71,8 +71,8 @@ struct thit {
 std::vector<thit> hitsof(const treference& reference, const std::vector<std::string>& words) {
   std::vector<thit> result;
   for (const toptionreference& option : reference.options)
-    if (option.listed)
-      if (const auto rank = rankof(option, words)) result.push_back({*rank, &option});
+    if (const auto rank = rankof(option, words); rank && (option.listed || *rank == wholename))
+      result.push_back({*rank, &option});
   std::ranges::stable_sort(result, {}, &thit::rank);
   return result;
 }
@@ -103,8 +103,8 @@ int run(const tfindarguments& arguments) {
   }
   ttable table({"Name", "Type", "Default", "Help"}, talign::left);
   for (const thit& hit : hits)
-    table.add(
-        {hit.option->name, typephrase(*hit.option), hit.option->defaultvalue.text, helpof(*hit.option)});
+    table.add({hit.option->name, std::string(typeword(*hit.option)), hit.option->defaultvalue.text,
+               helpof(*hit.option)});
   table.print(terminalwidth());
   return code;
 }

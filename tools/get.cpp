@@ -5,6 +5,7 @@
 #include "tools/commands.h"
 #include "tools/doc/reference.h"
 #include "tools/reading/reading.h"
+#include "tools/reading/symboltexts.h"
 #include "tools/unknown.h"
 
 namespace tool {
@@ -27,6 +28,16 @@ bool hasvalue(const toption& option) {
   }
 }
 
+// The lines of a dot option, which gives values to symbols.
+std::vector<std::string> dotlinesof(const tvksoptions& store, std::int32_t index) {
+  std::vector<std::string> result;
+  const tdotobjlist& entries = store.dotoptions();
+  for (std::int32_t i = 0; i < entries.count(); ++i)
+    if (const tdotobj& entry = *entries.getobject(i); entry.optionindex() == index)
+      result.push_back(keytext(store, entry) + " = " + shown(entry.value()).text);
+  return result;
+}
+
 // A line for each value that the option has.
 std::vector<std::string> linesof(const tvksoptions& store, std::int32_t index, bool wantsdefault) {
   const toption& option = store.definition().option(index);
@@ -35,6 +46,7 @@ std::vector<std::string> linesof(const tvksoptions& store, std::int32_t index, b
     for (std::int32_t i = 0; !wantsdefault && i < list->itemcount(); ++i) result.emplace_back(list->item(i));
     return result;
   }
+  if (option.name().starts_with('.') && !wantsdefault) return dotlinesof(store, index);
   const tshownvalue usual = describeoption(store, index).defaultvalue;
   result.push_back(plaintext(wantsdefault ? usual : currentvalue(option, twhich::first)));
   if (option.subtype() == tsubtype::twovalues)

@@ -55,7 +55,7 @@ ttable::tcells cellsof(const trow& row, const torigins* origins) {
   const std::string second = row.value2.text.empty() ? "" : " " + row.value2.text;
   return {std::to_string(row.option.number),
           row.option.name,
-          std::string(optcore::opttypenames[optcore::ordinal(row.option.type)]),
+          std::string(typeword(row.option)),
           row.set ? "yes" : "",
           row.value.text + second,
           origintext(row, origins),
@@ -93,7 +93,7 @@ std::string rowjson(const trow& row, const torigins* origins) {
   const auto add = [&](const char* key, const ordered_json& value) { result.add(jsonlines(value, 3), key); };
   add("number", row.option.number);
   add("name", row.option.name);
-  add("type", optcore::opttypenames[optcore::ordinal(row.option.type)]);
+  add("type", typeword(row.option));
   add("set", row.set);
   add("value", row.value.json);
   if (!row.value2.json.is_null()) add("value2", row.value2.json);

@@ -31,14 +31,26 @@ void shrink(std::vector<std::size_t>& widths, std::size_t width) {
   }
 }
 
-// Removes from the text what fits into the width, and returns it: whole words, or a part of a long word.
+// Where to cut a long word that would be cut at `end`: before the character that a comma follows.
+std::size_t beforecomma(std::string_view text, std::size_t end) {
+  std::size_t cut = end;
+  while (cut > 0 && (text[cut] == ',' || columns(text.substr(cut, 1)) == 0)) --cut;
+  return cut == 0 ? end : cut;
+}
+
+// Removes from the text what fits into the width, and returns it: whole words, or a part of a long word. No
+// line begins with a comma.
 std::string taken(std::string& text, std::size_t width) {
   std::size_t end = 0;
   for (std::size_t count = 0; end < text.size() && count < width; ++count) do
       ++end;
     while (end < text.size() && columns(text.substr(end, 1)) == 0);
-  if (end < text.size())
-    if (const std::size_t blank = text.rfind(' ', end); blank != std::string::npos && blank != 0) end = blank;
+  if (end < text.size()) {
+    if (const std::size_t blank = text.rfind(' ', end); blank != std::string::npos && blank != 0)
+      end = blank;
+    else
+      end = beforecomma(text, end);
+  }
   std::string result = text.substr(0, end);
   text.erase(0, text.find_first_not_of(' ', end));
   return result;

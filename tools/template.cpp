@@ -1,12 +1,11 @@
 // The template command: writes an option file in which every option is described and can be switched on.
 #include <algorithm>
-#include <iostream>
 #include <set>
 
 #include "tools/commands.h"
 #include "tools/doc/templatedocument.h"
-#include "tools/reading/nearnames.h"
-#include "tools/reading/reading.h"
+#include "tools/groups.h"
+#include "tools/unknown.h"
 #include "tools/writing/deliver.h"
 
 namespace tool {
@@ -16,22 +15,15 @@ namespace {
 // Keeps only the options of these groups listed. Returns false, with a message, for an unknown group.
 bool selectgroups(treference& reference, const std::vector<std::string>& names) {
   if (names.empty()) return true;
+  const std::vector<tgroupreference> groups = listedgroups(reference);
   std::set<std::int32_t> numbers;
   for (const std::string& name : names) {
-    const auto named = [&](const tgroupreference& group) {
-      return folded(group.name) == folded(utf8(name)) || folded(group.title) == folded(utf8(name));
-    };
-    const auto group = std::ranges::find_if(reference.groups, named);
-    if (group == reference.groups.end()) {
-      std::vector<std::string> known;
-      known.reserve(reference.groups.size());
-      for (const tgroupreference& each : reference.groups) known.push_back(each.name);
-      const std::string suggestion = suggestiontext(tnearnames(known).nearest(name, tmatch::nearorlonger));
-      std::cerr << "wexcorin: there is no group " << printable(inquotes(name))
-                << (suggestion.empty() ? "" : "; " + printable(suggestion)) << '\n';
+    const auto group = groupnamed(groups, name);
+    if (!group) {
+      reportunknowngroup(name, namesof(groups), groupstext(groups));
       return false;
     }
-    numbers.insert(group->number);
+    numbers.insert(groups[*group].number);
   }
   for (toptionreference& option : reference.options)
     option.listed = option.listed && numbers.contains(option.group);
@@ -51,6 +43,7 @@ int run(const ttemplatearguments& arguments) {
   const bool selected = selectgroups(reference, arguments.groups);
   optcore::tvksoptions trial;
   if (selected && reading.readdefinitionagain(trial)) {
+    warnifnoneislisted(reference, reading);
     tsettinglines lines(trial);
     deliver(output, templatedocument(reference, lines), reading);
   }

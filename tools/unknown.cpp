@@ -4,47 +4,62 @@
 #include <algorithm>
 #include <iostream>
 
+#include "base/strutilx.h"
 #include "tools/reading/findings.h"
 #include "tools/reading/suggest.h"
 #include "tools/text.h"
 
 namespace tool {
 
+namespace {
+
+constexpr const char* search = "'wexcorin find' searches the texts of the options";
+
+// Returns false if no name is similar.
+bool report(const std::string& problem, const std::string& name, const std::vector<std::string>& known,
+            const std::string& hint) {
+  // behind a dot option there may be a symbol
+  const std::string typed = name.starts_with('.') ? name.substr(0, name.find(' ')) : name;
+  const std::string suggestion = suggestiontext(tnearnames(known).nearest(typed, tmatch::nearorlonger));
+  const std::string& more = suggestion.empty() ? hint : suggestion;
+  std::cerr << "wexcorin: " << problem << ' ' << printable(inquotes(name)) << (more.empty() ? "" : "; ")
+            << printable(more) << '\n';
+  return !suggestion.empty();
+}
+
+// What may have been meant by a name: dot options only by one with a dot.
+std::vector<std::string> namesfor(const optcore::tvksoptions& store, const std::string& name) {
+  return name.starts_with('.') ? dotnames(store) : keynames(store);
+}
+
+}  // namespace
+
 std::int32_t optionnamed(const optcore::tvksoptions& store, std::string name) {
   std::ranges::replace(name, ' ', '_');
   return store.definition().indexof(name);
 }
 
-namespace {
-
-// The names that may have been meant: dot options for a name with a period, which may have a symbol behind
-// it.
-std::vector<std::string> likelynames(const optcore::tvksoptions& store, const std::string& name) {
-  if (!name.starts_with('.')) return keynames(store);
-  std::vector<std::string> result;
-  for (std::int32_t i = 0; i < store.getcount(); ++i)
-    if (store.definition().getstrings(i).starts_with('.'))
-      result.emplace_back(store.definition().getstrings(i));
-  return result;
-}
-
-void report(const optcore::tvksoptions& store, const char* problem, const std::string& name,
-            const char* hint) {
-  const std::string typed = name.starts_with('.') ? name.substr(0, name.find(' ')) : name;
-  const std::string suggestion =
-      suggestiontext(tnearnames(likelynames(store, name)).nearest(typed, tmatch::nearorlonger));
-  std::cerr << "wexcorin: " << problem << ' ' << printable(inquotes(name))
-            << (suggestion.empty() ? hint : "; " + printable(suggestion)) << '\n';
-}
-
-}  // namespace
-
 void reportunknown(const optcore::tvksoptions& store, const std::string& name) {
-  report(store, "there is no option", name, "; 'wexcorin find' searches the texts of the options");
+  const std::string_view indicator = store.definition().dotname();
+  const bool isindicator = !indicator.empty() && optcore::struequal(name, indicator);
+  report("there is no option", name, namesfor(store, name),
+         isindicator ? "the word begins the lines of indicators, which have no value of their own" : search);
 }
 
 void reportnotfound(const optcore::tvksoptions& store, const std::string& text) {
-  report(store, "no option has the text", text, "");
+  report("no option has the text", text, namesfor(store, text), "");
+}
+
+bool reportunknown(const optcore::tvksoptions& store, const std::string& name,
+                   const std::vector<std::string>& groups) {
+  std::vector<std::string> known = namesfor(store, name);
+  known.insert(known.end(), groups.begin(), groups.end());
+  return report("there is no option or group", name, known, search);
+}
+
+void reportunknowngroup(const std::string& name, const std::vector<std::string>& groups,
+                        const std::string& known) {
+  report("there is no group", name, groups, known);
 }
 
 }  // namespace tool

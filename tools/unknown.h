@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "options/vksoptions.h"
 
@@ -17,5 +18,11 @@ std::int32_t optionnamed(const optcore::tvksoptions& store, std::string name);
 void reportunknown(const optcore::tvksoptions& store, const std::string& name);
 // The same for a text that no option contains.
 void reportnotfound(const optcore::tvksoptions& store, const std::string& text);
+// The same for a name that neither an option nor one of the groups has. Returns false if it had nothing to suggest.
+bool reportunknown(const optcore::tvksoptions& store, const std::string& name,
+                   const std::vector<std::string>& groups);
+// The same for the name of a group. `known` tells which groups there are.
+void reportunknowngroup(const std::string& name, const std::vector<std::string>& groups,
+                        const std::string& known);
 
 }  // namespace tool

@@ -32,10 +32,10 @@ logged() {
 # ---- the command line of "$tool" as its help shows it, one item on each line
 
 commands() { "$tool" --help | sed -n '/^Commands:/,/^$/s/^  \([a-z][a-z]*\) .*/\1/p'; }
-# flags COMMAND: the options of a command, or of the tool where it is empty
+# flags COMMAND: the flags of a command, or of the tool where it is empty
 flags() {
   # shellcheck disable=SC2086  # an empty command is no argument
-  "$tool" $1 --help | sed -n '/^Options:/,/^$/s/^  \(-[^ ]*\) .*/\1/p' | tr ',' '\n'
+  "$tool" $1 --help | sed -n '/^Flags:/,/^$/s/^  \(-[^ ]*\) .*/\1/p' | tr ',' '\n'
 }
 rules() { "$tool" check --help | sed -n '/^Rules:/,/^$/s/^  \([a-z-]*\) .*/\1/p'; }
 # the forms of doc have an explanation in brackets

@@ -1,5 +1,5 @@
 # Gives command lines to the completion of one shell and compares what it offers with what is expected. The expected
-# commands, options and forms are taken from the tool's own help.
+# commands, flags and forms are taken from the tool's own help.
 # usage: completion.sh SHELL COMPLETION_FILE TOOL
 . tests/build/common.sh
 shell=$1 completion=$2 tool=$3
@@ -14,7 +14,7 @@ expect() {
   echo "$line>$(printf '%s\n' $* | sort | paste -s -d ' ')" >>"$work/expected"
 }
 
-# commands, options and forms
+# commands, flags and forms
 expect "wexcorin " "$(commands)"
 expect "wexcorin -" "$(flags "")"
 for command in $(commands); do
@@ -38,7 +38,7 @@ wexcorin doc -o - pascal >FILES
 wexcorin help >FILES
 wexcorin doc pa>pascal page
 wexcorin doc --title All --release 1 pa>pascal page
-wexcorin help examples/first.def >Help maxit limit tol start
+wexcorin help examples/first.def >Help maxit limit tol start general
 wexcorin help examples/types.def .>.shelf
 wexcorin help examples/first.def ma>maxit
 wexcorin help examples/missing.def >
@@ -65,6 +65,10 @@ wexcorin template >FILES
 wexcorin template --group firing >FILES
 wexcorin template examples/types.def -o >FILES
 wexcorin find examples/first.def >
+wexcorin help examples/solver.def sy>symmetry symbols
+wexcorin template examples/types.def --group >firing glazing
+wexcorin template examples/solver.def --group s>simplex search shorthands symbols
+wexcorin template --group >
 wexcorin show --set maxit=3 examples/first.def --set tol>tol=
 wexcorin show examples/first.def --set maxit=>
 wexcorin show examples/first.def --set lim>limit=

@@ -1,4 +1,4 @@
-# Compares the commands, options and forms in the manual page with those in the tool's own help, and checks the
+# Compares the commands, flags and forms in the manual page with those in the tool's own help, and checks the
 # format of the page with man and mandoc, if they are installed.
 # usage: manual.sh TOOL
 . tests/build/common.sh
@@ -14,15 +14,15 @@ same() {
 # section BEGINNING: the part of the page from the line that begins so to the next heading of the same or a higher
 # level
 section() { awk -v line="$1" '$0 == line { on = 1; next } /^\.S[HS]/ { on = 0 } on' "$work/page"; }
-# the options at the beginning of the paragraphs of a section
+# the flags at the beginning of the paragraphs of a section
 page_flags() {
   section "$1" | grep -A 1 '^\.TP' | grep -o -e ' -[-a-z]*' -e ',~ -[-a-z]*' -e '~-[-a-z]*' | tr -d ' ,~'
 }
 
 sed -n 's/^\.SS //p' "$work/page" | same commands "$(commands)"
-page_flags ".SH OPTIONS" | same options "$(flags "")"
+page_flags ".SH FLAGS" | same flags "$(flags "")"
 for command in $(commands); do
-  page_flags ".SS $command" | same "options of $command" "$(flags "$command" | grep -v -x -e -h -e --help)"
+  page_flags ".SS $command" | same "flags of $command" "$(flags "$command" | grep -v -x -e -h -e --help)"
 done
 section ".SS doc" | sed '1,/^is one of these:/d' | sed -n 's/^\.B //p' | same "forms of doc" "$(forms)"
 
@@ -33,4 +33,4 @@ if command -v man >/dev/null; then
   [ ! -s "$work/warnings" ] || fail "man cannot format the page: $(cat "$work/warnings")"
 fi
 if command -v mandoc >/dev/null; then mandoc -T lint -W warning "$page" || fail "mandoc finds mistakes, see above."; fi
-finish "commands, options and forms as in the help"
+finish "commands, flags and forms as in the help"

@@ -185,7 +185,7 @@ def candidates(definition, other, choice):
     numbers = {value for each in (definition, other) for option in each["options"] for value in
                [option.get(field) for field in ("default", "low", "high")] + option.get("values", [])
                if isinstance(value, int)}
-    values = TEXTS + "2.5;no;zzz;a#b;a!b%c;1 2;* 5;1:2:0;red:1".split(";")
+    values = TEXTS + "2.5;no;zzz;a#b;a!b%c;1 2;* 5;\"1\" 5;1:2:0;red:1".split(";")
     values += sorted(map(str, {n + d for n in numbers for d in (-1, 0, 1)}))
     lines = [f"--{word} {value}" for word in ("alpha", "alpine", "own_list", "own") for value in ("a", "b c")]
     lines += ["ind e$v 1", "ind e('a#b')$v no"]

@@ -5,14 +5,16 @@ from support import expect, expect_part, failures, on_terminal, run, runs, write
 
 NOPAGER = {"PAGER": ""}
 
-# ---- the width: all that a wide table holds is still there, in rows that fit
+# ---- the width: all that a wide table holds is still there, in rows that fit and do not begin with a comma
 
 squeezed = re.compile(r"[\s]+|\x1b\[\d*m")
-for width in 132, 80, 60:
+for width in 132, 80, 60, 20:
     for command in "show examples/solver.def", "show examples/types.def", "find examples/solver.def the":
         seen, code = on_terminal(f"wexcorin {command} --color=never", width, **NOPAGER)
         expect(f"{command}: exit code", code, 0)
-        expect(f"{command}: lines beyond {width} columns", [line for line in seen.split("\n") if len(line) > width], [])
+        expect(f"{command}: lines beyond {width} columns", [line for line in seen.split("\n")
+                                                            if len(line) > max(width, 60 if "show" in command else 40)], [])
+        expect(f"{command}: commas at {width} columns", re.findall(r"(?m)^ *,.*", seen), [])
         wide = run(f"wexcorin {command}")[0]
         expect(f"{command}: what is left out at {width} columns",
                sorted(squeezed.sub("", seen)), sorted(squeezed.sub("", wide)))
@@ -29,7 +31,7 @@ expect("a row of several lines",
 runs("wexcorin show examples/first.def --columns value,name --columns type",
      "Value  Name   Type\n       Help   immediate\n500    maxit  integer\n1E-6   tol    double\ncold   start  enumstr\n")
 expect_part("an unknown column", run("wexcorin show examples/first.def --columns name,vlaue")[1],
-            'there is no column "vlaue"; did you mean "value"?')
+            '"vlaue" is none of number, name, type, set, value, default, range; did you mean "value"?')
 
 # ---- colours
 
@@ -40,7 +42,7 @@ for arguments, environment, coloured in (
     seen = on_terminal(f"wexcorin show examples/first.def {arguments}", **{**NOPAGER, **environment})[0]
     expect(f"colours with {arguments} {environment}", "\x1b[1m" in seen, coloured)
 expect_part("colours of findings", run("wexcorin check examples/first.def --set x --color always")[0], "\x1b[1;31merror")
-expect_part("--color red", run("wexcorin check x --color awlays")[1], 'there is no choice "awlays"; did you mean "always"?')
+expect_part("--color red", run("wexcorin check x --color awlays")[1], '"awlays" is none of always, auto, never; did you mean "always"?')
 
 # ---- the pager
 

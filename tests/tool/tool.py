@@ -47,13 +47,19 @@ for arguments, code in (("threads examples/solver.def", 0), ("thread examples/so
                         ("threads none.def", 2), ("threads examples/solver.def none.opt", 2)):
     out, err, seen = run(f"wexcorin get {arguments}")
     expect(f"get {arguments}", (seen, bool(err), bool(out)), (code, code != 0, code == 0))
+write("dot.opt", "x.prior 3\ny.prior(*,'a b') 2.5\nz.stage 1\n")
+runs("wexcorin get .prior examples/solver.def dot.opt", "x.prior = 3\ny.prior(*,'a b') = 2.5\n")
+runs("wexcorin get .prior examples/solver.def dot.opt --default", "1000\n")
+for name, said in (".piror", '; did you mean ".prior"?'), ("indic", "; the word begins the lines of indicators"):
+    expect_part(f"get {name}", run(f"wexcorin get {name} examples/solver.def")[1], f'there is no option "{name}"{said}')
 for text, names in {"gap": "gap_relative gap_absolute gap_window pool_gap ip_tol dive_return",
                     "THREADS": "threads seed", "time limit": "time_limit", "time-limit": "time_limit",
                     "timelim": "time_limit", "reduced": "nl_method optimality_tol pricing", "basis weight": "basis_weight",
                     "slacks crash": "crash"}.items():
     rows = run(f"wexcorin find examples/solver.def {text}")[0].split("\n")[1:-1]
     expect(f"find {text}", [row.split()[0] for row in rows][:6], names.split())
-runs("wexcorin find examples/solver.def debug_level", "", None, 1)
+runs("wexcorin find examples/solver.def debug_leve", "", None, 1)  # help does not list it
+expect_part("named in full", run("wexcorin find examples/solver.def debug_level")[0], "\ndebug_level ")
 expect("more findings of one kind than are listed, and one of another",
        run("wexcorin check examples/first.def - --limit 5500", 6000 * "zzz 1\n" + "maxit x\n")[0].split("\n")[-4:],
        ['<stdin>:5500: error: Unknown option "zzz"', '<stdin>:6001: error: Integer expected, for option "maxit" saw "x"',
@@ -199,6 +205,39 @@ for command in ("wexcorin write - new.opt -o - <new.def",
     expect(command, (out, err.partition(": ")[2]),
            ("tol=0.123456789012346\n", 'warning: option "tol" is set to 0.1234567890123456, '
                                        "but is read back as 0.123456789012346\n"))
+
+# What the help does not list, by its own flag, its group or no group, is found by its name only. Groups have names and titles.
+write("hidden.def", """cuts group 1 1 Cutting planes
+makers group 2 0 Makers
+shown integer 1 0 0 9 1 1 Word
+macro_only macro 1 3 Word
+flag_zero integer 2 0 0 9 0 1 Word
+group_zero integer 3 0 0 9 1 0 Word
+group_hidden integer 4 0 0 9 1 2 Word
+short group 3 1 Shorthands
+""")
+names = "shown macro_only flag_zero group_zero group_hidden".split()
+for command in "help {}", "help {} 8", "find {} word", "template {}", "doc markdown {} -o -", "doc page {} -o -":
+    out = run(f"wexcorin {command.format('hidden.def')}")[0]
+    expect(command, [name for name in names if re.search(rf"(?m)^\W*{name}\b|id=.{name}\b", out)], names[:2])
+for name in names:
+    expect(f"find {name}", run(f"wexcorin find hidden.def {name}")[0].count(name), 1)
+    expect_part(f"help {name}", run(f"wexcorin help hidden.def {name}")[0], f"{name}: Word")
+expect_part("no empty column", run("wexcorin doc markdown hidden.def -o -")[0],
+            "## Shorthands\n\n| Option | Meaning |\n|---|---|\n| [`macro_only`](#macro_only) | Word |\n")
+for request in "cuts", "CUTS", "cutting planes":
+    runs(f"wexcorin help hidden.def {request}", "Cutting planes\nshown                 : Word\n")
+expect("blanks for underscores", run("wexcorin help hidden.def group zero")[0][:17], "group_zero: Word\n")
+nearest, search = 'group "cust"; did you mean "cuts"?\n', "'wexcorin find' searches the texts of the options"
+for request, said, code in (("99", "a sum of 1, 2 and 8\nwexcorin: the groups are cuts and short\n", 2), ("-1", "cuts and short\n", 2),
+                            ("cust", nearest, 1), ("makers", f'"makers"; {search}\nwexcorin: the groups are cuts and short\n', 1)):
+    out, err, seen = run(f"wexcorin help hidden.def {request}")
+    expect(f"help {request}", (out, err.endswith(said), seen), ("", True, code))
+for group, said in ("cust", 'did you mean "cuts"?\n'), ("zzz", "the groups are cuts and short\n"):
+    runs(f"wexcorin template hidden.def --group {group}", "", f'wexcorin: there is no group "{group}"; {said}', 1)
+write("none.opt", "a integer 1 0 0 9 1 0 A\n")
+for command in "help {}", "template {}", "doc markdown {} -o -", "doc page {} -o -":
+    expect_part(command, run(f"wexcorin {command.format('none.opt')}")[1], "none.opt: warning: No option is listed")
 
 # Every command tells of a definition that ends before its last line.
 write("short.def", "size integer 1 5 0 9 1 1 Size\n\tb integer 2 5 0 9 1 1\n")
@@ -350,9 +389,15 @@ for command, said in (("show examples/first.def --all", "--all"),
     expect_part(command, err, said)
     expect(command, (out, code), ("", 2))
 for command, said in (("chek --jsn", '"chek"; did you mean "check"?'), ("--versoin", '"--versoin"; did you mean "--version"?'),
-                      ("check a --jsn=1", '"--jsn"; did you mean "--json"?'), ("doc mark a -o b", '"mark"; did you mean "markdown"?'),
+                      ("check a --jsn=1", '"--jsn"; did you mean "--json"?'), ("doc mark a -o b", 'markdown, page, pascal; did you mean "markdown"?'),
                       ("write a b -o c --forc", '"--forc"; did you mean "--force"?'), ("shw a", '"shw"; did you mean "show"?')):
     expect_part(command, run(f"wexcorin {command}")[1], f" {said}\nTry 'wexcorin")
+for arguments, said in {
+        **{f"check a --limit {number}": f'--limit: "{number}" is not a whole number from 1' for number in (0, -1, "x", "1x", 9 * "999")},
+        "show a --color sometimes": '--color: "sometimes" is none of always, auto, never',
+        "check a --bogus": 'there is no flag "--bogus"'}.items():
+    name = f"wexcorin {arguments.split()[0]}"
+    runs(f"wexcorin {arguments}", err=f"{name}: {said}\nTry '{name} --help'.\n", code=2)
 for command in "", "check", "show", "explain", "get", "find", "help", "template", "write", "doc":
     expect_part(f"{command} --help", " ".join(run(f"wexcorin {command} --help")[0].split()),
                 " Exit codes: 0 no errors; 1 errors in what was read; 2 wrong use, or a file that cannot be opened, "

@@ -2,6 +2,7 @@
 // section for each of them. An index of names ends it. Links lead to anchors of their own, because programs
 // make different anchors from headings.
 #include <algorithm>
+#include <initializer_list>
 
 #include "base/textcase.h"
 #include "tools/doc/anchors.h"
@@ -86,12 +87,18 @@ class tmarkdownwriter {
     return "Names are typed in full, in upper or lower case.";
   }
 
+  // Without the column of defaults if no option has one.
   void summary(const tchapter& chapter) {
-    line("| Option | Default | Meaning |");
-    line("|---|---|---|");
+    const bool defaults = std::ranges::any_of(
+        chapter.options, [](const toptionreference* option) { return !option->defaultvalue.text.empty(); });
+    if (defaults)
+      head({"Option", "Default", "Meaning"});
+    else
+      head({"Option", "Meaning"});
     for (const toptionreference* option : chapter.options)
       line("| " + link(markdowncode(option->name), fanchors.of(*option)) + " | " +
-           markdowncode(option->defaultvalue.text) + " | " + markdownprose(option->help) + " |");
+           (defaults ? markdowncode(option->defaultvalue.text) + " | " : "") + markdownprose(option->help) +
+           " |");
     line("");
   }
 
@@ -112,14 +119,19 @@ class tmarkdownwriter {
 
   void values(const toptionreference& option) {
     if (std::ranges::none_of(option.values, &tvaluereference::listed)) return;
-    line("| Value | Meaning |");
-    line("|---|---|");
+    head({"Value", "Meaning"});
     for (const tvaluereference& value : option.values)
       if (value.listed)
         line("| " + markdowncode(value.value.text) + " | " + markdownprose(value.help) + " |");
     line("");
   }
 
+  void head(std::initializer_list<std::string_view> columns) {
+    for (const std::string_view column : columns) ftext.append("| ").append(column).append(" ");
+    ftext.append("|\n");
+    for (std::size_t i = 0; i < columns.size(); ++i) ftext.append("|---");
+    ftext.append("|\n");
+  }
   void fact(const char* title, const std::string& text) {
     if (!text.empty()) line(std::string("- ") + title + ": " + text);
   }

@@ -4,6 +4,7 @@
 #include <array>
 #include <map>
 
+#include "tools/reading/listedoptions.h"
 #include "tools/text.h"
 
 namespace tool {
@@ -106,7 +107,7 @@ toptionreference describeoption(const tvksoptions& store, std::int32_t index) {
       .type = option.opttype(),
       .subtype = option.subtype(),
       .group = option.groupnr(),
-      .listed = option.islisted(),
+      .listed = islisted(store.definition(), option),
       .help = utf8(option.helptext()),
       .details = linesof(option.bigtext()),
       .standing =
@@ -192,6 +193,8 @@ std::string titleof(const treference& reference) {
 std::string typephrase(const toptionreference& option) {
   return std::string(typephrases[ordinal(option.type)]) + subtypephrases[ordinal(option.subtype)];
 }
+
+std::string_view typeword(const toptionreference& option) { return opttypenames[ordinal(option.type)]; }
 
 std::string rangephrase(const toptionreference& option) {
   return option.low.text.empty() ? "" : option.low.text + " to " + option.high.text;

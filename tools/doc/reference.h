@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "options/codes.h"
@@ -33,7 +34,7 @@ struct toptionreference {
   optcore::topttype type;
   optcore::tsubtype subtype;
   std::int32_t group;  // 0 or less for none
-  bool listed;         // in help; other options are for the developers of the solver
+  bool listed;         // in help; users are not shown other options, but can name them
   std::string help;
   std::vector<std::string> details;  // further help, line by line
   tnamestanding standing;
@@ -73,10 +74,10 @@ std::vector<std::string> synonymsof(const optcore::tvksoptions& store, std::int3
 // Describes the whole definition. `definition` is the name of its file.
 treference describe(const optcore::tvksoptions& store, const std::string& definition);
 
-// The listed options of a group. The chapters are in the order of the groups; options without a listed group
-// come last, in a chapter with a title of the tool. Empty chapters are left out.
+// The listed options of a group. The chapters are in the order of the groups; options whose group no line
+// declares come last, in a chapter with a title of the tool. Empty chapters are left out.
 struct tchapter {
-  std::string group;  // its name; empty for options without a listed group
+  std::string group;  // its name; empty for options of a group that is not declared
   std::string title;
   std::vector<const toptionreference*> options;
 };
@@ -90,6 +91,8 @@ std::string titleof(const treference& reference);
 
 // The type and what may follow the key, for example "integer, two values" or "text, takes no value".
 std::string typephrase(const toptionreference& option);
+// The word of definition files and of the help, for example "double".
+std::string_view typeword(const toptionreference& option);
 // For example "0 to 1024"; empty if the type has no bounds.
 std::string rangephrase(const toptionreference& option);
 

@@ -1,6 +1,8 @@
 // Looks through the options, synonyms and groups of a definition.
 #include "tools/reading/definitionwarnings.h"
 
+#include "tools/reading/listedoptions.h"
+
 #include <algorithm>
 #include <map>
 #include <utility>
@@ -27,7 +29,6 @@ class tdefinitioncheck {
     ffindings.push_back({{ffile, line}, tseverity::warning, rule, std::move(text)});
   }
   std::int32_t lineof(std::int32_t index) { return flines.ofoption(fdefinition, index); }
-  bool ishelpedwith(const toption& option) const;
   void group(const toption& option, std::int32_t line);
   void reference(const toption& option, std::int32_t line);
   void members(const toption& option, std::int32_t line);
@@ -41,12 +42,6 @@ class tdefinitioncheck {
   std::set<std::int32_t> fundeclared;
   tfindings ffindings;
 };
-
-bool tdefinitioncheck::ishelpedwith(const toption& option) const {
-  if (!option.islisted() || option.groupnr() <= 0) return false;
-  const std::int32_t group = fdefinition.groupwithnumber(option.groupnr());
-  return group < 0 || fdefinition.groups().getobject(group)->islisted();
-}
 
 // Options of a group may stand behind the line at which the reading ended.
 void tdefinitioncheck::groups() {
@@ -114,7 +109,7 @@ void tdefinitioncheck::option(std::int32_t index) {
     warn(line, "boolean-default",
          "Default of option " + inquotes(option.getname()) + " is " +
              std::to_string(boolean->defaultvalue()) + ", but booleans are 0 or 1");
-  if (ishelpedwith(option) && option.helptext().empty())
+  if (islisted(fdefinition, option) && option.helptext().empty())
     warn(line, "no-help", "Help lists option " + inquotes(option.getname()) + ", but it has no help text");
   values(index);
 }

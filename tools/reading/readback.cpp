@@ -8,6 +8,7 @@
 
 #include "tools/doc/entrytext.h"
 #include "tools/doc/shownvalue.h"
+#include "tools/reading/symboltexts.h"
 #include "tools/text.h"
 
 namespace tool {
@@ -49,7 +50,7 @@ std::string isset(const std::string& subject, const std::string& value) {
 std::string isreadback(const std::string& value) { return "read back as " + value; }
 constexpr const char* notset = "not set when it is read back";
 
-// ---- dot entries and indicators, as they are written
+// ---- dot entries and indicators
 
 bool sameelements(const tpackedtexts& a, const tpackedtexts& b) {
   bool same = a.count() == b.count();

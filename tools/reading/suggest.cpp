@@ -14,14 +14,6 @@ using namespace optcore;
 
 namespace {
 
-std::vector<std::string> dotnames(const tvksoptions& store) {
-  std::vector<std::string> result;
-  for (std::int32_t i = 0; i < store.getcount(); ++i)
-    if (const std::string_view name = store.definition().getstrings(i); name.starts_with('.'))
-      result.emplace_back(name);
-  return result;
-}
-
 std::vector<std::string> words(const tenumstroption& option) {
   std::vector<std::string> result;
   result.reserve(static_cast<std::size_t>(option.items().count()));
@@ -138,6 +130,14 @@ void append(std::vector<std::string>& list, std::vector<std::string> names) {
 }
 
 }  // namespace
+
+std::vector<std::string> dotnames(const tvksoptions& store) {
+  std::vector<std::string> result;
+  for (std::int32_t i = 0; i < store.getcount(); ++i)
+    if (const std::string_view name = store.definition().getstrings(i); name.starts_with('.'))
+      result.emplace_back(name);
+  return result;
+}
 
 std::vector<std::string> keynames(const tvksoptions& store) {
   std::vector<std::string> result;

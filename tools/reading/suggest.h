@@ -17,6 +17,8 @@ namespace tool {
 
 // The names and synonyms that are suggested for a key: without dot options and names that begin with "--".
 std::vector<std::string> keynames(const optcore::tvksoptions& store);
+// The names of the dot options, with their dots.
+std::vector<std::string> dotnames(const optcore::tvksoptions& store);
 
 // Makes suggestions for the subject of a message: an unknown option or dot option, a name with signs of
 // another format or its value in it, or a word that an option does not permit.

@@ -38,6 +38,8 @@ std::string readall(int descriptor, const char* what) {
 ttemporaryfile::ttemporaryfile() : fdescriptor(memfd_create("wexcorin", MFD_CLOEXEC)) {
   if (fdescriptor < 0) fail("cannot create a temporary file");
   fpath = "/proc/self/fd/" + std::to_string(fdescriptor);
+  if (access(fpath.c_str(), F_OK) != 0)
+    fail("cannot use a temporary file without /proc, which has to be mounted");
 }
 
 ttemporaryfile::~ttemporaryfile() { close(fdescriptor); }

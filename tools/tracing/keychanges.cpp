@@ -133,13 +133,20 @@ class tkeycomparison {
       return add(timpact::breaking, "removed", name, {},
                  replacement >= 0 ? fafter.getstrings(replacement) : "", text);
     }
-    add(impact(option, now, partial, isdotoption(option)), "removed", name, {}, fafter.getstrings(now),
+    add(impact(name, option, now, partial, isdotoption(option)), "removed", name, {}, fafter.getstrings(now),
         text.append("; its name now finds ").append(fafter.getstrings(now)));
   }
 
   // What is left over when only a part of the name is found becomes a part of the value.
-  timpact impact(const toption& before, std::int32_t now, bool partial, bool dotline) const {
+  timpact impact(std::string_view key, const toption& before, std::int32_t now, bool partial,
+                 bool dotline) const {
     const toption& after = fafter.option(now);
+    const bool wasobsolete =
+        !dotline && standingof(before, struequal(key, before.name())) == tstanding::obsolete;
+    const bool isobsolete =
+        !dotline && standingof(after, struequal(key, after.name())) == tstanding::obsolete;
+    // what was an obsolete name is set now, and checked
+    if (isobsolete != wasobsolete && (isobsolete || !takesanytext(after))) return timpact::breaking;
     if (!partial) return impactofother(fcomparison, before, after, dotline);
     return takesanytext(after) && after.subtype() != tsubtype::novalue &&
                    before.subtype() == tsubtype::required
@@ -149,7 +156,7 @@ class tkeycomparison {
 
   void lost(std::string_view name, const toption& before, std::int32_t now, bool partial) {
     if (now < 0) return add(timpact::breaking, "name", name, {}, {}, "The name no longer finds the option");
-    add(impact(before, now, partial, isdotoption(before)), "name", name, {}, fafter.getstrings(now),
+    add(impact(name, before, now, partial, isdotoption(before)), "name", name, {}, fafter.getstrings(now),
         "The name now finds " + std::string(fafter.getstrings(now)));
   }
 
@@ -243,7 +250,7 @@ class tkeycomparison {
       add(timpact::breaking, "synonym", key, before.name(), {},
           "The synonym of " + std::string(before.name()) + " is gone");
     else
-      add(impact(before, now, newpartial, false), "synonym", key, before.name(), fafter.getstrings(now),
+      add(impact(key, before, now, newpartial, false), "synonym", key, before.name(), fafter.getstrings(now),
           "The synonym of " + std::string(before.name()) + " now finds " +
               std::string(fafter.getstrings(now)));
   }
