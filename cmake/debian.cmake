@@ -1,5 +1,6 @@
-# The Debian packages, one for each component: libwexcorin2, libwexcorin-dev and wexcorin. CPack writes them to the
-# folder in which it is called. scripts/package calls it for a build of the preset `package`, whose prefix is /usr.
+# The Debian packages, one for each component: libwexcorin2, libwexcorin-dev, wexcorin and, where the Python package is
+# built, python3-wexcorin. CPack writes them to the folder in which it is called. scripts/package calls it for a build
+# of the preset `package`, whose prefix is /usr.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME wexcorin)
@@ -49,6 +50,20 @@ writes a definition as a header for programs or as a reference for readers.
 This package holds the command-line tool, the documentation of the definition
 file and the option file, and the examples.")
 
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-wexcorin)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS "wexcorin")
+set(CPACK_DEBIAN_PYTHON_DESCRIPTION "options of a solver, Python package
+wexcorin reads a definition file that describes every option of a solver, and
+the option files of modellers, and checks every value.
+.
+This package holds the Python package wexcorin, which gives scripts the options
+as a mapping from names to values, and mistakes as exceptions with their lines.")
+# The Python of the system compiles the sources when the package is installed.
+set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+  "${CMAKE_CURRENT_LIST_DIR}/debian/postinst;${CMAKE_CURRENT_LIST_DIR}/debian/prerm")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
 # --- what only packages hold: a copyright file and a changelog each, libwexcorin-dev also the documentation ---
 
 set(debian_output "${PROJECT_BINARY_DIR}/debian")
@@ -67,7 +82,11 @@ set(weekdays Sun Mon Tue Wed Thu Fri Sat)
 list(GET weekdays ${weekday} weekday_name)
 configure_file("${CMAKE_CURRENT_LIST_DIR}/debian/changelog.in" "${debian_output}/changelog" @ONLY)
 
-foreach(component IN ITEMS library development tool)
+set(components library development tool)
+if(TARGET wexcorin_python)
+  list(APPEND components python)
+endif()
+foreach(component IN LISTS components)
   string(TOUPPER ${component} upper)
   set(documentation "${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${upper}_PACKAGE_NAME}")
   set(copyright "${debian_output}/copyright")

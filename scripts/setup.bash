@@ -10,6 +10,10 @@ export root
 build_packages=(binutils cmake g++ libcli11-dev libgmock-dev libgtest-dev nettle-dev ninja-build
   nlohmann-json3-dev)
 
+# What the Python package needs beyond that.
+# shellcheck disable=SC2034
+python_packages=(pybind11-dev python3-dev)
+
 say() { printf '%s: %s\n' "${0##*/}" "$*" >&2; }
 
 die() {

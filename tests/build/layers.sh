@@ -23,5 +23,6 @@ may api options base wexcorin
 may tools output input options base
 may examples wexcorin
 may include wexcorin
+may python/source wexcorin
 for folder in interface host support; do may "tests/$folder" "$folder" support wexcorin; done
 exit $failures
