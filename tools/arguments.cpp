@@ -69,12 +69,16 @@ std::string suggestionfor(std::string_view word, const std::vector<std::string>&
   return text.empty() ? text : "; " + text;
 }
 
-void adddefinition(CLI::App& command, std::string& definition, bool required = true) {
+}  // namespace
+
+void adddefinition(CLI::App& command, std::string& definition, bool required) {
   command.add_option("DEF", definition, "Definition file of the solver's options")
       ->required(required)
       ->type_name("")
       ->check(checkfilename);
 }
+
+namespace {
 
 void addoptionfiles(CLI::App& command, tinputs& inputs, bool filesrequired) {
   command.add_option("OPTFILE", inputs.optionfiles, "Option files, read in this order")
@@ -297,6 +301,8 @@ const CLI::App& addhelp(CLI::App& app, thelparguments& arguments) {
   return command;
 }
 
+}  // namespace
+
 void addoutput(CLI::App& command, std::string& output) {
   const bool required = output.empty();
   command.add_option("-o,--output", output, required ? "File to write" : "File to write [standard output]")
@@ -304,6 +310,8 @@ void addoutput(CLI::App& command, std::string& output) {
       ->type_name("FILE")
       ->check(checkfilename);
 }
+
+namespace {
 
 const CLI::App& addcomplete(CLI::App& app, tcompletearguments& arguments) {
   CLI::App& command = addcommand(app, "complete", "Print names or values for the completions of the shells");
@@ -332,54 +340,6 @@ const CLI::App& addwrite(CLI::App& app, twritearguments& arguments) {
   command.add_flag("--force", arguments.force, "Write even if there are errors in what was read");
   command.footer(std::string(losses) + notes);
   return command;
-}
-
-const std::map<std::string, tdocform>& docforms() {
-  static const std::map<std::string, tdocform> forms = {
-      {"definition", tdocform::definition},
-      {"pascal", tdocform::pascal},
-      {"html", tdocform::html},
-      {"c", tdocform::c},
-      {"markdown", tdocform::markdown},
-      {"page", tdocform::page},
-      {"json", tdocform::json},
-  };
-  return forms;
-}
-
-const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
-  CLI::App& command = addcommand(app, "doc", "Write a definition in another form");
-  command
-      .add_option_function<std::string>(
-          "FORM", [&arguments](const std::string& form) { arguments.form = docforms().at(form); },
-          "definition (a definition file), pascal (an include file with the option numbers),\n"
-          "html (a table), c (a header with the numbers of options and values), markdown (a reference),\n"
-          "page (the reference as one HTML page that can be searched)\n"
-          "or json (the whole definition, for programs)")
-      ->required()
-      ->type_name("")
-      ->check([](const std::string& form) { return checkword(form, keysof(docforms())); });
-  adddefinition(command, arguments.definition);
-  addoutput(command, arguments.output);
-  command.add_option("--title", arguments.title, "Title of the document (markdown and page only)")
-      ->type_name("TEXT");
-  command
-      .add_option(
-          "--release", arguments.release,
-          "Version and date of the solver, as in --release \"4.2, May 2026\"\n(markdown and page only)")
-      ->type_name("TEXT");
-  command.add_flag("--force", arguments.force,
-                   "Write a file that does not compile, with warnings (pascal and c only)");
-  return command;
-}
-
-// The flag of the command line that the form does not have.
-std::string strayflag(const tdocarguments& arguments) {
-  const bool titled = arguments.form == tdocform::markdown || arguments.form == tdocform::page;
-  const bool compiled = arguments.form == tdocform::pascal || arguments.form == tdocform::c;
-  if (!titled && !arguments.title.empty()) return "--title";
-  if (!titled && !arguments.release.empty()) return "--release";
-  return !compiled && arguments.force ? "--force" : "";
 }
 
 // The first argument that looks like a flag and is none.

@@ -13,6 +13,9 @@ namespace tool {
 CLI::App& addcommand(CLI::App& app, const char* name, const char* description);
 void addpager(CLI::App& command, bool& pager);
 
+void adddefinition(CLI::App& command, std::string& definition, bool required = true);
+void addoutput(CLI::App& command, std::string& output);
+
 // What is wrong with the name of a file; empty if nothing is.
 std::string checkfilename(const std::string& name);
 // The same for a word that must be one of these.
@@ -25,6 +28,10 @@ std::vector<std::string> keysof(const std::map<std::string, T>& words) {
   for (const auto& [name, meaning] : words) result.push_back(name);
   return result;
 }
+
+// The command doc, and the options that its form does not have; empty if there are none.
+const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments);
+std::string strayflag(const tdocarguments& arguments);
 
 // The command diff.
 const CLI::App& adddiff(CLI::App& app, tdiffarguments& arguments);
