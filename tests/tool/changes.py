@@ -78,6 +78,8 @@ def text_of(definition):
         lines.append(" ".join(map(str, fields)))
         is_list = option["type"] in ("macro", "multilist")
         lines += [f" {value}" + ("" if is_list else " 1") for value in option.get("values", [])]
+    # the traces of dot options are left out, so they have no synonyms
+    definition["synonyms"] = [pair for pair in definition["synonyms"] if not pair[1].startswith(".")]
     lines += [f"{name} synonym {target}" for name, target in definition["synonyms"]]
     for block in "deprecated", "obsolete":
         if definition[block]:

@@ -118,8 +118,10 @@ class tkeycomparison {
 
   // An option that no line can name counts only as a member of others.
   void indirect(std::int32_t position) {
+    // in mode Minos, a short form may reach what the name does not
+    const bool hasreach = fbefore.lookupmode() == tlookupmode::minos;
     if (fcomparison.counterparts.newerof(position) < 0)
-      add(timpact::compatible, "removed", fbefore.getstrings(position), {}, {},
+      add(hasreach ? timpact::breaking : timpact::compatible, "removed", fbefore.getstrings(position), {}, {},
           "The option is gone, but its name did not find it");
   }
 
@@ -146,7 +148,8 @@ class tkeycomparison {
     const bool isobsolete =
         !dotline && standingof(after, struequal(key, after.name())) == tstanding::obsolete;
     // what was an obsolete name is set now, and checked
-    if (isobsolete != wasobsolete && (isobsolete || !takesanytext(after))) return timpact::breaking;
+    if (isobsolete != wasobsolete && (isobsolete || after.subtype() != tsubtype::novalue))
+      return timpact::breaking;
     if (!partial) return impactofother(fcomparison, before, after, dotline);
     return takesanytext(after) && after.subtype() != tsubtype::novalue &&
                    before.subtype() == tsubtype::required
@@ -178,7 +181,7 @@ class tkeycomparison {
         after == tstanding::current ? -1 : namedin(reason, fcomparison.newer, key);
     if (after != tstanding::current && !reason.empty()) text.append(": ").append(reason);
     // what was an obsolete name is set now, and checked
-    const timpact istaken = takesanytext(option) ? timpact::silent : timpact::breaking;
+    const timpact istaken = option.subtype() == tsubtype::novalue ? timpact::silent : timpact::breaking;
     const timpact impact = after == tstanding::obsolete    ? timpact::breaking
                            : before == tstanding::obsolete ? istaken
                                                            : timpact::compatible;
