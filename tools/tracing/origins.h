@@ -64,7 +64,7 @@ class torigins final : public ttracer {
   // The names of all sources, as JSON.
   const std::vector<std::string>& sourcenames() const;
   nlohmann::ordered_json origin(const tsetting& setting) const;
-  std::string overridden(const optcore::toption& option, const std::vector<const tsetting*>& settings,
+  std::string overridden(const optcore::toption& option, const std::vector<const tsetting*>& all,
                          std::size_t depth) const;
 
   std::vector<tsetting> fsettings;

@@ -37,6 +37,8 @@ struct tsource {
 
 class ttracer : public optcore::tstoreobserver {
  public:
+  ttracer(const ttracer&) = delete;
+  ttracer& operator=(const ttracer&) = delete;
   std::size_t sourcecount() const { return fsources.size(); }
   const tsource& source(std::uint32_t index) const { return fsources[index]; }
   const std::vector<tlink>& links(std::uint32_t index) const { return flinks[index]; }
@@ -45,8 +47,6 @@ class ttracer : public optcore::tstoreobserver {
   // The reading must have read the definition, and must outlive this object.
   explicit ttracer(treading& reading) : freading(reading), flinks(1) { reading.follow(this); }
   ~ttracer() override { freading.follow(nullptr); }
-  ttracer(const ttracer&) = delete;
-  ttracer& operator=(const ttracer&) = delete;
 
   void filed(const optcore::tmessage& message) override;
   void stepped(const optcore::tstep& step) override;
