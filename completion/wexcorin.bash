@@ -52,7 +52,7 @@ _wexcorin_read() {
       awaits=
     elif [[ $word == --set || $word == -o || $word == --output || $word == --group || $word == --limit ||
       $word == --color || $word == --columns || $word == --allow || $word == --title || $word == --release ||
-      $word == --definition || $word == --format ]]; then
+      $word == --definition || $word == --format || $word == --fail-on ]]; then
       awaits=$word
     elif [[ $word == -?* ]]; then
       continue
@@ -70,7 +70,7 @@ _wexcorin() {
   COMPREPLY=()
   _wexcorin_read
   definition=${arguments[0]-}
-  [[ $command != doc && $command != get ]] || definition=${arguments[1]-}
+  [[ $command != doc && $command != get && $command != explain ]] || definition=${arguments[1]-}
   [[ -z $named ]] || definition=$named
   if [[ $cur == = || ${COMP_WORDS[COMP_CWORD - 1]} == = ]]; then
     cur=${cur#=}
@@ -90,10 +90,11 @@ _wexcorin() {
       ;;
     --group:*) _wexcorin_words "$cur" "$(_wexcorin_options "$1" "$definition" --groups)" ;;
     --limit:* | --title:* | --release:*) ;;
+    --fail-on:*) _wexcorin_words "$cur" 'breaking silent any' ;;
     --color:*) _wexcorin_words "$cur" 'auto always never' ;;
     --format:*) _wexcorin_words "$cur" 'text json sarif github' ;;
     --allow:*) _wexcorin_list "$cur" "$_wexcorin_rules" ;;
-    --columns:*) _wexcorin_list "$cur" 'number name type set value default range' ;;
+    --columns:*) _wexcorin_list "$cur" 'number name type set value origin default range' ;;
     -*) _wexcorin_files ;;
     *:-*)
       case $command in
@@ -102,22 +103,24 @@ _wexcorin() {
           _wexcorin_words "$cur" '-h --help --set --definition --separately --json --format --warnings-as-errors --limit
             --allow --color --no-pager'
           ;;
-        show) _wexcorin_words "$cur" '-h --help --set --changed --json --color --no-pager --columns --wide' ;;
+        show) _wexcorin_words "$cur" '-h --help --set --changed --json --color --no-pager --columns --wide --origin --fingerprint' ;;
+        explain) _wexcorin_words "$cur" '-h --help --set --color' ;;
         get) _wexcorin_words "$cur" '-h --help --set --default --color' ;;
         help | find) _wexcorin_words "$cur" '-h --help --color --no-pager' ;;
         template) _wexcorin_words "$cur" '-h --help -o --output --group --color' ;;
         write) _wexcorin_words "$cur" '-h --help --set -o --output --exact --force --color' ;;
+        diff) _wexcorin_words "$cur" '-h --help --definition --defaults --matrix --json --markdown --fail-on --color --no-pager' ;;
         doc) _wexcorin_words "$cur" '-h --help -o --output --title --release --force --color' ;;
       esac
       ;;
     *)
       case $command:${#arguments[@]} in
-        :*) _wexcorin_words "$cur" 'check show get find help template write doc' ;;
+        :*) _wexcorin_words "$cur" 'check show explain get find help template write diff doc' ;;
         doc:0) _wexcorin_words "$cur" 'definition pascal html c markdown page json' ;;
         help:1)
           _wexcorin_words "$cur" "$(_wexcorin_options "$1" "$definition"; _wexcorin_options "$1" "$definition" --groups)"
           ;;
-        get:0 | help:[!0]* | find:[!0]* | template:[!0]* | doc:[!1]*) ;;
+        get:0 | explain:0 | help:[!0]* | find:[!0]* | template:[!0]* | doc:[!1]*) ;;
         *) _wexcorin_files ;;
       esac
       ;;

@@ -8,7 +8,7 @@ function __wexcorin_arguments
         if test $skip = yes
             set skip no
         else if contains -- $word --set -o --output --group --limit --allow --title --release --color --columns \
-                --definition --format
+                --definition --format --fail-on
             set skip yes
         else if not string match -q -- '-?*' $word
             echo -- $word
@@ -26,7 +26,7 @@ end
 function __wexcorin_options
     set -l arguments (__wexcorin_arguments)
     set -l definition $arguments[2]
-    contains -- $arguments[1] doc get; and set definition $arguments[3]
+    contains -- $arguments[1] doc get explain; and set definition $arguments[3]
     set -l words (commandline -opc)
     set -l named (contains -i -- --definition $words); and set definition $words[(math $named + 1)]
     set definition (string replace -r '^~/' "$HOME/" -- $definition)
@@ -60,10 +60,12 @@ function __wexcorin_words
     switch "$arguments[1] "(count $arguments)
         case ' 0'
             printf '%s\n' check\t'Report what is wrong in a definition and in option files' \
-                show\t'List the options with their values' get\t'Print the value of one option' \
+                show\t'List the options with their values' \
+                explain\t'Show one option and all that lines did with it' get\t'Print the value of one option' \
                 find\t'Search names, synonyms, values and help of the options' \
                 help\t'Print the help that a definition holds' template\t'Write an option file to start from' \
                 write\t'Write the settings of option files as one option file' \
+                diff\t'Compare two definitions, or the values of option files' \
                 doc\t'Write a definition in another form'
         case 'doc 1'
             printf '%s\n' definition\t'A definition file' pascal\t'An include file with the option numbers' \
@@ -72,8 +74,8 @@ function __wexcorin_words
         case 'help 2'
             __wexcorin_options
             __wexcorin_options --groups
-        case 'get 1' 'help [!1]*' 'doc [!2]'
-        case 'help 1' 'find 1' 'template 1' 'doc 2' 'get *' 'check *' 'show *' 'write *'
+        case 'get 1' 'explain 1' 'help [!1]*' 'doc [!2]'
+        case 'help 1' 'find 1' 'template 1' 'doc 2' 'get *' 'explain *' 'check *' 'show *' 'write *' 'diff *'
             __fish_complete_path (commandline -ct)
     end
 end
@@ -81,12 +83,12 @@ end
 complete -c wexcorin -f -a '(__wexcorin_words)'
 complete -c wexcorin -s h -l help -d 'Print help'
 complete -c wexcorin -n 'test (count (__wexcorin_arguments)) = 0' -l version -d 'Print the version'
-complete -c wexcorin -n '__wexcorin_in check show get find help template write doc' -l color -x -a 'auto always never' \
+complete -c wexcorin -n '__wexcorin_in check show explain get find help template write diff doc' -l color -x -a 'auto always never' \
     -d 'When to print colours'
-complete -c wexcorin -n '__wexcorin_in check show find help' -l no-pager -d 'Print directly on the terminal'
-complete -c wexcorin -n '__wexcorin_in check show get write' -l set -x -a '(__wexcorin_settings)' \
+complete -c wexcorin -n '__wexcorin_in check show find help diff' -l no-pager -d 'Print directly on the terminal'
+complete -c wexcorin -n '__wexcorin_in check show explain get write' -l set -x -a '(__wexcorin_settings)' \
     -d 'Option text to read after the files'
-complete -c wexcorin -n '__wexcorin_in check show' -l json -d 'Print as JSON'
+complete -c wexcorin -n '__wexcorin_in check show diff' -l json -d 'Print as JSON'
 complete -c wexcorin -n '__wexcorin_in check' -l warnings-as-errors -d 'Let warnings count for the exit code'
 complete -c wexcorin -n '__wexcorin_in check' -l limit -x -d 'Print at most so many findings of one kind'
 complete -c wexcorin -n '__wexcorin_in check' -l allow -x -a '(__fish_complete_list , __wexcorin_rules)' \
@@ -97,7 +99,9 @@ complete -c wexcorin -n '__wexcorin_in check' -l format -x -a 'text json sarif g
 complete -c wexcorin -n '__wexcorin_in check' -l separately -d 'Check each option file on its own'
 complete -c wexcorin -n '__wexcorin_in show' -l changed -d 'List only options that were set'
 complete -c wexcorin -n '__wexcorin_in show' -l wide -d 'Print each option on one line'
-complete -c wexcorin -n '__wexcorin_in show' -l columns -x -a 'number name type set value default range' \
+complete -c wexcorin -n '__wexcorin_in show' -l origin -d 'Say where each value comes from'
+complete -c wexcorin -n '__wexcorin_in show' -l fingerprint -d 'Print a short text for all values'
+complete -c wexcorin -n '__wexcorin_in show' -l columns -x -a 'number name type set value origin default range' \
     -d 'Print only these columns'
 complete -c wexcorin -n '__wexcorin_in get' -l default -d 'Print the default'
 complete -c wexcorin -n '__wexcorin_in template' -l group -x -a '(__wexcorin_options --groups)' -d 'Only the options of this group'
@@ -105,6 +109,12 @@ complete -c wexcorin -n '__wexcorin_in template write doc' -s o -l output -r -f 
     -a '(__fish_complete_path (commandline -ct))' -d 'File to write'
 complete -c wexcorin -n '__wexcorin_in write' -l exact -d 'Write numbers with all their digits'
 complete -c wexcorin -n '__wexcorin_in write' -l force -d 'Write even if there are errors in what was read'
+complete -c wexcorin -n '__wexcorin_in diff' -l definition -r -f -a '(__fish_complete_path (commandline -ct))' \
+    -d 'Compare option files of this definition'
+complete -c wexcorin -n '__wexcorin_in diff' -l defaults -d 'Compare one option file with the defaults'
+complete -c wexcorin -n '__wexcorin_in diff' -l matrix -d 'Compare any number of option files'
+complete -c wexcorin -n '__wexcorin_in diff' -l markdown -d 'Print the differences as Markdown'
+complete -c wexcorin -n '__wexcorin_in diff' -l fail-on -x -a 'breaking silent any' -d 'Which changes give exit code 1'
 complete -c wexcorin -n '__wexcorin_in doc' -l title -x -d 'Title of the document'
 complete -c wexcorin -n '__wexcorin_in doc' -l release -x -d 'Version and date of the solver'
 complete -c wexcorin -n '__wexcorin_in doc' -l force -d 'Write a file that does not compile'

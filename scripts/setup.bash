@@ -7,7 +7,8 @@ export root
 
 # The packages that a build of the library, the tool and the tests needs.
 # shellcheck disable=SC2034  # used by the scripts
-build_packages=(binutils cmake g++ libcli11-dev libgmock-dev libgtest-dev ninja-build nlohmann-json3-dev)
+build_packages=(binutils cmake g++ libcli11-dev libgmock-dev libgtest-dev nettle-dev ninja-build
+  nlohmann-json3-dev)
 
 # What the Python package needs beyond that.
 # shellcheck disable=SC2034

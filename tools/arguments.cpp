@@ -11,6 +11,7 @@
 #include "base/strutilx.h"
 #include "base/zqaaudit.h"
 #include "release.h"
+#include "tools/commandline.h"
 #include "tools/commands.h"
 #include "tools/reading/finddefinition.h"
 #include "tools/reading/nearnames.h"
@@ -37,10 +38,14 @@ std::string versiontext() {
   return "wexcorin " + std::string(optcore::release::version) + "\n" + std::string(line);
 }
 
+}  // namespace
+
 std::string checkfilename(const std::string& name) {
   if (name.size() <= maxfilename) return {};
   return "file names may have at most " + std::to_string(maxfilename) + " characters";
 }
+
+namespace {
 
 std::vector<std::string> commandsof(const CLI::App& app) {
   std::vector<std::string> result;
@@ -64,12 +69,16 @@ std::string suggestionfor(std::string_view word, const std::vector<std::string>&
   return text.empty() ? text : "; " + text;
 }
 
-void adddefinition(CLI::App& command, std::string& definition, bool required = true) {
+}  // namespace
+
+void adddefinition(CLI::App& command, std::string& definition, bool required) {
   command.add_option("DEF", definition, "Definition file of the solver's options")
       ->required(required)
       ->type_name("")
       ->check(checkfilename);
 }
+
+namespace {
 
 void addoptionfiles(CLI::App& command, tinputs& inputs, bool filesrequired) {
   command.add_option("OPTFILE", inputs.optionfiles, "Option files, read in this order")
@@ -91,15 +100,8 @@ void addinputs(CLI::App& command, tinputs& inputs, bool filesrequired) {
   addoptionfiles(command, inputs, filesrequired);
 }
 
-template <class T>
-std::vector<std::string> keysof(const std::map<std::string, T>& words) {
-  std::vector<std::string> result;
-  result.reserve(words.size());
-  for (const auto& [name, meaning] : words) result.push_back(name);
-  return result;
-}
+}  // namespace
 
-// What is wrong with a word that must be one of these; empty if nothing is.
 std::string checkword(const std::string& word, const std::vector<std::string>& known) {
   if (std::ranges::find(known, word) != known.end()) return {};
   std::string result = inquotes(word) + " is none of";
@@ -115,11 +117,15 @@ std::string checkcount(const std::string& text) {
   return inquotes(text) + " is not a whole number from 1";
 }
 
+namespace {
+
 const std::map<std::string, tcolours>& colourwords() {
   static const std::map<std::string, tcolours> words = {
       {"auto", tcolours::automatic}, {"always", tcolours::always}, {"never", tcolours::never}};
   return words;
 }
+
+}  // namespace
 
 CLI::App& addcommand(CLI::App& app, const char* name, const char* description) {
   CLI::App& command = *app.add_subcommand(name, description);
@@ -133,6 +139,8 @@ CLI::App& addcommand(CLI::App& app, const char* name, const char* description) {
       ->check([](const std::string& when) { return checkword(when, keysof(colourwords())); });
   return command;
 }
+
+namespace {
 
 std::string checkrule(const std::string& name) {
   const trule* rule = findrule(name);
@@ -159,10 +167,14 @@ std::string rulestext() {
   return result + "\n";
 }
 
+}  // namespace
+
 void addpager(CLI::App& command, bool& pager) {
   command.add_flag_callback(
       "--no-pager", [&pager] { pager = false; }, "Do not print through $PAGER on a terminal");
 }
+
+namespace {
 
 const std::map<std::string, tcheckformat>& checkformats() {
   static const std::map<std::string, tcheckformat> formats = {{"text", tcheckformat::text},
@@ -224,13 +236,17 @@ const CLI::App& addshow(CLI::App& app, tshowarguments& arguments) {
   command.add_flag("--json", arguments.json, "Print the options as JSON");
   command
       .add_option("--columns", arguments.columns,
-                  "Only these columns, separated by commas: number, name, type, set, value, default, range")
+                  "Only these columns, separated by commas: number, name, type, set, value, origin,\n"
+                  "default, range")
       ->type_name("NAME")
       ->delimiter(',')
       ->allow_extra_args(false)
       ->check([](const std::string& name) {
         return checkword(name, {showcolumns.begin(), showcolumns.end()});
       });
+  command.add_flag("--origin", arguments.origin, "Say where each value comes from");
+  command.add_flag("--fingerprint", arguments.fingerprint,
+                   "Print a text that is the same if all values are; with --json beside the options");
   command.add_flag("--wide", arguments.wide, "Do not fit the table to the width of the terminal");
   addpager(command, arguments.pager);
   return command;
@@ -241,6 +257,19 @@ const CLI::App& addget(CLI::App& app, tgetarguments& arguments) {
   command.add_option("NAME", arguments.name, "Name or synonym of the option")->required()->type_name("");
   addinputs(command, arguments.inputs, false);
   command.add_flag("--default", arguments.wantsdefault, "Print the default, whatever was set");
+  return command;
+}
+
+const CLI::App& addexplain(CLI::App& app, texplainarguments& arguments) {
+  CLI::App& command = addcommand(app, "explain", "Show one option and all that lines did with it");
+  command
+      .add_option(
+          "NAME", arguments.name,
+          "Name or synonym of an option; a dot option and a symbol, as in \".prior x(1)\"; the keyword of\n"
+          "indicators; or a symbol of dot lines and indicators")
+      ->required()
+      ->type_name("");
+  addinputs(command, arguments.inputs, false);
   return command;
 }
 
@@ -272,6 +301,8 @@ const CLI::App& addhelp(CLI::App& app, thelparguments& arguments) {
   return command;
 }
 
+}  // namespace
+
 void addoutput(CLI::App& command, std::string& output) {
   const bool required = output.empty();
   command.add_option("-o,--output", output, required ? "File to write" : "File to write [standard output]")
@@ -279,6 +310,8 @@ void addoutput(CLI::App& command, std::string& output) {
       ->type_name("FILE")
       ->check(checkfilename);
 }
+
+namespace {
 
 const CLI::App& addcomplete(CLI::App& app, tcompletearguments& arguments) {
   CLI::App& command = addcommand(app, "complete", "Print names or values for the completions of the shells");
@@ -307,57 +340,6 @@ const CLI::App& addwrite(CLI::App& app, twritearguments& arguments) {
   command.add_flag("--force", arguments.force, "Write even if there are errors in what was read");
   command.footer(std::string(losses) + notes);
   return command;
-}
-
-const std::map<std::string, tdocform>& docforms() {
-  static const std::map<std::string, tdocform> forms = {
-      {"definition", tdocform::definition},
-      {"pascal", tdocform::pascal},
-      {"html", tdocform::html},
-      {"c", tdocform::c},
-      {"markdown", tdocform::markdown},
-      {"page", tdocform::page},
-      {"json", tdocform::json},
-  };
-  return forms;
-}
-
-const CLI::App& adddoc(CLI::App& app, tdocarguments& arguments) {
-  CLI::App& command = addcommand(app, "doc", "Write a definition in another form");
-  command
-      .add_option_function<std::string>(
-          "FORM", [&arguments](const std::string& form) { arguments.form = docforms().at(form); },
-          "definition (a definition file), pascal (an include file with the option numbers),\n"
-          "html (a table), c (a header with the numbers of options and values), markdown (a reference),\n"
-          "page (the reference as one HTML page that can be searched)\n"
-          "or json (the whole definition, for programs)")
-      ->required()
-      ->type_name("")
-      ->check([](const std::string& form) {
-        const std::string problem = checkword(form, keysof(docforms()));
-        return problem.empty() ? problem : problem + swappedform(form);
-      });
-  adddefinition(command, arguments.definition);
-  addoutput(command, arguments.output);
-  command.add_option("--title", arguments.title, "Title of the document (markdown and page only)")
-      ->type_name("TEXT");
-  command
-      .add_option(
-          "--release", arguments.release,
-          "Version and date of the solver, as in --release \"4.2, May 2026\"\n(markdown and page only)")
-      ->type_name("TEXT");
-  command.add_flag("--force", arguments.force,
-                   "Write a file that does not compile, with warnings (pascal and c only)");
-  return command;
-}
-
-// The flag of the command line that the form does not have.
-std::string strayflag(const tdocarguments& arguments) {
-  const bool titled = arguments.form == tdocform::markdown || arguments.form == tdocform::page;
-  const bool compiled = arguments.form == tdocform::pascal || arguments.form == tdocform::c;
-  if (!titled && !arguments.title.empty()) return "--title";
-  if (!titled && !arguments.release.empty()) return "--release";
-  return !compiled && arguments.force ? "--force" : "";
 }
 
 // The first argument that looks like a flag and is none.
@@ -412,6 +394,11 @@ targuments accepted(const std::string& command, const T& arguments) {
   return exitunusable;
 }
 
+targuments accepted(const tdiffarguments& arguments) {
+  if (const std::string problem = misuse(arguments); !problem.empty()) return refused("diff", problem);
+  return arguments;
+}
+
 // A command with a word that is no file.
 template <class T>
 targuments accepted(const std::string& command, const T& arguments, const std::string& definition,
@@ -450,20 +437,24 @@ targuments parsearguments(int argc, char** argv) {
   tcheckarguments check;
   tshowarguments show;
   tgetarguments get;
+  texplainarguments explain;
   tfindarguments find;
   thelparguments help;
   tcompletearguments complete;
   ttemplatearguments templatefile;
   twritearguments write;
+  tdiffarguments diff;
   tdocarguments doc;
   const CLI::App& checkcommand = addcheck(app, check);
   const CLI::App& showcommand = addshow(app, show);
   const CLI::App& getcommand = addget(app, get);
+  const CLI::App& explaincommand = addexplain(app, explain);
   const CLI::App& findcommand = addfind(app, find);
   const CLI::App& helpcommand = addhelp(app, help);
   const CLI::App& completecommand = addcomplete(app, complete);
   const CLI::App& templatecommand = addtemplate(app, templatefile);
   const CLI::App& writecommand = addwrite(app, write);
+  const CLI::App& diffcommand = adddiff(app, diff);
   adddoc(app, doc);
   try {
     app.parse(argc, argv);
@@ -476,11 +467,16 @@ targuments parsearguments(int argc, char** argv) {
     targuments swapped = accepted("get", get, get.inputs.definition, get.name);
     return std::holds_alternative<int>(swapped) ? swapped : accepted("get", get);
   }
+  if (explaincommand.parsed()) {
+    targuments swapped = accepted("explain", explain, explain.inputs.definition, explain.name);
+    return std::holds_alternative<int>(swapped) ? swapped : accepted("explain", explain);
+  }
   if (findcommand.parsed()) return accepted("find", find, find.definition, find.words.front());
   if (helpcommand.parsed()) return accepted("help", help, help.definition, help.request);
   if (completecommand.parsed()) return complete;
   if (templatecommand.parsed()) return templatefile;
   if (writecommand.parsed()) return accepted("write", write);
+  if (diffcommand.parsed()) return accepted(diff);
   return accepted(doc);
 }
 

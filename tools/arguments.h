@@ -34,7 +34,9 @@ struct tcheckarguments {
 
 // The columns of `show`, as the command line names them.
 inline constexpr auto showcolumns =
-    std::to_array<std::string_view>({"number", "name", "type", "set", "value", "default", "range"});
+    std::to_array<std::string_view>({"number", "name", "type", "set", "value", "origin", "default", "range"});
+
+inline constexpr std::string_view origincolumn = "origin";
 
 struct tshowarguments {
   tinputs inputs;
@@ -43,6 +45,8 @@ struct tshowarguments {
   bool pager = true;
   bool changedonly = false;
   bool json = false;
+  bool origin = false;
+  bool fingerprint = false;
 };
 
 struct thelparguments {
@@ -55,6 +59,11 @@ struct tgetarguments {
   std::string name;
   tinputs inputs;
   bool wantsdefault = false;
+};
+
+struct texplainarguments {
+  std::string name;
+  tinputs inputs;
 };
 
 struct tfindarguments {
@@ -83,6 +92,20 @@ struct twritearguments {
   bool force = false;
 };
 
+// Which changes between definitions count for the exit code.
+enum class tfailon { any, silent, breaking };
+
+struct tdiffarguments {
+  std::vector<std::string> files;  // definitions, or option files
+  std::string definition;          // of the option files; empty to compare definitions
+  bool defaults = false;           // compare one option file with the defaults
+  bool matrix = false;             // compare any number of option files
+  bool json = false;
+  bool markdown = false;
+  tfailon failon = tfailon::any;
+  bool pager = true;
+};
+
 enum class tdocform { definition, pascal, html, c, markdown, page, json };
 
 struct tdocarguments {
@@ -96,9 +119,9 @@ struct tdocarguments {
 
 // The arguments of one command, or an exit code if there is nothing left to do: the help, the version or an
 // error message has been printed.
-using targuments =
-    std::variant<int, tcheckarguments, tshowarguments, tgetarguments, tfindarguments, thelparguments,
-                 tcompletearguments, ttemplatearguments, twritearguments, tdocarguments>;
+using targuments = std::variant<int, tcheckarguments, tshowarguments, tgetarguments, texplainarguments,
+                                tfindarguments, thelparguments, tcompletearguments, ttemplatearguments,
+                                twritearguments, tdiffarguments, tdocarguments>;
 
 targuments parsearguments(int argc, char** argv);
 

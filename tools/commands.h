@@ -13,11 +13,13 @@ inline constexpr int exitunusable = 2;  // wrong use, or a file that cannot be o
 int run(const tcheckarguments& arguments);
 int run(const tshowarguments& arguments);
 int run(const tgetarguments& arguments);
+int run(const texplainarguments& arguments);
 int run(const tfindarguments& arguments);
 int run(const thelparguments& arguments);
 int run(const tcompletearguments& arguments);
 int run(const ttemplatearguments& arguments);
 int run(const twritearguments& arguments);
+int run(const tdiffarguments& arguments);
 int run(const tdocarguments& arguments);
 
 }  // namespace tool

@@ -18,7 +18,9 @@ constexpr const char* search = "'wexcorin find' searches the texts of the option
 // Returns false if no name is similar.
 bool report(const std::string& problem, const std::string& name, const std::vector<std::string>& known,
             const std::string& hint) {
-  const std::string suggestion = suggestiontext(tnearnames(known).nearest(name, tmatch::nearorlonger));
+  // behind a dot option there may be a symbol
+  const std::string typed = name.starts_with('.') ? name.substr(0, name.find(' ')) : name;
+  const std::string suggestion = suggestiontext(tnearnames(known).nearest(typed, tmatch::nearorlonger));
   const std::string& more = suggestion.empty() ? hint : suggestion;
   std::cerr << "wexcorin: " << problem << ' ' << printable(inquotes(name)) << (more.empty() ? "" : "; ")
             << printable(more) << '\n';

@@ -48,6 +48,9 @@ wexcorin show --color a>always auto
 wexcorin show --color always >FILES
 wexcorin show --columns na>name
 wexcorin get maxit >FILES
+wexcorin explain >
+wexcorin explain maxit >FILES
+wexcorin explain maxit examples/first.def --set st>start=
 wexcorin check --allow set>set-again
 wexcorin check --allow set-again >FILES
 wexcorin check --format s>sarif
@@ -55,6 +58,9 @@ wexcorin check --definition >FILES
 wexcorin check main.opt --definition examples/first.def --set st>start=
 wexcorin get maxit examples/first.def --set st>start=
 wexcorin find >FILES
+wexcorin diff >FILES
+wexcorin diff --fail-on b>breaking
+wexcorin diff --definition examples/first.def >FILES
 wexcorin template >FILES
 wexcorin template --group firing >FILES
 wexcorin template examples/types.def -o >FILES

@@ -31,7 +31,7 @@ expect("a row of several lines",
 runs("wexcorin show examples/first.def --columns value,name --columns type",
      "Value  Name   Type\n       Help   immediate\n500    maxit  integer\n1E-6   tol    double\ncold   start  enumstr\n")
 expect_part("an unknown column", run("wexcorin show examples/first.def --columns name,vlaue")[1],
-            '"vlaue" is none of number, name, type, set, value, default, range; did you mean "value"?')
+            '"vlaue" is none of number, name, type, set, value, origin, default, range; did you mean "value"?')
 
 # ---- colours
 

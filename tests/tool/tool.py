@@ -398,7 +398,7 @@ for arguments, said in {
         "check a --bogus": 'there is no flag "--bogus"'}.items():
     name = f"wexcorin {arguments.split()[0]}"
     runs(f"wexcorin {arguments}", err=f"{name}: {said}\nTry '{name} --help'.\n", code=2)
-for command in "", "check", "show", "get", "find", "help", "template", "write", "doc":
+for command in "", "check", "show", "explain", "get", "find", "help", "template", "write", "doc":
     expect_part(f"{command} --help", " ".join(run(f"wexcorin {command} --help")[0].split()),
                 " Exit codes: 0 no errors; 1 errors in what was read; 2 wrong use, or a file that cannot be opened, "
                 "read or written.")

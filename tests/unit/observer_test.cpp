@@ -12,7 +12,8 @@ constexpr const char* options =
     "i integer 1 1 0 9 1 1 Help\nd double 2 1 0 9 1 1\nb boolean 3 0 1 1\ns string 4 t 1 1\n"
     "e enumstr 5 x 1 1\n x 1\n y 1\nn enumint 6 1 1 1\n 1 1\n 2 1\nm multilist 7 1 1\n i d\n"
     ".dot double 8 0 0 9 1 1\nold synonym i\nnames deprecated\n old use i\nsay immediate Message 1 1\n"
-    "read immediate ReadFile 1 1\nbounds immediate NoBounds 1 1\nind indicator\n";
+    "read immediate ReadFile 1 1\nbounds immediate NoBounds 1 1\nind indicator\n"
+    "opt integer.OPT 9 1 0 9 1 1\nall macro 1 1\n d\n m\n";
 
 // The records as text: the kind, the source and the sources that included it with their lines, the text,
 // whether it explains the message before, and in brackets its name, option, value and problem.
@@ -59,10 +60,19 @@ struct trecords : tstoreobserver {
           .append(kinds[ordinal(entry.kind)])
           .append(entry.name);
   }
+  void stepped(const tstep& step) override {
+    constexpr const char* kinds[] = {"statement",  "dot line",      "indicator", "spreads",
+                                     "has spread", "takes default", "kept"};
+    if (!showssteps) return;
+    text.append(text.empty() ? "" : " | ").append(kinds[ordinal(step.kind)]);
+    if (!step.key.empty()) text.append(" ").append(step.key);
+    if (step.option != nullptr) text.append(" of ").append(step.option->name());
+  }
   tvksoptions* echoing = nullptr;  // a store whose echo is switched on when a value is set
   std::string text;
   bool showsnotes = false;  // notes on entering and leaving a source
   bool showsentries = false;
+  bool showssteps = false;
 };
 
 struct tobserved {
@@ -83,6 +93,7 @@ struct tobserved {
     if (word == "help") store.optshowhelp(expanded);
     if (word == "boolean") store.optsetintnr(4, std::stoi(expanded));
     if (word == "entries") records.showsentries = true;
+    if (word == "steps") records.showssteps = true;
     if (word == "notes") records.showsnotes = true;
   }
   std::string seen() const { return std::regex_replace(records.text, std::regex(directory.path("")), ""); }
@@ -152,6 +163,18 @@ const testsupport::ttests records("records", {__LINE__, R"~(
 
     // a word of a multilist is about the member
     file m 1:x => Value OPT:1 'Double expected for option "m" saw "x"' [m,d,x]
+
+    // a step tells the key of a statement with its option, and the options between them
+    steps ; file -all 2 => statement all of all | spreads all of all | spreads all of m | has spread all of m
+      | has spread all of all
+    steps ; file opt\nopt 1\n? => statement opt of opt | takes default opt of opt | statement opt of opt | statement
+      | User OPT:3 'Option keyword expected, saw "?"'
+
+    // a dot entry or indicator that is kept is told, one with an error is not
+    steps ; file x.dot 1\nx.dot ? => dot line x | dot line x of .dot | kept x of .dot | dot line x
+      | dot line x of .dot | Value OPT:2 'Double expected for option ".dot" saw "?"' [.dot,.dot,?]
+    steps ; file ind e$v 1\nind e$v => indicator ind | kept ind | indicator ind
+      | User OPT:2 'Boolean value expected for equation indicator "e"' [e,,]
 
     // a mistake in a dot line or an indicator is about its name
     file x.dot('a' 1 => User OPT:1 'Closing bracket ")" expected for .option "x"' [x,,]

@@ -7,51 +7,22 @@
 #include "base/textcase.h"
 #include "tools/doc/anchors.h"
 #include "tools/doc/documents.h"
+#include "tools/doc/markdowntext.h"
 #include "tools/text.h"
 
 namespace tool {
 
 namespace {
 
-// Escapes what would be markup: some characters everywhere, some only at the beginning of a line.
-std::string plain(std::string_view text) {
-  static constexpr std::string_view special = "\\`*_[]<>|&~$";
-  std::string result;
-  for (const char c : printableprose(text)) {
-    if (special.find(c) != std::string_view::npos) result.push_back('\\');
-    result.push_back(c);
-  }
-  result.erase(0, result.find_first_not_of(" \t"));
-  const auto digits =
-      static_cast<std::size_t>(std::ranges::find_if_not(result, optcore::isdigit) - result.begin());
-  if (digits < result.size() &&
-      std::string_view(digits == 0 ? "#+-=" : ".)").find(result[digits]) != std::string::npos)
-    result.insert(digits, 1, '\\');
-  return result;
-}
-
-// Returns the text between backticks, of which there are more than the text has in a row. A bar would end a
-// table cell even there, so a text with a bar is escaped as plain text instead.
-std::string code(std::string_view text) {
-  const std::string shown = printable(text);
-  if (shown.find('|') != std::string::npos || shown.empty()) return plain(shown);
-  std::size_t longest = 0;
-  std::size_t row = 0;
-  for (const char c : shown) longest = std::max(longest, row = c == '`' ? row + 1 : 0);
-  const std::string fence(longest + 1, '`');
-  const std::string blank = longest == 0 ? "" : " ";
-  return fence + blank + shown + blank + fence;
-}
-
 std::string codes(const std::vector<std::string>& texts) {
   std::string result;
   for (const std::string& text : texts)
-    if (!text.empty()) result += (result.empty() ? "" : ", ") + code(text);
+    if (!text.empty()) result += (result.empty() ? "" : ", ") + markdowncode(text);
   return result;
 }
 
 std::string standingtext(const char* before, const tnamestanding& standing, const char* after) {
-  const std::string reason = standing.reason.empty() ? "" : "; " + plain(standing.reason);
+  const std::string reason = standing.reason.empty() ? "" : "; " + markdownprose(standing.reason);
   switch (standing.standing) {
     case tstanding::current: break;
     case tstanding::deprecated: return before + ("deprecated" + reason) + after;
@@ -66,12 +37,12 @@ class tmarkdownwriter {
       : freference(reference), fchapters(chapters(reference)), fanchors(fchapters) {}
 
   std::string write() {
-    paragraph("# " + plain(titleof(freference)));
-    if (!freference.release.empty()) paragraph(plain(freference.release));
+    paragraph("# " + markdownprose(titleof(freference)));
+    if (!freference.release.empty()) paragraph(markdownprose(freference.release));
     paragraph(lookuptext(freference.lookupmode));
     contents();
     for (std::size_t i = 0; i < fchapters.size(); ++i) {
-      heading("## " + plain(fchapters[i].title), fanchors.ofchapter(i));
+      heading("## " + markdownprose(fchapters[i].title), fanchors.ofchapter(i));
       summary(fchapters[i]);
       for (const toptionreference* option : fchapters[i].options) describe(*option);
     }
@@ -82,7 +53,7 @@ class tmarkdownwriter {
  private:
   void contents() {
     for (std::size_t i = 0; i < fchapters.size(); ++i)
-      line("- " + link(plain(fchapters[i].title), fanchors.ofchapter(i)));
+      line("- " + link(markdownprose(fchapters[i].title), fanchors.ofchapter(i)));
     line("- " + link("Index of names", fanchors.ofindex()));
     line("");
   }
@@ -91,8 +62,8 @@ class tmarkdownwriter {
     heading("## Index of names", fanchors.ofindex());
     for (const tindexentry& entry : fanchors.index()) {
       const std::string& anchor = fanchors.of(*entry.option);
-      line("- " + (entry.synonym ? code(entry.name) + ": see " : "") +
-           link(code(entry.option->name), anchor));
+      line("- " + (entry.synonym ? markdowncode(entry.name) + ": see " : "") +
+           link(markdowncode(entry.option->name), anchor));
     }
   }
 
@@ -125,22 +96,23 @@ class tmarkdownwriter {
     else
       head({"Option", "Meaning"});
     for (const toptionreference* option : chapter.options)
-      line("| " + link(code(option->name), fanchors.of(*option)) + " | " +
-           (defaults ? code(option->defaultvalue.text) + " | " : "") + plain(option->help) + " |");
+      line("| " + link(markdowncode(option->name), fanchors.of(*option)) + " | " +
+           (defaults ? markdowncode(option->defaultvalue.text) + " | " : "") + markdownprose(option->help) +
+           " |");
     line("");
   }
 
   void describe(const toptionreference& option) {
-    heading("### " + code(option.name), fanchors.of(option));
-    if (!option.help.empty()) paragraph(plain(option.help));
+    heading("### " + markdowncode(option.name), fanchors.of(option));
+    if (!option.help.empty()) paragraph(markdownprose(option.help));
     fact("Type", typephrase(option));
     fact("Range", rangephrase(option));
-    fact("Default", code(option.defaultvalue.text));
+    fact("Default", markdowncode(option.defaultvalue.text));
     fact("Options", codes(option.members));
     fact("Synonyms", codes(option.synonyms) + standingtext(" (", option.synonymstanding, ")"));
     fact("Status", standingtext("", option.standing, ""));
     line("");
-    for (const std::string& text : option.details) line(plain(text));
+    for (const std::string& text : option.details) line(markdownprose(text));
     if (!option.details.empty()) line("");
     values(option);
   }
@@ -149,7 +121,8 @@ class tmarkdownwriter {
     if (std::ranges::none_of(option.values, &tvaluereference::listed)) return;
     head({"Value", "Meaning"});
     for (const tvaluereference& value : option.values)
-      if (value.listed) line("| " + code(value.value.text) + " | " + plain(value.help) + " |");
+      if (value.listed)
+        line("| " + markdowncode(value.value.text) + " | " + markdownprose(value.help) + " |");
     line("");
   }
 

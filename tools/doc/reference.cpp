@@ -125,6 +125,15 @@ toptionreference describeoption(const tvksoptions& store, std::int32_t index) {
   return result;
 }
 
+std::vector<std::string> synonymsof(const tvksoptions& store, std::int32_t index) {
+  const tdefinition& definition = store.definition();
+  std::vector<std::string> result;
+  for (std::int32_t i = 0; i < definition.synonyms().count(); ++i)
+    if (definition.synonyms().getobject(i) == index)
+      result.push_back(utf8(definition.nounderscore(definition.synonyms().getname(i))));
+  return result;
+}
+
 treference describe(const tvksoptions& store, const std::string& definition) {
   treference result = {.definition = utf8(definition),
                        .title = {},

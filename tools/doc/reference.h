@@ -69,6 +69,8 @@ struct treference {
 
 // Describes the option at this index, from 0, without its synonyms.
 toptionreference describeoption(const optcore::tvksoptions& store, std::int32_t index);
+// The synonyms of the option at this index.
+std::vector<std::string> synonymsof(const optcore::tvksoptions& store, std::int32_t index);
 // Describes the whole definition. `definition` is the name of its file.
 treference describe(const optcore::tvksoptions& store, const std::string& definition);
 

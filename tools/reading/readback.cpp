@@ -3,10 +3,10 @@
 
 #include <algorithm>
 #include <bit>
-#include <cmath>
 #include <set>
 #include <span>
 
+#include "tools/doc/entrytext.h"
 #include "tools/doc/shownvalue.h"
 #include "tools/reading/symboltexts.h"
 #include "tools/text.h"
@@ -30,8 +30,6 @@ bool samevalue(const toption& a, const toption& b, twhich which) {
     return samenumber(as<tdbloption>(a).value(which), as<tdbloption>(b).value(which));
   return a.getasstring12(which).view() == b.getasstring12(which).view();
 }
-
-std::string numbertext(double value) { return value == 0 && std::signbit(value) ? "-0" : shown(value).text; }
 
 std::string valuetext(const toption& option, twhich which) {
   const auto* dbl = ifis<tdbloption>(&option);

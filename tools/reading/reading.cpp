@@ -206,6 +206,7 @@ const std::string& treading::pathof(const std::string& filename, bool readagain)
 // ---- what the store reports
 
 void treading::filed(const tmessage& message) {
+  if (ffollower != nullptr) ffollower->filed(message);
   if (message.kind == tmsgkind::fileenter && message.source->sourcekind() == tsourcekind::file) {
     const std::string path(message.source->sourcename());
     ffilesread.add(path);
@@ -324,6 +325,7 @@ void treading::watchsetting(const toption& option) {
 }
 
 void treading::assigned(const toption& option, std::int32_t bits) {
+  if (ffollower != nullptr) ffollower->assigned(option, bits);
   if (fwatches && (option.opttype() == topttype::string || option.opttype() == topttype::strlist))
     watchsetting(option);
   if (!fassignments) return;
@@ -347,7 +349,7 @@ void treading::listed(std::string_view names) {
                      .text = std::string(names.substr(0, names.find('\n')))});
 }
 
-// A source on the command line keeps the name that it has there; an included file has its own name.
+// An included file has its own name.
 std::string_view treading::nameof(const tlinesource* source) const {
   return source != nullptr && source->includer() != nullptr ? source->sourcename() : fsource;
 }

@@ -45,6 +45,8 @@ class treading final : optcore::tstoreobserver {
   // Must be called before readdefinition if the definition is to be read again: a definition that can be read
   // only once, such as a pipe, is then copied.
   void keepdefinition() { fkeepsdefinition = true; }
+  // The path under which the definition can be read again.
+  const std::string& definitionpath() const { return fdefinitionpath; }
   // Reads the definition into another store. Returns false if it can no longer be opened.
   bool readdefinitionagain(optcore::tvksoptions& other) const;
 
@@ -60,6 +62,11 @@ class treading final : optcore::tstoreobserver {
   void watchassignments() {
     if (!ffindings.allows(replacedrule)) fassignments.emplace();
   }
+
+  // From now on, whatever the store reports is passed on to the follower; null ends it. It is not owned.
+  void follow(optcore::tstoreobserver* follower) { ffollower = follower; }
+  // The name of a source in findings. A source on the command line keeps the name that it has there.
+  std::string_view nameof(const optcore::tlinesource* source) const;
 
   // Adds the lines of help as plain findings.
   void showhelp(const std::string& request);
@@ -89,6 +96,9 @@ class treading final : optcore::tstoreobserver {
   void filed(const optcore::tmessage& message) override;
   void assigned(const optcore::toption& option, std::int32_t bits) override;
   void begun(const optcore::tentry& entry) override;
+  void stepped(const optcore::tstep& step) override {
+    if (ffollower != nullptr) ffollower->stepped(step);
+  }
   void shortened(std::size_t length) override;
   void listed(std::string_view names) override;
 
@@ -96,7 +106,6 @@ class treading final : optcore::tstoreobserver {
   // code for a file that cannot be opened, and collect then returns false.
   bool collect(const std::string& name, const std::function<std::int32_t()>& action);
   std::size_t errors() const { return ffindings.count(tseverity::error); }
-  std::string_view nameof(const optcore::tlinesource* source) const;
   tplace placeof(const optcore::tlinesource* source, std::int32_t line) const;
   void addearlyend();
   void addutf16(const tplace& place, const std::string& path);
@@ -108,6 +117,7 @@ class treading final : optcore::tstoreobserver {
   const std::string& pathof(const std::string& filename, bool readagain);
 
   optcore::tvksoptions fstore;
+  optcore::tstoreobserver* ffollower = nullptr;
   tsuggester fsuggester{fstore};
   tdefinitionlines flines;
   tfieldnotes ffieldnotes;

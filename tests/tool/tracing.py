@@ -1,0 +1,142 @@
+"""Where values come from, what lines did, and what differs between option files: cases that are not in the session.
+The JSON must match the schemas in docs/.
+usage: tracing.py TOOL; run in the repository's root; exit code 77: no failure, but the schemas were not tested"""
+import hashlib, json, sys
+from support import DOCS, expect, expect_part, failures, read, run, runs, write
+
+# ---- origin: chains of files and of options that pass their text on
+
+write("trace.def", """Path lookup
+x eolcomm #
+alpha integer 1 1 0 9 1 1
+beta integer.OPT 2 1 0 9 1 1
+quiet boolean.NV 3 0 1 1
+inner macro 1 1
+ alpha
+outer macro 1 1
+ inner
+ beta
+pair multilist 4 1 1
+ alpha outer
+name synonym alpha
+read immediate readfile 1 1
+window double.TWO 5 0 0 9 1 1
+list strlist 6 1 1
+words enumstr 7 Red 1 1
+ red 1
+ blue 1
+.rank double 8 0 0 9 1 1
+ind indicator
+""")
+write("deep.opt", "alp 5\n")
+write("part.opt", "read deep.opt\nouter 3 # three\n")
+write("main.opt", "name 2\nread part.opt\npair 4:6\nbeta\nquiet\n")
+
+
+def origins(arguments):
+    rows = json.loads(run(f"wexcorin show trace.def --json --origin {arguments}")[0])["options"]
+    return {row["name"]: row["origin"] for row in rows}
+
+
+def through(origin):
+    return [" ".join(str(each[key]) for key in each) for each in origin["through"]]
+
+
+seen = origins("main.opt --set 'alpha 7' --set 'beta 8'")
+expect("what alpha overrode", seen["alpha"], {"source": "--set", "line": 1, "through": [], "overrode": [
+    {"source": "main.opt", "line": 1, "value": 2}, {"source": "deep.opt", "line": 1, "value": 5},
+    {"source": "part.opt", "line": 2, "value": 3}, {"source": "main.opt", "line": 3, "value": 4},
+    {"source": "main.opt", "line": 3, "value": 6}]})
+expect("the second text", (seen["beta"]["source"], seen["beta"]["line"]), ("--set", 2))
+expect("never set", seen["words"], None)
+seen = origins("main.opt")
+expect("a value set by its name alone", through(seen["beta"]), ["name alone"])
+write("two.opt", "read part.opt\n")
+expect("through files and macros", through(origins("two.opt")["alpha"]),
+       ["include two.opt 1", "macro outer", "macro inner"])
+write("two.opt", "read deep.opt\n")
+expect("through a short form", through(origins("two.opt")["alpha"]), ["include two.opt 1", "short form alp"])
+expect("through a multilist", through(origins("--set 'pair 1:2'")["beta"]), ["multilist pair", "macro outer"])
+expect("a refused value has no origin", origins("--set 'alpha 99'")["alpha"], None)
+expect("the first of two values stays", [row[key] for row in json.loads(
+    run("wexcorin show trace.def --json --origin --set 'window 1 2' --set 'window * 3'")[0])["options"]
+    if row["name"] == "window" for key in ("origin", "origin2")],
+    [{"source": "--set", "line": 1, "through": [], "overrode": []},
+     {"source": "--set", "line": 2, "through": [], "overrode": [{"source": "--set", "line": 1, "value": 2.0}]}])
+
+# ---- explain: what else a line can do
+
+for name, setting, part in (
+        ("alpha", "alpha 99", 'refused: Integer range error for option "alpha" saw "99"; Valid range is 0 to 9\n'),
+        ("words", "words \"re\"d\"", "refused: Bad double-quote in value\n"),
+        (".rank", "x.rank(i) 2", "refused: Set name not allowed .option \"x\"\n"),
+        ("'.rank x'", "x.rank(\"1\") 2", "entry kept with value 2\n"), ("'.rank x(1)'", "x.rank(\"1\") 2", "entry kept with value 2\n"),
+        ("x", "ind e$x 1", "entry kept with value 1\n"), ("outer", "pair 1:2", "passed its text on to its members (multilist pair, macro outer)\n"),
+        ("read", "read none.opt", "refused: Cannot open parameter file"), ("list", "list a b", "stored \"a b\"\n"),
+        ("'.rank y'", "x.rank 2", "No line touched it.\n"), ("alpha", "beta 1", "\nIn force: 1, the default\n")):
+    expect_part(f"explain {name} --set '{setting}'", run(f"wexcorin explain {name} trace.def --set '{setting}'")[0], part)
+runs("wexcorin explain .rnk trace.def", err='wexcorin: there is no option ".rnk"; did you mean ".rank"?\n', code=1)
+
+# ---- values in force: what counts, and what does not
+
+write("a.opt", "alpha 3\nx.rank('1') 2\nind e$b 1\nwindow 1 1\nlist a\n--own t\nwords red\n")
+write("b.opt", "# the same\n-ALPHA = 3\nx.rank( \"1\" )=2.0\nind e $ b yes\nwindow 1\nlist \"a\"\n--own t\nbeta 1\nwords RED\n")
+runs("wexcorin diff --definition trace.def a.opt b.opt", "no differences\n")
+same = run("wexcorin show trace.def a.opt --fingerprint")[0]
+runs("wexcorin show trace.def b.opt --fingerprint", same)
+expect("fingerprint in JSON", json.loads(run("wexcorin show trace.def a.opt --fingerprint --json")[0])["fingerprint"] + "\n", same)
+for setting in ("alpha 4", "beta 2", "quiet", "x.rank 1", "ind e$c 1", "window * 2", "list b", "--own u", "--other t", "words blue",
+                "list \"\"", "x.rank(\"1\") 2"):
+    write("c.opt", read("a.opt") + setting + "\n")
+    out, _, code = run("wexcorin diff --definition trace.def a.opt c.opt --json")
+    expect(f"'{setting}' differs", (code, len(json.loads(out)["differences"])), (1, 1))
+    expect(f"'{setting}' changes the fingerprint", run("wexcorin show trace.def c.opt --fingerprint")[0] == same, False)
+
+# What docs/tracing.md says about its bytes.
+write("bytes.def", "Zeta enumstr 1 Red 1 1\n red 1\nbeta double.TWO 2 0.1 0 1 1 1\nalpha boolean.NV 3 0 1 1\nmid string 4 \"a b\" 1 1\n"
+      "list strlist 5 1 1\n.rank integer 6 0 0 9 1 1\nind indicator\n")
+write("bytes.opt", "beta * .25\nlist é\nlist b\nx.rank('i', *) 3\nind e(\"i\")$v yes\nalpha\n")
+record = "".join(f"{line}\n" for line in (
+    "wexcorin settings 1", "option 5:.rank,1:3,", "option 5:alpha,3:set,", "option 4:beta,3:0.1,4:0.25,",
+    "option 4:list,2:é,1:b,", "option 3:mid,3:a b,", "option 4:zeta,3:red,", "dot 1:x,5:.rank,1:2,1:i,1:*,1:3,",
+    'indicator 1:e,1:1,3:"i",1:v,1:0,1:1,'))
+runs("wexcorin show bytes.def bytes.opt --fingerprint", f"sha256:{hashlib.sha256(record.encode()).hexdigest()}\n")
+write("a.opt", "x.rank 1\ny.rank 1\n")
+write("b.opt", "y.rank 1\nx.rank 1\n")
+expect("the order of dot lines counts", [each["name"] for each in json.loads(run(
+    "wexcorin diff --definition trace.def a.opt b.opt --json")[0])["differences"]], ["order of dot lines"])
+
+# ---- trouble, and faulty option files, which are compared by what was taken
+
+for arguments in ("a.opt b.opt --definition none.def", "a.opt none.opt --definition trace.def", "none.def trace.def",
+                  "--matrix trace.def none.opt"):
+    runs(f"wexcorin diff {arguments}", "", None, 2)
+write("faulty.def", "a integer 1 9 0 1 1 1\n")
+runs("wexcorin diff trace.def faulty.def", "", 'faulty.def:1: error: Default not in range for option "a"\n', 2)
+write("faulty.opt", "alpha x\nread none.opt\nbeta 2\n")
+runs("wexcorin diff --defaults faulty.opt --definition - --markdown", "| Setting | faulty.opt | defaults |\n| --- | --- | --- |\n"
+     "| beta | 2 \\[faulty.opt:3\\] | 1 \\[default\\] |\n", None, 1, read("trace.def"))
+for arguments in ("a.opt", "--defaults a.opt", "a.opt b.opt --fail-on breaking --definition trace.def", "--matrix trace.def",
+                  "--json --markdown trace.def trace.def"):
+    runs(f"wexcorin diff {arguments}", "", None, 2)
+for word, code in ("any", 1), ("silent", 0), ("breaking", 0):
+    write("wider.def", read("trace.def").replace("1 0 9 1 1\nbeta", "1 0 10 1 1\nbeta"))
+    runs(f"wexcorin diff trace.def wider.def --fail-on {word}", None, "", code)
+
+# ---- the schemas
+
+try:
+    import jsonschema
+except ImportError:
+    print("python3-jsonschema is not installed: the schemas are not tested")
+    sys.exit("\n".join(failures) or 77)
+for schema, command in (("settings", "show trace.def main.opt --set 'list a' --origin --fingerprint"), ("settings", "show trace.def"),
+                        ("changes", "diff examples/solver.def examples/solver-2.def"),
+                        ("differences", "diff --definition trace.def a.opt main.opt"),
+                        ("differences", "diff --matrix trace.def a.opt b.opt main.opt")):
+    validator = jsonschema.Draft202012Validator(json.loads(read(f"{DOCS}/{schema}.schema.json")))
+    validator.check_schema(validator.schema)
+    document = json.loads(run(f"wexcorin {command} --json")[0])
+    expect(f"{command}: what does not match docs/{schema}.schema.json",
+           [f"{list(error.path)}: {error.message}" for error in validator.iter_errors(document)], [])
+sys.exit("\n".join(failures) or 0)
