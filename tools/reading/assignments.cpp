@@ -1,6 +1,7 @@
 // Decides which assignments get a warning.
 #include "tools/reading/assignments.h"
 
+#include <cmath>
 #include <optional>
 #include <utility>
 
@@ -49,10 +50,14 @@ std::string textof(const tvalue& value) {
   return text != nullptr ? *text : std::string();
 }
 
-// Numbers that differ only in digits that are not shown count as the same.
+// Numbers that differ only in digits that are not shown count as the same. Texts are made only of numbers that
+// are that near to each other.
 bool issame(const tvalue& a, const tvalue& b) {
-  const bool numbers = std::holds_alternative<double>(a) && std::holds_alternative<double>(b);
-  return a == b || (numbers && textof(a) == textof(b));
+  const auto* one = std::get_if<double>(&a);
+  const auto* other = std::get_if<double>(&b);
+  if (one == nullptr || other == nullptr || *one == *other) return a == b;
+  constexpr double near = 1e-13;
+  return std::abs(*one - *other) <= near * std::abs(*one) && textof(a) == textof(b);
 }
 
 }  // namespace

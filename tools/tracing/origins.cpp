@@ -93,7 +93,7 @@ std::string placetext(const ttracer& tracer, std::uint32_t source, std::int32_t 
   for (const tsource* next = &read; next->includer >= 0;) {
     const tsource& includer = tracer.source(static_cast<std::uint32_t>(next->includer));
     const std::string place = includer.istext ? includer.name : tool::placetext({includer.name, next->line});
-    result = utf8(place) + " > " + result;
+    result.insert(0, utf8(place).append(" > "));
     next = &includer;
   }
   return result;
