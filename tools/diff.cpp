@@ -87,7 +87,7 @@ struct tread {
  private:
   std::string optionorigin(std::int32_t position) const {
     const optcore::toption& option = reading.store().definition().option(position);
-    const std::string first = origins->text(option, optcore::twhich::first);
+    std::string first = origins->text(option, optcore::twhich::first);
     if (option.subtype() != optcore::tsubtype::twovalues) return first;
     const std::string second = origins->text(option, optcore::twhich::second);
     return second == first ? first : first + "; " + second;

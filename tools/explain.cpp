@@ -129,7 +129,7 @@ void printtouches(const ttouches& touches) {
 
 std::string forcetext(const ttouches& touches, const toption& option, twhich which) {
   const ttouch* touch = touches.inforce(which);
-  const std::string value = currentvalue(option, which).text;
+  std::string value = currentvalue(option, which).text;
   if (touch != nullptr && option.opttype() == topttype::strlist) return value;
   return value +
          (touch == nullptr ? ", the default" : ", from " + placetext(touches, touch->source, touch->line));

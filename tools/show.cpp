@@ -45,7 +45,7 @@ bool hastwovalues(const trow& row) { return row.option.subtype == optcore::tsubt
 // One text for both values if both come from the same line.
 std::string origintext(const trow& row, const torigins* origins) {
   if (origins == nullptr) return {};
-  const std::string first = origins->text(*row.stored, optcore::twhich::first);
+  std::string first = origins->text(*row.stored, optcore::twhich::first);
   if (!hastwovalues(row)) return first;
   const std::string second = origins->text(*row.stored, optcore::twhich::second);
   return second == first ? first : first + "; " + second;

@@ -7,6 +7,7 @@
 #include <map>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "options/vksoptions.h"
@@ -19,7 +20,10 @@ struct tsettingkey {
   tkind kind;
   std::int32_t position;  // of an option; 0 for the others
   std::string name;       // as people read it
-  auto operator<=>(const tsettingkey&) const = default;
+  bool operator==(const tsettingkey&) const = default;
+  bool operator<(const tsettingkey& other) const {
+    return std::tie(kind, position, name) < std::tie(other.kind, other.position, other.name);
+  }
 };
 
 struct tsetting {
