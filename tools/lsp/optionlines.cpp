@@ -14,9 +14,9 @@ std::optional<toptionline> optionlineat(const tdocument& document, std::size_t o
     result.span = text.line(number);
     result.text = readpart(text.part(result.span));
     const bool eolonly = result.parts.eolonly;
-    const bool isread = !result.text.empty() && result.text.front() != '*';
-    result.parts = isread ? spansof(result.store->definition(), result.text, eolonly) : tlinespans{};
-    if (!isread) result.parts.eolonly = eolonly;
+    const bool isplain = isread(result.text);
+    result.parts = isplain ? spansof(result.store->definition(), result.text, eolonly) : tlinespans{};
+    if (!isplain) result.parts.eolonly = eolonly;
   }
   return result;
 }
