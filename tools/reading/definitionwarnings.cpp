@@ -138,11 +138,11 @@ void tdefinitioncheck::reachable(std::int32_t index, const std::set<std::int32_t
 void tdefinitioncheck::synonym(std::int32_t position) {
   const auto name = fdefinition.synonyms().getname(position);
   const toption* found = fdefinition.getobjects(fdefinition.optlookup(name));
+  if (found == nullptr || found == fdefinition.synonymtarget(position)) return;
   const tholder holder = holderof(name, fdefinition, flines);
-  if (found != nullptr && found != fdefinition.synonymtarget(position))
-    warn(flines.ofsynonym(position), "name-not-found",
-         "Synonym " + inquotes(fdefinition.nounderscore(name)) + " is never used. " + holder.text, "name",
-         holder.line);
+  warn(flines.ofsynonym(position), "name-not-found",
+       "Synonym " + inquotes(fdefinition.nounderscore(name)) + " is never used. " + holder.text, "name",
+       holder.line);
 }
 
 }  // namespace
