@@ -101,18 +101,16 @@ trewriter::tpiece trewriter::piece(const tcase& each) {
 // ---- statements that set nothing under the older definition
 
 trewriter::tpiece trewriter::refused(const tcase& each) {
+  const bool isobsolete = !each.meaning.problems.empty() && !each.meaning.haserror();
+  if (isobsolete && each.older != nullptr)
+    return commented(each, because("obsolete", reasonof(*each.older, each.newer)), false);
   tlinestate state = fstate;
   const tmeaning& seen = fnewer.read(each.text, state);
   tpiece result = asis(each);
   result.outcome = outcomeof(seen.effects);
-  if (!seen.effects.empty() || seen.hasimmediate()) {
+  if (!seen.effects.empty() || seen.hasimmediate())
     result.notes.push_back({taction::taken, each.name(), "Only the newer definition takes this; it stays"});
-    return result;
-  }
-  const bool obsolete = !each.meaning.problems.empty() && !each.meaning.haserror();
-  if (obsolete && each.older != nullptr)
-    return commented(each, because("obsolete", reasonof(*each.older, each.newer)), false);
-  if (each.meaning.haserror())
+  else if (each.meaning.haserror())
     result.notes.push_back(
         {taction::refused, each.name(), "Not taken before either: " + each.meaning.problemtext(), true});
   return result;
@@ -212,7 +210,7 @@ std::optional<trewriter::tpiece> trewriter::same(const tcase& each) {
     if (isplain && renamed.ends_with(value.of(fline->text))) ways.push_back({quoted(renamed)});
   }
   if (isplain && original.ends_with(value.of(fline->text))) ways.push_back({quoted(original)});
-  if (auto texts = settingtexts(fnewer.definition(), each.expected)) ways.push_back(*texts);
+  if (auto texts = settingtexts(fnewer.definition(), each.expected, fstate)) ways.push_back(*texts);
   for (const ttexts& way : ways)
     if (auto result = attempt(each, way, each.expected)) {
       addremarks(each, *result);
@@ -245,7 +243,7 @@ std::optional<trewriter::tpiece> trewriter::clamped(const tcase& each) {
     ways.push_back({text});
     ways.push_back({replaced(text, each.spans, each.spans.name, name)});
   }
-  if (auto texts = settingtexts(fnewer.definition(), expected)) ways.push_back(*texts);
+  if (auto texts = settingtexts(fnewer.definition(), expected, fstate)) ways.push_back(*texts);
   tcase other = each;
   other.expected = expected;
   for (const ttexts& way : ways)

@@ -41,7 +41,7 @@ void tmigration::pin(const tmigratedfile& file) {
   if (fdefinitions.areequal() || fpinned.contains(&file)) return;
   tpins& pins = fpinned[&file];
   const tdefinition& definition = fdefinitions.successors().older().definition();
-  for (std::int32_t i = 0; i < definition.getcount(); ++i) {
+  for (std::int32_t i = 0; i < fdefinitions.successors().count(); ++i) {
     const toption* newer = fdefinitions.successors().of(i);
     if (newer == nullptr || fstore->definition().option(i).defined() != 0) continue;
     if (fisset[static_cast<std::size_t>(fdefinitions.successors().newer().of(newer))]) continue;
@@ -71,7 +71,7 @@ void tmigration::pinoption(tpins& pins, const toption& older, const toption& new
   }
   const tdefinition& definition = fdefinitions.newdefinition();
   const auto attempt = [&](const toutcome& outcome) {
-    const auto texts = settingtexts(definition, outcome);
+    const auto texts = settingtexts(definition, outcome, {flastneweolonly, false});
     const bool can =
         texts && fdefinitions.rewriter().canadd(texts->front(), outcome, {flasteolonly, fnobounds},
                                                 {flastneweolonly, fnewnobounds});

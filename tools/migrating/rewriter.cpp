@@ -88,6 +88,8 @@ bool trewriter::holds(const std::vector<std::string>& lines, const toutcome& exp
     if (then.isnothing() != now.isnothing()) return false;
     if (then.hasimmediate() != now.hasimmediate() && !then.problems.empty() == now.problems.empty())
       return false;
+    const bool isobsolete = then.effects.empty() && !then.problems.empty() && !then.haserror();
+    if (isobsolete && !outcome.items.empty()) return false;
     if (!then.effects.empty() && !issame(outcomeof(then.effects, folderpositions, fsuccessors), outcome))
       return false;
   }

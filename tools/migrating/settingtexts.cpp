@@ -23,7 +23,8 @@ namespace {
 std::string valuesof(const tdefinition& definition, const std::vector<titem>& items, std::size_t at) {
   const titem& item = items[at];
   const std::string value = writtenvalue(definition, valuetext(item.value));
-  if (item.option == nullptr || item.option->subtype() != tsubtype::twovalues) return value;
+  const bool hadtwo = item.subtype == tsubtype::twovalues;  // otherwise the only value sets both
+  if (item.option == nullptr || item.option->subtype() != tsubtype::twovalues || !hadtwo) return value;
   if (item.which == twhich::second) return "* " + value;
   const bool hassecond =
       at + 1 < items.size() && items[at + 1].option == item.option && items[at + 1].which == twhich::second;
@@ -32,7 +33,8 @@ std::string valuesof(const tdefinition& definition, const std::vector<titem>& it
 
 }  // namespace
 
-std::optional<std::vector<std::string>> settingtexts(const tdefinition& definition, const toutcome& outcome) {
+std::optional<std::vector<std::string>> settingtexts(const tdefinition& definition, const toutcome& outcome,
+                                                     tlinestate state) {
   std::vector<std::string> result;
   const std::vector<titem>& items = outcome.items;
   for (std::size_t i = 0; i < items.size(); ++i) {
@@ -43,6 +45,10 @@ std::optional<std::vector<std::string>> settingtexts(const tdefinition& definiti
     if (iswritten) continue;
     const std::string name = item.option != nullptr ? writtenname(definition, *item.option) : item.symbol;
     if (name.empty()) return std::nullopt;
+    if (item.option == nullptr && state.eolonly) {  // the text is what stands there
+      result.push_back(name + " = " + valuetext(item.value));
+      continue;
+    }
     const bool isflag = item.option != nullptr && item.option->subtype() == tsubtype::novalue;
     result.push_back(isflag ? name : name + " " + valuesof(definition, items, i));
   }

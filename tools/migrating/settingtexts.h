@@ -14,10 +14,10 @@ namespace tool {
 std::string writtenvalue(const optcore::tdefinition& definition, const std::string& text,
                          bool quoted = false);
 
-// A setting for each option and list; nothing if one of them cannot be written. Dot entries and indicators are
-// not written.
+// A setting for each option and list, to be read in this state; nothing if one of them cannot be written. Dot
+// entries and indicators are not written.
 std::optional<std::vector<std::string>> settingtexts(const optcore::tdefinition& definition,
-                                                     const toutcome& outcome);
+                                                     const toutcome& outcome, tlinestate state);
 
 // Moves the numbers that are out of the bounds of their options to the nearest bound. Returns what was moved,
 // as texts.

@@ -18,11 +18,14 @@ class tsuccessors {
 
   // Of the option at a position of the older definition; null if there is none.
   const optcore::toption* of(std::int32_t position) const {
-    return position < 0 ? nullptr : fsuccessors[static_cast<std::size_t>(position)];
+    return position < 0 || position >= count() ? nullptr : fsuccessors[static_cast<std::size_t>(position)];
   }
   // The position in the older definition of the option that an option of the newer one continues; -1 for a
   // new option.
   std::int32_t predecessorof(const optcore::toption& option) const;
+
+  // The number of options in the older definition.
+  std::int32_t count() const { return static_cast<std::int32_t>(fsuccessors.size()); }
 
   const tpositions& older() const { return folder; }
   const tpositions& newer() const { return fnewer; }
