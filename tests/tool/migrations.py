@@ -41,6 +41,8 @@ def text(value):
 
 # Whether the newer definition takes the value.
 def allowed(name, before, after):
+    if after["name"].lower() in FLAGS:
+        return False
     values = value_of(before) if "value2" in before else value_of(before)[:1]
     line = f"{name} " + " ".join(f'"{text(value)}"' for value in values)
     write("one.opt", line.replace("_", " ") + "\n" if MINOS else line + "\n")
@@ -114,10 +116,12 @@ def case(seed):
         if read("help/case.opt") != read("case.opt"):
             return "the definition is the same, but the file was changed"
     spreads = {option["name"].lower() for option in old["options"] if option["type"] in ("macro", "multilist")}
-    return compare(renames, report, flags, spreads) if isclean else ""
+    never = {name.lower() for name in old["obsolete"]}
+    return compare(renames, report, flags, spreads, never) if isclean else ""
 
 
-def compare(renames, report, flags, spreads):
+# `never` are the options that a line of the older definition cannot set by their names.
+def compare(renames, report, flags, spreads, never):
     notes = report["files"][0]["notes"]
     before, entries_before = settings("old.def", "case.opt")
     after, entries_after = settings("new.def", "out/case.opt")
@@ -135,7 +139,7 @@ def compare(renames, report, flags, spreads):
         elif not name.startswith(".") and row["type"] not in ("macro", "multilist") and not same(row, now):
             if not told & (spreads | {name, ""}):
                 return f"{name} was {row['value']}, is {now['value']}, and nothing is left to decide"
-            if name in told and allowed(renames.get(name, name), row, now) and not obsolete(name, notes):
+            if name in told and name not in never and allowed(renames.get(name, name), row, now) and not obsolete(name, notes):
                 return f"{name} was {row['value']}, is {now['value']}, but could be the same"
     for name, row in after.items():
         if row["set"] and row["name"] not in expected:

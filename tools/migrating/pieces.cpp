@@ -273,7 +273,8 @@ trewriter::tpiece trewriter::left(const tcase& each) {
     const toutcome outcome = outcomeof(seen.effects);
     if (why.empty()) why = seen.problemtext();
     if (seen.hasimmediate() || !isnothingelse(each.expected, outcome)) continue;
-    if (text != original && !holds({text}, outcome)) continue;
+    const bool isfound = !seen.statements.empty() && seen.statements.front().option == each.newer;
+    if (text != original && (!isfound || !holds({text}, outcome))) continue;
     tpiece result = asis(each);
     result.outcome = outcome;
     result.ischanged = text != original;
@@ -283,7 +284,7 @@ trewriter::tpiece trewriter::left(const tcase& each) {
                             why.empty() ? "The newer definition reads it in another way" : why, true});
     return result;
   }
-  return commented(each, why.empty() ? "it means something else now" : why, true);
+  return commented(each, because("not taken in the same way", why), true);
 }
 
 }  // namespace tool

@@ -48,19 +48,20 @@ void tmigration::pin(const tmigratedfile& file) {
     const toption& older = definition.option(i);
     if (older.subtype() == tsubtype::novalue || newer->subtype() == tsubtype::novalue) continue;
     const titem before = defaultitem(older, *newer), after = defaultitem(*newer, *newer);
-    if (before.value.index() == 0 || after.value.index() == 0 || samevalue(before, after)) continue;
-    pinoption(pins, older, *newer);
+    const bool hasboth = (before.value.index() == 0) == (after.value.index() == 0);
+    if (!hasboth || !samevalue(before, after)) pinoption(pins, older, *newer);
   }
 }
 
 void tmigration::pinoption(tpins& pins, const toption& older, const toption& newer) {
   titem item = defaultitem(older, newer);
-  const std::string what =
-      "The default is now " + valuetext(defaultof(newer)) + ", was " + valuetext(item.value);
+  const auto shown = [](const tvalue& value) { return value.index() == 0 ? "none" : valuetext(value); };
+  const std::string what = "The default is now " + shown(defaultof(newer)) + ", was " + shown(item.value);
   const auto note = [&](taction action, const std::string& text, bool decide) {
     pins.notes.push_back({action, std::string(older.getname()), what + text, decide});
   };
-  if (isdotoption(newer) || newer.hasdeprecation(tdeprecation::obsolete))
+  const bool isvalue = item.value.index() != 0 && defaultof(newer).index() != 0;
+  if (!isvalue || isdotoption(newer) || newer.hasdeprecation(tdeprecation::obsolete))
     return note(taction::newdefault, "; a line cannot set it", fpins);
   if (!fpins) return note(taction::newdefault, "; --pin keeps the old one", false);
   toutcome expected;

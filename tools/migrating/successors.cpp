@@ -47,8 +47,20 @@ std::int32_t tsuccessors::predecessorof(const toption& option) const {
 
 namespace {
 
+// In lookup mode Minos, the words of a name are typed with blanks between them, and the first words that are a
+// name count.
+bool istyped(const tdefinition& definition, std::string_view name) {
+  if (definition.lookupmode() != tlookupmode::minos) return true;
+  int words = 1;
+  for (std::size_t at = name.find('_'); at != std::string_view::npos; at = name.find('_', at + 1)) {
+    const bool joins = at + 1 < name.size() && isletter(name[at + 1]);
+    if (!joins || ++words > 4 || definition.optionasobj(name.substr(0, at)) != nullptr) return false;
+  }
+  return true;
+}
+
 bool finds(const tdefinition& definition, std::string_view name, const toption& option) {
-  return definition.optionasobj(name) == &option;
+  return definition.optionasobj(name) == &option && istyped(definition, name);
 }
 
 bool iskeyword(const tdefinition& definition, std::string_view name) {
