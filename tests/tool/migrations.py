@@ -14,7 +14,12 @@ OTHERS = ["", "* a comment", "# a comment", "   ", "! x", "no such 5", "9", "alp
 
 def settings(definition, file):
     rows = json.loads(run(f"wexcorin show {definition} {file} --json")[0])["options"]
-    options = {row["name"].lower().replace(" ", "_"): row for row in rows}
+    options = {}
+    for row in rows:
+        name = row["name"].lower().replace(" ", "_")
+        if name in options:  # in lookup mode Minos, a list with underscores is made anew by each line
+            row["value"] = options[name]["value"] + row["value"]
+        options[name] = row
     out = run(f"wexcorin diff --defaults {file} --definition {definition} --json")[0]
     return options, [(each["name"].lower().split(" ", 1)[-1], each["values"][0]["value"])
                      for each in json.loads(out)["differences"] if each["kind"] in ("dot line", "indicator")]
@@ -91,14 +96,15 @@ def case(seed):
     made = [change(new, choice) for _ in range(choice.choice([1, 1, 2, 3, 5]))]
     write("old.def", text_of(old))
     write("new.def", text_of(new))
-    out, _, code = run("wexcorin diff old.def new.def --json")
-    if code == 2 or not any(made):
+    if run("wexcorin diff old.def new.def")[2] == 2 or not any(made):
         return None
     MINOS = new["mode"] == "Minos"
     FLAGS = {option["name"].lower() for each in (old, new) for option in each["options"] if option["modifier"] == ".NV"}
     FLAGS |= {name.replace("_", " ") for name in FLAGS}
-    renames = {each["before"].lower(): each["after"].lower() for each in json.loads(out)["changes"]
-               if each["kind"] == "renamed" and each["before"]}
+    olders = {option["name"].lower() for option in old["options"]}
+    newers = {option["name"].lower() for option in new["options"]}
+    renames = {name.lower(): target.lower() for name, target in new["synonyms"]
+               if name.lower() in olders - newers and target.lower() not in olders}
     isclean = choice.random() < 0.7
     write("case.opt", option_file(old, new, choice))
     if isclean:

@@ -226,7 +226,8 @@ class timport {
     const std::string whole = text + std::string(parts.gap) + comment;
     const bool isbehind = comment.empty() || iscommentmark('#');
     const std::string_view lineend = fend.ends_with('\n') ? fend : ffile.lineend();
-    const std::string result = isbehind ? whole : "* " + comment.substr(1) + std::string(lineend) + text;
+    const std::string result =
+        isbehind ? whole : "* " + std::string(trim(comment.substr(1))) + std::string(lineend) + text;
     if (result + std::string(fend) == fwhole) return ffile.keep(fwhole);
     write(result);
   }

@@ -224,7 +224,8 @@ void tmigration::add(topen& open, const tnewline& lines, std::string_view text, 
 
 void tmigration::checkrefused(topen& open, const tmeaning& meaning) {
   for (std::size_t i = 0; i < meaning.statements.size(); ++i)
-    if (const tmeaning own = meaning.of(i); own.haserror() && !own.hasimmediate())
+    if (const tmeaning own = meaning.of(i);
+        own.haserror() && (!own.hasimmediate() || own.problems.front().isfile))
       open.result.notes.add(open.line, {taction::refused, own.statements[0].key,
                                         "It is not taken: " + own.problemtext(), true});
 }

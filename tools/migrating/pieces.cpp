@@ -128,6 +128,8 @@ trewriter::tpiece trewriter::immediate(const tcase& each) {
   };
   tpiece result = asis(each);
   result.isaction = true;
+  if (std::ranges::any_of(each.meaning.problems, &tlineproblem::isfile))
+    result.notes.push_back({taction::refused, each.name(), each.meaning.problemtext(), true});
   if (acts(result.texts.front())) return result;
   const std::string name = each.newer != nullptr ? writtenname(fnewer.definition(), *each.newer) : "";
   const std::string text = replaced(each.text, each.spans, each.spans.name, name);

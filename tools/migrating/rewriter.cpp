@@ -83,17 +83,25 @@ bool trewriter::holds(const std::vector<std::string>& lines, const toutcome& exp
   for (const std::string& line : lines) {
     const tmeaning& now = fnewer.read(line, state);
     const tmeaning& then = folder.read(line, before);
-    const toutcome outcome = outcomeof(now.effects);
-    all.append(outcome);
+    all.append(outcomeof(now.effects));
     if (then.isnothing() != now.isnothing()) return false;
     if (then.hasimmediate() != now.hasimmediate() && !then.problems.empty() == now.problems.empty())
       return false;
-    const bool isobsolete = then.effects.empty() && !then.problems.empty() && !then.haserror();
-    if (isobsolete && !outcome.items.empty()) return false;
-    if (!then.effects.empty() && !issame(outcomeof(then.effects, folderpositions, fsuccessors), outcome))
+    if (then.statements.size() == now.statements.size()) {
+      for (std::size_t i = 0; i < now.statements.size(); ++i)
+        if (!stays(then.of(i), now.of(i))) return false;
+    } else if (!stays(then, now)) {
       return false;
+    }
   }
   return issame(expected, all);
+}
+
+// Whether what is read so by both definitions would be left as it is.
+bool trewriter::stays(const tmeaning& then, const tmeaning& now) const {
+  const bool isobsolete = then.effects.empty() && !then.problems.empty() && !then.haserror();
+  if (then.effects.empty()) return !isobsolete || now.effects.empty();
+  return issame(outcomeof(then.effects, folderpositions, fsuccessors), outcomeof(now.effects));
 }
 
 bool trewriter::canadd(const std::string& text, const toutcome& expected, tlinestate before, tlinestate now) {
@@ -111,6 +119,10 @@ namespace {
 
 // The comment of a line, as a line of its own.
 std::string commentline(std::string_view text) { return "* " + std::string(text); }
+
+std::string_view trimleft(std::string_view text) {
+  return text.substr(std::min(text.find_first_not_of(" \t"), text.size()));
+}
 
 // The reasons why statements become comments.
 std::vector<std::string> reasonlines(const tnote& note) {
@@ -157,11 +169,11 @@ std::vector<trewriter::ttexts> trewriter::variants(const tlinespans& spans,
   const std::string comment(spans.comment.of(fline->text));
   std::vector<ttexts> result = {inplace(spans, pieces, comment, false)};
   const tcharset& marks = fnewer.definition().eolcommset();
-  if (!comment.empty() && !marks.test(static_cast<unsigned char>(comment.front()))) {
-    for (int code = 255; code > 0; --code)
-      if (marks.test(static_cast<std::size_t>(code)))
+  const bool ismarked = !comment.empty() && marks.test(static_cast<unsigned char>(comment.front()));
+  for (const bool both : {true, false})  // first the characters that begin comments in both definitions
+    for (std::size_t code = 1; !comment.empty() && !ismarked && code < marks.size(); ++code)
+      if (marks[code] && fline->definition.eolcommset()[code] == both)
         result.push_back(inplace(spans, pieces, static_cast<char>(code) + comment.substr(1), false));
-  }
   if (!comment.empty()) result.push_back(inplace(spans, pieces, comment, true));
   if (pieces.size() > 1) result.push_back(split(spans, pieces));
   return result;
@@ -200,7 +212,7 @@ trewriter::ttexts trewriter::inplace(const tlinespans& spans, const std::vector<
   const std::size_t begin = spans.comment.empty() ? fline->text.size() : spans.comment.begin;
   text.append(fline->text.substr(at, std::max(begin, at) - at));
   if (commentabove) {
-    above.push_back(commentline(comment.substr(1)));
+    above.push_back(commentline(trimleft(comment.substr(1))));
     text.resize(text.find_last_not_of(" \t") + 1);
   } else if (!spans.comment.empty()) {
     text.append(comment).append(fline->text.substr(spans.comment.end));
@@ -213,7 +225,8 @@ trewriter::ttexts trewriter::inplace(const tlinespans& spans, const std::vector<
 // Each statement on a line of its own, for reading in end-of-line mode.
 trewriter::ttexts trewriter::split(const tlinespans& spans, const std::vector<tpiece>& pieces) const {
   ttexts result;
-  if (!spans.comment.empty()) result.push_back(commentline(spans.comment.of(fline->text).substr(1)));
+  if (!spans.comment.empty())
+    result.push_back(commentline(trimleft(spans.comment.of(fline->text).substr(1))));
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     for (const std::string& text : pieces[i].texts) result.push_back(text);
     if (!pieces[i].texts.empty()) continue;
