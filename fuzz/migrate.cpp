@@ -50,8 +50,9 @@ tnoted notedin(const std::deque<tmigratedfile>& files, const tdefinition& older)
     result.all |= file.notes.unlisted() != 0 || !file.isread;
     for (const auto& [line, note] : file.notes.kept()) {
       result.taken |= note.action == taction::taken;
-      const bool counts = note.decide || note.action == taction::clamped || note.action == taction::commented ||
-                          note.action == taction::reduced || note.action == taction::newdefault;
+      const bool counts = note.decide || note.action == taction::clamped ||
+                          note.action == taction::commented || note.action == taction::reduced ||
+                          note.action == taction::newdefault;
       if (!counts || note.action == taction::refused) continue;
       std::string name = note.name;
       std::ranges::replace(name, ' ', '_');
@@ -65,7 +66,8 @@ tnoted notedin(const std::deque<tmigratedfile>& files, const tdefinition& older)
 }
 
 tool::titem itemof(const toption& option, twhich which) {
-  tool::titem result{.kind = tool::teffect::tkind::value, .type = option.opttype(), .subtype = option.subtype()};
+  tool::titem result{
+      .kind = tool::teffect::tkind::value, .type = option.opttype(), .subtype = option.subtype()};
   if (const auto* number = ifis<tdbloption>(&option))
     result.value = number->value(which);
   else if (const auto integer = option.getasinteger12(which))
@@ -88,8 +90,8 @@ bool isheld(const toption& before, const toption& after) {
 }
 
 // What the files set under both definitions.
-void checkvalues(const tool::tdefinitions& definitions, const tvksoptions& before, const tvksoptions& after,
-                 const tnoted& noted) {
+void checkvalues(const tool::tdefinitions& definitions, const optcore::tvksoptions& before,
+                 const optcore::tvksoptions& after, const tnoted& noted) {
   const tool::tsuccessors& successors = definitions.successors();
   for (std::int32_t i = 0; i < successors.count(); ++i) {
     const toption* newer = successors.of(i);
@@ -103,18 +105,17 @@ void checkvalues(const tool::tdefinitions& definitions, const tvksoptions& befor
     else
       HOLDS(now.defined() == 0, now.name(), now.getasstring().view());
   }
-  for (std::int32_t i = 0; i < definitions.newdefinition().getcount() && !noted.taken; ++i) {
+  for (std::int32_t i = 0; i < definitions.newer.store().getcount() && !noted.taken; ++i) {
     const toption& option = after.definition().option(i);
-    const bool isnew = i < successors.newer().definition().getcount() && successors.predecessorof(
-                           definitions.newdefinition().option(i)) < 0;
-    if (isnew && !option.name().starts_with("--")) HOLDS(option.defined() == 0, option.name());
+    if (successors.predecessorof(definitions.newdefinition().option(i)) < 0)
+      HOLDS(option.defined() == 0, option.name());
   }
 }
 
 void checkproof(tool::tdefinitions& definitions, const tfiles& old, const std::deque<tmigratedfile>& files) {
   const tnoted noted = notedin(files, definitions.older.store().definition());
-  tvksoptions before, after;
-  const auto read = [](tvksoptions& store, const char* definition) {
+  optcore::tvksoptions before, after;
+  const auto read = [](optcore::tvksoptions& store, const char* definition) {
     beforecall();
     HOLDS(store.optreaddefinition(definition) == 0, definition);
     store.optclearmessages();
@@ -131,12 +132,11 @@ void checkproof(tool::tdefinitions& definitions, const tfiles& old, const std::d
 // The columns of the names are where the library found them.
 class tcolumncheck final : public tstoreobserver {
  public:
-  explicit tcolumncheck(tvksoptions& store) : fstore(store) { store.setobserver(this); }
+  explicit tcolumncheck(optcore::tvksoptions& store) : fstore(store) { store.setobserver(this); }
   ~tcolumncheck() override { fstore.setobserver(nullptr); }
   void run(std::string_view line, bool eolonly) {
     line = tool::readpart(line);
     if (line.empty() || line.front() == '*' || line.find('\0') != line.npos) return;
-    tool::tlinestate state{eolonly, false};
     fstore.opteolonlyset(eolonly);
     fkeys.clear();
     const tool::tlinespans spans = tool::spansof(fstore.definition(), line, eolonly);
@@ -145,7 +145,7 @@ class tcolumncheck final : public tstoreobserver {
     std::vector<std::string> names;
     for (const auto& each : spans.statements)
       names.emplace_back(each.kind == tool::tstatementspans::tkind::dotline ? each.symbol.of(line)
-                                                                             : each.name.of(line));
+                                                                            : each.name.of(line));
     HOLDS(names.size() == fkeys.size(), line);
     for (std::size_t i = 0; i < names.size(); ++i) {
       std::string name;  // in lookup mode Minos, blanks stand for underscores
@@ -167,12 +167,12 @@ class tcolumncheck final : public tstoreobserver {
     if (begins) fkeys.emplace_back(step.key);
   }
 
-  tvksoptions& fstore;
+  optcore::tvksoptions& fstore;
   std::vector<std::string> fkeys;
 };
 
 void checkcolumns(std::string_view text) {
-  tvksoptions store;
+  optcore::tvksoptions store;
   beforecall();
   store.optreaddefinition("old");
   tcolumncheck check(store);
