@@ -46,6 +46,7 @@ tdestinations destinationsin(const std::string& folder, std::deque<tmigratedfile
   tdestinations result;
   std::map<tpath, const tmigratedfile*> taken;
   for (tmigratedfile& file : files) {
+    if (!file.isread) continue;
     const tpath place = within(folderof(file.root), file.name);
     if (place.empty()) {
       result.problems.push_back(file.name + ": it is outside of the folder of " + file.root +

@@ -11,13 +11,6 @@ void tnotelist::add(std::int32_t line, const tnote& note) {
     ++funlisted;
 }
 
-void tnotelist::append(const tnotelist& other) {
-  const std::size_t decisions = fdecisions + other.fdecisions;
-  for (const tlinenote& each : other.fkept) add(each.line, each.note);
-  funlisted += other.funlisted;
-  fdecisions = decisions;
-}
-
 void tmigratedfile::replace(std::string_view lines, std::string_view text) {
   const auto begin = static_cast<std::size_t>(lines.data() - before.data());
   replaced.push_back({begin, lines.size(), after.size(), text.size()});

@@ -21,7 +21,6 @@ struct tlinenote {
 class tnotelist {
  public:
   void add(std::int32_t line, const tnote& note);
-  void append(const tnotelist& other);
   void clear() { *this = {}; }
 
   const std::vector<tlinenote>& kept() const { return fkept; }
