@@ -122,7 +122,7 @@ void tdefinitioncheck::reachable(std::int32_t index, const std::set<std::int32_t
   warn(line, "name-not-found",
        "Option " + inquotes(option.getname()) + " cannot be set by its name" +
            (fdefinition.optlookup(option.name()) < 0 ? ", which the lookup mode does not find"
-                                                     : ": " + holderof(option.name(), fdefinition, flines)));
+                                                     : ". " + holderof(option.name(), fdefinition, flines)));
 }
 
 void tdefinitioncheck::synonym(std::int32_t position) {
@@ -130,15 +130,15 @@ void tdefinitioncheck::synonym(std::int32_t position) {
   const toption* found = fdefinition.getobjects(fdefinition.optlookup(name));
   if (found != nullptr && found != fdefinition.synonymtarget(position))
     warn(flines.ofsynonym(position), "name-not-found",
-         "Synonym " + inquotes(fdefinition.nounderscore(name)) +
-             " is never used: " + holderof(name, fdefinition, flines));
+         "Synonym " + inquotes(fdefinition.nounderscore(name)) + " is never used. " +
+             holderof(name, fdefinition, flines));
 }
 
 }  // namespace
 
 std::string holderof(std::string_view name, const tdefinition& definition, tdefinitionlines& lines) {
   const auto text = [&](const char* kind, std::string_view holder, std::int32_t line) {
-    return std::string("the name finds ") + kind + inquotes(definition.nounderscore(holder)) +
+    return std::string("The name finds ") + kind + inquotes(definition.nounderscore(holder)) +
            (line == 0 ? ", which every definition has" : " at line " + std::to_string(line));
   };
   if (const std::int32_t index = definition.optlookup(name); index >= 0)
