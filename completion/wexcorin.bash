@@ -91,6 +91,7 @@ _wexcorin() {
     --group:*) _wexcorin_words "$cur" "$(_wexcorin_options "$1" "$definition" --groups)" ;;
     --limit:* | --title:* | --release:*) ;;
     --fail-on:*) _wexcorin_words "$cur" 'breaking silent any' ;;
+    --syntax:*) _wexcorin_words "$cur" 'wexcorin assignments' ;;
     --color:*) _wexcorin_words "$cur" 'auto always never' ;;
     --format:*) _wexcorin_words "$cur" 'text json sarif github' ;;
     --allow:*) _wexcorin_list "$cur" "$_wexcorin_rules" ;;
@@ -110,13 +111,17 @@ _wexcorin() {
         template) _wexcorin_words "$cur" '-h --help -o --output --group --color' ;;
         write) _wexcorin_words "$cur" '-h --help --set -o --output --exact --force --color' ;;
         diff) _wexcorin_words "$cur" '-h --help --definition --defaults --matrix --json --markdown --fail-on --color --no-pager' ;;
+        migrate)
+          _wexcorin_words "$cur" '-h --help --from --to -o --output --in-place --no-backup --dry-run --clamp --pin --syntax
+            --json --color'
+          ;;
         doc) _wexcorin_words "$cur" '-h --help -o --output --title --release --force --color' ;;
         lsp) _wexcorin_words "$cur" '-h --help --stdio --color' ;;
       esac
       ;;
     *)
       case $command:${#arguments[@]} in
-        :*) _wexcorin_words "$cur" 'check show explain get find help template write diff doc lsp' ;;
+        :*) _wexcorin_words "$cur" 'check show explain get find help template write diff migrate doc lsp' ;;
         doc:0) _wexcorin_words "$cur" 'definition pascal html c markdown page json' ;;
         help:1)
           _wexcorin_words "$cur" "$(_wexcorin_options "$1" "$definition"; _wexcorin_options "$1" "$definition" --groups)"

@@ -8,7 +8,7 @@ function __wexcorin_arguments
         if test $skip = yes
             set skip no
         else if contains -- $word --set -o --output --group --limit --allow --title --release --color --columns \
-                --definition --format --fail-on
+                --definition --format --fail-on --from --to --syntax
             set skip yes
         else if not string match -q -- '-?*' $word
             echo -- $word
@@ -66,6 +66,7 @@ function __wexcorin_words
                 help\t'Print the help that a definition holds' template\t'Write an option file to start from' \
                 write\t'Write the settings of option files as one option file' \
                 diff\t'Compare two definitions, or the values of option files' \
+                migrate\t'Bring option files of an older definition up to date' \
                 doc\t'Write a definition in another form' lsp\t'Serve an editor'
         case 'doc 1'
             printf '%s\n' definition\t'A definition file' pascal\t'An include file with the option numbers' \
@@ -75,7 +76,7 @@ function __wexcorin_words
             __wexcorin_options
             __wexcorin_options --groups
         case 'get 1' 'explain 1' 'help [!1]*' 'doc [!2]'
-        case 'help 1' 'find 1' 'template 1' 'doc 2' 'get *' 'explain *' 'check *' 'show *' 'write *' 'diff *'
+        case 'help 1' 'find 1' 'template 1' 'doc 2' 'get *' 'explain *' 'check *' 'show *' 'write *' 'diff *' 'migrate *'
             __fish_complete_path (commandline -ct)
     end
 end
@@ -83,13 +84,13 @@ end
 complete -c wexcorin -f -a '(__wexcorin_words)'
 complete -c wexcorin -s h -l help -d 'Print help'
 complete -c wexcorin -n 'test (count (__wexcorin_arguments)) = 0' -l version -d 'Print the version'
-complete -c wexcorin -n '__wexcorin_in check show explain get find help template write diff doc lsp' -l color -x -a 'auto always never' \
+complete -c wexcorin -n '__wexcorin_in check show explain get find help template write diff migrate doc lsp' -l color -x -a 'auto always never' \
     -d 'When to print colours'
 complete -c wexcorin -n '__wexcorin_in lsp' -l stdio -d 'Changes nothing'
 complete -c wexcorin -n '__wexcorin_in check show find help diff' -l no-pager -d 'Print directly on the terminal'
 complete -c wexcorin -n '__wexcorin_in check show explain get write' -l set -x -a '(__wexcorin_settings)' \
     -d 'Option text to read after the files'
-complete -c wexcorin -n '__wexcorin_in check show diff' -l json -d 'Print as JSON'
+complete -c wexcorin -n '__wexcorin_in check show diff migrate' -l json -d 'Print as JSON'
 complete -c wexcorin -n '__wexcorin_in check' -l warnings-as-errors -d 'Let warnings count for the exit code'
 complete -c wexcorin -n '__wexcorin_in check' -l limit -x -d 'Print at most so many findings of one kind'
 complete -c wexcorin -n '__wexcorin_in check' -l allow -x -a '(__fish_complete_list , __wexcorin_rules)' \
@@ -116,6 +117,16 @@ complete -c wexcorin -n '__wexcorin_in diff' -l defaults -d 'Compare one option 
 complete -c wexcorin -n '__wexcorin_in diff' -l matrix -d 'Compare any number of option files'
 complete -c wexcorin -n '__wexcorin_in diff' -l markdown -d 'Print the differences as Markdown'
 complete -c wexcorin -n '__wexcorin_in diff' -l fail-on -x -a 'breaking silent any' -d 'Which changes give exit code 1'
+complete -c wexcorin -n '__wexcorin_in migrate' -l from -r -f -a '(__fish_complete_path (commandline -ct))' -d 'Older definition'
+complete -c wexcorin -n '__wexcorin_in migrate' -l to -r -f -a '(__fish_complete_path (commandline -ct))' -d 'Newer definition'
+complete -c wexcorin -n '__wexcorin_in migrate' -s o -l output -r -f -a '(__fish_complete_directories (commandline -ct))' \
+    -d 'Write the files into this folder'
+complete -c wexcorin -n '__wexcorin_in migrate' -l in-place -d 'Replace the files'
+complete -c wexcorin -n '__wexcorin_in migrate' -l no-backup -d 'Keep no copy of replaced files'
+complete -c wexcorin -n '__wexcorin_in migrate' -l dry-run -d 'Print the changes as a unified diff'
+complete -c wexcorin -n '__wexcorin_in migrate' -l clamp -d 'Move values out of the new bounds to the bound'
+complete -c wexcorin -n '__wexcorin_in migrate' -l pin -d 'Write old defaults that a file relies on'
+complete -c wexcorin -n '__wexcorin_in migrate' -l syntax -x -a 'wexcorin assignments' -d 'Syntax of the files'
 complete -c wexcorin -n '__wexcorin_in doc' -l title -x -d 'Title of the document'
 complete -c wexcorin -n '__wexcorin_in doc' -l release -x -d 'Version and date of the solver'
 complete -c wexcorin -n '__wexcorin_in doc' -l force -d 'Write a file that does not compile'

@@ -402,8 +402,9 @@ targuments accepted(const std::string& command, const T& arguments) {
   return exitunusable;
 }
 
-targuments accepted(const tdiffarguments& arguments) {
-  if (const std::string problem = misuse(arguments); !problem.empty()) return refused("diff", problem);
+template <class T>
+targuments withoutmisuse(const std::string& command, const T& arguments) {
+  if (const std::string problem = misuse(arguments); !problem.empty()) return refused(command, problem);
   return arguments;
 }
 
@@ -452,6 +453,7 @@ targuments parsearguments(int argc, char** argv) {
   ttemplatearguments templatefile;
   twritearguments write;
   tdiffarguments diff;
+  tmigratearguments migrate;
   tdocarguments doc;
   const CLI::App& checkcommand = addcheck(app, check);
   const CLI::App& showcommand = addshow(app, show);
@@ -463,6 +465,7 @@ targuments parsearguments(int argc, char** argv) {
   const CLI::App& templatecommand = addtemplate(app, templatefile);
   const CLI::App& writecommand = addwrite(app, write);
   const CLI::App& diffcommand = adddiff(app, diff);
+  const CLI::App& migratecommand = addmigrate(app, migrate);
   adddoc(app, doc);
   const CLI::App& lspcommand = addlsp(app);
   try {
@@ -485,7 +488,8 @@ targuments parsearguments(int argc, char** argv) {
   if (completecommand.parsed()) return complete;
   if (templatecommand.parsed()) return templatefile;
   if (writecommand.parsed()) return accepted("write", write);
-  if (diffcommand.parsed()) return accepted(diff);
+  if (diffcommand.parsed()) return withoutmisuse("diff", diff);
+  if (migratecommand.parsed()) return withoutmisuse("migrate", migrate);
   if (lspcommand.parsed()) return tlsparguments{};
   return accepted(doc);
 }

@@ -106,6 +106,21 @@ struct tdiffarguments {
   bool pager = true;
 };
 
+enum class toptionsyntax { wexcorin, assignments };
+
+struct tmigratearguments {
+  std::string from, to;  // definitions
+  std::vector<std::string> files;
+  std::string output;  // a folder
+  bool inplace = false;
+  bool nobackup = false;
+  bool dryrun = false;
+  bool clamp = false;
+  bool pin = false;
+  bool json = false;
+  toptionsyntax syntax = toptionsyntax::wexcorin;
+};
+
 enum class tdocform { definition, pascal, html, c, markdown, page, json };
 
 struct tdocarguments {
@@ -124,7 +139,8 @@ struct tlsparguments {};
 // error message has been printed.
 using targuments = std::variant<int, tcheckarguments, tshowarguments, tgetarguments, texplainarguments,
                                 tfindarguments, thelparguments, tcompletearguments, ttemplatearguments,
-                                twritearguments, tdiffarguments, tdocarguments, tlsparguments>;
+                                twritearguments, tdiffarguments, tmigratearguments, tdocarguments,
+                                tlsparguments>;
 
 targuments parsearguments(int argc, char** argv);
 

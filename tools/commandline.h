@@ -38,4 +38,8 @@ const CLI::App& adddiff(CLI::App& app, tdiffarguments& arguments);
 // What is wrong with its files and options; empty if nothing is.
 std::string misuse(const tdiffarguments& arguments);
 
+// The command migrate.
+const CLI::App& addmigrate(CLI::App& app, tmigratearguments& arguments);
+std::string misuse(const tmigratearguments& arguments);
+
 }  // namespace tool

@@ -20,6 +20,7 @@ int run(const tcompletearguments& arguments);
 int run(const ttemplatearguments& arguments);
 int run(const twritearguments& arguments);
 int run(const tdiffarguments& arguments);
+int run(const tmigratearguments& arguments);
 int run(const tdocarguments& arguments);
 int run(const tlsparguments& arguments);
 

@@ -166,8 +166,8 @@ void setcolours(tcolours when) { colours() = when; }
 tpalette::tpalette(int descriptor) : fon(colourwanted(descriptor)) {}
 
 std::string tpalette::paint(tcolour colour, std::string_view text) const {
-  static constexpr std::array<std::string_view, 5> codes = {"", "\033[1m", "\033[1;31m", "\033[1;33m",
-                                                            "\033[1;36m"};
+  static constexpr std::array<std::string_view, 6> codes = {"",           "\033[1m",    "\033[1;31m",
+                                                            "\033[1;32m", "\033[1;33m", "\033[1;36m"};
   if (!fon || colour == tcolour::none) return std::string(text);
   return std::string(codes[static_cast<std::size_t>(colour)]) + std::string(text) + "\033[0m";
 }

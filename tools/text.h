@@ -35,7 +35,7 @@ std::string inquotes(std::string_view text);
 // "1 error", "2 errors"
 std::string counted(std::size_t count, std::string_view noun);
 
-enum class tcolour { none, bold, red, yellow, cyan };
+enum class tcolour { none, bold, red, green, yellow, cyan };
 
 enum class tcolours {
   automatic,  // on terminals, unless NO_COLOR is set and not empty, or TERM is unset or "dumb"

@@ -129,6 +129,7 @@ class tlinewalk {
     const bool goeson = afterstart();
     current().whole.end =
         std::max({current().name.end, current().value.end, current().second.end, fsymbolend});
+    if (fresult.comment.begin < current().whole.end) fresult.comment = {};  // it is in what is not read
     return goeson;
   }
 

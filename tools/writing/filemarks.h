@@ -15,6 +15,7 @@ class tfilemarks {
   // Do nothing if it is no regular file.
   void add(const std::string& path);
   void addstandardinput();
+  void add(const tfilemarks& others) { fmarks.insert(others.fmarks.begin(), others.fmarks.end()); }
   bool contains(const struct stat& file) const;
 
  private:

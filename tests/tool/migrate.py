@@ -1,0 +1,205 @@
+"""The migrate command: what it writes where, what it reports, and lines that need care. The proof of what migrated files
+mean is in migrations.py.
+usage: migrate.py TOOL; run in the repository's root; exit code 77: no failure, but the schema was not tested"""
+import json, os, shutil, sys
+from support import DOCS, expect, expect_part, failures, on_terminal, read, run, runs, write
+
+write("old.def", """x eolcomm #!
+keyword indicator
+alpha integer 1 1 0 99 1 1
+beta integer.OPT 2 3 0 9 1 1
+text string 3 "" 1 1
+old_limit double 4 5 0 9 1 1
+legacy boolean 5 0 1 1
+both macro 1 1
+ alpha
+ beta
+eol immediate eolflag 1 1
+read immediate readfile 1 1
+.rank integer 6 0 0 9 1 1
+limit synonym old_limit
+""")
+write("new.def", """x eolcomm !%
+sign indicator
+gamma integer 9 0 0 1 1 1
+alpha integer 1 1 0 20 1 1
+beta integer 2 4 0 9 1 1
+text string 3 "" 1 1
+new_limit double 4 5 0 9 1 1
+both macro 1 1
+ alpha
+ beta
+ gamma
+eol immediate eolflag 1 1
+read immediate readfile 1 1
+.order integer 6 0 0 9 1 1
+limit synonym new_limit
+old_limit synonym new_limit
+names deprecated
+ limit say "new_limit"
+""")
+MIGRATE = "wexcorin migrate --from old.def --to new.def"
+
+
+# The file after it was migrated, and the actions of the notes.
+def migrated(text, flags="", code=None):
+    write("file.opt", text)
+    out, err, seen = run(f"{MIGRATE} file.opt -o out {flags} --json")
+    expect(f"{text!r}: errors", err, "")
+    if code is not None:
+        expect(f"{text!r}: exit code", seen, code)
+    return read("out/file.opt"), [note["action"] for note in json.loads(out)["files"][0]["notes"] if note["line"]]
+
+
+# ---- what becomes of a line: before, after, actions, exit code
+
+for before, after, actions, code in (
+        ("alpha 5 ! why\n", "alpha 5 ! why\n", [], 0),
+        ("  Old_Limit  =  7\n", "  new_limit  =  7\n", ["renamed"], 0),
+        ("limit 7\n", "new_limit 7\n", ["renamed"], 0),
+        ("beta\n", "beta 3\n", ["spelled"], 0),
+        ("legacy yes ! why\n", "* legacy is gone\n* legacy yes ! why\n", ["commented"], 0),
+        ("both 7\n", "alpha 7\nbeta 7\n", ["spelled"], 0),
+        ("alpha 50\n", "alpha 50\n", ["left"], 1),
+        ("alpha 50 50\nnone 1\n", "alpha 50 50\nnone 1\n", ["refused", "refused"], 1),
+        ("gamma 1\n", "gamma 1\n", ["taken"], 0),
+        # comments and values where the characters of comments differ
+        ("# all\nalpha 5 # why\n", "* all\nalpha 5 ! why\n", ["remark", "remark"], 0),
+        ("text a # why\n", "text a ! why\n", ["remark"], 0),
+        ("text a%b\n", 'text "a%b"\n', ["spelled"], 0),
+        # dot lines, indicators and lists
+        ("--own a % b\n", "--own a % b\n", [], 0),
+        ("x.rank('i') 3\n", "* .rank is gone\n* x.rank('i') 3\n", ["commented"], 0),
+        ("keyword e(1)$v yes\nkeyword e$v yes\n", "keyword e(1)$v yes\nsign e$v yes\n", ["refused", "spelled"], 1),
+        # several statements on a line
+        ("eol off\nalpha 1, old_limit 2 legacy on beta 4 ! why\n",
+         "eol off\n* legacy is gone\n* legacy on\nalpha 1, new_limit 2 beta 4 ! why\n", ["renamed", "commented"], 0),
+        ("eol off\nboth 3 text a\n", "eol off\nalpha 3 text a\nbeta 3\n", ["spelled"], 0),
+        # bytes
+        ("old_limit 7\r\nboth 5\r\nbeta", "new_limit 7\r\nalpha 5\r\nbeta 5\r\nbeta 3", ["renamed", "spelled", "spelled"], 0),
+        ("\ufeffold_limit 7\nlimit 8", "\ufeffold_limit 7\nnew_limit 8", ["refused", "renamed"], 1),
+        ("text " + 1100 * "x" + "\nold_limit" + 1100 * " " + "7\n", None, ["refused"], 1),
+        ("alpha 5\0\n", "alpha 5\0\n", ["left"], 1), ("", "", [], 0)):
+    seen, told = migrated(before, "", code)
+    expect(f"{before!r}", seen, before if after is None else after)
+    expect(f"{before!r}: actions", told, actions)
+expect("--clamp", migrated("alpha 50 # x\n", "--clamp", 0), ("alpha 20 ! x\n", ["clamped"]))
+expect("--pin", migrated("alpha 5", "--pin", 0)[0], "alpha 5\n* Defaults that have changed\nbeta 3\n")
+expect("--pin where nothing relies on the default", migrated("beta 4\n", "--pin", 0)[0], "beta 4\n")
+write("same.opt", "limit 7\nlegacy on\nnone 1\n")
+out, _, code = run("wexcorin migrate --from old.def --to old.def same.opt --dry-run --pin --clamp")
+expect("the same definition", (out, code), ("", 1))
+
+# ---- included files: each is rewritten once, and the tree keeps its layout
+
+os.makedirs("sub", exist_ok=True)
+write("main.opt", "read sub/part.opt\nread sub/part.opt\nlimit 1\n")
+write("sub/part.opt", "both 2\n")
+write("other.opt", "read sub/part.opt\n")
+runs(f"{MIGRATE} main.opt other.opt -o tree", None, "", 0)
+expect("main file", read("tree/main.opt"), "read sub/part.opt\nread sub/part.opt\nnew_limit 1\n")
+expect("included file", read("tree/sub/part.opt"), "alpha 2\nbeta 2\n")
+write("loop.opt", "limit 1\nread loop.opt\n")
+runs(f"{MIGRATE} loop.opt -o tree", None, "", 0)
+expect("a file that includes itself", read("tree/loop.opt"), "new_limit 1\nread loop.opt\n")
+write("pinned.opt", "alpha 1\n")
+write("pins.opt", "beta 5\nread pinned.opt\n")
+expect_part("pins of an included file", run(f"{MIGRATE} pinned.opt pins.opt -o tree --pin")[0], "decide: left beta: Not pinned")
+expect("an included file is not pinned", read("tree/pinned.opt"), "alpha 1\n")
+write("missing.opt", "read none.opt\n")
+expect_part("a file that is missing", run(f"{MIGRATE} missing.opt -o tree")[0], "missing.opt:1: decide: refused read")
+
+# ---- where files are written, and where not
+
+write("outside.opt", "read ../outside.opt\n")
+os.makedirs("inner", exist_ok=True)
+shutil.copy("main.opt", "inner/main.opt")
+for arguments, part in (("outside.opt -o .", "one of the files that are read"),
+                        ("inner/main.opt -o tree", "outside of the folder of inner/main.opt; use --in-place"),
+                        ("main.opt inner/main.opt -o tree", "two files would be written there"),
+                        ("main.opt none.opt -o none", "none.opt"), ("old.def --in-place", "one of the definitions")):
+    out, err, code = run(f"{MIGRATE} {arguments}")
+    expect_part(arguments, err, part)
+    expect_part(arguments, err, "nothing was written")
+    expect(f"{arguments}: exit code", code, 2)
+expect("nothing was written", os.path.exists("none"), False)
+write("place.opt", "limit 1\n")
+write("clean.opt", "alpha 1\n")
+os.symlink("place.opt", "link.opt")
+os.chmod("place.opt", 0o640)
+runs(f"{MIGRATE} link.opt clean.opt --in-place", None, "", 0)
+expect("in place", (read("place.opt"), read("link.opt~"), os.path.islink("link.opt"), os.stat("place.opt").st_mode & 0o777,
+                    os.path.exists("clean.opt~")), ("new_limit 1\n", "limit 1\n", True, 0o640, False))
+runs(f"{MIGRATE} main.opt --in-place --no-backup", None, "", 0)
+expect("no backup", (read("sub/part.opt"), os.path.exists("sub/part.opt~")), ("alpha 2\nbeta 2\n", False))
+for arguments in ("file.opt", "file.opt -o a --dry-run", "file.opt --no-backup --dry-run", "- --dry-run",
+                  "file.opt --dry-run --syntax assignments", "file.opt --dry-run --syntax other"):
+    expect(f"misuse: {arguments}", run(f"{MIGRATE} {arguments}")[::2], ("", 2))
+write("faulty.def", "a integer 1 9 0 1 1 1\n")
+runs("wexcorin migrate --from old.def --to faulty.def file.opt -o none", "",
+     'faulty.def:1: error: Default not in range for option "a"\n', 2)
+
+# ---- the diff, which patch(1) can use, and its colours
+
+lines = [f"alpha {number % 20}" for number in range(40)]
+lines[2:3], lines[12:12], lines[30:31] = ["limit 1"], ["eol off", "alpha 1 legacy on"], ["limit 3"]
+write("long.opt", "\n".join(lines))
+out, err, code = run(f"{MIGRATE} long.opt --dry-run --pin")
+runs(f"{MIGRATE} long.opt -o patched --pin", None, None, 0)
+expect("the report of --dry-run", (err.split("\n")[-2], code), ("1 file, 4 changes, 0 to decide", 0))
+expect("hunks", [line for line in out.split("\n") if line.startswith("@@")],
+       ["@@ -1,6 +1,6 @@", "@@ -11,7 +11,9 @@", "@@ -28,7 +30,7 @@", "@@ -39,4 +41,6 @@"])
+if shutil.which("patch"):
+    expect("patch", run("patch long.opt", out)[2], 0)
+    expect("the patched file", read("long.opt"), read("patched/long.opt"))
+expect_part("colours", on_terminal(f"{MIGRATE} same.opt --dry-run")[0], "\x1b[1;32m+new_limit 7")
+expect("no colours", "\x1b" in on_terminal(f"{MIGRATE} same.opt --dry-run 2>&1 | cat")[0], False)
+
+# ---- assignments
+
+write("settings.ini", """; made by hand
+alpha = 5   # five
+old/limit = '7'
+[new]
+limit = 8 # eight
+[]
+text = "a # b"
+text = it's
+beta = 12
+nothing = 3
+just words
+""")
+report = json.loads(run("wexcorin migrate --to new.def settings.ini --syntax assignments -o out --clamp --json")[0])
+expect("assignments", read("out/settings.ini"), """* made by hand
+* five
+alpha = 5
+old_limit = 7
+* [new]
+* eight
+new_limit = 8
+* []
+text = "a # b"
+text = it's
+beta = 9
+* There is no option nothing
+* nothing = 3
+* This is no assignment
+* just words
+""")
+expect("the report on assignments", [(note["line"], note["action"]) for note in report["files"][0]["notes"]],
+       [(3, "renamed"), (4, "remark"), (5, "renamed"), (6, "remark"), (9, "clamped"), (10, "commented"), (11, "commented")])
+runs("wexcorin migrate --to new.def out/settings.ini --syntax assignments --dry-run", "", "1 file, 0 changes, 0 to decide\n", 0)
+
+# ---- JSON
+
+try:
+    import jsonschema
+except ModuleNotFoundError:
+    if not failures:
+        sys.exit(77)
+else:
+    write("all.opt", "limit 1\nnone 2\nboth 3\nalpha 50\n")
+    for flags in "--dry-run", "--in-place --pin":
+        jsonschema.validate(json.loads(run(f"{MIGRATE} all.opt {flags} --json")[0]),
+                            json.loads(read(f"{DOCS}/migration.schema.json")))
+sys.exit("\n".join(failures) or 0)

@@ -1,0 +1,35 @@
+// Where migrated files are written.
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "tools/migrating/migration.h"
+
+namespace tool {
+
+// A file to be written.
+struct tdestination {
+  const tmigratedfile* file;
+  std::string path;
+  bool isbackup = false;  // of the file as it was
+};
+
+struct tdestinations {
+  std::vector<tdestination> files;    // backups come before what they save
+  std::vector<std::string> problems;  // nothing may be written if there are any
+};
+
+// In a folder, each file has the place that it has in the folder of the file on the command line through which
+// it was reached. Nothing may be written outside of it, nor twice, nor over a file that is read.
+tdestinations destinationsin(const std::string& folder, std::deque<tmigratedfile>& files,
+                             const tfilemarks& read);
+// The files themselves, if they have changed.
+tdestinations destinationsinplace(const std::deque<tmigratedfile>& files, const tfilemarks& definitions,
+                                  bool backups);
+
+// Writes each of the files as a whole. Returns false, with a finding, at the first one that cannot be written.
+bool deliver(const tdestinations& destinations, tfindinglist& findings);
+
+}  // namespace tool

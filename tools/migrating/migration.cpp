@@ -1,0 +1,239 @@
+// Collects what each line does, and writes its file anew line by line.
+#include "tools/migrating/migration.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "input/linereader.h"
+
+namespace tool {
+
+using namespace optcore;
+
+// ---- definitions
+
+bool tdefinitions::read(const std::string& olderfile, const std::string& newerfile) {
+  older.keepdefinition();
+  newer.keepdefinition();
+  if (olderfile.empty()) return readnewer(newerfile);
+  const bool opened = older.readdefinition(olderfile);
+  if (!readnewer(newerfile) || !opened || older.findings().count(tseverity::error) != 0) return false;
+  if (!older.readdefinitionagain(folderstore)) return false;
+  folderpositions.emplace(folderstore.definition());
+  fnewerpositions.emplace(fnewerstore.definition());
+  fsuccessors.emplace(*folderpositions, *fnewerpositions);
+  foldertrial.emplace(folderstore);
+  frewriter.emplace(*foldertrial, *folderpositions, *fnewertrial, *fsuccessors, fclamps);
+  const auto one = contentsof(older.definitionpath()), other = contentsof(newer.definitionpath());
+  fareequal = one && other && *one == *other;
+  return true;
+}
+
+bool tdefinitions::readnewer(const std::string& filename) {
+  if (!newer.readdefinition(filename) || newer.findings().count(tseverity::error) != 0) return false;
+  if (!newer.readdefinitionagain(fnewerstore)) return false;
+  fnewertrial.emplace(fnewerstore);
+  return true;
+}
+
+std::optional<std::string> contentsof(const std::string& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  std::ifstream file(path, std::ios::binary);
+  std::string result;
+  result.reserve(static_cast<std::size_t>(status.st_size));
+  result.assign(std::istreambuf_iterator<char>(file), {});
+  if (!file) return std::nullopt;
+  return result;
+}
+
+// ---- files
+
+bool tmigration::run(const std::string& filename) {
+  treading reading;
+  reading.readdefinitionof(fdefinitions.older);
+  fstore = &reading.store();
+  froot = filename;
+  fpositions.emplace(fstore->definition());
+  fisset.assign(static_cast<std::size_t>(fdefinitions.newdefinition().getcount()), false);
+  fnobounds = fnewnobounds = false;
+  reading.follow(this);
+  const bool opened = reading.readoptions({{}, {filename}, {}});
+  reading.follow(nullptr);
+  if (!opened)
+    reportproblems(reading.findings());
+  else if (fileof(filename).isread)
+    pin(fileof(filename));
+  return opened;
+}
+
+tmigratedfile& tmigration::fileof(const std::string& name) {
+  std::error_code problem;
+  const auto path = std::filesystem::weakly_canonical(name, problem);
+  const auto [found, isnew] = findex.try_emplace(problem ? name : path.string());
+  if (isnew) {
+    found->second = &ffiles.emplace_back();
+    found->second->name = name;
+    found->second->root = froot;
+  }
+  return *found->second;
+}
+
+void tmigration::enter(const tlinesource& source) {
+  const std::string name(source.sourcename());
+  tmigratedfile& file = fileof(name);
+  if (!fopen.empty()) {
+    file.isincluded = true;
+    fnewnobounds = fnewnobounds || (fopen.back()->meaning.hasimmediate() && fstore->nobounds());
+  }
+  auto open = std::make_unique<topen>();
+  open->file = &file;
+  if (auto contents = fcontents(name))
+    open->result.before = std::move(*contents);
+  else
+    open->isskipped = true;
+  fopen.push_back(std::move(open));
+}
+
+// `lines` is the number of lines that were read.
+void tmigration::leave(std::int32_t lines) {
+  topen& open = *fopen.back();
+  flush(open);
+  if (!open.isskipped) plainlines(open, lines);
+  flasteolonly = open.eolonly;
+  flastneweolonly = open.neweolonly;
+  finish(open);
+  fopen.pop_back();
+}
+
+// A file that is included several times must become the same each time.
+void tmigration::finish(topen& open) {
+  tmigratedfile& file = *open.file;
+  const bool iscomplete = !open.isskipped && open.at == open.result.before.size();
+  const auto decide = [&](const char* text) { file.notes.add(0, {taction::left, {}, text, true}); };
+  if (file.isread) {
+    const bool issame = file.before == open.result.before && file.after == open.result.after;
+    if (iscomplete && !issame) decide("It is read more than once, and not always in the same way");
+  } else if (iscomplete) {
+    const tmigratedfile before = std::exchange(file, std::move(open.result));
+    file.name = before.name;
+    file.root = before.root;
+    file.isincluded = before.isincluded;
+    file.isread = true;
+  } else {
+    decide("It could not be read to its end, so it is not migrated");
+  }
+}
+
+// ---- what the store reports
+
+void tmigration::filed(const tmessage& message) {
+  if (message.kind == tmsgkind::fileenter) return enter(*message.source);
+  if (message.kind == tmsgkind::fileleave) return leave(message.line);
+  if (fopen.empty()) return;
+  topen& open = *fopen.back();
+  if (open.current == 0 && message.line == 0) open.isskipped = true;  // the file is not read
+  open.meaning.filed(message);
+}
+
+void tmigration::assigned(const toption& option, std::int32_t bits) {
+  if (!fopen.empty()) fopen.back()->meaning.assigned(option, bits);
+}
+
+void tmigration::stepped(const tstep& step) {
+  if (fopen.empty()) return;
+  begin(fstore->messages().activesource()->linenr());
+  fopen.back()->meaning.step(step, *fstore);
+}
+
+void tmigration::begin(std::int32_t line) {
+  topen& open = *fopen.back();
+  if (open.current == line) return;
+  flush(open);
+  open.current = line;
+}
+
+// Rewrites the line that was read last.
+void tmigration::flush(topen& open) {
+  if (open.isskipped || open.current == 0) return;
+  plainlines(open, open.current - 1);
+  line(open, open.meaning);
+  open.meaning.clear();
+  open.current = 0;
+}
+
+// ---- lines
+
+std::string_view tmigration::nextline(topen& open, std::string_view& lineend) {
+  const std::string_view rest = std::string_view(open.result.before).substr(open.at);
+  const std::size_t feed = rest.find('\n');
+  std::string_view text = rest.substr(0, feed == std::string_view::npos ? rest.size() : feed + 1);
+  open.at += text.size();
+  ++open.line;
+  std::size_t length = text.size();
+  if (length > 0 && text[length - 1] == '\n') --length;
+  if (length > 0 && text[length - 1] == '\r') --length;
+  lineend = text.substr(length);
+  return text.substr(0, length);
+}
+
+// Lines in which the older definition sees no statement.
+void tmigration::plainlines(topen& open, std::int32_t upto) {
+  static const tmeaning nothing;
+  while (open.line < upto && open.at < open.result.before.size()) line(open, nothing);
+}
+
+void tmigration::line(topen& open, const tmeaning& meaning) {
+  std::string_view lineend;
+  const std::string_view text = nextline(open, lineend);
+  const toldline current{text, meaning, fstore->definition(), *fpositions, {open.eolonly, fnobounds}};
+  const bool isskipped = text.empty() || text.front() == '*';
+  std::optional<tnewline> lines;
+  if (fdefinitions.areequal()) {
+    checkrefused(open, meaning);
+  } else if (!isskipped) {
+    tlinestate state{open.neweolonly, fnewnobounds};
+    lines = fdefinitions.rewriter().rewrite(current, state);
+    open.neweolonly = state.eolonly;
+    fnewnobounds = state.nobounds;
+    markset();
+  }
+  if (meaning.hasimmediate())
+    open.eolonly = spansof(fstore->definition(), text.substr(0, tlinereader::maxline), open.eolonly).eolonly;
+  fnobounds = fstore->nobounds();
+  if (lines)
+    add(open, *lines, text, lineend);
+  else
+    open.result.keep({text.data(), text.size() + lineend.size()});
+}
+
+void tmigration::add(topen& open, const tnewline& lines, std::string_view text, std::string_view lineend) {
+  for (const tnote& note : lines.notes) open.result.notes.add(open.line, note);
+  const std::string_view whole(text.data(), text.size() + lineend.size());
+  if (!lines.ischanged) return open.result.keep(whole);
+  const std::string_view inner = lineend.ends_with('\n') ? lineend : open.result.lineend();
+  std::string all;
+  for (std::size_t i = 0; i < lines.lines.size(); ++i)
+    all.append(lines.lines[i]).append(i + 1 < lines.lines.size() ? inner : lineend);
+  open.result.replace(whole, all);
+}
+
+void tmigration::checkrefused(topen& open, const tmeaning& meaning) {
+  for (std::size_t i = 0; i < meaning.statements.size(); ++i)
+    if (const tmeaning own = meaning.of(i);
+        own.haserror() && (!own.hasimmediate() || own.problems.front().isfile))
+      open.result.notes.add(open.line, {taction::refused, own.statements[0].key,
+                                        "It is not taken: " + own.problemtext(), true});
+}
+
+void tmigration::markset() {
+  for (const titem& item : fdefinitions.rewriter().seen().items)
+    if (const std::int32_t position = fdefinitions.successors().newer().of(item.option); position >= 0)
+      fisset[static_cast<std::size_t>(position)] = true;
+}
+
+}  // namespace tool

@@ -1,0 +1,104 @@
+// Finds the defaults that have changed where a file relies on them, and writes the old ones.
+#include "tools/migrating/migration.h"
+#include "tools/migrating/settingtexts.h"
+#include "tools/tracing/acceptance.h"
+
+namespace tool {
+
+using namespace optcore;
+
+namespace {
+
+// None for an option without a default.
+tvalue defaultof(const toption& option) {
+  switch (option.opttype()) {
+    case topttype::integer: return as<tintoption>(option).defaultvalue();
+    case topttype::dbl: return as<tdbloption>(option).defaultvalue();
+    case topttype::boolean: return as<tbooleanoption>(option).defaultvalue();
+    case topttype::enumint: return as<tenumintoption>(option).defaultvalue();
+    case topttype::string: return std::string(as<tstringoption>(option).defaultvalue());
+    case topttype::enumstr: return std::string(as<tenumstroption>(option).defaultvalue());
+    case topttype::multilist:
+    case topttype::strlist:
+    case topttype::macro:
+    case topttype::immediate: break;
+  }
+  return {};
+}
+
+titem defaultitem(const toption& option, const toption& newer) {
+  return {.kind = teffect::tkind::value,
+          .option = &newer,
+          .value = defaultof(option),
+          .type = option.opttype(),
+          .subtype = option.subtype()};
+}
+
+}  // namespace
+
+// Options that can tell only whether they were named have no default to rely on.
+void tmigration::pin(const tmigratedfile& file) {
+  if (fdefinitions.areequal() || fpinned.contains(&file)) return;
+  tpins& pins = fpinned[&file];
+  const tdefinition& definition = fdefinitions.successors().older().definition();
+  for (std::int32_t i = 0; i < fdefinitions.successors().count(); ++i) {
+    const toption* newer = fdefinitions.successors().of(i);
+    if (newer == nullptr || fstore->definition().option(i).defined() != 0) continue;
+    if (fisset[static_cast<std::size_t>(fdefinitions.successors().newer().of(newer))]) continue;
+    const toption& older = definition.option(i);
+    if (older.subtype() == tsubtype::novalue || newer->subtype() == tsubtype::novalue) continue;
+    const titem before = defaultitem(older, *newer), after = defaultitem(*newer, *newer);
+    const bool hasboth = (before.value.index() == 0) == (after.value.index() == 0);
+    if (!hasboth || !samevalue(before, after)) pinoption(pins, older, *newer);
+  }
+}
+
+void tmigration::pinoption(tpins& pins, const toption& older, const toption& newer) {
+  titem item = defaultitem(older, newer);
+  const auto shown = [](const tvalue& value) { return value.index() == 0 ? "none" : valuetext(value); };
+  const std::string what = "The default is now " + shown(defaultof(newer)) + ", was " + shown(item.value);
+  const auto note = [&](taction action, const std::string& text, bool decide) {
+    pins.notes.push_back({action, std::string(older.getname()), what + text, decide});
+  };
+  const bool isvalue = item.value.index() != 0 && defaultof(newer).index() != 0;
+  if (!isvalue || isdotoption(newer) || newer.hasdeprecation(tdeprecation::obsolete))
+    return note(taction::newdefault, "; a line cannot set it", fpins);
+  if (!fpins) return note(taction::newdefault, "; --pin keeps the old one", false);
+  toutcome expected;
+  expected.items = {item};
+  if (newer.subtype() == tsubtype::twovalues) {
+    item.which = twhich::second;
+    expected.items.push_back(item);
+  }
+  const tdefinition& definition = fdefinitions.newdefinition();
+  const auto attempt = [&](const toutcome& outcome) {
+    const auto texts = settingtexts(definition, outcome, {flastneweolonly, false});
+    const bool can =
+        texts && fdefinitions.rewriter().canadd(texts->front(), outcome, {flasteolonly, fnobounds},
+                                                {flastneweolonly, fnewnobounds});
+    if (can) pins.lines.push_back(texts->front());
+    return can;
+  };
+  if (attempt(expected)) return note(taction::pinned, "; the old one was written", false);
+  if (!clamp(expected).empty() && fdefinitions.clamps() && attempt(expected))
+    return note(taction::clamped, "; " + valuetext(expected.items[0].value) + ", the bound, was written",
+                false);
+  note(taction::left, "; it can no longer be set", true);
+}
+
+// A file that others include gets no pins: they would replace what was set before it is included.
+void tmigration::finish() {
+  for (tmigratedfile& file : ffiles) {
+    tpins& pins = fpinned[&file];
+    for (tnote& note : pins.notes) {
+      if (file.isincluded && (note.action == taction::pinned || note.action == taction::clamped))
+        note = {taction::left, note.name, "Not pinned, because another file includes this one", true};
+      file.notes.add(0, note);
+    }
+    if (file.isincluded || pins.lines.empty()) continue;
+    pins.lines.insert(pins.lines.begin(), "* Defaults that have changed");
+    file.addlines(pins.lines);
+  }
+}
+
+}  // namespace tool
