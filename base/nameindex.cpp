@@ -15,10 +15,11 @@ bool tnameindex::grow() noexcept {
   try {
     std::vector<tslot> slots(fslots.empty() ? 32 : 2 * fslots.size());
     slots.swap(fslots);
+    const std::size_t last = fslots.size() - 1;
     for (const tslot& slot : slots) {
       if (slot.position < 0) continue;
-      std::size_t i = slot.hash & mask();
-      while (fslots[i].position >= 0) i = (i + 1) & mask();
+      std::size_t i = slot.hash & last;
+      while (fslots[i].position >= 0) i = (i + 1) & last;
       fslots[i] = slot;
     }
   } catch (const std::bad_alloc&) {

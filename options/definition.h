@@ -64,13 +64,16 @@ class tdefinition {
   // ---- finding options that have been added, according to the lookup mode
   // By name alone, without the synonyms.
   std::int32_t optlookup(const tsoughtname& name) const { return flookup.find(flookupmode, name); }
-  std::int32_t optlookup(std::string_view name) const { return optlookup(tsoughtname(name)); }
+  std::int32_t optlookup(std::string_view name) const { return flookup.find(flookupmode, name); }
   // By name or, failing that, by synonym.
+  std::int32_t indexof(std::string_view name) const {
+    const std::int32_t index = optlookup(name);
+    return index >= 0 ? index : synonymindex(name);
+  }
   std::int32_t indexof(const tsoughtname& name) const {
     const std::int32_t index = optlookup(name);
     return index >= 0 ? index : synonymindex(name);
   }
-  std::int32_t indexof(std::string_view name) const { return indexof(tsoughtname(name)); }
   const toption* optionasobj(std::string_view name) const { return getobjects(indexof(name)); }
   toption* optionasobj(std::string_view name) { return getobjects(indexof(name)); }
   // The first option with exactly this name, regardless of case and whatever the lookup mode is.
@@ -120,7 +123,11 @@ class tdefinition {
 
  private:
   bool isindex(std::int32_t index) const noexcept { return index >= 0 && index < getcount(); }
-  std::int32_t synonymindex(const tsoughtname& name) const;
+  template <class tname>
+  std::int32_t synonymindex(const tname& name) const {
+    const std::int32_t synonym = fsynonyms.indexof(name);
+    return synonym >= 0 ? fsynonyms.getobject(synonym) : -1;
+  }
 
   tvksoptions& fowner;
   tarena farena;  // declared first, because it must outlive what lies in it
