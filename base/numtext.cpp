@@ -21,9 +21,8 @@ void tnumbertext::append(std::size_t count, char character) noexcept {
 }
 
 void tnumbertext::append(std::int64_t number) noexcept {
-  char digits[20];  // enough for any 64-bit number
-  const char* const end = std::to_chars(digits, std::end(digits), number).ptr;
-  append({digits, static_cast<std::size_t>(end - digits)});
+  const std::to_chars_result result = std::to_chars(ftext + flength, std::end(ftext), number);
+  if (result.ec == std::errc()) flength = static_cast<unsigned char>(result.ptr - ftext);
 }
 
 namespace {
