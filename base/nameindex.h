@@ -105,7 +105,7 @@ class tnameindex {
   // Enters the position fentered, whose key is given. There must be room for it, see reserveone.
   template <class tkey, class tkeyat>
   void enternext(const tkey& key, tkeyat keyat) {
-    assert(4 * (fused + 1) <= 3 * fslots.size());
+    assert(2 * (fused + 1) <= fslots.size());
     const std::uint32_t hash = key.hash();
     tslot& slot = fslots[slotof(key, hash, keyat)];
     if (slot.position < 0) {
@@ -115,10 +115,10 @@ class tnameindex {
     ++fentered;
   }
 
-  bool reserveone() noexcept { return 4 * (fused + 1) <= 3 * fslots.size() || grow(); }
+  bool reserveone() noexcept { return 2 * (fused + 1) <= fslots.size() || grow(); }
   bool grow() noexcept;
 
-  std::vector<tslot> fslots;  // their number is a power of two; at most three quarters are in use
+  std::vector<tslot> fslots;  // their number is a power of two; at most half of them are in use
   std::size_t fused = 0;      // slots in use
   std::int32_t fentered = 0;  // positions below this are entered
 };

@@ -41,12 +41,6 @@ inline tblock loadfew(const char* text, std::size_t count) noexcept {
   return count != 0 ? pair(std::uint8_t{}) : _mm_setzero_si128();
 }
 
-// Loads the characters that follow the full blocks of a text. After a full block, the result overlaps that
-// block.
-inline tblock loadrest(const char* text, std::size_t count) noexcept {
-  return count >= blocksize ? loadblock(text + count - blocksize) : loadfew(text, count);
-}
-
 // All bits where the block has a letter from a to z, which become the lowest signed numbers.
 inline tblock islower(tblock block) noexcept {
   return _mm_cmplt_epi8(_mm_add_epi8(block, each(-128 - 'a')), each(-128 + 26));
@@ -56,13 +50,16 @@ inline tblock upperblock(tblock block) noexcept {
   return _mm_sub_epi8(block, _mm_and_si128(islower(block), each('a' - 'A')));
 }
 
-// Equal blocks may differ in the bit that tells the two cases of a letter from each other, where there is a
-// letter.
-inline bool equalblocks(tblock a, tblock b) noexcept {
+// Where the blocks differ in more than the case of a letter, bits are set. The two cases of a letter differ in
+// one bit.
+inline tblock difference(tblock a, tblock b) noexcept {
   const tblock casebit = each('a' - 'A');
   const tblock maydiffer = _mm_and_si128(islower(_mm_or_si128(a, casebit)), casebit);
-  const tblock differs = _mm_andnot_si128(maydiffer, _mm_xor_si128(a, b));
-  return _mm_movemask_epi8(_mm_cmpeq_epi8(differs, _mm_setzero_si128())) == 0xFFFF;
+  return _mm_andnot_si128(maydiffer, _mm_xor_si128(a, b));
+}
+
+inline bool isnothing(tblock block) noexcept {
+  return _mm_movemask_epi8(_mm_cmpeq_epi8(block, _mm_setzero_si128())) == 0xFFFF;
 }
 
 // Two secret numbers of the process, see textcase.cpp.
@@ -86,21 +83,41 @@ inline std::uint64_t mixblock(std::uint64_t state, tblock block) noexcept {
 
 }  // namespace detail
 
-[[gnu::always_inline]] inline bool equalanycase(std::string_view a, std::string_view b) noexcept {
+// `sought` is the text at hand. Its length alone decides how the texts are compared, because the other text may
+// have to be fetched from memory.
+[[gnu::always_inline]] inline bool equalanycase(std::string_view text, std::string_view sought) noexcept {
   using namespace detail;
-  const std::size_t count = a.size();
-  if (count != b.size()) return false;
-  for (std::size_t i = 0; i + blocksize < count; i += blocksize)
-    if (!equalblocks(loadblock(a.data() + i), loadblock(b.data() + i))) return false;
-  return equalblocks(loadrest(a.data(), count), loadrest(b.data(), count));
+  const std::size_t count = sought.size();
+  if (count != text.size()) return false;
+  const char* const a = sought.data();
+  const char* const b = text.data();
+  if (count < blocksize) return isnothing(difference(loadfew(a, count), loadfew(b, count)));
+  const std::size_t last = count - blocksize;
+  tblock differs = difference(loadblock(a + last), loadblock(b + last));
+  std::size_t i = 0;
+  do {
+    differs = _mm_or_si128(differs, difference(loadblock(a + i), loadblock(b + i)));
+    i += blocksize;
+  } while (i < last);
+  return isnothing(differs);
 }
 
 [[gnu::always_inline]] inline std::uint32_t hashanycase(std::string_view text) noexcept {
   using namespace detail;
-  std::uint64_t state = hashseed.first + text.size();
-  for (std::size_t i = 0; i + blocksize < text.size(); i += blocksize)
-    state = mixblock(state, upperblock(loadblock(text.data() + i)));
-  state = mixblock(state, upperblock(loadrest(text.data(), text.size())));
+  const std::size_t count = text.size();
+  const char* const characters = text.data();
+  std::uint64_t state = hashseed.first + count;
+  if (count < blocksize) {
+    state = mixblock(state, upperblock(loadfew(characters, count)));
+  } else {
+    const std::size_t last = count - blocksize;
+    std::size_t i = 0;
+    do {
+      state = mixblock(state, upperblock(loadblock(characters + i)));
+      i += blocksize;
+    } while (i < last);
+    state = mixblock(state, upperblock(loadblock(characters + last)));
+  }
   return static_cast<std::uint32_t>(state ^ (state >> 32));
 }
 

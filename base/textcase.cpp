@@ -39,7 +39,7 @@ std::int32_t strucmp(std::string_view a, std::string_view b) noexcept {
   return static_cast<std::int32_t>(a.size()) - static_cast<std::int32_t>(b.size());
 }
 
-bool struequal(std::string_view a, std::string_view b) noexcept { return equalanycase(a, b); }
+bool detail::equalcharacters(std::string_view a, std::string_view b) noexcept { return equalanycase(a, b); }
 
 std::uint32_t struhash(std::string_view text) noexcept { return hashanycase(text); }
 

@@ -36,8 +36,13 @@ constexpr bool isdigit(char character) { return character >= '0' && character <=
 // differ, or else of the lengths.
 std::int32_t strucmp(std::string_view a, std::string_view b) noexcept;
 
+namespace detail {
+bool equalcharacters(std::string_view a, std::string_view b) noexcept;
+}
 // Whether the texts are equal regardless of case.
-bool struequal(std::string_view a, std::string_view b) noexcept;
+inline bool struequal(std::string_view a, std::string_view b) noexcept {
+  return a.size() == b.size() && detail::equalcharacters(a, b);
+}
 
 // A hash for comparison regardless of case: equal texts have equal hashes. It differs between processes, so
 // that nobody can prepare a file whose names all collide.
