@@ -159,6 +159,21 @@ tnumbertext dbltostrex(double number) noexcept {
 
 namespace {
 
+// The fast path for most numbers, an optional minus sign and one to nine digits.
+bool parseshortinteger(std::string_view text, std::int32_t& number) noexcept {
+  constexpr std::size_t longest = 9;  // cannot overflow
+  const bool negative = !text.empty() && text[0] == '-';
+  if (negative) text.remove_prefix(1);
+  if (text.empty() || text.size() > longest) return false;
+  std::int32_t value = 0;
+  for (const char character : text) {
+    if (!isdigit(character)) return false;
+    value = 10 * value + (character - '0');
+  }
+  number = negative ? -value : value;
+  return true;
+}
+
 // The fast path for most numbers: an optional minus sign, then at most fifteen characters, which are digits
 // and at most one point. Such digits and the power of ten are exact as doubles, so their quotient is rounded
 // correctly.
@@ -254,6 +269,7 @@ bool parsedoubleword(std::string_view text, double& number) noexcept {
 }  // namespace
 
 bool strasintex(std::string_view text, std::int32_t& number) noexcept {
+  if (parseshortinteger(text, number)) return true;
   number = 0;
   const std::string_view digits = withoutplus(text);
   std::int32_t value = 0;

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cassert>
+#include <cstring>
 
 #include "base/systemerror.h"
 
@@ -98,8 +99,9 @@ bool tdefinitionreader::name() {
 tdefinitionreader::tkeyword tdefinitionreader::type() {
   std::string_view word;
   fscanner.nexttoken(word);
-  const std::size_t period = word.rfind('.');
-  if (period == std::string_view::npos)
+  const auto* const found = static_cast<const char*>(::memrchr(word.data(), '.', word.size()));
+  const std::size_t period = found != nullptr ? static_cast<std::size_t>(found - word.data()) : word.npos;
+  if (found == nullptr)
     fmodifier = tsubtype::required;
   else
     modifier(word.substr(period + 1));
