@@ -41,11 +41,9 @@ class tdefinition {
   }
   // The option at a position, and its name; null and the empty name if there is none.
   const toption* getobjects(std::int32_t index) const noexcept {
-    return isindex(index) ? foptions.getobject(index) : nullptr;
+    return isindex(index) ? &option(index) : nullptr;
   }
-  toption* getobjects(std::int32_t index) noexcept {
-    return isindex(index) ? foptions.getobject(index) : nullptr;
-  }
+  toption* getobjects(std::int32_t index) noexcept { return isindex(index) ? &option(index) : nullptr; }
   std::string_view getstrings(std::int32_t index) const noexcept {
     return isindex(index) ? foptions.getobject(index)->name() : std::string_view();
   }
@@ -122,7 +120,9 @@ class tdefinition {
   tstoredtext stored(std::string_view text) { return farena.text(text); }
 
  private:
-  bool isindex(std::int32_t index) const noexcept { return index >= 0 && index < getcount(); }
+  bool isindex(std::int32_t index) const noexcept {
+    return static_cast<std::uint32_t>(index) < static_cast<std::uint32_t>(getcount());
+  }
   template <class tname>
   std::int32_t synonymindex(const tname& name) const {
     const std::int32_t synonym = fsynonyms.indexof(name);
