@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cassert>
-#include <cstring>
 
 #include "base/systemerror.h"
 
@@ -99,9 +98,8 @@ bool tdefinitionreader::name() {
 tdefinitionreader::tkeyword tdefinitionreader::type() {
   std::string_view word;
   fscanner.nexttoken(word);
-  const auto* const found = static_cast<const char*>(::memrchr(word.data(), '.', word.size()));
-  const std::size_t period = found != nullptr ? static_cast<std::size_t>(found - word.data()) : word.npos;
-  if (found == nullptr)
+  const std::size_t period = word.rfind('.');
+  if (period == std::string_view::npos)
     fmodifier = tsubtype::required;
   else
     modifier(word.substr(period + 1));
