@@ -154,7 +154,7 @@ bool treading::readdefinitionagain(tvksoptions& other) const {
 bool treading::readoptions(const tinputs& inputs) {
   bool result = true;
   for (const std::string& filename : inputs.optionfiles) {
-    const std::string& path = pathof(filename, fwatches);
+    const std::string path = pathof(filename, fwatches);
     foptionfiles.emplace(displayname(filename), path);
     result &= collect(displayname(filename), [&] { return fstore.optreadparameterfile(path); });
   }
@@ -193,7 +193,8 @@ bool treading::collect(const std::string& name, const std::function<std::int32_t
 
 // The path under which the library opens a file on the command line: that of a copy for standard input and,
 // if the file is read again, for a pipe or a device.
-const std::string& treading::pathof(const std::string& filename, bool readagain) {
+std::string treading::pathof(const std::string& filename, bool readagain) {
+  if (ftextsource != nullptr) return sourcepath(filename);
   if (filename == "-") {
     fcopies.emplace_back().write(readstandardinput());
     return fcopies.back().path();
@@ -210,8 +211,9 @@ void treading::filed(const tmessage& message) {
   if (message.kind == tmsgkind::fileenter && message.source->sourcekind() == tsourcekind::file) {
     const std::string path(message.source->sourcename());
     ffilesread.add(path);
-    if (message.source->includer() != nullptr) foptionfiles.emplace(path, path);
-    addutf16(placeof(message.source, 1), path);
+    const std::string text = sourcepath(path);
+    if (message.source->includer() != nullptr) foptionfiles.emplace(path, text);
+    addutf16(placeof(message.source, 1), text);
   }
   if (message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave) return;
   if (message.explains) {
@@ -230,7 +232,9 @@ void treading::filed(const tmessage& message) {
                    .rule = rule,
                    .text = std::string(message.text),
                    .suggestions = std::move(suggestions),
-                   .unusable = message.subject.problem == tsubject::tproblem::unusablefile});
+                   .unusable = message.subject.problem == tsubject::tproblem::unusablefile,
+                   .name = std::string(message.subject.name),
+                   .value = std::string(message.subject.value)});
   advise(message);
   if (message.subject.problem == tsubject::tproblem::duplicatename) explainduplicate(message);
   if (message.subject.problem == tsubject::tproblem::unusablefile) adviseoninclude(message);
@@ -239,7 +243,10 @@ void treading::filed(const tmessage& message) {
 // Messages about one line that have the same note have it once.
 void treading::advise(const tmessage& message) {
   std::string advice = adviceon(message, fstore);
-  if (advice.empty() && message.kind == tmsgkind::defineerror) advice = ffieldnotes.next(message);
+  if (advice.empty() && message.kind == tmsgkind::defineerror) {
+    advice = ffieldnotes.next(message);
+    ffindings.mean(ffieldnotes.field());
+  }
   if (advice.empty() || (advice == fadvice && message.line == fadviceline)) return;
   fadvice = advice;
   fadviceline = message.line;
@@ -254,7 +261,9 @@ tplace treading::placeof(const tmessage& message) const {
 
 void treading::explainduplicate(const tmessage& message) {
   fduplicates.insert(message.line);
-  ffindings.advise(holderof(message.subject.name, fstore.definition(), flines));
+  const tholder holder = holderof(message.subject.name, fstore.definition(), flines);
+  ffindings.advise(holder.text);
+  if (holder.line > 0) ffindings.relate({{fdefinition, holder.line}, std::string(definedhere)});
 }
 
 // A relative path counts from the current directory, not from the file that names it.
@@ -312,8 +321,9 @@ void treading::watchsetting(const toption& option) {
   const tlinesource* source = fstore.messages().activesource();
   if (source == nullptr) return;
   const tcharset& comments = fstore.definition().eolcommset();
-  const bool hascomment = std::ranges::any_of(
-      source->linetext(), [&](char c) { return comments.test(static_cast<unsigned char>(c)); });
+  const bool hascomment = comments.any() && std::ranges::any_of(source->linetext(), [&](char c) {
+                            return comments.test(static_cast<unsigned char>(c));
+                          });
   if (!hascomment && !option.name().starts_with("--")) return;  // nearly all lines
   const tplace place = placeof(source, source->linenr());
   if (option.name().starts_with("--") && option.name().size() > maxidentifier + 2)
@@ -347,6 +357,10 @@ void treading::listed(std::string_view names) {
                      .severity = tseverity::plain,
                      .rule = {},
                      .text = std::string(names.substr(0, names.find('\n')))});
+}
+
+std::string_view treading::pathtoopen(std::string_view filename) {
+  return fpath = sourcepath(std::string(filename));
 }
 
 // An included file has its own name.
