@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "base/shortstring.h"
+#include "base/textblocks.h"
 #include "base/textcase.h"
 
 namespace optcore {
@@ -22,25 +23,22 @@ namespace optcore {
 // A name, compared regardless of case.
 struct tnamekey {
   std::string_view text;
-  std::uint32_t hash() const noexcept { return struhash(text); }
-  bool operator==(const tnamekey& other) const noexcept { return struequal(text, other.text); }
+  std::uint32_t hash() const noexcept { return hashanycase(text); }
+  [[gnu::always_inline]] bool operator==(const tnamekey& other) const noexcept {
+    return equalanycase(text, other.text);
+  }
 };
 
-// A name that is searched for in several lists, or before it is added to a list. Its hash is computed once,
-// on first use. The text is not owned.
+// A name that is searched for in several lists, or before it is added to a list. Its hash is computed once. The
+// text is not owned.
 class tsoughtname : public tnamekey {
  public:
-  explicit tsoughtname(std::string_view name) noexcept : tnamekey{name} {}
+  explicit tsoughtname(std::string_view name) noexcept : tnamekey{name}, fhash(tnamekey::hash()) {}
   explicit tsoughtname(shortstring&& name) = delete;  // it would be gone before it is looked for
-  std::uint32_t hash() const noexcept {
-    if (!fishashed) fhash = tnamekey::hash();
-    fishashed = true;
-    return fhash;
-  }
+  std::uint32_t hash() const noexcept { return fhash; }
 
  private:
-  mutable std::uint32_t fhash = 0;
-  mutable bool fishashed = false;
+  std::uint32_t fhash;
 };
 
 struct tnumberkey {
@@ -55,10 +53,11 @@ class tnameindex {
   // of a position. Between two searches, items may be added at the end; after any other change of positions
   // or keys, reset must be called first. Throws std::bad_alloc.
   template <class tkey, class tkeyat>
-  std::int32_t find(std::int32_t count, const tkey& key, tkeyat keyat) {
+  [[gnu::noinline]] std::int32_t find(std::int32_t count, tkey key, tkeyat keyat) {
     assert(fentered <= count);
-    if (count <= walkedcount || (fentered < count && !enter(count, keyat))) return walk(count, key, keyat);
-    return fslots[slotof(key, key.hash(), keyat)].position;
+    if (count > walkedcount && (fentered == count || enter(count, keyat))) [[likely]]
+      return fslots[slotof(key, key.hash(), keyat)].position;
+    return walk(count, key, keyat);
   }
 
   // Enters the item that was just added at position count - 1, if all items before it are entered. This is
@@ -84,15 +83,17 @@ class tnameindex {
   };
 
   template <class tkey, class tkeyat>
-  static std::int32_t walk(std::int32_t count, const tkey& key, tkeyat keyat);
+  [[gnu::noinline]] static std::int32_t walk(std::int32_t count, tkey key, tkeyat keyat);
 
   // Returns the slot of the key, or the empty slot where it belongs. At least one slot must be empty.
   template <class tkey, class tkeyat>
-  std::size_t slotof(const tkey& key, std::uint32_t hash, tkeyat keyat) const {
+  [[gnu::always_inline]] std::size_t slotof(const tkey& key, std::uint32_t hash, tkeyat keyat) const {
     assert(fused < fslots.size());
-    std::size_t i = hash & mask();
-    while (fslots[i].position >= 0 && !(fslots[i].hash == hash && keyat(fslots[i].position) == key))
-      i = (i + 1) & mask();
+    const tslot* const slots = fslots.data();
+    const std::size_t last = fslots.size() - 1;
+    std::size_t i = hash & last;
+    while (slots[i].position >= 0 && !(slots[i].hash == hash && keyat(slots[i].position) == key))
+      i = (i + 1) & last;
     return i;
   }
 
@@ -100,11 +101,11 @@ class tnameindex {
   // slot. Without memory, returns false for a list that can be walked, and throws std::bad_alloc for a longer
   // one.
   template <class tkeyat>
-  bool enter(std::int32_t count, tkeyat keyat);
+  [[gnu::noinline]] bool enter(std::int32_t count, tkeyat keyat);
   // Enters the position fentered, whose key is given. There must be room for it, see reserveone.
   template <class tkey, class tkeyat>
   void enternext(const tkey& key, tkeyat keyat) {
-    assert(4 * (fused + 1) <= 3 * fslots.size());
+    assert(2 * (fused + 1) <= fslots.size());
     const std::uint32_t hash = key.hash();
     tslot& slot = fslots[slotof(key, hash, keyat)];
     if (slot.position < 0) {
@@ -114,19 +115,16 @@ class tnameindex {
     ++fentered;
   }
 
-  std::size_t mask() const noexcept { return fslots.size() - 1; }
-  bool reserveone() noexcept { return 4 * (fused + 1) <= 3 * fslots.size() || grow(); }
+  bool reserveone() noexcept { return 2 * (fused + 1) <= fslots.size() || grow(); }
   bool grow() noexcept;
 
-  std::vector<tslot> fslots;  // their number is a power of two; at most three quarters are in use
+  std::vector<tslot> fslots;  // their number is a power of two; at most half of them are in use
   std::size_t fused = 0;      // slots in use
   std::int32_t fentered = 0;  // positions below this are entered
 };
 
-// Defined outside the class, so that the compiler does not inline them into every call of find.
-
 template <class tkey, class tkeyat>
-std::int32_t tnameindex::walk(std::int32_t count, const tkey& key, tkeyat keyat) {
+std::int32_t tnameindex::walk(std::int32_t count, tkey key, tkeyat keyat) {
   for (std::int32_t i = 0; i < count; ++i)
     if (keyat(i) == key) return i;
   return -1;

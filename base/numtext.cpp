@@ -21,9 +21,8 @@ void tnumbertext::append(std::size_t count, char character) noexcept {
 }
 
 void tnumbertext::append(std::int64_t number) noexcept {
-  char digits[20];  // enough for any 64-bit number
-  const char* const end = std::to_chars(digits, std::end(digits), number).ptr;
-  append({digits, static_cast<std::size_t>(end - digits)});
+  const std::to_chars_result result = std::to_chars(ftext + flength, std::end(ftext), number);
+  if (result.ec == std::errc()) flength = static_cast<unsigned char>(result.ptr - ftext);
 }
 
 namespace {
@@ -160,6 +159,21 @@ tnumbertext dbltostrex(double number) noexcept {
 
 namespace {
 
+// The fast path for most numbers, an optional minus sign and one to nine digits.
+bool parseshortinteger(std::string_view text, std::int32_t& number) noexcept {
+  constexpr std::size_t longest = 9;  // cannot overflow
+  const bool negative = !text.empty() && text[0] == '-';
+  if (negative) text.remove_prefix(1);
+  if (text.empty() || text.size() > longest) return false;
+  std::int32_t value = 0;
+  for (const char character : text) {
+    if (!isdigit(character)) return false;
+    value = 10 * value + (character - '0');
+  }
+  number = negative ? -value : value;
+  return true;
+}
+
 // The fast path for most numbers: an optional minus sign, then at most fifteen characters, which are digits
 // and at most one point. Such digits and the power of ten are exact as doubles, so their quotient is rounded
 // correctly.
@@ -255,6 +269,7 @@ bool parsedoubleword(std::string_view text, double& number) noexcept {
 }  // namespace
 
 bool strasintex(std::string_view text, std::int32_t& number) noexcept {
+  if (parseshortinteger(text, number)) return true;
   number = 0;
   const std::string_view digits = withoutplus(text);
   std::int32_t value = 0;

@@ -17,7 +17,8 @@ inline constexpr double maxdouble = 1.0e299;
 inline constexpr double mindouble = -1.0e299;
 inline constexpr double epsdouble = 1.0e-20;
 
-// The text of one number, stored without allocation. Text beyond the capacity is dropped.
+// The text of one number, stored without allocation. Text beyond the capacity is dropped, and so is a number
+// that does not fit.
 class tnumbertext {
  public:
   static constexpr std::size_t capacity = 39;

@@ -3,8 +3,12 @@
 // manual says. What it does not check itself is checked by hand.
 //
 //   boost  Boost.Program_options, bounds and items checked in notifiers
-//   inih   the inih reader with a std::unordered_map, everything checked by hand
+//   hand   a reader written by hand and a std::unordered_map, everything checked by hand
+//   inih   the inih reader with the same map
 //   toml   toml++, which keeps a tree of values, looked up and checked by hand
+//
+// A client knows the type of an option that it asks for. This library has a getter for each type; the others
+// know the type themselves.
 //
 // Only this library reads a definition file, so there is no row for that. Boost searches all options for each
 // line and is measured at the smallest size only.
@@ -13,6 +17,7 @@
 
 #include <algorithm>
 #include <boost/program_options.hpp>
+#include <fstream>
 #include <memory>
 #include <unordered_map>
 
@@ -83,22 +88,40 @@ std::string assignmentfile(const tworkload& work, bool quoted) {
 
 // ---- the libraries: each class is made from a workload, reads a file and returns values
 
-class tinihsystem {
+class thandsystem {
  public:
   static std::string file(const tworkload& work) { return assignmentfile(work, false); }
-  explicit tinihsystem(const tworkload& work) : ftable(checkedtable(work)) {}
+  explicit thandsystem(const tworkload& work) : ftable(checkedtable(work)) {}
+  bool read(const std::string& path) {
+    std::ifstream file(path);
+    for (std::string line; std::getline(file, line);) {
+      const std::size_t sign = line.find(" = ");
+      if (sign == std::string::npos || !take(line.substr(0, sign), line.substr(sign + 3))) return false;
+    }
+    return true;
+  }
+  double value(const std::string& name, char /*type*/) const { return valueof(ftable, name); }
+
+ protected:
+  bool take(const std::string& name, const std::string& value) {
+    const auto found = ftable.find(name);
+    if (found == ftable.end()) return false;
+    return found->second.hastext() ? found->second.set(value) : found->second.set(asdouble(value));
+  }
+
+ private:
+  ttable ftable;
+};
+
+class tinihsystem : public thandsystem {
+ public:
+  using thandsystem::thandsystem;
   bool read(const std::string& path) { return ini_parse(path.c_str(), take, this) == 0; }
-  double value(const std::string& name) const { return valueof(ftable, name); }
 
  private:
   static int take(void* self, const char*, const char* name, const char* value) {
-    ttable& table = static_cast<tinihsystem*>(self)->ftable;
-    const auto found = table.find(name);
-    if (found == table.end()) return 0;
-    return found->second.hastext() ? found->second.set(std::string(value))
-                                   : found->second.set(asdouble(value));
+    return static_cast<tinihsystem*>(self)->thandsystem::take(name, value) ? 1 : 0;
   }
-  ttable ftable;
 };
 
 class ttomlsystem {
@@ -117,7 +140,7 @@ class ttomlsystem {
     }
     return true;
   }
-  double value(const std::string& name) const {
+  double value(const std::string& name, char /*type*/) const {
     const auto* node = fvalues.get(name);
     if (const auto text = node->value<std::string_view>()) return static_cast<double>(text->size());
     return node->value_or(0.0);
@@ -154,7 +177,7 @@ class tboostsystem {
     po::notify(fvalues);
     return fgood;
   }
-  double value(const std::string& name) const {
+  double value(const std::string& name, char /*type*/) const {
     const auto& any = fvalues[name].value();
     if (const auto* text = boost::any_cast<std::string>(&any)) return static_cast<double>(text->size());
     return boost::any_cast<double>(any);
@@ -173,7 +196,7 @@ class tfloorsystem {
   static std::string file(const tworkload& work) { return work.parameterfile; }
   explicit tfloorsystem(const tworkload& work) { ffloor.define(work.options); }
   bool read(const std::string& path) { return ffloor.readparameters(path) == 0; }
-  double value(const std::string& name) const {
+  double value(const std::string& name, char /*type*/) const {
     const tfloor::toption& option = *ffloor.find(name);
     if (option.type == 'd') return option.value.real;
     return option.type == 'i' || option.type == 'b' ? static_cast<double>(option.value.integer)
@@ -191,17 +214,19 @@ class tlibrarysystem {
   bool read(const std::string& path) {
     return coptreadparameterfile(fhandle, path.c_str()) == 0 && errors(fhandle) == 0;
   }
-  double value(const std::string& name) const {
+  double value(const std::string& name, char type) const {
     std::int32_t number = 0;
     std::int32_t refnr = 0;
     coptfindstr(fhandle, name.c_str(), &number, &refnr);
     std::int32_t integer = 0;
     double real = 0;
-    if (optgetintnr(fhandle, number, &integer) == 1) return integer;
-    if (optgetdblnr(fhandle, number, &real) == 1) return real;
     optshortstring text;
-    optgetstrnr(fhandle, number, &text);
-    return text.length;
+    switch (type) {
+      case 'i':
+      case 'b': optgetintnr(fhandle, number, &integer); return integer;
+      case 'd': optgetdblnr(fhandle, number, &real); return real;
+      default: optgetstrnr(fhandle, number, &text); return text.length;
+    }
   }
 
  private:
@@ -214,7 +239,7 @@ template <class tsystem>
 bool holds(const tsystem& system, const tworkload& work) {
   return std::all_of(work.options.begin(), work.options.end(), [&](const tsample& option) {
     const bool istext = option.type == 's' || option.type == 'e';
-    return system.value(option.name) ==
+    return system.value(option.name, option.type) ==
            (istext ? static_cast<double>(option.finaltext.size()) : asdouble(option.finaltext));
   });
 }
@@ -236,13 +261,16 @@ void query(benchmark::State& state, std::int64_t size) {
   tsystem system(work);
   const bool good = system.read(tsystem::file(work)) && holds(system, work);
   std::vector<std::string> names;
-  for (const std::int32_t position : work.queryorder)
+  std::string types;
+  for (const std::int32_t position : work.queryorder) {
     names.push_back(work.options[static_cast<std::size_t>(position)].name);
+    types += work.options[static_cast<std::size_t>(position)].type;
+  }
   timed(
       state, size,
       [&] {
         double sum = 0;
-        for (const std::string& name : names) sum += system.value(name);
+        for (std::size_t i = 0; i < names.size(); ++i) sum += system.value(names[i], types[i]);
         benchmark::DoNotOptimize(sum);
       },
       [&] { return good; });
@@ -259,6 +287,7 @@ void addsystem(const char* who, std::int64_t size) {
 void addpeers() {
   for (const std::int64_t size : {500, 10000}) {
     addsystem<tlibrarysystem>("wexcorin", size);
+    addsystem<thandsystem>("hand", size);
     addsystem<tinihsystem>("inih", size);
     addsystem<ttomlsystem>("toml", size);
     if (size == 500) addsystem<tboostsystem>("boost", size);

@@ -117,15 +117,15 @@ def targets(figures):
     """(what, size, wanted, unit, value) of each figure that has a target."""
     rows = [(work, size, wanted, "x floor", figures.ratio(row, "wexcorin", "floor", size))
             for row, work, sizes, wanted in (
-                ("definition", "read the definition", (500, 10000, 100000), "3 [1.5]"),
-                ("parameters", "read as many assignments", (500, 10000, 100000), "3 [1.5]"),
-                ("million", "read them to 500 options", (1000000,), "3 [1.5]"),
-                ("query_typed", "query by name, find and get", (500, 10000, 100000), "4 [2]"),
-                ("query_text", "query by name, as text", (500, 10000, 100000), "4 [2]"),
-                ("process", "whole process, to one that reads the files", (1,), "1.5"))
+                ("definition", "read the definition", (500, 10000, 100000), "1.9 [1.5]"),
+                ("parameters", "read as many assignments", (500, 10000, 100000), "1.7 [1.4]"),
+                ("million", "read them to 500 options", (1000000,), "1.5 [1.2]"),
+                ("query_typed", "query by name, find and get", (500, 10000, 100000), "1.5 [1.2]"),
+                ("query_text", "query by name, as text", (500, 10000, 100000), "2"),
+                ("process", "whole process, to one that reads the files", (1,), "1.2"))
             for size in sizes]
     for size in (500,):
-        rows.append(("memory beyond texts", size, "400 [200]", "bytes an option",
+        rows.append(("memory beyond texts", size, "180 [150]", "bytes an option",
                      figures.counter(f"memory/wexcorin/{size}", "resident")))
     create = figures.each("create/wexcorin/100")
     rows.append(("create and free a handle", 1, "2000", "ns", create))
@@ -141,7 +141,7 @@ def targets(figures):
                        ("html/100000", "HTML table")):
         wanted = "-" if name.startswith("file") else "100"
         rows.append((f"write {work}", int(name.split("/")[1]), wanted, "MB/s", figures.rate(f"output/{name}")))
-    few = {"getint": "few", "getdbl": "few", "getstr": "-", "setint": "-", "setdbl": "-"}
+    few = {"getint": "6", "getdbl": "6", "getstr": "-", "setint": "-", "setdbl": "-"}
     for who, wanted in few.items():
         rows.append((f"{who} by number", 500, wanted, "ns", figures.each(f"family/{who}/500")))
     return rows

@@ -46,7 +46,7 @@ void tlinereader::makeblock() {
   fblocksize = largestblock;
   if (fstatus.isordinary)
     fblocksize = std::clamp(static_cast<std::size_t>(fstatus.size) + 1, smallestblock, largestblock);
-  fblock = std::make_unique_for_overwrite<char[]>(fblocksize + 1);
+  fblock = std::make_unique_for_overwrite<char[]>(fblocksize + 1 + blockpadding);
   fbegin = fend = fblock.get();
 }
 
@@ -97,6 +97,7 @@ ssize_t tlinereader::readonce() noexcept {
   if (count > 0) {
     funread -= count;
     fend += count;
+    std::memset(fend, 0, 1 + blockpadding);
   }
   return count;
 }

@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "base/waiting.h"
+#include "input/blockscan.h"
 #include "input/bytesread.h"
 
 namespace optcore {
@@ -31,8 +32,8 @@ class tlinereader {
   int open(std::string_view filename, twaiting& waiting);
   void close() noexcept;
 
-  // A line in the block. Its characters and the one behind them may be changed. Valid until the next call of
-  // next.
+  // A line in the block. Its characters and the one behind them may be changed; `blockpadding` more bytes may
+  // be read. Valid until the next call of next.
   struct tline {
     char* text = nullptr;
     std::size_t length = 0;

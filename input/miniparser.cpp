@@ -24,7 +24,8 @@ consteval tminiparser::tclasses tminiparser::classesofcharacters() {
 tminiparser::tminiparser(tmessagelist& messages, const tcharset& commentset) : fmessages(messages) {
   static constexpr tclasses classes = classesofcharacters();
   fclasses = classes;
-  for (std::size_t code = 0; commentset.any() && code < commentset.size(); ++code)
+  fhascomments = commentset.any();
+  for (std::size_t code = 0; fhascomments && code < commentset.size(); ++code)
     if (commentset[code]) fclasses[code] |= comment;
 }
 
@@ -49,9 +50,9 @@ void tminiparser::readfrompchar(const char* text) {
 void tminiparser::setsource(tsourcekind kind, std::string_view name, std::string_view text) {
   assert(flinenr == 0 && flineend == nullptr);  // a scanner reads one source
   strassign(fsourcename, name);
-  ftext = std::make_unique_for_overwrite<char[]>(text.size() + 1);
+  ftext = std::make_unique_for_overwrite<char[]>(text.size() + 1 + blockpadding);
   std::copy(text.begin(), text.end(), ftext.get());
-  ftext[text.size()] = endofline;
+  std::memset(ftext.get() + text.size(), endofline, 1 + blockpadding);
   ftextlength = text.size();
   fkind = kind;
   if (fmessages.echo()) flushecho(text);
@@ -153,7 +154,7 @@ bool tminiparser::nexttoken(std::string_view& text) {
   text = {};
   if (!skipbl()) return false;
   if (ch() == '"') return nextquotedtoken(text);
-  text = collectuntil(lineend | blank | comma);
+  text = taken(findanyof(fposition, endofline, endofinput, ' ', '\t', ','));
   return true;
 }
 

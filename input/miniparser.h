@@ -14,6 +14,7 @@
 
 #include "base/strutilx.h"
 #include "base/vksobj.h"
+#include "input/blockscan.h"
 #include "input/linereader.h"
 #include "options/linesource.h"
 #include "options/messages.h"
@@ -63,7 +64,7 @@ class tminiparser final : public tlinesource {
   // An identifier: letter { letter | digit | "_" }; for nextidentx without "_". Blanks before it are not
   // skipped.
   bool nextident(std::string_view& text) {
-    text = is(ch(), letter) ? collect(letter | digit | underscore) : std::string_view();
+    text = is(ch(), letter) ? taken(identifierend(fposition)) : std::string_view();
     return !text.empty();
   }
   bool nextidentx(std::string_view& text) {
@@ -104,7 +105,10 @@ class tminiparser final : public tlinesource {
   // Everything up to the end of the line, without blanks and tabs at either end.
   void restofline(std::string_view& text);
   // Everything up to the end of the line or an end-of-line comment; nothing is skipped or trimmed.
-  std::string_view untilcomment() { return collectuntil(lineend | comment); }
+  std::string_view untilcomment() {
+    return fhascomments ? collectuntil(lineend | comment)
+                        : taken(findanyof(fposition, endofline, endofinput));
+  }
   // The same for a text after a double quote, which is the current character and is skipped. A comment begins
   // only after an odd number of further double quotes.
   std::string_view untilcommentafterquote();
@@ -189,6 +193,7 @@ class tminiparser final : public tlinesource {
   tsourcekind fkind = tsourcekind::file;
   tmessagelist& fmessages;
   tclasses fclasses;
+  bool fhascomments;
   heapstring fsourcename;
 };
 

@@ -24,11 +24,6 @@ void tdefinition::clearrecent() noexcept {
   for (std::int32_t i = 0; i < getcount(); ++i) option(i).clearrecent();
 }
 
-std::int32_t tdefinition::synonymindex(const tsoughtname& name) const {
-  const std::int32_t synonym = fsynonyms.indexof(name);
-  return synonym >= 0 ? fsynonyms.getobject(synonym) : -1;
-}
-
 void tdefinition::addgroup(std::string_view name, std::int32_t groupnumber, std::int32_t helpflag,
                            std::string_view text) {
   fgroups.addobject(name, farena.make<tgroupobj>(groupnumber, helpflag, stored(text)));

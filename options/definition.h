@@ -41,11 +41,9 @@ class tdefinition {
   }
   // The option at a position, and its name; null and the empty name if there is none.
   const toption* getobjects(std::int32_t index) const noexcept {
-    return isindex(index) ? foptions.getobject(index) : nullptr;
+    return isindex(index) ? &option(index) : nullptr;
   }
-  toption* getobjects(std::int32_t index) noexcept {
-    return isindex(index) ? foptions.getobject(index) : nullptr;
-  }
+  toption* getobjects(std::int32_t index) noexcept { return isindex(index) ? &option(index) : nullptr; }
   std::string_view getstrings(std::int32_t index) const noexcept {
     return isindex(index) ? foptions.getobject(index)->name() : std::string_view();
   }
@@ -64,13 +62,16 @@ class tdefinition {
   // ---- finding options that have been added, according to the lookup mode
   // By name alone, without the synonyms.
   std::int32_t optlookup(const tsoughtname& name) const { return flookup.find(flookupmode, name); }
-  std::int32_t optlookup(std::string_view name) const { return optlookup(tsoughtname(name)); }
+  std::int32_t optlookup(std::string_view name) const { return flookup.find(flookupmode, name); }
   // By name or, failing that, by synonym.
+  std::int32_t indexof(std::string_view name) const {
+    const std::int32_t index = optlookup(name);
+    return index >= 0 ? index : synonymindex(name);
+  }
   std::int32_t indexof(const tsoughtname& name) const {
     const std::int32_t index = optlookup(name);
     return index >= 0 ? index : synonymindex(name);
   }
-  std::int32_t indexof(std::string_view name) const { return indexof(tsoughtname(name)); }
   const toption* optionasobj(std::string_view name) const { return getobjects(indexof(name)); }
   toption* optionasobj(std::string_view name) { return getobjects(indexof(name)); }
   // The first option with exactly this name, regardless of case and whatever the lookup mode is.
@@ -119,8 +120,14 @@ class tdefinition {
   tstoredtext stored(std::string_view text) { return farena.text(text); }
 
  private:
-  bool isindex(std::int32_t index) const noexcept { return index >= 0 && index < getcount(); }
-  std::int32_t synonymindex(const tsoughtname& name) const;
+  bool isindex(std::int32_t index) const noexcept {
+    return static_cast<std::uint32_t>(index) < static_cast<std::uint32_t>(getcount());
+  }
+  template <class tname>
+  std::int32_t synonymindex(const tname& name) const {
+    const std::int32_t synonym = fsynonyms.indexof(name);
+    return synonym >= 0 ? fsynonyms.getobject(synonym) : -1;
+  }
 
   tvksoptions& fowner;
   tarena farena;  // declared first, because it must outlive what lies in it

@@ -8,14 +8,6 @@ namespace optcore {
 
 // ---- options
 
-bool findoption(const tdefinition& definition, std::string_view name, std::int32_t& nr, std::int32_t& refnr) {
-  const std::int32_t index = definition.indexof(name);
-  const toption* option = definition.getobjects(index);
-  nr = option != nullptr ? index + 1 : -1;
-  refnr = option != nullptr ? option->refnr() : -1;
-  return option != nullptr;
-}
-
 bool setrefnr(toption* option, std::int32_t refnr) {
   if (option != nullptr) option->setrefnr(refnr);
   return option != nullptr;

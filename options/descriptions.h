@@ -14,7 +14,15 @@
 namespace optcore {
 
 // ---- options
-bool findoption(const tdefinition& definition, std::string_view name, std::int32_t& nr, std::int32_t& refnr);
+// Inline, because clients find options often.
+inline bool findoption(const tdefinition& definition, std::string_view name, std::int32_t& nr,
+                       std::int32_t& refnr) {
+  const std::int32_t index = definition.indexof(name);
+  const toption* option = definition.getobjects(index);
+  nr = option != nullptr ? index + 1 : -1;
+  refnr = option != nullptr ? option->refnr() : -1;
+  return option != nullptr;
+}
 bool setrefnr(toption* option, std::int32_t refnr);
 bool getinfo(const toption* option, std::int32_t& defined, std::int32_t& definedr, std::int32_t& refnr,
              std::int32_t& datatype, std::int32_t& opttype, std::int32_t& subtype);

@@ -52,11 +52,22 @@ void tsignificantkey::addminos(std::string_view name) noexcept {
   }
 }
 
+namespace {
+
+// Keys are passed by value, but these are large.
+struct tkeyreference {
+  const tsignificantkey& key;
+  std::uint32_t hash() const noexcept { return key.hash(); }
+  friend bool operator==(const tsignificantkey& a, tkeyreference b) noexcept { return a == b.key; }
+};
+
+}  // namespace
+
 std::int32_t tlookup::findsignificant(tlookupmode mode, std::string_view name) const {
   tnameindex& index = mode == tlookupmode::path ? fpathindex : fminosindex;
   const auto keyat = [this, mode](std::int32_t i) { return tsignificantkey(mode, foptions.getname(i)); };
   const tsignificantkey sought(mode, name);
-  return sought.matchable() ? index.find(foptions.count(), sought, keyat) : -1;
+  return sought.matchable() ? index.find(foptions.count(), tkeyreference{sought}, keyat) : -1;
 }
 
 }  // namespace optcore

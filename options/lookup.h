@@ -49,6 +49,9 @@ class tlookup {
 
   // The position (from 0) of the first option that matches, or -1. Between calls, options may be added but
   // not removed or moved.
+  std::int32_t find(tlookupmode mode, std::string_view name) const {
+    return mode == tlookupmode::normal ? foptions.indexof(name) : findsignificant(mode, name);
+  }
   std::int32_t find(tlookupmode mode, const tsoughtname& name) const {
     return mode == tlookupmode::normal ? foptions.indexof(name) : findsignificant(mode, name.text);
   }

@@ -15,20 +15,32 @@ tnumbertext textof(double value) {
 
 }  // namespace
 
-tvaluetext toption::getasstring12(twhich which) const {
+// Calls take(text) with the value as text, which is a number's or a view of what the option owns.
+template <class ttake>
+void toption::taketext(twhich which, ttake take) const {
   switch (fopttype) {
-    case topttype::integer: return inttostr(as<tintoption>(*this).value(which));
-    case topttype::dbl: return textof(as<tdbloption>(*this).value(which));
-    case topttype::string: return as<tstringoption>(*this).value(which);
-    case topttype::boolean: return inttostr(as<tbooleanoption>(*this).value(which));
-    case topttype::enumstr: return as<tenumstroption>(*this).value(which);
-    case topttype::enumint: return inttostr(as<tenumintoption>(*this).value(which));
+    case topttype::integer:
+    case topttype::boolean:
+    case topttype::enumint: return take(inttostr(static_cast<const tintegervalued&>(*this).value(which)));
+    case topttype::dbl: return take(textof(as<tdbloption>(*this).value(which)));
+    case topttype::string: return take(as<tstringoption>(*this).value(which));
+    case topttype::enumstr: return take(as<tenumstroption>(*this).value(which));
     case topttype::multilist:
     case topttype::strlist:
     case topttype::macro:
     case topttype::immediate: break;
   }
-  return {};
+  take(std::string_view());
+}
+
+tvaluetext toption::getasstring12(twhich which) const {
+  tvaluetext result;
+  taketext(which, [&](const auto& text) { result = text; });
+  return result;
+}
+
+void toption::gettext12(twhich which, ttextout& result) const {
+  taketext(which, [&](std::string_view text) { result.set(text); });
 }
 
 void toption::usedefined() {

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "base/numtext.h"
+#include "base/textout.h"
 #include "options/codes.h"
 #include "options/toptionx.h"
 
@@ -95,6 +96,8 @@ class toption : public toptionx, public tinarena {
   tvaluetext getasstring() const { return getasstring12(twhich::first); }
   tvaluetext getasstring2() const { return getasstring12(twhich::second); }
   tvaluetext getasstring12(twhich which) const;
+  // Passes the value as text to the result.
+  void gettext12(twhich which, ttextout& text) const;
   // The same as a number, for the types whose value is an integer.
   std::optional<std::int32_t> getasinteger() const { return getasinteger12(twhich::first); }
   std::optional<std::int32_t> getasinteger2() const { return getasinteger12(twhich::second); }
@@ -121,6 +124,8 @@ class toption : public toptionx, public tinarena {
     mask = static_cast<std::uint8_t>(mask | bits);
   }
   void setvaluefromtext(twhich which, std::string_view text);
+  template <class ttake>
+  void taketext(twhich which, ttake take) const;
 
   // What few options have. It is kept apart, because a file may make millions of options.
   struct trare {
@@ -172,24 +177,34 @@ struct ttextvalues {
   }
 };
 
-class tintoption final : public toption {
+// What the types whose value is an integer share.
+class tintegervalued : public toption {
+ public:
+  std::int32_t defaultvalue() const noexcept { return fvalues.fdefault; }
+  std::int32_t value(twhich which) const noexcept { return fvalues.current(*this, which); }
+  void storedefault() { fvalues.storedefault(); }
+
+ protected:
+  tintegervalued(tvksoptions& owner, const toptionhead& head, topttype opttype, std::int32_t defaultvalue)
+      : toption(owner, head, opttype), fvalues{defaultvalue} {}
+
+  tnumbervalues<std::int32_t> fvalues;
+};
+
+class tintoption final : public tintegervalued {
  public:
   static constexpr topttype type = topttype::integer;
   tintoption(tvksoptions& owner, const toptionhead& head, std::int32_t defaultvalue, std::int32_t lo,
              std::int32_t hi)
-      : toption(owner, head, type), fvalues{defaultvalue}, flo(lo), fhi(hi) {}
-  std::int32_t defaultvalue() const noexcept { return fvalues.fdefault; }
+      : tintegervalued(owner, head, type, defaultvalue), flo(lo), fhi(hi) {}
   std::int32_t lo() const noexcept { return flo; }
   std::int32_t hi() const noexcept { return fhi; }
-  std::int32_t value(twhich which) const noexcept { return fvalues.current(*this, which); }
   void setasinteger(std::int32_t value) { setasinteger12(twhich::first, value); }
   void setasinteger2(std::int32_t value) { setasinteger12(twhich::second, value); }
   void setasinteger12(twhich which, std::int32_t value);
   void setasstring12(twhich which, std::string_view text);
-  void storedefault() { fvalues.storedefault(); }
 
  private:
-  tnumbervalues<std::int32_t> fvalues;
   std::int32_t flo;
   std::int32_t fhi;
 };
@@ -231,21 +246,15 @@ class tstringoption final : public toption {
   ttextvalues fvalues;
 };
 
-class tbooleanoption final : public toption {
+class tbooleanoption final : public tintegervalued {
  public:
   static constexpr topttype type = topttype::boolean;
   tbooleanoption(tvksoptions& owner, const toptionhead& head, std::int32_t defaultvalue)
-      : toption(owner, head, type), fvalues{defaultvalue} {}
-  std::int32_t defaultvalue() const noexcept { return fvalues.fdefault; }
-  std::int32_t value(twhich which) const noexcept { return fvalues.current(*this, which); }
+      : tintegervalued(owner, head, type, defaultvalue) {}
   void setasinteger(std::int32_t value) { setasinteger12(twhich::first, value); }
   void setasinteger2(std::int32_t value) { setasinteger12(twhich::second, value); }
   void setasinteger12(twhich which, std::int32_t value);
   void setasstring12(twhich which, std::string_view text);
-  void storedefault() { fvalues.storedefault(); }
-
- private:
-  tnumbervalues<std::int32_t> fvalues;
 };
 
 class tenumstroption final : public toption {
@@ -266,13 +275,11 @@ class tenumstroption final : public toption {
   tstoredlistobj<toptionx> fitems;
 };
 
-class tenumintoption final : public toption {
+class tenumintoption final : public tintegervalued {
  public:
   static constexpr topttype type = topttype::enumint;
   tenumintoption(tvksoptions& owner, const toptionhead& head, std::int32_t defaultvalue)
-      : toption(owner, head, type), fvalues{defaultvalue} {}
-  std::int32_t defaultvalue() const noexcept { return fvalues.fdefault; }
-  std::int32_t value(twhich which) const noexcept { return fvalues.current(*this, which); }
+      : tintegervalued(owner, head, type, defaultvalue) {}
   // The legal values and their help, in definition order.
   const txlistobj<tlistoptionx>& items() const noexcept { return fitems; }
   void additem(std::int32_t value, std::int32_t helpflag, std::string_view helptext);
@@ -281,10 +288,8 @@ class tenumintoption final : public toption {
   void setasinteger2(std::int32_t value) { setasinteger12(twhich::second, value); }
   void setasinteger12(twhich which, std::int32_t value);
   void setasstring12(twhich which, std::string_view text);
-  void storedefault() { fvalues.storedefault(); }
 
  private:
-  tnumbervalues<std::int32_t> fvalues;
   txlistobj<tlistoptionx> fitems;
   mutable tnameindex fitemindex;
 };
@@ -371,9 +376,9 @@ const tclass& as(const toption& option) noexcept {
 // Defined inline, because clients that query integers by option number do so often.
 inline std::optional<std::int32_t> toption::getasinteger12(twhich which) const {
   switch (fopttype) {
-    case topttype::integer: return as<tintoption>(*this).value(which);
-    case topttype::boolean: return as<tbooleanoption>(*this).value(which);
-    case topttype::enumint: return as<tenumintoption>(*this).value(which);
+    case topttype::integer:
+    case topttype::boolean:
+    case topttype::enumint: return static_cast<const tintegervalued&>(*this).value(which);
     case topttype::dbl:
     case topttype::string:
     case topttype::enumstr:

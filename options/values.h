@@ -37,8 +37,12 @@ inline tvaluetext textof(const toption* option, twhich which) {
   return hasvalue(option, which) ? option->getasstring12(which) : tvaluetext();
 }
 inline bool gettext(const toption* option, twhich which, ttextout& text) {
-  text.set(textof(option, which));
-  return hasvalue(option, which);
+  if (!hasvalue(option, which)) {
+    text.clear();
+    return false;
+  }
+  option->gettext12(which, text);
+  return true;
 }
 // The name and the first value in all forms: the integer and the double are 0 for other types.
 bool getvalues(const toption* option, ttextout& name, std::int32_t& integer, double& dbl, ttextout& text);

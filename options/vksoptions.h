@@ -219,11 +219,12 @@ class tvksoptions : public toptionx {
   }
 
  private:
-  // The option with a number; null if there is none.
-  const toption* at(std::int32_t nr) const noexcept {
-    return nr >= 1 ? fdefinition.getobjects(nr - 1) : nullptr;
+  // The option with a number; null if there is none. A number below 1 gives a position that no option has.
+  const toption* at(std::int32_t nr) const noexcept { return fdefinition.getobjects(positionof(nr)); }
+  toption* at(std::int32_t nr) noexcept { return fdefinition.getobjects(positionof(nr)); }
+  static std::int32_t positionof(std::int32_t nr) noexcept {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(nr) - 1);
   }
-  toption* at(std::int32_t nr) noexcept { return nr >= 1 ? fdefinition.getobjects(nr - 1) : nullptr; }
 
   tdefinition fdefinition{*this};
   tmessagelist fmessages;

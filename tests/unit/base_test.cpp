@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 #include <random>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -40,23 +41,38 @@ TEST(heapstrings, the_empty_text_is_no_block) {
   EXPECT_TRUE(text.empty());
 }
 
-// Every pair of bytes, and texts that are long enough to be compared word by word. Only A to Z are letters
-// with two cases.
+// Every pair of bytes, at the end and at the beginning of texts of the lengths that are compared in different
+// ways. Only A to Z are letters with two cases.
 TEST(comparison, only_letters_of_the_alphabet_have_a_case) {
   const auto upper = [](int code) { return code >= 'a' && code <= 'z' ? code - 32 : code; };
-  for (int first = 0; first < 256; ++first)
-    for (int second = 0; second < 256; ++second) {
-      const char a = static_cast<char>(first), b = static_cast<char>(second);
-      const bool equal = upper(first) == upper(second);
-      const std::string texta = std::string("12345678abcde") + a, textb = std::string("12345678ABCDE") + b;
-      ASSERT_EQ(struequal(texta, textb), equal) << first << " " << second;
-      ASSERT_EQ(struequal(a + texta, b + textb), equal) << first << " " << second;
-      ASSERT_EQ(strucmp(texta, textb), upper(first) - upper(second));
-      ASSERT_TRUE(!equal || struhash(texta) == struhash(textb));
-    }
+  for (const std::size_t length : {0U, 1U, 3U, 7U, 15U, 31U}) {
+    const std::string lowercases(length, 'q'), uppercases(length, 'Q');
+    for (int first = 0; first < 256; ++first)
+      for (int second = 0; second < 256; ++second) {
+        const char a = static_cast<char>(first), b = static_cast<char>(second);
+        const bool equal = upper(first) == upper(second);
+        const std::string texta = lowercases + a, textb = uppercases + b;
+        ASSERT_EQ(struequal(texta, textb), equal) << first << " " << second << " " << length;
+        ASSERT_EQ(struequal(a + lowercases, b + uppercases), equal)
+            << first << " " << second << " " << length;
+        ASSERT_EQ(strucmp(texta, textb), upper(first) - upper(second));
+        ASSERT_TRUE(!equal || struhash(texta) == struhash(textb));
+      }
+  }
   EXPECT_LT(strucmp("abc", "ABCD"), 0);
   EXPECT_EQ(strucmp("abc", "ABC"), 0);
   EXPECT_FALSE(struequal("abc", "abcd"));
+}
+
+// Texts of two characters that differ as the two cases of a letter do, but are no letters.
+TEST(comparison, a_hash_tells_what_is_no_letter) {
+  std::set<std::uint32_t> hashes;
+  std::string text(20, '@');
+  for (std::uint32_t bits = 0; bits < 1U << 15; ++bits) {
+    for (std::size_t i = 0; i < 15; ++i) text[i] = (bits >> i & 1) != 0 ? '`' : '@';
+    hashes.insert(struhash(text));
+  }
+  EXPECT_GT(hashes.size(), 32700U);
 }
 
 TEST(comparison, numbers_at_the_end_of_names_count_by_their_values) {

@@ -1,0 +1,124 @@
+// Comparison and hashing regardless of case, sixteen characters at a time. These are the inline forms of
+// struequal and struhash, for the few places where names are searched for.
+#pragma once
+
+#include <emmintrin.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+namespace optcore {
+
+namespace detail {
+
+using tblock = __m128i;  // sixteen characters
+inline constexpr std::size_t blocksize = sizeof(tblock);
+
+inline tblock each(int code) noexcept { return _mm_set1_epi8(static_cast<char>(code)); }
+
+inline tblock loadblock(const char* text) noexcept {
+  return _mm_loadu_si128(reinterpret_cast<const tblock*>(text));
+}
+
+template <class tinteger>
+long long load(const char* text) noexcept {
+  tinteger integer;
+  std::memcpy(&integer, text, sizeof integer);
+  return static_cast<long long>(integer);
+}
+
+// Packs a text of less than a block into a block. Some characters may be loaded twice. For texts of the same
+// length, equal blocks mean equal texts.
+inline tblock loadfew(const char* text, std::size_t count) noexcept {
+  const auto pair = [text, count]<class tinteger>(tinteger) {
+    return _mm_set_epi64x(load<tinteger>(text + count - sizeof(tinteger)), load<tinteger>(text));
+  };
+  if (count >= sizeof(std::uint64_t)) return pair(std::uint64_t{});
+  if (count >= sizeof(std::uint32_t)) return pair(std::uint32_t{});
+  if (count >= sizeof(std::uint16_t)) return pair(std::uint16_t{});
+  return count != 0 ? pair(std::uint8_t{}) : _mm_setzero_si128();
+}
+
+// All bits where the block has a letter from a to z, which become the lowest signed numbers.
+inline tblock islower(tblock block) noexcept {
+  return _mm_cmplt_epi8(_mm_add_epi8(block, each(-128 - 'a')), each(-128 + 26));
+}
+
+inline tblock upperblock(tblock block) noexcept {
+  return _mm_sub_epi8(block, _mm_and_si128(islower(block), each('a' - 'A')));
+}
+
+// Where the blocks differ in more than the case of a letter, bits are set. The two cases of a letter differ in
+// one bit.
+inline tblock difference(tblock a, tblock b) noexcept {
+  const tblock casebit = each('a' - 'A');
+  const tblock maydiffer = _mm_and_si128(islower(_mm_or_si128(a, casebit)), casebit);
+  return _mm_andnot_si128(maydiffer, _mm_xor_si128(a, b));
+}
+
+inline bool isnothing(tblock block) noexcept {
+  return _mm_movemask_epi8(_mm_cmpeq_epi8(block, _mm_setzero_si128())) == 0xFFFF;
+}
+
+// Two secret numbers of the process, see textcase.cpp.
+struct thashseed {
+  std::uint64_t first, second;
+};
+extern const thashseed hashseed;
+
+inline std::uint64_t multiplied(std::uint64_t a, std::uint64_t b) noexcept {
+  __extension__ using twide = unsigned __int128;
+  const twide product = static_cast<twide>(a) * b;
+  return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
+}
+
+// Both factors hold a part of the secret, so nobody can choose texts that give equal products.
+inline std::uint64_t mixblock(std::uint64_t state, tblock block) noexcept {
+  const auto first = static_cast<std::uint64_t>(_mm_cvtsi128_si64(block));
+  const auto last = static_cast<std::uint64_t>(_mm_cvtsi128_si64(_mm_unpackhi_epi64(block, block)));
+  return multiplied(first ^ state, last ^ hashseed.second);
+}
+
+}  // namespace detail
+
+// `sought` is the text at hand. Its length alone decides how the texts are compared, because the other text may
+// have to be fetched from memory.
+[[gnu::always_inline]] inline bool equalanycase(std::string_view text, std::string_view sought) noexcept {
+  using namespace detail;
+  const std::size_t count = sought.size();
+  if (count != text.size()) return false;
+  const char* const a = sought.data();
+  const char* const b = text.data();
+  if (count < blocksize) return isnothing(difference(loadfew(a, count), loadfew(b, count)));
+  const std::size_t last = count - blocksize;
+  tblock differs = difference(loadblock(a + last), loadblock(b + last));
+  std::size_t i = 0;
+  do {
+    differs = _mm_or_si128(differs, difference(loadblock(a + i), loadblock(b + i)));
+    i += blocksize;
+  } while (i < last);
+  return isnothing(differs);
+}
+
+[[gnu::always_inline]] inline std::uint32_t hashanycase(std::string_view text) noexcept {
+  using namespace detail;
+  const std::size_t count = text.size();
+  const char* const characters = text.data();
+  std::uint64_t state = hashseed.first + count;
+  if (count < blocksize) {
+    state = mixblock(state, upperblock(loadfew(characters, count)));
+  } else {
+    const std::size_t last = count - blocksize;
+    std::size_t i = 0;
+    do {
+      state = mixblock(state, upperblock(loadblock(characters + i)));
+      i += blocksize;
+    } while (i < last);
+    state = mixblock(state, upperblock(loadblock(characters + last)));
+  }
+  return static_cast<std::uint32_t>(state ^ (state >> 32));
+}
+
+}  // namespace optcore
