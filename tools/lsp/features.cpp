@@ -21,7 +21,8 @@ tanswer bykind(const trequest& request) {
 
 std::span<const tfeature> features() {
   static constexpr auto table = std::to_array<tfeature>({
-      {"textDocument/completion", bykind<noanswer, noanswer>, announcecompletion},
+      {"textDocument/completion", bykind<optioncompletion, noanswer>, announcecompletion},
+      {"completionItem/resolve", resolvecompletion, nullptr},
       {"textDocument/hover", bykind<optionhover, noanswer>, announcehover},
       {"textDocument/definition", bykind<noanswer, noanswer>, announcetargets},
       {"textDocument/references", bykind<noanswer, noanswer>, announcereferences},
