@@ -3,6 +3,11 @@
 
 namespace tool::lsp {
 
+void ttrial::filed(const optcore::tmessage& message) {
+  using optcore::tmsgkind;
+  if (message.kind != tmsgkind::fileenter && message.kind != tmsgkind::fileleave) fclean = false;
+}
+
 bool ttrial::isclean(const std::string& line, bool eolonly) {
   if (!fstore) {
     fstore.emplace();

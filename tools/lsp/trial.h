@@ -21,7 +21,7 @@ class ttrial final : optcore::tstoreobserver {
   bool isclean(const std::string& line, bool eolonly);
 
  private:
-  void filed(const optcore::tmessage& /*message*/) override { fclean = false; }
+  void filed(const optcore::tmessage& message) override;
   void assigned(const optcore::toption& /*option*/, std::int32_t /*bits*/) override {}
   // No file is read.
   std::string_view pathtoopen(std::string_view /*filename*/) override { return "/dev/null/unreadable"; }
