@@ -239,7 +239,8 @@ std::vector<std::string> tfieldnotes::references(const tmessage& message) const 
   std::vector<std::string> members;
   if (struequal(ftype, "multilist"))
     for (std::string_view word = takeword(line); !word.empty(); word = takeword(line))
-      members.emplace_back(withoutquotes(word));
+      if (message.text.find(inquotes(withoutquotes(word))) != std::string_view::npos)
+        members.emplace_back(withoutquotes(word));
   return members;
 }
 
