@@ -9,6 +9,7 @@
 
 #include "tools/lsp/client.h"
 #include "tools/lsp/sources.h"
+#include "tools/reading/finddefinition.h"
 #include "tools/reading/reading.h"
 #include "tools/tracing/origins.h"
 
@@ -63,6 +64,9 @@ struct tdocumentstate {
   std::shared_ptr<const ttexts> open;  // all open documents
   std::shared_ptr<const tsettings> settings;
 };
+
+// The definition by the rules of check; if they find none, that of the client's settings.
+tfounddefinition definitionof(const std::string& optionfile, const tsettings& settings, ttextsource& source);
 
 // Keeps the definitions that were read, and reads one again when it has changed.
 class tanalysis {

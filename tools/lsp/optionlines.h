@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string_view>
 
@@ -22,8 +23,13 @@ struct toptionline {
   tspan intext(tspan part) const { return {span.begin + part.begin, span.begin + part.end}; }
 };
 
+// Goes through the lines of an option file that is read with this store, until `each` returns false. A comment
+// line and an empty one have no parts.
+void walklines(const optcore::tvksoptions& store, const ttext& text,
+               const std::function<bool(const toptionline&)>& each);
+
 // The line that has this place of the text. Nothing in a document that is no option file, or whose definition
-// is not known. A comment line and an empty one have no parts.
+// is not known.
 std::optional<toptionline> optionlineat(const tdocument& document, std::size_t offset);
 
 }  // namespace tool::lsp

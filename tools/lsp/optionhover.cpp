@@ -36,7 +36,7 @@ std::string markdownof(const tvksoptions& store, const toption& option) {
 
 }  // namespace
 
-tanswer hover(const trequest& request) {
+tanswer optionhover(const trequest& request) {
   const tdocument& document = *request.document();
   const std::optional<tword> word = wordat(document, request.offset());
   if (!word) return json();
@@ -45,7 +45,5 @@ tanswer hover(const trequest& request) {
                 {"value", markdownof(*document.snapshot()->store(), *word->option)}}},
               {"range", rangejson(*document.text(), word->span, request.encoding())}};
 }
-
-void announcehover(json& capabilities, const tclient& /*client*/) { capabilities["hoverProvider"] = true; }
 
 }  // namespace tool::lsp
