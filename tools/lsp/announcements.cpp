@@ -38,4 +38,10 @@ void announceinlayhints(json& capabilities, const tclient& /*client*/) {
   capabilities["inlayHintProvider"] = true;
 }
 
+void announcerename(json& capabilities, const tclient& client) {
+  capabilities["renameProvider"] = true;
+  if (client.can("textDocument", "rename", "prepareSupport"))
+    capabilities["renameProvider"] = {{"prepareProvider", true}};
+}
+
 }  // namespace tool::lsp

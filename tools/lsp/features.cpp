@@ -30,6 +30,8 @@ std::span<const tfeature> features() {
       {"textDocument/codeAction", bykind<noanswer, noanswer>, announcecodeactions},
       {"textDocument/formatting", bykind<noanswer, noanswer>, announceformatting},
       {"textDocument/inlayHint", bykind<noanswer, noanswer>, announceinlayhints},
+      {"textDocument/prepareRename", preparerename, nullptr},
+      {"textDocument/rename", rename, announcerename},
   });
   return table;
 }

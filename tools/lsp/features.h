@@ -25,6 +25,11 @@ tanswer optionhover(const trequest& request);
 
 // ---- answers in definitions
 
+// ---- answers in both
+
+tanswer preparerename(const trequest& request);
+tanswer rename(const trequest& request);
+
 // ---- what the server tells of itself (announcements.cpp)
 
 void announcecompletion(json& capabilities, const tclient& client);
@@ -36,5 +41,6 @@ void announcesymbols(json& capabilities, const tclient& client);
 void announcecodeactions(json& capabilities, const tclient& client);
 void announceformatting(json& capabilities, const tclient& client);
 void announceinlayhints(json& capabilities, const tclient& client);
+void announcerename(json& capabilities, const tclient& client);
 
 }  // namespace tool::lsp
