@@ -5,15 +5,15 @@ namespace tool::lsp {
 
 void walklines(const optcore::tvksoptions& store, const ttext& text,
                const std::function<bool(const toptionline&)>& each) {
-  toptionline line = {&store, 0, {}, {}, {}};
+  toptionline line = {&store, 0, {}, {}, true, {}};
   for (std::int32_t number = 1; number <= text.linecount(); ++number) {
     line.number = number;
     line.span = text.line(number);
     line.text = readpart(text.part(line.span));
-    const bool eolonly = line.parts.eolonly;
+    line.eolonly = line.parts.eolonly;
     const bool isread = !line.text.empty() && line.text.front() != '*';
-    line.parts = isread ? spansof(store.definition(), line.text, eolonly) : tlinespans{};
-    if (!isread) line.parts.eolonly = eolonly;
+    line.parts = isread ? spansof(store.definition(), line.text, line.eolonly) : tlinespans{};
+    if (!isread) line.parts.eolonly = line.eolonly;
     if (!each(line)) return;
   }
 }

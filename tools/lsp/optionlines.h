@@ -17,6 +17,7 @@ struct toptionline {
   std::int32_t number;                // from 1
   tspan span;                         // of the line in the text
   std::string_view text;              // the part that is read
+  bool eolonly;                       // whether end-of-line mode is on when its reading begins
   tlinespans parts;                   // from the beginning of the line
 
   // A part of the line as one of the text.
