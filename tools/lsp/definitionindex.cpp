@@ -22,14 +22,24 @@ void walkdefinition(const ttext& text, const std::function<bool(const tdefinitio
   }
 }
 
+// An entry decides what the lines below it mean, so the walk begins there. Whether the definition has ended
+// above, it cannot tell.
 tdefinitionline definitionlineat(const ttext& text, std::size_t offset) {
   const std::int32_t number = text.lineat(offset);
+  const auto isentry = [&](std::int32_t each) {
+    const std::string_view line = readpart(text.part(text.line(each)));
+    return !line.empty() && line.front() != ' ' && line.front() != '*';
+  };
+  tdefinitionwalk walk;
   tdefinitionline result;
-  walkdefinition(text, [&](const tdefinitionline& line) {
-    if (line.number == number) result = line;
-    return line.number < number;
-  });
-  return result;
+  result.number = number;
+  while (result.number > 1 && !isentry(result.number)) --result.number;
+  for (;; ++result.number) {
+    result.span = text.line(result.number);
+    result.text = readpart(text.part(result.span));
+    result.parts = walk.next(result.text);
+    if (result.number >= number) return result;
+  }
 }
 
 bool issamename(tlookupmode mode, std::string_view a, std::string_view b) {
@@ -78,11 +88,22 @@ void tdefinitionindex::addentry(const tdefinitionline& line) {
 
 const tdefinitionindex::tentry* tdefinitionindex::option(std::string_view name, tlookupmode mode,
                                                          std::int32_t line) const {
-  for (const tentry& each : fentries) {
-    if (each.line >= line) return nullptr;
-    if (each.kind == tkind::option && issamename(mode, name, each.name)) return &each;
+  const auto hashof = [mode](std::string_view each) {
+    return mode == tlookupmode::normal ? struhash(each) : tsignificantkey(mode, each).hash();
+  };
+  auto& byname = fbyname[ordinal(mode)];
+  if (byname.empty())
+    for (std::size_t i = 0; i < fentries.size(); ++i)
+      if (fentries[i].kind == tkind::option) byname.emplace(hashof(fentries[i].name), i);
+  const tentry* result = nullptr;
+  const auto [begin, end] = byname.equal_range(hashof(name));
+  for (auto each = begin; each != end; ++each) {
+    const tentry& entry = fentries[each->second];
+    if (entry.line < line && (result == nullptr || entry.line < result->line) &&
+        issamename(mode, name, entry.name))
+      result = &entry;
   }
-  return nullptr;
+  return result;
 }
 
 // The members of a macro are named in full, and only marks may name synonyms.

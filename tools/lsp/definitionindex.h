@@ -2,10 +2,13 @@
 // it now.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "options/codes.h"
@@ -26,7 +29,7 @@ struct tdefinitionline {
 
 // Goes through the lines until `each` returns false.
 void walkdefinition(const ttext& text, const std::function<bool(const tdefinitionline&)>& each);
-// The line that has this place.
+// The line that has this place. Found from the lines next to it, so it is quick in a long text.
 tdefinitionline definitionlineat(const ttext& text, std::size_t offset);
 
 class tdefinitionindex {
@@ -70,7 +73,7 @@ class tdefinitionindex {
   // The first entry of the kind that has exactly this name.
   const tentry* find(tkind kind, std::string_view name) const;
   const tentry* group(std::int32_t number) const;
-  // The entry whose name, or a name of which, stands at this place; the span of that name.
+  // The entry whose name or number stands at this place, or the name of which does; the span of that.
   struct tplaced {
     const tentry* entry;
     tspan span;
@@ -88,6 +91,8 @@ class tdefinitionindex {
   std::vector<treference> freferences;
   std::vector<tgroupfield> fgroupfields;
   optcore::tlookupmode fmode = optcore::tlookupmode::normal;
+  // For each lookup mode, once it is needed: the options by the hash codes of their names.
+  mutable std::array<std::unordered_multimap<std::uint32_t, std::size_t>, 3> fbyname;
 };
 
 // Whether one name finds the other one in the lookup mode.

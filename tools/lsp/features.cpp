@@ -21,15 +21,17 @@ tanswer bykind(const trequest& request) {
 
 std::span<const tfeature> features() {
   static constexpr auto table = std::to_array<tfeature>({
-      {"textDocument/completion", bykind<noanswer, noanswer>, announcecompletion},
-      {"textDocument/hover", bykind<optionhover, noanswer>, announcehover},
-      {"textDocument/definition", bykind<noanswer, noanswer>, announcetargets},
-      {"textDocument/references", bykind<noanswer, noanswer>, announcereferences},
-      {"textDocument/documentHighlight", bykind<noanswer, noanswer>, announcehighlights},
-      {"textDocument/documentSymbol", bykind<noanswer, noanswer>, announcesymbols},
-      {"textDocument/codeAction", bykind<noanswer, noanswer>, announcecodeactions},
-      {"textDocument/formatting", bykind<noanswer, noanswer>, announceformatting},
+      {"textDocument/completion", bykind<noanswer, definitioncompletion>, announcecompletion},
+      {"textDocument/hover", bykind<optionhover, definitionhover>, announcehover},
+      {"textDocument/definition", bykind<noanswer, definitiontarget>, announcetargets},
+      {"textDocument/references", bykind<noanswer, definitionreferences>, announcereferences},
+      {"textDocument/documentHighlight", bykind<noanswer, definitionhighlights>, announcehighlights},
+      {"textDocument/documentSymbol", bykind<noanswer, definitionsymbols>, announcesymbols},
+      {"textDocument/codeAction", bykind<noanswer, definitionactions>, announcecodeactions},
+      {"textDocument/formatting", bykind<noanswer, definitionformatting>, announceformatting},
       {"textDocument/inlayHint", bykind<noanswer, noanswer>, announceinlayhints},
+      {"textDocument/signatureHelp", signaturehelp, announcesignatures},
+      {"workspace/symbol", workspacesymbols, announceworkspacesymbols},
       {"textDocument/prepareRename", preparerename, nullptr},
       {"textDocument/rename", rename, announcerename},
   });

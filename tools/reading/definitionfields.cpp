@@ -24,31 +24,6 @@ constexpr tfield groupnumber{
 constexpr tfield valueflag{"help flag", tform::helpflag, "1 when help lists the value; 0 hides it."};
 constexpr std::string_view value = "The value that the option has until another one is set.";
 
-struct tkeywordmeaning {
-  std::string_view keyword, meaning;
-};
-
-constexpr auto keywordmeanings = std::to_array<tkeywordmeaning>({
-    {"integer", "An option whose value is an integer within its bounds."},
-    {"double", "An option whose value is a number within its bounds."},
-    {"string", "An option whose value is a text without double quotes."},
-    {"boolean", "An option whose value is a yes or no word, kept as 1 or 0."},
-    {"enumstr", "An option whose value is one of the texts on the lines below it."},
-    {"enumint", "An option whose value is one of the integers on the lines below it."},
-    {"multilist", "An option that sets each of its members to one word of its value."},
-    {"strlist", "An option that collects texts: each use of its name adds one."},
-    {"macro", "An option that sets all of its members to its value."},
-    {"immediate", "An option that acts when it is read."},
-    {"synonym", "Another name for an option that stands earlier in the file."},
-    {"group", "A group, which collects options in the help."},
-    {"deprecated", "The names on the lines below still work, but their use is reported."},
-    {"obsolete", "The names on the lines below no longer work; their use is reported."},
-    {"indicator", "The name is the keyword with which indicator lines of option files begin."},
-    {"lookup", "The name says how names are found: Normal, Path or Minos."},
-    {"eolcomm", "The characters that start a comment at the end of a line of an option file."},
-});
-static_assert(keywordmeanings[opttypecount].keyword == "synonym", "the types of options come first");
-
 std::vector<tfield> bounded(tform form) {
   return {reference,
           {"default", form, value},
@@ -59,6 +34,65 @@ std::vector<tfield> bounded(tform form) {
 }
 std::vector<tfield> withdefault(tform form, std::string_view meaning = value) {
   return {reference, {"default", form, meaning}, flag, groupnumber};
+}
+
+struct tkeyword {
+  std::string_view word, meaning;
+  std::vector<tfield> fields{};  // between the keyword and the text
+  std::string_view text{};       // what the rest of the line means
+};
+
+const std::vector<tkeyword>& table() {
+  constexpr std::string_view help = "The help text: the rest of the line.";
+  static const std::vector<tkeyword> result = {
+      {"integer", "An option whose value is an integer within its bounds.", bounded(tform::integer), help},
+      {"double", "An option whose value is a number within its bounds.", bounded(tform::number), help},
+      {"string", "An option whose value is a text without double quotes.", withdefault(tform::word), help},
+      {"boolean", "An option whose value is a yes or no word, kept as 1 or 0.",
+       withdefault(tform::zeroorone, "1 for yes or 0 for no."), help},
+      {"enumstr", "An option whose value is one of the texts on the lines below it.",
+       withdefault(tform::word), help},
+      {"enumint", "An option whose value is one of the integers on the lines below it.",
+       withdefault(tform::integer), help},
+      {"multilist",
+       "An option that sets each of its members to one word of its value.",
+       {reference, flag, groupnumber},
+       help},
+      {"strlist",
+       "An option that collects texts: each use of its name adds one.",
+       {reference, flag, groupnumber},
+       help},
+      {"macro", "An option that sets all of its members to its value.", {flag, groupnumber}, help},
+      {"immediate",
+       "An option that acts when it is read.",
+       {{"kind", tform::immediatekind, "What the option does: EolFlag, ReadFile, Message, NoBounds or Help."},
+        flag,
+        groupnumber},
+       help},
+      {"synonym", "Another name for an option that stands earlier in the file."},
+      {"group",
+       "A group, which collects options in the help.",
+       {{"number", tform::integer, "The number by which options name the group."},
+        {"help flag", tform::helpflag, "1 when help lists the group; 0 hides it with its options."}},
+       "The title of the group: the rest of the line."},
+      {"deprecated", "The names on the lines below still work, but their use is reported."},
+      {"obsolete", "The names on the lines below no longer work; their use is reported."},
+      {"indicator", "The name is the keyword with which indicator lines of option files begin."},
+      {"lookup", "The name says how names are found: Normal, Path or Minos."},
+      {"eolcomm",
+       "The characters that start a comment at the end of a line of an option file.",
+       {},
+       "The characters, one after the other without blanks."}};
+  return result;
+}
+
+const tkeyword& rowof(std::string_view word) {
+  static const tkeyword none;
+  for (const tkeyword& each : table())
+    if (each.word.size() == word.size() && upchar(each.word.front()) == upchar(word.front()) &&
+        struequal(each.word, word))
+      return each;
+  return none;
 }
 
 }  // namespace
@@ -78,27 +112,21 @@ bool isfield(tform form, std::string_view word) {
   return std::ranges::any_of(immkindnames, [&](std::string_view kind) { return struequal(kind, word); });
 }
 
-std::string_view keywordof(std::string_view word) {
-  for (const tkeywordmeaning& each : keywordmeanings)
-    if (struequal(each.keyword, word)) return each.keyword;
-  return {};
-}
+std::string_view keywordof(std::string_view word) { return rowof(word).word; }
 
 const std::vector<std::string_view>& keywords() {
   static const std::vector<std::string_view> result = [] {
     std::vector<std::string_view> names;
-    names.reserve(keywordmeanings.size());
-    for (const tkeywordmeaning& each : keywordmeanings) names.push_back(each.keyword);
+    names.reserve(table().size());
+    for (const tkeyword& each : table()) names.push_back(each.word);
     return names;
   }();
   return result;
 }
 
-std::string_view meaningof(std::string_view keyword) {
-  for (const tkeywordmeaning& each : keywordmeanings)
-    if (struequal(each.keyword, keyword)) return each.meaning;
-  return {};
-}
+std::string_view meaningof(std::string_view keyword) { return rowof(keyword).meaning; }
+std::string_view meaningoftext(std::string_view keyword) { return rowof(keyword).text; }
+const std::vector<tfield>& fieldsbetween(std::string_view keyword) { return rowof(keyword).fields; }
 
 std::string_view meaningofmodifier(std::string_view modifier) {
   if (struequal(modifier, "NV")) return "The option takes no value: its name sets the default as the value.";
@@ -113,45 +141,12 @@ bool takesmodifier(std::string_view type) {
   return false;
 }
 
-const std::vector<tfield>& fieldsbetween(std::string_view keyword) {
-  static const std::vector<tfield>
-      integers = bounded(tform::integer),
-      doubles = bounded(tform::number), texts = withdefault(tform::word),
-      booleans = withdefault(tform::zeroorone, "1 for yes or 0 for no."),
-      numbers = withdefault(tform::integer), lists = {reference, flag, groupnumber},
-      macros = {flag, groupnumber},
-      groups = {{"number", tform::integer, "The number by which options name the group."},
-                {"help flag", tform::helpflag, "1 when help lists the group; 0 hides it with its options."}},
-      immediates = {{"kind", tform::immediatekind,
-                     "What the option does: EolFlag, ReadFile, Message, NoBounds "
-                     "or Help."},
-                    flag,
-                    groupnumber},
-      none;
-  const auto is = [keyword](std::string_view word) { return struequal(keyword, word); };
-  if (is("integer")) return integers;
-  if (is("double")) return doubles;
-  if (is("string") || is("enumstr")) return texts;
-  if (is("boolean")) return booleans;
-  if (is("enumint")) return numbers;
-  if (is("multilist") || is("strlist")) return lists;
-  if (is("macro")) return macros;
-  if (is("immediate")) return immediates;
-  return is("group") ? groups : none;
-}
-
 const std::vector<tfield>& fieldsofvalue(std::string_view keyword) {
   constexpr std::string_view meaning = "The value as option files have it.";
   static const std::vector<tfield> integers = {{"value", tform::integer, meaning}, valueflag},
                                    words = {{"value", tform::word, meaning}, valueflag}, none;
   if (struequal(keyword, "enumint")) return integers;
   return struequal(keyword, "enumstr") ? words : none;
-}
-
-std::string_view meaningoftext(std::string_view keyword) {
-  if (struequal(keyword, "group")) return "The title of the group: the rest of the line.";
-  if (struequal(keyword, "eolcomm")) return "The characters, one after the other without blanks.";
-  return fieldsbetween(keyword).empty() ? "" : "The help text: the rest of the line.";
 }
 
 }  // namespace tool

@@ -35,7 +35,7 @@ struct tdefinitionspans {
   tspan modifier;           // behind that period
   std::vector<tfieldspan> fields;  // all that the line should have
   std::vector<tspan> references;   // the names of other options, without double quotes
-  tspan text;                      // the rest of the line
+  tspan text;                      // the rest of the line; behind the option of a synonym, it is not read
 
   // The field that has this place, or of which it is the place; null if the place is before or behind them.
   const tfieldspan* fieldat(std::size_t column) const;
