@@ -70,6 +70,14 @@ void readoptions(tsnapshot& snapshot, const tdocumentstate& document, tsources& 
 
 }  // namespace
 
+std::vector<std::string> tdefinitionstate::namesnear(const std::string& typed, bool dotted) const {
+  using tproblem = optcore::tsubject::tproblem;
+  const std::string sought = dotted ? "." + typed : typed;
+  const optcore::tsubject subject = {
+      .name = sought, .problem = dotted ? tproblem::unknowndotoption : tproblem::unknownoption};
+  return fsuggester.suggestionsfor(subject, typed);
+}
+
 tfounddefinition definitionof(const std::string& optionfile, const tsettings& settings, ttextsource& source) {
   tfounddefinition found = finddefinition(optionfile, source);
   const bool isnotfound = found.problem && found.problem->rule == "no-definition";

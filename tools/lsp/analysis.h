@@ -31,9 +31,12 @@ struct tdefinitionstate {
   tdefinitionlines& lines() const { return flines; }
   void takelines() { flines = reading.definitionlines(); }
   const optcore::tvksoptions& store() const { return reading.store(); }
+  // The names that may be meant by one that no option has. Only the thread of the server asks.
+  std::vector<std::string> namesnear(const std::string& typed, bool dotted) const;
 
  private:
   mutable tdefinitionlines flines;
+  mutable tsuggester fsuggester{reading.store()};
 };
 
 struct tsnapshot {

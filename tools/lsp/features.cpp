@@ -21,7 +21,8 @@ tanswer bykind(const trequest& request) {
 
 std::span<const tfeature> features() {
   static constexpr auto table = std::to_array<tfeature>({
-      {"textDocument/completion", bykind<noanswer, definitioncompletion>, announcecompletion},
+      {"textDocument/completion", bykind<optioncompletion, definitioncompletion>, announcecompletion},
+      {"completionItem/resolve", resolvecompletion, nullptr},
       {"textDocument/hover", bykind<optionhover, definitionhover>, announcehover},
       {"textDocument/definition", bykind<noanswer, definitiontarget>, announcetargets},
       {"textDocument/references", bykind<noanswer, definitionreferences>, announcereferences},

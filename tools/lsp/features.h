@@ -21,6 +21,9 @@ std::span<const tfeature> features();
 
 // ---- answers in option files
 
+tanswer optioncompletion(const trequest& request);
+// Adds the documentation to an item of a completion.
+tanswer resolvecompletion(const trequest& request);
 tanswer optionhover(const trequest& request);
 
 // ---- answers in definitions

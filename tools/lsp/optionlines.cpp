@@ -11,9 +11,9 @@ void walklines(const optcore::tvksoptions& store, const ttext& text,
     line.span = text.line(number);
     line.text = readpart(text.part(line.span));
     line.eolonly = line.parts.eolonly;
-    const bool isread = !line.text.empty() && line.text.front() != '*';
-    line.parts = isread ? spansof(store.definition(), line.text, line.eolonly) : tlinespans{};
-    if (!isread) line.parts.eolonly = line.eolonly;
+    const bool isplain = isread(line.text);
+    line.parts = isplain ? spansof(store.definition(), line.text, line.eolonly) : tlinespans{};
+    if (!isplain) line.parts.eolonly = line.eolonly;
     if (!each(line)) return;
   }
 }

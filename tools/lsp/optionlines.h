@@ -12,6 +12,9 @@
 
 namespace tool::lsp {
 
+// Whether the line is neither empty nor a comment.
+inline bool isread(std::string_view line) { return !line.empty() && line.front() != '*'; }
+
 struct toptionline {
   const optcore::tvksoptions* store;  // with the definition, and the values of the last analysis
   std::int32_t number;                // from 1

@@ -19,6 +19,8 @@ using namespace optcore;
 
 namespace {
 
+constexpr std::string_view typefield = "type";
+
 std::string names(const std::vector<tfield>& fields) {
   std::string result;
   for (const tfield& field : fields) result.append(field.name).append(", ");
@@ -59,45 +61,49 @@ std::string problem(const tfield& field, std::string_view word, bool commafollow
   return text + (isswitch || strasdoubleex(word, number) ? "" : "; perhaps it " + which + "was left out");
 }
 
-std::string problemoffields(std::string_view line, const std::vector<tfieldspan>& fields) {
+tfieldnote problemoffields(std::string_view line, const std::vector<tfieldspan>& fields) {
   for (const tfieldspan& each : fields) {
     const bool commafollows = line.substr(each.span.end).starts_with(',');
     if (std::string text = problem(*each.field, withoutquotes(line, each.span).of(line), commafollows,
                                    &each == &fields.front());
         !text.empty())
-      return text;
+      return {std::move(text), std::string(each.field->name)};
   }
   return {};
 }
 
-std::string onvalueline(std::string_view line, std::string_view type) {
-  const std::string text = problemoffields(line, valuespans(line, type).fields);
-  if (text.empty()) return {};
-  return text + ". The fields of a value are: " + names(fieldsofvalue(type)) +
-         (struequal(type, "enumstr") ? "; a value with blanks stands in double quotes" : "");
+tfieldnote onvalueline(std::string_view line, std::string_view type) {
+  tfieldnote note = problemoffields(line, valuespans(line, type).fields);
+  if (note.text.empty()) return note;
+  note.text += ". The fields of a value are: " + names(fieldsofvalue(type)) +
+               (struequal(type, "enumstr") ? "; a value with blanks stands in double quotes" : "");
+  return note;
 }
 
 // A modifier that the type does not have.
-std::string onmodifier(std::string_view type, std::string_view modifier) {
+tfieldnote onmodifier(std::string_view type, std::string_view modifier) {
   if (std::ranges::none_of(subtypemodifiers,
                            [&](std::string_view each) { return !each.empty() && struequal(each, modifier); }))
-    return "The modifiers are NV for no value, OPT for a value that may be left out, and TWO for two values";
+    return {"The modifiers are NV for no value, OPT for a value that may be left out, and TWO for two values",
+            std::string(typefield)};
   if (takesmodifier(type)) return {};
-  return "The types with modifiers are integer, double, string, boolean, enumstr and enumint";
+  return {"The types with modifiers are integer, double, string, boolean, enumstr and enumint",
+          std::string(typefield)};
 }
 
-std::string onfields(std::string_view line, const tdefinitionspans& spans) {
-  const std::string text = problemoffields(line, spans.fields);
-  return text.empty() ? "" : text + ". " + fieldsof(spans.type.of(line));
+tfieldnote onfields(std::string_view line, const tdefinitionspans& spans) {
+  tfieldnote note = problemoffields(line, spans.fields);
+  if (!note.text.empty()) note.text += ". " + fieldsof(spans.type.of(line));
+  return note;
 }
 
-std::deque<std::string> notesabout(std::string_view line) {
+std::deque<tfieldnote> notesabout(std::string_view line) {
   const tdefinitionspans spans = entryspans(line);
-  std::deque<std::string> notes;
+  std::deque<tfieldnote> notes;
   if (spans.ismodified) notes.push_back(onmodifier(spans.type.of(line), spans.modifier.of(line)));
   notes.push_back(onfields(line, spans));
-  if (spans.keyword == "lookup") notes.push_back("The modes are " + listed(lookupmodenames));
-  std::erase(notes, "");
+  if (spans.keyword == "lookup") notes.push_back({"The modes are " + listed(lookupmodenames)});
+  std::erase_if(notes, [](const tfieldnote& note) { return note.text.empty(); });
   return notes;
 }
 
@@ -108,6 +114,16 @@ std::string ontype(std::string_view word) {
 }
 
 }  // namespace
+
+std::vector<tfieldpart> partsof(std::string_view line) {
+  const tdefinitionspans spans = entryspans(line);
+  std::vector<tfieldpart> result = {
+      {"name", spans.name},
+      {typefield, spans.ismodified ? tspan{spans.type.begin, spans.modifier.end} : spans.type}};
+  for (const tfieldspan& each : spans.fields) result.push_back({each.field->name, each.span});
+  if (!spans.fields.empty()) result.push_back({"text", spans.text});
+  return result;
+}
 
 std::string fieldsof(std::string_view type) {
   const std::vector<tfield>& fields = fieldsbetween(type);
@@ -137,6 +153,7 @@ std::vector<std::string> tfieldnotes::references(const tmessage& message) const 
 std::string tfieldnotes::next(const tmessage& message) {
   using enum tsubject::tproblem;
   const tsubject::tproblem kind = message.subject.problem;
+  ffield.clear();
   if (message.source == nullptr ||
       (kind != other && kind != unknowntype && kind != badreference && kind != badhelpflag))
     return {};
@@ -144,12 +161,13 @@ std::string tfieldnotes::next(const tmessage& message) {
   const std::string_view line = message.source->linetext();
   if (std::exchange(fline, message.line) != message.line)
     fnotes = !line.starts_with(' ') ? notesabout(line)
-             : isaboutlast(message) ? std::deque<std::string>{onvalueline(line, ftype)}
-                                    : std::deque<std::string>();
+             : isaboutlast(message) ? std::deque<tfieldnote>{onvalueline(line, ftype)}
+                                    : std::deque<tfieldnote>();
   if (fnotes.empty()) return {};
-  std::string note = std::move(fnotes.front());
+  tfieldnote note = std::move(fnotes.front());
   fnotes.pop_front();
-  return note;
+  ffield = std::move(note.field);
+  return std::move(note.text);
 }
 
 }  // namespace tool
