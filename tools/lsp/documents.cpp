@@ -21,7 +21,8 @@ std::string nameof(const std::string& uri) {
   const std::filesystem::path here = std::filesystem::current_path(problem);
   if (problem) return path;
   const std::filesystem::path relative = std::filesystem::path(path).lexically_relative(here);
-  return relative.empty() || relative == "." || *relative.begin() == ".." ? path : relative.string();
+  const bool isoutside = relative.empty() || relative == "." || *relative.begin() == "..";
+  return isoutside || relative == "-" ? path : relative.string();  // "-" stands for standard input
 }
 
 tdocumentkind kindof(std::string_view language, const std::string& name, const std::string& text) {
@@ -86,9 +87,9 @@ bool tdocument::change(const json& changes, std::int64_t version, tencoding enco
   return true;
 }
 
-const tdefinitionindex& tdocument::index() const {
+const std::shared_ptr<const tdefinitionindex>& tdocument::index() const {
   if (findex == nullptr) findex = std::make_shared<const tdefinitionindex>(*ftext);
-  return *findex;
+  return findex;
 }
 
 bool tdocument::take(std::shared_ptr<const tsnapshot> snapshot) {

@@ -61,6 +61,32 @@ std::vector<std::string> includedby(const tvksoptions& store, const ttext& text)
 
 }  // namespace
 
+tspan firstword(const ttext& text, std::int32_t number) {
+  const tspan line = text.line(number);
+  const std::size_t begin = text.part(line).find_first_not_of(" \t");
+  if (begin == std::string_view::npos) return line;
+  const std::size_t end = text.part(line).find_first_of(" \t", begin);
+  return {line.begin + begin, end == std::string_view::npos ? line.end : line.begin + end};
+}
+
+std::vector<tuse> declarationsof(const tdefinitionstate& definition, std::int32_t index) {
+  std::vector<tuse> result;
+  const auto add = [&](std::int32_t line) {
+    if (line > 0 && definition.text != nullptr)
+      result.push_back({definition.key, definition.text, firstword(*definition.text, line)});
+  };
+  const tdefinition& options = definition.store().definition();
+  add(definition.lines().ofoption(options, index));
+  for (std::int32_t i = 0; i < options.synonyms().count(); ++i)
+    if (options.synonyms().getobject(i) == index) add(definition.lines().ofsynonym(i));
+  return result;
+}
+
+json locationof(const tuse& use, const tworkspace& workspace) {
+  return {{"uri", workspace.documents.uriof(use.key)},
+          {"range", rangejson(*use.text, use.name, workspace.client.encoding)}};
+}
+
 std::vector<toptionfile> optionfilesof(const trequest& request, const std::string& definitionkey,
                                        const tvksoptions& store, const tfolderfiles& files) {
   const tworkspace& workspace = request.workspace;
