@@ -10,3 +10,16 @@ needs_packages() {
     exit 77
   }
 }
+
+# Puts a copy of the examples, which a test may change, into $work. Their definitions are named there.
+prepare() {
+  mkdir "$work/examples"
+  cp examples/*.opt examples/*.def examples/*.expected "$work/examples"
+  cat >"$work/wexcorin.json" <<'END'
+{"definitions": [
+  {"files": "examples/first.opt", "definition": "examples/first.def"},
+  {"files": "examples/types.opt", "definition": "examples/types.def"},
+  {"files": "*.opt", "definition": "examples/solver.def"}
+]}
+END
+}

@@ -1,4 +1,6 @@
 // Starts `wexcorin lsp` when a file of one of its two kinds is opened, and stops it with the editor.
+import {execFile} from "node:child_process";
+import {promisify} from "node:util";
 import {commands, ExtensionContext, OutputChannel, window, workspace} from "vscode";
 import {LanguageClient} from "vscode-languageclient/node";
 import {clientOptions, section, serverOptions, toolPath} from "./client";
@@ -7,8 +9,10 @@ let client: LanguageClient | undefined;
 
 async function start(channel: OutputChannel): Promise<void> {
   const path = toolPath();
-  client = new LanguageClient(section, "wexcorin", serverOptions(path), clientOptions(channel));
   try {
+    const version = await promisify(execFile)(path, ["--version"]); // fails where there is no such tool
+    channel.appendLine(version.stdout.trim());
+    client = new LanguageClient(section, "wexcorin", serverOptions(path), clientOptions(channel));
     await client.start();
   } catch (error) {
     channel.appendLine(`${path} lsp: ${error instanceof Error ? error.message : String(error)}`);

@@ -1,0 +1,18 @@
+# Drives Emacs with Eglot in batch mode, with the file of editors/emacs and the tool as its language server.
+# usage: emacs.sh TOOL
+. tests/build/common.sh
+. tests/editors/common.sh
+needs emacs "Emacs and Eglot are not tried"
+emacs --batch --eval "(progn (package-initialize) (require 'eglot))" 2>/dev/null || {
+  echo "elpa-eglot is not installed: Eglot is not tried"
+  exit 77
+}
+prepare
+cp editors/emacs/wexcorin-mode.el "$work"
+logged "wexcorin-mode.el does not compile" \
+  emacs --batch --eval "(setq byte-compile-error-on-warn t)" -f batch-byte-compile "$work/wexcorin-mode.el"
+root=$PWD
+cd "$work"
+logged "tests/editors/emacs.el fails" env HOME="$work" LC_ALL=C.UTF-8 WEXCORIN="$1" timeout 60 \
+  emacs --batch -L "$work" -l "$root/tests/editors/emacs.el"
+finish "Emacs shows what the server says"
