@@ -10,7 +10,7 @@
 ;; A major mode for each of the two kinds of files: option files, *.opt, and
 ;; definitions, *.def.  Eglot starts the language server `wexcorin lsp' for them:
 ;;
-;;   (require 'wexcorin-mode)
+;;   (load "FOLDER/wexcorin-mode-autoloads") ; not for an installed package
 ;;   (add-hook 'wexcorin-options-mode-hook #'eglot-ensure)
 ;;   (add-hook 'wexcorin-definition-mode-hook #'eglot-ensure)
 
@@ -98,7 +98,6 @@ a comment."
   (setq-local font-lock-defaults (list keywords t t))
   (setq-local indent-line-function #'indent-relative))
 
-;;;###autoload
 (define-derived-mode wexcorin-options-mode prog-mode "Options"
   "Major mode for the option file of a solver."
   :syntax-table wexcorin-mode-syntax-table
@@ -143,13 +142,11 @@ a comment."
     (,(regexp-opt wexcorin--constants 'symbols) . font-lock-constant-face))
   "Colours of definitions.")
 
-;;;###autoload
 (define-derived-mode wexcorin-definition-mode prog-mode "Definition"
   "Major mode for the definition of a solver's options."
   :syntax-table wexcorin-mode-syntax-table
   (wexcorin--mode 'wexcorin-definition-keywords))
 
-;;;###autoload
 (defun wexcorin-definition-p ()
   "Whether the buffer begins like a definition.
 Other programs have files *.def, too.  An empty file is a new definition."
@@ -159,16 +156,6 @@ Other programs have files *.def, too.  An empty file is a new definition."
       (while (looking-at "\\(?:\\*.*\\)?\n")
         (forward-line))
       (or (eobp) (looking-at-p wexcorin--line)))))
-
-;;;###autoload
-(progn
-  (add-to-list 'auto-mode-alist '("\\.opt\\'" . wexcorin-options-mode))
-  (add-to-list 'magic-mode-alist
-               (cons (lambda ()
-                       (and buffer-file-name
-                            (string-match-p "\\.def\\'" buffer-file-name)
-                            (wexcorin-definition-p)))
-                     'wexcorin-definition-mode)))
 
 ;;; The language server
 

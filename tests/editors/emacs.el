@@ -11,7 +11,7 @@
 (require 'cl-lib)
 (require 'flymake)
 (require 'eglot)
-(require 'wexcorin-mode)
+(load "wexcorin-mode-autoloads")
 
 (defconst root default-directory)
 (defconst file "examples/solver_mistakes.opt")

@@ -1,5 +1,5 @@
 # Drives Emacs with Eglot in batch mode, with the file of editors/emacs and the tool as its language server.
-# usage: emacs.sh TOOL
+# usage: emacs.sh TOOL VERSION
 . tests/build/common.sh
 . tests/editors/common.sh
 needs emacs "Emacs and Eglot are not tried"
@@ -8,7 +8,10 @@ emacs --batch --eval "(progn (package-initialize) (require 'eglot))" 2>/dev/null
   exit 77
 }
 prepare
-cp editors/emacs/wexcorin-mode.el "$work"
+for line in ";; Version: $2" "(define-package \"wexcorin-mode\" \"$2\""; do
+  grep -qF "$line" editors/emacs/*.el || fail "No file of editors/emacs has the line $line."
+done
+cp editors/emacs/*.el "$work"
 logged "wexcorin-mode.el does not compile" \
   emacs --batch --eval "(setq byte-compile-error-on-warn t)" -f batch-byte-compile "$work/wexcorin-mode.el"
 root=$PWD
