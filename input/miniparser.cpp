@@ -34,7 +34,8 @@ std::int32_t tminiparser::fileopen(std::string_view filename, twaiting& waiting)
   assert(flinenr == 0 && flineend == nullptr);  // a scanner reads one source
   strassign(fsourcename, filename);
   fkind = tsourcekind::file;
-  return ffile.open(filename, waiting);
+  tstoreobserver* const observer = fmessages.observer();
+  return ffile.open(observer == nullptr ? filename : observer->pathtoopen(filename), waiting);
 }
 
 void tminiparser::readfromstr(std::string_view text) {

@@ -89,6 +89,9 @@ class tstoreobserver {
   virtual void shortened(std::size_t /*length*/) {}
   // Takes the list of names that help prints on request, which goes to standard output without an observer.
   virtual void listed(std::string_view /*names*/) {}
+  // The path under which a file of this name is opened: an editor, say, may hold a newer text of the file
+  // elsewhere. Messages name the file as it is named. The result is valid until the next call.
+  virtual std::string_view pathtoopen(std::string_view filename) { return filename; }
 };
 
 }  // namespace optcore

@@ -342,6 +342,14 @@ const CLI::App& addwrite(CLI::App& app, twritearguments& arguments) {
   return command;
 }
 
+const CLI::App& addlsp(CLI::App& app) {
+  CLI::App& command =
+      addcommand(app, "lsp", "Serve an editor: the Language Server Protocol on standard input and output");
+  command.add_flag_callback(
+      "--stdio", [] {}, "Changes nothing; some editors add it");
+  return command;
+}
+
 // The first argument that looks like a flag and is none.
 std::string unknownflag(const CLI::App& app) {
   for (const std::string& word : app.remaining(true))
@@ -456,6 +464,7 @@ targuments parsearguments(int argc, char** argv) {
   const CLI::App& writecommand = addwrite(app, write);
   const CLI::App& diffcommand = adddiff(app, diff);
   adddoc(app, doc);
+  const CLI::App& lspcommand = addlsp(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -477,6 +486,7 @@ targuments parsearguments(int argc, char** argv) {
   if (templatecommand.parsed()) return templatefile;
   if (writecommand.parsed()) return accepted("write", write);
   if (diffcommand.parsed()) return accepted(diff);
+  if (lspcommand.parsed()) return tlsparguments{};
   return accepted(doc);
 }
 

@@ -117,11 +117,14 @@ struct tdocarguments {
   bool force = false;
 };
 
+// The language server, which has no arguments.
+struct tlsparguments {};
+
 // The arguments of one command, or an exit code if there is nothing left to do: the help, the version or an
 // error message has been printed.
 using targuments = std::variant<int, tcheckarguments, tshowarguments, tgetarguments, texplainarguments,
                                 tfindarguments, thelparguments, tcompletearguments, ttemplatearguments,
-                                twritearguments, tdiffarguments, tdocarguments>;
+                                twritearguments, tdiffarguments, tdocarguments, tlsparguments>;
 
 targuments parsearguments(int argc, char** argv);
 

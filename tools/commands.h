@@ -21,5 +21,6 @@ int run(const ttemplatearguments& arguments);
 int run(const twritearguments& arguments);
 int run(const tdiffarguments& arguments);
 int run(const tdocarguments& arguments);
+int run(const tlsparguments& arguments);
 
 }  // namespace tool

@@ -37,16 +37,8 @@ bool iscomment(const std::string& line) {
   return line.starts_with('*') || line.find_first_not_of(" \t") == std::string::npos;
 }
 
-}  // namespace
-
-std::vector<std::string> firstlines(const std::string& filename) {
-  std::error_code problem;
+std::vector<std::string> linesof(const std::string& text) {
   std::vector<std::string> result;
-  if (!std::filesystem::is_regular_file(filename, problem)) return result;
-  std::ifstream file(filename, std::ios::binary);
-  std::string text(mostread, '\0');
-  file.read(text.data(), static_cast<std::streamsize>(text.size()));
-  text.resize(static_cast<std::size_t>(file.gcount()));
   std::istringstream stream(text);
   for (std::string line; std::getline(stream, line);) {
     if (line.ends_with('\r')) line.pop_back();
@@ -55,10 +47,25 @@ std::vector<std::string> firstlines(const std::string& filename) {
   return result;
 }
 
-tlooks looksof(const std::string& filename) {
-  const std::vector<std::string> lines = firstlines(filename);
+tlooks looksoflines(const std::vector<std::string>& lines) {
   if (std::ranges::any_of(lines, begins)) return tlooks::definition;
   return std::ranges::all_of(lines, iscomment) ? tlooks::unclear : tlooks::options;
 }
+
+}  // namespace
+
+std::vector<std::string> firstlines(const std::string& filename) {
+  std::error_code problem;
+  if (!std::filesystem::is_regular_file(filename, problem)) return {};
+  std::ifstream file(filename, std::ios::binary);
+  std::string text(mostread, '\0');
+  file.read(text.data(), static_cast<std::streamsize>(text.size()));
+  text.resize(static_cast<std::size_t>(file.gcount()));
+  return linesof(text);
+}
+
+tlooks looksof(const std::string& filename) { return looksoflines(firstlines(filename)); }
+
+tlooks looksoftext(const std::string& text) { return looksoflines(linesof(text.substr(0, mostread))); }
 
 }  // namespace tool

@@ -50,8 +50,8 @@ std::string_view pathincomment(std::string_view line) {
   return optcore::trim(line.substr(head.size()));
 }
 
-tanswer bycomment(const path& file) {
-  const std::vector<std::string> lines = firstlines(file.string());
+tanswer bycomment(const path& file, ttextsource& source) {
+  const std::vector<std::string> lines = firstlines(source.pathof(file.string()));
   for (std::size_t i = 0; i < std::min(lines.size(), firstlinecount); ++i)
     if (const path named = pathincomment(lines[i]); !named.empty()) {
       const tplace place = {file.string(), static_cast<std::int32_t>(i + 1)};
@@ -74,7 +74,7 @@ std::string fromhere(const path& file) {
   return (problem ? file : file.lexically_proximate(here)).string();
 }
 
-tanswer byconfig(const path& file) {
+tanswer byconfig(const path& file, ttextsource& source) {
   std::error_code problem;
   const path folder = std::filesystem::canonical(file.has_parent_path() ? file.parent_path() : ".", problem);
   path above = folder;
@@ -83,7 +83,7 @@ tanswer byconfig(const path& file) {
   if (!std::filesystem::exists(above / configname, problem))
     return {{}, std::string("No ") + configname + " is in its folder or those above"};
   const std::string config = fromhere(above / configname);
-  const tdefinitionsfile read = readdefinitionsfile(config);
+  const tdefinitionsfile read = readdefinitionsfile(source.pathof(config));
   if (!read.problem.empty()) return {{{}, {}, unusable({config, read.line}, "unusable-file", read.problem)}};
   const path relative = (folder / file.filename()).lexically_relative(above);
   for (const tdefinitionentry& entry : read.entries)
@@ -107,7 +107,7 @@ std::vector<path> definitionsin(const path& folder) {
   return result;
 }
 
-tanswer bybeside(const path& file) {
+tanswer bybeside(const path& file, ttextsource& /*source*/) {
   const std::string own = file.stem().string() + ".def";
   const std::vector<path> all = definitionsin(file.has_parent_path() ? file.parent_path() : path("."));
   const auto same = std::ranges::find(all, own, [](const path& each) { return each.filename().string(); });
@@ -127,18 +127,19 @@ bool isoptionfile(const std::string& filename) {
   return extension == ".opt" || (extension != ".def" && looksof(filename) == tlooks::options);
 }
 
-tfounddefinition finddefinition(const std::string& optionfile) {
+tfounddefinition finddefinition(const std::string& optionfile, ttextsource& source) {
   if (optionfile == "-")
     return {{},
             {},
             unusable({"<stdin>"}, "no-definition", "The definition of standard input is not known",
                      {"Name it with --definition"})};
   std::error_code problem;
-  if (const auto status = std::filesystem::status(optionfile, problem); !std::filesystem::exists(status))
+  if (const auto status = std::filesystem::status(source.pathof(optionfile), problem);
+      !std::filesystem::exists(status))
     return {{}, {}, unusable({optionfile}, "unusable-file", "There is no such file")};
   std::vector<std::string> notes;
   for (const auto& place : {bycomment, byconfig, bybeside}) {
-    tanswer answer = place(optionfile);
+    tanswer answer = place(optionfile, source);
     if (answer.found.path.size() > maxfilename)
       answer.note = "The definition is " + answer.found.how + ", but its path has more than " +
                     std::to_string(maxfilename) + " characters";

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tools/reading/findings.h"
+#include "tools/reading/textsource.h"
 
 namespace tool {
 
@@ -24,6 +25,11 @@ struct tfounddefinition {
 // - a comment "* definition: PATH" in the first ten lines; the path is relative to the option file,
 // - the first entry that matches in the nearest wexcorin.json, in the folder of the file or above it,
 // - a file beside it with the same name but .def at the end, or the only one there whose name ends in .def.
-tfounddefinition finddefinition(const std::string& optionfile);
+// Comment and wexcorin.json are read where the source has their texts.
+tfounddefinition finddefinition(const std::string& optionfile, ttextsource& source);
+inline tfounddefinition finddefinition(const std::string& optionfile) {
+  ttextsource files;
+  return finddefinition(optionfile, files);
+}
 
 }  // namespace tool

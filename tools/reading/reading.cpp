@@ -154,7 +154,7 @@ bool treading::readdefinitionagain(tvksoptions& other) const {
 bool treading::readoptions(const tinputs& inputs) {
   bool result = true;
   for (const std::string& filename : inputs.optionfiles) {
-    const std::string& path = pathof(filename, fwatches);
+    const std::string path = pathof(filename, fwatches);
     foptionfiles.emplace(displayname(filename), path);
     result &= collect(displayname(filename), [&] { return fstore.optreadparameterfile(path); });
   }
@@ -193,7 +193,8 @@ bool treading::collect(const std::string& name, const std::function<std::int32_t
 
 // The path under which the library opens a file on the command line: that of a copy for standard input and,
 // if the file is read again, for a pipe or a device.
-const std::string& treading::pathof(const std::string& filename, bool readagain) {
+std::string treading::pathof(const std::string& filename, bool readagain) {
+  if (ftextsource != nullptr) return sourcepath(filename);
   if (filename == "-") {
     fcopies.emplace_back().write(readstandardinput());
     return fcopies.back().path();
@@ -210,8 +211,9 @@ void treading::filed(const tmessage& message) {
   if (message.kind == tmsgkind::fileenter && message.source->sourcekind() == tsourcekind::file) {
     const std::string path(message.source->sourcename());
     ffilesread.add(path);
-    if (message.source->includer() != nullptr) foptionfiles.emplace(path, path);
-    addutf16(placeof(message.source, 1), path);
+    const std::string text = sourcepath(path);
+    if (message.source->includer() != nullptr) foptionfiles.emplace(path, text);
+    addutf16(placeof(message.source, 1), text);
   }
   if (message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave) return;
   if (message.explains) {
@@ -347,6 +349,10 @@ void treading::listed(std::string_view names) {
                      .severity = tseverity::plain,
                      .rule = {},
                      .text = std::string(names.substr(0, names.find('\n')))});
+}
+
+std::string_view treading::pathtoopen(std::string_view filename) {
+  return fpath = sourcepath(std::string(filename));
 }
 
 // An included file has its own name.

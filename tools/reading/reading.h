@@ -20,6 +20,7 @@
 #include "tools/reading/settingwarnings.h"
 #include "tools/reading/suggest.h"
 #include "tools/reading/temporaryfile.h"
+#include "tools/reading/textsource.h"
 #include "tools/writing/filemarks.h"
 
 namespace tool {
@@ -63,6 +64,9 @@ class treading final : optcore::tstoreobserver {
     if (!ffindings.allows(replacedrule)) fassignments.emplace();
   }
 
+  // From now on, files are read where this source has their texts. It must outlive the reading.
+  void readfrom(ttextsource& source) { ftextsource = &source; }
+
   // From now on, whatever the store reports is passed on to the follower; null ends it. It is not owned.
   void follow(optcore::tstoreobserver* follower) { ffollower = follower; }
   // The name of a source in findings. A source on the command line keeps the name that it has there.
@@ -85,6 +89,8 @@ class treading final : optcore::tstoreobserver {
   const tfilemarks& filesread() const { return ffilesread; }
   // The name of the definition file in findings.
   const std::string& definition() const { return fdefinition; }
+  // The lines of the definition's entries. Only of a definition that was read with readdefinition.
+  tdefinitionlines& definitionlines() { return flines; }
   // All findings so far.
   const tfindinglist& findings() const { return ffindings; }
   // Of each kind of finding, at most so many are kept.
@@ -101,6 +107,7 @@ class treading final : optcore::tstoreobserver {
   }
   void shortened(std::size_t length) override;
   void listed(std::string_view names) override;
+  std::string_view pathtoopen(std::string_view filename) override;
 
   // Runs the action; findings call its source `name`. The action returns 0, or the operating system's error
   // code for a file that cannot be opened, and collect then returns false.
@@ -114,10 +121,15 @@ class treading final : optcore::tstoreobserver {
   void adviseoninclude(const optcore::tmessage& message);
   tplace placeof(const optcore::tmessage& message) const;
   void explainduplicate(const optcore::tmessage& message);
-  const std::string& pathof(const std::string& filename, bool readagain);
+  std::string pathof(const std::string& filename, bool readagain);
+  std::string sourcepath(const std::string& filename) const {
+    return ftextsource == nullptr ? filename : ftextsource->pathof(filename);
+  }
 
   optcore::tvksoptions fstore;
   optcore::tstoreobserver* ffollower = nullptr;
+  ttextsource* ftextsource = nullptr;
+  std::string fpath;  // the last one that pathtoopen gave
   tsuggester fsuggester{fstore};
   tdefinitionlines flines;
   tfieldnotes ffieldnotes;
@@ -138,7 +150,7 @@ class treading final : optcore::tstoreobserver {
   std::string fsource;  // the name of the current source in findings
   bool fkeepsdefinition = false;
   tfilemarks ffilesread;
-  std::deque<ttemporaryfile> fcopies;  // a deque: pathof returns references to their paths
+  std::deque<ttemporaryfile> fcopies;  // a deque, because they cannot be moved
 };
 
 // The name of the file in findings.

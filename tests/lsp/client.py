@@ -1,0 +1,149 @@
+"""A client of the language server for tests: it starts `wexcorin lsp`, sends messages and reads answers. One server
+serves many cases. The program is the first argument of the test, which is run in the repository's root."""
+import json, os, select, subprocess, sys, time
+
+TOOL = os.path.abspath(sys.argv[1])
+failures = []
+
+
+def uri(path):
+    return "file://" + os.path.abspath(path)
+
+
+def expect(what, seen, wanted):
+    if seen != wanted:
+        failures.append(f"{what}:\n  seen   {seen!r}\n  wanted {wanted!r}")
+
+
+class Client:
+    # `capabilities` are those of the client, `settings` what it answers when it is asked for its settings.
+    def __init__(self, root, capabilities=None, settings=None, start=True, **parameters):
+        self.process = subprocess.Popen([TOOL, "lsp"], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        self.buffer, self.last, self.notes, self.asked, self.settings = b"", 0, [], [], settings
+        self.answers, self.versions = {}, {}
+        if start:
+            folders = [{"uri": uri(root), "name": "root"}]
+            self.server = self.request("initialize", {
+                "processId": os.getpid(), "capabilities": capabilities or {}, "workspaceFolders": folders,
+                **parameters})
+            self.notify("initialized", {})
+
+    # ---- messages
+
+    def send_bytes(self, data):
+        self.process.stdin.write(data)
+        self.process.stdin.flush()
+
+    def send(self, message):
+        body = json.dumps(message).encode()
+        self.send_bytes(b"Content-Length: %d\r\n\r\n%s" % (len(body), body))
+
+    def notify(self, method, params):
+        self.send({"jsonrpc": "2.0", "method": method, "params": params})
+
+    # Sends a request and returns its id.
+    def ask(self, method, params):
+        self.last += 1
+        self.send({"jsonrpc": "2.0", "id": self.last, "method": method, "params": params})
+        return self.last
+
+    # The next message of the server; None at the end or if none comes in time.
+    def receive(self, seconds=10):
+        until = time.monotonic() + seconds
+        while True:
+            head, found, rest = self.buffer.partition(b"\r\n\r\n")
+            if found:
+                length = int(head.split(b":")[1])
+                if len(rest) >= length:
+                    self.buffer = rest[length:]
+                    return json.loads(rest[:length])
+            if not select.select([self.process.stdout], [], [], max(0, until - time.monotonic()))[0]:
+                return None
+            data = os.read(self.process.stdout.fileno(), 1 << 20)
+            if not data:
+                return None
+            self.buffer += data
+
+    # Receives messages until one fits, and returns it. Requests of the server are answered.
+    def until(self, fits, seconds=10):
+        while True:
+            message = self.receive(seconds)
+            if message is None:
+                sys.exit(f"{sys.argv[0]}: the server does not say what is waited for\n" + "\n".join(failures))
+            if "method" in message and "id" in message:
+                self.asked.append(message)
+                asks = message["method"] == "workspace/configuration"
+                self.send({"jsonrpc": "2.0", "id": message["id"], "result": [self.settings] if asks else None})
+            elif "method" in message:
+                self.notes.append(message)
+            else:
+                self.answers[message["id"]] = message
+            if fits(message):
+                return message
+
+    def answer(self, id):
+        return self.answers.pop(id, None) or self.until(lambda each: "method" not in each and each["id"] == id) \
+            and self.answers.pop(id)
+
+    # The result of a request, or its error.
+    def request(self, method, params):
+        answer = self.answer(self.ask(method, params))
+        return answer["error"] if "error" in answer else answer["result"]
+
+    # ---- documents; they are named by their paths
+
+    def open(self, path, text=None, language=None):
+        if text is None:
+            with open(path, encoding="utf-8", newline="") as file:
+                text = file.read()
+        language = language or ("wexcorin-definition" if path.endswith(".def") else "wexcorin-options")
+        self.versions[path] = 1
+        self.notify("textDocument/didOpen", {"textDocument": {
+            "uri": uri(path), "languageId": language, "version": 1, "text": text}})
+
+    # A change is a text, or (line, character, line, character, text).
+    def change(self, path, *changes):
+        self.versions[path] += 1
+        position = lambda line, character: {"line": line, "character": character}
+        self.notify("textDocument/didChange", {
+            "textDocument": {"uri": uri(path), "version": self.versions[path]},
+            "contentChanges": [
+                {"text": each} if isinstance(each, str) else
+                {"range": {"start": position(*each[:2]), "end": position(*each[2:4])}, "text": each[4]}
+                for each in changes]})
+
+    def close(self, path):
+        self.notify("textDocument/didClose", {"textDocument": {"uri": uri(path)}})
+
+    # A request about a place in a document.
+    def at(self, method, path, line, character, **more):
+        return self.request("textDocument/" + method, {
+            "textDocument": {"uri": uri(path)}, "position": {"line": line, "character": character}, **more})
+
+    # The next diagnostics of the file.
+    def diagnostics(self, path):
+        fits = lambda each: each.get("method") == "textDocument/publishDiagnostics" and \
+            each["params"]["uri"] == uri(path)
+        return self.until(fits)["params"]["diagnostics"]
+
+    # ---- the end
+
+    # Ends the server as the protocol wants it. Returns the exit code.
+    def quit(self):
+        self.request("shutdown", None)
+        self.notify("exit", None)
+        return self.end()
+
+    # Ends the input.
+    def end(self):
+        self.process.stdin.close()
+        try:
+            return self.process.wait(10)
+        except subprocess.TimeoutExpired:
+            self.process.kill()
+            return "does not end"
+
+
+# Ends the test.
+def finish():
+    sys.exit("\n".join(failures) or 0)

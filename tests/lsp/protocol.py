@@ -1,0 +1,96 @@
+"""The language server as such: its life, its messages, documents and their positions.
+usage: protocol.py TOOL"""
+import os, tempfile
+
+from client import Client, expect, finish
+
+work = tempfile.TemporaryDirectory()
+DEFINITION = "threads integer 1 1 1 64 1 1 Threads to use\nname string 2 \"\" 1 1 Name of the run\n" \
+             "general group 1 1 General\n"
+
+
+def write(name, text):
+    path = os.path.join(work.name, name)
+    with open(path, "w", encoding="utf-8", newline="") as file:
+        file.write(text)
+    return path
+
+
+# ---- the life of the server
+
+write("solver.def", DEFINITION)
+main = write("main.opt", "threads 4\n")
+client = Client(work.name, start=False)
+code = lambda method, params=None: client.request(method, params).get("code")
+expect("a request before initialize", code("textDocument/hover", {}), -32002)
+client.notify("textDocument/didOpen", {"nonsense": True})
+client.send({"jsonrpc": "2.0", "id": "words", "method": "initialize", "params": {"capabilities": {}}})
+expect("an id may be a text", "capabilities" in client.answer("words")["result"], True)
+expect("a second initialize", code("initialize", {}), -32600)
+expect("an unknown request", code("textDocument/unknown", {}), -32601)
+expect("a document that is not open", code("textDocument/hover", {"textDocument": {"uri": "file:///x"}}), -32602)
+expect("shutdown", client.request("shutdown", None), None)
+expect("a request after shutdown", code("textDocument/hover", {}), -32600)
+client.notify("exit", None)
+expect("the exit code after shutdown", client.end(), 0)
+
+client = Client(work.name)
+client.notify("exit", None)
+expect("the exit code without shutdown", client.end(), 1)
+client = Client(work.name)
+expect("the exit code at the end of input", client.end(), 1)
+
+# ---- messages that are none
+
+for what, data, wanted in (
+        ("no header", b"hello\r\n\r\n", -32700), ("no length", b"Content-Type: x\r\n\r\n", -32700),
+        ("a length that is none", b"Content-Length: ten\r\n\r\n", -32700),
+        ("a header without end", b"x" * 5000, -32700)):
+    client = Client(work.name)
+    client.send_bytes(data)
+    answer = client.answer(None)
+    expect(f"{what}: answer", answer["error"]["code"], wanted)
+    expect(f"{what}: exit code", client.end(), 1)
+
+client = Client(work.name)
+for what, body, wanted in (
+        ("no JSON", b"{", -32700), ("bytes that are not UTF-8", b'{"jsonrpc":"2.0","id":1,"method":"\xff"}', -32700),
+        ("deep JSON", b"[" * 1000 + b"]" * 1000, -32700), ("a batch", b"[]", -32600), ("a number", b"7", -32600),
+        ("no method", b'{"jsonrpc":"2.0","id":8}', -32600), ("an id of a wrong type", b'{"id":{},"method":"x"}', -32600),
+        ("parameters of a wrong type", b'{"id":9,"method":"x","params":3}', -32602)):
+    client.send_bytes(b"Content-Length: %d\r\n\r\n%s" % (len(body), body))
+    answer = client.until(lambda each: "method" not in each)
+    expect(what, (answer["error"]["code"], answer["id"]), (wanted, {"no method": 8}.get(what, 9 if wanted == -32602 else None)))
+client.send_bytes(b"content-length: 10\r\nContent-Type: text\r\n\r\n" + b" " * 10)
+client.answer(None)
+
+# ---- documents: what the client sees after changes is what the server has
+
+client.open(main)
+expect("no findings", client.diagnostics(main), [])
+
+
+# The line and the columns of the only finding.
+def only():
+    found = client.diagnostics(main)
+    if len(found) != 1:
+        return f"{len(found)} findings"
+    span = found[0]["range"]
+    return span["start"]["line"], span["start"]["character"], span["end"]["character"]
+
+
+for what, changes, wanted in (
+        ("a whole text", ("thread 4\n",), (0, 0, 8)),
+        ("a line before it", ((0, 0, 0, 0, "* comment\n"),), (1, 0, 8)),
+        ("two changes, the second on top of the first", ((0, 0, 1, 0, ""), (0, 0, 0, 0, "name x\n\n")), (2, 0, 8)),
+        ("lines that end in CR LF", ("name x\r\nthread 4\r\n",), (1, 0, 8)),
+        ("a text behind the end of the line and of the text", ((0, 99, 0, 99, "y"), (9, 9, 9, 9, "* z")), (1, 0, 8)),
+        ("a place inside a character is its beginning", ("* 😀thread 4", (0, 0, 0, 3, "* ")), "0 findings"),
+        ("characters of one and two units", ("* ä😀thread 4", (0, 0, 0, 5, "")), (0, 0, 8))):
+    client.change(main, *changes)
+    expect(what, only(), wanted)
+client.close(main)
+expect("a document that is closed has no findings", client.diagnostics(main), [])
+expect("the exit code", client.quit(), 0)
+
+finish()

@@ -1,0 +1,29 @@
+// What stands where in the lines of an option file, as the client has them now.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "options/vksoptions.h"
+#include "tools/lsp/documents.h"
+#include "tools/reading/linespans.h"
+
+namespace tool::lsp {
+
+struct toptionline {
+  const optcore::tvksoptions* store;  // with the definition, and the values of the last analysis
+  std::int32_t number;                // from 1
+  tspan span;                         // of the line in the text
+  std::string_view text;              // the part that is read
+  tlinespans parts;                   // from the beginning of the line
+
+  // A part of the line as one of the text.
+  tspan intext(tspan part) const { return {span.begin + part.begin, span.begin + part.end}; }
+};
+
+// The line that has this place of the text. Nothing in a document that is no option file, or whose definition
+// is not known. A comment line and an empty one have no parts.
+std::optional<toptionline> optionlineat(const tdocument& document, std::size_t offset);
+
+}  // namespace tool::lsp

@@ -1,0 +1,27 @@
+// Writes messages to the client. A client that does not read, or is gone, never blocks the server for good.
+#pragma once
+
+#include <string_view>
+
+#include "tools/lsp/json.h"
+
+namespace tool::lsp {
+
+class tspeaker {
+ public:
+  // `gone` is a descriptor that becomes ready when nobody reads any more.
+  tspeaker(int descriptor, int gone) : fdescriptor(descriptor), fgone(gone) {}
+
+  // Returns false if the message cannot be written, now and from now on.
+  bool say(const json& message);
+
+ private:
+  bool write(std::string_view bytes);
+  bool wait() const;
+
+  int fdescriptor;
+  int fgone;
+  bool fbroken = false;
+};
+
+}  // namespace tool::lsp
