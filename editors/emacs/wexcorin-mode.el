@@ -29,6 +29,14 @@
 A relative path counts from the root of the project."
   :type 'string)
 
+(defcustom wexcorin-allow nil
+  "Rules whose warnings are left out, for example \"set-again\"."
+  :type '(repeat string))
+
+(defcustom wexcorin-limit 1000
+  "How many findings of each kind are listed."
+  :type 'integer)
+
 (defcustom wexcorin-inlay-hints nil
   "Whether the server offers the default of an option beside each value."
   :type 'boolean)
@@ -161,7 +169,10 @@ Other programs have files *.def, too.  An empty file is a new definition."
 
 (defun wexcorin--settings ()
   "The settings of the server, as it wants them."
-  (list :definition wexcorin-definition :inlayHints (if wexcorin-inlay-hints t :json-false)))
+  (list :definition wexcorin-definition
+        :allow (vconcat wexcorin-allow)
+        :limit wexcorin-limit
+        :inlayHints (if wexcorin-inlay-hints t :json-false)))
 
 (defun wexcorin--server (&rest _)
   "The command that starts the server, with its settings."

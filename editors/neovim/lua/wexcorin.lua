@@ -4,13 +4,15 @@
 --   require('wexcorin').setup {
 --     path = 'wexcorin',         -- the tool
 --     definition = '',           -- the definition of option files for which none is found
+--     allow = {},                -- rules whose warnings are left out, as 'set-again'
+--     limit = 1000,              -- findings of each kind that are listed
 --     inlay_hints = false,       -- the default beside each value, from Neovim 0.10 on
 --     on_attach = nil,           -- function(client, buffer), for key maps of one's own
 --     capabilities = nil,        -- what a completion plugin adds
 --   }
 local M = {}
 
-local settings = {path = 'wexcorin', definition = '', inlay_hints = false}
+local settings = {path = 'wexcorin', definition = '', allow = {}, limit = 1000, inlay_hints = false}
 local languages = {wexcorinopt = 'wexcorin-options', wexcorindef = 'wexcorin-definition'}
 local clients = {} -- by their root, for versions without vim.lsp.start
 
@@ -37,7 +39,12 @@ end
 
 local function config_of(buffer)
   local root = root_of(vim.api.nvim_buf_get_name(buffer))
-  local options = {definition = settings.definition, inlayHints = settings.inlay_hints}
+  local options = {
+    definition = settings.definition,
+    allow = settings.allow,
+    limit = settings.limit,
+    inlayHints = settings.inlay_hints,
+  }
   return {
     name = 'wexcorin',
     cmd = {settings.path, 'lsp'},

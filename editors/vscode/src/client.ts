@@ -23,6 +23,8 @@ export function clientOptions(outputChannel: OutputChannel): LanguageClientOptio
     ]),
     initializationOptions: {
       definition: settings.get("definition", ""),
+      allow: settings.get<string[]>("allow", []),
+      limit: settings.get("limit", 1000),
       inlayHints: settings.get("inlayHints", false),
     },
     synchronize: {configurationSection: section},
