@@ -4,6 +4,9 @@ vim.o.laststatus = 0
 vim.o.ruler = false
 vim.o.showmode = false
 vim.o.swapfile = false
+vim.o.wrap = false
+vim.o.hlsearch = false
+vim.o.mouse = ''
 vim.o.completeopt = 'menuone,noselect,preview'
 vim.opt.shortmess:append('cF')
 vim.opt.fillchars = {eob = ' '}

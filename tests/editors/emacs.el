@@ -7,11 +7,11 @@
 ;;; Code:
 
 (require 'package)
+(push (expand-file-name "elpa") package-directory-list) ; where the files for Emacs are installed
 (package-initialize)
 (require 'cl-lib)
 (require 'flymake)
 (require 'eglot)
-(load "wexcorin-mode-autoloads")
 
 (defconst root default-directory)
 (defconst file "examples/solver_mistakes.opt")
