@@ -71,7 +71,7 @@ node_packages() {
   fi
   say "installing the packages of editors/vscode/package-lock.json in build/vscode"
   # No package runs a script of its own: none that is needed here has one to run.
-  if ! (cd "$place" && npm ci --ignore-scripts) </dev/null >"$place/log" 2>&1; then
+  if ! (cd "$place" && npm ci --ignore-scripts --fetch-retries=1) </dev/null >"$place/log" 2>&1; then
     say "the Node packages cannot be installed, see build/vscode/log"
     return 1
   fi

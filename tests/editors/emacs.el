@@ -55,7 +55,7 @@
   "What is offered behind TEXT on a line of its own."
   (goto-char (point-max))
   (insert text)
-  (let* ((found (eglot-completion-at-point))
+  (let* ((found (or (eglot-completion-at-point) (error "Nothing is offered behind %S" text)))
          (typed (buffer-substring-no-properties (nth 0 found) (point)))
          (all (mapcar #'substring-no-properties (all-completions typed (nth 2 found)))))
     (delete-region (line-beginning-position) (point-max))
