@@ -39,6 +39,11 @@ const ask = (provider, method, ...rest) => known.providers.get(provider)[method]
   await changeDocument(document, start, "thread 4".length, "threads 4");
   await until("the finding that was mended is gone", () => !findings()[0].startsWith("7:"));
 
+  const overridden = () => findings().some((each) => each.startsWith("46:"));
+  assert.ok(overridden());
+  await configure("wexcorin.allow", ["set-again"]);
+  await until("a rule that is allowed is left out", () => !overridden());
+
   await changeDocument(document, document.text.length, 0, "time_l");
   const end = new vscode.Position(document.lineCount - 1, 6);
   const completed = await ask("CompletionItem", "provideCompletionItems", document, end, token, {triggerKind: 0});
