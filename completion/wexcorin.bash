@@ -111,11 +111,12 @@ _wexcorin() {
         write) _wexcorin_words "$cur" '-h --help --set -o --output --exact --force --color' ;;
         diff) _wexcorin_words "$cur" '-h --help --definition --defaults --matrix --json --markdown --fail-on --color --no-pager' ;;
         doc) _wexcorin_words "$cur" '-h --help -o --output --title --release --force --color' ;;
+        lsp) _wexcorin_words "$cur" '-h --help --stdio --color' ;;
       esac
       ;;
     *)
       case $command:${#arguments[@]} in
-        :*) _wexcorin_words "$cur" 'check show explain get find help template write diff doc' ;;
+        :*) _wexcorin_words "$cur" 'check show explain get find help template write diff doc lsp' ;;
         doc:0) _wexcorin_words "$cur" 'definition pascal html c markdown page json' ;;
         help:1)
           _wexcorin_words "$cur" "$(_wexcorin_options "$1" "$definition"; _wexcorin_options "$1" "$definition" --groups)"

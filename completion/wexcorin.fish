@@ -66,7 +66,7 @@ function __wexcorin_words
                 help\t'Print the help that a definition holds' template\t'Write an option file to start from' \
                 write\t'Write the settings of option files as one option file' \
                 diff\t'Compare two definitions, or the values of option files' \
-                doc\t'Write a definition in another form'
+                doc\t'Write a definition in another form' lsp\t'Serve an editor'
         case 'doc 1'
             printf '%s\n' definition\t'A definition file' pascal\t'An include file with the option numbers' \
                 html\t'A table' c\t'A C and C++ header' markdown\t'A reference in Markdown' \
@@ -83,8 +83,9 @@ end
 complete -c wexcorin -f -a '(__wexcorin_words)'
 complete -c wexcorin -s h -l help -d 'Print help'
 complete -c wexcorin -n 'test (count (__wexcorin_arguments)) = 0' -l version -d 'Print the version'
-complete -c wexcorin -n '__wexcorin_in check show explain get find help template write diff doc' -l color -x -a 'auto always never' \
+complete -c wexcorin -n '__wexcorin_in check show explain get find help template write diff doc lsp' -l color -x -a 'auto always never' \
     -d 'When to print colours'
+complete -c wexcorin -n '__wexcorin_in lsp' -l stdio -d 'Changes nothing'
 complete -c wexcorin -n '__wexcorin_in check show find help diff' -l no-pager -d 'Print directly on the terminal'
 complete -c wexcorin -n '__wexcorin_in check show explain get write' -l set -x -a '(__wexcorin_settings)' \
     -d 'Option text to read after the files'

@@ -5,12 +5,13 @@
 
 #include "base/textcase.h"
 #include "tools/commands.h"
-#include "tools/doc/reference.h"
+#include "tools/doc/optionfacts.h"
 #include "tools/reading/reading.h"
 #include "tools/table.h"
 #include "tools/terminal.h"
 #include "tools/tracing/origins.h"
 #include "tools/tracing/touches.h"
+#include "tools/tracing/touchtexts.h"
 #include "tools/unknown.h"
 
 namespace tool {
@@ -51,25 +52,6 @@ void printentry(const char* name, const std::string& text) {
               << '\n';
 }
 
-template <class T, class ttext>
-std::string joined(const std::vector<T>& items, ttext textof) {
-  std::string result;
-  for (const T& item : items) result += (result.empty() ? "" : ", ") + textof(item);
-  return result;
-}
-
-std::string grouptext(const tvksoptions& store, std::int32_t number) {
-  const std::int32_t position = store.definition().groupwithnumber(number);
-  if (position < 0) return "";
-  const auto& groups = store.definition().groups();
-  return utf8(std::string(groups.getname(position))) + ": " + utf8(groups.getobject(position)->helptext());
-}
-
-std::string standingtext(const tnamestanding& standing) {
-  if (standing.standing == tstanding::current) return "";
-  return (standing.standing == tstanding::obsolete ? "obsolete; " : "deprecated; ") + standing.reason;
-}
-
 void printdefinition(const tvksoptions& store, const toption& option) {
   std::int32_t index = 0;
   while (&store.definition().option(index) != &option) ++index;
@@ -77,43 +59,10 @@ void printdefinition(const tvksoptions& store, const toption& option) {
   std::cout << printable(reference.name) << (reference.help.empty() ? "" : ": " + printable(reference.help))
             << '\n';
   for (const std::string& line : reference.details) std::cout << "  " << printable(line) << '\n';
-  printentry("type", typephrase(reference));
-  printentry("range", rangephrase(reference));
-  printentry("values",
-             joined(reference.values, [](const tvaluereference& value) { return value.value.text; }));
-  printentry("default", reference.defaultvalue.text);
-  printentry("members", joined(reference.members, [](const std::string& name) { return name; }));
-  printentry("group", grouptext(store, reference.group));
-  printentry("synonyms", joined(synonymsof(store, index), [](const std::string& name) { return name; }));
-  printentry("name", standingtext(reference.standing));
-  printentry("its synonyms", standingtext(reference.synonymstanding));
+  for (const toptionfact& fact : factsof(store, index, reference)) printentry(fact.title, fact.text);
 }
 
 // ---- what the lines did
-
-std::string quoted(const ttouch& touch, std::string_view what) {
-  return std::string(what) + (touch.value.empty() ? "" : " " + touch.value);
-}
-
-std::string resulttext(const ttouches& touches, const ttouch& touch) {
-  const bool twovalues = touches.option() != nullptr && touches.option()->subtype() == tsubtype::twovalues;
-  const std::string value = !twovalues                      ? ""
-                            : touch.which == twhich::second ? " second value"
-                                                            : " first value";
-  std::string result;
-  switch (touch.kind) {
-    case ttouch::tkind::stored: result = quoted(touch, "stored" + value); break;
-    case ttouch::tkind::outofbounds: result = quoted(touch, "accepted outside the bounds" + value); break;
-    case ttouch::tkind::refused: result = "refused"; break;
-    case ttouch::tkind::noted: result = "reported"; break;
-    case ttouch::tkind::passedon: result = "passed its text on to its members"; break;
-    case ttouch::tkind::acted: result = "acted"; break;
-    case ttouch::tkind::kept: result = quoted(touch, "entry kept with value"); break;
-  }
-  result += linkstext(touches.links(touch.links));
-  if (!touch.message.empty()) result += ": " + utf8(touch.message);
-  return result + (touch.overridden ? "; overridden later" : "");
-}
 
 void printtouches(const ttouches& touches) {
   if (touches.all().empty()) {
@@ -127,22 +76,11 @@ void printtouches(const ttouches& touches) {
   table.print(terminalwidth());
 }
 
-std::string forcetext(const ttouches& touches, const toption& option, twhich which) {
-  const ttouch* touch = touches.inforce(which);
-  std::string value = currentvalue(option, which).text;
-  if (touch != nullptr && option.opttype() == topttype::strlist) return value;
-  return value +
-         (touch == nullptr ? ", the default" : ", from " + placetext(touches, touch->source, touch->line));
-}
-
 void printforce(const ttouches& touches, const std::string& symbol) {
-  const toption* option = touches.option();
-  if (option == nullptr || !symbol.empty()) return;
-  const tshownvalue value = currentvalue(*option, twhich::first);
-  if (value.json.is_null()) return;
-  std::cout << "\nIn force: " << printable(forcetext(touches, *option, twhich::first)) << '\n';
-  if (option->subtype() == tsubtype::twovalues)
-    std::cout << "Second value: " << printable(forcetext(touches, *option, twhich::second)) << '\n';
+  if (!symbol.empty()) return;
+  const std::vector<std::string> values = forcetexts(touches);
+  if (!values.empty()) std::cout << "\nIn force: " << printable(values[0]) << '\n';
+  if (values.size() > 1) std::cout << "Second value: " << printable(values[1]) << '\n';
 }
 
 }  // namespace

@@ -24,6 +24,7 @@ namespace {
 std::map<std::string, int, std::less<>> files;  // the descriptor of each file
 int opens = 0;
 bool isrunning = false;
+bool opensdescriptors = false;
 
 // Creates a file, or empties the existing one. Returns its descriptor.
 int created(std::string_view name) {
@@ -35,6 +36,8 @@ int created(std::string_view name) {
 
 int open(std::string_view name, int flags) {
   const auto failed = [](int code) { return errno = code, -1; };
+  if (opensdescriptors && name.starts_with("/proc/self/fd/"))
+    return __real_open(std::string(name).c_str(), flags & ~O_CREAT, 0);
   if (opens-- <= 0) return failed(EMFILE);
   const bool iswriting = (flags & O_ACCMODE) != O_RDONLY;
   if (name == "/") return __real_open("/", flags & ~O_CREAT, 0);
@@ -46,6 +49,8 @@ int open(std::string_view name, int flags) {
 }
 
 }  // namespace
+
+void opendescriptors() { opensdescriptors = true; }
 
 void writefile(std::string_view name, std::string_view bytes) {
   const ssize_t written = ::pwrite(created(name), bytes.data(), bytes.size(), 0);

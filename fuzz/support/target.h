@@ -27,6 +27,9 @@ void run(std::string_view input);
 // files under names that begin with "out". Other names do not exist. A call can open 48 files, then opening
 // fails with "too many open files"; so files that include themselves take a bounded time.
 
+// From now on, paths of open descriptors are opened, too, as often as wanted: the tool keeps texts there.
+void opendescriptors();
+
 void writefile(std::string_view name, std::string_view bytes);
 std::string readfile(std::string_view name);  // empty for a file that does not exist
 

@@ -113,6 +113,7 @@ class Client:
                 for each in changes]})
 
     def close(self, path):
+        del self.versions[path]
         self.notify("textDocument/didClose", {"textDocument": {"uri": uri(path)}})
 
     # A request about a place in a document.
@@ -120,10 +121,10 @@ class Client:
         return self.request("textDocument/" + method, {
             "textDocument": {"uri": uri(path)}, "position": {"line": line, "character": character}, **more})
 
-    # The next diagnostics of the file.
+    # The next diagnostics of the file; of a document, those of its last version.
     def diagnostics(self, path):
         fits = lambda each: each.get("method") == "textDocument/publishDiagnostics" and \
-            each["params"]["uri"] == uri(path)
+            each["params"]["uri"] == uri(path) and each["params"].get("version") == self.versions.get(path)
         return self.until(fits)["params"]["diagnostics"]
 
     # ---- the end

@@ -1,8 +1,8 @@
 """The diagnostics of the language server are the findings of check, and follow the texts in the editor.
 usage: diagnostics.py TOOL"""
-import json, subprocess
+import json, os, subprocess, tempfile
 
-from client import TOOL, Client, expect, finish
+from client import TOOL, Client, expect, finish, uri
 
 SETTINGS = {"definition": "examples/solver.def"}
 
@@ -36,6 +36,108 @@ for file, arguments in (
     client.open(file)
     expect(f"findings in {file}", served(client.diagnostics(file)), checked(*arguments).get(file, []))
     client.close(file)
+expect("the exit code", client.quit(), 0)
+
+# ---- the part of the line that is meant, and lines that have to do with it
+
+work = tempfile.TemporaryDirectory()
+RELATED = {"textDocument": {"publishDiagnostics": {"relatedInformation": True}}}
+DEFINITION = """eol eolcomm !
+general group 1 1 General
+threads integer 1 1 1 64 1 1 Threads to use
+ratio double 2 1 0 1 1 1 A ratio
+name string 3 "" 1 1 Name of the run
+mode enumstr 4 auto 1 1 How
+ auto 1 Itself
+ slow 1 All
+old integer 5 1 0 9 1 1 Old
+all macro 1 1 All
+ threads
+set deprecated
+ old use threads
+read immediate ReadFile 1 1 Read another file
+"""
+
+
+def write(name, text):
+    with open(os.path.join(work.name, name), "w", encoding="utf-8", newline="") as file:
+        file.write(text)
+    return os.path.join(work.name, name)
+
+
+# For each finding what is marked, its tags, and the lines that have to do with it.
+def marked(text, diagnostics):
+    lines, result = text.split("\n"), []
+    for each in diagnostics:
+        start, end = each["range"]["start"], each["range"]["end"]
+        related = [f'{other["message"]} {other["location"]["range"]["start"]["line"]}'
+                   for other in each.get("relatedInformation", [])]
+        words = [lines[start["line"]][start["character"]:end["character"]]] + related
+        result.append(" ".join([*words, *map(str, each.get("tags", []))]))
+    return result
+
+
+solver, main = write("solver.def", DEFINITION), write("main.opt", "")
+client = Client(work.name, RELATED)
+client.open(main)
+client.diagnostics(main)
+for what, text, wanted in (
+        ("an unknown name", "name x\n  thread 4", ["thread"]),
+        ("a value, even if it is like the name", "threads threads", ["threads"]),
+        ("a value that is reported in another form", "ratio = 2.50", ["2.50"]),
+        ("a value behind characters of two units", 'name "😀" ! x\nmode fast', ["fast"]),
+        ("a name that is deprecated", "old 3", ["old 2"]),
+        ("a value that is set again", "threads 2\nthreads 3", ["threads was set here 0"]),
+        ("a file that is not there", "read none.opt", ["none.opt"])):
+    client.change(main, text)
+    expect(what, marked(text, client.diagnostics(main)), wanted)
+client.open(solver)
+expect("a definition", marked(DEFINITION, client.diagnostics(solver)), [])
+for what, line, wanted in (
+        ("a field that is wrong", "size integer 6 x 1 9 1 1 Size", ["x", "size"]),
+        ("a type that is unknown", "size integr 6 1 1 9 1 1 Size", ["integr"]),
+        ("a name that is there", "ratio integer 6 1 1 9 1 1 Size", ["ratio is defined here 3"]),
+        ("a group that is not declared", "size integer 6 7 1 9 1 7 Size", ["7"]),
+        ("what has no use", "empty group 6 1 None", ["empty 1"]),
+        ("a number that is there", "size integer 3 3 3 3 1 1 Size", ["3 is defined here 4"])):
+    text = DEFINITION + line + "\n"
+    client.change(solver, text)
+    expect(what, marked(text, client.diagnostics(solver)), wanted)
+client.close(solver)
+
+# ---- a change renews what depends on it
+
+codes = lambda path: [each["code"] for each in client.diagnostics(path)]
+part = write("part.opt", "threads 2\n")
+client.change(main, "read part.opt\nthread 1\n")
+expect("an included file without mistakes", codes(main), ["unknown-option"])
+client.open(part, "threads none\n")
+expect("an included file in the editor: the findings there", codes(part), ["value"])
+client.change(part, "thread 3")
+expect("a change of it", codes(part), ["unknown-option"])
+client.close(part)
+expect("and as it is on the disk", codes(part), [])
+client.open(solver, DEFINITION + "thread integer 9 1 1 9 1 1 Another\n")
+expect("the definition in the editor", codes(main), [])
+client.change(solver, DEFINITION)
+expect("a change of it", codes(main), ["unknown-option"])
+write("solver.def", DEFINITION + "thread integer 9 1 1 9 1 1 Another\n")
+client.close(solver)
+expect("and as it is on the disk", codes(main), [])
+write("solver.def", DEFINITION)
+client.notify("workspace/didChangeWatchedFiles", {"changes": [{"uri": uri(solver), "type": 2}]})
+expect("a change on the disk", codes(main), ["unknown-option"])
+other = write("other.def", "thread integer 1 1 1 9 1 1 Other\n")
+client.change(main, "* definition: other.def\nthread 1\n")
+expect("a definition that the text names", codes(main), [])
+
+# ---- settings
+
+os.remove(other)
+client.change(main, "threads 1\nthreads 2\n")
+expect("a warning", codes(main), ["set-again"])
+client.notify("workspace/didChangeConfiguration", {"settings": {"wexcorin": {"allow": ["set-again"]}}})
+expect("a warning that is left out", codes(main), [])
 expect("the exit code", client.quit(), 0)
 
 finish()

@@ -1,8 +1,8 @@
 """The language server as such: its life, its messages, documents and their positions.
 usage: protocol.py TOOL"""
-import os, tempfile
+import os, subprocess, tempfile
 
-from client import Client, expect, finish
+from client import Client, expect, finish, uri
 
 work = tempfile.TemporaryDirectory()
 DEFINITION = "threads integer 1 1 1 64 1 1 Threads to use\nname string 2 \"\" 1 1 Name of the run\n" \
@@ -80,17 +80,81 @@ def only():
 
 
 for what, changes, wanted in (
-        ("a whole text", ("thread 4\n",), (0, 0, 8)),
-        ("a line before it", ((0, 0, 0, 0, "* comment\n"),), (1, 0, 8)),
-        ("two changes, the second on top of the first", ((0, 0, 1, 0, ""), (0, 0, 0, 0, "name x\n\n")), (2, 0, 8)),
-        ("lines that end in CR LF", ("name x\r\nthread 4\r\n",), (1, 0, 8)),
-        ("a text behind the end of the line and of the text", ((0, 99, 0, 99, "y"), (9, 9, 9, 9, "* z")), (1, 0, 8)),
+        ("a whole text", ("thread 4\n",), (0, 0, 6)),
+        ("a line before it", ((0, 0, 0, 0, "* comment\n"),), (1, 0, 6)),
+        ("two changes, the second on top of the first", ((0, 0, 1, 0, ""), (0, 0, 0, 0, "name x\n\n")), (2, 0, 6)),
+        ("lines that end in CR LF", ("name x\r\nthread 4\r\n",), (1, 0, 6)),
+        ("a text behind the end of the line and of the text", ((0, 99, 0, 99, "y"), (9, 9, 9, 9, "* z")), (1, 0, 6)),
         ("a place inside a character is its beginning", ("* 😀thread 4", (0, 0, 0, 3, "* ")), "0 findings"),
-        ("characters of one and two units", ("* ä😀thread 4", (0, 0, 0, 5, "")), (0, 0, 8))):
+        ("characters of one and two units", ("* ä😀thread 4", (0, 0, 0, 5, "")), (0, 0, 6))):
     client.change(main, *changes)
     expect(what, only(), wanted)
 client.close(main)
 expect("a document that is closed has no findings", client.diagnostics(main), [])
 expect("the exit code", client.quit(), 0)
+
+# ---- what client and server agree on
+
+client = Client(work.name, {"general": {"positionEncodings": ["utf-8", "utf-16"]}})
+expect("positions in UTF-8", client.server["capabilities"]["positionEncoding"], "utf-8")
+client.open(main, "* ä😀\n")
+client.diagnostics(main)
+client.change(main, (0, 0, 0, 8, "thread 4"))
+expect("a change in UTF-8", only(), (0, 0, 6))
+client.quit()
+
+CAPABLE = {"workspace": {"configuration": True, "didChangeWatchedFiles": {"dynamicRegistration": True},
+                         "didChangeConfiguration": {"dynamicRegistration": True}},
+           "window": {"workDoneProgress": True}}
+client = Client(work.name, CAPABLE, {"allow": ["set-again"]}, trace="messages")
+client.open(main, "threads 1\nthreads 2\n")
+while client.diagnostics(main):
+    pass
+steps = lambda: [each["params"]["value"]["kind"] for each in client.notes if each["method"] == "$/progress"]
+while "end" not in steps():
+    client.until(lambda each: True)
+expect("what the server asks", sorted(each["method"] for each in client.asked),
+       ["client/registerCapability", "window/workDoneProgress/create", "workspace/configuration"])
+expect("its progress", steps(), ["begin", "end"])
+client.settings = {}
+client.notify("workspace/didChangeConfiguration", {"settings": None})
+expect("the settings are asked for again", len(client.diagnostics(main)), 1)
+client.request("textDocument/unknown", {})
+client.until(lambda each: each.get("method") == "$/logTrace")
+client.quit()
+
+# ---- requests that are cancelled, and several at once
+
+client = Client(work.name)
+client.open(main, "thread 1\n" * 10000)
+place = {"textDocument": {"uri": uri(main)}, "position": {"line": 0, "character": 1}}
+kept, cancelled = client.ask("textDocument/hover", place), client.ask("textDocument/hover", place)
+client.notify("$/cancelRequest", {"id": cancelled})
+client.notify("$/cancelRequest", {"id": 999})
+expect("a request that is not cancelled waits for the first analysis", "result" in client.answer(kept), True)
+expect("a request that is cancelled", client.answer(cancelled)["error"]["code"], -32800)
+expect("the exit code", client.quit(), 0)
+
+# ---- files that an option file must not read, and a client that is gone
+
+os.mkfifo(os.path.join(work.name, "pipe"))
+write("solver.def", DEFINITION + "include immediate ReadFile 1 1 Read\n")
+client = Client(work.name)
+client.open(main, "include /dev/stdin\ninclude pipe\n")
+expect("a device and a pipe are not read", [each["code"] for each in client.diagnostics(main)],
+       ["unusable-file"] * 2)
+client.quit()
+
+editor = subprocess.Popen(["sleep", "60"])
+client = Client(work.name, start=False)
+client.request("initialize", {"processId": editor.pid, "capabilities": {}})
+editor.kill()
+editor.wait()
+expect("the exit code when the client is gone", client.process.wait(10), 1)
+client = Client(work.name, start=False)
+client.process.stdout.close()
+for number in range(100):
+    client.ask("textDocument/hover", {})
+expect("the exit code when nobody reads", client.end(), 1)
 
 finish()

@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "tools/lsp/uri.h"
-#include "tools/reading/finddefinition.h"
 
 namespace tool::lsp {
 
@@ -58,14 +57,6 @@ void take(tsnapshot& snapshot, const tfindinglist& findings) {
   snapshot.unlisted += findings.unlisted();
 }
 
-// The definition by the rules of check; if they find none, that of the client's settings.
-tfounddefinition definitionof(const tdocumentstate& document, tsources& sources) {
-  tfounddefinition found = finddefinition(document.name, sources);
-  const bool isnotfound = found.problem && found.problem->rule == "no-definition";
-  if (!isnotfound || document.settings->definition.empty()) return found;
-  return {document.settings->definition, "named in the settings", {}};
-}
-
 void readoptions(tsnapshot& snapshot, const tdocumentstate& document, tsources& sources) {
   snapshot.reading = std::make_unique<treading>();
   prepare(*snapshot.reading, sources, *document.settings);
@@ -78,6 +69,21 @@ void readoptions(tsnapshot& snapshot, const tdocumentstate& document, tsources& 
 }
 
 }  // namespace
+
+std::vector<std::string> tdefinitionstate::namesnear(const std::string& typed, bool dotted) const {
+  using tproblem = optcore::tsubject::tproblem;
+  const std::string sought = dotted ? "." + typed : typed;
+  const optcore::tsubject subject = {
+      .name = sought, .problem = dotted ? tproblem::unknowndotoption : tproblem::unknownoption};
+  return fsuggester.suggestionsfor(subject, typed);
+}
+
+tfounddefinition definitionof(const std::string& optionfile, const tsettings& settings, ttextsource& source) {
+  tfounddefinition found = finddefinition(optionfile, source);
+  const bool isnotfound = found.problem && found.problem->rule == "no-definition";
+  if (!isnotfound || settings.definition.empty()) return found;
+  return {settings.definition, "named in the settings", {}};
+}
 
 // Drops what no document uses any more.
 void tanalysis::forgetothers() {
@@ -104,7 +110,7 @@ std::shared_ptr<const tdefinitionstate> tanalysis::definition(const std::string&
 void tanalysis::read(const tdocumentstate& document, tsnapshot& result) {
   tsources sources(document.open);
   const tfounddefinition found = document.kind == tdocumentkind::options
-                                     ? definitionof(document, sources)
+                                     ? definitionof(document.name, *document.settings, sources)
                                      : tfounddefinition{document.name, {}, {}};
   result.how = found.how;
   if (found.problem) result.findings.push_back(*found.problem);

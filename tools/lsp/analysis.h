@@ -9,6 +9,7 @@
 
 #include "tools/lsp/client.h"
 #include "tools/lsp/sources.h"
+#include "tools/reading/finddefinition.h"
 #include "tools/reading/reading.h"
 #include "tools/tracing/origins.h"
 
@@ -30,9 +31,12 @@ struct tdefinitionstate {
   tdefinitionlines& lines() const { return flines; }
   void takelines() { flines = reading.definitionlines(); }
   const optcore::tvksoptions& store() const { return reading.store(); }
+  // The names that may be meant by one that no option has. Only the thread of the server asks.
+  std::vector<std::string> namesnear(const std::string& typed, bool dotted) const;
 
  private:
   mutable tdefinitionlines flines;
+  mutable tsuggester fsuggester{reading.store()};
 };
 
 struct tsnapshot {
@@ -63,6 +67,9 @@ struct tdocumentstate {
   std::shared_ptr<const ttexts> open;  // all open documents
   std::shared_ptr<const tsettings> settings;
 };
+
+// The definition by the rules of check; if they find none, that of the client's settings.
+tfounddefinition definitionof(const std::string& optionfile, const tsettings& settings, ttextsource& source);
 
 // Keeps the definitions that were read, and reads one again when it has changed.
 class tanalysis {

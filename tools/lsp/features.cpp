@@ -5,9 +5,32 @@
 
 namespace tool::lsp {
 
+namespace {
+
+using tanswering = tanswer (*)(const trequest& request);
+
+tanswer noanswer(const trequest& /*request*/) { return json(); }
+
+// A request about a document is answered by one function in option files, and by another one in definitions.
+template <tanswering options, tanswering definitions>
+tanswer bykind(const trequest& request) {
+  return request.document()->kind() == tdocumentkind::options ? options(request) : definitions(request);
+}
+
+}  // namespace
+
 std::span<const tfeature> features() {
   static constexpr auto table = std::to_array<tfeature>({
-      {"textDocument/hover", hover, announcehover},
+      {"textDocument/completion", bykind<optioncompletion, noanswer>, announcecompletion},
+      {"completionItem/resolve", resolvecompletion, nullptr},
+      {"textDocument/hover", bykind<optionhover, noanswer>, announcehover},
+      {"textDocument/definition", bykind<noanswer, noanswer>, announcetargets},
+      {"textDocument/references", bykind<noanswer, noanswer>, announcereferences},
+      {"textDocument/documentHighlight", bykind<noanswer, noanswer>, announcehighlights},
+      {"textDocument/documentSymbol", bykind<noanswer, noanswer>, announcesymbols},
+      {"textDocument/codeAction", bykind<noanswer, noanswer>, announcecodeactions},
+      {"textDocument/formatting", bykind<noanswer, noanswer>, announceformatting},
+      {"textDocument/inlayHint", bykind<noanswer, noanswer>, announceinlayhints},
   });
   return table;
 }

@@ -1,6 +1,6 @@
-// The requests that the server answers. Each feature has a file of its own with the two functions that are
-// declared here: one answers a request, the other one says in the answer to initialize that the server can. To
-// add one, declare them below and add a line to the table in features.cpp.
+// The requests that the server answers. Each answer has a file of its own, with the name of its function; most
+// requests have one for option files and one for definitions. To add a feature, declare its answers below, say
+// in announcements.cpp what the server tells the client of it, and add a line to the table in features.cpp.
 #pragma once
 
 #include <span>
@@ -19,7 +19,25 @@ struct tfeature {
 
 std::span<const tfeature> features();
 
-tanswer hover(const trequest& request);
+// ---- answers in option files
+
+tanswer optioncompletion(const trequest& request);
+// Adds the documentation to an item of a completion.
+tanswer resolvecompletion(const trequest& request);
+tanswer optionhover(const trequest& request);
+
+// ---- answers in definitions
+
+// ---- what the server tells of itself (announcements.cpp)
+
+void announcecompletion(json& capabilities, const tclient& client);
 void announcehover(json& capabilities, const tclient& client);
+void announcetargets(json& capabilities, const tclient& client);
+void announcereferences(json& capabilities, const tclient& client);
+void announcehighlights(json& capabilities, const tclient& client);
+void announcesymbols(json& capabilities, const tclient& client);
+void announcecodeactions(json& capabilities, const tclient& client);
+void announceformatting(json& capabilities, const tclient& client);
+void announceinlayhints(json& capabilities, const tclient& client);
 
 }  // namespace tool::lsp

@@ -3,21 +3,31 @@
 
 namespace tool::lsp {
 
+void walklines(const optcore::tvksoptions& store, const ttext& text,
+               const std::function<bool(const toptionline&)>& each) {
+  toptionline line = {&store, 0, {}, {}, true, {}};
+  for (std::int32_t number = 1; number <= text.linecount(); ++number) {
+    line.number = number;
+    line.span = text.line(number);
+    line.text = readpart(text.part(line.span));
+    line.eolonly = line.parts.eolonly;
+    const bool isplain = isread(line.text);
+    line.parts = isplain ? spansof(store.definition(), line.text, line.eolonly) : tlinespans{};
+    if (!isplain) line.parts.eolonly = line.eolonly;
+    if (!each(line)) return;
+  }
+}
+
 std::optional<toptionline> optionlineat(const tdocument& document, std::size_t offset) {
   const tsnapshot* snapshot = document.snapshot().get();
   if (document.kind() != tdocumentkind::options || snapshot == nullptr || snapshot->store() == nullptr)
     return std::nullopt;
-  const ttext& text = *document.text();
-  const std::int32_t last = text.lineat(offset);
-  toptionline result = {snapshot->store(), last, {}, {}, {}};
-  for (std::int32_t number = 1; number <= last; ++number) {
-    result.span = text.line(number);
-    result.text = readpart(text.part(result.span));
-    const bool eolonly = result.parts.eolonly;
-    const bool isread = !result.text.empty() && result.text.front() != '*';
-    result.parts = isread ? spansof(result.store->definition(), result.text, eolonly) : tlinespans{};
-    if (!isread) result.parts.eolonly = eolonly;
-  }
+  const std::int32_t number = document.text()->lineat(offset);
+  std::optional<toptionline> result;
+  walklines(*snapshot->store(), *document.text(), [&](const toptionline& line) {
+    if (line.number == number) result = line;
+    return line.number < number;
+  });
   return result;
 }
 

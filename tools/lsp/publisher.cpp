@@ -24,34 +24,47 @@ void tpublisher::publish(const tdocument& document, const tworkspace& workspace,
   this->send(keys, document.key(), workspace, send);
 }
 
+// The other documents are analysed anew, with the text of the file on the disk.
 void tpublisher::withdraw(const tdocument& document, const tworkspace& workspace, const tsend& send) {
-  const auto found = ffound.find(document.key());
-  if (found == ffound.end()) return;
-  const std::set<std::string> keys = keysof(found->second);
-  ffound.erase(found);
+  std::set<std::string> keys = {document.key()};
+  if (const auto found = ffound.find(document.key()); found != ffound.end()) {
+    keys.merge(keysof(found->second));
+    ffound.erase(found);
+  }
+  for (auto& [other, found] : ffound) found.erase(document.key());
   this->send(keys, "", workspace, send);
+  if (const auto sent = fsent.find(document.key()); sent != fsent.end()) sent->second.version.reset();
 }
 
-// `always` is the file whose list is sent even if it is the same as before.
-void tpublisher::send(const std::set<std::string>& keys, const std::string& always,
+// All that was found in the text that the file has now.
+json tpublisher::listof(const std::string& key, const tdocument* document) const {
+  json result = json::array();
+  std::set<json> known;
+  for (const auto& [from, found] : ffound) {
+    const auto part = found.find(key);
+    if (part == found.end() || (document != nullptr && part->second.text != document->text())) continue;
+    for (const json& each : part->second.list)
+      if (known.insert(each).second) result.push_back(each);
+  }
+  return result;
+}
+
+// What the client knows is sent again only for another version of the analysed document `renewed`.
+void tpublisher::send(const std::set<std::string>& keys, const std::string& renewed,
                       const tworkspace& workspace, const tsend& send) {
   for (const std::string& key : keys) {
-    json list = json::array();
-    std::set<json> known;
-    for (const auto& [document, diagnostics] : ffound)
-      if (const auto part = diagnostics.find(key); part != diagnostics.end())
-        for (const json& each : part->second)
-          if (known.insert(each).second) list.push_back(each);
-    const auto before = fsent.find(key);
-    const bool issame = before == fsent.end() ? list.empty() : before->second == list;
-    if (issame && key != always) continue;
-    json params = {{"uri", workspace.documents.uriof(key)}, {"diagnostics", list}};
-    if (const tdocument* document = workspace.documents.withkey(key)) params["version"] = document->version();
-    send(std::move(params));
-    if (list.empty())
-      fsent.erase(key);
-    else
-      fsent.insert_or_assign(key, std::move(list));
+    const tdocument* document = workspace.documents.withkey(key);
+    const std::int64_t version = document != nullptr ? document->version() : 0;
+    json list = listof(key, document);
+    tsent& sent = fsent[key];
+    const bool isknown = sent.list == list && (key != renewed || sent.version == version);
+    if (!isknown) {
+      json params = {{"uri", workspace.documents.uriof(key)}, {"diagnostics", list}};
+      if (document != nullptr) params["version"] = version;
+      send(std::move(params));
+      sent = {std::move(list), version};
+    }
+    if (document == nullptr && sent.list.empty()) fsent.erase(key);
   }
 }
 

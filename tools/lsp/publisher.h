@@ -2,8 +2,10 @@
 // them; each finding is then sent once.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -21,11 +23,17 @@ class tpublisher {
   void withdraw(const tdocument& document, const tworkspace& workspace, const tsend& send);
 
  private:
-  void send(const std::set<std::string>& keys, const std::string& always, const tworkspace& workspace,
+  struct tsent {
+    json list = json::array();
+    std::optional<std::int64_t> version{};  // of the document
+  };
+
+  void send(const std::set<std::string>& keys, const std::string& renewed, const tworkspace& workspace,
             const tsend& send);
+  json listof(const std::string& key, const tdocument* document) const;
 
   std::map<std::string, tdiagnostics> ffound;  // by the keys of the documents
-  std::map<std::string, json> fsent;           // the last list of each file that is not empty
+  std::map<std::string, tsent> fsent;          // by the keys of the files
 };
 
 }  // namespace tool::lsp

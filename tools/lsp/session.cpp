@@ -47,6 +47,7 @@ void tsession::handleend() {
 
 // Waits for all that was begun.
 void tsession::finish() {
+  *fscancancelled = true;
   for (auto& [uri, time] : fdue) time = {};
   analysedue();
   while (!fanalyst.isidle() || !fscanner.isidle())

@@ -102,7 +102,9 @@ tfinding replacedfinding(const toption& option, std::int32_t bits, const tassign
           .rule = replacedrule,
           .text = subjectof(option, which) + " is set to " + strexternal(option.getasstring12(which).view()) +
                   ", but was set to " + strexternal(textof(earlier.value)) + " at " +
-                  placetext({*earlier.file, earlier.line})};
+                  placetext({*earlier.file, earlier.line}),
+          .name = std::string(option.owner().messages().curoptname()),
+          .related = {{{*earlier.file, earlier.line}, "was set here"}}};
 }
 
 }  // namespace tool

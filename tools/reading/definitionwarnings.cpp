@@ -25,8 +25,13 @@ class tdefinitioncheck {
   tfindings& found() { return ffindings; }
 
  private:
-  void warn(std::int32_t line, std::string_view rule, std::string text) {
-    ffindings.push_back({{ffile, line}, tseverity::warning, rule, std::move(text)});
+  // `field` is what is meant in the line; `other` is a line that has to do with it, 0 if there is none.
+  void warn(std::int32_t line, std::string_view rule, std::string text, std::string_view field = "name",
+            std::int32_t other = 0) {
+    tfinding finding = {{ffile, line}, tseverity::warning, rule, std::move(text)};
+    finding.field = field;
+    if (other > 0) finding.related.push_back({{ffile, other}, std::string(definedhere)});
+    ffindings.push_back(std::move(finding));
   }
   std::int32_t lineof(std::int32_t index) { return flines.ofoption(fdefinition, index); }
   void group(const toption& option, std::int32_t line);
@@ -60,7 +65,8 @@ void tdefinitioncheck::group(const toption& option, std::int32_t line) {
   if (number <= 0 || fdefinition.groupwithnumber(number) >= 0 || !fundeclared.insert(number).second) return;
   warn(line, "group-undeclared",
        "No group line declares the group " + std::to_string(number) + " of option " +
-           inquotes(option.getname()) + "; the summary of the help does not list it");
+           inquotes(option.getname()) + "; the summary of the help does not list it",
+       "group");
 }
 
 // The number 0 usually means that there is none.
@@ -71,7 +77,8 @@ void tdefinitioncheck::reference(const toption& option, std::int32_t line) {
     warn(line, "reference-twice",
          "Option " + inquotes(option.getname()) + " has the reference number " +
              std::to_string(option.refnr()) + " of option " + inquotes(at->second.first) + " at line " +
-             std::to_string(at->second.second));
+             std::to_string(at->second.second),
+         "reference number", at->second.second);
 }
 
 void tdefinitioncheck::members(const toption& option, std::int32_t line) {
@@ -108,7 +115,8 @@ void tdefinitioncheck::option(std::int32_t index) {
       boolean != nullptr && boolean->defaultvalue() != 0 && boolean->defaultvalue() != 1)
     warn(line, "boolean-default",
          "Default of option " + inquotes(option.getname()) + " is " +
-             std::to_string(boolean->defaultvalue()) + ", but booleans are 0 or 1");
+             std::to_string(boolean->defaultvalue()) + ", but booleans are 0 or 1",
+         "default");
   if (islisted(fdefinition, option) && option.helptext().empty())
     warn(line, "no-help", "Help lists option " + inquotes(option.getname()) + ", but it has no help text");
   values(index);
@@ -119,10 +127,12 @@ void tdefinitioncheck::reachable(std::int32_t index, const std::set<std::int32_t
   const toption& option = fdefinition.option(index);
   const std::int32_t line = lineof(index);
   if (fdefinition.optlookup(option.name()) == index || reported.contains(line)) return;
+  const tholder holder = holderof(option.name(), fdefinition, flines);
   warn(line, "name-not-found",
        "Option " + inquotes(option.getname()) + " cannot be set by its name" +
            (fdefinition.optlookup(option.name()) < 0 ? ", which the lookup mode does not find"
-                                                     : ": " + holderof(option.name(), fdefinition, flines)));
+                                                     : ": " + holder.text),
+       "name", holder.line);
 }
 
 void tdefinitioncheck::synonym(std::int32_t position) {
@@ -131,20 +141,22 @@ void tdefinitioncheck::synonym(std::int32_t position) {
   if (found != nullptr && found != fdefinition.synonymtarget(position))
     warn(flines.ofsynonym(position), "name-not-found",
          "Synonym " + inquotes(fdefinition.nounderscore(name)) +
-             " is never used: " + holderof(name, fdefinition, flines));
+             " is never used: " + holderof(name, fdefinition, flines).text,
+         "name", holderof(name, fdefinition, flines).line);
 }
 
 }  // namespace
 
-std::string holderof(std::string_view name, const tdefinition& definition, tdefinitionlines& lines) {
-  const auto text = [&](const char* kind, std::string_view holder, std::int32_t line) {
-    return std::string("the name finds ") + kind + inquotes(definition.nounderscore(holder)) +
-           (line == 0 ? ", which every definition has" : " at line " + std::to_string(line));
+tholder holderof(std::string_view name, const tdefinition& definition, tdefinitionlines& lines) {
+  const auto holder = [&](const char* kind, std::string_view found, std::int32_t line) -> tholder {
+    return {std::string("the name finds ") + kind + inquotes(definition.nounderscore(found)) +
+                (line == 0 ? ", which every definition has" : " at line " + std::to_string(line)),
+            line};
   };
   if (const std::int32_t index = definition.optlookup(name); index >= 0)
-    return text("option ", definition.getstrings(index), lines.ofoption(definition, index));
+    return holder("option ", definition.getstrings(index), lines.ofoption(definition, index));
   const std::int32_t position = definition.synonyms().indexof(name);
-  return position < 0 ? "" : text("synonym ", name, lines.ofsynonym(position));
+  return position < 0 ? tholder{} : holder("synonym ", name, lines.ofsynonym(position));
 }
 
 tfindings definitionwarnings(const tdefinition& definition, tdefinitionlines& lines, const std::string& file,

@@ -28,6 +28,7 @@ struct tfield {
 constexpr tfield reference{"reference number", tform::integer};
 constexpr tfield flag{"help flag", tform::integer};
 constexpr tfield groupnumber{"group", tform::integer};
+constexpr std::string_view typefield = "type";
 
 // The fields between the type and the text.
 std::vector<tfield> fieldsbetween(std::string_view type) {
@@ -122,32 +123,35 @@ std::string problem(const tfield& field, std::string_view word, bool commafollow
   return text + (isother ? "" : "; perhaps it " + which + "was left out");
 }
 
-std::string problemoffields(std::string_view rest, const std::vector<tfield>& fields) {
+tfieldnote problemoffields(std::string_view rest, const std::vector<tfield>& fields) {
   for (const tfield& field : fields) {
     const std::string_view word = withoutquotes(takeword(rest));
     if (std::string text = problem(field, word, rest.starts_with(','), &field == &fields.front());
         !text.empty())
-      return text;
+      return {std::move(text), std::string(field.name)};
   }
   return {};
 }
 
-std::string onvalueline(std::string_view line, std::string_view type) {
+tfieldnote onvalueline(std::string_view line, std::string_view type) {
   const std::vector<tfield> fields = fieldsofvalue(type);
-  const std::string text = problemoffields(line, fields);
-  if (text.empty()) return {};
-  return text + ". The fields of a value are: " + names(fields) +
-         (struequal(type, "enumstr") ? "; a value with blanks stands in double quotes" : "");
+  tfieldnote note = problemoffields(line, fields);
+  if (note.text.empty()) return note;
+  note.text += ". The fields of a value are: " + names(fields) +
+               (struequal(type, "enumstr") ? "; a value with blanks stands in double quotes" : "");
+  return note;
 }
 
 // A modifier that the type does not have.
-std::string onmodifier(std::string_view type, std::string_view modifier) {
+tfieldnote onmodifier(std::string_view type, std::string_view modifier) {
   if (std::ranges::none_of(subtypemodifiers,
                            [&](std::string_view each) { return !each.empty() && struequal(each, modifier); }))
-    return "The modifiers are NV for no value, OPT for a value that may be left out, and TWO for two values";
+    return {"The modifiers are NV for no value, OPT for a value that may be left out, and TWO for two values",
+            std::string(typefield)};
   for (std::size_t i = 0; i < opttypenames.size(); ++i)
     if (struequal(opttypenames[i], type) && takesmodifier(static_cast<topttype>(i))) return {};
-  return "The types with modifiers are integer, double, string, boolean, enumstr and enumint";
+  return {"The types with modifiers are integer, double, string, boolean, enumstr and enumint",
+          std::string(typefield)};
 }
 
 struct tdefinitionline {
@@ -167,18 +171,19 @@ tdefinitionline parsed(std::string_view line) {
   return result;
 }
 
-std::string onfields(const tdefinitionline& line) {
-  const std::string text = problemoffields(line.rest, fieldsbetween(line.type));
-  return text.empty() ? "" : text + ". " + fieldsof(line.type);
+tfieldnote onfields(const tdefinitionline& line) {
+  tfieldnote note = problemoffields(line.rest, fieldsbetween(line.type));
+  if (!note.text.empty()) note.text += ". " + fieldsof(line.type);
+  return note;
 }
 
-std::deque<std::string> notesabout(std::string_view text) {
+std::deque<tfieldnote> notesabout(std::string_view text) {
   const tdefinitionline line = parsed(text);
-  std::deque<std::string> notes;
+  std::deque<tfieldnote> notes;
   if (line.ismodified) notes.push_back(onmodifier(line.type, line.modifier));
   notes.push_back(onfields(line));
-  if (struequal(line.type, "lookup")) notes.push_back("The modes are " + listed(lookupmodenames));
-  std::erase(notes, "");
+  if (struequal(line.type, "lookup")) notes.push_back({"The modes are " + listed(lookupmodenames)});
+  std::erase_if(notes, [](const tfieldnote& note) { return note.text.empty(); });
   return notes;
 }
 
@@ -189,6 +194,25 @@ std::string ontype(std::string_view word) {
 }
 
 }  // namespace
+
+std::vector<tfieldpart> partsof(std::string_view line) {
+  std::vector<tfieldpart> result;
+  std::string_view rest = line;
+  const auto add = [&](std::string_view name) {
+    const std::string_view word = takeword(rest);
+    const auto begin = static_cast<std::size_t>(word.data() - line.data());
+    result.push_back({name, {begin, begin + word.size()}});
+    return word;
+  };
+  add("name");
+  const std::string_view type = add(typefield);
+  const std::vector<tfield> fields = fieldsbetween(type.substr(0, type.rfind('.')));
+  for (const tfield& field : fields) add(field.name);
+  if (fields.empty()) return result;
+  rest.remove_prefix(std::min(rest.find_first_not_of(" \t"), rest.size()));
+  result.push_back({"text", {line.size() - rest.size(), line.size()}});
+  return result;
+}
 
 std::string fieldsof(std::string_view type) {
   const std::vector<tfield> fields = fieldsbetween(type);
@@ -222,6 +246,7 @@ std::vector<std::string> tfieldnotes::references(const tmessage& message) const 
 std::string tfieldnotes::next(const tmessage& message) {
   using enum tsubject::tproblem;
   const tsubject::tproblem kind = message.subject.problem;
+  ffield.clear();
   if (message.source == nullptr ||
       (kind != other && kind != unknowntype && kind != badreference && kind != badhelpflag))
     return {};
@@ -229,12 +254,13 @@ std::string tfieldnotes::next(const tmessage& message) {
   const std::string_view line = message.source->linetext();
   if (std::exchange(fline, message.line) != message.line)
     fnotes = !line.starts_with(' ') ? notesabout(line)
-             : isaboutlast(message) ? std::deque<std::string>{onvalueline(line, ftype)}
-                                    : std::deque<std::string>();
+             : isaboutlast(message) ? std::deque<tfieldnote>{onvalueline(line, ftype)}
+                                    : std::deque<tfieldnote>();
   if (fnotes.empty()) return {};
-  std::string note = std::move(fnotes.front());
+  tfieldnote note = std::move(fnotes.front());
   fnotes.pop_front();
-  return note;
+  ffield = std::move(note.field);
+  return std::move(note.text);
 }
 
 }  // namespace tool

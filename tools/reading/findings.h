@@ -33,6 +33,12 @@ enum class tseverity {
   plain  // no problem, but a line of help or echoed input, printed without place and label
 };
 
+// Another line that a finding has to do with.
+struct trelated {
+  tplace place;
+  std::string text;  // what is there
+};
+
 struct tfinding {
   tplace place;
   tseverity severity;
@@ -43,6 +49,9 @@ struct tfinding {
   std::vector<std::string> advice{};       // what the tool adds, printed as further notes
   bool unusable = false;                   // a file could not be opened, read or written
   std::string optionfile{};                // the one that was checked, if each is checked on its own
+  std::string name{}, value{};             // in the line, as they are written: what the finding is about
+  std::string field{};                     // the name of the field that is meant, in a line of a definition
+  std::vector<trelated> related{};
 };
 
 using tfindings = std::vector<tfinding>;
@@ -68,6 +77,13 @@ class tfindinglist {
   void explain(std::string detail);
   void advise(std::string advice) {
     if (fopen) fopen->advice.push_back(std::move(advice));
+  }
+  // Adds to what the finding is about.
+  void mean(std::string field) {
+    if (fopen) fopen->field = std::move(field);
+  }
+  void relate(trelated related) {
+    if (fopen) fopen->related.push_back(std::move(related));
   }
   void end();
   // Counts a finding of a kind of which no more are kept.

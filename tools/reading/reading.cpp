@@ -232,7 +232,9 @@ void treading::filed(const tmessage& message) {
                    .rule = rule,
                    .text = std::string(message.text),
                    .suggestions = std::move(suggestions),
-                   .unusable = message.subject.problem == tsubject::tproblem::unusablefile});
+                   .unusable = message.subject.problem == tsubject::tproblem::unusablefile,
+                   .name = std::string(message.subject.name),
+                   .value = std::string(message.subject.value)});
   advise(message);
   if (message.subject.problem == tsubject::tproblem::duplicatename) explainduplicate(message);
   if (message.subject.problem == tsubject::tproblem::unusablefile) adviseoninclude(message);
@@ -241,7 +243,10 @@ void treading::filed(const tmessage& message) {
 // Messages about one line that have the same note have it once.
 void treading::advise(const tmessage& message) {
   std::string advice = adviceon(message, fstore);
-  if (advice.empty() && message.kind == tmsgkind::defineerror) advice = ffieldnotes.next(message);
+  if (advice.empty() && message.kind == tmsgkind::defineerror) {
+    advice = ffieldnotes.next(message);
+    ffindings.mean(ffieldnotes.field());
+  }
   if (advice.empty() || (advice == fadvice && message.line == fadviceline)) return;
   fadvice = advice;
   fadviceline = message.line;
@@ -256,7 +261,9 @@ tplace treading::placeof(const tmessage& message) const {
 
 void treading::explainduplicate(const tmessage& message) {
   fduplicates.insert(message.line);
-  ffindings.advise(holderof(message.subject.name, fstore.definition(), flines));
+  const tholder holder = holderof(message.subject.name, fstore.definition(), flines);
+  ffindings.advise(holder.text);
+  if (holder.line > 0) ffindings.relate({{fdefinition, holder.line}, std::string(definedhere)});
 }
 
 // A relative path counts from the current directory, not from the file that names it.

@@ -46,7 +46,8 @@ std::optional<tfinding> tsettingwarnings::list(const toption& option, std::strin
       .severity = tseverity::warning,
       .rule = "dashed-list",
       .text = inquotes(typedname(option, line)) + " adds a text to a list of its own and sets no option",
-      .suggestions = meant(option)};
+      .suggestions = meant(option),
+      .name = std::string(typedname(option, line))};
 }
 
 // The value of the line, if it ends where a comment begins without a blank before it.
@@ -71,7 +72,9 @@ std::optional<tfinding> tsettingwarnings::comment(const toption& option, std::st
                   .text = "The value of option " + inquotes(option.getname()) + " ends before the " +
                           inquotes({&next, 1}) +
                           ", which begins a comment; put the value in double quotes "
-                          "to keep the rest"};
+                          "to keep the rest",
+                  .name = std::string(option.getname()),
+                  .value = value};
 }
 
 }  // namespace tool

@@ -1,0 +1,95 @@
+// Looks at the line up to the cursor as if it ended there.
+#include "tools/lsp/optiontyped.h"
+
+#include <algorithm>
+
+#include "base/textcase.h"
+
+namespace tool::lsp {
+
+namespace {
+
+using namespace optcore;
+using tkind = ttyped::tkind;
+
+bool isblank(char character) { return character == ' ' || character == '\t'; }
+bool isnamecharacter(char character) { return isletter(character) || isdigit(character) || character == '_'; }
+
+class tlookup {
+ public:
+  tlookup(const toptionline& line, std::size_t column)
+      : fline(line),
+        ftext(line.text.substr(0, column)),
+        fparts(spansof(line.store->definition(), ftext, line.eolonly)) {}
+
+  ttyped run() const {
+    if (ftext.starts_with('*') || !fparts.comment.empty()) return {};
+    if (fparts.statements.empty()) return name(ftext.size());
+    const tstatementspans& last = fparts.statements.back();
+    if (last.kind == tstatementspans::tkind::list) return {};
+    if (last.kind == tstatementspans::tkind::dotline) return indotline(last);
+    const bool issign = ftext.size() == last.whole.begin + 1 && (ftext.back() == '-' || ftext.back() == '/');
+    if (last.name.empty()) return issign ? name(ftext.size()) : ttyped{};
+    if (isinname(last)) return name(last.name.begin);
+    return last.option == nullptr ? ttyped{} : invalue(last);
+  }
+
+ private:
+  bool minos() const { return fline.store->definition().lookupmode() == tlookupmode::minos; }
+  bool isblankfrom(std::size_t begin) const { return std::ranges::all_of(ftext.substr(begin), isblank); }
+
+  // In lookup mode Minos, another word of the name may follow.
+  bool isinname(const tstatementspans& statement) const {
+    return statement.name.end == ftext.size() ||
+           (minos() && statement.option == nullptr && isblankfrom(statement.name.end));
+  }
+
+  ttyped typed(tkind kind, const toption* option, std::size_t begin, bool (*belongs)(char)) const {
+    std::size_t end = ftext.size();
+    while (end < fline.text.size() && belongs(fline.text[end])) ++end;
+    return {kind, option, std::string(ftext.substr(begin)), {begin, end}};
+  }
+  ttyped name(std::size_t begin) const { return typed(tkind::name, nullptr, begin, isnamecharacter); }
+  ttyped value(const toption& option, std::size_t begin) const {
+    return typed(tkind::value, &option, begin,
+                 [](char character) { return isnamecharacter(character) || character == '.'; });
+  }
+
+  ttyped invalue(const tstatementspans& statement) const {
+    const toption& option = *statement.option;
+    const bool maymore = !fline.eolonly;  // further statements may follow
+    if (option.subtype() == tsubtype::novalue) return maymore ? name(ftext.size()) : ttyped{};
+    for (const tspan each : {statement.second, statement.value})
+      if (!each.empty() && each.end == ftext.size()) return value(option, each.begin);
+    const bool two = option.subtype() == tsubtype::twovalues && statement.second.empty();
+    if (statement.value.empty() || two) return value(option, ftext.size());
+    return maymore ? name(ftext.size()) : ttyped{};
+  }
+
+  ttyped indotline(const tstatementspans& statement) const {
+    if (statement.name.end == ftext.size())
+      return typed(tkind::dotname, nullptr, statement.name.begin, isnamecharacter);
+    if (statement.option == nullptr) return {};
+    if (!statement.value.empty())
+      return statement.value.end == ftext.size() ? value(*statement.option, statement.value.begin) : ttyped{};
+    const auto count = [&](std::string_view signs) {
+      return std::ranges::count_if(ftext.substr(statement.name.end),
+                                   [&](char each) { return signs.find(each) != std::string_view::npos; });
+    };
+    const bool isopen = count("([{") != count(")]}");
+    return isopen ? ttyped{} : value(*statement.option, ftext.size());
+  }
+
+  const toptionline& fline;
+  const std::string_view ftext;
+  const tlinespans fparts;
+};
+
+}  // namespace
+
+ttyped typedat(const toptionline& line, std::size_t column) {
+  if (column > line.text.size()) return {};
+  return tlookup(line, column).run();
+}
+
+}  // namespace tool::lsp

@@ -1,0 +1,61 @@
+// Looks through the option files.
+#include "tools/lsp/uses.h"
+
+#include <set>
+
+#include "tools/lsp/optionlines.h"
+#include "tools/lsp/uri.h"
+
+namespace tool::lsp {
+
+namespace {
+
+using namespace optcore;
+
+std::set<std::string> optionfilekeys(const tworkspace& workspace) {
+  std::set<std::string> result;
+  for (const auto& [uri, document] : workspace.documents.all())
+    if (document.kind() == tdocumentkind::options) result.insert(document.key());
+  for (const std::string& path : workspace.files->optionfiles) {
+    std::string key = keyof(path);
+    const tdocument* document = workspace.documents.withkey(key);
+    if (document == nullptr || document->kind() == tdocumentkind::options) result.insert(std::move(key));
+  }
+  return result;
+}
+
+// The key of the definition that belongs to an option file; empty if there is none.
+std::string definitionkeyof(const std::string& key, const tworkspace& workspace, tsources& sources) {
+  const tdocument* document = workspace.documents.withkey(key);
+  if (document != nullptr && document->snapshot() != nullptr) {
+    const auto& definition = document->snapshot()->definition;
+    return definition == nullptr ? "" : definition->key;
+  }
+  const std::string path =
+      definitionof(document == nullptr ? key : document->name(), *workspace.settings, sources).path;
+  return path.empty() ? "" : keyof(path);
+}
+
+}  // namespace
+
+std::vector<tuse> usesof(const trequest& request, const tdefinitionstate& definition, std::int32_t index) {
+  const tworkspace& workspace = request.workspace;
+  const toption& option = definition.store().definition().option(index);
+  tsources sources(workspace.documents.texts());
+  std::vector<tuse> result;
+  for (const std::string& key : optionfilekeys(workspace)) {
+    if (request.iscancelled()) break;
+    if (definitionkeyof(key, workspace, sources) != definition.key) continue;
+    const tdocument* document = workspace.documents.withkey(key);
+    const std::shared_ptr<const ttext> text = document != nullptr ? document->text() : loadtext(key);
+    if (text == nullptr) continue;
+    walklines(definition.store(), *text, [&](const toptionline& line) {
+      for (const tstatementspans& each : line.parts.statements)
+        if (each.option == &option) result.push_back({key, text, line.intext(each.name)});
+      return true;
+    });
+  }
+  return result;
+}
+
+}  // namespace tool::lsp

@@ -1,0 +1,22 @@
+// Where the option files of the workspace name an option.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tools/lsp/workspace.h"
+
+namespace tool::lsp {
+
+struct tuse {
+  std::string key;                    // of the file
+  std::shared_ptr<const ttext> text;  // as the client has it if it is open, otherwise as it is on the disk
+  tspan name;                         // in the text; as it was written, maybe a synonym or a short form
+};
+
+// The uses of the option at this position of the definition, in the option files that belong to it: those that
+// are open and those in the folders, in the order of their keys.
+std::vector<tuse> usesof(const trequest& request, const tdefinitionstate& definition, std::int32_t index);
+
+}  // namespace tool::lsp
