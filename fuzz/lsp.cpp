@@ -43,7 +43,8 @@ class tmemory {
   }
   std::string contents() const {
     std::string result(static_cast<std::size_t>(::lseek(fdescriptor, 0, SEEK_END)), '\0');
-    HOLDS(::pread(fdescriptor, result.data(), result.size(), 0) == static_cast<ssize_t>(result.size()), errno);
+    HOLDS(::pread(fdescriptor, result.data(), result.size(), 0) == static_cast<ssize_t>(result.size()),
+          errno);
     return result;
   }
 

@@ -133,6 +133,11 @@ client.notify("$/cancelRequest", {"id": cancelled})
 client.notify("$/cancelRequest", {"id": 999})
 expect("a request that is not cancelled waits for the first analysis", "result" in client.answer(kept), True)
 expect("a request that is cancelled", client.answer(cancelled)["error"]["code"], -32800)
+client.close(main)
+client.open(main, "thread 1\n" * 10000)
+late = client.ask("textDocument/hover", place)
+client.close(main)
+expect("a request on a document that is closed meanwhile", "id" in client.answer(late), True)
 expect("the exit code", client.quit(), 0)
 
 # ---- files that an option file must not read, and a client that is gone
@@ -153,8 +158,7 @@ editor.wait()
 expect("the exit code when the client is gone", client.process.wait(10), 1)
 client = Client(work.name, start=False)
 client.process.stdout.close()
-for number in range(100):
-    client.ask("textDocument/hover", {})
-expect("the exit code when nobody reads", client.end(), 1)
+client.ask("textDocument/hover", {})
+expect("the exit code when nobody reads", client.process.wait(10), 1)
 
 finish()

@@ -68,6 +68,14 @@ struct trecords : tstoreobserver {
     if (!step.key.empty()) text.append(" ").append(step.key);
     if (step.option != nullptr) text.append(" of ").append(step.option->name());
   }
+  // A file NAME is read from NAMEnewer.
+  std::string_view pathtoopen(std::string_view filename) override {
+    if (!opensnewer) return filename;
+    opened.assign(filename).append("newer");
+    return opened;
+  }
+  bool opensnewer = false;
+  std::string opened;
   tvksoptions* echoing = nullptr;  // a store whose echo is switched on when a value is set
   std::string text;
   bool showsnotes = false;  // notes on entering and leaving a source
@@ -84,7 +92,8 @@ struct tobserved {
   void take(const std::string& word, const std::string& text) {
     const std::string expanded = std::regex_replace(text, std::regex("%DIR%/"), directory.path(""));
     if (word == "file") store.optreadparameterfile(directory.write("OPT", expanded));
-    if (word == "inner") directory.write("inner", expanded);
+    if (word.starts_with("inner") || word == "OPTnewer") directory.write(word, expanded);
+    if (word == "newer") records.opensnewer = true;
     if (word == "definition") store.optreaddefinition(directory.write("DEF", expanded));
     if (word == "string") store.optreadfromstr(expanded);
     if (word == "buffer") store.optreadfrompchar(expanded.c_str());
@@ -187,6 +196,10 @@ const testsupport::ttests records("records", {__LINE__, R"~(
       | Value OPT:3 'Integer expected, for option "i" saw "x"' [i,i,x] | Leave OPT:3 'OPT'
     inner read none ; string read %DIR%/inner => User inner:1<string 'Cannot open parameter file "none"' [none,,] unusable file
       | User inner:1<string 'Error code = 2; No such file or directory' explains
+
+    // a file that the observer has elsewhere is read there, and is named as before
+    newer ; OPTnewer i 1\nread %DIR%/inner ; innernewer \ni x ; inner i 1 ; file i y
+      => Value inner:2<OPT:2 'Integer expected, for option "i" saw "x"' [i,i,x]
 
     // a string and a buffer have no line numbers
     notes ; string i x => Enter string 'string'

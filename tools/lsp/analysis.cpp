@@ -70,6 +70,12 @@ void readoptions(tsnapshot& snapshot, const tdocumentstate& document, tsources& 
 
 }  // namespace
 
+void tdefinitionstate::collectnames() const {
+  if (fnames != nullptr) return;
+  fnames = std::make_unique<const tnametable>(store());
+  namesnear("name", false);  // what it needs is made at the first call
+}
+
 std::vector<std::string> tdefinitionstate::namesnear(const std::string& typed, bool dotted) const {
   using tproblem = optcore::tsubject::tproblem;
   const std::string sought = dotted ? "." + typed : typed;
@@ -117,8 +123,10 @@ void tanalysis::read(const tdocumentstate& document, tsnapshot& result) {
   if (!found.path.empty()) {
     result.definition = definition(found.path, document);
     take(result, result.definition->reading.findings());
-    if (result.definition->isopened && document.kind == tdocumentkind::options)
-      readoptions(result, document, sources);
+    if (document.kind == tdocumentkind::options) {
+      result.definition->collectnames();
+      if (result.definition->isopened) readoptions(result, document, sources);
+    }
   }
   result.texts = sources.texts();
   if (result.definition != nullptr) result.texts[result.definition->key] = result.definition->text;

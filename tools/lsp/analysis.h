@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tools/lsp/client.h"
+#include "tools/lsp/nametable.h"
 #include "tools/lsp/sources.h"
 #include "tools/reading/finddefinition.h"
 #include "tools/reading/reading.h"
@@ -31,11 +32,16 @@ struct tdefinitionstate {
   tdefinitionlines& lines() const { return flines; }
   void takelines() { flines = reading.definitionlines(); }
   const optcore::tvksoptions& store() const { return reading.store(); }
+  // Collects the names, which takes a while if there are very many. Only the thread of the analysis does it, before
+  // the snapshot of an option file is passed on.
+  void collectnames() const;
+  const tnametable& names() const { return *fnames; }
   // The names that may be meant by one that no option has. Only the thread of the server asks.
   std::vector<std::string> namesnear(const std::string& typed, bool dotted) const;
 
  private:
   mutable tdefinitionlines flines;
+  mutable std::unique_ptr<const tnametable> fnames;
   mutable tsuggester fsuggester{reading.store()};
 };
 

@@ -32,6 +32,7 @@ void announcecodeactions(json& capabilities, const tclient& /*client*/) {
 
 void announceformatting(json& capabilities, const tclient& /*client*/) {
   capabilities["documentFormattingProvider"] = true;
+  capabilities["documentRangeFormattingProvider"] = true;
 }
 
 void announceinlayhints(json& capabilities, const tclient& /*client*/) {

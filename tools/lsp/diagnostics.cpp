@@ -136,8 +136,8 @@ tspan tconversion::spanof(const tfinding& finding, const std::string& key, const
   const std::string_view bytes = text.part(line);
   const bool isoptions = fsnapshot.reading != nullptr && key != fsnapshot.definition->key;
   const tspan meant = finding.place.line == 0 ? tspan{}
-                      : isoptions ? meantinoptions(finding, bytes, spansin(key, text, number))
-                                  : meantindefinition(finding, bytes);
+                      : isoptions             ? meantinoptions(finding, bytes, spansin(key, text, number))
+                                              : meantindefinition(finding, bytes);
   return meant.empty() ? trimmed(text, line) : tspan{line.begin + meant.begin, line.begin + meant.end};
 }
 
@@ -150,9 +150,10 @@ json tconversion::related(const tfinding& finding) {
     tfinding there = {each.place, finding.severity, finding.rule, {}};
     there.name = finding.name;
     const tspan span = spanof(there, key, *text);
-    result.push_back({{"location",
-                       {{"uri", fworkspace.documents.uriof(key)}, {"range", rangejson(*text, span, encoding())}}},
-                      {"message", utf8(each.text)}});
+    result.push_back(
+        {{"location",
+          {{"uri", fworkspace.documents.uriof(key)}, {"range", rangejson(*text, span, encoding())}}},
+         {"message", utf8(each.text)}});
   }
   return result;
 }
@@ -176,13 +177,13 @@ void tconversion::add(const tfinding& finding) {
   if (finding.severity == tseverity::plain) return;
   const std::string& key = keyoffile(finding.place.file);
   if (const auto text = textof(key))
-    fresult.try_emplace(key, text).first->second.list.push_back(diagnostic(finding, key, *text));
+    fresult.try_emplace(key, tfilediagnostics{text}).first->second.list.push_back(diagnostic(finding, key, *text));
   else
     fresult[fdocument.key()].list.push_back(diagnostic(finding, fdocument.key(), ttext("")));
 }
 
 tdiagnostics tconversion::run() {
-  fresult.try_emplace(fdocument.key(), fsnapshot.text);
+  fresult.try_emplace(fdocument.key(), tfilediagnostics{fsnapshot.text});
   for (const tfinding& finding : fsnapshot.findings) add(finding);
   return std::move(fresult);
 }

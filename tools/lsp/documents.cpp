@@ -21,7 +21,8 @@ std::string nameof(const std::string& uri) {
   const std::filesystem::path here = std::filesystem::current_path(problem);
   if (problem) return path;
   const std::filesystem::path relative = std::filesystem::path(path).lexically_relative(here);
-  return relative.empty() || relative == "." || *relative.begin() == ".." ? path : relative.string();
+  const bool isoutside = relative.empty() || relative == "." || *relative.begin() == "..";
+  return isoutside || relative == "-" ? path : relative.string();  // "-" stands for standard input
 }
 
 tdocumentkind kindof(std::string_view language, const std::string& name, const std::string& text) {

@@ -24,13 +24,14 @@ std::span<const tfeature> features() {
       {"textDocument/completion", bykind<optioncompletion, noanswer>, announcecompletion},
       {"completionItem/resolve", resolvecompletion, nullptr},
       {"textDocument/hover", bykind<optionhover, noanswer>, announcehover},
-      {"textDocument/definition", bykind<noanswer, noanswer>, announcetargets},
-      {"textDocument/references", bykind<noanswer, noanswer>, announcereferences},
-      {"textDocument/documentHighlight", bykind<noanswer, noanswer>, announcehighlights},
-      {"textDocument/documentSymbol", bykind<noanswer, noanswer>, announcesymbols},
-      {"textDocument/codeAction", bykind<noanswer, noanswer>, announcecodeactions},
-      {"textDocument/formatting", bykind<noanswer, noanswer>, announceformatting},
-      {"textDocument/inlayHint", bykind<noanswer, noanswer>, announceinlayhints},
+      {"textDocument/definition", bykind<optiontarget, noanswer>, announcetargets},
+      {"textDocument/references", bykind<optionreferences, noanswer>, announcereferences},
+      {"textDocument/documentHighlight", bykind<optionhighlights, noanswer>, announcehighlights},
+      {"textDocument/documentSymbol", bykind<optionsymbols, noanswer>, announcesymbols},
+      {"textDocument/codeAction", bykind<optioncodeactions, noanswer>, announcecodeactions},
+      {"textDocument/formatting", bykind<optionformatting, noanswer>, announceformatting},
+      {"textDocument/rangeFormatting", bykind<optionformatting, noanswer>, nullptr},
+      {"textDocument/inlayHint", bykind<optioninlayhints, noanswer>, announceinlayhints},
   });
   return table;
 }

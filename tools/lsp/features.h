@@ -25,6 +25,13 @@ tanswer optioncompletion(const trequest& request);
 // Adds the documentation to an item of a completion.
 tanswer resolvecompletion(const trequest& request);
 tanswer optionhover(const trequest& request);
+tanswer optiontarget(const trequest& request);
+tanswer optionreferences(const trequest& request);
+tanswer optionhighlights(const trequest& request);
+tanswer optionsymbols(const trequest& request);
+tanswer optioncodeactions(const trequest& request);
+tanswer optionformatting(const trequest& request);  // of the whole or of a range
+tanswer optioninlayhints(const trequest& request);
 
 // ---- answers in definitions
 

@@ -87,7 +87,9 @@ void tsession::registerchanges() {
 void tsession::askforsettings() {
   if (!fworkspace.client.can("workspace", "configuration")) return;
   ask("workspace/configuration", {{"items", {{{"section", "wexcorin"}}}}},
-      [this](const json& result) { takesettings(result); });
+      [this](const json* result) {
+        if (result != nullptr) takesettings(*result);
+      });
 }
 
 void tsession::changesettings(const json& params) {
@@ -121,8 +123,8 @@ void tsession::scanfolders() {
   fscancancelled = std::make_shared<std::atomic<bool>>(false);
   if (!fworkspace.client.can("window", "workDoneProgress")) return lookforfiles({});
   std::string token = "folders-" + std::to_string(++fscans);
-  ask("window/workDoneProgress/create", {{"token", token}}, [this, token](const json& /*result*/) {
-    if (fstate == tstate::initialized) lookforfiles(token);
+  ask("window/workDoneProgress/create", {{"token", token}}, [this, token](const json* result) {
+    if (fstate == tstate::initialized) lookforfiles(result != nullptr ? token : "");
   });
 }
 

@@ -61,8 +61,12 @@ tincoming parsemessage(std::string_view text) {
     return invalid(tcode::invalidrequest, "The method must be a text",
                    isid(message["id"]) ? message["id"] : json());
   }
-  if (message.contains("id") && (message.contains("result") || message.contains("error")))
-    return {tincoming::tkind::response, message["id"], {}, {}, member(message, "result"), {}};
+  if (message.contains("id") && (message.contains("result") || message.contains("error"))) {
+    std::optional<terror> problem;
+    if (message.contains("error"))
+      problem = terror{tcode::requestfailed, textof(member(message, "error", "message"))};
+    return {tincoming::tkind::response, message["id"], {}, {}, member(message, "result"), std::move(problem)};
+  }
   return invalid(tcode::invalidrequest, "The message is neither a request nor a response",
                  isid(member(message, "id")) ? message["id"] : json());
 }

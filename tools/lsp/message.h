@@ -36,8 +36,8 @@ struct tincoming {
   json id{};  // null if there is none
   std::string method{};
   json params{};
-  json result{};                    // of a response; null if it is an error
-  std::optional<terror> problem{};  // of what is invalid
+  json result{};                    // of a response
+  std::optional<terror> problem{};  // of what is invalid, and of a response that is an error
 };
 
 // Whatever the text is, the result is a message or tells what is wrong.

@@ -1,6 +1,7 @@
 // Chooses names: those that begin with what is typed, those of whose words it is the beginnings, those that have
 // it inside, and then those that check would suggest.
 #include <algorithm>
+#include <array>
 
 #include "base/textcase.h"
 #include "tools/doc/reference.h"
@@ -43,14 +44,6 @@ trank rankof(std::string_view name, std::string_view typed) {
   return typed.size() > 1 && name.find(typed) != std::string_view::npos ? trank::inside : trank::none;
 }
 
-struct tname {
-  trank rank;
-  bool deprecated;
-  std::string key;  // as names are compared
-  std::int32_t option;
-  std::int32_t synonym = -1;  // its position; -1 for the name of the option itself
-};
-
 class tnamechoice {
  public:
   tnamechoice(const tdefinitionstate& definition, const std::string& typed, bool dotted)
@@ -62,56 +55,37 @@ class tnamechoice {
         fdotted(dotted) {}
 
   tcandidates run() {
-    for (std::int32_t i = 0; i < fdefinition.getcount(); ++i) addoption(i);
-    if (!fdotted)
-      for (std::int32_t i = 0; i < fdefinition.synonyms().count(); ++i) addsynonym(i);
-    sort();
+    choose();
     tcandidates result;
-    result.iscomplete =
-        fnames.size() <= mostnames && (fkey.size() >= shortestnear || fnames.size() >= fewnames);
-    for (std::size_t i = 0; i < std::min(fnames.size(), mostnames); ++i)
-      result.all.push_back(candidate(fnames[i]));
+    std::size_t count = 0;
+    for (const auto& names : fchosen) {
+      count += names.size();
+      for (const tname* name : names)
+        if (result.all.size() < mostnames) result.all.push_back(candidate(*name));
+    }
+    const bool isfew = count < fewnames;
+    result.iscomplete = count <= mostnames && !(isfew && fkey.size() < shortestnear);
     addkeyword(result);
-    if (fnames.size() < fewnames && fkey.size() >= shortestnear) addnear(result);
+    if (isfew && fkey.size() >= shortestnear) addnear(result);
     return result;
   }
 
  private:
-  bool isoffered(const toption& option) const {
-    const std::string_view name = option.name();
-    return name.starts_with('.') == fdotted && !name.starts_with("--") && islisted(fdefinition, option);
-  }
-
-  void addoption(std::int32_t index) {
-    const toption& option = fdefinition.option(index);
-    if (!isoffered(option)) return;
-    std::string key = folded(option.name().substr(fdotted ? 1 : 0));
-    const trank rank = rankof(key, fkey);
-    if (rank == trank::none) return;
-    const bool deprecated =
-        option.hasdeprecation(tdeprecation::deprecated) || option.hasdeprecation(tdeprecation::obsolete);
-    fnames.push_back({rank, deprecated, std::move(key), index});
-  }
-
-  void addsynonym(std::int32_t position) {
-    const toption* option = fdefinition.synonymtarget(position);
-    if (option == nullptr || !isoffered(*option)) return;
-    std::string key = folded(fdefinition.synonyms().getname(position));
-    const trank rank = rankof(key, fkey);
-    if (rank == trank::none) return;
-    const bool deprecated = option->hasdeprecation(tdeprecation::deprecatedsynonym) ||
-                            option->hasdeprecation(tdeprecation::obsoletesynonym);
-    fnames.push_back(
-        {rank, deprecated, std::move(key), fdefinition.synonyms().getobject(position), position});
-  }
+  using tname = tnametable::tname;
 
   // By their names, or in the order of the definition if nothing is typed.
-  void sort() {
-    std::ranges::stable_sort(fnames, [&](const tname& a, const tname& b) {
-      if (a.rank != b.rank) return a.rank < b.rank;
-      if (a.deprecated != b.deprecated) return b.deprecated;
-      return !fkey.empty() && a.key < b.key;
-    });
+  void choose() {
+    if (fkey.empty())
+      for (const tname& each : fstate.names().names()) add(each);
+    else
+      for (const tname* each : fstate.names().bykey()) add(*each);
+  }
+
+  void add(const tname& name) {
+    if (name.key.starts_with('.') != fdotted || (fdotted && name.synonym >= 0)) return;
+    const trank rank = rankof(std::string_view(name.key).substr(fdotted ? 1 : 0), fkey);
+    if (rank == trank::none) return;
+    fchosen[2 * static_cast<std::size_t>(rank) + (name.deprecated ? 1 : 0)].push_back(&name);
   }
 
   tcandidate candidate(const tname& name) const {
@@ -147,9 +121,9 @@ class tnamechoice {
     for (const std::string& name : fstate.namesnear(ftyped, fdotted)) {
       const std::int32_t index = fdotted ? fstore.optlookup(name) : fdefinition.indexof(name);
       const bool isthere =
-          std::ranges::any_of(fnames, [&](const tname& each) { return each.option == index; });
-      if (index < 0 || isthere || !isoffered(fdefinition.option(index))) continue;
-      result.all.push_back(candidate({trank::none, false, {}, index}));
+          std::ranges::any_of(result.all, [&](const tcandidate& each) { return each.option == index; });
+      if (index < 0 || isthere || !islisted(fdefinition, fdefinition.option(index))) continue;
+      result.all.push_back(candidate({{}, index, -1, false}));
       result.all.back().isnear = true;
     }
   }
@@ -160,7 +134,7 @@ class tnamechoice {
   const std::string& ftyped;
   const std::string fkey;
   const bool fdotted;
-  std::vector<tname> fnames;
+  std::array<std::vector<const tname*>, 6> fchosen;  // of each rank, the deprecated ones last
 };
 
 }  // namespace

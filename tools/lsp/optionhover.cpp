@@ -14,10 +14,6 @@ namespace {
 
 using namespace optcore;
 
-bool has(tspan span, std::size_t offset) {
-  return !span.empty() && offset >= span.begin && offset <= span.end;
-}
-
 // Reads the texts of the last analysis again to see what their lines do with the target: each request has
 // another one. An option is given by its index; it is none below 0.
 std::string explained(const tdocument& document, std::int32_t index, ttarget target, tmarkup markup) {
@@ -45,53 +41,34 @@ std::string valuetext(const tvksoptions& store, const toption& option, std::stri
   return {};
 }
 
-class thoverat {
- public:
-  thoverat(const tdocument& document, const toptionline& line, tmarkup markup)
-      : fdocument(document), fline(line), fmarkup(markup) {}
+std::string nametext(const tdocument& document, const toptionline& line, const tstatementspans& statement,
+                     tmarkup markup) {
+  const std::string name(statement.name.of(line.text));
+  if (statement.kind == tstatementspans::tkind::indicator)
+    return codetext(name, markup) + ": the keyword of indicators\n\n" +
+           explained(document, -1, {.listname = {}, .symbol = {}, .indicators = true}, markup);
+  if (statement.kind == tstatementspans::tkind::list)
+    return codetext("--" + name, markup) + "\n\n" +
+           explained(document, -1, {.listname = "--" + name, .symbol = {}}, markup);
+  if (statement.option == nullptr) return {};
+  const std::int32_t index = indexof(*line.store, *statement.option);
+  return definitiontext(*line.store, index, markup) + "\n" +
+         explained(document, index, {.listname = {}, .symbol = {}}, markup);
+}
 
-  std::string text(const tstatementspans& statement, std::size_t offset) {
-    if (has(fline.intext(statement.name), offset)) return atname(statement);
-    if (has(fline.intext(statement.symbol), offset)) return atsymbol(statement);
-    for (const tspan value : {statement.value, statement.second})
-      if (statement.option != nullptr && has(fline.intext(value), offset)) return atvalue(statement, value);
-    return {};
+std::string parttext(const tdocument& document, const toptionline& line, const tpartat& part,
+                     tmarkup markup) {
+  const std::string_view typed = document.text()->part(part.span);
+  switch (part.kind) {
+    case tpartat::tkind::name: return nametext(document, line, *part.statement, markup);
+    case tpartat::tkind::symbol:
+      return codetext(typed, markup) + ": a symbol\n\n" +
+             explained(document, -1, {.listname = {}, .symbol = plainsymbol(typed)}, markup);
+    case tpartat::tkind::value: break;
   }
-  tspan span() const { return fspan; }
-
- private:
-  std::string atname(const tstatementspans& statement) {
-    fspan = fline.intext(statement.name);
-    const std::string name(statement.name.of(fline.text));
-    if (statement.kind == tstatementspans::tkind::indicator)
-      return codetext(name, fmarkup) + ": the keyword of indicators\n\n" +
-             explained(fdocument, -1, {.listname = {}, .symbol = {}, .indicators = true}, fmarkup);
-    if (statement.kind == tstatementspans::tkind::list)
-      return codetext("--" + name, fmarkup) + "\n\n" +
-             explained(fdocument, -1, {.listname = "--" + name, .symbol = {}}, fmarkup);
-    if (statement.option == nullptr) return {};
-    const std::int32_t index = indexof(*fline.store, *statement.option);
-    return definitiontext(*fline.store, index, fmarkup) + "\n" +
-           explained(fdocument, index, {.listname = {}, .symbol = {}}, fmarkup);
-  }
-
-  std::string atsymbol(const tstatementspans& statement) {
-    fspan = fline.intext(statement.symbol);
-    const std::string_view name = statement.symbol.of(fline.text);
-    return codetext(name, fmarkup) + ": a symbol\n\n" +
-           explained(fdocument, -1, {.listname = {}, .symbol = plainsymbol(name)}, fmarkup);
-  }
-
-  std::string atvalue(const tstatementspans& statement, tspan value) {
-    fspan = fline.intext(value);
-    return valuetext(*fline.store, *statement.option, value.of(fline.text), fmarkup);
-  }
-
-  const tdocument& fdocument;
-  const toptionline& fline;
-  const tmarkup fmarkup;
-  tspan fspan{};
-};
+  const toption* option = part.statement->option;
+  return option == nullptr ? "" : valuetext(*line.store, *option, typed, markup);
+}
 
 }  // namespace
 
@@ -99,16 +76,13 @@ tanswer optionhover(const trequest& request) {
   const tdocument& document = *request.document();
   const std::size_t offset = request.offset();
   const std::optional<toptionline> line = optionlineat(document, offset);
-  if (!line) return json();
+  const std::optional<tpartat> part = line ? partat(*line, offset) : std::nullopt;
+  if (!part) return json();
   const tmarkup kind = markup(request.workspace.client.hovermarkdown());
-  thoverat hover(document, *line, kind);
-  for (const tstatementspans& each : line->parts.statements) {
-    const std::string text = hover.text(each, offset);
-    if (text.empty()) continue;
-    return json{{"contents", {{"kind", nameof(kind)}, {"value", text}}},
-                {"range", rangejson(*document.text(), hover.span(), request.encoding())}};
-  }
-  return json();
+  const std::string text = parttext(document, *line, *part, kind);
+  if (text.empty()) return json();
+  return json{{"contents", {{"kind", nameof(kind)}, {"value", text}}},
+              {"range", rangejson(*document.text(), part->span, request.encoding())}};
 }
 
 }  // namespace tool::lsp

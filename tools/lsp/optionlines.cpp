@@ -1,6 +1,8 @@
 // Reads the lines from the first one on, because a line may change how the next ones are read.
 #include "tools/lsp/optionlines.h"
 
+#include <utility>
+
 namespace tool::lsp {
 
 void walklines(const optcore::tvksoptions& store, const ttext& text,
@@ -29,6 +31,19 @@ std::optional<toptionline> optionlineat(const tdocument& document, std::size_t o
     return line.number < number;
   });
   return result;
+}
+
+std::optional<tpartat> partat(const toptionline& line, std::size_t offset) {
+  using tkind = tpartat::tkind;
+  for (const tstatementspans& each : line.parts.statements)
+    for (const auto& [kind, part] : {std::pair(tkind::name, each.name),
+                                     {tkind::symbol, each.symbol},
+                                     {tkind::value, each.value},
+                                     {tkind::value, each.second}}) {
+      const tspan span = line.intext(part);
+      if (!span.empty() && offset >= span.begin && offset <= span.end) return tpartat{kind, &each, span};
+    }
+  return std::nullopt;
 }
 
 }  // namespace tool::lsp

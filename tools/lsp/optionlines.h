@@ -36,4 +36,13 @@ void walklines(const optcore::tvksoptions& store, const ttext& text,
 // is not known.
 std::optional<toptionline> optionlineat(const tdocument& document, std::size_t offset);
 
+// The part of a statement at a place of the text; nothing where none is.
+struct tpartat {
+  enum class tkind { name, symbol, value };
+  tkind kind;
+  const tstatementspans* statement;  // one of the line's
+  tspan span;                        // in the text
+};
+std::optional<tpartat> partat(const toptionline& line, std::size_t offset);
+
 }  // namespace tool::lsp

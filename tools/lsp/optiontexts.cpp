@@ -21,6 +21,8 @@ std::string prosetext(std::string_view text, tmarkup markup) {
 }
 
 std::int32_t indexof(const tvksoptions& store, const toption& option) {
+  const std::int32_t found = store.definition().optlookup(option.name());
+  if (store.definition().getobjects(found) == &option) return found;
   for (std::int32_t index = 0; index < store.getcount(); ++index)
     if (&store.definition().option(index) == &option) return index;
   return -1;

@@ -18,6 +18,7 @@ int tsession::run() {
     std::optional<tarrival> arrival = finbox.take(nextdue());
     clean = fstate == tstate::shutdown;
     if (arrival) handle(std::move(*arrival));
+    if (fspeaker.isbroken()) break;
     analysedue();
   }
   *fscancancelled = true;
@@ -66,7 +67,7 @@ void tsession::handlemessage(tarrival arrival) {
   if (asked == fasked.end()) return;
   const tresponse then = std::move(asked->second);
   fasked.erase(asked);
-  if (then) then(message.result);
+  if (then) then(message.problem ? nullptr : &message.result);
 }
 
 // ---- requests

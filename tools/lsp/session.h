@@ -28,7 +28,7 @@ class tsession {
 
  private:
   using ttime = tinbox::tclock::time_point;
-  using tresponse = std::function<void(const json& result)>;
+  using tresponse = std::function<void(const json* result)>;  // null for an error
   enum class tstate { created, initialized, shutdown, ended };
 
   // ---- messages (session.cpp)

@@ -14,6 +14,7 @@ class tspeaker {
 
   // Returns false if the message cannot be written, now and from now on.
   bool say(const json& message);
+  bool isbroken() const { return fbroken; }
 
  private:
   bool write(std::string_view bytes);

@@ -35,6 +35,7 @@ void tsession::close(const json& params) {
   const tdocument* found = fworkspace.documents.find(textof(member(params, "textDocument", "uri")));
   if (found == nullptr) return;
   const tdocument document = *found;
+  finbox.unpark();
   fdue.erase(document.uri());
   fworkspace.documents.close(document.uri());
   fpublisher.withdraw(document, fworkspace,
@@ -100,9 +101,9 @@ void tsession::analyse(const tdocument& document) {
 }
 
 void tsession::take(const std::string& uri, const std::shared_ptr<const tsnapshot>& snapshot) {
+  finbox.unpark();
   tdocument* document = fworkspace.documents.find(uri);
   if (document == nullptr || !document->take(snapshot)) return;
-  finbox.unpark();
   if (!snapshot->problem.empty()) log(document->name() + ": " + snapshot->problem);
   if (document->iscurrent())
     fpublisher.publish(*document, fworkspace,

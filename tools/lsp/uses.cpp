@@ -38,6 +38,32 @@ std::string definitionkeyof(const std::string& key, const tworkspace& workspace,
 
 }  // namespace
 
+tspan firstword(const ttext& text, std::int32_t number) {
+  const tspan line = text.line(number);
+  const std::size_t begin = text.part(line).find_first_not_of(" \t");
+  if (begin == std::string_view::npos) return line;
+  const std::size_t end = text.part(line).find_first_of(" \t", begin);
+  return {line.begin + begin, end == std::string_view::npos ? line.end : line.begin + end};
+}
+
+std::vector<tuse> declarationsof(const tdefinitionstate& definition, std::int32_t index) {
+  std::vector<tuse> result;
+  const auto add = [&](std::int32_t line) {
+    if (line > 0 && definition.text != nullptr)
+      result.push_back({definition.key, definition.text, firstword(*definition.text, line)});
+  };
+  const tdefinition& options = definition.store().definition();
+  add(definition.lines().ofoption(options, index));
+  for (std::int32_t i = 0; i < options.synonyms().count(); ++i)
+    if (options.synonyms().getobject(i) == index) add(definition.lines().ofsynonym(i));
+  return result;
+}
+
+json locationof(const tuse& use, const tworkspace& workspace) {
+  return {{"uri", workspace.documents.uriof(use.key)},
+          {"range", rangejson(*use.text, use.name, workspace.client.encoding)}};
+}
+
 std::vector<tuse> usesof(const trequest& request, const tdefinitionstate& definition, std::int32_t index) {
   const tworkspace& workspace = request.workspace;
   const toption& option = definition.store().definition().option(index);

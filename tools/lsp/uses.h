@@ -19,4 +19,12 @@ struct tuse {
 // are open and those in the folders, in the order of their keys.
 std::vector<tuse> usesof(const trequest& request, const tdefinitionstate& definition, std::int32_t index);
 
+// The lines of the definition that make the option, and its synonyms after it.
+std::vector<tuse> declarationsof(const tdefinitionstate& definition, std::int32_t index);
+
+// The first word of a line; the whole line if it has none.
+tspan firstword(const ttext& text, std::int32_t number);
+
+json locationof(const tuse& use, const tworkspace& workspace);
+
 }  // namespace tool::lsp

@@ -42,8 +42,7 @@ void walk(const std::string& folder, tfolderfiles& found, const std::function<bo
 
 void makeunique(std::vector<std::string>& paths) {
   std::ranges::sort(paths);
-  const auto rest = std::ranges::unique(paths);
-  paths.erase(rest.begin(), rest.end());
+  paths.erase(std::unique(paths.begin(), paths.end()), paths.end());
 }
 
 }  // namespace

@@ -1,0 +1,227 @@
+"""What the language server answers in option files. In a text, "|" is the cursor.
+usage: optionfiles.py TOOL"""
+import json, os, subprocess, tempfile
+
+from client import TOOL, Client, expect, finish, uri
+
+DEFINITION = """comment eolcomm !
+indic indicator
+time_limit double 1 60 0 1000 1 1 Seconds to run
+ A second line of help.
+iteration_limit integer 2 maxint 0 maxint 1 1 Iterations
+method enumstr 3 auto 1 1 Algorithm
+ auto 1 The solver chooses
+ dual 1 Dual simplex
+threads integer.OPT 4 0 0 64 1 1 Threads
+verbose boolean 5 0 1 1 Talk more
+gap_window double.TWO 6 0 0 1 1 1 Two gaps
+quiet boolean.NV 7 1 1 1 Say nothing
+title string 8 "" 1 1 Headline
+old_time double 9 60 0 1000 1 1 Former limit
+note strlist 10 1 1 Notes
+secret integer 11 1 0 9 0 1 Not in the help
+.prior double 12 0 0 10 1 1 Priority
+both multilist 13 1 1 Method and talk
+ method verbose
+include immediate ReadFile 1 1 Another file
+eolonly immediate EolFlag 1 1 One setting on a line
+cores synonym threads
+max_time synonym time_limit
+old deprecated
+ old_time use time_limit
+ cores use threads
+general group 1 1 General
+"""
+CAPABILITIES = {
+    "textDocument": {
+        "completion": {"completionItem": {"documentationFormat": ["markdown"], "tagSupport": {"valueSet": [1]}}},
+        "documentSymbol": {"hierarchicalDocumentSymbolSupport": True},
+        "codeAction": {"codeActionLiteralSupport": {}}, "hover": {"contentFormat": ["markdown"]}}}
+
+work = tempfile.TemporaryDirectory()
+folder = os.path.realpath(work.name)
+path = lambda name: os.path.join(folder, name)
+
+
+def write(name, text):
+    with open(path(name), "w", encoding="utf-8", newline="") as file:
+        file.write(text)
+
+
+write("solver.def", DEFINITION)
+write("other.opt", "TIME_LIMIT 5\nmax_time 6\n")
+write("foreign.opt", "* definition: foreign.def\ntime_limit 5\n")
+write("foreign.def", "time_limit integer 1 1 1 9 1 1 x\n")
+write("part.opt", "")
+os.mkdir(path("parts"))
+write("parts/a.opt", "")
+write("wexcorin.json", '{"definitions": [{"files": "*.opt", "definition": "solver.def"}]}')
+MAIN = path("main.opt")
+client = Client(folder, CAPABILITIES)
+client.open(MAIN, "")
+client.diagnostics(MAIN)
+
+
+# Makes the text that of the document, waits until it is analysed, and returns the place of the cursor.
+def type_in(text):
+    before, _, after = text.partition("|")
+    client.change(MAIN, before + after)
+    found = client.diagnostics(MAIN)
+    return before.count("\n"), len(before.rpartition("\n")[2].encode("utf-16-le")) // 2, found
+
+
+def ask(method, text, **more):
+    line, character, _ = type_in(text)
+    return client.at(method, MAIN, line, character, **more)
+
+
+def apply(text, edits):
+    lines = text.split("\n")
+    for each in sorted(edits, key=lambda each: (each["range"]["start"]["line"], each["range"]["start"]["character"]),
+                       reverse=True):
+        begin, end = each["range"]["start"], each["range"]["end"]
+        head = lines[begin["line"]][:begin["character"]]
+        tail = lines[end["line"]][end["character"]:]
+        lines[begin["line"]:end["line"] + 1] = (head + each["newText"] + tail).split("\n")
+    return "\n".join(lines)
+
+
+# ---- completion: the labels in their order; "..." stands for any further ones
+
+for text, wanted in (
+        ("|", ["time_limit", "iteration_limit", "method", "..."]), ("ti|", ["time_limit", "title", "..."]),
+        ("it_l|", ["iteration_limit"]), ("tiem_limit|", ["time_limit"]), ("x = 1\nTHR|", ["threads"]),
+        ("o|", ["old_time"]), ("cor|", ["cores"]), ("indi|", ["indic"]), ("secr|", []),
+        ("method |", ["auto", "dual"]), ("method=d|", ["auto", "dual"]), ("verbose |", ["yes", "no"]),
+        ("time_limit |", ["60", "0", "1000"]), ("gap_window 0.5 |", ["0", "1"]), ("quiet |", []),
+        ("title |", []), ("* ti|", []), ("method dual ! ti|", []), ("--ti|", []), ("method du |", []),
+        ("both dual:|", ["yes", "no"]), ("x.|", ["prior"]), ("x.pr|", ["prior"]), ("x.prior('a') |", ["0", "10"]),
+        ("x.prior('a|", []), ("eolonly off\nquiet met|", ["method"]), ("eolonly |", ["yes", "no"]),
+        ("include |", ["foreign.opt", "..."]), ("include parts/|", ["a.opt"]), ('include "pa|', ["foreign.opt", "..."])):
+    labels = [each["label"] for each in ask("completion", text)["items"]]
+    if wanted[-1:] == ["..."]:
+        labels, wanted = labels[:len(wanted) - 1], wanted[:-1]
+    expect(f"completion of {text!r}", labels, wanted)
+
+items = {each["label"]: each for each in ask("completion", "max|")["items"]}
+expect("a synonym", items["max_time"]["detail"], "synonym of time_limit: number, default 60: Seconds to run")
+items = {each["label"]: each for each in ask("completion", "old|")["items"]}
+expect("a deprecated name is struck", items["old_time"]["tags"], [1])
+answer = ask("completion", "ä = 1\nmeth|od dual")
+expect("the whole word is replaced", answer["items"][0]["textEdit"]["range"],
+       {"start": {"line": 1, "character": 0}, "end": {"line": 1, "character": 6}})
+item = client.request("completionItem/resolve", items["old_time"])
+expect("documentation comes later", "deprecated; use time" in item["documentation"]["value"], True)
+near = ask("completion", "tiem_limit|")
+expect("a near name fits what is typed", (near["items"][0]["filterText"], near["isIncomplete"]), ("tiem_limit", True))
+expect("the default among values", ask("completion", "method |")["items"][0]["detail"], "The solver chooses (default)")
+
+# ---- hover
+
+for text, wanted in (
+        ("time_|limit 5\nmax_time = 7", ["**time\\_limit**: Seconds to run", "A second line", "range: 0 to 1000",
+                                         "default: `60`", "synonyms: max\\_time", "stored 5; overridden later",
+                                         "In force: 7, from main.opt:2"]),
+        ("m|ethod", ["`auto`: The solver chooses", "refused"]), ("method du|al", ["`dual`: Dual simplex"]),
+        ("x.pri|or 3", ["Priority", "entry kept with value 3"]), ("|x.prior 3", ["a symbol", "entry kept"]),
+        ("unkn|own 3", []), ("* time|_limit", [])):
+    answer = ask("hover", text)
+    shown = answer["contents"]["value"] if answer else ""
+    expect(f"hover over {text!r}", [each for each in wanted if each not in shown] or bool(shown), bool(wanted))
+
+# ---- where things are defined and used
+
+place = lambda each: (os.path.basename(each["uri"]), each["range"]["start"]["line"], each["range"]["start"]["character"])
+for text, wanted in (("ma|x_time 5", ("solver.def", 2, 0)), ("method du|al", ("solver.def", 7, 1)),
+                     ("x.pri|or 5", ("solver.def", 16, 0)), ("include part.op|t", ("part.opt", 0, 0))):
+    expect(f"definition of {text!r}", place(ask("definition", text)), wanted)
+for text in ("unkno|wn 1", "include none|.opt", "title so|me", "method none|"):
+    expect(f"definition of {text!r}", ask("definition", text), None)
+expect("references", [place(each) for each in
+                      ask("references", "\nä.prior 1\ntime_l|imit 5", context={"includeDeclaration": True})],
+       [("solver.def", 2, 0), ("solver.def", 22, 0), ("main.opt", 2, 0), ("other.opt", 0, 0), ("other.opt", 1, 0)])
+expect("highlights", [place({"uri": "", **each})[1:] for each in ask("documentHighlight", "max_time 1\ntime_l|imit 2")],
+       [(0, 0), (1, 0)])
+symbols = ask("documentSymbol", "|method=dual ! note\nx.prior('a') 3\n* time_limit 3\n--list a b\n8 bad\nnew 4")
+expect("symbols", [(each["name"], each["detail"]) for each in symbols],
+       [("method", "dual"), ("x.prior", "('a') 3"), ("--list", "a b"), ("new", "4")])
+
+# ---- code actions: the title of the preferred one, or of the only one, and the text that it makes
+
+for text, wanted, result in (
+        ("tiem_limit| 5", 'Replace "tiem_limit" by "time_limit"', "time_limit 5"),
+        ("time lim|it 5", 'Replace "time limit" by "time_limit"', "time_limit 5"),
+        ("method dua|", 'Replace "dua" by "dual"', "method dual"),
+        ("cores |4", 'Replace "cores" by "threads"', "threads 4"),
+        ("old_time |4", 'Replace "old_time" by "time_limit"', "time_limit 4"),
+        ("threads 1\ntitle a\nthreads |2", "Remove line 1, which is overridden", "title a\nthreads 2"),
+        ("blabla |4", "Make the line a comment", "* blabla 4"),
+        ("eolonly off\nquiet blabla |4", "Make the rest of the line a comment", "eolonly off\nquiet ! blabla 4"),
+        ("x.prio|r2 4", 'Replace ".prior2" by ".prior"', "x.prior 4"), ("gap_window 0.1 0.2\ngap_window |0.3", None, None),
+        ("threads |4", None, None)):
+    line, character, found = type_in(text)
+    position = {"line": line, "character": character}
+    params = {"textDocument": {"uri": uri(MAIN)}, "range": {"start": position, "end": position},
+              "context": {"diagnostics": [each for each in found if each["range"]["start"]["line"] == line]}}
+    actions = client.request("textDocument/codeAction", params)
+    chosen = [each for each in actions if each.get("isPreferred")] or actions[:1]
+    expect(f"action for {text!r}", chosen[0]["title"] if chosen else None, wanted)
+    if chosen:
+        made = apply(text.replace("|", ""), chosen[0]["edit"]["changes"][uri(MAIN)])
+        expect(f"what the action makes of {text!r}", made, result)
+        expect(f"the diagnostic of the action for {text!r}", len(chosen[0].get("diagnostics", [])), 1)
+    params["context"]["only"] = ["refactor"]
+    expect("other kinds of actions", client.request("textDocument/codeAction", params), [])
+
+# ---- formatting and hints
+
+FORMS = {"options": {"tabSize": 8, "insertSpaces": True}}
+for text, wanted in (
+        ("|  method=dual  \ntime_limit\t=  5! a\nthreads 3 ! b\n\nquiet ",
+         "method     = dual\ntime_limit = 5  ! a\nthreads      3  ! b\n\nquiet"),
+        ("| title   a  b \n  title \"  a ! b \"   !  c  ", "title a  b\ntitle \"  a ! b \"  !  c"),
+        ("|* a  b  \n * c\nunknown   4 \n--list  a  \ntitle \"open  ", "* a  b\n * c\nunknown   4\n--list  a\ntitle \"open  "),
+        ("|x.prior( 'a  b' )  3 \neolonly   off\nquiet,  threads 4 ", None)):
+    plain = text.replace("|", "")
+    made = apply(plain, ask("formatting", text, **FORMS))
+    wanted = wanted or "x.prior( 'a  b' )  3\neolonly off\nquiet,  threads 4"
+    expect(f"formatting of {text!r}", made, wanted)
+    expect("formatting again", apply(made, ask("formatting", "|" + made, **FORMS)), made)
+expect("formatting of one line", apply("threads  1 \nthreads  2 ", client.request("textDocument/rangeFormatting", {
+    "textDocument": {"uri": uri(MAIN)}, "range": {"start": {"line": 1, "character": 0},
+                                                  "end": {"line": 1, "character": 9}}, **FORMS})
+       if type_in("threads  1 \nthreads  2 ") else []), "threads  1 \nthreads 2")
+window = {"range": {"start": {"line": 1, "character": 0}, "end": {"line": 9, "character": 0}}}
+expect("no hints at first", ask("inlayHint", "|threads 4", **window), None)
+client.notify("workspace/didChangeConfiguration", {"settings": {"wexcorin": {"inlayHints": True}}})
+client.diagnostics(MAIN)
+expect("hints", [(each["label"], each["position"]) for each in ask("inlayHint", "|\ntime_limit 4 ! x\ntitle a", **window)],
+       [("default 60", {"line": 1, "character": 12})])
+client.close(MAIN)
+
+
+# What formatting does not change.
+def values(text, definition):
+    write("formatted.opt", text)
+    out = subprocess.run([TOOL, "show", "--json", definition, "formatted.opt"], cwd=folder, stdout=subprocess.PIPE).stdout
+    return [(each["name"], each.get("value")) for each in json.loads(out)["options"]]
+
+
+client.quit()
+client = Client(".", CAPABILITIES)
+for file, definition in (("solver.opt", "solver.def"), ("solver_mistakes.opt", "solver.def"),
+                         ("solver_priorities.opt", "solver.def"), ("types.opt", "types.def"), ("first.opt", "first.def")):
+    name = f"examples/{file}"
+    with open(name, encoding="utf-8", newline="") as opened:
+        before = opened.read()
+    write(file, "* definition: " + os.path.abspath(f"examples/{definition}") + "\n" + before)
+    client.open(path(file))
+    client.diagnostics(path(file))
+    after = apply("*\n" + before, client.at("formatting", path(file), 0, 0, **FORMS)).partition("\n")[2]
+    expect(f"{file} is changed", before != after, True)
+    expect(f"what {file} holds", "".join(after.split()), "".join(before.split()))
+    definition = os.path.abspath(f"examples/{definition}")
+    expect(f"values of {file}", values(after, definition), values(before, definition))
+expect("the exit code", client.quit(), 0)
+
+finish()
