@@ -47,7 +47,7 @@ const ask = (provider, method, ...rest) => known.providers.get(provider)[method]
   await changeDocument(document, document.text.length, 0, "time_l");
   const end = new vscode.Position(document.lineCount - 1, 6);
   const completed = await ask("CompletionItem", "provideCompletionItems", document, end, token, {triggerKind: 0});
-  const labels = (completed.items ?? completed).map((item) => item.label.label ?? item.label);
+  const labels = completed.items.map((item) => item.label.label ?? item.label);
   assert.strictEqual(labels[0], "time_limit", "completion offers what begins like the word first");
 
   const hover = await ask("Hover", "provideHover", document, document.positionOf("node_limit"));

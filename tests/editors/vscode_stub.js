@@ -78,6 +78,12 @@ class CompletionItem {
   }
 }
 
+class CompletionList {
+  constructor(items, isIncomplete) {
+    Object.assign(this, {items, isIncomplete});
+  }
+}
+
 class CodeAction {
   constructor(title, kind) {
     Object.assign(this, {title, kind});
@@ -269,8 +275,9 @@ const commands = {
 
 const given = {
   version: "1.82.0", env: {language: "en", appName: "test"}, extensions: {}, workspace, window, languages, commands,
-  EventEmitter, Disposable, CancellationTokenSource, Uri, Position, Range, Diagnostic, CompletionItem, CodeAction,
-  CodeActionKind, Location, MarkdownString, Hover, WorkspaceEdit, TextEdit, CancellationError: class extends Error {},
+  EventEmitter, Disposable, CancellationTokenSource, Uri, Position, Range, Diagnostic, CompletionItem, CompletionList,
+  CodeAction, CodeActionKind, Location, MarkdownString, Hover, WorkspaceEdit, TextEdit,
+  CancellationError: class extends Error {},
   DiagnosticSeverity: counted(0, "Error", "Warning", "Information", "Hint"),
   DiagnosticTag: counted(1, "Unnecessary", "Deprecated"),
   CompletionItemTag: counted(1, "Deprecated"),
