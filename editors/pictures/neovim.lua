@@ -7,7 +7,7 @@ vim.o.swapfile = false
 vim.o.wrap = false
 vim.o.hlsearch = false
 vim.o.mouse = ''
-vim.o.completeopt = 'menuone,noselect,preview'
+vim.o.completeopt = 'menuone,noselect'
 vim.opt.shortmess:append('cF')
 vim.opt.fillchars = {eob = ' '}
 vim.diagnostic.config({severity_sort = true})

@@ -49,6 +49,7 @@ class Session {
     this.connection.listen();
     await this.connection.sendRequest("initialize", {
       processId: process.pid, rootUri: root, capabilities, workspaceFolders: [{uri: root, name: "work"}],
+      initializationOptions: {inlayHints: true},
     });
     await this.connection.sendNotification("initialized", {});
   }
