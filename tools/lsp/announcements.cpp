@@ -39,4 +39,18 @@ void announceinlayhints(json& capabilities, const tclient& /*client*/) {
   capabilities["inlayHintProvider"] = true;
 }
 
+void announcesignatures(json& capabilities, const tclient& /*client*/) {
+  capabilities["signatureHelpProvider"] = {{"triggerCharacters", json::array({" "})}};
+}
+
+void announceworkspacesymbols(json& capabilities, const tclient& /*client*/) {
+  capabilities["workspaceSymbolProvider"] = true;
+}
+
+void announcerename(json& capabilities, const tclient& client) {
+  capabilities["renameProvider"] = true;
+  if (client.can("textDocument", "rename", "prepareSupport"))
+    capabilities["renameProvider"] = {{"prepareProvider", true}};
+}
+
 }  // namespace tool::lsp

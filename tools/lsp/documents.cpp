@@ -82,8 +82,14 @@ bool tdocument::change(const json& changes, std::int64_t version, tencoding enco
   fserial = nextserial();
   if (fsnapshot != nullptr) fedits.push_back(editof(*ftext, *text, fserial));
   ftext = std::move(text);
+  findex.reset();
   fversion = version;
   return true;
+}
+
+const tdefinitionindex& tdocument::index() const {
+  if (findex == nullptr) findex = std::make_shared<const tdefinitionindex>(*ftext);
+  return *findex;
 }
 
 bool tdocument::take(std::shared_ptr<const tsnapshot> snapshot) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "tools/lsp/analysis.h"
+#include "tools/lsp/definitionindex.h"
 
 namespace tool::lsp {
 
@@ -37,6 +38,9 @@ class tdocument {
   const std::shared_ptr<const tsnapshot>& snapshot() const { return fsnapshot; }
   bool iscurrent() const { return fsnapshot != nullptr && fsnapshot->serial == fserial; }
 
+  // The entries of a definition, as the client has it now. Only the thread of the server asks.
+  const tdefinitionindex& index() const;
+
   // Where a line of the analysed text is now; 0 if it has been replaced. And the other way round.
   std::int32_t linenow(std::int32_t analysed) const;
   std::int32_t lineanalysed(std::int32_t now) const;
@@ -55,6 +59,7 @@ class tdocument {
   std::shared_ptr<const ttext> ftext;
   std::shared_ptr<const tsnapshot> fsnapshot;
   std::vector<tedit> fedits;  // since the snapshot
+  mutable std::shared_ptr<const tdefinitionindex> findex;  // of the text; null until it is needed
 };
 
 class tdocuments {

@@ -21,17 +21,21 @@ tanswer bykind(const trequest& request) {
 
 std::span<const tfeature> features() {
   static constexpr auto table = std::to_array<tfeature>({
-      {"textDocument/completion", bykind<optioncompletion, noanswer>, announcecompletion},
+      {"textDocument/completion", bykind<optioncompletion, definitioncompletion>, announcecompletion},
       {"completionItem/resolve", resolvecompletion, nullptr},
-      {"textDocument/hover", bykind<optionhover, noanswer>, announcehover},
-      {"textDocument/definition", bykind<optiontarget, noanswer>, announcetargets},
-      {"textDocument/references", bykind<optionreferences, noanswer>, announcereferences},
-      {"textDocument/documentHighlight", bykind<optionhighlights, noanswer>, announcehighlights},
-      {"textDocument/documentSymbol", bykind<optionsymbols, noanswer>, announcesymbols},
-      {"textDocument/codeAction", bykind<optioncodeactions, noanswer>, announcecodeactions},
-      {"textDocument/formatting", bykind<optionformatting, noanswer>, announceformatting},
+      {"textDocument/hover", bykind<optionhover, definitionhover>, announcehover},
+      {"textDocument/definition", bykind<optiontarget, definitiontarget>, announcetargets},
+      {"textDocument/references", bykind<optionreferences, definitionreferences>, announcereferences},
+      {"textDocument/documentHighlight", bykind<optionhighlights, definitionhighlights>, announcehighlights},
+      {"textDocument/documentSymbol", bykind<optionsymbols, definitionsymbols>, announcesymbols},
+      {"textDocument/codeAction", bykind<optioncodeactions, definitionactions>, announcecodeactions},
+      {"textDocument/formatting", bykind<optionformatting, definitionformatting>, announceformatting},
       {"textDocument/rangeFormatting", bykind<optionformatting, noanswer>, nullptr},
       {"textDocument/inlayHint", bykind<optioninlayhints, noanswer>, announceinlayhints},
+      {"textDocument/signatureHelp", signaturehelp, announcesignatures},
+      {"workspace/symbol", workspacesymbols, announceworkspacesymbols},
+      {"textDocument/prepareRename", preparerename, nullptr},
+      {"textDocument/rename", rename, announcerename},
   });
   return table;
 }

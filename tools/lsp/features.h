@@ -35,6 +35,22 @@ tanswer optioninlayhints(const trequest& request);
 
 // ---- answers in definitions
 
+tanswer definitionactions(const trequest& request);
+tanswer definitioncompletion(const trequest& request);
+tanswer definitionformatting(const trequest& request);
+tanswer definitionhover(const trequest& request);
+tanswer definitiontarget(const trequest& request);
+tanswer definitionreferences(const trequest& request);
+tanswer definitionhighlights(const trequest& request);
+tanswer definitionsymbols(const trequest& request);
+tanswer signaturehelp(const trequest& request);
+
+// ---- answers in both
+
+tanswer preparerename(const trequest& request);
+tanswer rename(const trequest& request);
+tanswer workspacesymbols(const trequest& request);
+
 // ---- what the server tells of itself (announcements.cpp)
 
 void announcecompletion(json& capabilities, const tclient& client);
@@ -46,5 +62,8 @@ void announcesymbols(json& capabilities, const tclient& client);
 void announcecodeactions(json& capabilities, const tclient& client);
 void announceformatting(json& capabilities, const tclient& client);
 void announceinlayhints(json& capabilities, const tclient& client);
+void announcesignatures(json& capabilities, const tclient& client);
+void announcerename(json& capabilities, const tclient& client);
+void announceworkspacesymbols(json& capabilities, const tclient& client);
 
 }  // namespace tool::lsp

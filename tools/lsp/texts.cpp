@@ -104,12 +104,19 @@ tposition positionfrom(const json& value) {
   return {integerof(member(value, "line")).value_or(0), integerof(member(value, "character")).value_or(0)};
 }
 
+// Clients get very many of them, so nothing is copied.
 json rangejson(const ttext& text, tspan span, tencoding encoding) {
-  const auto position = [&](std::size_t offset) -> json {
+  const auto position = [&](std::size_t offset) {
     const tposition at = text.positionof(offset, encoding);
-    return {{"line", at.line}, {"character", at.character}};
+    json::object_t result;
+    result.emplace("character", at.character);
+    result.emplace("line", at.line);
+    return result;
   };
-  return {{"start", position(span.begin)}, {"end", position(span.end)}};
+  json::object_t result;
+  result.emplace("end", position(span.end));
+  result.emplace("start", position(span.begin));
+  return result;
 }
 
 }  // namespace tool::lsp

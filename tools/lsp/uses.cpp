@@ -1,10 +1,13 @@
 // Looks through the option files.
 #include "tools/lsp/uses.h"
 
+#include <map>
 #include <set>
+#include <utility>
 
 #include "tools/lsp/optionlines.h"
 #include "tools/lsp/uri.h"
+#include "tools/reading/definitionspans.h"
 
 namespace tool::lsp {
 
@@ -12,11 +15,11 @@ namespace {
 
 using namespace optcore;
 
-std::set<std::string> optionfilekeys(const tworkspace& workspace) {
+std::set<std::string> optionfilekeys(const tworkspace& workspace, const tfolderfiles& files) {
   std::set<std::string> result;
   for (const auto& [uri, document] : workspace.documents.all())
     if (document.kind() == tdocumentkind::options) result.insert(document.key());
-  for (const std::string& path : workspace.files->optionfiles) {
+  for (const std::string& path : files.optionfiles) {
     std::string key = keyof(path);
     const tdocument* document = workspace.documents.withkey(key);
     if (document == nullptr || document->kind() == tdocumentkind::options) result.insert(std::move(key));
@@ -27,13 +30,33 @@ std::set<std::string> optionfilekeys(const tworkspace& workspace) {
 // The key of the definition that belongs to an option file; empty if there is none.
 std::string definitionkeyof(const std::string& key, const tworkspace& workspace, tsources& sources) {
   const tdocument* document = workspace.documents.withkey(key);
-  if (document != nullptr && document->snapshot() != nullptr) {
+  if (document != nullptr && document->iscurrent()) {
     const auto& definition = document->snapshot()->definition;
     return definition == nullptr ? "" : definition->key;
   }
   const std::string path =
       definitionof(document == nullptr ? key : document->name(), *workspace.settings, sources).path;
   return path.empty() ? "" : keyof(path);
+}
+
+std::shared_ptr<const ttext> currenttext(const std::string& key, const tworkspace& workspace) {
+  const tdocument* document = workspace.documents.withkey(key);
+  return document != nullptr ? document->text() : loadtext(key);
+}
+
+// The keys of the files that the text includes.
+std::vector<std::string> includedby(const tvksoptions& store, const ttext& text) {
+  std::vector<std::string> result;
+  walklines(store, text, [&](const toptionline& line) {
+    for (const tstatementspans& each : line.parts.statements) {
+      const auto* option = ifis<timmediateoption>(each.option);
+      const bool includes = option != nullptr && option->immkind() == timmkind::readfile;
+      const std::string_view name = withoutquotes(line.text, each.value).of(line.text);
+      if (includes && !name.empty()) result.push_back(keyof(std::string(name)));
+    }
+    return true;
+  });
+  return result;
 }
 
 }  // namespace
@@ -64,23 +87,41 @@ json locationof(const tuse& use, const tworkspace& workspace) {
           {"range", rangejson(*use.text, use.name, workspace.client.encoding)}};
 }
 
-std::vector<tuse> usesof(const trequest& request, const tdefinitionstate& definition, std::int32_t index) {
+std::vector<toptionfile> optionfilesof(const trequest& request, const std::string& definitionkey,
+                                       const tvksoptions& store, const tfolderfiles& files) {
   const tworkspace& workspace = request.workspace;
-  const toption& option = definition.store().definition().option(index);
   tsources sources(workspace.documents.texts());
+  std::map<std::string, std::shared_ptr<const ttext>> found;
+  std::vector<std::string> waiting;
+  for (const std::string& key : optionfilekeys(workspace, files))
+    if (!request.iscancelled() && definitionkeyof(key, workspace, sources) == definitionkey)
+      waiting.push_back(key);
+  while (!waiting.empty() && !request.iscancelled()) {
+    const std::string key = std::move(waiting.back());
+    waiting.pop_back();
+    const auto [at, isnew] = found.try_emplace(key);
+    if (!isnew || (at->second = currenttext(key, workspace)) == nullptr) continue;
+    for (std::string& each : includedby(store, *at->second)) {
+      const std::string other = found.contains(each) ? "" : definitionkeyof(each, workspace, sources);
+      if (other.empty() || other == definitionkey) waiting.push_back(std::move(each));
+    }
+  }
+  std::vector<toptionfile> result;
+  for (auto& [key, text] : found)
+    if (text != nullptr) result.push_back({key, text});
+  return result;
+}
+
+std::vector<tuse> usesof(const trequest& request, const tdefinitionstate& definition, std::int32_t index) {
+  const toption& option = definition.store().definition().option(index);
   std::vector<tuse> result;
-  for (const std::string& key : optionfilekeys(workspace)) {
-    if (request.iscancelled()) break;
-    if (definitionkeyof(key, workspace, sources) != definition.key) continue;
-    const tdocument* document = workspace.documents.withkey(key);
-    const std::shared_ptr<const ttext> text = document != nullptr ? document->text() : loadtext(key);
-    if (text == nullptr) continue;
-    walklines(definition.store(), *text, [&](const toptionline& line) {
+  for (const toptionfile& file :
+       optionfilesof(request, definition.key, definition.store(), *request.workspace.files))
+    walklines(definition.store(), *file.text, [&](const toptionline& line) {
       for (const tstatementspans& each : line.parts.statements)
-        if (each.option == &option) result.push_back({key, text, line.intext(each.name)});
+        if (each.option == &option) result.push_back({file.key, file.text, line.intext(each.name)});
       return true;
     });
-  }
   return result;
 }
 

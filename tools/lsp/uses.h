@@ -9,6 +9,16 @@
 
 namespace tool::lsp {
 
+struct toptionfile {
+  std::string key;
+  std::shared_ptr<const ttext> text;  // as the client has it if it is open, otherwise as it is on the disk
+};
+
+// The option files that are read with the definition: those that are open and those of `files`, and the files
+// that they include. In the order of their keys.
+std::vector<toptionfile> optionfilesof(const trequest& request, const std::string& definitionkey,
+                                       const optcore::tvksoptions& store, const tfolderfiles& files);
+
 struct tuse {
   std::string key;                    // of the file
   std::shared_ptr<const ttext> text;  // as the client has it if it is open, otherwise as it is on the disk
