@@ -145,6 +145,18 @@ class Client:
             return "does not end"
 
 
+# The text with the edits; columns are counted in UTF-16.
+def applied(text, edits):
+    lines = text.split("\n")
+    for edit in sorted(edits, key=lambda each: [*each["range"]["start"].values()], reverse=True):
+        start, end = edit["range"]["start"], edit["range"]["end"]
+        assert start["line"] == end["line"]
+        line = lines[start["line"]].encode("utf-16-le")
+        line = line[:2 * start["character"]] + edit["newText"].encode("utf-16-le") + line[2 * end["character"]:]
+        lines[start["line"]] = line.decode("utf-16-le")
+    return "\n".join(lines)
+
+
 # Ends the test.
 def finish():
     sys.exit("\n".join(failures) or 0)

@@ -58,21 +58,19 @@ write("parts/a.opt", "")
 write("wexcorin.json", '{"definitions": [{"files": "*.opt", "definition": "solver.def"}]}')
 MAIN = path("main.opt")
 client = Client(folder, CAPABILITIES)
-client.open(MAIN, "")
-client.diagnostics(MAIN)
 
 
-# Makes the text that of the document, waits until it is analysed, and returns the place of the cursor.
-def type_in(text):
+# Opens the document with this text, and returns the place of the cursor.
+def type_in(text, file=MAIN):
     before, _, after = text.partition("|")
-    client.change(MAIN, before + after)
-    found = client.diagnostics(MAIN)
-    return before.count("\n"), len(before.rpartition("\n")[2].encode("utf-16-le")) // 2, found
+    client.open(file, before + after)
+    return before.count("\n"), len(before.rpartition("\n")[2].encode("utf-16-le")) // 2
 
 
 def ask(method, text, **more):
-    line, character, _ = type_in(text)
-    return client.at(method, MAIN, line, character, **more)
+    answer = client.at(method, MAIN, *type_in(text), **more)
+    client.close(MAIN)
+    return answer
 
 
 def apply(text, edits):
@@ -110,7 +108,9 @@ expect("a deprecated name is struck", items["old_time"]["tags"], [1])
 answer = ask("completion", "ä = 1\nmeth|od dual")
 expect("the whole word is replaced", answer["items"][0]["textEdit"]["range"],
        {"start": {"line": 1, "character": 0}, "end": {"line": 1, "character": 6}})
+client.at("hover", MAIN, *type_in("|"))
 item = client.request("completionItem/resolve", items["old_time"])
+client.close(MAIN)
 expect("documentation comes later", "deprecated; use time" in item["documentation"]["value"], True)
 near = ask("completion", "tiem_limit|")
 expect("a near name fits what is typed", (near["items"][0]["filterText"], near["isIncomplete"]), ("tiem_limit", True))
@@ -148,7 +148,7 @@ expect("symbols", [(each["name"], each["detail"]) for each in symbols],
 
 # ---- code actions: the title of the preferred one, or of the only one, and the text that it makes
 
-for text, wanted, result in (
+for number, (text, wanted, result) in enumerate((
         ("tiem_limit| 5", 'Replace "tiem_limit" by "time_limit"', "time_limit 5"),
         ("time lim|it 5", 'Replace "time limit" by "time_limit"', "time_limit 5"),
         ("method dua|", 'Replace "dua" by "dual"', "method dual"),
@@ -158,16 +158,18 @@ for text, wanted, result in (
         ("blabla |4", "Make the line a comment", "* blabla 4"),
         ("eolonly off\nquiet blabla |4", "Make the rest of the line a comment", "eolonly off\nquiet ! blabla 4"),
         ("x.prio|r2 4", 'Replace ".prior2" by ".prior"', "x.prior 4"), ("gap_window 0.1 0.2\ngap_window |0.3", None, None),
-        ("threads |4", None, None)):
-    line, character, found = type_in(text)
+        ("threads |4", None, None))):
+    file = path(f"action{number}.opt")
+    line, character = type_in(text, file)
+    found = client.diagnostics(file)
     position = {"line": line, "character": character}
-    params = {"textDocument": {"uri": uri(MAIN)}, "range": {"start": position, "end": position},
+    params = {"textDocument": {"uri": uri(file)}, "range": {"start": position, "end": position},
               "context": {"diagnostics": [each for each in found if each["range"]["start"]["line"] == line]}}
     actions = client.request("textDocument/codeAction", params)
     chosen = [each for each in actions if each.get("isPreferred")] or actions[:1]
     expect(f"action for {text!r}", chosen[0]["title"] if chosen else None, wanted)
     if chosen:
-        made = apply(text.replace("|", ""), chosen[0]["edit"]["changes"][uri(MAIN)])
+        made = apply(text.replace("|", ""), chosen[0]["edit"]["changes"][uri(file)])
         expect(f"what the action makes of {text!r}", made, result)
         expect(f"the diagnostic of the action for {text!r}", len(chosen[0].get("diagnostics", [])), 1)
     params["context"]["only"] = ["refactor"]
@@ -187,41 +189,46 @@ for text, wanted in (
     wanted = wanted or "x.prior( 'a  b' )  3\neolonly off\nquiet,  threads 4"
     expect(f"formatting of {text!r}", made, wanted)
     expect("formatting again", apply(made, ask("formatting", "|" + made, **FORMS)), made)
-expect("formatting of one line", apply("threads  1 \nthreads  2 ", client.request("textDocument/rangeFormatting", {
-    "textDocument": {"uri": uri(MAIN)}, "range": {"start": {"line": 1, "character": 0},
-                                                  "end": {"line": 1, "character": 9}}, **FORMS})
-       if type_in("threads  1 \nthreads  2 ") else []), "threads  1 \nthreads 2")
+edits = ask("rangeFormatting", "|threads  1 \nthreads  2 ", **FORMS,
+            range={"start": {"line": 1, "character": 0}, "end": {"line": 1, "character": 9}})
+expect("formatting of one line", apply("threads  1 \nthreads  2 ", edits), "threads  1 \nthreads 2")
 window = {"range": {"start": {"line": 1, "character": 0}, "end": {"line": 9, "character": 0}}}
 expect("no hints at first", ask("inlayHint", "|threads 4", **window), None)
 client.notify("workspace/didChangeConfiguration", {"settings": {"wexcorin": {"inlayHints": True}}})
-client.diagnostics(MAIN)
 expect("hints", [(each["label"], each["position"]) for each in ask("inlayHint", "|\ntime_limit 4 ! x\ntitle a", **window)],
-       [("default 60", {"line": 1, "character": 12})])
-client.close(MAIN)
+       [("default 60", {"line": 1, "character": 12}), ('default ""', {"line": 2, "character": 7})])
 
 
-# What formatting does not change.
-def values(text, definition):
+# What formatting does not change: the values that are read and the messages about the lines.
+def read(text, definition):
     write("formatted.opt", text)
-    out = subprocess.run([TOOL, "show", "--json", definition, "formatted.opt"], cwd=folder, stdout=subprocess.PIPE).stdout
-    return [(each["name"], each.get("value")) for each in json.loads(out)["options"]]
+    run = subprocess.run([TOOL, "show", "--json", definition, path("formatted.opt")], capture_output=True)
+    return [(each["name"], each["value"]) for each in json.loads(run.stdout)["options"]], run.stderr
 
 
 client.quit()
 client = Client(".", CAPABILITIES)
 for file, definition in (("solver.opt", "solver.def"), ("solver_mistakes.opt", "solver.def"),
                          ("solver_priorities.opt", "solver.def"), ("types.opt", "types.def"), ("first.opt", "first.def")):
-    name = f"examples/{file}"
-    with open(name, encoding="utf-8", newline="") as opened:
+    with open(f"examples/{file}", encoding="utf-8", newline="") as opened:
         before = opened.read()
-    write(file, "* definition: " + os.path.abspath(f"examples/{definition}") + "\n" + before)
-    client.open(path(file))
-    client.diagnostics(path(file))
-    after = apply("*\n" + before, client.at("formatting", path(file), 0, 0, **FORMS)).partition("\n")[2]
-    expect(f"{file} is changed", before != after, True)
-    expect(f"what {file} holds", "".join(after.split()), "".join(before.split()))
     definition = os.path.abspath(f"examples/{definition}")
-    expect(f"values of {file}", values(after, definition), values(before, definition))
+    text = f"* definition: {definition}\n" + before
+    client.open(path(file), text)
+    after = apply(text, client.at("formatting", path(file), 0, 0, **FORMS))
+    expect(f"{file} is changed", text != after, file != "solver_priorities.opt")
+    expect(f"what {file} holds", "".join(after.split()), "".join(text.split()))
+    expect(f"what is read of {file}", read(after, definition), read(text, definition))
+
+# ---- names that are typed with blanks
+
+MINOS = "* definition: " + os.path.abspath("examples/types.def") + "\n"
+for text, wanted in (("peak t|", ["peak temperature"]), ("pea|", ["peak temperature"]), ("peak temperature |",
+                     ["1200", "minint", "maxint"])):
+    line, character = type_in(MINOS + text)
+    expect(f"completion of {text!r} in lookup mode Minos",
+           [each["label"] for each in client.at("completion", MAIN, line, character)["items"]], wanted)
+    client.close(MAIN)
 expect("the exit code", client.quit(), 0)
 
 finish()

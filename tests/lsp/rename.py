@@ -2,7 +2,7 @@
 usage: rename.py TOOL"""
 import os, tempfile
 
-from client import Client, expect, finish, uri
+from client import Client, applied, expect, finish, uri
 
 work = tempfile.TemporaryDirectory()
 path = lambda name: os.path.join(work.name, name)
@@ -14,18 +14,6 @@ def write(name, text):
     os.makedirs(os.path.dirname(path(name)), exist_ok=True)
     with open(path(name), "w", encoding="utf-8", newline="") as file:
         file.write(text)
-
-
-# The text with the edits; columns are counted in UTF-16.
-def applied(text, edits):
-    lines = text.split("\n")
-    for edit in sorted(edits, key=lambda each: [*each["range"]["start"].values()], reverse=True):
-        start, end = edit["range"]["start"], edit["range"]["end"]
-        assert start["line"] == end["line"]
-        line = lines[start["line"]].encode("utf-16-le")
-        line = line[:2 * start["character"]] + edit["newText"].encode("utf-16-le") + line[2 * end["character"]:]
-        lines[start["line"]] = line.decode("utf-16-le")
-    return "\n".join(lines)
 
 
 # What the files are afterwards, those that change, or the error.

@@ -47,6 +47,13 @@ THREADS = 8              | let threads 8                  | unknown-option | thr
 -seed 20260              | param log.level = 2            | unknown-option | log_level
 -seed 20260              | set debug seed=5               | unknown-option | debug_seed
 crossover off            | set crossovr off               | unknown-option | crossover
+== an abbreviation written together
+gap 1e-3                 | feastol 1e-6                   | unknown-option | feasibility_tol
+gap 1e-3                 | memlim 100                     | unknown-option | memory_limit
+gap 1e-3                 | gaprel 0.1                     | unknown-option | gap_relative
+== a sign before the name
+THREADS = 8              | $threads 8                     | keyword        | threads
+THREADS = 8              | "thraeds" 8                    | keyword        | threads
 == a value glued to the name
 gap 1e-3                 | gap0.1                         | .suffix        | gap_relative
 gap 1e-3                 | gap.1                          | .suffix        | gap_relative
@@ -157,7 +164,7 @@ cuts group 8 1           | cuts group 8                   | The help flag must b
 include immediate ReadFile | include immediate File       | The kinds are EolFlag, ReadFile,                  |
 Normal lookup            | Exact lookup                   | The modes are Normal, Path and Minos              |
 == names and numbers that are used twice, or not declared
-seed integer 104         | threads integer 104            | the name finds option "threads"                   |
+seed integer 104         | threads integer 104            | The name finds option "threads"                   |
 worklim synonym          | nodelim synonym                | definition                                        |
 104 1977                 | 103 1977                       | reference-twice                                   |
 104 1977 0 maxint 1 1    | 104 1977 0 maxint 1 99         | group-undeclared                                  |
@@ -165,6 +172,7 @@ cuts group 8             | cuts group 7                   | definition          
 == a name that is not defined
  log_interior            |  log_interoir                  | definition                                        | log_interior
  integrality_tol         |  integralty_tol                | definition                                        | integrality_tol
+ feasibility_tol optim   |  feasiblity_tol node optim     | definition                                        | feasibility_tol
 cores synonym threads    | cores synonym thraeds          | definition                                        | threads
  big_number use          |  bignumber use                 | definition                                        | big_number
 == a line at which the definition ends

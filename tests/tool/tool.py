@@ -272,8 +272,8 @@ expect("warnings of a definition: the lines", "\n".join(f"{each['line']} {each['
 2 group-empty\n3 name-not-found\n5 group-undeclared\n5 reference-twice\n6 boolean-default\n6 no-help
 10 no-value-text\n13 no-value-text\n14 no-members\n16 name-not-found""")
 expect("what a name finds", [part for each in found for part in each["advice"] + [each["text"]] if " finds " in part],
-       ['the name finds option "abc_def_one" at line 4', 'the name finds option "Help", which every definition has',
-        'Synonym "flag" is never used: the name finds option "flag" at line 6'])
+       ['The name finds option "abc_def_one" at line 4', 'The name finds option "Help", which every definition has',
+        'Synonym "flag" is never used. The name finds option "flag" at line 6'])
 runs("wexcorin check examples/solver.def", "no problems; 155 options, 0 set\n")
 
 # The bytes of lines, in definitions and option files; texts that are cut; lists that are no options; comments in values

@@ -15,7 +15,7 @@ class tactions {
   explicit tactions(const trequest& request)
       : frequest(request),
         fdocument(*request.document()),
-        findex(fdocument.index()),
+        findex(*fdocument.index()),
         ffirst(lineof("start")),
         flast(lineof("end")) {}
 

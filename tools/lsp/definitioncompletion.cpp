@@ -21,7 +21,7 @@ class tcompletion {
   explicit tcompletion(const trequest& request)
       : fdocument(*request.document()),
         fclient(request.workspace.client),
-        findex(fdocument.index()),
+        findex(*fdocument.index()),
         fline(definitionlineat(*fdocument.text(), request.offset())),
         fcolumn(request.offset() - fline.span.begin) {}
 

@@ -27,7 +27,7 @@ class thoverat {
         fmarkup(markup(request.workspace.client.hovermarkdown())) {}
 
   std::optional<thover> run() const {
-    const tdefinitionindex& index = fdocument.index();
+    const tdefinitionindex& index = *fdocument.index();
     if (const auto place = index.at(foffset)) return thover{entrytext(index, *place->entry), place->span};
     const tdefinitionline line = definitionlineat(*fdocument.text(), foffset);
     const tdefinitionspans& parts = line.parts;

@@ -90,7 +90,7 @@ class toutline {
 
 tanswer definitionsymbols(const trequest& request) {
   const ttext& text = *request.document()->text();
-  const tdefinitionindex& index = request.document()->index();
+  const tdefinitionindex& index = *request.document()->index();
   toutline outline(index, text, request.encoding());
   const bool astree =
       request.workspace.client.can("textDocument", "documentSymbol", "hierarchicalDocumentSymbolSupport");

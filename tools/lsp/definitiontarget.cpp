@@ -49,7 +49,7 @@ json locationjson(const std::string& uri, const ttext& text, tspan span, tencodi
 
 tanswer definitiontarget(const trequest& request) {
   const ttext& text = *request.document()->text();
-  const tdefinitionindex& index = request.document()->index();
+  const tdefinitionindex& index = *request.document()->index();
   const tnamed named = namedat(index, request.offset());
   if (named.entry == nullptr) return json();
   return locationjson(request.document()->uri(), text, named.entry->span, request.encoding());
@@ -57,7 +57,7 @@ tanswer definitiontarget(const trequest& request) {
 
 tanswer definitionreferences(const trequest& request) {
   const ttext& text = *request.document()->text();
-  const tdefinitionindex& index = request.document()->index();
+  const tdefinitionindex& index = *request.document()->index();
   const tnamed named = namedat(index, request.offset());
   if (named.entry == nullptr) return json();
   json result = json::array();
@@ -73,7 +73,7 @@ tanswer definitionreferences(const trequest& request) {
 tanswer definitionhighlights(const trequest& request) {
   constexpr int read = 2, write = 3;
   const ttext& text = *request.document()->text();
-  const tdefinitionindex& index = request.document()->index();
+  const tdefinitionindex& index = *request.document()->index();
   const tnamed named = namedat(index, request.offset());
   if (named.entry == nullptr) return json();
   const auto highlight = [&](tspan span, int kind) -> json {

@@ -177,7 +177,8 @@ void tconversion::add(const tfinding& finding) {
   if (finding.severity == tseverity::plain) return;
   const std::string& key = keyoffile(finding.place.file);
   if (const auto text = textof(key))
-    fresult.try_emplace(key, tfilediagnostics{text}).first->second.list.push_back(diagnostic(finding, key, *text));
+    fresult.try_emplace(key, tfilediagnostics{text})
+        .first->second.list.push_back(diagnostic(finding, key, *text));
   else
     fresult[fdocument.key()].list.push_back(diagnostic(finding, fdocument.key(), ttext("")));
 }

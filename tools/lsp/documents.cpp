@@ -87,9 +87,9 @@ bool tdocument::change(const json& changes, std::int64_t version, tencoding enco
   return true;
 }
 
-const tdefinitionindex& tdocument::index() const {
+const std::shared_ptr<const tdefinitionindex>& tdocument::index() const {
   if (findex == nullptr) findex = std::make_shared<const tdefinitionindex>(*ftext);
-  return *findex;
+  return findex;
 }
 
 bool tdocument::take(std::shared_ptr<const tsnapshot> snapshot) {

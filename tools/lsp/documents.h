@@ -39,7 +39,7 @@ class tdocument {
   bool iscurrent() const { return fsnapshot != nullptr && fsnapshot->serial == fserial; }
 
   // The entries of a definition, as the client has it now. Only the thread of the server asks.
-  const tdefinitionindex& index() const;
+  const std::shared_ptr<const tdefinitionindex>& index() const;
 
   // Where a line of the analysed text is now; 0 if it has been replaced. And the other way round.
   std::int32_t linenow(std::int32_t analysed) const;
@@ -58,7 +58,7 @@ class tdocument {
   std::uint64_t fserial;  // of the text
   std::shared_ptr<const ttext> ftext;
   std::shared_ptr<const tsnapshot> fsnapshot;
-  std::vector<tedit> fedits;  // since the snapshot
+  std::vector<tedit> fedits;                               // since the snapshot
   mutable std::shared_ptr<const tdefinitionindex> findex;  // of the text; null until it is needed
 };
 

@@ -86,10 +86,9 @@ void tsession::registerchanges() {
 
 void tsession::askforsettings() {
   if (!fworkspace.client.can("workspace", "configuration")) return;
-  ask("workspace/configuration", {{"items", {{{"section", "wexcorin"}}}}},
-      [this](const json* result) {
-        if (result != nullptr) takesettings(*result);
-      });
+  ask("workspace/configuration", {{"items", {{{"section", "wexcorin"}}}}}, [this](const json* result) {
+    if (result != nullptr) takesettings(*result);
+  });
 }
 
 void tsession::changesettings(const json& params) {

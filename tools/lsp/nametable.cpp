@@ -18,9 +18,9 @@ tnametable::tnametable(const tvksoptions& store) {
   for (std::int32_t i = 0; i < definition.getcount(); ++i) {
     const toption& option = definition.option(i);
     if (isoffered(option))
-      fnames.push_back({folded(option.name()), i, -1,
-                        option.hasdeprecation(tdeprecation::deprecated) ||
-                            option.hasdeprecation(tdeprecation::obsolete)});
+      fnames.push_back(
+          {folded(option.name()), i, -1,
+           option.hasdeprecation(tdeprecation::deprecated) || option.hasdeprecation(tdeprecation::obsolete)});
   }
   for (std::int32_t i = 0; i < definition.synonyms().count(); ++i) {
     const toption* option = definition.synonymtarget(i);

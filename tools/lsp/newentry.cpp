@@ -30,7 +30,8 @@ std::string tnewentry::place(int& number, std::string_view text) const {
 std::string tnewentry::line() const {
   int number = 1;
   const std::string_view name = keyword == "lookup" ? "Path" : "name";
-  return place(number, name) + " " + parts(number);
+  std::string result = place(number, name) + " ";
+  return result += parts(number);
 }
 
 std::string tnewentry::parts(int firstplace) const {

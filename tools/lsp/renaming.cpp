@@ -42,9 +42,13 @@ const tdefinitionindex::tentry* found(const tdefinitionindex& index, const tdefi
   return index.find(tkind::synonym, name);
 }
 
-trenamed renamedof(std::string key, std::shared_ptr<const ttext> text) {
-  auto index = std::make_shared<const tdefinitionindex>(*text);
-  return {std::move(key), std::move(text), std::move(index), nullptr, {}};
+// Its entry is still to be found. Without a text if the definition cannot be read.
+trenamed renamedof(const std::string& key, const tworkspace& workspace) {
+  if (const tdocument* document = workspace.documents.withkey(key))
+    return {key, document->text(), document->index(), nullptr, {}};
+  const auto text = loadtext(key);
+  return {
+      key, text, text == nullptr ? nullptr : std::make_shared<const tdefinitionindex>(*text), nullptr, {}};
 }
 
 std::optional<trenamed> inoptions(const trequest& request) {
@@ -52,13 +56,11 @@ std::optional<trenamed> inoptions(const trequest& request) {
   const std::optional<toptionline> line = optionlineat(document, request.offset());
   if (!line) return std::nullopt;
   const std::string& key = document.snapshot()->definition->key;
-  const tdocument* definition = request.workspace.documents.withkey(key);
-  const auto text = definition != nullptr ? definition->text() : loadtext(key);
-  if (text == nullptr) return std::nullopt;
+  trenamed result = renamedof(key, request.workspace);
+  if (result.definition == nullptr) return std::nullopt;
   for (const tstatementspans& each : line->parts.statements) {
     const tspan name = line->intext(each.name);
     if (each.option == nullptr || request.offset() < name.begin || request.offset() > name.end) continue;
-    trenamed result = renamedof(key, text);
     result.entry = found(*result.index, line->store->definition(), typedname(*line, each));
     result.span = name;
     if (result.entry != nullptr) return result;
@@ -135,7 +137,7 @@ terror othermeaning(const trequest& request, const std::string& key, std::int32_
 std::optional<trenamed> renamedat(const trequest& request) {
   const tdocument& document = *request.document();
   if (document.kind() == tdocumentkind::options) return inoptions(request);
-  trenamed result = renamedof(document.key(), document.text());
+  trenamed result = renamedof(document.key(), request.workspace);
   const auto place = result.index->at(request.offset());
   if (!place) return std::nullopt;
   result.entry = place->entry;

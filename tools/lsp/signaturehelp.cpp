@@ -64,16 +64,13 @@ class tsignature {
   }
 
   void addentry() {
+    const tspan word = {fparts.type.begin, fparts.ismodified ? fparts.modifier.end : fparts.type.end};
     add("name",
         "A letter, followed by letters, digits and underscores; a period before it for a dot option.");
     if (fparts.keyword.empty())
       add("type", "What the line defines, such as integer, enumstr or group.");
     else
-      fparameters.push_back(
-          {utf8(fline.text.substr(0, fparts.modifier.end)
-                    .substr(fparts.type.begin,
-                            std::max(fparts.type.end, fparts.modifier.end) - fparts.type.begin)),
-           meaningof(fparts.keyword)});
+      fparameters.push_back({utf8(word.of(fline.text)), meaningof(fparts.keyword)});
     if (fparts.keyword == "synonym") add("option", "The name of an option that stands above.");
   }
 

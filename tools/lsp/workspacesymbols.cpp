@@ -37,10 +37,13 @@ std::vector<tsource> definitionsof(const trequest& request) {
       if (document == nullptr) texts[key] = loadtext(key);
     }
   std::vector<tsource> result;
-  for (auto& [key, text] : texts)
-    if (text != nullptr && !request.iscancelled())
-      result.push_back(
-          {workspace.documents.uriof(key), text, std::make_shared<const tdefinitionindex>(*text)});
+  for (auto& [key, text] : texts) {
+    if (text == nullptr || request.iscancelled()) continue;
+    const tdocument* document = workspace.documents.withkey(key);
+    result.push_back(
+        {workspace.documents.uriof(key), text,
+         document != nullptr ? document->index() : std::make_shared<const tdefinitionindex>(*text)});
+  }
   return result;
 }
 

@@ -36,13 +36,6 @@ std::string subjectof(const toption& option, twhich which) {
 
 using tvalue = tassignments::tvalue;
 
-// The value of an option that is neither a list nor a macro.
-tvalue valueof(const toption& option, twhich which) {
-  if (const auto* number = ifis<tdbloption>(&option)) return number->value(which);
-  if (const std::optional<std::int32_t> number = option.getasinteger12(which)) return *number;
-  return std::string(option.getasstring12(which).view());
-}
-
 std::string textof(const tvalue& value) {
   if (const auto* number = std::get_if<std::int32_t>(&value)) return std::string(inttostr(*number).view());
   if (const auto* number = std::get_if<double>(&value)) return std::string(dbltostr(*number).view());
@@ -50,14 +43,37 @@ std::string textof(const tvalue& value) {
   return text != nullptr ? *text : std::string();
 }
 
+bool issame(std::int32_t a, std::int32_t b) { return a == b; }
+bool issame(std::string_view a, std::string_view b) { return a == b; }
 // Numbers that differ only in digits that are not shown count as the same. Texts are made only of numbers that
 // are that near to each other.
-bool issame(const tvalue& a, const tvalue& b) {
-  const auto* one = std::get_if<double>(&a);
-  const auto* other = std::get_if<double>(&b);
-  if (one == nullptr || other == nullptr || *one == *other) return a == b;
+bool issame(double a, double b) {
   constexpr double near = 1e-13;
-  return std::abs(*one - *other) <= near * std::abs(*one) && textof(a) == textof(b);
+  return a == b || (std::abs(a - b) <= near * std::abs(a) && dbltostr(a).view() == dbltostr(b).view());
+}
+
+// Stores the new value in `last`, and the old one in `before` if there was one and it was another: then the
+// result is true.
+template <class tstored, class tnew>
+bool replacewith(const tnew& value, tvalue& last, tvalue& before) {
+  auto* const known = std::get_if<tstored>(&last);
+  if (known == nullptr) {
+    last = tstored(value);
+    return false;
+  }
+  if (issame(*known, value)) return false;
+  before = std::move(*known);
+  *known = value;
+  return true;
+}
+
+// The same with the value of an option that is neither a list nor a macro.
+bool replacevalue(tvalue& last, const toption& option, twhich which, tvalue& before) {
+  if (const auto* number = ifis<tdbloption>(&option))
+    return replacewith<double>(number->value(which), last, before);
+  if (const std::optional<std::int32_t> number = option.getasinteger12(which))
+    return replacewith<std::int32_t>(*number, last, before);
+  return replacewith<std::string>(option.getasstring12(which).view(), last, before);
 }
 
 }  // namespace
@@ -72,14 +88,16 @@ const tassignments::tearlier* tassignments::replaced(const toption& option, std:
   if (option.opttype() == topttype::strlist || option.name().starts_with('.')) return nullptr;
   const twhich which = whichof(bits);
   tassignment& assignment = fassignments[&option][ordinal(which)];
-  tearlier current = {valueof(option, which), stored(file), line};
-  const bool isset = assignment.last.value.index() != 0;
+  tearlier& last = assignment.last;
   const bool macro = bymacro(option);
   const bool refinespreset = std::exchange(assignment.bymacro, macro) && !macro;
-  const bool follows = assignment.last.file == current.file && assignment.last.line <= line;
-  const bool changes = isset && follows && !refinespreset && !issame(assignment.last.value, current.value);
-  freplaced = std::exchange(assignment.last, std::move(current));
-  return changes && !isreported(option, which, assignment.last.file, line) ? &freplaced : nullptr;
+  const std::string* const filename = stored(file);
+  const bool follows = last.file == filename && last.line <= line;
+  freplaced.file = std::exchange(last.file, filename);
+  freplaced.line = std::exchange(last.line, line);
+  const bool changes = replacevalue(last.value, option, which, freplaced.value);
+  return changes && follows && !refinespreset && !isreported(option, which, filename, line) ? &freplaced
+                                                                                            : nullptr;
 }
 
 // A line that changes both values of an option is reported once.

@@ -131,25 +131,25 @@ void tdefinitioncheck::reachable(std::int32_t index, const std::set<std::int32_t
   warn(line, "name-not-found",
        "Option " + inquotes(option.getname()) + " cannot be set by its name" +
            (fdefinition.optlookup(option.name()) < 0 ? ", which the lookup mode does not find"
-                                                     : ": " + holder.text),
+                                                     : ". " + holder.text),
        "name", holder.line);
 }
 
 void tdefinitioncheck::synonym(std::int32_t position) {
   const auto name = fdefinition.synonyms().getname(position);
   const toption* found = fdefinition.getobjects(fdefinition.optlookup(name));
-  if (found != nullptr && found != fdefinition.synonymtarget(position))
-    warn(flines.ofsynonym(position), "name-not-found",
-         "Synonym " + inquotes(fdefinition.nounderscore(name)) +
-             " is never used: " + holderof(name, fdefinition, flines).text,
-         "name", holderof(name, fdefinition, flines).line);
+  if (found == nullptr || found == fdefinition.synonymtarget(position)) return;
+  const tholder holder = holderof(name, fdefinition, flines);
+  warn(flines.ofsynonym(position), "name-not-found",
+       "Synonym " + inquotes(fdefinition.nounderscore(name)) + " is never used. " + holder.text, "name",
+       holder.line);
 }
 
 }  // namespace
 
 tholder holderof(std::string_view name, const tdefinition& definition, tdefinitionlines& lines) {
   const auto holder = [&](const char* kind, std::string_view found, std::int32_t line) -> tholder {
-    return {std::string("the name finds ") + kind + inquotes(definition.nounderscore(found)) +
+    return {std::string("The name finds ") + kind + inquotes(definition.nounderscore(found)) +
                 (line == 0 ? ", which every definition has" : " at line " + std::to_string(line)),
             line};
   };

@@ -146,7 +146,10 @@ std::vector<std::string> tfieldnotes::references(const tmessage& message) const 
       continues ? namespans(line, ismark ? "deprecated" : ftype) : entryspans(line);
   std::vector<std::string> names;
   names.reserve(spans.references.size());
-  for (const tspan& each : spans.references) names.emplace_back(each.of(line));
+  const bool isone = spans.kind != tdefinitionspans::tkind::members || struequal(ftype, "macro");
+  for (const tspan& each : spans.references)
+    if (isone || message.text.find(inquotes(each.of(line))) != std::string_view::npos)
+      names.emplace_back(each.of(line));
   return names;
 }
 

@@ -22,7 +22,7 @@ class tfieldnotes {
  public:
   // To be called with the line on which an option begins, because its type decides what may follow.
   void begin(std::string_view line);
-  // The names of other options in the line that the message is about.
+  // The names of other options that the message is about, as they stand in its line.
   std::vector<std::string> references(const optcore::tmessage& message) const;
 
   // A note on a message about the definition; empty if there is none. The messages about one line share its

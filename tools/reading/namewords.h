@@ -1,4 +1,4 @@
-// Finds the names of a list whose words were typed: in another order, abbreviated, or between others.
+// Finds the names of a list whose words were typed: in another order, abbreviated, between others, or joined.
 #pragma once
 
 #include <cstddef>
@@ -19,9 +19,18 @@ class tnamewords {
   // that belong to no name may be left over, such as the name of a section.
   std::vector<std::string> matching(std::string_view typed, bool leaveover) const;
 
+  // The names that the typed word abbreviates, at most three: it is made of the beginnings of at least two of
+  // their words, in order and written together, as feastol for feasibility_tolerance. Names of which fewer
+  // words are missing come first.
+  std::vector<std::string> abbreviated(std::string_view typed) const;
+
  private:
+  using tpositions = std::vector<std::size_t>;
+
   // Looking at the names that share one rare word with what was typed is quicker than looking at all.
-  std::unordered_map<std::string, std::vector<std::size_t>> fbeginnings;
+  std::unordered_map<std::string, tpositions> fbeginnings;
+  // The names by the beginnings of two of their words that have at most one other between them.
+  std::unordered_map<std::string, tpositions> fbeginningpairs;
   std::vector<std::string> fnames;
   std::vector<std::vector<std::string>> fwords;  // of each name, folded
 };

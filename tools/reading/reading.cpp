@@ -321,8 +321,9 @@ void treading::watchsetting(const toption& option) {
   const tlinesource* source = fstore.messages().activesource();
   if (source == nullptr) return;
   const tcharset& comments = fstore.definition().eolcommset();
-  const bool hascomment = std::ranges::any_of(
-      source->linetext(), [&](char c) { return comments.test(static_cast<unsigned char>(c)); });
+  const bool hascomment = comments.any() && std::ranges::any_of(source->linetext(), [&](char c) {
+                            return comments.test(static_cast<unsigned char>(c));
+                          });
   if (!hascomment && !option.name().starts_with("--")) return;  // nearly all lines
   const tplace place = placeof(source, source->linenr());
   if (option.name().starts_with("--") && option.name().size() > maxidentifier + 2)

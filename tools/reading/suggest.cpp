@@ -35,11 +35,27 @@ bool isgluedtonumber(std::string_view line, std::string_view name) {
   return line.size() > 1 && line[0] == '.' && isdigit(line[1]);
 }
 
+// The name behind signs that no name begins with: $threads, "threads". Empty if the line begins otherwise.
+std::string_view behindsigns(std::string_view line) {
+  constexpr std::string_view signs = "$_\"'%@&#\\<[({";
+  line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+  const std::size_t begin = line.find_first_not_of(signs);
+  if (begin == 0 || begin == std::string_view::npos) return {};
+  line.remove_prefix(begin);
+  return line.substr(0, line.find_first_of("\"'>])} \t=:,"));
+}
+
+// Whether the problem is that the line begins with such a sign.
+bool isaboutsigns(const tsubject& subject, std::string_view line) {
+  return subject.problem == tsubject::tproblem::other && subject.option == nullptr && subject.name.empty() &&
+         !behindsigns(line).empty();
+}
+
 // Whether the problem is a name or word that may be mistyped.
 bool isaboutword(const tsubject& subject, std::string_view line) {
   using enum tsubject::tproblem;
-  return subject.problem == unknownoption || subject.problem == unknowndotoption ||
-         subject.problem == badseparator || isaboutvalue(subject) ||
+  return isaboutsigns(subject, line) || subject.problem == unknownoption ||
+         subject.problem == unknowndotoption || subject.problem == badseparator || isaboutvalue(subject) ||
          (subject.problem == other && subject.option == nullptr && isgluedtonumber(line, subject.name));
 }
 
@@ -98,6 +114,7 @@ std::size_t placeof(std::string_view line, std::string_view name) {
 // What was typed where the name stands in the line: the whole word that has it, and the words after that,
 // with one blank between them. The name alone if it is not in the line.
 std::string typedat(std::string_view line, std::string_view name) {
+  if (name.empty()) return std::string(behindsigns(line));
   const std::string_view stem = name.substr(std::min(name.find_first_not_of("-."), name.size()));
   const std::size_t at = stem.empty() ? std::string_view::npos : placeof(line, stem);
   if (at == std::string_view::npos) return std::string(name);
@@ -198,7 +215,7 @@ std::vector<std::string> tsuggester::definedlike(const std::vector<std::string>&
 std::vector<std::string> tsuggester::found(const tsubject& subject, const std::string& typed) {
   switch (subject.problem) {
     case tsubject::tproblem::other:
-      if (subject.option == nullptr) return likekey(subject.name, typed);
+      if (subject.option == nullptr) return likekey(subject.name.empty() ? typed : subject.name, typed);
       if (std::string name = joinedtovalue(subject); !name.empty()) return {std::move(name)};
       return subject.option->opttype() == topttype::boolean ? booleanwordslike(subject.value)
                                                             : std::vector<std::string>();
@@ -251,6 +268,7 @@ std::vector<std::string> tsuggester::likekey(std::string_view key, std::string_v
   if (!result.empty()) return result;
   if (std::string name = writtenotherwise(word); !name.empty()) return {std::move(name)};
   result = keys().nearest(key, tmatch::nearorlonger);
+  if (result.empty()) append(result, fkeywords->abbreviated(word));
   if (result.empty()) append(result, knownpart(key));
   if (result.empty()) append(result, samewords(word, true));
   if (result.empty()) append(result, likelastpart(word));
