@@ -1,5 +1,5 @@
-# The Debian packages, one for each component: libwexcorin2, libwexcorin-dev, wexcorin and, where the Python package is
-# built, python3-wexcorin. CPack writes them to the folder in which it is called. scripts/package calls it for a build
+# The Debian packages, one for each component: libwexcorin2, libwexcorin-dev, wexcorin, wexcorin-editors and, where the
+# Python package is built, python3-wexcorin. CPack writes them to the folder in which it is called. scripts/package calls it for a build
 # of the preset `package`, whose prefix is /usr.
 
 set(CPACK_GENERATOR DEB)
@@ -50,6 +50,22 @@ writes a definition as a header for programs or as a reference for readers.
 This package holds the command-line tool, the documentation of the definition
 file and the option file, and the examples.")
 
+# Of its own, because wexcorin is also for machines on which nobody edits. The editors need no maintainer scripts: they
+# find the files in these folders by themselves, and Emacs may compile them or not.
+set(CPACK_DEBIAN_EDITORS_PACKAGE_NAME wexcorin-editors)
+set(CPACK_DEBIAN_EDITORS_PACKAGE_SECTION editors)
+set(CPACK_DEBIAN_EDITORS_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_EDITORS_PACKAGE_DEPENDS "wexcorin (>= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_EDITORS_PACKAGE_SUGGESTS "elpa-eglot, emacs, neovim")
+set(CPACK_DEBIAN_EDITORS_PACKAGE_ENHANCES "emacs, neovim")
+set(CPACK_DEBIAN_EDITORS_DESCRIPTION "options of a solver, support in editors
+wexcorin checks the definition file that describes a solver's options, and the
+option files of modellers. It is a language server, too: editors show mistakes
+while one types, complete names and values, and explain options.
+.
+This package holds the types of files, the colours and the start of the server
+for Neovim and Emacs.")
+
 set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-wexcorin)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS "wexcorin")
@@ -82,7 +98,7 @@ set(weekdays Sun Mon Tue Wed Thu Fri Sat)
 list(GET weekdays ${weekday} weekday_name)
 configure_file("${CMAKE_CURRENT_LIST_DIR}/debian/changelog.in" "${debian_output}/changelog" @ONLY)
 
-set(components library development tool)
+set(components library development tool editors)
 if(TARGET wexcorin_python)
   list(APPEND components python)
 endif()

@@ -1,6 +1,6 @@
 # What is installed, in three components. `library` is what programs need at run time, `development` is what clients
-# are built with, and `tool` is the command-line tool with its manual page and completion, the documentation and the
-# examples. Other projects find the installed library with a CMake package (find_package(wexcorin), target
+# are built with, `tool` is the command-line tool with its manual page and completion, the documentation and the
+# examples, and `editors` is what Neovim and Emacs load to use the tool as their language server. Other projects find the installed library with a CMake package (find_package(wexcorin), target
 # wexcorin::wexcorin) or with pkg-config.
 include(CMakePackageConfigHelpers)
 
@@ -12,6 +12,7 @@ set(WEXCORIN_ZSH_COMPLETIONS "${CMAKE_INSTALL_DATADIR}/zsh/site-functions" CACHE
 function(wexcorin_install_documents folder)
   install(FILES README.md CHANGELOG.md SECURITY.md DESTINATION "${folder}" ${ARGN})
   install(DIRECTORY docs examples DESTINATION "${folder}" ${ARGN} PATTERN architecture.md EXCLUDE)
+  install(FILES editors/README.md DESTINATION "${folder}/editors" ${ARGN})
 endfunction()
 
 install(TARGETS wexcorin EXPORT wexcorinTargets
@@ -53,4 +54,8 @@ if(WEXCORIN_BUILD_TOOL)
   install(FILES completion/wexcorin.fish COMPONENT tool
     DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d")
   wexcorin_install_documents("${CMAKE_INSTALL_DOCDIR}" COMPONENT tool)
+  # Both editors look in these folders below /usr and /usr/local. Emacs loads a package from a folder with its version.
+  install(DIRECTORY editors/neovim/ DESTINATION "${CMAKE_INSTALL_DATADIR}/nvim/site" COMPONENT editors)
+  install(DIRECTORY editors/emacs/ COMPONENT editors
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/emacs/site-lisp/elpa/wexcorin-mode-${PROJECT_VERSION}")
 endif()

@@ -56,6 +56,28 @@ need() {
   rm -f "$log"
 }
 
+# Copies the extension in editors/vscode to build/vscode, and installs the Node packages that it is made and tried with
+# there, once for each list of them. Returns false, with a word, when they cannot be had.
+node_packages() {
+  local place=$root/build/vscode
+  if ! command -v npm >/dev/null && ! (need nodejs npm); then
+    return 1
+  fi
+  mkdir -p "$place"
+  find "$place" -mindepth 1 -maxdepth 1 ! -name node_modules ! -name installed ! -name log -exec rm -rf {} +
+  cp -R "$root/editors/vscode/." "$place"
+  if cmp -s "$place/package-lock.json" "$place/installed"; then
+    return
+  fi
+  say "installing the packages of editors/vscode/package-lock.json in build/vscode"
+  # No package runs a script of its own: none that is needed here has one to run.
+  if ! (cd "$place" && npm ci --ignore-scripts --fetch-retries=1) </dev/null >"$place/log" 2>&1; then
+    say "the Node packages cannot be installed, see build/vscode/log"
+    return 1
+  fi
+  cp "$place/package-lock.json" "$place/installed"
+}
+
 # Prints lines and branches from llvm-cov's report, for each source in the library's folders and for each folder.
 percentages() {
   awk '

@@ -52,7 +52,7 @@ def fault(path, link):
 
 
 followed, faults = 0, []
-for component in "library", "development", "tool":
+for component in "library", "development", "tool", "editors":
     with tempfile.TemporaryDirectory() as prefix:
         subprocess.run([cmake, "--install", build, "--component", component, "--prefix", prefix], check=True,
                        stdout=subprocess.DEVNULL)
