@@ -29,6 +29,7 @@ using nlohmann::json;
 
 constexpr const char* optionsuri = "file:///none/main.opt";
 constexpr const char* definitionuri = "file:///none/main.def";
+constexpr std::int64_t firstid = 1'000'000'001;  // which no message of the input is likely to have
 
 class tmemory {
  public:
@@ -72,7 +73,6 @@ class teditor {
   const std::string& sent() const { return fsent; }
   // The requests that must be answered: those before anything that may break the session.
   std::int64_t certain() const { return fcertain < 0 ? flast : fcertain; }
-  std::int64_t last() const { return flast; }
 
  private:
   void send(const json& message) {
@@ -93,7 +93,7 @@ class teditor {
 
   const std::string fdefinition, foptions;
   std::string fsent;
-  std::int64_t flast = 0;
+  std::int64_t flast = firstid - 1;
   std::int64_t fcertain = -1;
 };
 
@@ -185,7 +185,7 @@ void check(const teditor& editor, std::string_view said) {
     HOLDS(message.contains("result") != message.contains("error"), frame.text);
     if (message["id"].is_number_integer()) ++answers[message["id"].get<std::int64_t>()];
   }
-  for (std::int64_t id = 1; id <= editor.certain(); ++id) HOLDS(answers[id] == 1, id, answers[id]);
+  for (std::int64_t id = firstid; id <= editor.certain(); ++id) HOLDS(answers[id] == 1, id, answers[id]);
 }
 
 }  // namespace
