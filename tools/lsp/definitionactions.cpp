@@ -59,6 +59,7 @@ class tactions {
 
   // What check suggests for this line.
   void suggest(std::int32_t line, tspan span) {
+    if (fdocument.snapshot() == nullptr) return;
     for (const tfinding& finding : fdocument.snapshot()->findings)
       if (fdocument.linenow(finding.place.line) == line && finding.place.file == fdocument.name())
         for (const std::string& each : finding.suggestions) replace(line, span, each);

@@ -202,7 +202,7 @@ class tcompletion {
     json& item = add(utf8(entry.name), kindreference,
                      std::string(entry.keyword) + (entry.text.empty() ? "" : ": " + utf8(entry.text)), word(),
                      std::string(entry.name));
-    const optcore::tvksoptions* store = fdocument.snapshot()->store();
+    const optcore::tvksoptions* store = fdocument.store();
     const std::int32_t position = store == nullptr ? -1 : store->definition().indexof(entry.name);
     if (position >= 0) item["data"] = {{"uri", fdocument.uri()}, {"option", position}};
     return item;

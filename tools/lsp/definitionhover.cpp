@@ -77,7 +77,7 @@ class thoverat {
   // An option that the last analysis does not know is shown as its line has it.
   std::string entrytext(const tdefinitionindex& index, const tdefinitionindex::tentry& entry) const {
     if (entry.kind == tkind::group) return grouptext(index, entry);
-    const optcore::tvksoptions* store = fdocument.snapshot()->store();
+    const optcore::tvksoptions* store = fdocument.store();
     const std::int32_t position = store == nullptr ? -1 : store->definition().indexof(entry.name);
     const std::string text =
         position < 0 ? codetext(entry.name, fmarkup) + ": " + prosetext(utf8(entry.text), fmarkup) + "\n"

@@ -14,7 +14,8 @@ using tkind = tdefinitionindex::tkind;
 
 // The uses in option files; those of a synonym are the ones that are written like it.
 void adduses(const trequest& request, const tdefinitionindex::tentry& entry, json& locations) {
-  const auto& definition = request.document()->snapshot()->definition;
+  const auto& snapshot = request.document()->snapshot();
+  const auto definition = snapshot == nullptr ? nullptr : snapshot->definition;
   if (definition == nullptr || entry.kind == tkind::group) return;
   const optcore::tdefinition& known = definition->store().definition();
   const std::int32_t index = known.indexof(entry.name);

@@ -36,6 +36,8 @@ class tdocument {
   const std::shared_ptr<const ttext>& text() const { return ftext; }
   // Of the last text that was analysed, which may be an older one. Null before the first analysis.
   const std::shared_ptr<const tsnapshot>& snapshot() const { return fsnapshot; }
+  // With the definition of the last analysis; null if there is none.
+  const optcore::tvksoptions* store() const { return fsnapshot == nullptr ? nullptr : fsnapshot->store(); }
   bool iscurrent() const { return fsnapshot != nullptr && fsnapshot->serial == fserial; }
 
   // The entries of a definition, as the client has it now. Only the thread of the server asks.
