@@ -54,7 +54,7 @@ std::optional<std::string> contentsof(const std::string& path) {
 // ---- files
 
 bool tmigration::run(const std::string& filename) {
-  treading reading;
+  treading& reading = freading.emplace();
   reading.readdefinitionof(fdefinitions.older);
   fstore = &reading.store();
   froot = filename;

@@ -107,6 +107,7 @@ class tmigration final : optcore::tstoreobserver {
   std::map<const tmigratedfile*, tpins> fpinned;
   std::map<std::string, tmigratedfile*> findex;  // by their paths without links
   std::vector<std::unique_ptr<topen>> fopen;     // the included ones last
+  std::optional<treading> freading;
   const optcore::tvksoptions* fstore = nullptr;  // that reads the files
   std::optional<tpositions> fpositions;
   bool fnobounds = false, fnewnobounds = false;      // as reading has left them
