@@ -47,7 +47,7 @@ class tsignature {
   // `name` and `symbol` must be equal regardless of case; otherwise the table does not compile.
   template <class tresult, class... targuments>
   constexpr tsignature(std::string_view name, std::string_view symbol,
-                       tresult (*)(tvksoptions*, targuments...))
+                       tresult (*)(::tvksoptions*, targuments...))
       : fname(name),
         fcount(sizeof...(targuments)),
         fcodes{tsignaturecode<tresult>::value, tsignaturecode<targuments>::value...} {

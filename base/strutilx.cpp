@@ -7,7 +7,7 @@ namespace optcore {
 
 namespace {
 
-std::int32_t endof(std::string_view text) { return static_cast<std::int32_t>(text.size()); }
+std::int32_t lengthof(std::string_view text) { return static_cast<std::int32_t>(text.size()); }
 
 }  // namespace
 
@@ -39,15 +39,15 @@ shortstring blankstr(std::int32_t count) noexcept { return fillstr(' ', count); 
 
 shortstring padleft(std::string_view text, std::int32_t width) noexcept {
   const std::int32_t wanted = std::clamp<std::int32_t>(width, 0, shortstring::capacity);
-  return blankstr(wanted - endof(text)).append(text);
+  return blankstr(wanted - lengthof(text)).append(text);
 }
 shortstring padright(std::string_view text, std::int32_t width) noexcept {
-  return shortstring(text).append(blankstr(std::max(width, 0) - endof(text)));
+  return shortstring(text).append(blankstr(std::max(width, 0) - lengthof(text)));
 }
 shortstring padrightmod(std::string_view text, std::int32_t width) noexcept {
   if (width < 1) return text;
-  const std::int32_t excess = endof(text) % width;
-  return padright(text, excess == 0 ? endof(text) : endof(text) + (width - excess));
+  const std::int32_t excess = lengthof(text) % width;
+  return padright(text, excess == 0 ? lengthof(text) : lengthof(text) + (width - excess));
 }
 
 // ---- names with trailing numbers

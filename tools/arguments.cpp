@@ -23,7 +23,7 @@ namespace tool {
 
 namespace {
 
-constexpr const char* notes =
+constexpr const char* footnotes =
     "An input file named - is standard input, an output file named - standard output.\n"
     "Exit codes: 0 no errors; 1 errors in what was read; 2 wrong use, or a file that cannot be opened, "
     "read\n"
@@ -225,7 +225,7 @@ const CLI::App& addcheck(CLI::App& app, tcheckarguments& arguments) {
       ->delimiter(',')
       ->allow_extra_args(false)
       ->check(checkrule);
-  command.footer(rulestext() + notes);
+  command.footer(rulestext() + footnotes);
   return command;
 }
 
@@ -338,7 +338,7 @@ const CLI::App& addwrite(CLI::App& app, twritearguments& arguments) {
   addoutput(command, arguments.output);
   command.add_flag("--exact", arguments.exact, "Write numbers with all their digits, not with 15");
   command.add_flag("--force", arguments.force, "Write even if there are errors in what was read");
-  command.footer(std::string(losses) + notes);
+  command.footer(std::string(losses) + footnotes);
   return command;
 }
 
@@ -371,7 +371,7 @@ std::string failuretext(const CLI::App* app, const CLI::Error& error) {
 }
 
 void prepare(CLI::App& app) {
-  app.footer(notes);                      // the commands inherit it, and the next line
+  app.footer(footnotes);                  // the commands inherit it, and the next line
   app.option_defaults()->group("Flags");  // "option" is what an option file sets
   app.get_help_ptr()->group("Flags");
   app.failure_message(failuretext);

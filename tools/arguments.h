@@ -137,10 +137,10 @@ struct tlsparguments {};
 
 // The arguments of one command, or an exit code if there is nothing left to do: the help, the version or an
 // error message has been printed.
-using targuments = std::variant<int, tcheckarguments, tshowarguments, tgetarguments, texplainarguments,
-                                tfindarguments, thelparguments, tcompletearguments, ttemplatearguments,
-                                twritearguments, tdiffarguments, tmigratearguments, tdocarguments,
-                                tlsparguments>;
+using targuments =
+    std::variant<int, tcheckarguments, tshowarguments, tgetarguments, texplainarguments, tfindarguments,
+                 thelparguments, tcompletearguments, ttemplatearguments, twritearguments, tdiffarguments,
+                 tmigratearguments, tdocarguments, tlsparguments>;
 
 targuments parsearguments(int argc, char** argv);
 

@@ -74,7 +74,7 @@ std::string dojob(const std::string& written) {
 // null, it only creates a handle and frees it.
 extern "C" __attribute__((visibility("default"))) std::size_t runclient(const char* written, char* text,
                                                                         std::size_t size) {
-  if (written != nullptr) return host::dojob(written).copy(text, size);
+  if (written != nullptr) return ::host::dojob(written).copy(text, size);
   wexcorin::options().read("help 3 --list x");
   return 0;
 }

@@ -26,7 +26,7 @@ bool bymacro(const toption& option) {
 
 twhich whichof(std::int32_t bits) { return bits == secondvaluebit ? twhich::second : twhich::first; }
 
-std::string subjectof(const toption& option, twhich which) {
+std::string subjectatstart(const toption& option, twhich which) {
   const bool twovalues = option.subtype() == tsubtype::twovalues;
   const char* head = !twovalues                ? "Option "
                      : which == twhich::second ? "Second value of option "
@@ -118,9 +118,9 @@ tfinding replacedfinding(const toption& option, std::int32_t bits, const tassign
   return {.place = place,
           .severity = tseverity::warning,
           .rule = replacedrule,
-          .text = subjectof(option, which) + " is set to " + strexternal(option.getasstring12(which).view()) +
-                  ", but was set to " + strexternal(textof(earlier.value)) + " at " +
-                  placetext({*earlier.file, earlier.line}),
+          .text = subjectatstart(option, which) + " is set to " +
+                  strexternal(option.getasstring12(which).view()) + ", but was set to " +
+                  strexternal(textof(earlier.value)) + " at " + placetext({*earlier.file, earlier.line}),
           .name = std::string(option.owner().messages().curoptname()),
           .related = {{{*earlier.file, earlier.line}, "was set here"}}};
 }

@@ -32,7 +32,7 @@ twords wordsof(std::string_view text) {
 // Words that are the same begin alike.
 std::string beginning(const std::string& word) { return word.substr(0, shortest); }
 
-bool issame(std::string_view a, std::string_view b) {
+bool issameword(std::string_view a, std::string_view b) {
   return a == b || (std::min(a.size(), b.size()) >= shortest && (a.starts_with(b) || b.starts_with(a)));
 }
 
@@ -48,7 +48,7 @@ std::optional<tmatching> match(const twords& name, const twords& typed) {
   bool disordered = false;
   for (const std::string& word : name) {
     std::size_t at = 0;
-    while (at < typed.size() && (taken[at] || !issame(word, typed[at]))) ++at;
+    while (at < typed.size() && (taken[at] || !issameword(word, typed[at]))) ++at;
     if (at == typed.size()) return std::nullopt;
     taken[at] = true;
     disordered = disordered || at < next;
