@@ -14,7 +14,7 @@ namespace optcore {
 namespace detail {
 
 using tblock = __m128i;  // sixteen characters
-inline constexpr std::size_t blocksize = sizeof(tblock);
+inline constexpr std::size_t blockbytes = sizeof(tblock);
 
 inline tblock each(int code) noexcept { return _mm_set1_epi8(static_cast<char>(code)); }
 
@@ -91,13 +91,13 @@ inline std::uint64_t mixblock(std::uint64_t state, tblock block) noexcept {
   if (count != text.size()) return false;
   const char* const a = sought.data();
   const char* const b = text.data();
-  if (count < blocksize) return isnothing(difference(loadfew(a, count), loadfew(b, count)));
-  const std::size_t last = count - blocksize;
+  if (count < blockbytes) return isnothing(difference(loadfew(a, count), loadfew(b, count)));
+  const std::size_t last = count - blockbytes;
   tblock differs = difference(loadblock(a + last), loadblock(b + last));
   std::size_t i = 0;
   do {
     differs = _mm_or_si128(differs, difference(loadblock(a + i), loadblock(b + i)));
-    i += blocksize;
+    i += blockbytes;
   } while (i < last);
   return isnothing(differs);
 }
@@ -107,14 +107,14 @@ inline std::uint64_t mixblock(std::uint64_t state, tblock block) noexcept {
   const std::size_t count = text.size();
   const char* const characters = text.data();
   std::uint64_t state = hashseed.first + count;
-  if (count < blocksize) {
+  if (count < blockbytes) {
     state = mixblock(state, upperblock(loadfew(characters, count)));
   } else {
-    const std::size_t last = count - blocksize;
+    const std::size_t last = count - blockbytes;
     std::size_t i = 0;
     do {
       state = mixblock(state, upperblock(loadblock(characters + i)));
-      i += blocksize;
+      i += blockbytes;
     } while (i < last);
     state = mixblock(state, upperblock(loadblock(characters + last)));
   }

@@ -9,12 +9,12 @@
 
 namespace optcore {
 
-inline constexpr std::size_t blockpadding = detail::blocksize - 1;
+inline constexpr std::size_t blockpadding = detail::blockbytes - 1;
 
 // The first character for which matches(block) has its bits set.
 template <class tmatches>
 char* findinblocks(char* text, tmatches matches) noexcept {
-  for (;; text += detail::blocksize) {
+  for (;; text += detail::blockbytes) {
     const auto found = static_cast<unsigned>(_mm_movemask_epi8(matches(detail::loadblock(text))));
     if (found != 0) return text + std::countr_zero(found);
   }

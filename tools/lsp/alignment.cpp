@@ -14,7 +14,7 @@ namespace tool::lsp {
 namespace {
 
 using namespace optcore;
-using tkind = tstatementspans::tkind;
+using tstatementkind = tstatementspans::tkind;
 
 constexpr std::string_view blanks = " \t";
 
@@ -64,7 +64,7 @@ class tlayout {
   bool addcells(const tlaidline& line, const tlinespans& spans) {
     if (spans.statements.size() != 1) return false;
     const tstatementspans& setting = spans.statements.front();
-    const bool isplain = setting.kind == tkind::setting || setting.kind == tkind::immediate;
+    const bool isplain = setting.kind == tstatementkind::setting || setting.kind == tstatementkind::immediate;
     if (!isplain || setting.whole.begin != setting.name.begin) return false;
     const bool hasvalue = !setting.value.empty();
     const std::size_t end = std::max({setting.name.end, setting.value.end, setting.second.end});
@@ -117,7 +117,7 @@ class tlayout {
   // Lines of their own kind lose only the blanks at their ends.
   void trim(const tlaidline& line, const tlinespans& spans) {
     const bool isknown = std::ranges::none_of(
-        spans.statements, [](const tstatementspans& each) { return each.kind == tkind::unknown; });
+        spans.statements, [](const tstatementspans& each) { return each.kind == tstatementkind::unknown; });
     if (!isread(line))
       replace(fresult.size() - 1, std::string(trimmedright(line.text)));
     else

@@ -10,9 +10,9 @@ namespace tool::lsp {
 
 namespace {
 
-class tactions {
+class tdefinitionactions {
  public:
-  explicit tactions(const trequest& request)
+  explicit tdefinitionactions(const trequest& request)
       : frequest(request),
         fdocument(*request.document()),
         findex(*fdocument.index()),
@@ -97,6 +97,6 @@ class tactions {
 
 }  // namespace
 
-tanswer definitionactions(const trequest& request) { return tactions(request).run(); }
+tanswer definitionactions(const trequest& request) { return tdefinitionactions(request).run(); }
 
 }  // namespace tool::lsp

@@ -13,7 +13,7 @@ namespace tool::lsp {
 
 namespace {
 
-using tkind = tdefinitionspans::tkind;
+using tspankind = tdefinitionspans::tkind;
 constexpr int kindkeyword = 14, kindsnippet = 15, kindvalue = 12, kindreference = 18;
 
 class tcompletion {
@@ -31,7 +31,7 @@ class tcompletion {
       entry();
     else if (namesoptions())
       names();
-    else if (const tfieldspan* field = parts.kind == tkind::value ? parts.fieldat(fcolumn) : nullptr)
+    else if (const tfieldspan* field = parts.kind == tspankind::value ? parts.fieldat(fcolumn) : nullptr)
       fieldvalues(*field);
     return {{"isIncomplete", fincomplete}, {"items", std::move(fitems)}};
   }
@@ -49,7 +49,7 @@ class tcompletion {
 
   void entry() {
     const tdefinitionspans& parts = fline.parts;
-    if (fline.text.starts_with('*') || parts.kind == tkind::unread) return;
+    if (fline.text.starts_with('*') || parts.kind == tspankind::unread) return;
     if (parts.keyword == "lookup" && fcolumn <= parts.name.end) return modes();
     if (parts.name.empty() || (fcolumn <= parts.name.end && parts.type.empty())) return newentries();
     if (fcolumn <= parts.name.end) return;

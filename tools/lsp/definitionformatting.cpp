@@ -10,7 +10,7 @@ namespace tool::lsp {
 
 namespace {
 
-using tkind = tdefinitionspans::tkind;
+using tspankind = tdefinitionspans::tkind;
 
 // The columns of the first line of an entry. Types without bounds leave their columns free.
 enum tcolumn : std::size_t { name, type, reference, defaultvalue, low, high, flag, group, columncount };
@@ -89,17 +89,17 @@ std::optional<trow> rowof(const tdefinitionline& line) {
       std::ranges::any_of(parts.fields, [](const tfieldspan& each) { return each.span.empty(); });
   const bool islong = line.text.size() == optcore::tlinereader::maxline;  // perhaps more
   if (lacks || islong || line.text.find('\x1a') != std::string_view::npos) return std::nullopt;
-  if (parts.kind == tkind::entry) {
+  if (parts.kind == tspankind::entry) {
     const bool issynonym = parts.keyword == "synonym" && !parts.references.empty();
     if (parts.fields.empty() && !issynonym) return std::nullopt;
     const tspan word = {parts.type.begin, parts.ismodified ? parts.modifier.end : parts.type.end};
     row.cells = {{name, parts.name.of(line.text)}, {type, word.of(line.text)}};
     if (issynonym) row.text = line.text.substr(parts.references[0].begin);
-  } else if (parts.kind == tkind::value) {
+  } else if (parts.kind == tspankind::value) {
     row.lead = " ";
     row.cells = {{name, parts.fields[0].span.of(line.text)}, {flag, parts.fields[1].span.of(line.text)}};
     return row;
-  } else if (parts.kind == tkind::mark && line.text[parts.references[0].begin - 1] != '"') {
+  } else if (parts.kind == tspankind::mark && line.text[parts.references[0].begin - 1] != '"') {
     row.lead = " ";
     row.cells = {{name, parts.references[0].of(line.text)}};
     return row;
@@ -118,9 +118,10 @@ tanswer definitionformatting(const trequest& request) {
   tfileedits edits(document.text());
   ttable entries, below;  // those of a paragraph, and those below one entry
   walkdefinition(*document.text(), [&](const tdefinitionline& line) {
-    if (line.parts.kind == tkind::entry || line.text.empty()) below.close(edits);
+    if (line.parts.kind == tspankind::entry || line.text.empty()) below.close(edits);
     if (line.text.empty()) entries.close(edits);
-    if (std::optional<trow> row = rowof(line)) (line.parts.kind == tkind::entry ? entries : below).add(*row);
+    if (std::optional<trow> row = rowof(line))
+      (line.parts.kind == tspankind::entry ? entries : below).add(*row);
     return true;
   });
   below.close(edits);

@@ -8,14 +8,14 @@ namespace tool::lsp {
 
 namespace {
 
-using tkind = tdefinitionindex::tkind;
+using tentrykind = tdefinitionindex::tkind;
 
 struct thover {
   std::string text;
   tspan span;  // in the text
 };
 
-bool has(tspan span, std::size_t offset) {
+bool isin(tspan span, std::size_t offset) {
   return !span.empty() && span.begin <= offset && offset <= span.end;
 }
 
@@ -31,12 +31,12 @@ class thoverat {
     if (const auto place = index.at(foffset)) return thover{entrytext(index, *place->entry), place->span};
     const tdefinitionline line = definitionlineat(*fdocument.text(), foffset);
     const tdefinitionspans& parts = line.parts;
-    if (has(line.intext(parts.type), foffset) && !parts.keyword.empty())
+    if (isin(line.intext(parts.type), foffset) && !parts.keyword.empty())
       return thover{keywordtext(parts.keyword), line.intext(parts.type)};
-    if (parts.ismodified && has(line.intext(parts.modifier), foffset))
+    if (parts.ismodified && isin(line.intext(parts.modifier), foffset))
       return modifierhover(line.intext(parts.modifier), parts.modifier.of(line.text));
     for (const tfieldspan& each : parts.fields)
-      if (has(line.intext(each.span), foffset))
+      if (isin(line.intext(each.span), foffset))
         return thover{fieldtext(index, each, each.span.of(line.text)), line.intext(each.span)};
     return std::nullopt;
   }
@@ -61,7 +61,7 @@ class thoverat {
         prosetext(field.field->name, fmarkup) + "\n\n" + prosetext(field.field->meaning, fmarkup) + "\n";
     if (field.field->form != tform::groupnumber) return result;
     for (const tdefinitionindex::tentry& each : index.entries())
-      if (each.kind == tkind::group && std::to_string(each.number) == word)
+      if (each.kind == tentrykind::group && std::to_string(each.number) == word)
         return result + "\n" + grouptext(index, each);
     return result;
   }
@@ -76,13 +76,13 @@ class thoverat {
 
   // An option that the last analysis does not know is shown as its line has it.
   std::string entrytext(const tdefinitionindex& index, const tdefinitionindex::tentry& entry) const {
-    if (entry.kind == tkind::group) return grouptext(index, entry);
+    if (entry.kind == tentrykind::group) return grouptext(index, entry);
     const optcore::tvksoptions* store = fdocument.store();
     const std::int32_t position = store == nullptr ? -1 : store->definition().indexof(entry.name);
     const std::string text =
         position < 0 ? codetext(entry.name, fmarkup) + ": " + prosetext(utf8(entry.text), fmarkup) + "\n"
                      : definitiontext(*store, position, fmarkup);
-    return entry.kind == tkind::option ? text : codetext(entry.name, fmarkup) + ": a synonym\n\n" + text;
+    return entry.kind == tentrykind::option ? text : codetext(entry.name, fmarkup) + ": a synonym\n\n" + text;
   }
 
   const tdocument& fdocument;

@@ -10,7 +10,7 @@ namespace tool::lsp {
 namespace {
 
 using tentry = tdefinitionindex::tentry;
-using tkind = tdefinitionindex::tkind;
+using tentrykind = tdefinitionindex::tkind;
 
 class toutline {
  public:
@@ -19,7 +19,7 @@ class toutline {
     for (const tdefinitionindex::treference& each : index.references())
       if (each.keyword == "deprecated" || each.keyword == "obsolete") fmarked.insert(index.target(each));
     for (const tentry& each : index.entries())
-      if (each.kind == tkind::group) fgroups.try_emplace(each.number, &each);
+      if (each.kind == tentrykind::group) fgroups.try_emplace(each.number, &each);
     for (const tdefinitionindex::treference& each : index.references())
       if (each.keyword == "synonym") ftargets[each.line] = index.target(each);
   }
@@ -45,7 +45,7 @@ class toutline {
   static std::string nameof(const tentry& entry) { return utf8(entry.name); }
 
   const tentry* parentof(const tentry& entry) const {
-    if (entry.kind == tkind::option) return entry.number > 0 ? groupof(entry.number) : nullptr;
+    if (entry.kind == tentrykind::option) return entry.number > 0 ? groupof(entry.number) : nullptr;
     const auto target = ftargets.find(entry.line);
     return target == ftargets.end() ? nullptr : target->second;
   }

@@ -10,20 +10,20 @@ namespace tool::lsp {
 
 namespace {
 
-using tkind = tdefinitionindex::tkind;
+using tentrykind = tdefinitionindex::tkind;
 
 // The uses in option files; those of a synonym are the ones that are written like it.
 void adduses(const trequest& request, const tdefinitionindex::tentry& entry, json& locations) {
   const auto& snapshot = request.document()->snapshot();
   const auto definition = snapshot == nullptr ? nullptr : snapshot->definition;
-  if (definition == nullptr || entry.kind == tkind::group) return;
+  if (definition == nullptr || entry.kind == tentrykind::group) return;
   const optcore::tdefinition& known = definition->store().definition();
   const std::int32_t index = known.indexof(entry.name);
   if (index < 0) return;
   for (const tuse& use : usesof(request, *definition, index)) {
     std::string written(use.text->part(use.name));
     std::ranges::replace(written, ' ', '_');
-    if (entry.kind == tkind::option || optcore::struequal(written, entry.name))
+    if (entry.kind == tentrykind::option || optcore::struequal(written, entry.name))
       locations.push_back(
           locationjson(request.workspace.documents.uriof(use.key), *use.text, use.name, request.encoding()));
   }

@@ -16,8 +16,8 @@ namespace {
 
 constexpr int severityerror = 1;
 constexpr int severitywarning = 2;
-constexpr int tagunnecessary = 1;
-constexpr int tagdeprecated = 2;
+constexpr int diagnosticunnecessary = 1;
+constexpr int diagnosticdeprecated = 2;
 
 // The line without the blanks around it.
 tspan trimmed(const ttext& text, tspan line) {
@@ -165,8 +165,8 @@ json tconversion::diagnostic(const tfinding& finding, const std::string& key, co
                  {"source", "wexcorin"},
                  {"message", messageof(finding)}};
   const bool iswithoutuse = finding.rule == "no-members" || finding.rule == "group-empty";
-  if (finding.rule == "deprecated") result["tags"] = {tagdeprecated};
-  if (iswithoutuse) result["tags"] = {tagunnecessary};
+  if (finding.rule == "deprecated") result["tags"] = {diagnosticdeprecated};
+  if (iswithoutuse) result["tags"] = {diagnosticunnecessary};
   if (fworkspace.client.can("textDocument", "publishDiagnostics", "relatedInformation"))
     if (json lines = related(finding); !lines.empty()) result["relatedInformation"] = std::move(lines);
   return result;

@@ -20,9 +20,9 @@ bool iswanted(const json& only) {
   return !only.is_array() || only.empty() || has(only, quickfix) || has(only, "");
 }
 
-class tactions {
+class toptionactions {
  public:
-  explicit tactions(const trequest& request)
+  explicit toptionactions(const trequest& request)
       : frequest(request),
         fdocument(*request.document()),
         ftext(fdocument.text()),
@@ -56,7 +56,7 @@ class tactions {
 };
 
 // Those of the client that belong to the finding.
-json tactions::diagnosticsof(const tfinding& finding, const toptionline& line) const {
+json toptionactions::diagnosticsof(const tfinding& finding, const toptionline& line) const {
   json result = json::array();
   for (const json& each : arrayof(member(frequest.params, "context", "diagnostics"))) {
     const tposition begin = positionfrom(member(each, "range", "start"));
@@ -66,7 +66,7 @@ json tactions::diagnosticsof(const tfinding& finding, const toptionline& line) c
   return result;
 }
 
-void tactions::add(const tfinding& finding, const toptionline& line) {
+void toptionactions::add(const tfinding& finding, const toptionline& line) {
   std::vector<toptionline> related;
   for (const trelated& each : finding.related)
     if (const auto found = flines.find(linenow(each.place)); found != flines.end())
@@ -85,7 +85,7 @@ void tactions::add(const tfinding& finding, const toptionline& line) {
 }
 
 // The lines of the findings that are asked for, and those that they name.
-void tactions::findlines() {
+void toptionactions::findlines() {
   const std::int32_t first = lineof("start"), last = lineof("end");
   std::set<std::int32_t> numbers;
   for (const tfinding& finding : fdocument.snapshot()->findings) {
@@ -101,7 +101,7 @@ void tactions::findlines() {
   });
 }
 
-json tactions::run() {
+json toptionactions::run() {
   findlines();
   for (const auto& [finding, number] : ffindings)
     if (const auto line = flines.find(number); line != flines.end()) add(*finding, line->second);
@@ -119,7 +119,7 @@ tanswer optioncodeactions(const trequest& request) {
   if (!takesactions || !iswanted(member(request.params, "context", "only")) || snapshot == nullptr ||
       snapshot->store() == nullptr || snapshot->definition == nullptr)
     return json::array();
-  return tactions(request).run();
+  return toptionactions(request).run();
 }
 
 }  // namespace tool::lsp

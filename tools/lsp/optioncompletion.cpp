@@ -6,12 +6,11 @@
 #include "tools/lsp/candidates.h"
 #include "tools/lsp/features.h"
 #include "tools/lsp/optiontexts.h"
+#include "tools/lsp/symbolkinds.h"
 
 namespace tool::lsp {
 
 namespace {
-
-constexpr int tagdeprecated = 1;
 
 std::string fivedigits(std::size_t number) {
   const std::string result = std::to_string(number);

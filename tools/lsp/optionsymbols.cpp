@@ -8,27 +8,27 @@ namespace tool::lsp {
 
 namespace {
 
-using tkind = tstatementspans::tkind;
+using tstatementkind = tstatementspans::tkind;
 
 // The kinds of symbols of the protocol.
 int kindof(const tstatementspans& statement) {
   constexpr int property = 7, list = 18, object = 19, event = 24;
   switch (statement.kind) {
-    case tkind::list: return list;
-    case tkind::dotline: return object;
-    case tkind::immediate:
-    case tkind::indicator: return event;
-    case tkind::setting:
-    case tkind::unknown: break;
+    case tstatementkind::list: return list;
+    case tstatementkind::dotline: return object;
+    case tstatementkind::immediate:
+    case tstatementkind::indicator: return event;
+    case tstatementkind::setting:
+    case tstatementkind::unknown: break;
   }
   return property;
 }
 
 // From the symbol of a dot line, or the dashes of a list, to the end of the name.
 tspan namespan(const tstatementspans& statement) {
-  return {statement.kind == tkind::list ? statement.whole.begin
-          : statement.symbol.empty()    ? statement.name.begin
-                                        : statement.symbol.begin,
+  return {statement.kind == tstatementkind::list ? statement.whole.begin
+          : statement.symbol.empty()             ? statement.name.begin
+                                                 : statement.symbol.begin,
           statement.name.end};
 }
 

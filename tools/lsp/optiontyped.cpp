@@ -2,18 +2,14 @@
 #include "tools/lsp/optiontyped.h"
 
 #include <algorithm>
-
-#include "base/textcase.h"
+#include "tools/reading/characters.h"
 
 namespace tool::lsp {
 
 namespace {
 
 using namespace optcore;
-using tkind = ttyped::tkind;
-
-bool isblank(char character) { return character == ' ' || character == '\t'; }
-bool isnamecharacter(char character) { return isletter(character) || isdigit(character) || character == '_'; }
+using ttypedkind = ttyped::tkind;
 
 class tlookup {
  public:
@@ -44,14 +40,14 @@ class tlookup {
            (minos() && statement.option == nullptr && isblankfrom(statement.name.end));
   }
 
-  ttyped typed(tkind kind, const toption* option, std::size_t begin, bool (*belongs)(char)) const {
+  ttyped typed(ttypedkind kind, const toption* option, std::size_t begin, bool (*belongs)(char)) const {
     std::size_t end = ftext.size();
     while (end < fline.text.size() && belongs(fline.text[end])) ++end;
     return {kind, option, std::string(ftext.substr(begin)), {begin, end}};
   }
-  ttyped name(std::size_t begin) const { return typed(tkind::name, nullptr, begin, isnamecharacter); }
+  ttyped name(std::size_t begin) const { return typed(ttypedkind::name, nullptr, begin, isnamecharacter); }
   ttyped value(const toption& option, std::size_t begin) const {
-    return typed(tkind::value, &option, begin,
+    return typed(ttypedkind::value, &option, begin,
                  [](char character) { return isnamecharacter(character) || character == '.'; });
   }
 
@@ -68,7 +64,7 @@ class tlookup {
 
   ttyped indotline(const tstatementspans& statement) const {
     if (statement.name.end == ftext.size())
-      return typed(tkind::dotname, nullptr, statement.name.begin, isnamecharacter);
+      return typed(ttypedkind::dotname, nullptr, statement.name.begin, isnamecharacter);
     if (statement.option == nullptr) return {};
     if (!statement.value.empty())
       return statement.value.end == ftext.size() ? value(*statement.option, statement.value.begin) : ttyped{};

@@ -16,7 +16,7 @@ namespace tool::lsp {
 namespace {
 
 using namespace optcore;
-using tkind = tdefinitionindex::tkind;
+using tentrykind = tdefinitionindex::tkind;
 
 constexpr std::size_t longestname = 63;
 
@@ -38,8 +38,8 @@ std::string typedname(const toptionline& line, const tstatementspans& statement)
 const tdefinitionindex::tentry* found(const tdefinitionindex& index, const tdefinition& definition,
                                       const std::string& name) {
   const std::int32_t option = definition.optlookup(name);
-  if (option >= 0) return index.find(tkind::option, definition.getstrings(option));
-  return index.find(tkind::synonym, name);
+  if (option >= 0) return index.find(tentrykind::option, definition.getstrings(option));
+  return index.find(tentrykind::synonym, name);
 }
 
 // Its entry is still to be found. Without a text if the definition cannot be read.
@@ -90,7 +90,7 @@ class tplaces {
 
   tfileedits inoptionfile(const std::shared_ptr<const ttext>& text) const {
     tfileedits result(text);
-    if (frenamed.entry->kind != tkind::group)
+    if (frenamed.entry->kind != tentrykind::group)
       walklines(fstore, *text, [&](const toptionline& line) {
         for (const tstatementspans& each : line.parts.statements) addplaces(line, each, result);
         return true;
@@ -147,25 +147,25 @@ std::optional<trenamed> renamedat(const trequest& request) {
 
 std::string problemofname(const trenamed& renamed, std::string_view name) {
   const tlookupmode mode = renamed.index->mode();
-  const bool isgroup = renamed.entry->kind == tkind::group;
+  const bool isgroup = renamed.entry->kind == tentrykind::group;
   const std::string_view word = name.substr(name.starts_with('.') ? 1 : 0);
   const auto isother = [](char c) { return !isletter(c) && !isdigit(c) && c != '_'; };
   if (word.empty() || !isletter(word.front()) || std::ranges::any_of(word, isother) ||
       name.starts_with('.') != renamed.entry->name.starts_with('.'))
     return inquotes(name) + " is no name: a name is a letter, followed by letters, digits and underscores";
   if (word.size() > longestname) return "A name has at most 63 characters";
-  if (!isgroup && renamed.entry->kind == tkind::option && !issamename(mode, name, name))
+  if (!isgroup && renamed.entry->kind == tentrykind::option && !issamename(mode, name, name))
     return "In the lookup mode Path, a word of fewer than three characters is never found";
   if (!isgroup && mode == tlookupmode::minos && std::ranges::count(word, '_') > 3)
     return "In the lookup mode Minos, a name has at most four words";
   if (!isgroup && struequal(name, "Help")) return "Every definition has an option \"Help\"";
   for (const tdefinitionindex::tentry& each : renamed.index->entries()) {
-    if (&each == renamed.entry || (each.kind == tkind::group) != isgroup) continue;
+    if (&each == renamed.entry || (each.kind == tentrykind::group) != isgroup) continue;
     const bool istaken = struequal(each.name, name) || (!isgroup && issamename(mode, each.name, name));
     if (!istaken) continue;
-    const std::string_view what = each.kind == tkind::option    ? "an option"
-                                  : each.kind == tkind::synonym ? "a synonym"
-                                                                : "a group";
+    const std::string_view what = each.kind == tentrykind::option    ? "an option"
+                                  : each.kind == tentrykind::synonym ? "a synonym"
+                                                                     : "a group";
     return "The name " + inquotes(name) + " is taken: line " + std::to_string(each.line) + " defines " +
            std::string(what) + " " + inquotes(each.name);
   }

@@ -6,14 +6,13 @@
 #include <set>
 
 #include "base/textcase.h"
+#include "tools/reading/characters.h"
 
 namespace tool::lsp {
 
 namespace {
 
 using namespace optcore;
-
-bool isnamecharacter(char character) { return isletter(character) || isdigit(character) || character == '_'; }
 
 class trepairs {
  public:

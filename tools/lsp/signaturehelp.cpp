@@ -6,7 +6,7 @@ namespace tool::lsp {
 
 namespace {
 
-using tkind = tdefinitionspans::tkind;
+using tspankind = tdefinitionspans::tkind;
 
 struct tparameter {
   std::string label;
@@ -16,17 +16,17 @@ struct tparameter {
 class tsignature {
  public:
   explicit tsignature(const tdefinitionline& line) : fline(line), fparts(line.parts) {
-    if (fparts.kind == tkind::entry) addentry();
-    if (fparts.kind == tkind::value || fparts.kind == tkind::entry)
+    if (fparts.kind == tspankind::entry) addentry();
+    if (fparts.kind == tspankind::value || fparts.kind == tspankind::entry)
       for (const tfieldspan& each : fparts.fields) add(each.field->name, each.field->meaning);
-    if (fparts.kind == tkind::value) add("text", "The help text of the value: the rest of the line.");
-    if (fparts.kind == tkind::mark) {
+    if (fparts.kind == tspankind::value) add("text", "The help text of the value: the rest of the line.");
+    if (fparts.kind == tspankind::mark) {
       add("option", "The name of an option or synonym.");
       add("text", "What users should do instead: the rest of the line.");
     }
-    if (fparts.kind == tkind::members) add("option", "The name of an option that stands above.");
-    if (fparts.kind == tkind::help) add("text", "A line of long help.");
-    if (fparts.kind == tkind::entry && !meaningoftext(fparts.keyword).empty())
+    if (fparts.kind == tspankind::members) add("option", "The name of an option that stands above.");
+    if (fparts.kind == tspankind::help) add("text", "A line of long help.");
+    if (fparts.kind == tspankind::entry && !meaningoftext(fparts.keyword).empty())
       add("text", meaningoftext(fparts.keyword));
   }
 
@@ -48,8 +48,8 @@ class tsignature {
   std::size_t active(std::size_t column) const {
     const tdefinitionspans& parts = fparts;
     const std::size_t last = fparameters.size() - 1;
-    if (parts.kind == tkind::mark) return column <= parts.references.front().end ? 0 : last;
-    const std::size_t before = parts.kind == tkind::entry ? 2 : 0;
+    if (parts.kind == tspankind::mark) return column <= parts.references.front().end ? 0 : last;
+    const std::size_t before = parts.kind == tspankind::entry ? 2 : 0;
     if (before > 0 && column <= parts.name.end) return 0;
     const bool isintype = column <= (parts.ismodified ? parts.modifier.end : parts.type.end);
     if (before > 0 && (parts.type.empty() || isintype)) return 1;

@@ -12,8 +12,6 @@ using namespace optcore;
 
 namespace {
 
-bool isownlist(const toption* option) { return option != nullptr && option->name().starts_with("--"); }
-
 titem itemof(const teffect& effect) {
   titem result{.kind = effect.kind, .which = effect.which, .value = effect.value, .symbol = effect.symbol};
   if (effect.option == nullptr) return result;

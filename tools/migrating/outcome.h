@@ -9,6 +9,11 @@
 
 namespace tool {
 
+// Whether the option is a list that an option file made itself.
+inline bool isownlist(const optcore::toption* option) {
+  return option != nullptr && option->name().starts_with("--");
+}
+
 struct titem {
   teffect::tkind kind;
   const optcore::toption* option = nullptr;  // null for an indicator and for a list that option files made

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "base/textcase.h"
+#include "tools/migrating/outcome.h"
 #include "tools/migrating/rewriter.h"
 #include "tools/migrating/settingtexts.h"
 #include "tools/text.h"
@@ -11,8 +12,6 @@ namespace tool {
 using namespace optcore;
 
 namespace {
-
-bool isownlist(const toption* option) { return option != nullptr && option->name().starts_with("--"); }
 
 bool isspread(const toption* option) {
   return option != nullptr &&

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/textcase.h"
+#include "tools/reading/characters.h"
 
 namespace tool {
 
@@ -11,10 +12,7 @@ using namespace optcore;
 
 namespace {
 
-using tkind = tdefinitionspans::tkind;
-
-bool isblank(char character) { return character == ' ' || character == '\t'; }
-bool isnamecharacter(char character) { return isletter(character) || isdigit(character) || character == '_'; }
+using tspankind = tdefinitionspans::tkind;
 
 // A comma ends the tokens: it is never skipped. Editors have definitions with very many lines walked over at
 // each key, so the loops use pointers.
@@ -84,8 +82,8 @@ tspan withoutquotes(std::string_view line, tspan token) {
 }
 
 const tfieldspan* tdefinitionspans::fieldat(std::size_t column) const {
-  const bool isbefore = kind == tkind::entry && (name.empty() || column <= name.end || type.empty() ||
-                                                 column <= (ismodified ? modifier.end : type.end));
+  const bool isbefore = kind == tspankind::entry && (name.empty() || column <= name.end || type.empty() ||
+                                                     column <= (ismodified ? modifier.end : type.end));
   if (isbefore) return nullptr;
   for (const tfieldspan& each : fields)
     if (each.span.empty() || column <= each.span.end) return &each;
@@ -95,7 +93,7 @@ const tfieldspan* tdefinitionspans::fieldat(std::size_t column) const {
 tdefinitionspans entryspans(std::string_view line) {
   tscanner scanner(line);
   tdefinitionspans result;
-  result.kind = tkind::entry;
+  result.kind = tspankind::entry;
   result.name = scanner.name();
   const tspan token = scanner.token();
   const std::size_t period = withoutquotes(line, token).of(line).rfind('.');
@@ -116,7 +114,7 @@ tdefinitionspans entryspans(std::string_view line) {
 tdefinitionspans valuespans(std::string_view line, std::string_view keyword) {
   tscanner scanner(line);
   tdefinitionspans result;
-  result.kind = tkind::value;
+  result.kind = tspankind::value;
   scanner.addfields(fieldsofvalue(keyword), result.fields);
   result.text = scanner.rest();
   return result;
@@ -126,7 +124,7 @@ tdefinitionspans namespans(std::string_view line, std::string_view keyword) {
   const bool several = struequal(keyword, "multilist"), ismember = several || struequal(keyword, "macro");
   tscanner scanner(line);
   tdefinitionspans result;
-  result.kind = ismember ? tkind::members : tkind::mark;
+  result.kind = ismember ? tspankind::members : tspankind::mark;
   do {
     const tspan name = withoutquotes(line, scanner.token());
     if (name.empty()) break;
@@ -139,7 +137,7 @@ tdefinitionspans namespans(std::string_view line, std::string_view keyword) {
 tdefinitionspans tdefinitionwalk::ended() {
   fended = true;
   tdefinitionspans result;
-  result.kind = tkind::unread;
+  result.kind = tspankind::unread;
   return result;
 }
 
@@ -162,7 +160,7 @@ tdefinitionspans tdefinitionwalk::continuation(std::string_view line) {
   const auto is = [this](std::string_view keyword) { return fkeyword == keyword; };
   if (is("integer") || is("double") || is("boolean")) {
     tdefinitionspans result;
-    result.kind = tkind::help;
+    result.kind = tspankind::help;
     result.text = tscanner(line).rest();
     return result;
   }

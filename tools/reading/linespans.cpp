@@ -8,6 +8,7 @@
 #include "base/textcase.h"
 #include "input/linereader.h"
 #include "options/checkboolean.h"
+#include "tools/reading/characters.h"
 
 namespace tool {
 
@@ -15,10 +16,7 @@ using namespace optcore;
 
 namespace {
 
-using tkind = tstatementspans::tkind;
-
-bool isblank(char character) { return character == ' ' || character == '\t'; }
-bool isnamecharacter(char character) { return isletter(character) || isdigit(character) || character == '_'; }
+using tstatementkind = tstatementspans::tkind;
 
 class tlinewalk {
  public:
@@ -152,7 +150,7 @@ class tlinewalk {
     if (dashes >= 2) return list();
     if (current().option == nullptr) return unknown();
     if (const auto* option = ifis<timmediateoption>(current().option)) return immediate(*option);
-    current().kind = tkind::setting;
+    current().kind = tstatementkind::setting;
     return setting(current().option->subtype());
   }
 
@@ -173,7 +171,7 @@ class tlinewalk {
   }
 
   bool list() {
-    current().kind = tkind::list;
+    current().kind = tstatementkind::list;
     skipbecomes();
     if (!eolonly()) {
       current().value = token();
@@ -196,7 +194,7 @@ class tlinewalk {
   }
 
   bool immediate(const timmediateoption& option) {
-    current().kind = tkind::immediate;
+    current().kind = tstatementkind::immediate;
     skipbecomes();
     current().value = token();
     if (option.immkind() == timmkind::eolflag && !current().value.empty())
@@ -229,7 +227,7 @@ class tlinewalk {
   }
 
   bool dotline() {
-    current().kind = tkind::dotline;
+    current().kind = tstatementkind::dotline;
     current().symbol = current().name;
     ++fat;
     current().name = identifier();
@@ -247,7 +245,7 @@ class tlinewalk {
 
   // An error ends the line.
   bool indicator() {
-    current().kind = tkind::indicator;
+    current().kind = tstatementkind::indicator;
     skipblanks();
     const bool complete = !identifier().empty() && elements() && skipto('$') && skipblanks() &&
                           !identifier().empty() && elements();
