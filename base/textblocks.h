@@ -29,16 +29,19 @@ long long load(const char* text) noexcept {
   return static_cast<long long>(integer);
 }
 
+// The first characters of the text and its last ones; they may overlap.
+template <class tinteger>
+tblock loadends(const char* text, std::size_t count) noexcept {
+  return _mm_set_epi64x(load<tinteger>(text + count - sizeof(tinteger)), load<tinteger>(text));
+}
+
 // Packs a text of less than a block into a block. Some characters may be loaded twice. For texts of the same
 // length, equal blocks mean equal texts.
 inline tblock loadfew(const char* text, std::size_t count) noexcept {
-  const auto pair = [text, count]<class tinteger>(tinteger) {
-    return _mm_set_epi64x(load<tinteger>(text + count - sizeof(tinteger)), load<tinteger>(text));
-  };
-  if (count >= sizeof(std::uint64_t)) return pair(std::uint64_t{});
-  if (count >= sizeof(std::uint32_t)) return pair(std::uint32_t{});
-  if (count >= sizeof(std::uint16_t)) return pair(std::uint16_t{});
-  return count != 0 ? pair(std::uint8_t{}) : _mm_setzero_si128();
+  if (count >= sizeof(std::uint64_t)) return loadends<std::uint64_t>(text, count);
+  if (count >= sizeof(std::uint32_t)) return loadends<std::uint32_t>(text, count);
+  if (count >= sizeof(std::uint16_t)) return loadends<std::uint16_t>(text, count);
+  return count != 0 ? loadends<std::uint8_t>(text, count) : _mm_setzero_si128();
 }
 
 // All bits where the block has a letter from a to z, which become the lowest signed numbers.

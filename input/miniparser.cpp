@@ -21,10 +21,10 @@ consteval tminiparser::tclasses tminiparser::classesofcharacters() {
   return classes;
 }
 
-tminiparser::tminiparser(tmessagelist& messages, const tcharset& commentset) : fmessages(messages) {
+tminiparser::tminiparser(tmessagelist& messages, const tcharset& commentset)
+    : fmessages(messages), fhascomments(commentset.any()) {
   static constexpr tclasses classes = classesofcharacters();
   fclasses = classes;
-  fhascomments = commentset.any();
   for (std::size_t code = 0; fhascomments && code < commentset.size(); ++code)
     if (commentset[code]) fclasses[code] |= comment;
 }

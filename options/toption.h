@@ -97,7 +97,7 @@ class toption : public toptionx, public tinarena {
   tvaluetext getasstring2() const { return getasstring12(twhich::second); }
   tvaluetext getasstring12(twhich which) const;
   // Passes the value as text to the result.
-  void gettext12(twhich which, ttextout& text) const;
+  void gettext12(twhich which, ttextout& result) const;
   // The same as a number, for the types whose value is an integer.
   std::optional<std::int32_t> getasinteger() const { return getasinteger12(twhich::first); }
   std::optional<std::int32_t> getasinteger2() const { return getasinteger12(twhich::second); }
@@ -378,7 +378,9 @@ inline std::optional<std::int32_t> toption::getasinteger12(twhich which) const {
   switch (fopttype) {
     case topttype::integer:
     case topttype::boolean:
-    case topttype::enumint: return static_cast<const tintegervalued&>(*this).value(which);
+    case topttype::enumint:
+      // NOLINTNEXTLINE(cppcoreguidelines-pro-type-static-cast-downcast): the type is known
+      return static_cast<const tintegervalued&>(*this).value(which);
     case topttype::dbl:
     case topttype::string:
     case topttype::enumstr:

@@ -108,7 +108,7 @@ std::shared_ptr<const tdefinitionstate> tanalysis::definition(const std::string&
   tkept& kept = fdefinitions[key];
   if (kept.state == nullptr || kept.open != open || kept.stamp != stamp || kept.state->name != name)
     kept = {readdefinition(name, document), open, stamp};
-  const auto result = kept.state;
+  auto result = kept.state;
   forgetothers();
   return result;
 }

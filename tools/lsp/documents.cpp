@@ -15,7 +15,7 @@ namespace {
 
 // A file in the folder of the server has the name that a call of the tool there would give it.
 std::string nameof(const std::string& uri) {
-  const std::string path = pathofuri(uri);
+  std::string path = pathofuri(uri);
   if (path.empty()) return uri;
   std::error_code problem;
   const std::filesystem::path here = std::filesystem::current_path(problem);
@@ -113,10 +113,11 @@ std::int32_t tdocument::linenow(std::int32_t analysed) const {
 
 std::int32_t tdocument::lineanalysed(std::int32_t now) const {
   std::int32_t line = now;
-  for (auto each = fedits.rbegin(); each != fedits.rend(); ++each) {
-    if (line < each->first) continue;
-    if (line < each->first + each->added) return 0;
-    line += each->removed - each->added;
+  for (std::size_t i = fedits.size(); i-- > 0;) {
+    const tedit& each = fedits[i];
+    if (line < each.first) continue;
+    if (line < each.first + each.added) return 0;
+    line += each.removed - each.added;
   }
   return line;
 }

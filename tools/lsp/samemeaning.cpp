@@ -2,6 +2,7 @@
 #include "tools/lsp/samemeaning.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "base/textcase.h"
@@ -48,9 +49,10 @@ std::vector<tnames> optionsset(const tvksoptions& store, const ttext& text) {
   std::vector<tnames> result;
   result.reserve(static_cast<std::size_t>(text.linecount()));
   walklines(store, text, [&](const toptionline& line) {
-    tnames& names = result.emplace_back();
+    tnames names;
     for (const tstatementspans& each : line.parts.statements)
       names.push_back(each.option == nullptr ? std::string_view() : each.option->name());
+    result.push_back(std::move(names));
     return true;
   });
   return result;

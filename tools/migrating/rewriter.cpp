@@ -110,7 +110,9 @@ bool trewriter::canadd(const std::string& text, const toutcome& expected, tlines
   fline = &line;
   fstate = now;
   fseen = expected;
-  return holds({text}, expected);
+  const bool result = holds({text}, expected);
+  fline = nullptr;
+  return result;
 }
 
 // ---- lines that change

@@ -22,7 +22,7 @@ namespace {
 // Both values of an option with two stand behind its name.
 std::string valuesof(const tdefinition& definition, const std::vector<titem>& items, std::size_t at) {
   const titem& item = items[at];
-  const std::string value = writtenvalue(definition, valuetext(item.value));
+  std::string value = writtenvalue(definition, valuetext(item.value));
   const bool hadtwo = item.subtype == tsubtype::twovalues;  // otherwise the only value sets both
   if (item.option == nullptr || item.option->subtype() != tsubtype::twovalues || !hadtwo) return value;
   if (item.which == twhich::second) return "* " + value;
