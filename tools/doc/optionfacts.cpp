@@ -43,7 +43,7 @@ std::vector<toptionfact> factsof(const tvksoptions& store, std::int32_t index,
       {"group", grouptext(store, reference.group)},
       {"synonyms", joined(synonymsof(store, index), [](const std::string& name) { return name; })},
       {"name", standingtext(reference.standing)},
-      {"its synonyms", standingtext(reference.synonymstanding)}};
+      {"their state", standingtext(reference.synonymstanding)}};
   std::erase_if(result, [](const toptionfact& fact) { return fact.text.empty(); });
   return result;
 }
