@@ -23,7 +23,7 @@ sed -e '/^#/d' -e "${without-}" -e "s,EXTENSION,$extension,g" -e "s,VERSION,$ver
   while read -r package path kind source pattern; do
     case $kind in
       from) find "$source" -type f -name "$pattern" ! -name architecture.md | sed "s,^$source,$package $path," ;;
-      *) echo "$package $path${kind:+ $kind $source}${pattern:+ $pattern}" ;;
+      *) echo "$package $path${kind:+ $kind}${source:+ $source}${pattern:+ $pattern}" ;;
     esac
   done | sort | diff -u - "$work/found" ||
   fail "The packages differ from tests/build/installed.txt, see above (lines with - are missing). The rules" \
