@@ -61,6 +61,8 @@ wexcorin find >FILES
 wexcorin diff >FILES
 wexcorin diff --fail-on b>breaking
 wexcorin diff --definition examples/first.def >FILES
+wexcorin migrate --syntax >assignments wexcorin
+wexcorin migrate --from old.def --to >FILES
 wexcorin template >FILES
 wexcorin template --group firing >FILES
 wexcorin template examples/types.def -o >FILES
