@@ -56,6 +56,9 @@ wexcorin check --allow set-again >FILES
 wexcorin check --format s>sarif
 wexcorin check --definition >FILES
 wexcorin check main.opt --definition examples/first.def --set st>start=
+wexcorin check main.opt --definition=examples/first.def --set st>start=
+wexcorin show --color=al>always
+wexcorin template examples/types.def --group=>firing glazing
 wexcorin get maxit examples/first.def --set st>start=
 wexcorin find >FILES
 wexcorin diff >FILES
