@@ -48,7 +48,7 @@ std::string unknownflag(const CLI::App& app, const CLI::App& command) {
 
 // A flag that needs a text and is the last word.
 std::string withouttext(const CLI::Error& error) {
-  const std::string problem = error.what();
+  std::string problem = error.what();
   const std::string needed = ": 1 required ";
   const std::size_t at = problem.find(needed);
   if (error.get_name() != "ArgumentMismatch" || at == std::string::npos) return problem;
