@@ -130,6 +130,15 @@ os.chmod("place.opt", 0o640)
 runs(f"{MIGRATE} link.opt clean.opt --in-place", None, "", 0)
 expect("in place", (read("place.opt"), read("link.opt~"), os.path.islink("link.opt"), os.stat("place.opt").st_mode & 0o777,
                     os.path.exists("clean.opt~")), ("new_limit 1\n", "limit 1\n", True, 0o640, False))
+# A copy is for the same people as its file, a file that was there for the same as before.
+write("own.opt", "limit 1\n")
+os.chmod("own.opt", 0o600)
+for kept, flags in ((0o600, "--in-place"), (0o600, "-o copies"), (0o640, "-o copies")):
+    copy = "own.opt~" if "place" in flags else "copies/own.opt"
+    if kept != 0o600:
+        os.chmod(copy, kept)
+    run(f"{MIGRATE} own.opt {flags}")
+    expect(f"permissions with {flags}", os.stat(copy).st_mode & 0o777, kept)
 runs(f"{MIGRATE} main.opt --in-place --no-backup", None, "", 0)
 expect("no backup", (read("sub/part.opt"), os.path.exists("sub/part.opt~")), ("alpha 2\nbeta 2\n", False))
 for arguments in ("file.opt", "file.opt -o a --dry-run", "file.opt --no-backup --dry-run", "- --dry-run",
