@@ -40,6 +40,7 @@ std::deque<tmigratedfile> migrated(tool::tdefinitions& definitions, bool pins) {
 // The names that notes are about, in upper case; `all` if a note may be about any option.
 struct tnoted {
   std::set<std::string> names;
+  std::set<std::string> pinned;  // whose old defaults were written
   bool all = false;
   bool taken = false;
 };
@@ -53,9 +54,10 @@ tnoted notedin(const std::deque<tmigratedfile>& files, const tdefinition& older)
       const bool counts = note.decide || note.action == taction::clamped ||
                           note.action == taction::commented || note.action == taction::reduced ||
                           note.action == taction::newdefault;
-      if (!counts || note.action == taction::refused) continue;
       std::string name = note.name;
       std::ranges::replace(name, ' ', '_');
+      if (note.action == taction::pinned) result.pinned.insert(uppertext(name));
+      if (!counts || note.action == taction::refused) continue;
       const toption* option = older.exactoption(name);
       const bool spreads = option == nullptr || option->datatype() == tdatatype::none;
       result.all |= spreads;
@@ -86,7 +88,9 @@ bool isheld(const toption& before, const toption& after) {
       if (list->item(i) != other->item(i)) return false;
     return true;
   }
-  return tool::samevalue(itemof(before, twhich::first), itemof(after, twhich::first));
+  const bool havetwo = before.subtype() == tsubtype::twovalues && after.subtype() == tsubtype::twovalues;
+  return tool::samevalue(itemof(before, twhich::first), itemof(after, twhich::first)) &&
+         (!havetwo || tool::samevalue(itemof(before, twhich::second), itemof(after, twhich::second)));
 }
 
 // What the files set under both definitions.
@@ -97,9 +101,10 @@ void checkvalues(const tool::tdefinitions& definitions, const optcore::tvksoptio
     const toption* newer = successors.of(i);
     const toption& older = before.definition().option(i);
     if (newer == nullptr || older.datatype() == tdatatype::none || older.name().starts_with('.')) continue;
-    if (noted.names.contains(uppertext(older.name())) || noted.taken) continue;
+    const std::string name = uppertext(older.name());
+    if (noted.names.contains(name) || noted.taken) continue;
     const toption& now = after.definition().option(successors.newer().of(newer));
-    if (older.defined() != 0)
+    if (older.defined() != 0 || noted.pinned.contains(name))
       HOLDS(now.defined() != 0 && isheld(older, now), older.name(), older.getasstring().view(),
             now.getasstring().view());
     else

@@ -67,8 +67,9 @@ bool iskeyword(const tdefinition& definition, std::string_view name) {
   return !definition.dotname().empty() && struequal(name, definition.dotname());
 }
 
-// The first synonym that finds the option.
+// The first synonym that finds the option; none if synonyms of it set nothing.
 std::string synonymof(const tdefinition& definition, const toption& option) {
+  if (option.hasdeprecation(tdeprecation::obsoletesynonym)) return {};
   const auto& synonyms = definition.synonyms();
   for (std::int32_t i = 0; i < synonyms.count(); ++i)
     if (definition.synonymtarget(i) == &option && finds(definition, synonyms.getname(i), option))
