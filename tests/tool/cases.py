@@ -3,7 +3,7 @@ SCRIPT TOOL [CASES [FIRST]]; FIRST is the number of the first case. The case wit
 that failed can be run by itself: SCRIPT TOOL 1 NUMBER. With KEEP=FOLDER, FOLDER/NUMBER gets the files of a case that failed."""
 import copy, json, os, random, shutil, sys
 from generated import change, new_definition, text_of
-from support import failures, run, write
+from support import run, write
 
 
 # Writes two definitions, old.def and new.def. Returns them and the changes that diff reports; None if they are the same or one
@@ -19,10 +19,10 @@ def two_definitions(choice, counts):
 
 
 # Runs the cases and ends the script. `case` gets random choices, and returns what is wrong, "" if nothing is, and None if the
-# case says nothing.
+# case says nothing. What is wrong is printed at once, for long runs.
 def run_cases(case, usual):
     count, first = (int(argument) for argument in sys.argv[2:] + [usual, 1][len(sys.argv) - 2:])
-    done = 0
+    done = faults = 0
     for number in range(first, first + count):
         try:
             problem = case(random.Random(number))
@@ -30,9 +30,10 @@ def run_cases(case, usual):
             problem = str(error)
         done += problem is not None
         if problem:
-            failures.append(f"case {number}: {problem}")
+            faults += 1
+            print(f"case {number}: {problem}", flush=True)
             if "KEEP" in os.environ:
                 shutil.copytree(".", f"{os.environ['KEEP']}/{number}", symlinks=True, dirs_exist_ok=True)
     if done < count / 3:
-        failures.append(f"only {done} of {count} cases say something")
-    sys.exit("\n".join(failures) or 0)
+        sys.exit(f"only {done} of {count} cases say something")
+    sys.exit(faults > 0)
