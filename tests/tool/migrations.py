@@ -47,7 +47,7 @@ def text(value):
     return f"{value:g}" if isinstance(value, float) else value
 
 
-# Whether the newer definition takes the value.
+# Whether the newer definition takes the value on a line that stays when it is migrated.
 def allowed(name, before, after):
     if after["name"].lower() in FLAGS:
         return False
@@ -55,7 +55,8 @@ def allowed(name, before, after):
     line = f"{name} " + " ".join(f'"{text(value)}"' for value in values)
     write("one.opt", line.replace("_", " ") + "\n" if MINOS else line + "\n")
     row = settings("new.def", "one.opt")[0].get(name, after)
-    return row["set"] and same(before, row)
+    migrate("one.opt", "again", "")
+    return row["set"] and same(before, row) and read("again/one.opt") == read("one.opt")
 
 
 def obsolete(name, notes):
