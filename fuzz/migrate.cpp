@@ -1,7 +1,7 @@
 // The input is a byte of switches, an older definition, a newer one, an option file and one that it may include
 // as "part", with a line "%%" between these parts. The option file is migrated. What it sets under the newer
 // definition must be what it set under the older one, unless a note says otherwise; migrating it once more must
-// change nothing; and nothing must change if the definition is the same.
+// change nothing; and nothing must change if the definition is the same and has no deprecated names.
 #include "tools/migrating/migration.h"
 
 #include <algorithm>
@@ -134,6 +134,15 @@ void checkproof(tool::tdefinitions& definitions, const tfiles& old, const std::d
   if (!noted.all) checkvalues(definitions, before, after, noted);
 }
 
+// Whether names are deprecated or obsolete.
+bool hasmarks(const tdefinition& definition) {
+  for (std::int32_t i = 0; i < definition.getcount(); ++i)
+    for (const auto mark : {tdeprecation::deprecated, tdeprecation::obsolete, tdeprecation::deprecatedsynonym,
+                            tdeprecation::obsoletesynonym})
+      if (definition.option(i).hasdeprecation(mark)) return true;
+  return false;
+}
+
 // The columns of the names are where the library found them.
 class tcolumncheck final : public tstoreobserver {
  public:
@@ -195,20 +204,23 @@ void fuzzing::run(std::string_view input) {
   const unsigned switches = input.empty() ? 0 : static_cast<unsigned char>(input.front());
   input.remove_prefix(input.empty() ? 0 : 1);
   const auto [older, rest] = split(input);
-  const auto [newer, more] = split(rest);
+  const auto [another, more] = split(rest);
   const auto [options, part] = split(more);
   const tfiles old = {{"opt", std::string(options)}, {"part", std::string(part)}};
   for (const auto& [name, bytes] : old) writefile(name, bytes);
+  const bool aresame = (switches & 4) != 0;
   writefile("old", older);
-  writefile("new", newer);
+  writefile("new", aresame ? older : another);
   tool::tdefinitions definitions((switches & 1) != 0);
   beforecall();
   if (!definitions.read("old", "new")) return;
   checkcolumns(options);
   const bool pins = (switches & 2) != 0;
   const std::deque<tmigratedfile> files = migrated(definitions, pins);
-  for (const tmigratedfile& file : files)
+  for (const tmigratedfile& file : files) {
     HOLDS(file.replaced.empty() == (file.before == file.after) || !file.isread, file.name);
+    HOLDS(!aresame || hasmarks(definitions.newdefinition()) || file.before == file.after, file.after);
+  }
   checkproof(definitions, old, files);
   for (const tmigratedfile& file : migrated(definitions, pins))
     HOLDS(!file.isread || file.before == file.after, file.before, file.after);

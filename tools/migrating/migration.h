@@ -21,7 +21,8 @@ class tdefinitions {
  public:
   explicit tdefinitions(bool clamps) : fclamps(clamps) {}
 
-  // Returns false if one of them cannot be used. Without a name, there is no older definition. What is wrong with them is among the findings of the readings.
+  // Returns false if one of them cannot be used; what is wrong with them is among the findings of the readings.
+  // Without a name, there is no older definition.
   bool read(const std::string& olderfile, const std::string& newerfile);
 
   treading older, newer;

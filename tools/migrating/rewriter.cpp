@@ -84,8 +84,8 @@ bool trewriter::holds(const std::vector<std::string>& lines, const toutcome& exp
   return issame(expected, all) && (fistrying || stay(lines));
 }
 
-// Whether each of the lines comes back when it is rewritten. That trial does not ask the same of its own lines:
-// it may see a change where there would be none, but never the other way round.
+// Whether each of the lines comes back when it is rewritten. That trial does not ask the same of its own
+// lines, so it may see a change where there would be none, but never the other way round.
 bool trewriter::stay(const std::vector<std::string>& lines) const {
   trewriter other(folder, folderpositions, fnewer, fsuccessors, fclamps);
   other.fistrying = true;

@@ -112,8 +112,8 @@ class tkeycomparison {
     shortforms(position, counterpart);
   }
 
-  // Whether a line can name an option that its name does not find. What hides it may be the keyword of indicators
-  // or a synonym: a sign before the name helps, or a short form.
+  // Whether a line can name an option that its name does not find. What hides it may be the keyword of
+  // indicators or a synonym: a sign before the name helps, or a short form.
   bool isreached(std::int32_t position) const {
     const std::string_view name = fbefore.getstrings(position);
     const bool isminos = fbefore.lookupmode() == tlookupmode::minos;
@@ -155,8 +155,8 @@ class tkeycomparison {
         text.append("; its name now finds ").append(fafter.getstrings(now)));
   }
 
-  // What is left over when only a part of the name is found becomes a part of the value: then a value in quotes is
-  // refused.
+  // What is left over when only a part of the name is found becomes a part of the value: then a value in
+  // quotes is refused.
   timpact impact(std::string_view key, const toption& before, std::int32_t now, bool partial,
                  bool dotline) const {
     const toption& after = fafter.option(now);
