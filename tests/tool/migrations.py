@@ -6,6 +6,7 @@ from cases import run_cases, two_definitions
 from generated import candidates, text_of
 from support import read, run, write
 
+VALUELESS = ["macro", "multilist", "immediate"]
 TRAILERS = ["", "", "", "  # why", " ! note", "\t"]
 OTHERS = ["", "* a comment", "# a comment", "   ", "! x", "no such 5", "9", "alpha", "-beta 1", "*", "alpha 1, beta 2"]
 
@@ -142,7 +143,7 @@ def compare(renames, report, flags, spreads, never):
         if not row["set"] and "--pin" not in flags:
             if now["set"]:
                 return f"{now['name']} is set, but was not"
-        elif not name.startswith(".") and row["type"] not in ("macro", "multilist") and not same(row, now, "--pin" in flags):
+        elif not name.startswith(".") and row["type"] not in VALUELESS and not same(row, now, "--pin" in flags):
             if not told & (spreads | {name, ""}):
                 return f"{name} was {row['value']}, is {now['value']}, and nothing is left to decide"
             if name in told and name not in never and allowed(renames.get(name, name), row, now) and not obsolete(name, notes):
