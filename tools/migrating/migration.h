@@ -96,7 +96,8 @@ class tmigration final : optcore::tstoreobserver {
   static void add(topen& open, const tnewline& lines, std::string_view text, std::string_view lineend);
   static void checkrefused(topen& open, const tmeaning& meaning);
   void pin(const tmigratedfile& file);
-  std::vector<optcore::twhich> unset(const optcore::toption& older, const optcore::toption& newer) const;
+  std::vector<optcore::twhich> unsetvalues(const optcore::toption& older,
+                                           const optcore::toption& newer) const;
   void pinoption(tpins& pins, const optcore::toption& older, const optcore::toption& newer,
                  const std::vector<optcore::twhich>& values);
   tmigratedfile& fileof(const std::string& name);

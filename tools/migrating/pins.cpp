@@ -53,7 +53,7 @@ void tmigration::pin(const tmigratedfile& file) {
     if (newer == nullptr) continue;
     const toption& older = definition.option(i);
     if (older.subtype() == tsubtype::novalue || newer->subtype() == tsubtype::novalue) continue;
-    const std::vector<twhich> values = unset(fstore->definition().option(i), *newer);
+    const std::vector<twhich> values = unsetvalues(fstore->definition().option(i), *newer);
     if (values.empty()) continue;
     const titem before = defaultitem(older, *newer), after = defaultitem(*newer, *newer);
     const bool hasboth = (before.value.index() == 0) == (after.value.index() == 0);
@@ -62,7 +62,7 @@ void tmigration::pin(const tmigratedfile& file) {
 }
 
 // The values that no line sets under any of the definitions. A line may set only one of two.
-std::vector<twhich> tmigration::unset(const toption& older, const toption& newer) const {
+std::vector<twhich> tmigration::unsetvalues(const toption& older, const toption& newer) const {
   const std::int32_t now = fset[static_cast<std::size_t>(fdefinitions.successors().newer().of(&newer))];
   const bool hastwo = newer.subtype() == tsubtype::twovalues, hadtwo = older.subtype() == tsubtype::twovalues;
   if ((!hastwo || !hadtwo) && (older.defined() | now) != 0) return {};
