@@ -202,6 +202,9 @@ for older, newer, flags, before, after in (
         # the new keyword was an option, whose value would end at the "!" when the file is migrated again
         ("x eolcomm !\nind indicator\nword enumstr 1 a 1 1\n a 1", "x eolcomm !\nword indicator\nword enumstr 1 a 1 1\n a 1", "",
          "ind e('a!b')$v yes\nind e$v no\n", "ind e('a!b')$v yes\nword e$v no\n"),
+        # words with blanks between them: only the first one may be the keyword
+        ("my_word string 1 a 1 1", "Minos lookup\nmy_word indicator\nmy_word string 1 a 1 1", "", "my_word b\n", "my word b\n"),
+        ("my_word string 1 a 1 1", "Minos lookup\nmy indicator\nmy_word string 1 a 1 1", "", "my_word b\n", "-my word b\n"),
         # the only name that finds the option in the newer definition, where "betray" finds beta, sets nothing
         ("beta integer 1 0 0 9 1 1\nbetray_size boolean.NV 2 0 1 1\ngam synonym betray_size\nx obsolete\n gam use it not",
          "Minos lookup\nbeta integer 1 0 0 9 1 1\nbetray_size boolean.NV 2 0 1 1\ngam synonym betray_size\nx obsolete\n gam use it not",

@@ -59,7 +59,8 @@ bool trewriter::isunchanged(const toldline& line, const tmeaning& seen) const {
 bool trewriter::iskept(const tstatement& before, const tstatement& after) const {
   if (before.kind != after.kind) return false;
   if (before.option == nullptr || before.option->name().starts_with("--")) return true;
-  if (fsuccessors.of(fline->positions.of(before.option)) != after.option) return false;
+  const toption* newer = fsuccessors.of(fline->positions.of(before.option));
+  if (newer == nullptr || newer != after.option) return false;
   return struequal(before.key, after.option->name()) || !struequal(before.key, before.option->name());
 }
 
