@@ -217,7 +217,10 @@ for older, newer, flags, before, after in (
         # the only name that finds the option in the newer definition, where "betray" finds beta, sets nothing
         ("beta integer 1 0 0 9 1 1\nbetray_size boolean.NV 2 0 1 1\ngam synonym betray_size\nx obsolete\n gam use it not",
          "Minos lookup\nbeta integer 1 0 0 9 1 1\nbetray_size boolean.NV 2 0 1 1\ngam synonym betray_size\nx obsolete\n gam use it not",
-         "", "betray_size\n", "betray_size\n")):
+         "", "betray_size\n", "betray_size\n"),
+        # the multilist marks beta as set, and its value would be that of a line before
+        ("beta integer.OPT 1 2 0 9 1 1\nall multilist 2 1 1\n beta", "beta integer.NV 1 2 0 9 1 1\nall multilist 2 1 1\n beta", "",
+         "all 2\nbeta\nall 2\n", "beta\nbeta\nbeta\n")):
     write("old.def", older + "\n")
     write("new.def", newer + "\n")
     expect(f"{before!r} under {newer!r}", migrated(before, flags)[0], after)

@@ -56,8 +56,8 @@ void tmigration::pin(const tmigratedfile& file) {
     const std::vector<twhich> values = unsetvalues(fstore->definition().option(i), *newer);
     if (values.empty()) continue;
     const titem before = defaultitem(older, *newer), after = defaultitem(*newer, *newer);
-    const bool hasboth = (before.value.index() == 0) == (after.value.index() == 0);
-    if (!hasboth || !samevalue(before, after)) pinoption(pins, older, *newer, values);
+    const bool hasnone = before.value.index() == 0 && after.value.index() == 0;
+    if (!hasnone && !samevalue(before, after)) pinoption(pins, older, *newer, values);
   }
 }
 
