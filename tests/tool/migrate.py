@@ -225,6 +225,9 @@ for older, newer, flags, before, after in (
         ("word string 1 c 1 1", "kind enumstr 1 a 1 1\n a 1\n c 1\nword synonym kind", "--pin", "word b\n", "kind b\n"),
         ("window integer.TWO 1 9 0 99 1 1", "window string 1 a 1 1", "--pin", "window * 5\n",
          "* window is not taken in the same way\n* window * 5\n* Defaults that have changed\nwindow 9\n"),
+        # "mode off" is gone, so that the next migration reads whole lines as values, to which "% b" would belong
+        ("x eolcomm #\nmode immediate eolflag 1 1\ntext string 1 a 1 1", "x eolcomm %\ntext string 1 a 1 1", "",
+         "mode off\ntext a # b\n", "* mode is gone\n* mode off\n* b\ntext a\n"),
         ("rank integer 1 2 0 9 1 1\nall string 1 a 1 1", "rank integer 1 2 0 9 1 1\nall string 1 b 1 1", "--pin", "rank 4\r\nrank 5\r",
          "rank 4\r\nrank 5\r\n* Defaults that have changed\r\nall a\r\n")):
     write("old.def", older + "\n")

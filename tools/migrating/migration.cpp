@@ -61,7 +61,7 @@ bool tmigration::run(const std::string& filename) {
   fpositions.emplace(fstore->definition());
   foldset.assign(static_cast<std::size_t>(fstore->definition().getcount()), 0);
   fset.assign(static_cast<std::size_t>(fdefinitions.newdefinition().getcount()), 0);
-  fnobounds = fnewnobounds = false;
+  fnobounds = fnewnobounds = fagainnobounds = false;
   reading.follow(this);
   const bool opened = reading.readoptions({{}, {filename}, {}});
   reading.follow(nullptr);
@@ -105,7 +105,7 @@ void tmigration::leave(std::int32_t lines) {
   topen& open = *fopen.back();
   flush(open);
   if (!open.isskipped) plainlines(open, lines);
-  flasteolonly = open.eolonly;
+  flastagaineolonly = open.againeolonly;
   flastneweolonly = open.neweolonly;
   finish(open);
   fopen.pop_back();
@@ -191,7 +191,12 @@ void tmigration::plainlines(topen& open, std::int32_t upto) {
 void tmigration::line(topen& open, const tmeaning& meaning) {
   std::string_view lineend;
   const std::string_view text = nextline(open, lineend);
-  const toldline current{text, meaning, fstore->definition(), *fpositions, {open.eolonly, fnobounds}};
+  const toldline current{text,
+                         meaning,
+                         fstore->definition(),
+                         *fpositions,
+                         {open.eolonly, fnobounds},
+                         {open.againeolonly, fagainnobounds}};
   const bool isskipped = text.empty() || text.front() == '*';
   std::optional<tnewline> lines;
   if (fdefinitions.areequal()) {
@@ -200,6 +205,9 @@ void tmigration::line(topen& open, const tmeaning& meaning) {
     tlinestate state{open.neweolonly, fnewnobounds};
     lines = fdefinitions.rewriter().rewrite(current, state);
     markset(current, lines, {open.neweolonly, fnewnobounds});
+    const tlinestate next = again(current, lines);
+    open.againeolonly = next.eolonly;
+    fagainnobounds = next.nobounds;
     open.neweolonly = state.eolonly;
     fnewnobounds = state.nobounds;
   }
@@ -236,7 +244,7 @@ void tmigration::markset(const toldline& line, const std::optional<tnewline>& li
   for (const titem& item : fdefinitions.rewriter().seen().items) mark(item.option, valuebit(item.which));
   if (!lines || line.text.find('\0') != std::string_view::npos)
     return markolder(line.meaning.effects, *fpositions);
-  tlinestate oldstate = line.state;
+  tlinestate oldstate = line.again;
   for (const std::string& text : lines->lines) {
     markolder(fdefinitions.oldtrial().read(text, oldstate).effects, fdefinitions.successors().older());
     // a pin would replace what a person writes in the place of a value that is refused
@@ -245,6 +253,16 @@ void tmigration::markset(const toldline& line, const std::optional<tnewline>& li
     for (const tstatement& each : seen.statements)
       mark(each.option, valuebit(twhich::first) | valuebit(twhich::second));
   }
+}
+
+// How the older definition reads on behind the line when it reads the result.
+tlinestate tmigration::again(const toldline& line, const std::optional<tnewline>& lines) {
+  tlinestate result = line.again;
+  if (!line.meaning.hasimmediate() || line.text.find('\0') != std::string_view::npos) return result;
+  if (!lines) fdefinitions.oldtrial().read(line.text, result);
+  if (lines)
+    for (const std::string& text : lines->lines) fdefinitions.oldtrial().read(text, result);
+  return result;
 }
 
 void tmigration::markolder(const std::vector<teffect>& effects, const tpositions& positions) {

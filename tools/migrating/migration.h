@@ -74,6 +74,7 @@ class tmigration final : optcore::tstoreobserver {
     std::int32_t current = 0;  // the line whose meaning is being collected
     tmeaning meaning;
     bool eolonly = true, neweolonly = true;
+    bool againeolonly = true;  // when the result is read under the older definition
     bool isskipped = false;
   };
 
@@ -103,6 +104,7 @@ class tmigration final : optcore::tstoreobserver {
   tmigratedfile& fileof(const std::string& name);
   static std::string_view nextline(topen& open, std::string_view& lineend);
   void markset(const toldline& line, const std::optional<tnewline>& lines, tlinestate newstate);
+  tlinestate again(const toldline& line, const std::optional<tnewline>& lines);
   void markolder(const std::vector<teffect>& effects, const tpositions& positions);
   void mark(const optcore::toption* newer, std::int32_t bits);
 
@@ -116,8 +118,8 @@ class tmigration final : optcore::tstoreobserver {
   std::optional<treading> freading;
   const optcore::tvksoptions* fstore = nullptr;  // that reads the files
   std::optional<tpositions> fpositions;
-  bool fnobounds = false, fnewnobounds = false;      // as reading has left them
-  bool flasteolonly = true, flastneweolonly = true;  // at the end of the file on the command line
+  bool fnobounds = false, fnewnobounds = false, fagainnobounds = false;  // as reading has left them
+  bool flastagaineolonly = true, flastneweolonly = true;  // at the end of the file on the command line
   std::string froot;
   // The values that the lines of the result set under each definition, as bits for each of its options.
   std::vector<std::uint8_t> foldset, fset;

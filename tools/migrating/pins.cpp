@@ -97,7 +97,7 @@ void tmigration::pinoption(tpins& pins, const toption& older, const toption& new
   const auto attempt = [&](const toutcome& outcome) {
     const auto texts = settingtexts(definition, outcome, {flastneweolonly, false});
     const bool can =
-        texts && fdefinitions.rewriter().canadd(texts->front(), outcome, {flasteolonly, fnobounds},
+        texts && fdefinitions.rewriter().canadd(texts->front(), outcome, {flastagaineolonly, fagainnobounds},
                                                 {flastneweolonly, fnewnobounds});
     if (can) pins.lines.push_back(texts->front());
     return can;

@@ -90,11 +90,11 @@ bool trewriter::holds(const std::vector<std::string>& lines, const toutcome& exp
 bool trewriter::stay(const std::vector<std::string>& lines) const {
   trewriter other(folder, folderpositions, fnewer, fsuccessors, fclamps);
   other.fistrying = true;
-  tlinestate before = fline->state, now = fstate;
+  tlinestate before = fline->again, now = fstate;
   for (const std::string& line : lines) {
     const tlinestate then = before;
     const tmeaning meaning = folder.read(line, before);
-    const auto again = other.rewrite({line, meaning, folder.definition(), folderpositions, then}, now);
+    const auto again = other.rewrite({line, meaning, folder.definition(), folderpositions, then, then}, now);
     if (again && again->ischanged) return false;
   }
   return true;
@@ -102,7 +102,7 @@ bool trewriter::stay(const std::vector<std::string>& lines) const {
 
 bool trewriter::canadd(const std::string& text, const toutcome& expected, tlinestate before, tlinestate now) {
   static const tmeaning nothing;
-  const toldline line{{}, nothing, folder.definition(), folderpositions, before};
+  const toldline line{{}, nothing, folder.definition(), folderpositions, before, before};
   fline = &line;
   fstate = now;
   fseen = expected;

@@ -20,6 +20,7 @@ struct toldline {
   const optcore::tdefinition& definition;  // of the store that read it
   const tpositions& positions;             // of the same
   tlinestate state;                        // before it
+  tlinestate again;                        // before it, when the result is read under the older definition
 };
 
 struct tnewline {
