@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "tools/commandline.h"
+#include "tools/swapped.h"
 
 namespace tool {
 
@@ -61,7 +62,8 @@ std::string misuse(const tdiffarguments& arguments) {
   const bool comparesdefinitions = !hasdefinition && !arguments.matrix;
   if (arguments.failon != tfailon::any && !comparesdefinitions) return "--fail-on is for definitions";
   const auto inputs = std::ranges::count(arguments.files, "-") + (arguments.definition == "-" ? 1 : 0);
-  return inputs > 1 ? "standard input can be read only once" : "";
+  if (inputs > 1) return "standard input can be read only once";
+  return comparesdefinitions ? optionfilesalone(arguments.files) : "";
 }
 
 }  // namespace tool

@@ -1,6 +1,7 @@
 // The migrate command: brings option files of an older definition, or in another syntax, up to date.
 #include <unistd.h>
 
+#include <filesystem>
 #include <iostream>
 
 #include "tools/commands.h"
@@ -19,6 +20,19 @@ bool areusable(const tdefinitions& definitions, bool read) {
   all.append(definitions.newer.findings(), {});
   reportproblems(all);
   return read;
+}
+
+// Devices and pipes can be read only once, and cannot be replaced. Files that do not exist are reported later.
+bool areregular(const std::vector<std::string>& names) {
+  bool result = true;
+  for (const std::string& name : names) {
+    std::error_code problem;
+    const std::filesystem::file_status status = std::filesystem::status(name, problem);
+    if (!std::filesystem::is_other(status)) continue;
+    std::cerr << printable(name) << ": error: it is no regular file\n";
+    result = false;
+  }
+  return result;
 }
 
 // Reads and rewrites all files. Returns false if one of them cannot be read.
@@ -65,7 +79,7 @@ int run(const tmigratearguments& arguments) {
   if (!areusable(definitions, definitions.read(imports ? arguments.to : arguments.from, arguments.to)))
     return exitunusable;
   std::deque<tmigratedfile> files;
-  if (!migrateall(arguments, definitions, files)) {
+  if (!areregular(arguments.files) || !migrateall(arguments, definitions, files)) {
     std::cerr << "wexcorin migrate: nothing was written\n";
     return exitunusable;
   }

@@ -48,6 +48,12 @@ std::string swappedword(const std::string& command, const std::string& definitio
          (wordfirst ? definition + " " + word : word + " " + definition) + "'?";
 }
 
+std::string optionfilesalone(const std::vector<std::string>& files) {
+  if (!std::ranges::all_of(files, [](const std::string& file) { return looksof(file) == tlooks::options; }))
+    return {};
+  return "the files look like option files; their definition is missing: --definition DEF";
+}
+
 std::string swappedform(const std::string& word) {
   if (!isfile(word)) return {};
   return "; the form comes before the definition, as in 'wexcorin doc page " + word + "'";

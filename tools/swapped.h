@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "tools/arguments.h"
 
@@ -13,6 +14,8 @@ std::string swappedfiles(const std::string& command, const tinputs& inputs);
 // stands before the definition if `wordfirst`.
 std::string swappedword(const std::string& command, const std::string& definition, const std::string& word,
                         bool wordfirst);
+// The same for `diff` without a definition for option files.
+std::string optionfilesalone(const std::vector<std::string>& files);
 // The same for the word in the place of the form of `doc`.
 std::string swappedform(const std::string& word);
 

@@ -91,6 +91,7 @@ for command, said in (
         ("show bad.opt", "\"bad.opt\" looks like an option file; the definition comes before it, as in 'wexcorin show DEF bad.opt'"),
         ("get x bad.opt", "'wexcorin get NAME DEF bad.opt'"), ("write bad.opt one/run.opt -o -", "'wexcorin write DEF bad.opt'"),
         ("get a.def size", "did you mean 'wexcorin get size a.def'?"), ("help size a.def", "did you mean 'wexcorin help a.def size'?"),
+        ("diff bad.opt one/run.opt", "the files look like option files; their definition is missing"),
         ("find size a.def", "did you mean 'wexcorin find a.def size'?"),
         ("doc a.def page -o x", "; the form comes before the definition, as in 'wexcorin doc page a.def'")):
     out, err, code = run(f"wexcorin {command}")

@@ -130,7 +130,11 @@ for what, older, newer, wanted in (
          [("compatible", "renamed")]),
         ("a new option that takes the second word of a synonym for a part of its value",
          "size string 2 a 1 1\nbeta_one synonym size", "size string 2 a 1 1\nbeta_one synonym size\nbeta string 3 a 1 1",
-         [("breaking", "synonym"), ("compatible", "added")])):
+         [("breaking", "synonym"), ("compatible", "added")]),
+        ("a synonym of a multilist that moves to an option for any text",
+         "all multilist 2 1 1\n tolerance\nbeta synonym all", "all multilist 2 1 1\n tolerance\nbeta synonym tolerance",
+         [("silent", "synonym")]),
+        ("integers that become doubles", "beta enumint 2 1 1 1\n 1 1\n 5 1", "beta double 2 1 0 5 1 1", [("silent", "type")])):
     for file, lines in ("old.def", older), ("new.def", newer):
         write(file, f"Minos lookup\ntolerance strlist 1 1 1\n{lines}\n")
     changes = json.loads(run("wexcorin diff old.def new.def --json")[0])["changes"]
