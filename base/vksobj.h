@@ -251,6 +251,11 @@ class txcustomstringlist : public tquicksortclass {
   // The index of the first text that is equal regardless of case, or -1.
   std::int32_t indexof(std::string_view text) const { return findex.find(count(), tnamekey{text}, keyat()); }
   std::int32_t indexof(const tsoughtname& name) const { return findex.find(count(), name, keyat()); }
+  // The same without a call, for a list whose index is complete.
+  bool hasindex() const noexcept { return findex.iscomplete(count()); }
+  [[gnu::always_inline]] std::int32_t indexofentered(std::string_view text) const {
+    return findex.findentered(tnamekey{text}, keyat());
+  }
   std::int32_t indexofobject(tobject object) const noexcept {
     for (std::int32_t i = 0; i < count(); ++i)
       if (fitems[i].object == object) return i;
