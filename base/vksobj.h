@@ -290,6 +290,7 @@ class txcustomstringlist : public tquicksortclass {
     if (fitems.full()) grow();
     fitems.insert(count(), {text, object});
   }
+  char* getblock(std::int32_t index) const noexcept { return fitems[index].text; }
   // Enters the text that was just added into the index. `name` must be that text.
   void addedname(const tsoughtname& name) { findex.added(count(), name, keyat()); }
 
@@ -364,6 +365,7 @@ class tstoredlistobj : public txstringlistobj<tobject> {
     addstored(text, std::move(object));
     this->addedname(name);
   }
+  tstoredtext storedtext(std::int32_t index) const noexcept { return tstoredtext(this->getblock(index)); }
   void freetext(char*) override {}
 };
 

@@ -281,7 +281,7 @@ bool tparameterreader::ordinary(toption& option) {
 }
 
 // A value is a token in normal mode, and the rest of the line in end-of-line mode.
-void tparameterreader::tokenasvalue(toption& option) {
+[[gnu::noinline]] void tparameterreader::tokenasvalue(toption& option) {
   const tvalue value = token();
   if (checkdeprecation(option) && value) option.setasstring(*value);
 }
@@ -292,7 +292,7 @@ void tparameterreader::restasvalue(toption& option) {
 }
 
 // The first of two values is a token in both modes. "*" leaves a value unchanged. A single value sets both.
-void tparameterreader::twovalues(toption& option) {
+[[gnu::noinline]] void tparameterreader::twovalues(toption& option) {
   const tvalue first = token();
   const tvalue second = !feolonly ? token() : fscanner.skipbl() ? tvalue(restvalue()) : std::nullopt;
   if (!checkdeprecation(option)) return;

@@ -165,7 +165,7 @@ void tenumstroption::setasstring12(twhich which, std::string_view text) {
           *this, "Unknown value for option ", [&] { return text; }, [&] { return possiblevalues(fitems); }))
     return;
   // stored as the definition spells it; an unknown value is stored as the empty text
-  fvalues.store(which, legal ? fitems.getname(item) : std::string_view());
+  fvalues.store(which, legal ? fitems.storedtext(item) : tstoredtext());
   markstored(*this, which, legal);
 }
 
@@ -210,7 +210,7 @@ namespace {
 
 bool hasdoublequote(std::string_view text) { return text.find('"') != std::string_view::npos; }
 
-void refusedoublequote(const toption& option, std::string_view text) {
+[[gnu::noinline]] void refusedoublequote(const toption& option, std::string_view text) {
   tmessagelist& messages = option.owner().messages();
   messages.addmessage(tmsgkind::valueerror, "Bad double-quote in value", {quotedname(option), &option, text});
 }
