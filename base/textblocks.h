@@ -107,6 +107,13 @@ inline std::uint64_t mixblock(std::uint64_t state, tblock block) noexcept {
          allequal(sought.data(), text.data(), sought.size(), folded);
 }
 
+// Whether the character, which is not zero, occurs in the text. Most texts are short.
+inline bool contains(std::string_view text, char character) noexcept {
+  using namespace detail;
+  if (text.size() >= blockbytes) return text.find(character) != std::string_view::npos;
+  return _mm_movemask_epi8(_mm_cmpeq_epi8(loadfew(text.data(), text.size()), each(character))) != 0;
+}
+
 [[gnu::always_inline]] inline std::uint32_t hashanycase(std::string_view text) noexcept {
   using namespace detail;
   const std::size_t count = text.size();

@@ -158,7 +158,7 @@ bool tparameterreader::badseparator(std::string_view key) {
   return false;
 }
 
-void tparameterreader::novalue(const toption& option) {
+[[gnu::noinline]] void tparameterreader::novalue(const toption& option) {
   error(concat("Value expected for key ", quoted(option.name())), {fkey, &option});
 }
 
@@ -280,7 +280,7 @@ bool tparameterreader::ordinary(toption& option) {
   return !feolonly;
 }
 
-void tparameterreader::ignoredrest(const toption& option) {
+[[gnu::noinline]] void tparameterreader::ignoredrest(const toption& option) {
   error("Remainder of line ignored", {fkey, &option});
 }
 

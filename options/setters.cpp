@@ -2,6 +2,7 @@
 // marked as set; problems are filed as messages. With bound checking off, an illegal value is stored
 // nevertheless, and the same messages are warnings. Multilists and macros are in spread.cpp.
 
+#include "base/textblocks.h"
 #include "options/checkboolean.h"
 #include "options/toption.h"
 #include "options/vksoptions.h"
@@ -208,7 +209,7 @@ void toption::setvaluefromtext(twhich which, std::string_view text) {
 
 namespace {
 
-bool hasdoublequote(std::string_view text) { return text.find('"') != std::string_view::npos; }
+bool hasdoublequote(std::string_view text) { return contains(text, '"'); }
 
 [[gnu::noinline]] void refusedoublequote(const toption& option, std::string_view text) {
   tmessagelist& messages = option.owner().messages();
