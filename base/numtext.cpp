@@ -65,9 +65,9 @@ struct tdecimal {
   int exponent;
 };
 
-// Rounds the number to 15 significant digits if that is wanted. The shortest text that reads back as the same number is faster
-// to compute. If it has at most 15 digits, they are the digits of the rounded number. That does not hold for
-// subnormal numbers.
+// Rounds the number to 15 significant digits if that is wanted. The shortest text that reads back as the same
+// number is faster to compute. If it has at most 15 digits, they are the digits of the rounded number. That
+// does not hold for subnormal numbers.
 tdecimal todecimal(double number, bool rounded) noexcept {
   constexpr std::size_t longest = significantdigits + 1;  // the digits and the point
   char text[32];                                          // d.ddddddddddddddE+ddd
@@ -267,7 +267,8 @@ bool parsedoubleword(std::string_view text, double& number) noexcept {
   return false;
 }
 
-// What the fast paths leave. These are functions of their own, so that most numbers need no room on the stack.
+// What the fast paths leave. These are functions of their own, so that most numbers need no room on the
+// stack.
 [[gnu::noinline]] bool parseinteger(std::string_view text, std::int32_t& number) noexcept {
   number = 0;
   const std::string_view digits = withoutplus(text);

@@ -95,9 +95,9 @@ inline std::uint64_t mixblock(std::uint64_t state, tblock block) noexcept {
 
 }  // namespace detail
 
-// `sought` is the text at hand. Its length alone decides how the texts are compared, because the other text may
-// have to be fetched from memory. Names are usually written in the case of their definition, so case is folded
-// only when they are not.
+// `sought` is the text at hand. Its length alone decides how the texts are compared, because the other text
+// may have to be fetched from memory. Names are usually written in the case of their definition, so case is
+// folded only when they are not.
 [[gnu::always_inline]] inline bool equalanycase(std::string_view text, std::string_view sought) noexcept {
   using namespace detail;
   if (sought.size() != text.size()) return false;

@@ -3,8 +3,9 @@
 // the list.
 //
 // The first capacity is 16 items. It grows eightfold, and by a quarter above a million items. Lists that exist
-// in large numbers grow more slowly while they are short (startsmall). Insertion neither sorts nor removes duplicates. Owning lists override freeitem or freeobject
-// and clear themselves in their destructors; that is the one rule by which contents are freed.
+// in large numbers grow more slowly while they are short (startsmall). Insertion neither sorts nor removes
+// duplicates. Owning lists override freeitem or freeobject and clear themselves in their destructors; that is
+// the one rule by which contents are freed.
 #pragma once
 
 #include <algorithm>
