@@ -81,7 +81,9 @@ json response(const json& id, tanswer answer) {
 }
 
 json notification(std::string_view method, json params) {
-  return {{"jsonrpc", "2.0"}, {"method", method}, {"params", std::move(params)}};
+  json result = {{"jsonrpc", "2.0"}, {"method", method}};
+  if (!params.is_null()) result["params"] = std::move(params);
+  return result;
 }
 
 json request(std::int64_t id, std::string_view method, json params) {

@@ -103,6 +103,7 @@ tanswer tsession::answerto(const tarrival& arrival) {
   if (message.method == "initialize") return terror{tcode::invalidrequest, "The server is initialized"};
   if (message.method == "shutdown") {
     fstate = tstate::shutdown;
+    finbox.unpark();  // requests that wait for an analysis get their answers before the exit
     return json();
   }
   if (arrival.cancelled) return json();

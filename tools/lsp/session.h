@@ -53,6 +53,7 @@ class tsession {
   void askforsettings();
   void changesettings(const json& params);
   void takesettings(const json& value);
+  void refreshhints();
   void changefolders(const json& params);
   void scanfolders();
   void lookforfiles(const std::string& token);
