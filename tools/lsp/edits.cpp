@@ -7,6 +7,14 @@ json editjson(const ttext& text, const ttextedit& edit, tencoding encoding) {
   return {{"range", rangejson(text, edit.span, encoding)}, {"newText", utf8(edit.text)}};
 }
 
+bool wantsquickfixes(const trequest& request) {
+  const json& only = member(request.params, "context", "only");
+  const json& literals =
+      member(request.workspace.client.capabilities, "textDocument", "codeAction", "codeActionLiteralSupport");
+  const bool isasked = !only.is_array() || only.empty() || has(only, quickfix) || has(only, "");
+  return isasked && literals.is_object();
+}
+
 std::string tfileedits::result() const {
   const std::string& bytes = ftext->bytes();
   std::string result;

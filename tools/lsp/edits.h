@@ -35,6 +35,11 @@ class tfileedits {
 // By the keys of the files.
 using tworkspaceedits = std::map<std::string, tfileedits>;
 
+// The kind of all code actions.
+inline constexpr std::string_view quickfix = "quickfix";
+// Whether the client takes code actions as such, and asks for quick fixes or for all.
+bool wantsquickfixes(const trequest& request);
+
 // With the versions of open documents, if the client takes them.
 json workspaceeditjson(const tworkspaceedits& edits, const tworkspace& workspace);
 

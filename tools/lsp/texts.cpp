@@ -96,6 +96,11 @@ tspan ttext::line(std::int32_t number) const {
   return {starts[index], endofline(starts, index)};
 }
 
+std::string_view ttext::lineend() const {
+  const std::size_t feed = fbytes.find('\n');
+  return feed != std::string::npos && feed > 0 && fbytes[feed - 1] == '\r' ? "\r\n" : "\n";
+}
+
 std::int32_t ttext::lineat(std::size_t offset) const {
   return static_cast<std::int32_t>(lineof(feedlines(), std::min(offset, fbytes.size()))) + 1;
 }
