@@ -76,6 +76,11 @@ void tdefinitionstate::collectnames() const {
   namesnear("name", false);  // what it needs is made at the first call
 }
 
+const std::shared_ptr<const tdefinitionindex>& tdefinitionstate::index() const {
+  if (findex == nullptr) findex = std::make_shared<const tdefinitionindex>(*text);
+  return findex;
+}
+
 std::vector<std::string> tdefinitionstate::namesnear(const std::string& typed, bool dotted) const {
   using tproblem = optcore::tsubject::tproblem;
   const std::string sought = dotted ? "." + typed : typed;
