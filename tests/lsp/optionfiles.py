@@ -160,6 +160,9 @@ symbols = ask("documentSymbol", "|method=dual ! note\nx.prior('a') 3\n* time_lim
 expect("symbols", [(each["name"], each["detail"]) for each in symbols],
        [("method", "dual"), ("x.prior", "('a') 3"), ("--list", "a b"), ("new", "4")])
 
+kinds = [each["kind"] for each in [*symbols, *ask("completion", "method |")["items"], *ask("completion", "include |")["items"]]]
+expect("only kinds that each client knows, if this one names no other", max(kinds) <= 18, True)
+
 # ---- code actions: the title of the preferred one, or of the only one, and the text that it makes
 
 for number, (text, wanted, result) in enumerate((

@@ -32,6 +32,18 @@ json tfileedits::edits(tencoding encoding) const {
   return result;
 }
 
+std::string tfileedits::writtenedits(tencoding encoding) const {
+  std::string result = "[";
+  for (const auto& [begin, edit] : fedits) {
+    result += result.size() == 1 ? "{\"range\":" : ",{\"range\":";
+    appendrange(result, *ftext, edit.span, encoding);
+    result += ",\"newText\":";
+    appendtext(result, utf8(edit.text));
+    result += '}';
+  }
+  return result += ']';
+}
+
 json workspaceeditjson(const tworkspaceedits& edits, const tworkspace& workspace) {
   const tencoding encoding = workspace.client.encoding;
   json changes = json::object(), versioned = json::array();

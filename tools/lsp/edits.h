@@ -26,6 +26,7 @@ class tfileedits {
   bool empty() const { return fedits.empty(); }
   std::string result() const;
   json edits(tencoding encoding) const;
+  std::string writtenedits(tencoding encoding) const;
 
  private:
   std::shared_ptr<const ttext> ftext;

@@ -155,7 +155,7 @@ void tsession::settrace(const json& params) {
 
 void tsession::ask(std::string_view method, json params, tresponse then) {
   fasked.emplace(++flastid, std::move(then));
-  fspeaker.say(request(flastid, method, std::move(params)));
+  fspeaker.say(written(request(flastid, method, std::move(params))));
 }
 
 void tsession::log(const std::string& text) {

@@ -55,5 +55,6 @@ class ttext {
 // As the protocol has them. A position that is none is the beginning of the text.
 tposition positionfrom(const json& value);
 json rangejson(const ttext& text, tspan span, tencoding encoding);
+void appendrange(std::string& written, const ttext& text, tspan span, tencoding encoding);
 
 }  // namespace tool::lsp
