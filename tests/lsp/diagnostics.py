@@ -133,9 +133,22 @@ other = write("other.def", "thread integer 1 1 1 9 1 1 Other\n")
 client.change(main, "* definition: other.def\nthread 1\n")
 expect("a definition that the text names", codes(main), [])
 
+os.remove(other)
+client.change(main, "threads 1\n")
+expect("no findings", codes(main), [])
+pieces, send = [], client.send_bytes
+client.send_bytes = pieces.append
+for number in range(5):
+    client.change(main, f"threads {number}x\n")
+client.send_bytes = send
+seen = len(client.notes)
+client.send_bytes(b"".join(pieces))
+expect("changes one after the other: the findings of the last one", marked("threads 4x", client.diagnostics(main)), ["4x"])
+versions = [each["params"]["version"] for each in client.notes[seen:] if each["params"]["uri"] == uri(main)]
+expect("and only these", versions, [client.versions[main]])
+
 # ---- settings
 
-os.remove(other)
 client.change(main, "threads 1\nthreads 2\n")
 expect("a warning", codes(main), ["set-again"])
 client.notify("workspace/didChangeConfiguration", {"settings": {"wexcorin": {"allow": ["set-again"]}}})

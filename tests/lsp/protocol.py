@@ -160,6 +160,26 @@ expect("the request that waited", client.answer(waiting)["error"]["code"], -3260
 client.notify("exit", None)
 expect("the exit code", client.end(), 0)
 
+# ---- many edits
+
+if not {"ASAN_OPTIONS", "TSAN_OPTIONS"} & set(os.environ):  # sanitizers keep memory that was freed
+    client = Client(work.name)
+    client.open(main, "thread 1\n" * 100)
+
+
+    # The memory of the server in KiB, after 5,000 edits.
+    def edited():
+        for number in range(5000):
+            client.change(main, (number % 100, 0, number % 100, 6 + number // 100 % 2, "threads"[:7 - number // 100 % 2]))
+        client.request("textDocument/hover", place)
+        with open(f"/proc/{client.process.pid}/status") as status:
+            return int(status.read().split("VmRSS:")[1].split()[0])
+
+
+    before = edited()
+    expect("another 5,000 edits take 1 MiB at most", edited() - before < 1024, True)
+    client.quit()
+
 # ---- files that an option file must not read, and a client that is gone
 
 os.mkfifo(os.path.join(work.name, "pipe"))
