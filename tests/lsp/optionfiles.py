@@ -31,6 +31,9 @@ old deprecated
  old_time use time_limit
  cores use threads
 general group 1 1 General
+level enumint 14 2 1 1 Level
+ 1 1 Low
+ 2 1 High
 """
 CAPABILITIES = {
     "textDocument": {
@@ -91,7 +94,7 @@ for text, wanted in (
         ("it_l|", ["iteration_limit"]), ("tiem_limit|", ["time_limit"]), ("x = 1\nTHR|", ["threads"]),
         ("o|", ["old_time"]), ("cor|", ["cores"]), ("indi|", ["indic"]), ("secr|", []),
         ("method |", ["auto", "dual"]), ("method=d|", ["auto", "dual"]), ("verbose |", ["yes", "no"]),
-        ("time_limit |", ["60", "0", "1000"]), ("gap_window 0.5 |", ["0", "1"]), ("quiet |", []),
+        ("level |", ["1", "2"]), ("time_limit |", ["60", "0", "1000"]), ("gap_window 0.5 |", ["0", "1"]), ("quiet |", []),
         ("title |", []), ("* ti|", []), ("method dual ! ti|", []), ("--ti|", []), ("method du |", []),
         ("both dual:|", ["yes", "no"]), ("x.|", ["prior"]), ("x.pr|", ["prior"]), ("x.prior('a') |", ["0", "10"]),
         ("x.prior('a|", []), ("eolonly off\nquiet met|", ["method"]), ("eolonly |", ["yes", "no"]),
@@ -122,7 +125,9 @@ client.close(MAIN)
 expect("documentation comes later", "deprecated; use time" in item["documentation"]["value"], True)
 near = ask("completion", "tiem_limit|")
 expect("a near name fits what is typed", (near["items"][0]["filterText"], near["isIncomplete"]), ("tiem_limit", True))
-expect("the default among values", ask("completion", "method |")["items"][0]["detail"], "The solver chooses (default)")
+expect("the texts of values, and the default", [each["detail"] for text in ("method |", "level |")
+                                                for each in ask("completion", text)["items"]],
+       ["The solver chooses (default)", "Dual simplex", "Low", "High (default)"])
 
 # ---- hover
 

@@ -157,6 +157,7 @@ client.open(main, "thread 1\n" * 10000)
 waiting = client.ask("textDocument/hover", place)
 expect("shutdown while a request waits", client.request("shutdown", None), None)
 expect("the request that waited", client.answer(waiting)["error"]["code"], -32600)
+expect("nothing is said after shutdown", client.receive(0.3), None)
 client.notify("exit", None)
 expect("the exit code", client.end(), 0)
 

@@ -33,9 +33,9 @@ struct tdefinitionstate {
   tdefinitionlines& lines() const { return flines; }
   void takelines() { flines = reading.definitionlines(); }
   const optcore::tvksoptions& store() const { return reading.store(); }
-  // Collects the names, which takes a while if there are very many. Only the thread of the analysis does it, before
-  // the snapshot of an option file is passed on.
-  void collectnames() const;
+  // Collects the names, which takes a while if there are very many. The thread of the analysis does it before it
+  // passes the state on, because the store makes its indexes at the first search.
+  void collectnames();
   const tnametable& names() const { return *fnames; }
   // The entries in the text, which must be there. Only the thread of the server asks.
   const std::shared_ptr<const tdefinitionindex>& index() const;
@@ -45,7 +45,7 @@ struct tdefinitionstate {
  private:
   mutable tdefinitionlines flines;
   mutable std::shared_ptr<const tdefinitionindex> findex;  // null until it is needed
-  mutable std::unique_ptr<const tnametable> fnames;
+  std::unique_ptr<const tnametable> fnames;
   mutable tsuggester fsuggester{reading.store()};
 };
 

@@ -158,6 +158,11 @@ void tsession::ask(std::string_view method, json params, tresponse then) {
   fspeaker.say(written(request(flastid, method, std::move(params))));
 }
 
+// After shutdown, the client need not read any more: the server might then wait for it for good.
+void tsession::tell(std::string_view method, json params) {
+  if (fstate == tstate::initialized) fspeaker.say(written(notification(method, std::move(params))));
+}
+
 void tsession::log(const std::string& text) {
   constexpr int error = 1;
   tell("window/logMessage", {{"type", error}, {"message", utf8(text)}});

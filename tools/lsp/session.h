@@ -42,9 +42,7 @@ class tsession {
   tanswer answerto(const tarrival& arrival);
   bool mustwait(const tincoming& message) const;
   void ask(std::string_view method, json params, tresponse then = {});
-  void tell(std::string_view method, json params) {
-    fspeaker.say(written(notification(method, std::move(params))));
-  }
+  void tell(std::string_view method, json params);
   void log(const std::string& text);
   void settrace(const json& params);
 
