@@ -2,11 +2,11 @@
 
 # Switches warnings on for a target of our own. Nothing of this affects a client's build. Warnings are errors when
 # CMAKE_COMPILE_WARNING_AS_ERROR is set, as in all presets. GCC is asked for warnings of constants that nothing uses,
-# because Clang does not see them when several sources are compiled as one. Then names of one source would also be
-# shadowed by those of another, so that is left to the builds that compile each source alone.
+# because Clang does not see them when several sources are compiled as one. Then a name of one source may shadow that of
+# another, so what hides names outside of functions is reported only where each source is compiled alone.
 function(wexcorin_own_target target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion
-    $<$<NOT:$<BOOL:${CMAKE_UNITY_BUILD}>>:-Wshadow>
+    $<IF:$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>,$<$<CXX_COMPILER_ID:GNU>:-Wshadow=local>,-Wshadow>
     $<$<CXX_COMPILER_ID:GNU>:-Wunused-const-variable=1>)
   set_target_properties(${target} PROPERTIES
     CXX_STANDARD 20

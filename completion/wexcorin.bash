@@ -52,7 +52,8 @@ _wexcorin_read() {
       awaits=
     elif [[ $word == --set || $word == -o || $word == --output || $word == --group || $word == --limit ||
       $word == --color || $word == --columns || $word == --allow || $word == --title || $word == --release ||
-      $word == --definition || $word == --format || $word == --fail-on ]]; then
+      $word == --definition || $word == --format || $word == --fail-on || $word == --from || $word == --to ||
+      $word == --syntax ]]; then
       awaits=$word
     elif [[ $word == -?* ]]; then
       continue
@@ -126,7 +127,7 @@ _wexcorin() {
         help:1)
           _wexcorin_words "$cur" "$(_wexcorin_options "$1" "$definition"; _wexcorin_options "$1" "$definition" --groups)"
           ;;
-        get:0 | explain:0 | help:[!0]* | find:[!0]* | template:[!0]* | doc:[!1]*) ;;
+        lsp:* | get:0 | explain:0 | help:[!0]* | find:[!0]* | template:[!0]* | doc:[!1]*) ;;
         *) _wexcorin_files ;;
       esac
       ;;

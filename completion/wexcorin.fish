@@ -29,6 +29,7 @@ function __wexcorin_options
     contains -- $arguments[1] doc get explain; and set definition $arguments[3]
     set -l words (commandline -opc)
     set -l named (contains -i -- --definition $words); and set definition $words[(math $named + 1)]
+    set -l joined (string replace -rf '^--definition=' '' -- $words); and set definition $joined[1]
     set definition (string replace -r '^~/' "$HOME/" -- $definition)
     set -l tool (commandline -opc)[1]
     test -f "$definition"; and $tool complete $definition $argv 2>/dev/null

@@ -1,7 +1,7 @@
 // The input is a byte of switches, an older definition, a newer one, an option file and one that it may include
 // as "part", with a line "%%" between these parts. The option file is migrated. What it sets under the newer
 // definition must be what it set under the older one, unless a note says otherwise; migrating it once more must
-// change nothing; and nothing must change if the definition is the same.
+// change nothing; and nothing must change if the definition is the same and has no deprecated names.
 #include "tools/migrating/migration.h"
 
 #include <algorithm>
@@ -40,6 +40,7 @@ std::deque<tmigratedfile> migrated(tool::tdefinitions& definitions, bool pins) {
 // The names that notes are about, in upper case; `all` if a note may be about any option.
 struct tnoted {
   std::set<std::string> names;
+  std::set<std::string> pinned;  // whose old defaults were written
   bool all = false;
   bool taken = false;
 };
@@ -53,9 +54,10 @@ tnoted notedin(const std::deque<tmigratedfile>& files, const tdefinition& older)
       const bool counts = note.decide || note.action == taction::clamped ||
                           note.action == taction::commented || note.action == taction::reduced ||
                           note.action == taction::newdefault;
-      if (!counts || note.action == taction::refused) continue;
       std::string name = note.name;
       std::ranges::replace(name, ' ', '_');
+      if (note.action == taction::pinned) result.pinned.insert(uppertext(name));
+      if (!counts || note.action == taction::refused) continue;
       const toption* option = older.exactoption(name);
       const bool spreads = option == nullptr || option->datatype() == tdatatype::none;
       result.all |= spreads;
@@ -86,7 +88,9 @@ bool isheld(const toption& before, const toption& after) {
       if (list->item(i) != other->item(i)) return false;
     return true;
   }
-  return tool::samevalue(itemof(before, twhich::first), itemof(after, twhich::first));
+  const bool havetwo = before.subtype() == tsubtype::twovalues && after.subtype() == tsubtype::twovalues;
+  return tool::samevalue(itemof(before, twhich::first), itemof(after, twhich::first)) &&
+         (!havetwo || tool::samevalue(itemof(before, twhich::second), itemof(after, twhich::second)));
 }
 
 // What the files set under both definitions.
@@ -97,9 +101,10 @@ void checkvalues(const tool::tdefinitions& definitions, const optcore::tvksoptio
     const toption* newer = successors.of(i);
     const toption& older = before.definition().option(i);
     if (newer == nullptr || older.datatype() == tdatatype::none || older.name().starts_with('.')) continue;
-    if (noted.names.contains(uppertext(older.name())) || noted.taken) continue;
+    const std::string name = uppertext(older.name());
+    if (noted.names.contains(name) || noted.taken) continue;
     const toption& now = after.definition().option(successors.newer().of(newer));
-    if (older.defined() != 0)
+    if (older.defined() != 0 || noted.pinned.contains(name))
       HOLDS(now.defined() != 0 && isheld(older, now), older.name(), older.getasstring().view(),
             now.getasstring().view());
     else
@@ -127,6 +132,15 @@ void checkproof(tool::tdefinitions& definitions, const tfiles& old, const std::d
   for (const tmigratedfile& file : files) writefile(file.name, file.after);
   read(after, "new");
   if (!noted.all) checkvalues(definitions, before, after, noted);
+}
+
+// Whether names are deprecated or obsolete.
+bool hasmarks(const tdefinition& definition) {
+  for (std::int32_t i = 0; i < definition.getcount(); ++i)
+    for (const auto mark : {tdeprecation::deprecated, tdeprecation::obsolete, tdeprecation::deprecatedsynonym,
+                            tdeprecation::obsoletesynonym})
+      if (definition.option(i).hasdeprecation(mark)) return true;
+  return false;
 }
 
 // The columns of the names are where the library found them.
@@ -190,20 +204,23 @@ void fuzzing::run(std::string_view input) {
   const unsigned switches = input.empty() ? 0 : static_cast<unsigned char>(input.front());
   input.remove_prefix(input.empty() ? 0 : 1);
   const auto [older, rest] = split(input);
-  const auto [newer, more] = split(rest);
+  const auto [another, more] = split(rest);
   const auto [options, part] = split(more);
   const tfiles old = {{"opt", std::string(options)}, {"part", std::string(part)}};
   for (const auto& [name, bytes] : old) writefile(name, bytes);
+  const bool aresame = (switches & 4) != 0;
   writefile("old", older);
-  writefile("new", newer);
+  writefile("new", aresame ? older : another);
   tool::tdefinitions definitions((switches & 1) != 0);
   beforecall();
   if (!definitions.read("old", "new")) return;
   checkcolumns(options);
   const bool pins = (switches & 2) != 0;
   const std::deque<tmigratedfile> files = migrated(definitions, pins);
-  for (const tmigratedfile& file : files)
+  for (const tmigratedfile& file : files) {
     HOLDS(file.replaced.empty() == (file.before == file.after) || !file.isread, file.name);
+    HOLDS(!aresame || hasmarks(definitions.newdefinition()) || file.before == file.after, file.after);
+  }
   checkproof(definitions, old, files);
   for (const tmigratedfile& file : migrated(definitions, pins))
     HOLDS(!file.isread || file.before == file.after, file.before, file.after);

@@ -18,6 +18,7 @@
 #include "tools/reading/rules.h"
 #include "tools/swapped.h"
 #include "tools/text.h"
+#include "tools/wronguse.h"
 
 namespace tool {
 
@@ -25,9 +26,8 @@ namespace {
 
 constexpr const char* footnotes =
     "An input file named - is standard input, an output file named - standard output.\n"
-    "Exit codes: 0 no errors; 1 errors in what was read; 2 wrong use, or a file that cannot be opened, "
-    "read\n"
-    "or written.";
+    "Exit codes: 0 no errors; 1 errors in what was read, or no such option or group; 2 wrong use, or a file\n"
+    "that cannot be opened, read or written.";
 
 constexpr const char* losses =
     "Lost are comments, the division into files and lines that set nothing. The file is read back, and each\n"
@@ -44,32 +44,6 @@ std::string checkfilename(const std::string& name) {
   if (name.size() <= maxfilename) return {};
   return "file names may have at most " + std::to_string(maxfilename) + " characters";
 }
-
-namespace {
-
-std::vector<std::string> commandsof(const CLI::App& app) {
-  std::vector<std::string> result;
-  app.get_subcommands([&result](const CLI::App* command) {
-    if (!command->get_group().empty()) result.push_back(command->get_name());
-    return false;
-  });
-  return result;
-}
-
-std::vector<std::string> flagsof(const CLI::App& command) {
-  std::vector<std::string> result;
-  for (const CLI::Option* option : command.get_options())
-    for (const std::string& name : option->get_lnames()) result.push_back("--" + name);
-  return result;
-}
-
-// What the user may have meant instead of the word: "; did you mean ...", or nothing.
-std::string suggestionfor(std::string_view word, const std::vector<std::string>& known) {
-  const std::string text = suggestiontext(tnearnames(known).nearest(word, tmatch::nearorlonger));
-  return text.empty() ? text : "; " + text;
-}
-
-}  // namespace
 
 void adddefinition(CLI::App& command, std::string& definition, bool required) {
   command.add_option("DEF", definition, "Definition file of the solver's options")
@@ -347,27 +321,8 @@ const CLI::App& addlsp(CLI::App& app) {
       addcommand(app, "lsp", "Serve an editor: the Language Server Protocol on standard input and output");
   command.add_flag_callback(
       "--stdio", [] {}, "Changes nothing; some editors add it");
+  command.footer("Exit codes: 0 the client has shut the server down; 1 it has not; 2 wrong use.");
   return command;
-}
-
-// The first argument that looks like a flag and is none.
-std::string unknownflag(const CLI::App& app) {
-  for (const std::string& word : app.remaining(true))
-    if (word.starts_with("-")) return word.substr(0, word.find('='));
-  return {};
-}
-
-std::string failuretext(const CLI::App* app, const CLI::Error& error) {
-  const std::vector<CLI::App*> commands = app->get_subcommands();
-  const CLI::App& command = commands.empty() ? *app : *commands.front();
-  const std::string name = app->get_name() + (commands.empty() ? "" : " " + command.get_name());
-  const std::vector<std::string> rest = app->remaining();
-  std::string problem = error.what();
-  if (commands.empty() && !rest.empty() && !rest.front().starts_with("-"))
-    problem = "there is no command " + inquotes(rest.front()) + suggestionfor(rest.front(), commandsof(*app));
-  else if (const std::string flag = unknownflag(*app); !flag.empty())
-    problem = "there is no flag " + inquotes(flag) + suggestionfor(flag, flagsof(command));
-  return name + ": " + printable(problem) + "\nTry '" + name + " --help'.\n";
 }
 
 void prepare(CLI::App& app) {
@@ -484,7 +439,11 @@ targuments parsearguments(int argc, char** argv) {
     return std::holds_alternative<int>(swapped) ? swapped : accepted("explain", explain);
   }
   if (findcommand.parsed()) return accepted("find", find, find.definition, find.words.front());
-  if (helpcommand.parsed()) return accepted("help", help, help.definition, help.request);
+  if (helpcommand.parsed()) {
+    if (const std::string problem = commandfordefinition(app, help.definition); !problem.empty())
+      return refused("help", problem);
+    return accepted("help", help, help.definition, help.request);
+  }
   if (completecommand.parsed()) return complete;
   if (templatecommand.parsed()) return templatefile;
   if (writecommand.parsed()) return accepted("write", write);

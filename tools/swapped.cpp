@@ -21,13 +21,20 @@ bool exists(const std::string& name) {
   return name == "-" || std::filesystem::exists(name, problem);
 }
 
+// What is said about an option file in the place of the definition. Only `check` finds the definition itself.
+std::string withoutdefinition(const std::string& command, const std::string& name) {
+  if (command == "check" || std::filesystem::path(name).extension() != ".opt") return {};
+  return inquotes(name) + " looks like an option file; the definition comes before it, as in 'wexcorin " +
+         command + (command == "show" || command == "write" ? "" : " NAME") + " DEF " + name + "'";
+}
+
 }  // namespace
 
 std::string swappedfiles(const std::string& command, const tinputs& inputs) {
-  if (inputs.optionfiles.empty() || looksof(inputs.definition) != tlooks::options) return {};
+  if (looksof(inputs.definition) != tlooks::options) return {};
   const auto definition = std::ranges::find_if(
       inputs.optionfiles, [](const std::string& file) { return looksof(file) == tlooks::definition; });
-  if (definition == inputs.optionfiles.end()) return {};
+  if (definition == inputs.optionfiles.end()) return withoutdefinition(command, inputs.definition);
   return inquotes(inputs.definition) + " looks like an option file and " + inquotes(*definition) +
          " like a definition; the definition comes first, as in 'wexcorin " + command + " " + *definition +
          " " + inputs.definition + "'";

@@ -56,11 +56,16 @@ wexcorin check --allow set-again >FILES
 wexcorin check --format s>sarif
 wexcorin check --definition >FILES
 wexcorin check main.opt --definition examples/first.def --set st>start=
+wexcorin check main.opt --definition=examples/first.def --set st>start=
+wexcorin show --color=al>always
+wexcorin template examples/types.def --group=>firing glazing
 wexcorin get maxit examples/first.def --set st>start=
 wexcorin find >FILES
 wexcorin diff >FILES
 wexcorin diff --fail-on b>breaking
 wexcorin diff --definition examples/first.def >FILES
+wexcorin migrate --syntax >assignments wexcorin
+wexcorin migrate --from old.def --to >FILES
 wexcorin template >FILES
 wexcorin template --group firing >FILES
 wexcorin template examples/types.def -o >FILES

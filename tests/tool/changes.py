@@ -1,11 +1,10 @@
 """Proves the classes that diff gives to changes of a definition: makes random definitions, random changes of them and
 option files with every kind of line, reads the files under both definitions, and compares what happened with the class.
-usage: changes.py TOOL [CASES [FIRST]]; run in the repository's root; FIRST is the number of the first case"""
-import copy, json, random, re, sys
-from generated import acting, candidates, change, names, new_definition, switches, text_of
-from support import failures, run, write
-
-CASES, FIRST = (int(argument) for argument in (sys.argv[2:] + ["120", "1"][len(sys.argv) - 2:]))
+usage: changes.py TOOL [CASES [FIRST]]; see cases.py"""
+import json, re
+from cases import run_cases, two_definitions
+from generated import acting, candidates, names, switches
+from support import run, write
 
 
 def findings(definition, text):
@@ -62,17 +61,11 @@ def compare(lines, renames):
     return refused, silent
 
 
-def case(seed):
-    choice = random.Random(seed)
-    old = new_definition(choice)
-    new = copy.deepcopy(old)
-    made = [change(new, choice) for _ in range(choice.choice([1, 1, 1, 2, 3]))]
-    write("old.def", text_of(old))
-    write("new.def", text_of(new))
-    out, _, code = run("wexcorin diff old.def new.def --json")
-    if code == 2 or not any(made):
+def case(choice):
+    made = two_definitions(choice, [1, 1, 1, 2, 3])
+    if not made:
         return None
-    changes = json.loads(out)["changes"]
+    old, new, changes = made
     renames = {each["before"].replace("_", " ").lower() if old["mode"] == "Minos" else each["before"].lower():
                each["after"].replace("_", " ").lower() if new["mode"] == "Minos" else each["after"].lower()
                for each in changes if each["kind"] == "renamed" and each["before"]}
@@ -103,12 +96,4 @@ def case(seed):
     return ""
 
 
-done = 0
-for seed in range(FIRST, FIRST + CASES):
-    problem = case(seed)
-    done += problem is not None
-    if problem:
-        failures.append(f"case {seed}: {problem}")
-if done < CASES / 3:
-    failures.append(f"only {done} of {CASES} cases compare definitions without errors")
-sys.exit("\n".join(failures) or 0)
+run_cases(case, 120)

@@ -88,6 +88,8 @@ swapped = '"bad.opt" looks like an option file and "a.def" like a definition; th
 for command, said in (
         ("check bad.opt a.def", swapped + "'wexcorin check a.def bad.opt'"), ("check --definition bad.opt a.def", swapped),
         ("show bad.opt one/run.opt a.def", swapped), ("write bad.opt a.def -o -", swapped), ("get x bad.opt a.def", swapped),
+        ("show bad.opt", "\"bad.opt\" looks like an option file; the definition comes before it, as in 'wexcorin show DEF bad.opt'"),
+        ("get x bad.opt", "'wexcorin get NAME DEF bad.opt'"), ("write bad.opt one/run.opt -o -", "'wexcorin write DEF bad.opt'"),
         ("get a.def size", "did you mean 'wexcorin get size a.def'?"), ("help size a.def", "did you mean 'wexcorin help a.def size'?"),
         ("find size a.def", "did you mean 'wexcorin find a.def size'?"),
         ("doc a.def page -o x", "; the form comes before the definition, as in 'wexcorin doc page a.def'")):

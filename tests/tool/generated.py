@@ -184,6 +184,9 @@ def candidates(definition, other, choice):
                if isinstance(value, int)}
     values = TEXTS + "2.5;no;zzz;a#b;a!b%c;1 2;* 5;\"1\" 5;1:2:0;red:1".split(";")
     values += sorted(map(str, {n + d for n in numbers for d in (-1, 0, 1)}))
+    # two values that are taken, of which the first is in quotes
+    values += ['"{0}" "{0}"'.format(str(option["default"]).strip('"')) for option in definition["options"]
+               if option["modifier"] == ".TWO"]
     lines = [f"--{word} {value}" for word in ("alpha", "alpine", "own_list", "own") for value in ("a", "b c")]
     lines += ["ind e$v 1", "ind e('a#b')$v no"]
     for name in names(definition):

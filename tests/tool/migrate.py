@@ -41,13 +41,15 @@ names deprecated
 MIGRATE = "wexcorin migrate --from old.def --to new.def"
 
 
-# The file after it was migrated, and the actions of the notes.
+# The file after it was migrated, and the actions of the notes. When it is migrated once more, nothing changes.
 def migrated(text, flags="", code=None):
     write("file.opt", text)
     out, err, seen = run(f"{MIGRATE} file.opt -o out {flags} --json")
     expect(f"{text!r}: errors", err, "")
     if code is not None:
         expect(f"{text!r}: exit code", seen, code)
+    run(f"{MIGRATE} out/file.opt -o twice {flags}")
+    expect(f"{text!r}: migrated twice", read("twice/file.opt"), read("out/file.opt"))
     return read("out/file.opt"), [note["action"] for note in json.loads(out)["files"][0]["notes"] if note["line"]]
 
 
@@ -130,6 +132,15 @@ os.chmod("place.opt", 0o640)
 runs(f"{MIGRATE} link.opt clean.opt --in-place", None, "", 0)
 expect("in place", (read("place.opt"), read("link.opt~"), os.path.islink("link.opt"), os.stat("place.opt").st_mode & 0o777,
                     os.path.exists("clean.opt~")), ("new_limit 1\n", "limit 1\n", True, 0o640, False))
+# A copy is for the same people as its file, a file that was there for the same as before.
+write("own.opt", "limit 1\n")
+os.chmod("own.opt", 0o600)
+for kept, flags in ((0o600, "--in-place"), (0o600, "-o copies"), (0o640, "-o copies")):
+    copy = "own.opt~" if "place" in flags else "copies/own.opt"
+    if kept != 0o600:
+        os.chmod(copy, kept)
+    run(f"{MIGRATE} own.opt {flags}")
+    expect(f"permissions with {flags}", os.stat(copy).st_mode & 0o777, kept)
 runs(f"{MIGRATE} main.opt --in-place --no-backup", None, "", 0)
 expect("no backup", (read("sub/part.opt"), os.path.exists("sub/part.opt~")), ("alpha 2\nbeta 2\n", False))
 for arguments in ("file.opt", "file.opt -o a --dry-run", "file.opt --no-backup --dry-run", "- --dry-run",
@@ -189,6 +200,27 @@ beta = 9
 expect("the report on assignments", [(note["line"], note["action"]) for note in report["files"][0]["notes"]],
        [(3, "renamed"), (4, "remark"), (5, "renamed"), (6, "remark"), (9, "clamped"), (10, "commented"), (11, "commented")])
 runs("wexcorin migrate --to new.def out/settings.ini --syntax assignments --dry-run", "", "1 file, 0 changes, 0 to decide\n", 0)
+
+# ---- definitions of a few lines: older, newer, flags, option file before and after
+
+for older, newer, flags, before, after in (
+        # a line that sets one of two values relies on the default of the other one
+        ("window double.TWO 1 9 0 99 1 1", "window double.TWO 1 2 0 99 1 1", "--pin", "window * 5\n",
+         "window * 5\n* Defaults that have changed\nwindow 9 *\n"),
+        ("window double.TWO 1 9 0 99 1 1", "window double.TWO 1 2 0 99 1 1", "--pin", "window 5\n", "window 5\n"),
+        # the new keyword was an option, whose value would end at the "!" when the file is migrated again
+        ("x eolcomm !\nind indicator\nword enumstr 1 a 1 1\n a 1", "x eolcomm !\nword indicator\nword enumstr 1 a 1 1\n a 1", "",
+         "ind e('a!b')$v yes\nind e$v no\n", "ind e('a!b')$v yes\nword e$v no\n"),
+        # words with blanks between them: only the first one may be the keyword
+        ("my_word string 1 a 1 1", "Minos lookup\nmy_word indicator\nmy_word string 1 a 1 1", "", "my_word b\n", "my word b\n"),
+        ("my_word string 1 a 1 1", "Minos lookup\nmy indicator\nmy_word string 1 a 1 1", "", "my_word b\n", "-my word b\n"),
+        # the only name that finds the option in the newer definition, where "betray" finds beta, sets nothing
+        ("beta integer 1 0 0 9 1 1\nbetray_size boolean.NV 2 0 1 1\ngam synonym betray_size\nx obsolete\n gam use it not",
+         "Minos lookup\nbeta integer 1 0 0 9 1 1\nbetray_size boolean.NV 2 0 1 1\ngam synonym betray_size\nx obsolete\n gam use it not",
+         "", "betray_size\n", "betray_size\n")):
+    write("old.def", older + "\n")
+    write("new.def", newer + "\n")
+    expect(f"{before!r} under {newer!r}", migrated(before, flags)[0], after)
 
 # ---- JSON
 

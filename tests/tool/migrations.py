@@ -1,11 +1,12 @@
 """Proves what migrate promises: makes random definitions, changes of them and option files, and compares what the files
 set under the older definition with what the migrated files set under the newer one.
-usage: migrations.py TOOL [CASES [FIRST]]; run in the repository's root; FIRST is the number of the first case"""
-import copy, json, os, random, shutil, sys
-from generated import candidates, change, names, new_definition, text_of
-from support import failures, read, run, write
+usage: migrations.py TOOL [CASES [FIRST]]; see cases.py"""
+import json
+from cases import run_cases, two_definitions
+from generated import candidates, text_of
+from support import read, run, write
 
-CASES, FIRST = (int(argument) for argument in (sys.argv[2:] + ["40", "1"][len(sys.argv) - 2:]))
+VALUELESS = ["macro", "multilist", "immediate"]
 TRAILERS = ["", "", "", "  # why", " ! note", "\t"]
 OTHERS = ["", "* a comment", "# a comment", "   ", "! x", "no such 5", "9", "alpha", "-beta 1", "*", "alpha 1, beta 2"]
 
@@ -13,7 +14,7 @@ OTHERS = ["", "* a comment", "# a comment", "   ", "! x", "no such 5", "9", "alp
 # ---- what is in force: the options with their values, and the dot lines and indicators
 
 def settings(definition, file):
-    rows = json.loads(run(f"wexcorin show {definition} {file} --json")[0])["options"]
+    rows = json.loads(run(f"wexcorin show {definition} {file} --json --origin")[0])["options"]
     options = {}
     for row in rows:
         name = row["name"].lower().replace(" ", "_")
@@ -32,19 +33,22 @@ def value_of(row):
     return [float(value) if isinstance(value, (int, float)) else str(value).lower() for value in values]
 
 
-# An option without a value can tell only whether it was named.
-def same(before, after):
+# An option without a value can tell only whether it was named. Of two values, one may be the default, which may change.
+def same(before, after, pinned=False):
     if {before["name"].lower(), after["name"].lower()} & FLAGS:
         return before["set"] == after["set"]
     one, other = value_of(before), value_of(after)
-    return one == other or list(map(text, one)) == list(map(text, other))
+    if isinstance(before["value"], list) or isinstance(after["value"], list):
+        return one == other or list(map(text, one)) == list(map(text, other))
+    origins = before["origin"], before.get("origin2", before["origin"])
+    return all(a == b or text(a) == text(b) for a, b, origin in zip(one, other, origins) if origin or pinned)
 
 
 def text(value):
     return f"{value:g}" if isinstance(value, float) else value
 
 
-# Whether the newer definition takes the value.
+# Whether the newer definition takes the value on a line that stays when it is migrated.
 def allowed(name, before, after):
     if after["name"].lower() in FLAGS:
         return False
@@ -52,7 +56,8 @@ def allowed(name, before, after):
     line = f"{name} " + " ".join(f'"{text(value)}"' for value in values)
     write("one.opt", line.replace("_", " ") + "\n" if MINOS else line + "\n")
     row = settings("new.def", "one.opt")[0].get(name, after)
-    return row["set"] and same(before, row)
+    migrate("one.opt", "again", "")
+    return row["set"] and same(before, row) and read("again/one.opt") == read("one.opt")
 
 
 def obsolete(name, notes):
@@ -88,16 +93,12 @@ def migrate(file, folder, flags, newer="new.def"):
     return json.loads(out)
 
 
-def case(seed):
+def case(choice):
     global MINOS, FLAGS
-    choice = random.Random(seed)
-    old = new_definition(choice)
-    new = copy.deepcopy(old)
-    made = [change(new, choice) for _ in range(choice.choice([1, 1, 2, 3, 5]))]
-    write("old.def", text_of(old))
-    write("new.def", text_of(new))
-    if run("wexcorin diff old.def new.def")[2] == 2 or not any(made):
+    made = two_definitions(choice, [1, 1, 2, 3, 5])
+    if not made:
         return None
+    old, new, _ = made
     MINOS = new["mode"] == "Minos"
     FLAGS = {option["name"].lower() for each in (old, new) for option in each["options"] if option["modifier"] == ".NV"}
     FLAGS |= {name.replace("_", " ") for name in FLAGS}
@@ -142,7 +143,7 @@ def compare(renames, report, flags, spreads, never):
         if not row["set"] and "--pin" not in flags:
             if now["set"]:
                 return f"{now['name']} is set, but was not"
-        elif not name.startswith(".") and row["type"] not in ("macro", "multilist") and not same(row, now):
+        elif not name.startswith(".") and row["type"] not in VALUELESS and not same(row, now, "--pin" in flags):
             if not told & (spreads | {name, ""}):
                 return f"{name} was {row['value']}, is {now['value']}, and nothing is left to decide"
             if name in told and name not in never and allowed(renames.get(name, name), row, now) and not obsolete(name, notes):
@@ -151,22 +152,9 @@ def compare(renames, report, flags, spreads, never):
         if row["set"] and row["name"] not in expected:
             return f"{name} is set, but was not there"
     if not told and not any(note["action"] in ("commented", "reduced") for note in notes) and \
-            [each for each in entries_before] != entries_after:
+            sorted(entries_before) != sorted(entries_after):  # their order follows the spelling of names
         return f"dot lines and indicators were {entries_before}, are {entries_after}"
     return ""
 
 
-done = 0
-for seed in range(FIRST, FIRST + CASES):
-    try:
-        problem = case(seed)
-    except RuntimeError as error:
-        problem = str(error)
-    done += problem is not None
-    if problem:
-        failures.append(f"case {seed}: {problem}")
-        if os.environ.get("KEEP"):
-            shutil.copytree(".", f"{os.environ['KEEP']}/{seed}", symlinks=True, dirs_exist_ok=True)
-if done < CASES / 3:
-    failures.append(f"only {done} of {CASES} cases migrate a file")
-sys.exit("\n".join(failures) or 0)
+run_cases(case, 40)

@@ -343,7 +343,7 @@ for file, line, part in (
                                              if (each["file"], each["line"]) == (f"words.{file}", line)]), part)
 expect("types that are meant", [each["suggestions"] for each in found if each["suggestions"]], [["integer"], ["double"], ["true"]])
 expect("no advice", found[-1]["advice"], [])
-expect_part("check none.def", run("wexcorin check none.def")[1], 'none.def: note: "none.def" is the definition file,')
+expect_part("check none.def", run("wexcorin check none.def")[1], 'none.def: note: "none.def" is named as the definition file\n')
 
 # ---- doc: every form can be written to standard output or a file; on failure the old file stays
 
@@ -390,17 +390,18 @@ for command, said in (("show examples/first.def --all", "--all"),
     expect(command, (out, code), ("", 2))
 for command, said in (("chek --jsn", '"chek"; did you mean "check"?'), ("--versoin", '"--versoin"; did you mean "--version"?'),
                       ("check a --jsn=1", '"--jsn"; did you mean "--json"?'), ("doc mark a -o b", 'markdown, page, pascal; did you mean "markdown"?'),
-                      ("write a b -o c --forc", '"--forc"; did you mean "--force"?'), ("shw a", '"shw"; did you mean "show"?')):
+                      ("write a b -o c --forc", '"--forc"; did you mean "--force"?'), ("--color never show a", 'the flag "--color" stands behind the command'), ("shw a", '"shw"; did you mean "show"?')):
     expect_part(command, run(f"wexcorin {command}")[1], f" {said}\nTry 'wexcorin")
 for arguments, said in {
         **{f"check a --limit {number}": f'--limit: "{number}" is not a whole number from 1' for number in (0, -1, "x", "1x", 9 * "999")},
         "show a --color sometimes": '--color: "sometimes" is none of always, auto, never',
-        "check a --bogus": 'there is no flag "--bogus"'}.items():
+        "check a --bogus": 'there is no flag "--bogus"', "show a --set": "--set needs TEXT",
+        "help check": """there is no file "check"; the help of the command is 'wexcorin check --help'"""}.items():
     name = f"wexcorin {arguments.split()[0]}"
     runs(f"wexcorin {arguments}", err=f"{name}: {said}\nTry '{name} --help'.\n", code=2)
 for command in "", "check", "show", "explain", "get", "find", "help", "template", "write", "doc":
     expect_part(f"{command} --help", " ".join(run(f"wexcorin {command} --help")[0].split()),
-                " Exit codes: 0 no errors; 1 errors in what was read; 2 wrong use, or a file that cannot be opened, "
+                " Exit codes: 0 no errors; 1 errors in what was read, or no such option or group; 2 wrong use, or a file that cannot be opened, "
                 "read or written.")
 expect("version", run("wexcorin --version")[0][:9], "wexcorin ")
 

@@ -123,6 +123,19 @@ for word, code in ("any", 1), ("silent", 0), ("breaking", 0):
     write("wider.def", read("trace.def").replace("1 0 9 1 1\nbeta", "1 0 10 1 1\nbeta"))
     runs(f"wexcorin diff trace.def wider.def --fail-on {word}", None, "", code)
 
+# ---- definitions: changes of names in lookup mode Minos
+
+for what, older, newer, wanted in (
+        ("a renamed option, whose name finds another one", "tole_alpine strlist 2 1 1", "size strlist 2 1 1\ntole_alpine synonym size",
+         [("compatible", "renamed")]),
+        ("a new option that takes the second word of a synonym for a part of its value",
+         "size string 2 a 1 1\nbeta_one synonym size", "size string 2 a 1 1\nbeta_one synonym size\nbeta string 3 a 1 1",
+         [("breaking", "synonym"), ("compatible", "added")])):
+    for file, lines in ("old.def", older), ("new.def", newer):
+        write(file, f"Minos lookup\ntolerance strlist 1 1 1\n{lines}\n")
+    changes = json.loads(run("wexcorin diff old.def new.def --json")[0])["changes"]
+    expect(what, [(each["class"], each["kind"]) for each in changes], wanted)
+
 # ---- the schemas
 
 try:

@@ -92,8 +92,10 @@ bool deliver(const tdestinations& destinations, tfindinglist& findings) {
     std::error_code problem;
     const tpath parent = tpath(each.path).parent_path();
     if (!parent.empty()) std::filesystem::create_directories(parent, problem);
-    const std::int32_t code =
-        toutputfile(each.path).write(each.isbackup ? each.file->before : each.file->after);
+    // A copy is for the same people as its file, a file that was there for the same as before.
+    const bool iscopy = each.isbackup || !std::filesystem::exists(each.path, problem);
+    const std::int32_t code = toutputfile(each.path).write(
+        each.isbackup ? each.file->before : each.file->after, iscopy ? each.file->name : "");
     if (code == 0) continue;
     findings.begin({.place = {each.path},
                     .severity = tseverity::error,

@@ -59,7 +59,7 @@ bool tmigration::run(const std::string& filename) {
   fstore = &reading.store();
   froot = filename;
   fpositions.emplace(fstore->definition());
-  fisset.assign(static_cast<std::size_t>(fdefinitions.newdefinition().getcount()), false);
+  fset.assign(static_cast<std::size_t>(fdefinitions.newdefinition().getcount()), 0);
   fnobounds = fnewnobounds = false;
   reading.follow(this);
   const bool opened = reading.readoptions({{}, {filename}, {}});
@@ -233,7 +233,7 @@ void tmigration::checkrefused(topen& open, const tmeaning& meaning) {
 void tmigration::markset() {
   for (const titem& item : fdefinitions.rewriter().seen().items)
     if (const std::int32_t position = fdefinitions.successors().newer().of(item.option); position >= 0)
-      fisset[static_cast<std::size_t>(position)] = true;
+      fset[static_cast<std::size_t>(position)] |= static_cast<std::uint8_t>(valuebit(item.which));
 }
 
 }  // namespace tool

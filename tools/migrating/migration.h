@@ -21,7 +21,8 @@ class tdefinitions {
  public:
   explicit tdefinitions(bool clamps) : fclamps(clamps) {}
 
-  // Returns false if one of them cannot be used. Without a name, there is no older definition. What is wrong with them is among the findings of the readings.
+  // Returns false if one of them cannot be used; what is wrong with them is among the findings of the readings.
+  // Without a name, there is no older definition.
   bool read(const std::string& olderfile, const std::string& newerfile);
 
   treading older, newer;
@@ -95,7 +96,10 @@ class tmigration final : optcore::tstoreobserver {
   static void add(topen& open, const tnewline& lines, std::string_view text, std::string_view lineend);
   static void checkrefused(topen& open, const tmeaning& meaning);
   void pin(const tmigratedfile& file);
-  void pinoption(tpins& pins, const optcore::toption& older, const optcore::toption& newer);
+  std::vector<optcore::twhich> unsetvalues(const optcore::toption& older,
+                                           const optcore::toption& newer) const;
+  void pinoption(tpins& pins, const optcore::toption& older, const optcore::toption& newer,
+                 const std::vector<optcore::twhich>& values);
   tmigratedfile& fileof(const std::string& name);
   static std::string_view nextline(topen& open, std::string_view& lineend);
   void markset();
@@ -113,7 +117,7 @@ class tmigration final : optcore::tstoreobserver {
   bool fnobounds = false, fnewnobounds = false;      // as reading has left them
   bool flasteolonly = true, flastneweolonly = true;  // at the end of the file on the command line
   std::string froot;
-  std::vector<bool> fisset;  // by the lines of the result, for the options of the newer definition
+  std::vector<std::uint8_t> fset;  // by the lines of the result: the bits of the values of the newer options
 };
 
 }  // namespace tool

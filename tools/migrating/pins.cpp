@@ -34,6 +34,13 @@ titem defaultitem(const toption& option, const toption& newer) {
           .subtype = option.subtype()};
 }
 
+// Of what notes on these values speak.
+std::string subject(const toption& option, const std::vector<twhich>& values) {
+  if (option.subtype() != tsubtype::twovalues || values.size() == 2) return "The default";
+  return values.front() == twhich::first ? "The default of the first value"
+                                         : "The default of the second value";
+}
+
 }  // namespace
 
 // Options that can tell only whether they were named have no default to rely on.
@@ -43,20 +50,35 @@ void tmigration::pin(const tmigratedfile& file) {
   const tdefinition& definition = fdefinitions.successors().older().definition();
   for (std::int32_t i = 0; i < fdefinitions.successors().count(); ++i) {
     const toption* newer = fdefinitions.successors().of(i);
-    if (newer == nullptr || fstore->definition().option(i).defined() != 0) continue;
-    if (fisset[static_cast<std::size_t>(fdefinitions.successors().newer().of(newer))]) continue;
+    if (newer == nullptr) continue;
     const toption& older = definition.option(i);
     if (older.subtype() == tsubtype::novalue || newer->subtype() == tsubtype::novalue) continue;
+    const std::vector<twhich> values = unsetvalues(fstore->definition().option(i), *newer);
+    if (values.empty()) continue;
     const titem before = defaultitem(older, *newer), after = defaultitem(*newer, *newer);
     const bool hasboth = (before.value.index() == 0) == (after.value.index() == 0);
-    if (!hasboth || !samevalue(before, after)) pinoption(pins, older, *newer);
+    if (!hasboth || !samevalue(before, after)) pinoption(pins, older, *newer, values);
   }
 }
 
-void tmigration::pinoption(tpins& pins, const toption& older, const toption& newer) {
+// The values that no line sets under any of the definitions. A line may set only one of two.
+std::vector<twhich> tmigration::unsetvalues(const toption& older, const toption& newer) const {
+  const std::int32_t now = fset[static_cast<std::size_t>(fdefinitions.successors().newer().of(&newer))];
+  const bool hastwo = newer.subtype() == tsubtype::twovalues, hadtwo = older.subtype() == tsubtype::twovalues;
+  if ((!hastwo || !hadtwo) && (older.defined() | now) != 0) return {};
+  std::vector<twhich> result;
+  for (const twhich which : {twhich::first, twhich::second})
+    if ((which == twhich::first || hastwo) && ((older.defined() | now) & valuebit(which)) == 0)
+      result.push_back(which);
+  return result;
+}
+
+void tmigration::pinoption(tpins& pins, const toption& older, const toption& newer,
+                           const std::vector<twhich>& values) {
   titem item = defaultitem(older, newer);
   const auto shown = [](const tvalue& value) { return value.index() == 0 ? "none" : valuetext(value); };
-  const std::string what = "The default is now " + shown(defaultof(newer)) + ", was " + shown(item.value);
+  const std::string what =
+      subject(newer, values) + " is now " + shown(defaultof(newer)) + ", was " + shown(item.value);
   const auto note = [&](taction action, const std::string& text, bool decide) {
     pins.notes.push_back({action, std::string(older.getname()), what + text, decide});
   };
@@ -65,9 +87,8 @@ void tmigration::pinoption(tpins& pins, const toption& older, const toption& new
     return note(taction::newdefault, "; a line cannot set it", fpins);
   if (!fpins) return note(taction::newdefault, "; --pin keeps the old one", false);
   toutcome expected;
-  expected.items = {item};
-  if (newer.subtype() == tsubtype::twovalues) {
-    item.which = twhich::second;
+  for (const twhich which : values) {
+    item.which = which;
     expected.items.push_back(item);
   }
   const tdefinition& definition = fdefinitions.newdefinition();

@@ -73,7 +73,7 @@ class trewriter {
   // Whether reading these lines has this outcome under the newer definition, and rewriting them once more
   // would change nothing.
   bool holds(const std::vector<std::string>& lines, const toutcome& expected);
-  bool stays(const tmeaning& then, const tmeaning& now) const;
+  bool stay(const std::vector<std::string>& lines) const;
   bool isunchanged(const toldline& line, const tmeaning& seen) const;
   bool iskept(const tstatement& before, const tstatement& after) const;
   bool isdue(const tstatement& before, const tmeaning& seen) const;
@@ -107,6 +107,7 @@ class trewriter {
   ttrial& fnewer;
   const tsuccessors& fsuccessors;
   const bool fclamps;
+  bool fistrying = false;  // whether another rewriter asks if its lines would stay
 
   const toldline* fline = nullptr;
   tlinestate fstate;  // under the newer definition, before the line

@@ -67,8 +67,9 @@ bool iskeyword(const tdefinition& definition, std::string_view name) {
   return !definition.dotname().empty() && struequal(name, definition.dotname());
 }
 
-// The first synonym that finds the option.
+// The first synonym that finds the option; none if synonyms of it set nothing.
 std::string synonymof(const tdefinition& definition, const toption& option) {
+  if (option.hasdeprecation(tdeprecation::obsoletesynonym)) return {};
   const auto& synonyms = definition.synonyms();
   for (std::int32_t i = 0; i < synonyms.count(); ++i)
     if (definition.synonymtarget(i) == &option && finds(definition, synonyms.getname(i), option))
@@ -84,8 +85,10 @@ std::string writtenname(const tdefinition& definition, const toption& option) {
   if (name.starts_with("--")) return std::string(name.substr(2));
   std::string result(name);
   if (!finds(definition, name, option)) result = synonymof(definition, option);
-  if (iskeyword(definition, result)) return "-" + result;  // a sign before it makes it the name of an option
-  return result.empty() ? result : std::string(definition.nounderscore(result).view());
+  if (result.empty()) return result;
+  const std::string typed(definition.nounderscore(result).view());
+  // a sign before the keyword of indicators makes it the name of an option
+  return iskeyword(definition, typed.substr(0, typed.find(' '))) ? "-" + typed : typed;
 }
 
 std::string reasonof(const toption& older, const toption* newer) {

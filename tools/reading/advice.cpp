@@ -114,7 +114,7 @@ std::string adviceon(const tmessage& message, const tvksoptions& store) {
                  : "There is an option " + inquotes(subject.name) + "; a blank or \"=\" must follow its name";
     case unusablefile:
       return message.kind == tmsgkind::defineerror
-                 ? inquotes(subject.name) + " is the definition file, which comes before the option files"
+                 ? inquotes(subject.name) + " is named as the definition file"
                  : "";
     case unknowntype:
     case badreference:

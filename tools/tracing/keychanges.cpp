@@ -106,23 +106,39 @@ class tkeycomparison {
     const std::int32_t counterpart = fcomparison.counterparts.newerof(position);
     const std::int32_t now = foundnow(name, partial);
     if (counterpart < 0) return removed(position, now, partial);
-    const std::string_view newname = fafter.getstrings(counterpart);
-    if (!struequal(name, newname))
-      add(timpact::compatible, "renamed", name, name, newname, "It is now called " + std::string(newname));
-    else if (name != newname)
-      add(timpact::compatible, "spelling", name, name, newname, "It is now spelled " + std::string(newname));
+    calledotherwise(name, fafter.getstrings(counterpart));
     if (now != counterpart || partial) return lost(name, fbefore.option(position), now, partial);
     standing(name, fbefore.option(position), fafter.option(now));
     shortforms(position, counterpart);
   }
 
+  // Whether a line can name an option that its name does not find. What hides it may be the keyword of
+  // indicators or a synonym: a sign before the name helps, or a short form.
+  bool isreached(std::int32_t position) const {
+    const std::string_view name = fbefore.getstrings(position);
+    const bool isminos = fbefore.lookupmode() == tlookupmode::minos;
+    for (std::size_t end = name.find('_'); isminos && end != name.npos; end = name.find('_', end + 1))
+      if (fbefore.optlookup(name.substr(0, end)) >= 0) return false;
+    return fbefore.optlookup(name) == position;
+  }
+
   // An option that no line can name counts only as a member of others.
   void indirect(std::int32_t position) {
-    // in mode Minos, a short form may reach what the name does not
-    const bool hasreach = fbefore.lookupmode() == tlookupmode::minos;
-    if (fcomparison.counterparts.newerof(position) < 0)
-      add(hasreach ? timpact::breaking : timpact::compatible, "removed", fbefore.getstrings(position), {}, {},
-          "The option is gone, but its name did not find it");
+    const std::string_view name = fbefore.getstrings(position);
+    const bool hasreach = isreached(position);
+    const std::int32_t counterpart = fcomparison.counterparts.newerof(position);
+    if (counterpart < 0)
+      return add(hasreach ? timpact::breaking : timpact::compatible, "removed", name, {}, {},
+                 "The option is gone, but its name did not find it");
+    calledotherwise(name, fafter.getstrings(counterpart));
+    if (hasreach) shortforms(position, counterpart);
+  }
+
+  void calledotherwise(std::string_view name, std::string_view newname) {
+    if (!struequal(name, newname))
+      add(timpact::compatible, "renamed", name, name, newname, "It is now called " + std::string(newname));
+    else if (name != newname)
+      add(timpact::compatible, "spelling", name, name, newname, "It is now spelled " + std::string(newname));
   }
 
   void removed(std::int32_t position, std::int32_t now, bool partial) {
@@ -139,7 +155,8 @@ class tkeycomparison {
         text.append("; its name now finds ").append(fafter.getstrings(now)));
   }
 
-  // What is left over when only a part of the name is found becomes a part of the value.
+  // What is left over when only a part of the name is found becomes a part of the value: then a value in
+  // quotes is refused.
   timpact impact(std::string_view key, const toption& before, std::int32_t now, bool partial,
                  bool dotline) const {
     const toption& after = fafter.option(now);
@@ -151,10 +168,8 @@ class tkeycomparison {
     if (isobsolete != wasobsolete && (isobsolete || after.subtype() != tsubtype::novalue))
       return timpact::breaking;
     if (!partial) return impactofother(fcomparison, before, after, dotline);
-    return takesanytext(after) && after.subtype() != tsubtype::novalue &&
-                   before.subtype() == tsubtype::required
-               ? timpact::silent
-               : timpact::breaking;
+    const bool takes = takesanytext(after) && after.subtype() != tsubtype::novalue;
+    return takes && before.subtype() == tsubtype::novalue ? timpact::silent : timpact::breaking;
   }
 
   void lost(std::string_view name, const toption& before, std::int32_t now, bool partial) {

@@ -73,15 +73,15 @@ bool toutputfile::isoneof(const tfilemarks& files) const {
   return result == 0 && files.contains(file);
 }
 
-std::int32_t toutputfile::write(std::string_view contents) const {
+std::int32_t toutputfile::write(std::string_view contents, const std::string& model) const {
   if (fdescriptor) {
     std::cout.flush();
     return writeto(*fdescriptor, contents);
   }
   struct stat file {};
-  if (stat(fpath.c_str(), &file) != 0) return errno == ENOENT ? replacefile(fpath, contents) : errno;
+  if (stat(fpath.c_str(), &file) != 0) return errno == ENOENT ? replacefile(fpath, contents, model) : errno;
   if (S_ISDIR(file.st_mode)) return EISDIR;
-  return S_ISREG(file.st_mode) ? replacefile(fpath, contents) : writedirectly(fpath, contents);
+  return S_ISREG(file.st_mode) ? replacefile(fpath, contents, model) : writedirectly(fpath, contents);
 }
 
 }  // namespace tool

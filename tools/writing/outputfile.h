@@ -24,8 +24,9 @@ class toutputfile {
   bool isoneof(const tfilemarks& files) const;
 
   // Writes the contents. Returns 0 or the system's error code; a regular file is then as it was. On a terminal
-  // whatever could control it is shown as an escape.
-  std::int32_t write(std::string_view contents) const;
+  // whatever could control it is shown as an escape. With a model, another file, a regular file gets the
+  // permissions of that file.
+  std::int32_t write(std::string_view contents, const std::string& model = {}) const;
 
  private:
   std::string fname;

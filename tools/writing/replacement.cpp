@@ -71,11 +71,12 @@ std::string foldername(const std::string& path) {
 
 class treplacement {
  public:
-  explicit treplacement(const std::string& path)
-      : fpath(path),
+  treplacement(const std::string& path, const std::string& model)
+      : fmodel(model.empty() ? path : std::filesystem::canonical(model).string()),
         fname(std::filesystem::path(path).filename()),
         ffolder(succeeded(open(foldername(path).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC))) {
     lookatold();
+    if (!model.empty()) lookatmodel();
   }
   ~treplacement() {
     if (!ftemporary.empty()) unlinkat(ffolder.get(), ftemporary.c_str(), 0);
@@ -89,7 +90,7 @@ class treplacement {
     const tdescriptor nameless(openat(ffolder.get(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, mode()));
     if (nameless.get() >= 0) {
       fill(nameless.get(), contents);
-      if (!fold && link(nameless.get(), fname)) return;
+      if (!fexists && link(nameless.get(), fname)) return;
       if (linktemporary(nameless.get())) return rename();
     } else if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL) {
       throw tfailure{errno};
@@ -110,7 +111,14 @@ class treplacement {
       return;
     }
     succeeded(faccessat(ffolder.get(), fname.c_str(), W_OK, AT_EACCESS));
-    fold = old;
+    fexists = true;
+    fkept = old;
+  }
+
+  void lookatmodel() {
+    struct stat model {};
+    succeeded(stat(fmodel.c_str(), &model));
+    fkept = model;
   }
 
   std::string temporaryname(int number) const {
@@ -119,7 +127,7 @@ class treplacement {
   }
 
   // The contents of a protected file are protected from the beginning.
-  mode_t mode() const { return fold ? 0600 : 0666; }
+  mode_t mode() const { return fkept ? 0600 : 0666; }
 
   int createtemporary() {
     for (int number = 0; number < mosttemporaries; ++number) {
@@ -152,7 +160,7 @@ class treplacement {
   void fill(int file, std::string_view contents) const {
     flock(file, LOCK_EX | LOCK_NB);  // says that its temporary name is no leftover
     if (const int code = writeall(file, contents); code != 0) throw tfailure{code};
-    if (fold) keepattributes(file);
+    if (fkept) keepattributes(file);
     // Some file systems report only here that the contents could not be written.
     if (fsync(file) != 0 && errno != EINVAL && errno != EROFS) throw tfailure{errno};
   }
@@ -173,12 +181,12 @@ class treplacement {
     }
   }
 
-  // Gives the file the owner, group, mode and access list of the old one. Where the group cannot be kept, its
+  // Gives the file the owner, group, mode and access list of the old one or of the model. Where the group cannot be kept, its
   // members get no more than everybody has.
   void keepattributes(int file) const {
-    mode_t mode = fold->st_mode & 07777;
-    const bool keepsgroup = fchown(file, static_cast<uid_t>(-1), fold->st_gid) == 0;
-    const bool keepsowner = fchown(file, fold->st_uid, static_cast<gid_t>(-1)) == 0;
+    mode_t mode = fkept->st_mode & 07777;
+    const bool keepsgroup = fchown(file, static_cast<uid_t>(-1), fkept->st_gid) == 0;
+    const bool keepsowner = fchown(file, fkept->st_uid, static_cast<gid_t>(-1)) == 0;
     if (!keepsgroup || !keepsowner) mode &= 0777;
     if (!keepsgroup) mode = (mode & 0707) | ((mode & 07) << 3);
     succeeded(fchmod(file, mode));
@@ -188,14 +196,15 @@ class treplacement {
   void keepaccesslist(int file) const {
     constexpr const char* accesslist = "system.posix_acl_access";
     std::array<char, 65536> list;  // none is longer
-    const ssize_t size = lgetxattr(fpath.c_str(), accesslist, list.data(), list.size());
+    const ssize_t size = lgetxattr(fmodel.c_str(), accesslist, list.data(), list.size());
     if (size > 0) succeeded(fsetxattr(file, accesslist, list.data(), static_cast<std::size_t>(size), 0));
   }
 
-  std::string fpath, fname;
+  std::string fmodel, fname;  // the file whose permissions are kept; the name of the file that is written
   tdescriptor ffolder;
-  std::optional<struct stat> fold;  // the file that is replaced
-  std::string ftemporary;           // the temporary name of the new file; empty while it has none
+  bool fexists = false;              // the file that is written
+  std::optional<struct stat> fkept;  // what is kept of the model; nothing if it does not exist
+  std::string ftemporary;            // the temporary name of the new file; empty while it has none
 };
 
 }  // namespace
@@ -215,13 +224,15 @@ std::int32_t writeall(int descriptor, std::string_view contents) {
   return 0;
 }
 
-std::int32_t replacefile(const std::string& path, std::string_view contents) {
+std::int32_t replacefile(const std::string& path, std::string_view contents, const std::string& model) {
   try {
     const tsignalsheld held;
-    treplacement(path).run(contents);
+    treplacement(path, model).run(contents);
     return 0;
   } catch (const tfailure& failure) {
     return failure.code;
+  } catch (const std::filesystem::filesystem_error& failure) {
+    return failure.code().value();
   }
 }
 

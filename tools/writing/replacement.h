@@ -19,6 +19,8 @@ std::int32_t writeall(int descriptor, std::string_view contents);
 // .NAME.wexcorin-0. Only a kill that no program can catch leaves that name there, with the new contents; the
 // next replacement of the file removes it. On file systems that cannot make files without a name, the file
 // has this name while it is written.
-std::int32_t replacefile(const std::string& path, std::string_view contents);
+//
+// With a model, another file, the path gets the permissions of that file instead of its own.
+std::int32_t replacefile(const std::string& path, std::string_view contents, const std::string& model = {});
 
 }  // namespace tool
