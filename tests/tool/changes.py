@@ -86,13 +86,18 @@ def case(choice):
     if silent and not classes & {"breaking", "silent"}:
         return f"'{silent}' means something else, but all is compatible"
     certain = {"bounds", "values", "default", "removed", "synonym"}
-    acts = len(changes) == 1 and not {changes[0]["name"], changes[0]["before"]}.isdisjoint(acting(old))
-    plain = old["mode"] == "Normal" and not (acts or old["deprecated"] or old["obsolete"])
-    if len(changes) == 1 and changes[0]["kind"] in certain and plain:
-        if changes[0]["class"] == "breaking" and not refused:
-            return f"no line is refused, but this is breaking: {changes[0]}"
-        if changes[0]["class"] == "silent" and not silent:
-            return f"no line means something else, but this is silent: {changes[0]}"
+    # which texts all members of a list take is not looked at
+    lists = {option["name"] for option in new["options"] if option["type"] in ("macro", "multilist")}
+    if len(changes) != 1 or changes[0]["kind"] not in certain or old["mode"] != "Normal" or old["deprecated"] or old["obsolete"]:
+        return ""
+    name, before, after = (changes[0][key] for key in ("name", "before", "after"))
+    if {name, before} & acting(old) or after in lists:
+        return ""
+    named = any(name.lower() in line.lower() for line in clean)  # some macros take no text at all
+    if changes[0]["class"] == "breaking" and named and not refused:
+        return f"no line is refused, but this is breaking: {changes[0]}"
+    if changes[0]["class"] == "silent" and not silent:
+        return f"no line means something else, but this is silent: {changes[0]}"
     return ""
 
 

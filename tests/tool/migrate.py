@@ -217,7 +217,16 @@ for older, newer, flags, before, after in (
         # the only name that finds the option in the newer definition, where "betray" finds beta, sets nothing
         ("beta integer 1 0 0 9 1 1\nbetray_size boolean.NV 2 0 1 1\ngam synonym betray_size\nx obsolete\n gam use it not",
          "Minos lookup\nbeta integer 1 0 0 9 1 1\nbetray_size boolean.NV 2 0 1 1\ngam synonym betray_size\nx obsolete\n gam use it not",
-         "", "betray_size\n", "betray_size\n")):
+         "", "betray_size\n", "betray_size\n"),
+        # the multilist marks beta as set, and its value would be that of a line before
+        ("beta integer.OPT 1 2 0 9 1 1\nall multilist 2 1 1\n beta", "beta integer.NV 1 2 0 9 1 1\nall multilist 2 1 1\n beta", "",
+         "all 2\nbeta\nall 2\n", "beta\nbeta\nbeta\n"),
+        # a line that is refused now is left to a person, and no pin comes after it; for one that is a comment now it does
+        ("word string 1 c 1 1", "kind enumstr 1 a 1 1\n a 1\n c 1\nword synonym kind", "--pin", "word b\n", "kind b\n"),
+        ("window integer.TWO 1 9 0 99 1 1", "window string 1 a 1 1", "--pin", "window * 5\n",
+         "* window is not taken in the same way\n* window * 5\n* Defaults that have changed\nwindow 9\n"),
+        ("rank integer 1 2 0 9 1 1\nall string 1 a 1 1", "rank integer 1 2 0 9 1 1\nall string 1 b 1 1", "--pin", "rank 4\r\nrank 5\r",
+         "rank 4\r\nrank 5\r\n* Defaults that have changed\r\nall a\r\n")):
     write("old.def", older + "\n")
     write("new.def", newer + "\n")
     expect(f"{before!r} under {newer!r}", migrated(before, flags)[0], after)

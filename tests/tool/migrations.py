@@ -134,12 +134,15 @@ def compare(renames, report, flags, spreads, never):
     after, entries_after = settings("new.def", "out/case.opt")
     told = {note["name"].lower().replace(" ", "_") for note in notes
             if note["decide"] or note["action"] in ("clamped", "commented")}
+    shared = {name for name in renames.values() if list(renames.values()).count(name) > 1}
     expected = set()
     for name, row in before.items():
         now = after.get(renames.get(name, name))
         if now is None:
             continue
         expected.add(now["name"])
+        if renames.get(name) in shared:  # only one of these options is continued
+            continue
         if not row["set"] and "--pin" not in flags:
             if now["set"]:
                 return f"{now['name']} is set, but was not"

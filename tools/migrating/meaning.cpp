@@ -100,12 +100,14 @@ void tmeaning::step(const tstep& step, const tvksoptions& store) {
 void tmeaning::assigned(const toption& option, std::int32_t bits) {
   if (statements.empty() || statements.back().kind == tstep::tkind::dotline) return;
   const bool islist = option.opttype() == topttype::strlist;
+  // the name of an option without a value assigns its default, but a multilist or macro only marks it as set
+  const bool isvalue = option.subtype() != tsubtype::novalue || statements.back().option == &option;
   for (const twhich which : {twhich::first, twhich::second})
     if ((bits & valuebit(which)) != 0)
       effects.push_back({.kind = islist ? teffect::tkind::listtext : teffect::tkind::value,
                          .option = &option,
                          .which = which,
-                         .value = currentvalueof(option, which)});
+                         .value = isvalue ? currentvalueof(option, which) : tvalue()});
 }
 
 void tmeaning::filed(const tmessage& message) {

@@ -19,7 +19,7 @@ struct teffect {
   tkind kind;
   const optcore::toption* option;  // null for an indicator
   optcore::twhich which = optcore::twhich::first;
-  tvalue value{};
+  tvalue value{};        // none if the option is marked as set and keeps its value
   std::string symbol{};  // what a dot entry or an indicator is for
 };
 

@@ -35,7 +35,7 @@ void tmigratedfile::addlines(const std::vector<std::string>& lines) {
       const std::size_t length = after.size() - (after.rfind('\n') + 1);
       added = {before.size() - length, length, after.size() - length, 0};
     }
-    after.append(lineend());
+    after.append(after.ends_with('\r') ? "\n" : lineend());
   }
   for (const std::string& line : lines) after.append(line).append(lineend());
   added.aftersize = after.size() - added.after;

@@ -59,6 +59,7 @@ bool tmigration::run(const std::string& filename) {
   fstore = &reading.store();
   froot = filename;
   fpositions.emplace(fstore->definition());
+  foldset.assign(static_cast<std::size_t>(fstore->definition().getcount()), 0);
   fset.assign(static_cast<std::size_t>(fdefinitions.newdefinition().getcount()), 0);
   fnobounds = fnewnobounds = false;
   reading.follow(this);
@@ -198,9 +199,9 @@ void tmigration::line(topen& open, const tmeaning& meaning) {
   } else if (!isskipped) {
     tlinestate state{open.neweolonly, fnewnobounds};
     lines = fdefinitions.rewriter().rewrite(current, state);
+    markset(current, lines, {open.neweolonly, fnewnobounds});
     open.neweolonly = state.eolonly;
     fnewnobounds = state.nobounds;
-    markset();
   }
   if (meaning.hasimmediate())
     open.eolonly = spansof(fstore->definition(), text.substr(0, tlinereader::maxline), open.eolonly).eolonly;
@@ -230,10 +231,31 @@ void tmigration::checkrefused(topen& open, const tmeaning& meaning) {
                                         "It is not taken: " + own.problemtext(), true});
 }
 
-void tmigration::markset() {
-  for (const titem& item : fdefinitions.rewriter().seen().items)
-    if (const std::int32_t position = fdefinitions.successors().newer().of(item.option); position >= 0)
-      fset[static_cast<std::size_t>(position)] |= static_cast<std::uint8_t>(valuebit(item.which));
+// Notes what the lines of the result set, as the next migration will see it.
+void tmigration::markset(const toldline& line, const std::optional<tnewline>& lines, tlinestate newstate) {
+  for (const titem& item : fdefinitions.rewriter().seen().items) mark(item.option, valuebit(item.which));
+  if (!lines || line.text.find('\0') != std::string_view::npos)
+    return markolder(line.meaning.effects, *fpositions);
+  tlinestate oldstate = line.state;
+  for (const std::string& text : lines->lines) {
+    markolder(fdefinitions.oldtrial().read(text, oldstate).effects, fdefinitions.successors().older());
+    // a pin would replace what a person writes in the place of a value that is refused
+    const tmeaning& seen = fdefinitions.newtrial().read(text, newstate);
+    if (!seen.haserror()) continue;
+    for (const tstatement& each : seen.statements)
+      mark(each.option, valuebit(twhich::first) | valuebit(twhich::second));
+  }
+}
+
+void tmigration::markolder(const std::vector<teffect>& effects, const tpositions& positions) {
+  for (const teffect& effect : effects)
+    if (const std::int32_t position = positions.of(effect.option); position >= 0)
+      foldset[static_cast<std::size_t>(position)] |= static_cast<std::uint8_t>(valuebit(effect.which));
+}
+
+void tmigration::mark(const toption* newer, std::int32_t bits) {
+  if (const std::int32_t position = fdefinitions.successors().newer().of(newer); position >= 0)
+    fset[static_cast<std::size_t>(position)] |= static_cast<std::uint8_t>(bits);
 }
 
 }  // namespace tool

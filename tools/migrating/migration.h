@@ -31,6 +31,7 @@ class tdefinitions {
   bool clamps() const { return fclamps; }
   trewriter& rewriter() { return *frewriter; }
   const tsuccessors& successors() const { return *fsuccessors; }
+  ttrial& oldtrial() { return *foldertrial; }
   ttrial& newtrial() { return *fnewertrial; }
   const optcore::tdefinition& newdefinition() const { return fnewerstore.definition(); }
 
@@ -96,13 +97,14 @@ class tmigration final : optcore::tstoreobserver {
   static void add(topen& open, const tnewline& lines, std::string_view text, std::string_view lineend);
   static void checkrefused(topen& open, const tmeaning& meaning);
   void pin(const tmigratedfile& file);
-  std::vector<optcore::twhich> unsetvalues(const optcore::toption& older,
-                                           const optcore::toption& newer) const;
+  std::vector<optcore::twhich> unsetvalues(std::int32_t position, const optcore::toption& newer) const;
   void pinoption(tpins& pins, const optcore::toption& older, const optcore::toption& newer,
                  const std::vector<optcore::twhich>& values);
   tmigratedfile& fileof(const std::string& name);
   static std::string_view nextline(topen& open, std::string_view& lineend);
-  void markset();
+  void markset(const toldline& line, const std::optional<tnewline>& lines, tlinestate newstate);
+  void markolder(const std::vector<teffect>& effects, const tpositions& positions);
+  void mark(const optcore::toption* newer, std::int32_t bits);
 
   tdefinitions& fdefinitions;
   const bool fpins;
@@ -117,7 +119,8 @@ class tmigration final : optcore::tstoreobserver {
   bool fnobounds = false, fnewnobounds = false;      // as reading has left them
   bool flasteolonly = true, flastneweolonly = true;  // at the end of the file on the command line
   std::string froot;
-  std::vector<std::uint8_t> fset;  // by the lines of the result: the bits of the values of the newer options
+  // The values that the lines of the result set under each definition, as bits for each of its options.
+  std::vector<std::uint8_t> foldset, fset;
 };
 
 }  // namespace tool

@@ -53,22 +53,24 @@ void tmigration::pin(const tmigratedfile& file) {
     if (newer == nullptr) continue;
     const toption& older = definition.option(i);
     if (older.subtype() == tsubtype::novalue || newer->subtype() == tsubtype::novalue) continue;
-    const std::vector<twhich> values = unsetvalues(fstore->definition().option(i), *newer);
+    const std::vector<twhich> values = unsetvalues(i, *newer);
     if (values.empty()) continue;
     const titem before = defaultitem(older, *newer), after = defaultitem(*newer, *newer);
-    const bool hasboth = (before.value.index() == 0) == (after.value.index() == 0);
-    if (!hasboth || !samevalue(before, after)) pinoption(pins, older, *newer, values);
+    const bool hasnone = before.value.index() == 0 && after.value.index() == 0;
+    if (!hasnone && !samevalue(before, after)) pinoption(pins, older, *newer, values);
   }
 }
 
-// The values that no line sets under any of the definitions. A line may set only one of two.
-std::vector<twhich> tmigration::unsetvalues(const toption& older, const toption& newer) const {
+// The values that no line of the result sets under any of the definitions. A line may set only one of two.
+std::vector<twhich> tmigration::unsetvalues(std::int32_t position, const toption& newer) const {
+  const toption& older = fstore->definition().option(position);
+  const std::int32_t before = foldset[static_cast<std::size_t>(position)];
   const std::int32_t now = fset[static_cast<std::size_t>(fdefinitions.successors().newer().of(&newer))];
   const bool hastwo = newer.subtype() == tsubtype::twovalues, hadtwo = older.subtype() == tsubtype::twovalues;
-  if ((!hastwo || !hadtwo) && (older.defined() | now) != 0) return {};
+  if ((!hastwo || !hadtwo) && (before | now) != 0) return {};
   std::vector<twhich> result;
   for (const twhich which : {twhich::first, twhich::second})
-    if ((which == twhich::first || hastwo) && ((older.defined() | now) & valuebit(which)) == 0)
+    if ((which == twhich::first || hastwo) && ((before | now) & valuebit(which)) == 0)
       result.push_back(which);
   return result;
 }

@@ -95,6 +95,7 @@ class trewriter {
 
   // ---- lines
   std::optional<tnewline> composed(const tlinespans& spans, const std::vector<tpiece>& pieces);
+  static bool isproved(const ttexts& lines, const std::vector<tpiece>& pieces);
   std::vector<ttexts> variants(const tlinespans& spans, const std::vector<tpiece>& pieces) const;
   ttexts inplace(const tlinespans& spans, const std::vector<tpiece>& pieces, std::string_view comment,
                  bool commentabove) const;

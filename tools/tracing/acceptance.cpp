@@ -11,16 +11,6 @@ using namespace optcore;
 
 namespace {
 
-bool isscalar(const toption& option) {
-  switch (option.opttype()) {
-    case topttype::multilist:
-    case topttype::strlist:
-    case topttype::macro:
-    case topttype::immediate: return false;
-    default: return true;
-  }
-}
-
 template <class tbounded>
 bool iswithin(const tbounded& older, const tbounded& newer) {
   return newer.lo() <= older.lo() && older.hi() <= newer.hi();
@@ -57,11 +47,12 @@ bool sametypetakes(const toption& older, const toption& newer) {
   return false;
 }
 
-// The words for the largest and smallest integer are no doubles.
-bool integertakes(const tintoption& older, const toption& newer) {
+// Whether a number is taken that is an integer in an older file. The words for the largest and smallest integer
+// are no doubles.
+bool takesinteger(const toption& newer, std::int32_t value) {
+  if (const auto* integer = ifis<tintoption>(&newer)) return integer->lo() <= value && value <= integer->hi();
   const auto* dbl = ifis<tdbloption>(&newer);
-  return dbl != nullptr && older.lo() > minint && older.hi() < maxint && dbl->lo() <= older.lo() &&
-         older.hi() <= dbl->hi();
+  return dbl != nullptr && value > minint && value < maxint && dbl->lo() <= value && value <= dbl->hi();
 }
 
 // A value of several words is one word for an option with two values, for which "*" is no value.
@@ -87,13 +78,12 @@ bool takestexts(const toption& older, const toption& newer) {
   if (newer.subtype() == tsubtype::novalue) return true;  // any text is ignored
   if (older.subtype() == tsubtype::novalue) return false;
   if (older.opttype() == newer.opttype()) return sametypetakes(older, newer);
-  if (takesanytext(newer)) return isscalar(older) || older.opttype() == topttype::strlist;
-  if (const auto* integer = ifis<tintoption>(&older)) return integertakes(*integer, newer);
+  if (takesanytext(newer)) return older.opttype() != topttype::immediate;
+  if (const auto* integer = ifis<tintoption>(&older))
+    return takesinteger(newer, integer->lo()) && takesinteger(newer, integer->hi());
   const auto* choice = ifis<tenumintoption>(&older);
-  const auto* integer = ifis<tintoption>(&newer);
-  return choice != nullptr && integer != nullptr && eachvalue(*choice, [&](std::int32_t value) {
-           return integer->lo() <= value && value <= integer->hi();
-         });
+  return choice != nullptr &&
+         eachvalue(*choice, [&](std::int32_t value) { return takesinteger(newer, value); });
 }
 
 bool takestwovalues(const toption& older, bool manyonline) { return !manyonline && isoneword(older); }
