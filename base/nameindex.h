@@ -54,10 +54,19 @@ class tnameindex {
   // or keys, reset must be called first. Throws std::bad_alloc.
   template <class tkey, class tkeyat>
   [[gnu::noinline]] std::int32_t find(std::int32_t count, tkey key, tkeyat keyat) {
-    assert(fentered <= count);
-    if (count > walkedcount && (fentered == count || enter(count, keyat))) [[likely]]
-      return fslots[slotof(key, key.hash(), keyat)].position;
+    if (iscomplete(count) || (count > walkedcount && enter(count, keyat))) [[likely]]
+      return findentered(key, keyat);
     return walk(count, key, keyat);
+  }
+
+  // Whether all positions below `count` are entered. Then findentered finds what find does, without a call.
+  bool iscomplete(std::int32_t count) const noexcept {
+    assert(fentered <= count);
+    return fentered == count && count != 0;
+  }
+  template <class tkey, class tkeyat>
+  [[gnu::always_inline]] std::int32_t findentered(const tkey& key, tkeyat keyat) const {
+    return fslots[slotof(key, key.hash(), keyat)].position;
   }
 
   // Enters the item that was just added at position count - 1, if all items before it are entered. This is

@@ -65,9 +65,9 @@ struct tdecimal {
   int exponent;
 };
 
-// Rounds the number to 15 significant digits if that is wanted. The shortest text that reads back as the same number is faster
-// to compute. If it has at most 15 digits, they are the digits of the rounded number. That does not hold for
-// subnormal numbers.
+// Rounds the number to 15 significant digits if that is wanted. The shortest text that reads back as the same
+// number is faster to compute. If it has at most 15 digits, they are the digits of the rounded number. That
+// does not hold for subnormal numbers.
 tdecimal todecimal(double number, bool rounded) noexcept {
   constexpr std::size_t longest = significantdigits + 1;  // the digits and the point
   char text[32];                                          // d.ddddddddddddddE+ddd
@@ -183,22 +183,23 @@ bool parseshortdecimal(std::string_view text, double& number) noexcept {
   const bool negative = !text.empty() && text[0] == '-';
   if (negative) text.remove_prefix(1);
   if (text.size() > std::size(powersoften)) return false;
-  std::int64_t digits = 0;
-  std::size_t decimals = 0;
-  bool point = false;
-  for (const char character : text) {
-    if (isdigit(character)) {
-      digits = 10 * digits + (character - '0');
-      if (point) ++decimals;
-    } else if (character == '.' && !point) {
-      point = true;
-    } else {
-      return false;
-    }
+  std::int64_t value = 0;
+  const char* next = text.data();
+  const char* const end = next + text.size();
+  const auto takedigits = [&] {
+    for (; next != end && isdigit(*next); ++next) value = 10 * value + (*next - '0');
+    return next;
+  };
+  const char* fraction = takedigits();
+  std::size_t most = 0;  // characters of a text without a digit
+  if (next != end && *next == '.') {
+    fraction = ++next;
+    takedigits();
+    most = 1;
   }
-  if (text.size() == (point ? 1 : 0)) return false;  // no digit
-  const double value = static_cast<double>(digits) / powersoften[decimals];
-  number = negative ? -value : value;
+  if (next != end || text.size() == most) return false;
+  const double magnitude = static_cast<double>(value) / powersoften[next - fraction];
+  number = negative ? -magnitude : magnitude;
   return true;
 }
 
@@ -266,10 +267,9 @@ bool parsedoubleword(std::string_view text, double& number) noexcept {
   return false;
 }
 
-}  // namespace
-
-bool strasintex(std::string_view text, std::int32_t& number) noexcept {
-  if (parseshortinteger(text, number)) return true;
+// What the fast paths leave. These are functions of their own, so that most numbers need no room on the
+// stack.
+[[gnu::noinline]] bool parseinteger(std::string_view text, std::int32_t& number) noexcept {
   number = 0;
   const std::string_view digits = withoutplus(text);
   std::int32_t value = 0;
@@ -287,8 +287,8 @@ bool strasintex(std::string_view text, std::int32_t& number) noexcept {
   return true;
 }
 
-bool strasintex2(std::string_view text, std::int32_t& number) noexcept {
-  if (strasintex(text, number)) return true;
+[[gnu::noinline]] bool parsewholenumber(std::string_view text, std::int32_t& number) noexcept {
+  if (parseinteger(text, number)) return true;
   double value = 0.0;
   if (!strasdoubleex(text, value)) return false;
   if (!(value >= minint && value <= maxint) || value != std::trunc(value)) return false;
@@ -296,13 +296,26 @@ bool strasintex2(std::string_view text, std::int32_t& number) noexcept {
   return true;
 }
 
-bool strasdoubleex(std::string_view text, double& number) noexcept {
-  if (parseshortdecimal(text, number)) return true;
+[[gnu::noinline]] bool parsedouble(std::string_view text, double& number) noexcept {
   number = 0.0;
   if (parsedecimal(text, number) || parsedoubleword(text, number)) return true;
   shortstring withe;
   for (const char character : text) withe.append(1, upchar(character) == 'D' ? 'E' : character);
   return text.size() <= shortstring::capacity && withe.view() != text && parsedecimal(withe, number);
+}
+
+}  // namespace
+
+bool strasintex(std::string_view text, std::int32_t& number) noexcept {
+  return parseshortinteger(text, number) || parseinteger(text, number);
+}
+
+bool strasintex2(std::string_view text, std::int32_t& number) noexcept {
+  return parseshortinteger(text, number) || parsewholenumber(text, number);
+}
+
+bool strasdoubleex(std::string_view text, double& number) noexcept {
+  return parseshortdecimal(text, number) || parsedouble(text, number);
 }
 
 }  // namespace optcore

@@ -9,6 +9,8 @@
 #include <cstring>
 #include <string_view>
 
+#include "base/textcase.h"
+
 namespace optcore {
 
 namespace detail {
@@ -53,16 +55,23 @@ inline tblock upperblock(tblock block) noexcept {
   return _mm_sub_epi8(block, _mm_and_si128(islower(block), each('a' - 'A')));
 }
 
-// Where the blocks differ in more than the case of a letter, bits are set. The two cases of a letter differ in
-// one bit.
-inline tblock difference(tblock a, tblock b) noexcept {
-  const tblock casebit = each('a' - 'A');
-  const tblock maydiffer = _mm_and_si128(islower(_mm_or_si128(a, casebit)), casebit);
-  return _mm_andnot_si128(maydiffer, _mm_xor_si128(a, b));
-}
-
-inline bool isnothing(tblock block) noexcept {
-  return _mm_movemask_epi8(_mm_cmpeq_epi8(block, _mm_setzero_si128())) == 0xFFFF;
+// Whether equal(block of a, block of b) has all bits set for all blocks of two texts with the same length.
+template <class tequal>
+[[gnu::always_inline]] inline bool allequal(const char* a, const char* b, std::size_t count,
+                                            tequal equal) noexcept {
+  tblock result;
+  if (count < blockbytes) {
+    result = equal(loadfew(a, count), loadfew(b, count));
+  } else {
+    const std::size_t last = count - blockbytes;
+    result = equal(loadblock(a + last), loadblock(b + last));
+    std::size_t i = 0;
+    do {
+      result = _mm_and_si128(result, equal(loadblock(a + i), loadblock(b + i)));
+      i += blockbytes;
+    } while (i < last);
+  }
+  return _mm_movemask_epi8(result) == 0xFFFF;
 }
 
 // Two secret numbers of the process, see textcase.cpp.
@@ -86,23 +95,23 @@ inline std::uint64_t mixblock(std::uint64_t state, tblock block) noexcept {
 
 }  // namespace detail
 
-// `sought` is the text at hand. Its length alone decides how the texts are compared, because the other text may
-// have to be fetched from memory.
+// `sought` is the text at hand. Its length alone decides how the texts are compared, because the other text
+// may have to be fetched from memory. Names are usually written in the case of their definition, so case is
+// folded only when they are not.
 [[gnu::always_inline]] inline bool equalanycase(std::string_view text, std::string_view sought) noexcept {
   using namespace detail;
-  const std::size_t count = sought.size();
-  if (count != text.size()) return false;
-  const char* const a = sought.data();
-  const char* const b = text.data();
-  if (count < blockbytes) return isnothing(difference(loadfew(a, count), loadfew(b, count)));
-  const std::size_t last = count - blockbytes;
-  tblock differs = difference(loadblock(a + last), loadblock(b + last));
-  std::size_t i = 0;
-  do {
-    differs = _mm_or_si128(differs, difference(loadblock(a + i), loadblock(b + i)));
-    i += blockbytes;
-  } while (i < last);
-  return isnothing(differs);
+  if (sought.size() != text.size()) return false;
+  const auto equal = [](tblock a, tblock b) { return _mm_cmpeq_epi8(a, b); };
+  const auto folded = [](tblock a, tblock b) { return _mm_cmpeq_epi8(upperblock(a), upperblock(b)); };
+  return allequal(sought.data(), text.data(), sought.size(), equal) ||
+         allequal(sought.data(), text.data(), sought.size(), folded);
+}
+
+// Whether the character, which is not zero, occurs in the text. Most texts are short.
+inline bool contains(std::string_view text, char character) noexcept {
+  using namespace detail;
+  if (text.size() >= blockbytes) return text.find(character) != std::string_view::npos;
+  return _mm_movemask_epi8(_mm_cmpeq_epi8(loadfew(text.data(), text.size()), each(character))) != 0;
 }
 
 [[gnu::always_inline]] inline std::uint32_t hashanycase(std::string_view text) noexcept {

@@ -39,7 +39,10 @@ std::int32_t strucmp(std::string_view a, std::string_view b) noexcept {
   return static_cast<std::int32_t>(a.size()) - static_cast<std::int32_t>(b.size());
 }
 
-bool detail::equalcharacters(std::string_view a, std::string_view b) noexcept { return equalanycase(a, b); }
+bool detail::equalfolded(const char* a, const char* b, std::size_t count) noexcept {
+  return allequal(a, b, count,
+                  [](tblock x, tblock y) { return _mm_cmpeq_epi8(upperblock(x), upperblock(y)); });
+}
 
 std::uint32_t struhash(std::string_view text) noexcept { return hashanycase(text); }
 

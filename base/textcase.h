@@ -37,11 +37,11 @@ constexpr bool isdigit(char character) { return character >= '0' && character <=
 std::int32_t strucmp(std::string_view a, std::string_view b) noexcept;
 
 namespace detail {
-bool equalcharacters(std::string_view a, std::string_view b) noexcept;
+bool equalfolded(const char* a, const char* b, std::size_t count) noexcept;
 }
 // Whether the texts are equal regardless of case.
 inline bool struequal(std::string_view a, std::string_view b) noexcept {
-  return a.size() == b.size() && detail::equalcharacters(a, b);
+  return a.size() == b.size() && detail::equalfolded(a.data(), b.data(), a.size());
 }
 
 // A hash for comparison regardless of case: equal texts have equal hashes. It differs between processes, so

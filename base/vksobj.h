@@ -3,8 +3,9 @@
 // the list.
 //
 // The first capacity is 16 items. It grows eightfold, and by a quarter above a million items. Lists that exist
-// in large numbers grow more slowly while they are short (startsmall). Insertion neither sorts nor removes duplicates. Owning lists override freeitem or freeobject
-// and clear themselves in their destructors; that is the one rule by which contents are freed.
+// in large numbers grow more slowly while they are short (startsmall). Insertion neither sorts nor removes
+// duplicates. Owning lists override freeitem or freeobject and clear themselves in their destructors; that is
+// the one rule by which contents are freed.
 #pragma once
 
 #include <algorithm>
@@ -251,6 +252,11 @@ class txcustomstringlist : public tquicksortclass {
   // The index of the first text that is equal regardless of case, or -1.
   std::int32_t indexof(std::string_view text) const { return findex.find(count(), tnamekey{text}, keyat()); }
   std::int32_t indexof(const tsoughtname& name) const { return findex.find(count(), name, keyat()); }
+  // The same without a call, for a list whose index is complete.
+  bool hasindex() const noexcept { return findex.iscomplete(count()); }
+  [[gnu::always_inline]] std::int32_t indexofentered(std::string_view text) const {
+    return findex.findentered(tnamekey{text}, keyat());
+  }
   std::int32_t indexofobject(tobject object) const noexcept {
     for (std::int32_t i = 0; i < count(); ++i)
       if (fitems[i].object == object) return i;
@@ -285,6 +291,7 @@ class txcustomstringlist : public tquicksortclass {
     if (fitems.full()) grow();
     fitems.insert(count(), {text, object});
   }
+  char* getblock(std::int32_t index) const noexcept { return fitems[index].text; }
   // Enters the text that was just added into the index. `name` must be that text.
   void addedname(const tsoughtname& name) { findex.added(count(), name, keyat()); }
 
@@ -359,6 +366,7 @@ class tstoredlistobj : public txstringlistobj<tobject> {
     addstored(text, std::move(object));
     this->addedname(name);
   }
+  tstoredtext storedtext(std::int32_t index) const noexcept { return tstoredtext(this->getblock(index)); }
   void freetext(char*) override {}
 };
 

@@ -62,6 +62,9 @@ class teditor {
     ask("initialize", {{"capabilities",
                         {{"textDocument",
                           {{"publishDiagnostics", {{"relatedInformation", true}}},
+                           {"codeAction", {{"codeActionLiteralSupport", json::object()}}},
+                           {"documentSymbol", {{"hierarchicalDocumentSymbolSupport", true}}},
+                           {"hover", {{"contentFormat", {"markdown"}}}},
                            {"completion", {{"completionItem", {{"snippetSupport", true}}}}}}}}},
                        {"initializationOptions", {{"definition", "/none/main.def"}, {"inlayHints", true}}}});
     tell("initialized", json::object());

@@ -158,7 +158,7 @@ bool tparameterreader::badseparator(std::string_view key) {
   return false;
 }
 
-void tparameterreader::novalue(const toption& option) {
+[[gnu::noinline]] void tparameterreader::novalue(const toption& option) {
   error(concat("Value expected for key ", quoted(option.name())), {fkey, &option});
 }
 
@@ -166,7 +166,7 @@ void tparameterreader::setkey(std::string_view identifier, std::int32_t dashes) 
   fkey = dashes >= 2 ? fkeytext.assign("--").append(identifier).view() : identifier;
 }
 
-bool tparameterreader::dispatch(std::int32_t dashes) {
+[[gnu::always_inline]] inline bool tparameterreader::dispatch(std::int32_t dashes) {
   if (dashes == 0 && fscanner.ch() == '.') {
     dotline();
     return true;
@@ -190,7 +190,7 @@ bool tparameterreader::dispatch(std::int32_t dashes) {
   return ordinary(*option);
 }
 
-toption* tparameterreader::findoption() {
+[[gnu::always_inline]] inline toption* tparameterreader::findoption() {
   if (definition().lookupmode() != tlookupmode::minos) return definition().optionasobj(fkey);
   // in this mode, names are written with blanks in place of underscores
   if (fkey.find('_') != std::string_view::npos) return nullptr;
@@ -276,12 +276,16 @@ bool tparameterreader::ordinary(toption& option) {
   } else {
     tokenasvalue(option);
   }
-  if (feolonly && fscanner.skipbl()) error("Remainder of line ignored", {fkey, &option});
+  if (feolonly && fscanner.skipbl()) ignoredrest(option);
   return !feolonly;
 }
 
+[[gnu::noinline]] void tparameterreader::ignoredrest(const toption& option) {
+  error("Remainder of line ignored", {fkey, &option});
+}
+
 // A value is a token in normal mode, and the rest of the line in end-of-line mode.
-void tparameterreader::tokenasvalue(toption& option) {
+[[gnu::noinline]] void tparameterreader::tokenasvalue(toption& option) {
   const tvalue value = token();
   if (checkdeprecation(option) && value) option.setasstring(*value);
 }
@@ -292,7 +296,7 @@ void tparameterreader::restasvalue(toption& option) {
 }
 
 // The first of two values is a token in both modes. "*" leaves a value unchanged. A single value sets both.
-void tparameterreader::twovalues(toption& option) {
+[[gnu::noinline]] void tparameterreader::twovalues(toption& option) {
   const tvalue first = token();
   const tvalue second = !feolonly ? token() : fscanner.skipbl() ? tvalue(restvalue()) : std::nullopt;
   if (!checkdeprecation(option)) return;
@@ -328,7 +332,7 @@ tparameterreader::tvalue tparameterreader::token() {
 }
 
 // The rest of the line up to a comment, as a value. The line must not be at its end.
-std::string_view tparameterreader::restvalue() {
+[[gnu::always_inline]] inline std::string_view tparameterreader::restvalue() {
   const std::string_view text = fscanner.ch() == '"' ? quotedrest() : trimright(fscanner.untilcomment());
   fscanner.skiptolineend();
   return text;

@@ -97,6 +97,7 @@ class tparameterreader {
   bool nokey();
   bool badseparator(std::string_view key);
   void novalue(const toption& option);
+  void ignoredrest(const toption& option);
   void setkey(std::string_view identifier, std::int32_t dashes);
   bool isindicatorkeyword() const {
     return !definition().dotname().empty() && struequal(fkey, definition().dotname());

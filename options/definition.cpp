@@ -10,6 +10,18 @@ toption& tdefinition::addoption(std::unique_ptr<toption> option, const tsoughtna
   return *foptions.getobject(getcount() - 1);
 }
 
+// Most names are those of options, and are found without a call.
+std::int32_t tdefinition::indexof(std::string_view name) const {
+  if (flookupmode != tlookupmode::normal || !foptions.hasindex()) return anyindexof(name);
+  const std::int32_t index = foptions.indexofentered(name);
+  return index >= 0 ? index : synonymindex(name);
+}
+
+std::int32_t tdefinition::anyindexof(std::string_view name) const {
+  const std::int32_t index = optlookup(name);
+  return index >= 0 ? index : synonymindex(name);
+}
+
 // Macros are reset without their members, which are in the option list themselves.
 void tdefinition::resetoptions() {
   for (std::int32_t i = 0; i < getcount(); ++i) {

@@ -64,10 +64,7 @@ class tdefinition {
   std::int32_t optlookup(const tsoughtname& name) const { return flookup.find(flookupmode, name); }
   std::int32_t optlookup(std::string_view name) const { return flookup.find(flookupmode, name); }
   // By name or, failing that, by synonym.
-  std::int32_t indexof(std::string_view name) const {
-    const std::int32_t index = optlookup(name);
-    return index >= 0 ? index : synonymindex(name);
-  }
+  std::int32_t indexof(std::string_view name) const;
   std::int32_t indexof(const tsoughtname& name) const {
     const std::int32_t index = optlookup(name);
     return index >= 0 ? index : synonymindex(name);
@@ -123,6 +120,7 @@ class tdefinition {
   bool isindex(std::int32_t index) const noexcept {
     return static_cast<std::uint32_t>(index) < static_cast<std::uint32_t>(getcount());
   }
+  std::int32_t anyindexof(std::string_view name) const;
   template <class tname>
   std::int32_t synonymindex(const tname& name) const {
     const std::int32_t synonym = fsynonyms.indexof(name);

@@ -18,10 +18,10 @@ namespace optcore {
 inline bool findoption(const tdefinition& definition, std::string_view name, std::int32_t& nr,
                        std::int32_t& refnr) {
   const std::int32_t index = definition.indexof(name);
-  const toption* option = definition.getobjects(index);
-  nr = option != nullptr ? index + 1 : -1;
-  refnr = option != nullptr ? option->refnr() : -1;
-  return option != nullptr;
+  const bool found = index >= 0;
+  nr = found ? index + 1 : -1;
+  refnr = found ? definition.option(index).refnr() : -1;
+  return found;
 }
 bool setrefnr(toption* option, std::int32_t refnr);
 bool getinfo(const toption* option, std::int32_t& defined, std::int32_t& definedr, std::int32_t& refnr,

@@ -2,6 +2,7 @@
 // marked as set; problems are filed as messages. With bound checking off, an illegal value is stored
 // nevertheless, and the same messages are warnings. Multilists and macros are in spread.cpp.
 
+#include "base/textblocks.h"
 #include "options/checkboolean.h"
 #include "options/toption.h"
 #include "options/vksoptions.h"
@@ -165,7 +166,7 @@ void tenumstroption::setasstring12(twhich which, std::string_view text) {
           *this, "Unknown value for option ", [&] { return text; }, [&] { return possiblevalues(fitems); }))
     return;
   // stored as the definition spells it; an unknown value is stored as the empty text
-  fvalues.store(which, legal ? fitems.getname(item) : std::string_view());
+  fvalues.store(which, legal ? fitems.storedtext(item) : tstoredtext());
   markstored(*this, which, legal);
 }
 
@@ -208,9 +209,9 @@ void toption::setvaluefromtext(twhich which, std::string_view text) {
 
 namespace {
 
-bool hasdoublequote(std::string_view text) { return text.find('"') != std::string_view::npos; }
+bool hasdoublequote(std::string_view text) { return contains(text, '"'); }
 
-void refusedoublequote(const toption& option, std::string_view text) {
+[[gnu::noinline]] void refusedoublequote(const toption& option, std::string_view text) {
   tmessagelist& messages = option.owner().messages();
   messages.addmessage(tmsgkind::valueerror, "Bad double-quote in value", {quotedname(option), &option, text});
 }

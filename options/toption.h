@@ -147,12 +147,12 @@ class toption : public toptionx, public tinarena {
   std::uint8_t fdeprecation = 0;
 };
 
-// Default, first and second value of an option whose values are plain numbers.
+// Default, first and second value of an option whose values are numbers, or texts that lie in the definition.
 template <class tvalue>
-struct tnumbervalues {
+struct tplainvalues {
   tvalue fdefault;
-  tvalue fvalue = 0;
-  tvalue fvalue2 = 0;
+  tvalue fvalue{};
+  tvalue fvalue2{};
 
   void storedefault() noexcept { fvalue = fdefault; }
   void store(twhich which, tvalue value) noexcept { (which == twhich::second ? fvalue2 : fvalue) = value; }
@@ -161,7 +161,7 @@ struct tnumbervalues {
   }
 };
 
-// The same for texts.
+// The same for texts of its own.
 struct ttextvalues {
   tstoredtext fdefault;
   heapstring fvalue;
@@ -188,7 +188,7 @@ class tintegervalued : public toption {
   tintegervalued(tvksoptions& owner, const toptionhead& head, topttype opttype, std::int32_t defaultvalue)
       : toption(owner, head, opttype), fvalues{defaultvalue} {}
 
-  tnumbervalues<std::int32_t> fvalues;
+  tplainvalues<std::int32_t> fvalues;
 };
 
 class tintoption final : public tintegervalued {
@@ -227,7 +227,7 @@ class tdbloption final : public toption {
   void storedefault() { fvalues.storedefault(); }
 
  private:
-  tnumbervalues<double> fvalues;
+  tplainvalues<double> fvalues;
   double flo;
   double fhi;
 };
@@ -261,9 +261,9 @@ class tenumstroption final : public toption {
  public:
   static constexpr topttype type = topttype::enumstr;
   tenumstroption(tvksoptions& owner, const toptionhead& head, std::string_view defaultvalue)
-      : toption(owner, head, type), fvalues{stored(defaultvalue), {}, {}} {}
+      : toption(owner, head, type), fvalues{stored(defaultvalue)} {}
   std::string_view defaultvalue() const noexcept { return fvalues.fdefault.view(); }
-  std::string_view value(twhich which) const noexcept { return fvalues.current(*this, which); }
+  std::string_view value(twhich which) const noexcept { return fvalues.current(*this, which).view(); }
   // The legal values and their help, in definition order.
   const txstringlistobj<toptionx>& items() const noexcept { return fitems; }
   void additem(std::string_view value, std::int32_t helpflag, std::string_view helptext);
@@ -271,7 +271,7 @@ class tenumstroption final : public toption {
   void storedefault() { fvalues.storedefault(); }
 
  private:
-  ttextvalues fvalues;
+  tplainvalues<tstoredtext> fvalues;  // a value is the text of its item
   tstoredlistobj<toptionx> fitems;
 };
 

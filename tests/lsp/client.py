@@ -1,13 +1,15 @@
 """A client of the language server for tests: it starts `wexcorin lsp`, sends messages and reads answers. One server
 serves many cases. The program is the first argument of the test, which is run in the repository's root."""
 import json, os, select, subprocess, sys, time
+from urllib.parse import quote
 
 TOOL = os.path.abspath(sys.argv[1])
 failures = []
 
 
+# Of a path; a URI stays as it is.
 def uri(path):
-    return "file://" + os.path.abspath(path)
+    return path if ":" in path.partition("/")[0] else "file://" + quote(os.path.abspath(path))
 
 
 def expect(what, seen, wanted):

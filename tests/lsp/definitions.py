@@ -27,6 +27,7 @@ with open(path("solver.def"), "w", encoding="utf-8") as file:
 with open(path("main.opt"), "w", encoding="utf-8") as file:
     file.write("gap_tol 0.5\ntimlim 3\ntime_limit 4\n")
 SNIPPETS = {"textDocument": {"completion": {"completionItem": {"snippetSupport": True}},
+                             "codeAction": {"codeActionLiteralSupport": {}},
                              "documentSymbol": {"hierarchicalDocumentSymbolSupport": True}}}
 client = Client(work.name, SNIPPETS)
 main = path("solver.def")
@@ -116,12 +117,17 @@ for query, wanted in (("tol", ["gap_tol"]), ("TIME-LIM", ["time_limit"]), ("tiem
 
 # ---- actions
 
+# The actions for a line.
+def actions(line, **context):
+    at = {"line": line, "character": 0}
+    return client.at("codeAction", main, 0, 0, range={"start": at, "end": at}, context={"diagnostics": [], **context})
+
+
 # The titles of the actions for a line, and the text after the first one.
 def acted(line):
     client.change(main, TEXT + line)
     client.diagnostics(main)
-    at = {"line": TEXT.count("\n") + line.count("\n") - 1, "character": 1}
-    found = client.at("codeAction", main, 0, 0, range={"start": at, "end": at}, context={"diagnostics": []})
+    found = actions(TEXT.count("\n") + line.count("\n") - 1)
     edits = found[0]["edit"]["changes"][uri(main)] if found else []
     return [each["title"] for each in found], applied(TEXT + line, edits)[len(TEXT):] if found else None
 
@@ -131,11 +137,12 @@ expect("an unknown type", acted("new intger 1 0 0 1 1 1 New\n"),
 titles, after = acted("new macro 1 1 New\n gap_tlo\n")
 expect("an unknown member", (titles[:1], after), (['Change to "gap_tol"'], "new macro 1 1 New\n gap_tol\n"))
 expect("a missing group", acted("new strlist 1 1 9 New\n")[0], ["Add a line for the group 9"])
-client.change(main, TEXT)
-at = {"line": 11, "character": 0}
-found = client.at("codeAction", main, 0, 0, range={"start": at, "end": at}, context={"diagnostics": []})
-expect("the line of a missing group", applied(TEXT, found[0]["edit"]["changes"][uri(main)]).split("\n")[2],
-       "group7 group 7 1 Group 7")
+for text in (TEXT, TEXT.replace("\n", "\r\n")):
+    client.change(main, text)
+    expect("the line of a missing group", applied(text, actions(11)[0]["edit"]["changes"][uri(main)]),
+           text.replace("gap_tol double", "group7 group 7 1 Group 7" + text[text.index("Limits") + 6:text.index("gap_tol")] +
+                        "gap_tol double"))
+expect("actions of another kind", actions(11, only=["refactor"]), [])
 
 # ---- formatting
 

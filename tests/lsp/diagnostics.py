@@ -50,6 +50,7 @@ name string 3 "" 1 1 Name of the run
 mode enumstr 4 auto 1 1 How
  auto 1 Itself
  slow 1 All
+quiet boolean.NV 7 1 1 1 Quiet
 old integer 5 1 0 9 1 1 Old
 all macro 1 1 All
  threads
@@ -88,7 +89,8 @@ for what, text, wanted in (
         ("a value behind characters of two units", 'name "😀" ! x\nmode fast', ["fast"]),
         ("a name that is deprecated", "old 3", ["old 2"]),
         ("a value that is set again", "threads 2\nthreads 3", ["threads was set here 0"]),
-        ("a file that is not there", "read none.opt", ["none.opt"])):
+        ("a file that is not there", "read none.opt", ["none.opt"]),
+        ("what is left of the line", "quiet  more words ! x\nthreads : 3", ["more words ! x", ": 3", ": 3"])):
     client.change(main, text)
     expect(what, marked(text, client.diagnostics(main)), wanted)
 client.open(solver)
@@ -131,9 +133,22 @@ other = write("other.def", "thread integer 1 1 1 9 1 1 Other\n")
 client.change(main, "* definition: other.def\nthread 1\n")
 expect("a definition that the text names", codes(main), [])
 
+os.remove(other)
+client.change(main, "threads 1\n")
+expect("no findings", codes(main), [])
+pieces, send = [], client.send_bytes
+client.send_bytes = pieces.append
+for number in range(5):
+    client.change(main, f"threads {number}x\n")
+client.send_bytes = send
+seen = len(client.notes)
+client.send_bytes(b"".join(pieces))
+expect("changes one after the other: the findings of the last one", marked("threads 4x", client.diagnostics(main)), ["4x"])
+versions = [each["params"]["version"] for each in client.notes[seen:] if each["params"]["uri"] == uri(main)]
+expect("and only these", versions, [client.versions[main]])
+
 # ---- settings
 
-os.remove(other)
 client.change(main, "threads 1\nthreads 2\n")
 expect("a warning", codes(main), ["set-again"])
 client.notify("workspace/didChangeConfiguration", {"settings": {"wexcorin": {"allow": ["set-again"]}}})

@@ -2,7 +2,7 @@
 usage: optionfiles.py TOOL"""
 import json, os, subprocess, tempfile
 
-from client import TOOL, Client, expect, finish, uri
+from client import TOOL, Client, applied, expect, finish, uri
 
 DEFINITION = """comment eolcomm !
 indic indicator
@@ -31,6 +31,9 @@ old deprecated
  old_time use time_limit
  cores use threads
 general group 1 1 General
+level enumint 14 2 1 1 Level
+ 1 1 Low
+ 2 1 High
 """
 CAPABILITIES = {
     "textDocument": {
@@ -91,16 +94,24 @@ for text, wanted in (
         ("it_l|", ["iteration_limit"]), ("tiem_limit|", ["time_limit"]), ("x = 1\nTHR|", ["threads"]),
         ("o|", ["old_time"]), ("cor|", ["cores"]), ("indi|", ["indic"]), ("secr|", []),
         ("method |", ["auto", "dual"]), ("method=d|", ["auto", "dual"]), ("verbose |", ["yes", "no"]),
-        ("time_limit |", ["60", "0", "1000"]), ("gap_window 0.5 |", ["0", "1"]), ("quiet |", []),
+        ("level |", ["1", "2"]), ("time_limit |", ["60", "0", "1000"]), ("gap_window 0.5 |", ["0", "1"]), ("quiet |", []),
         ("title |", []), ("* ti|", []), ("method dual ! ti|", []), ("--ti|", []), ("method du |", []),
         ("both dual:|", ["yes", "no"]), ("x.|", ["prior"]), ("x.pr|", ["prior"]), ("x.prior('a') |", ["0", "10"]),
         ("x.prior('a|", []), ("eolonly off\nquiet met|", ["method"]), ("eolonly |", ["yes", "no"]),
+        ('method "au|', ['"auto"', '"dual"']), ('both "du|al":no', ['"auto"', '"dual"']),
         ("include |", ["foreign.opt", "..."]), ("include parts/|", ["a.opt"]), ('include "pa|', ["foreign.opt", "..."])):
     labels = [each["label"] for each in ask("completion", text)["items"]]
     if wanted[-1:] == ["..."]:
         labels, wanted = labels[:len(wanted) - 1], wanted[:-1]
     expect(f"completion of {text!r}", labels, wanted)
 
+# What the first item makes of the line.
+for text, wanted in (("meth|od dual", "method dual"), ("time_limit 1.|5e-5 ! x", "time_limit 60 ! x"),
+                     ('method "du|al" ! x', 'method "auto" ! x'), ("both du|al:no", "both auto:no"),
+                     ("include parts/b|-1.opt", "include parts/a.opt"), ('include "parts/b| 1.opt"', 'include "parts/a.opt"'),
+                     ('title "😀" ! x\nthr|ead 5', 'title "😀" ! x\nthreads 5')):
+    made = applied(text.replace("|", ""), [ask("completion", text)["items"][0]["textEdit"]])
+    expect(f"the item taken in {text!r}", made, wanted)
 items = {each["label"]: each for each in ask("completion", "max|")["items"]}
 expect("a synonym", items["max_time"]["detail"], "synonym of time_limit: number, default 60: Seconds to run")
 items = {each["label"]: each for each in ask("completion", "old|")["items"]}
@@ -114,7 +125,9 @@ client.close(MAIN)
 expect("documentation comes later", "deprecated; use time" in item["documentation"]["value"], True)
 near = ask("completion", "tiem_limit|")
 expect("a near name fits what is typed", (near["items"][0]["filterText"], near["isIncomplete"]), ("tiem_limit", True))
-expect("the default among values", ask("completion", "method |")["items"][0]["detail"], "The solver chooses (default)")
+expect("the texts of values, and the default", [each["detail"] for text in ("method |", "level |")
+                                                for each in ask("completion", text)["items"]],
+       ["The solver chooses (default)", "Dual simplex", "Low", "High (default)"])
 
 # ---- hover
 
@@ -139,12 +152,21 @@ for text in ("unkno|wn 1", "include none|.opt", "title so|me", "method none|"):
     expect(f"definition of {text!r}", ask("definition", text), None)
 expect("references", [place(each) for each in
                       ask("references", "\nä.prior 1\ntime_l|imit 5", context={"includeDeclaration": True})],
-       [("solver.def", 2, 0), ("solver.def", 22, 0), ("main.opt", 2, 0), ("other.opt", 0, 0), ("other.opt", 1, 0)])
+       [("solver.def", 2, 0), ("solver.def", 22, 17), ("main.opt", 2, 0), ("other.opt", 0, 0), ("other.opt", 1, 0)])
+expect("references: lists and marks", [place(each) for each in
+                                       [*ask("references", "m|ethod dual", context={}), *ask("references", "old|_time 1", context={})]],
+       [("solver.def", 18, 1), ("main.opt", 0, 0), ("solver.def", 24, 1), ("main.opt", 0, 0)])
+client.open(path("new.opt"), "")
+expect("an included file that is not saved", place(ask("definition", "include new.op|t")), ("new.opt", 0, 0))
+client.close(path("new.opt"))
 expect("highlights", [place({"uri": "", **each})[1:] for each in ask("documentHighlight", "max_time 1\ntime_l|imit 2")],
        [(0, 0), (1, 0)])
 symbols = ask("documentSymbol", "|method=dual ! note\nx.prior('a') 3\n* time_limit 3\n--list a b\n8 bad\nnew 4")
 expect("symbols", [(each["name"], each["detail"]) for each in symbols],
        [("method", "dual"), ("x.prior", "('a') 3"), ("--list", "a b"), ("new", "4")])
+
+kinds = [each["kind"] for each in [*symbols, *ask("completion", "method |")["items"], *ask("completion", "include |")["items"]]]
+expect("only kinds that each client knows, if this one names no other", max(kinds) <= 18, True)
 
 # ---- code actions: the title of the preferred one, or of the only one, and the text that it makes
 
@@ -227,6 +249,21 @@ for text, wanted in (("peak t|", ["peak temperature"]), ("pea|", ["peak temperat
                      ["1200", "minint", "maxint"])):
     line, character = type_in(MINOS + text)
     expect(f"completion of {text!r} in lookup mode Minos",
+           [each["label"] for each in client.at("completion", MAIN, line, character)["items"]], wanted)
+    client.close(MAIN)
+
+# ---- short forms of names: each name that is offered finds its option
+
+write("path.def", """Path lookup
+conv_tolerance double 1 0.1 0 1 1 1 Tolerance
+con_tol_all integer 2 1 1 9 1 1 Other
+order_of_steps integer 3 1 1 9 1 1 Never found, because of its word of two characters
+con_tolerant integer 4 1 1 9 1 1 Found as the first option
+""")
+for text, wanted in (("|", ["conv_tolerance", "con_tol_all"]), ("con_tol|", ["con_tol_all", "conv_tolerance"]),
+                     ("convergence_tol|", ["conv_tolerance"]), ("con_tol |", ["0.1", "0", "1"])):
+    line, character = type_in("* definition: path.def\n" + text)
+    expect(f"completion of {text!r} in lookup mode Path",
            [each["label"] for each in client.at("completion", MAIN, line, character)["items"]], wanted)
     client.close(MAIN)
 expect("the exit code", client.quit(), 0)

@@ -42,17 +42,15 @@ expect("the exit code at the end of input", client.end(), 1)
 
 # ---- messages that are none
 
-for what, data, wanted in (
-        ("no header", b"hello\r\n\r\n", -32700), ("no length", b"Content-Type: x\r\n\r\n", -32700),
-        ("a length that is none", b"Content-Length: ten\r\n\r\n", -32700),
-        ("a header without end", b"x" * 5000, -32700)):
-    client = Client(work.name)
-    client.send_bytes(data)
-    answer = client.answer(None)
-    expect(f"{what}: answer", answer["error"]["code"], wanted)
-    expect(f"{what}: exit code", client.end(), 1)
-
 client = Client(work.name)
+for what, data in (
+        ("no header", b"hello\r\n\r\n"), ("no length", b"Content-Type: x\r\n\r\n"),
+        ("a length that is none", b"Content-Length: ten\r\n\r\n"), ("a header without end", b"x" * 5000),
+        ("words before the next header", b"hello")):
+    client.send_bytes(data)
+    unknown = client.ask("unknown", {})
+    expect(f"{what}: answer", client.answer(None)["error"]["code"], -32700)
+    expect(f"the request behind {what}", client.answer(unknown)["error"]["code"], -32601)
 for what, body, wanted in (
         ("no JSON", b"{", -32700), ("bytes that are not UTF-8", b'{"jsonrpc":"2.0","id":1,"method":"\xff"}', -32700),
         ("deep JSON", b"[" * 1000 + b"]" * 1000, -32700), ("a batch", b"[]", -32600), ("a number", b"7", -32600),
@@ -90,7 +88,13 @@ for what, changes, wanted in (
     client.change(main, *changes)
     expect(what, only(), wanted)
 client.close(main)
-expect("a document that is closed has no findings", client.diagnostics(main), [])
+os.symlink(work.name, work.name + "/link")
+for name in (main, "untitled:Untitled-1", "file:" + main, "file://localhost" + main, work.name + "/link/main.opt",
+             work.name + "/ä %20.opt"):
+    client.open(name, "thread 4", "wexcorin-options")
+    expect(f"findings in {name}", len(client.diagnostics(name)), 1)
+    client.close(name)
+    expect(f"{name} is closed and has no findings", client.diagnostics(name), [])
 expect("the exit code", client.quit(), 0)
 
 # ---- what client and server agree on
@@ -104,7 +108,7 @@ expect("a change in UTF-8", only(), (0, 0, 6))
 client.quit()
 
 CAPABLE = {"workspace": {"configuration": True, "didChangeWatchedFiles": {"dynamicRegistration": True},
-                         "didChangeConfiguration": {"dynamicRegistration": True}},
+                         "didChangeConfiguration": {"dynamicRegistration": True}, "inlayHint": {"refreshSupport": True}},
            "window": {"workDoneProgress": True}}
 client = Client(work.name, CAPABLE, {"allow": ["set-again"]}, trace="messages")
 client.open(main, "threads 1\nthreads 2\n")
@@ -119,6 +123,15 @@ expect("its progress", steps(), ["begin", "end"])
 client.settings = {}
 client.notify("workspace/didChangeConfiguration", {"settings": None})
 expect("the settings are asked for again", len(client.diagnostics(main)), 1)
+refreshed = lambda: [each["method"] for each in client.asked].count("workspace/inlayHint/refresh")
+expect("other settings leave the hints", refreshed(), 0)
+client.settings = {"inlayHints": True}
+client.notify("workspace/didChangeConfiguration", {"settings": None})
+client.until(lambda each: each.get("method") == "workspace/inlayHint/refresh")
+write("solver.def", DEFINITION.replace("integer 1 1", "integer 1 2"))
+client.notify("workspace/didChangeWatchedFiles", {"changes": [{"uri": uri(work.name + "/solver.def"), "type": 2}]})
+client.until(lambda each: each.get("method") == "workspace/inlayHint/refresh")
+expect("the client shows hints again: for the setting, and for another default", refreshed(), 2)
 client.request("textDocument/unknown", {})
 client.until(lambda each: each.get("method") == "$/logTrace")
 client.quit()
@@ -138,7 +151,34 @@ client.open(main, "thread 1\n" * 10000)
 late = client.ask("textDocument/hover", place)
 client.close(main)
 expect("a request on a document that is closed meanwhile", "id" in client.answer(late), True)
-expect("the exit code", client.quit(), 0)
+client.notify("$/cancelRequest", {"id": late})
+client.open(main, "thread 1\n" * 10000)
+waiting = client.ask("textDocument/hover", place)
+expect("shutdown while a request waits", client.request("shutdown", None), None)
+expect("the request that waited", client.answer(waiting)["error"]["code"], -32600)
+expect("nothing is said after shutdown", client.receive(0.3), None)
+client.notify("exit", None)
+expect("the exit code", client.end(), 0)
+
+# ---- many edits
+
+if not {"ASAN_OPTIONS", "TSAN_OPTIONS"} & set(os.environ):  # sanitizers keep memory that was freed
+    client = Client(work.name)
+    client.open(main, "thread 1\n" * 100)
+
+
+    # The memory of the server in KiB, after 5,000 edits.
+    def edited():
+        for number in range(5000):
+            client.change(main, (number % 100, 0, number % 100, 6 + number // 100 % 2, "threads"[:7 - number // 100 % 2]))
+        client.request("textDocument/hover", place)
+        with open(f"/proc/{client.process.pid}/status") as status:
+            return int(status.read().split("VmRSS:")[1].split()[0])
+
+
+    before = edited()
+    expect("another 5,000 edits take 4 MiB at most", edited() - before < 4096, True)
+    client.quit()
 
 # ---- files that an option file must not read, and a client that is gone
 

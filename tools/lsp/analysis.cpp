@@ -43,6 +43,7 @@ std::shared_ptr<const tdefinitionstate> readdefinition(const std::string& name,
   if (result->isopened) result->reading.checkdefinition();
   result->text = result->sources.textof(name);
   result->takelines();
+  result->collectnames();
   result->sources.close();
   return result;
 }
@@ -70,10 +71,14 @@ void readoptions(tsnapshot& snapshot, const tdocumentstate& document, tsources& 
 
 }  // namespace
 
-void tdefinitionstate::collectnames() const {
-  if (fnames != nullptr) return;
+void tdefinitionstate::collectnames() {
   fnames = std::make_unique<const tnametable>(store());
   namesnear("name", false);  // what it needs is made at the first call
+}
+
+const std::shared_ptr<const tdefinitionindex>& tdefinitionstate::index() const {
+  if (findex == nullptr) findex = std::make_shared<const tdefinitionindex>(*text);
+  return findex;
 }
 
 std::vector<std::string> tdefinitionstate::namesnear(const std::string& typed, bool dotted) const {
@@ -123,10 +128,8 @@ void tanalysis::read(const tdocumentstate& document, tsnapshot& result) {
   if (!found.path.empty()) {
     result.definition = definition(found.path, document);
     take(result, result.definition->reading.findings());
-    if (document.kind == tdocumentkind::options) {
-      result.definition->collectnames();
-      if (result.definition->isopened) readoptions(result, document, sources);
-    }
+    if (document.kind == tdocumentkind::options && result.definition->isopened)
+      readoptions(result, document, sources);
   }
   result.texts = sources.texts();
   if (result.definition != nullptr) result.texts[result.definition->key] = result.definition->text;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tools/lsp/client.h"
+#include "tools/lsp/definitionindex.h"
 #include "tools/lsp/nametable.h"
 #include "tools/lsp/sources.h"
 #include "tools/reading/finddefinition.h"
@@ -32,16 +33,19 @@ struct tdefinitionstate {
   tdefinitionlines& lines() const { return flines; }
   void takelines() { flines = reading.definitionlines(); }
   const optcore::tvksoptions& store() const { return reading.store(); }
-  // Collects the names, which takes a while if there are very many. Only the thread of the analysis does it, before
-  // the snapshot of an option file is passed on.
-  void collectnames() const;
+  // Collects the names, which takes a while if there are very many. The thread of the analysis does it before it
+  // passes the state on, because the store makes its indexes at the first search.
+  void collectnames();
   const tnametable& names() const { return *fnames; }
+  // The entries in the text, which must be there. Only the thread of the server asks.
+  const std::shared_ptr<const tdefinitionindex>& index() const;
   // The names that may be meant by one that no option has. Only the thread of the server asks.
   std::vector<std::string> namesnear(const std::string& typed, bool dotted) const;
 
  private:
   mutable tdefinitionlines flines;
-  mutable std::unique_ptr<const tnametable> fnames;
+  mutable std::shared_ptr<const tdefinitionindex> findex;  // null until it is needed
+  std::unique_ptr<const tnametable> fnames;
   mutable tsuggester fsuggester{reading.store()};
 };
 

@@ -4,7 +4,7 @@
 namespace tool::lsp {
 
 void announcecompletion(json& capabilities, const tclient& /*client*/) {
-  capabilities["completionProvider"] = {{"triggerCharacters", json::array({".", "=", " "})},
+  capabilities["completionProvider"] = {{"triggerCharacters", json::array({".", "=", " ", ":", "/", "\""})},
                                         {"resolveProvider", true}};
 }
 

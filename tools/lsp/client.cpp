@@ -1,9 +1,33 @@
 // Reads the parameters of initialize and the settings.
 #include "tools/lsp/client.h"
 
+#include <algorithm>
+
 #include "tools/reading/rules.h"
 
 namespace tool::lsp {
+
+namespace {
+
+// Every client knows the first ones.
+bool isknown(const json& kinds, int kind) {
+  constexpr int last = 18;
+  const json& known = arrayof(member(kinds, "valueSet"));
+  return kind <= last || std::ranges::any_of(known, [kind](const json& each) { return each == kind; });
+}
+
+}  // namespace
+
+int tclient::completionkind(int kind, int otherwise) const {
+  const json& kinds = member(capabilities, "textDocument", "completion", "completionItemKind");
+  return isknown(kinds, kind) ? kind : otherwise;
+}
+
+int tclient::symbolkind(int kind) const {
+  constexpr int property = 7;
+  return isknown(member(capabilities, "textDocument", "documentSymbol", "symbolKind"), kind) ? kind
+                                                                                             : property;
+}
 
 tclient clientof(const json& initialize) {
   tclient result;

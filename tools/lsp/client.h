@@ -29,6 +29,9 @@ struct tclient {
                "markdown");
   }
   bool snippets() const { return can("textDocument", "completion", "completionItem", "snippetSupport"); }
+  // The kind of an item or symbol, or the other one if the client does not know it.
+  int completionkind(int kind, int otherwise) const;
+  int symbolkind(int kind) const;
 };
 
 tclient clientof(const json& initialize);

@@ -45,7 +45,7 @@ class tdefinitionactions {
     edits.add(span, text);
     const tworkspaceedits all = {{fdocument.key(), std::move(edits)}};
     json action = {
-        {"title", title}, {"kind", "quickfix"}, {"edit", workspaceeditjson(all, frequest.workspace)}};
+        {"title", title}, {"kind", quickfix}, {"edit", workspaceeditjson(all, frequest.workspace)}};
     json found = json::array();
     for (const json& each : arrayof(member(frequest.params, "context", "diagnostics")))
       if (integerof(member(each, "range", "start", "line")) == line - 1) found.push_back(each);
@@ -85,7 +85,8 @@ class tdefinitionactions {
     const ttext& text = *fdocument.text();
     const bool isbelow = last != nullptr;
     const std::size_t at = isbelow ? text.line(last->line).end : text.line(findex.entries()[0].line).begin;
-    add(field.line, "Add a line for the group " + number, {at, at}, isbelow ? "\n" + line : line + "\n");
+    const std::string end(text.lineend());
+    add(field.line, "Add a line for the group " + number, {at, at}, isbelow ? end + line : line + end);
   }
 
   const trequest& frequest;
@@ -97,6 +98,8 @@ class tdefinitionactions {
 
 }  // namespace
 
-tanswer definitionactions(const trequest& request) { return tdefinitionactions(request).run(); }
+tanswer definitionactions(const trequest& request) {
+  return wantsquickfixes(request) ? tdefinitionactions(request).run() : json::array();
+}
 
 }  // namespace tool::lsp

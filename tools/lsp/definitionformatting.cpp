@@ -126,7 +126,7 @@ tanswer definitionformatting(const trequest& request) {
   });
   below.close(edits);
   entries.close(edits);
-  return edits.edits(request.encoding());
+  return twritten{edits.writtenedits(request.encoding())};
 }
 
 }  // namespace tool::lsp

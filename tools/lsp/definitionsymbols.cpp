@@ -1,5 +1,9 @@
 // The outline of a definition: its groups with their options, and below each option its synonyms.
-#include <set>
+#include <map>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
 
 #include "tools/lsp/features.h"
 #include "tools/lsp/locations.h"
@@ -14,8 +18,8 @@ using tentrykind = tdefinitionindex::tkind;
 
 class toutline {
  public:
-  toutline(const tdefinitionindex& index, const ttext& text, tencoding encoding)
-      : findex(index), ftext(text), fencoding(encoding) {
+  toutline(const tdefinitionindex& index, const ttext& text, const tclient& client)
+      : findex(index), ftext(text), fclient(client) {
     for (const tdefinitionindex::treference& each : index.references())
       if (each.keyword == "deprecated" || each.keyword == "obsolete") fmarked.insert(index.target(each));
     for (const tentry& each : index.entries())
@@ -24,17 +28,19 @@ class toutline {
       if (each.keyword == "synonym") ftargets[each.line] = index.target(each);
   }
 
-  json tree() {
+  // As it is sent, because there may be very many.
+  std::string tree() {
     for (const tentry& each : findex.entries()) fchildren[parentof(each)].push_back(&each);
-    return symbols(nullptr);
+    addsymbols(nullptr);
+    return std::move(fwritten);
   }
 
   json list(const std::string& uri) const {
     json result = json::array();
     for (const tentry& each : findex.entries()) {
       json symbol = {{"name", nameof(each)},
-                     {"kind", kindof(each)},
-                     {"location", locationjson(uri, ftext, wholeof(each), fencoding)}};
+                     {"kind", fclient.symbolkind(kindof(each))},
+                     {"location", locationjson(uri, ftext, wholeof(each), fclient.encoding)}};
       if (const tentry* parent = parentof(each)) symbol["containerName"] = nameof(*parent);
       result.push_back(std::move(symbol));
     }
@@ -59,31 +65,45 @@ class toutline {
     return {ftext.line(entry.line).begin, ftext.line(entry.lastline).end};
   }
 
-  json symbols(const tentry* parent) {
-    json result = json::array();
+  void addsymbols(const tentry* parent) {
+    fwritten += '[';
     for (const tentry* each : fchildren[parent]) {
-      std::string detail(each->keyword);
-      if (!each->text.empty()) detail.append(": ").append(utf8(each->text));
-      json::object_t symbol;
-      symbol.emplace("name", nameof(*each));
-      symbol.emplace("detail", std::move(detail));
-      symbol.emplace("kind", kindof(*each));
-      symbol.emplace("range", rangejson(ftext, wholeof(*each), fencoding));
-      symbol.emplace("selectionRange", rangejson(ftext, each->span, fencoding));
-      if (fmarked.contains(each)) symbol.emplace("tags", json::array({tagdeprecated}));
-      if (fchildren.contains(each)) symbol.emplace("children", symbols(each));
-      result.emplace_back(std::move(symbol));
+      if (fwritten.back() != '[') fwritten += ',';
+      addsymbol(*each);
     }
-    return result;
+    fwritten += ']';
+  }
+
+  void addsymbol(const tentry& entry) {
+    fwritten += "{\"name\":";
+    appendtext(fwritten, nameof(entry));
+    std::string detail(entry.keyword);
+    if (!entry.text.empty()) detail.append(": ").append(utf8(entry.text));
+    fwritten += ",\"detail\":";
+    appendtext(fwritten, detail);
+    fwritten.append(",\"kind\":")
+        .append(std::to_string(fclient.symbolkind(kindof(entry))))
+        .append(",\"range\":");
+    appendrange(fwritten, ftext, wholeof(entry), fclient.encoding);
+    fwritten += ",\"selectionRange\":";
+    appendrange(fwritten, ftext, entry.span, fclient.encoding);
+    if (fmarked.contains(&entry))
+      fwritten.append(",\"tags\":[").append(std::to_string(tagdeprecated)).append("]");
+    if (fchildren.contains(&entry)) {
+      fwritten += ",\"children\":";
+      addsymbols(&entry);
+    }
+    fwritten += '}';
   }
 
   const tdefinitionindex& findex;
   const ttext& ftext;
-  const tencoding fencoding;
-  std::set<const tentry*> fmarked;
+  const tclient& fclient;
+  std::unordered_set<const tentry*> fmarked;
   std::map<std::int32_t, const tentry*> ftargets;  // of the synonyms, by their lines
   std::map<std::int32_t, const tentry*> fgroups;   // by their numbers
-  std::map<const tentry*, std::vector<const tentry*>> fchildren;
+  std::unordered_map<const tentry*, std::vector<const tentry*>> fchildren;
+  std::string fwritten;
 };
 
 }  // namespace
@@ -91,10 +111,11 @@ class toutline {
 tanswer definitionsymbols(const trequest& request) {
   const ttext& text = *request.document()->text();
   const tdefinitionindex& index = *request.document()->index();
-  toutline outline(index, text, request.encoding());
+  toutline outline(index, text, request.workspace.client);
   const bool astree =
       request.workspace.client.can("textDocument", "documentSymbol", "hierarchicalDocumentSymbolSupport");
-  return astree ? outline.tree() : outline.list(request.document()->uri());
+  if (!astree) return outline.list(request.document()->uri());
+  return twritten{outline.tree()};
 }
 
 }  // namespace tool::lsp

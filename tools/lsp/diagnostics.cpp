@@ -55,20 +55,29 @@ tspan meantindefinition(const tfinding& finding, std::string_view line) {
   return begins ? partsof(line).front().span : findword(line, finding.name, 0);
 }
 
+// What a line in end-of-line mode has behind the statement, and is not read.
+tspan remainderof(const tstatementspans& statement, std::string_view line) {
+  const std::size_t end = std::max({statement.name.end, statement.value.end, statement.second.end});
+  const std::size_t begin = std::min(line.find_first_not_of(" \t", end), line.size());
+  return begin < statement.whole.end ? tspan{begin, line.find_last_not_of(" \t") + 1} : tspan{};
+}
+
 // The same for a line of an option file. A value stands in a statement of its name, if there is one; a number
 // may be written otherwise than the library reports it.
 tspan meantinoptions(const tfinding& finding, std::string_view line, const tlinespans& spans) {
   std::size_t from = 0;
-  tspan name, reported;
+  tspan name, reported, remainder;
   for (const tstatementspans& each : spans.statements) {
     if (finding.name.empty() || !optcore::struequal(each.name.of(line), finding.name)) continue;
     name = each.name;
     from = each.name.end;
     reported = each.value;
+    if (each.kind == tstatementspans::tkind::setting) remainder = remainderof(each, line);
     if (!findword(line, finding.value, from).empty()) break;
   }
   if (const tspan value = findword(line, finding.value, from); !value.empty()) return value;
   if (!finding.value.empty() && !reported.empty()) return reported;
+  if (finding.rule == "option-file" && finding.value.empty() && !remainder.empty()) return remainder;
   if (name.empty()) name = findword(line, finding.name, 0);
   if (name.empty() && spans.statements.size() == 1) name = spans.statements.front().whole;
   return name;

@@ -7,6 +7,14 @@ json editjson(const ttext& text, const ttextedit& edit, tencoding encoding) {
   return {{"range", rangejson(text, edit.span, encoding)}, {"newText", utf8(edit.text)}};
 }
 
+bool wantsquickfixes(const trequest& request) {
+  const json& only = member(request.params, "context", "only");
+  const json& literals =
+      member(request.workspace.client.capabilities, "textDocument", "codeAction", "codeActionLiteralSupport");
+  const bool isasked = !only.is_array() || only.empty() || has(only, quickfix) || has(only, "");
+  return isasked && literals.is_object();
+}
+
 std::string tfileedits::result() const {
   const std::string& bytes = ftext->bytes();
   std::string result;
@@ -22,6 +30,18 @@ json tfileedits::edits(tencoding encoding) const {
   json result = json::array();
   for (const auto& [begin, edit] : fedits) result.push_back(editjson(*ftext, edit, encoding));
   return result;
+}
+
+std::string tfileedits::writtenedits(tencoding encoding) const {
+  std::string result = "[";
+  for (const auto& [begin, edit] : fedits) {
+    result += result.size() == 1 ? "{\"range\":" : ",{\"range\":";
+    appendrange(result, *ftext, edit.span, encoding);
+    result += ",\"newText\":";
+    appendtext(result, utf8(edit.text));
+    result += '}';
+  }
+  return result += ']';
 }
 
 json workspaceeditjson(const tworkspaceedits& edits, const tworkspace& workspace) {

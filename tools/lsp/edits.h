@@ -26,6 +26,7 @@ class tfileedits {
   bool empty() const { return fedits.empty(); }
   std::string result() const;
   json edits(tencoding encoding) const;
+  std::string writtenedits(tencoding encoding) const;
 
  private:
   std::shared_ptr<const ttext> ftext;
@@ -34,6 +35,11 @@ class tfileedits {
 
 // By the keys of the files.
 using tworkspaceedits = std::map<std::string, tfileedits>;
+
+// The kind of all code actions.
+inline constexpr std::string_view quickfix = "quickfix";
+// Whether the client takes code actions as such, and asks for quick fixes or for all.
+bool wantsquickfixes(const trequest& request);
 
 // With the versions of open documents, if the client takes them.
 json workspaceeditjson(const tworkspaceedits& edits, const tworkspace& workspace);

@@ -47,6 +47,18 @@ void tframes::append(std::string_view bytes) {
   fbytes.append(bytes);
 }
 
+// Leaves out what stands before the next header. Returns false if there is none yet.
+bool tframes::findheader() {
+  const auto begin = fbytes.begin() + static_cast<std::ptrdiff_t>(ftaken);
+  const auto same = [](char a, char b) { return optcore::upchar(a) == optcore::upchar(b); };
+  const auto found = std::search(begin, fbytes.end(), lengthfield.begin(), lengthfield.end(), same);
+  fbroken = found == fbytes.end();
+  ftaken = static_cast<std::size_t>(found - fbytes.begin());
+  if (fbroken)
+    ftaken -= std::min<std::size_t>(lengthfield.size() - 1, static_cast<std::size_t>(found - begin));
+  return !fbroken;
+}
+
 // Takes the header, if it is there. Returns false if it is not, or is broken.
 bool tframes::takeheader() {
   const std::string_view rest = std::string_view(fbytes).substr(ftaken);
@@ -64,8 +76,12 @@ bool tframes::takeheader() {
 }
 
 tframe tframes::next() {
-  if (!fbroken && !fhasheader && fskipped == 0) fhasheader = takeheader();
-  if (fbroken) return {tframe::tkind::broken};
+  if (fbroken && !findheader()) return {tframe::tkind::incomplete};
+  if (!fhasheader && fskipped == 0) fhasheader = takeheader();
+  if (fbroken) {
+    ++ftaken;  // behind the beginning of what is no header
+    return {tframe::tkind::broken};
+  }
   if (!fhasheader) return {tframe::tkind::incomplete};
   const std::size_t there = fbytes.size() - ftaken;
   if (flength > longestmessage) {

@@ -13,7 +13,7 @@ struct tframe {
     incomplete,  // more bytes are needed
     message,
     toolong,  // the message was longer than any that is read, and is left out
-    broken    // this is no header, so nobody knows where a message begins
+    broken    // this is no header; the next one is looked for
   };
   tkind kind;
   std::string text{};
@@ -27,10 +27,11 @@ class tframes {
   static constexpr std::size_t longestskipped = 1024 * 1024 * 1024;
 
   void append(std::string_view bytes);
-  // To be called until the result is incomplete or broken.
+  // To be called until the result is incomplete.
   tframe next();
 
  private:
+  bool findheader();
   bool takeheader();
 
   std::string fbytes;  // from ftaken on not yet taken
@@ -38,7 +39,7 @@ class tframes {
   std::size_t fskipped = 0;  // so many bytes are to be left out
   std::size_t flength = 0;   // of the message
   bool fhasheader = false;
-  bool fbroken = false;
+  bool fbroken = false;  // a header was, and the next one has not been found
 };
 
 // The message with its header.

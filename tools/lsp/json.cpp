@@ -27,6 +27,21 @@ bool has(const json& value, std::string_view text) {
   return std::ranges::any_of(arrayof(value), [&](const json& each) { return each == text; });
 }
 
+void appendtext(std::string& written, std::string_view text) {
+  constexpr std::string_view digits = "0123456789abcdef";
+  written += '"';
+  for (const char character : text) {
+    const auto code = static_cast<unsigned char>(character);
+    if (code < 0x20) {
+      written.append("\\u00").append(1, digits[code / 16]).append(1, digits[code % 16]);
+      continue;
+    }
+    if (character == '"' || character == '\\') written += '\\';
+    written += character;
+  }
+  written += '"';
+}
+
 const json& arrayof(const json& value) {
   static const json none = json::array();
   return value.is_array() ? value : none;

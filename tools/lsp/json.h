@@ -29,6 +29,9 @@ std::optional<std::int64_t> integerof(const json& value);
 // Whether it is an array that has this text.
 bool has(const json& value, std::string_view text);
 
+// Adds a text to what is written as JSON. For results of very many parts, of which a tree would take long to make.
+void appendtext(std::string& written, std::string_view text);
+
 // An array, if it is one; otherwise an empty one. For loops.
 const json& arrayof(const json& value);
 

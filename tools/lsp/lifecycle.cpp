@@ -25,13 +25,19 @@ json capabilitiesof(const tclient& client) {
   return result;
 }
 
+// As a path without a slash at its end, so that the same folder is known again.
+std::string folderof(const json& folder) {
+  std::string result = pathofuri(textof(member(folder, "uri")));
+  while (result.size() > 1 && result.ends_with('/')) result.pop_back();
+  return result;
+}
+
 std::vector<std::string> foldersfrom(const json& params) {
   std::vector<std::string> result;
   const auto add = [&](const std::string& path) {
     if (!path.empty()) result.push_back(path);
   };
-  for (const json& each : arrayof(member(params, "workspaceFolders")))
-    add(pathofuri(textof(member(each, "uri"))));
+  for (const json& each : arrayof(member(params, "workspaceFolders"))) add(folderof(each));
   if (result.empty()) add(pathofuri(textof(member(params, "rootUri"))));
   if (result.empty()) add(textof(member(params, "rootPath")));
   return result;
@@ -99,26 +105,35 @@ void tsession::changesettings(const json& params) {
 void tsession::takesettings(const json& value) {
   const bool isnone = value.is_null() || (value.is_array() && (value.empty() || value.front().is_null()));
   if (isnone) return;
+  const bool hadhints = fworkspace.settings->inlayhints;
   fworkspace.settings = std::make_shared<const tsettings>(settingsfrom(value));
+  if (fworkspace.settings->inlayhints != hadhints) refreshhints();
   analyseall([](const tdocument&) { return true; });
+}
+
+// The client asks for the hints of what it shows again.
+void tsession::refreshhints() {
+  if (fworkspace.client.can("workspace", "inlayHint", "refreshSupport"))
+    ask("workspace/inlayHint/refresh", {});
 }
 
 // ---- folders
 
 void tsession::changefolders(const json& params) {
   std::vector<std::string>& folders = fworkspace.folders;
-  for (const json& each : arrayof(member(params, "event", "removed")))
-    std::erase(folders, pathofuri(textof(member(each, "uri"))));
+  for (const json& each : arrayof(member(params, "event", "removed"))) std::erase(folders, folderof(each));
   for (const json& each : arrayof(member(params, "event", "added")))
-    if (std::string path = pathofuri(textof(member(each, "uri"))); !path.empty())
-      folders.push_back(std::move(path));
+    if (std::string path = folderof(each); !path.empty()) folders.push_back(std::move(path));
   scanfolders();
 }
 
 // With a display of its progress, if the client has one.
 void tsession::scanfolders() {
-  if (fworkspace.folders.empty()) return;
   *fscancancelled = true;
+  if (fworkspace.folders.empty()) {
+    fworkspace.files = std::make_shared<const tfolderfiles>();
+    return;
+  }
   fscancancelled = std::make_shared<std::atomic<bool>>(false);
   if (!fworkspace.client.can("window", "workDoneProgress")) return lookforfiles({});
   std::string token = "folders-" + std::to_string(++fscans);

@@ -111,23 +111,23 @@ bool tlistener::readsome() {
     return false;
   }
   fframes.append({block.data(), static_cast<std::size_t>(count)});
-  return deliver();
+  deliver();
+  return true;
 }
 
 // Passes on the messages that are complete.
-bool tlistener::deliver() {
+void tlistener::deliver() {
   for (;;) {
     const tframe frame = fframes.next();
     switch (frame.kind) {
-      case tframe::tkind::incomplete: return true;
+      case tframe::tkind::incomplete: return;
       case tframe::tkind::message: put(parsemessage(frame.text), frame.text.size()); break;
       case tframe::tkind::toolong:
         put(problem(tcode::invalidrequest, "The message is longer than 64 MiB"), 0);
         break;
       case tframe::tkind::broken:
-        put(problem(tcode::parseerror, "This is no header of a message; the server ends"), 0);
-        finbox.end();
-        return false;
+        put(problem(tcode::parseerror, "This is no header of a message; the next one is looked for"), 0);
+        break;
     }
   }
 }

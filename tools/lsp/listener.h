@@ -31,7 +31,7 @@ class tlistener {
   // Returns false at the end.
   bool wait();
   bool readsome();
-  bool deliver();
+  void deliver();
   void put(tincoming message, std::size_t bytes);
 
   int fdescriptor;

@@ -71,17 +71,28 @@ tincoming parsemessage(std::string_view text) {
                  isid(member(message, "id")) ? message["id"] : json());
 }
 
-json response(const json& id, tanswer answer) {
+std::string written(const json& message) {
+  return message.dump(-1, ' ', false, json::error_handler_t::replace);
+}
+
+std::string response(const json& id, tanswer answer) {
   json result = {{"jsonrpc", "2.0"}, {"id", id}};
+  if (const auto* text = std::get_if<twritten>(&answer)) {
+    std::string line = written(result);
+    line.pop_back();
+    return line.append(",\"result\":").append(text->text).append("}");
+  }
   if (const auto* problem = std::get_if<terror>(&answer))
     result["error"] = {{"code", static_cast<std::int32_t>(problem->code)}, {"message", problem->text}};
   else
     result["result"] = std::move(std::get<json>(answer));
-  return result;
+  return written(result);
 }
 
 json notification(std::string_view method, json params) {
-  return {{"jsonrpc", "2.0"}, {"method", method}, {"params", std::move(params)}};
+  json result = {{"jsonrpc", "2.0"}, {"method", method}};
+  if (!params.is_null()) result["params"] = std::move(params);
+  return result;
 }
 
 json request(std::int64_t id, std::string_view method, json params) {

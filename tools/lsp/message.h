@@ -27,8 +27,13 @@ struct terror {
   std::string text;
 };
 
+// A result that is written already.
+struct twritten {
+  std::string text;
+};
+
 // The result of a request.
-using tanswer = std::variant<json, terror>;
+using tanswer = std::variant<json, terror, twritten>;
 
 struct tincoming {
   enum class tkind { request, notification, response, invalid };
@@ -46,7 +51,9 @@ tincoming parsemessage(std::string_view text);
 // Whether brackets are nested deeper than any message needs.
 bool nestsdeep(std::string_view text);
 
-json response(const json& id, tanswer answer);
+// As it is sent. What is no UTF-8 is replaced.
+std::string written(const json& message);
+std::string response(const json& id, tanswer answer);
 json notification(std::string_view method, json params);
 json request(std::int64_t id, std::string_view method, json params);
 

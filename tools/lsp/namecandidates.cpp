@@ -116,16 +116,19 @@ class tnamechoice {
         {.text = utf8(keyword), .kind = tcandidatekind::keyword, .detail = "begins an indicator"});
   }
 
+  // First what the text finds as a short form of a name.
   void addnear(tcandidates& result) const {
     result.iscomplete = false;
-    for (const std::string& name : fstate.namesnear(ftyped, fdotted)) {
-      const std::int32_t index = fdotted ? fstore.optlookup(name) : fdefinition.indexof(name);
-      const bool isthere =
-          std::ranges::any_of(result.all, [&](const tcandidate& each) { return each.option == index; });
-      if (index < 0 || isthere || !islisted(fdefinition, fdefinition.option(index))) continue;
-      result.all.push_back(candidate({{}, index, -1, false}));
-      result.all.back().isnear = true;
-    }
+    addnear(result, fdotted ? "." + ftyped : ftyped);
+    for (const std::string& name : fstate.namesnear(ftyped, fdotted)) addnear(result, name);
+  }
+  void addnear(tcandidates& result, const std::string& name) const {
+    const std::int32_t index = fdotted ? fstore.optlookup(name) : fdefinition.indexof(name);
+    const bool isthere =
+        std::ranges::any_of(result.all, [&](const tcandidate& each) { return each.option == index; });
+    if (index < 0 || isthere || !islisted(fdefinition, fdefinition.option(index))) return;
+    result.all.push_back(candidate({{}, index, -1, false}));
+    result.all.back().isnear = true;
   }
 
   const tdefinitionstate& fstate;

@@ -14,12 +14,6 @@ namespace tool::lsp {
 
 namespace {
 
-constexpr std::string_view quickfix = "quickfix";
-
-bool iswanted(const json& only) {
-  return !only.is_array() || only.empty() || has(only, quickfix) || has(only, "");
-}
-
 class toptionactions {
  public:
   explicit toptionactions(const trequest& request)
@@ -112,12 +106,9 @@ json toptionactions::run() {
 
 tanswer optioncodeactions(const trequest& request) {
   const tdocument& document = *request.document();
-  const bool takesactions =
-      member(request.workspace.client.capabilities, "textDocument", "codeAction", "codeActionLiteralSupport")
-          .is_object();
   const tsnapshot* snapshot = document.snapshot().get();
-  if (!takesactions || !iswanted(member(request.params, "context", "only")) || snapshot == nullptr ||
-      snapshot->store() == nullptr || snapshot->definition == nullptr)
+  if (!wantsquickfixes(request) || snapshot == nullptr || snapshot->store() == nullptr ||
+      snapshot->definition == nullptr)
     return json::array();
   return toptionactions(request).run();
 }

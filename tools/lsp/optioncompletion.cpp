@@ -35,8 +35,12 @@ tcandidates candidatesfor(const tdocument& document, const toptionline& line, co
 // What is typed stands for near names in the client's own choice.
 json itemof(const tcandidate& candidate, std::size_t position, const json& range, const ttyped& typed,
             const trequest& request) {
+  const tclient& client = request.workspace.client;
+  const auto otherwise =
+      candidate.kind == tcandidatekind::folder ? tcandidatekind::file : tcandidatekind::value;
+  const int kind = client.completionkind(static_cast<int>(candidate.kind), static_cast<int>(otherwise));
   json result = {{"label", candidate.text},
-                 {"kind", static_cast<int>(candidate.kind)},
+                 {"kind", kind},
                  {"sortText", fivedigits(position)},
                  {"textEdit", {{"range", range}, {"newText", candidate.text}}}};
   if (!candidate.detail.empty()) result["detail"] = candidate.detail;
@@ -44,7 +48,6 @@ json itemof(const tcandidate& candidate, std::size_t position, const json& range
   if (candidate.option >= 0)
     result["data"] = {{"uri", request.document()->uri()}, {"option", candidate.option}};
   if (!candidate.deprecated) return result;
-  const tclient& client = request.workspace.client;
   const json& tags =
       member(client.capabilities, "textDocument", "completion", "completionItem", "tagSupport");
   if (tags.is_object())

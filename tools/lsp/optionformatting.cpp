@@ -44,7 +44,7 @@ tanswer optionformatting(const trequest& request) {
     const ttextedit edit = difference(text->line(number), lines[position].text, texts[position]);
     edits.add(edit.span, edit.text);
   }
-  return edits.edits(request.encoding());
+  return twritten{edits.writtenedits(request.encoding())};
 }
 
 }  // namespace tool::lsp

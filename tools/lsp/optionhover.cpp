@@ -21,6 +21,7 @@ std::string explained(const tdocument& document, std::int32_t index, ttarget tar
   tsources sources(std::make_shared<const ttexts>(snapshot.texts));
   treading reading;
   reading.readfrom(sources);
+  reading.suggestnothing();
   reading.readdefinitionof(snapshot.definition->reading);
   if (index >= 0 && index < reading.store().getcount())
     target.option = &reading.store().definition().option(index);

@@ -1,4 +1,5 @@
-// All places that name the option under the cursor: in the option files of the workspace, and in this one.
+// All places that name the option under the cursor: in the definition and the option files of the workspace, and in
+// this file.
 #include "base/textcase.h"
 #include "tools/lsp/features.h"
 #include "tools/lsp/optionlines.h"
@@ -28,9 +29,9 @@ tanswer optionreferences(const trequest& request) {
   const std::int32_t index = indexof(*line->store, *part->statement->option);
   json result = json::array();
   if (index < 0 || index >= definition.store().getcount()) return result;  // a list that lines made
-  if (flagof(member(request.params, "context", "includeDeclaration")))
-    for (const tuse& each : declarationsof(definition, index))
-      result.push_back(locationof(each, request.workspace));
+  const bool declared = flagof(member(request.params, "context", "includeDeclaration"));
+  for (const tuse& each : usesindefinition(request.workspace, definition, index, declared))
+    result.push_back(locationof(each, request.workspace));
   for (const tuse& each : usesof(request, definition, index))
     result.push_back(locationof(each, request.workspace));
   return result;

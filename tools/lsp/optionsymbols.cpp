@@ -44,7 +44,8 @@ json symbolof(const toptionline& line, const tstatementspans& statement, const t
   const tspan name = namespan(statement);
   const tspan whole = {std::min(statement.whole.begin, name.begin), std::max(statement.whole.end, name.end)};
   const json range = rangejson(*document.text(), line.intext(whole), request.encoding());
-  json result = {{"name", utf8(name.of(line.text))}, {"kind", kindof(statement)}};
+  json result = {{"name", utf8(name.of(line.text))},
+                 {"kind", request.workspace.client.symbolkind(kindof(statement))}};
   if (request.workspace.client.can("textDocument", "documentSymbol", "hierarchicalDocumentSymbolSupport")) {
     result["range"] = range;
     result["selectionRange"] = rangejson(*document.text(), line.intext(name), request.encoding());

@@ -34,16 +34,18 @@ json valuetarget(const tworkspace& workspace, const tdefinitionstate& definition
   return locationof({definition.key, definition.text, firstword(*definition.text, number)}, workspace);
 }
 
-// A relative path counts from the folder of the process.
+// A relative path counts from the folder of the process. The file may be one that is not saved yet.
 json filetarget(const tworkspace& workspace, std::string_view typed) {
   std::string name(typed);
   if (name.starts_with('"'))
     name = name.substr(1, name.size() - (name.ends_with('"') && name.size() > 1 ? 2 : 1));
+  if (name.empty()) return {};
+  const std::string key = keyof(name);
   std::error_code problem;
-  if (name.empty() || !std::filesystem::is_regular_file(name, problem)) return {};
+  if (workspace.documents.withkey(key) == nullptr && !std::filesystem::is_regular_file(name, problem))
+    return {};
   const ttext none("");
-  return {{"uri", workspace.documents.uriof(keyof(name))},
-          {"range", rangejson(none, {}, workspace.client.encoding)}};
+  return {{"uri", workspace.documents.uriof(key)}, {"range", rangejson(none, {}, workspace.client.encoding)}};
 }
 
 }  // namespace
@@ -63,8 +65,9 @@ tanswer optiontarget(const trequest& request) {
       return filetarget(request.workspace, typed);
     return valuetarget(request.workspace, definition, *line, *option, typed);
   }
-  const std::vector<tuse> lines = declarationsof(definition, indexof(*line->store, *option));
-  return lines.empty() ? json() : locationof(lines.front(), request.workspace);
+  const std::int32_t index = indexof(*line->store, *option);
+  const std::optional<tuse> declaration = index < 0 ? std::nullopt : declarationof(definition, index);
+  return declaration ? locationof(*declaration, request.workspace) : json();
 }
 
 }  // namespace tool::lsp

@@ -40,15 +40,30 @@ class tlookup {
            (minos() && statement.option == nullptr && isblankfrom(statement.name.end));
   }
 
-  ttyped typed(ttypedkind kind, const toption* option, std::size_t begin, bool (*belongs)(char)) const {
+  ttyped name(std::size_t begin, ttypedkind kind = ttypedkind::name) const {
+    std::size_t end = ftext.size();
+    while (end < fline.text.size() && isnamecharacter(fline.text[end])) ++end;
+    return {kind, nullptr, std::string(ftext.substr(begin)), {begin, end}};
+  }
+  // A quoted text reaches to its second double quote, if it has one.
+  ttyped value(const toption& option, std::size_t begin) const {
+    ttyped result = {ttypedkind::value, &option, std::string(ftext.substr(begin)), {begin, endofword()}};
+    if (!result.beginning.starts_with('"') || std::ranges::count(result.beginning, '"') % 2 == 0)
+      return result;
+    const std::size_t quote = fline.text.find('"', ftext.size());
+    result.isclosed = quote != std::string_view::npos;
+    if (result.isclosed) result.span.end = quote + 1;
+    return result;
+  }
+  std::size_t endofword() const {
+    const tcharset& comments = fline.store->definition().eolcommset();
+    const auto belongs = [&](char character) {
+      return !isblank(character) && character != ',' && character != ':' &&
+             !comments.test(static_cast<unsigned char>(character));
+    };
     std::size_t end = ftext.size();
     while (end < fline.text.size() && belongs(fline.text[end])) ++end;
-    return {kind, option, std::string(ftext.substr(begin)), {begin, end}};
-  }
-  ttyped name(std::size_t begin) const { return typed(ttypedkind::name, nullptr, begin, isnamecharacter); }
-  ttyped value(const toption& option, std::size_t begin) const {
-    return typed(ttypedkind::value, &option, begin,
-                 [](char character) { return isnamecharacter(character) || character == '.'; });
+    return end;
   }
 
   ttyped invalue(const tstatementspans& statement) const {
@@ -63,8 +78,7 @@ class tlookup {
   }
 
   ttyped indotline(const tstatementspans& statement) const {
-    if (statement.name.end == ftext.size())
-      return typed(ttypedkind::dotname, nullptr, statement.name.begin, isnamecharacter);
+    if (statement.name.end == ftext.size()) return name(statement.name.begin, ttypedkind::dotname);
     if (statement.option == nullptr) return {};
     if (!statement.value.empty())
       return statement.value.end == ftext.size() ? value(*statement.option, statement.value.begin) : ttyped{};

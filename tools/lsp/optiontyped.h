@@ -18,7 +18,8 @@ struct ttyped {
   tkind kind = tkind::nothing;
   const optcore::toption* option = nullptr;  // whose value it is
   std::string beginning{};                   // what stands before the cursor
-  tspan span{};                              // of the line: that, and the rest of the word behind it
+  tspan span{};                              // of the line: that, and the rest of the word or quoted text
+  bool isclosed = false;                     // whether the span ends with the double quote that ends the text
 };
 
 // `column` is a place in the line, in bytes.

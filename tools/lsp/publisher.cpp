@@ -49,20 +49,26 @@ json tpublisher::listof(const std::string& key, const tdocument* document) const
   return result;
 }
 
-// What the client knows is sent again only for another version of the analysed document `renewed`.
+// What the client knows is sent again only for another version of the analysed document `renewed`. A file may get
+// another URI when it is opened or closed: the client then forgets what it has under the old one.
 void tpublisher::send(const std::set<std::string>& keys, const std::string& renewed,
                       const tworkspace& workspace, const tsend& send) {
   for (const std::string& key : keys) {
     const tdocument* document = workspace.documents.withkey(key);
     const std::int64_t version = document != nullptr ? document->version() : 0;
+    const std::string uri = workspace.documents.uriof(key);
     json list = listof(key, document);
     tsent& sent = fsent[key];
+    if (sent.uri != uri && !sent.list.empty()) {
+      send({{"uri", sent.uri}, {"diagnostics", json::array()}});
+      sent.list.clear();
+    }
     const bool isknown = sent.list == list && (key != renewed || sent.version == version);
     if (!isknown) {
-      json params = {{"uri", workspace.documents.uriof(key)}, {"diagnostics", list}};
+      json params = {{"uri", uri}, {"diagnostics", list}};
       if (document != nullptr) params["version"] = version;
       send(std::move(params));
-      sent = {std::move(list), version};
+      sent = {uri, std::move(list), version};
     }
     if (document == nullptr && sent.list.empty()) fsent.erase(key);
   }

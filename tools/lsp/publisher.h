@@ -24,6 +24,7 @@ class tpublisher {
 
  private:
   struct tsent {
+    std::string uri{};  // by which the client has them
     json list = json::array();
     std::optional<std::int64_t> version{};  // of the document
   };

@@ -103,6 +103,7 @@ tanswer tsession::answerto(const tarrival& arrival) {
   if (message.method == "initialize") return terror{tcode::invalidrequest, "The server is initialized"};
   if (message.method == "shutdown") {
     fstate = tstate::shutdown;
+    finbox.unpark();  // requests that wait for an analysis get their answers before the exit
     return json();
   }
   if (arrival.cancelled) return json();
@@ -154,7 +155,12 @@ void tsession::settrace(const json& params) {
 
 void tsession::ask(std::string_view method, json params, tresponse then) {
   fasked.emplace(++flastid, std::move(then));
-  fspeaker.say(request(flastid, method, std::move(params)));
+  fspeaker.say(written(request(flastid, method, std::move(params))));
+}
+
+// After shutdown, the client need not read any more: the server might then wait for it for good.
+void tsession::tell(std::string_view method, json params) {
+  if (fstate == tstate::initialized) fspeaker.say(written(notification(method, std::move(params))));
 }
 
 void tsession::log(const std::string& text) {

@@ -42,7 +42,7 @@ class tsession {
   tanswer answerto(const tarrival& arrival);
   bool mustwait(const tincoming& message) const;
   void ask(std::string_view method, json params, tresponse then = {});
-  void tell(std::string_view method, json params) { fspeaker.say(notification(method, std::move(params))); }
+  void tell(std::string_view method, json params);
   void log(const std::string& text);
   void settrace(const json& params);
 
@@ -53,6 +53,7 @@ class tsession {
   void askforsettings();
   void changesettings(const json& params);
   void takesettings(const json& value);
+  void refreshhints();
   void changefolders(const json& params);
   void scanfolders();
   void lookforfiles(const std::string& token);

@@ -8,6 +8,11 @@ namespace {
 
 using tspankind = tdefinitionspans::tkind;
 
+// Places in labels are always counted in UTF-16.
+std::int64_t unitsof(const std::string& text) {
+  return ttext(text).positionof(text.size(), tencoding::utf16).character;
+}
+
 struct tparameter {
   std::string label;
   std::string_view meaning;
@@ -38,7 +43,7 @@ class tsignature {
     for (const tparameter& each : fparameters) {
       if (!label.empty()) label += ' ';
       json name = each.label;
-      if (offsets) name = {label.size(), label.size() + each.label.size()};
+      if (offsets) name = {unitsof(label), unitsof(label + each.label)};
       parameters.push_back({{"label", std::move(name)}, {"documentation", each.meaning}});
       label += each.label;
     }

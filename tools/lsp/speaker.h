@@ -3,8 +3,6 @@
 
 #include <string_view>
 
-#include "tools/lsp/json.h"
-
 namespace tool::lsp {
 
 class tspeaker {
@@ -13,7 +11,7 @@ class tspeaker {
   tspeaker(int descriptor, int gone) : fdescriptor(descriptor), fgone(gone) {}
 
   // Returns false if the message cannot be written, now and from now on.
-  bool say(const json& message);
+  bool say(std::string_view message);
   bool isbroken() const { return fbroken; }
 
  private:

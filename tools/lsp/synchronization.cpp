@@ -103,7 +103,11 @@ void tsession::analyse(const tdocument& document) {
 void tsession::take(const std::string& uri, const std::shared_ptr<const tsnapshot>& snapshot) {
   finbox.unpark();
   tdocument* document = fworkspace.documents.find(uri);
-  if (document == nullptr || !document->take(snapshot)) return;
+  if (document == nullptr) return;
+  const auto before = document->snapshot();
+  if (!document->take(snapshot)) return;
+  const bool hasotherdefaults = before != nullptr && before->definition != snapshot->definition;
+  if (hasotherdefaults && fworkspace.settings->inlayhints) refreshhints();
   if (!snapshot->problem.empty()) log(document->name() + ": " + snapshot->problem);
   if (document->iscurrent())
     fpublisher.publish(*document, fworkspace,

@@ -96,6 +96,11 @@ tspan ttext::line(std::int32_t number) const {
   return {starts[index], endofline(starts, index)};
 }
 
+std::string_view ttext::lineend() const {
+  const std::size_t feed = fbytes.find('\n');
+  return feed != std::string::npos && feed > 0 && fbytes[feed - 1] == '\r' ? "\r\n" : "\n";
+}
+
 std::int32_t ttext::lineat(std::size_t offset) const {
   return static_cast<std::int32_t>(lineof(feedlines(), std::min(offset, fbytes.size()))) + 1;
 }
@@ -104,19 +109,23 @@ tposition positionfrom(const json& value) {
   return {integerof(member(value, "line")).value_or(0), integerof(member(value, "character")).value_or(0)};
 }
 
-// Clients get very many of them, so nothing is copied.
 json rangejson(const ttext& text, tspan span, tencoding encoding) {
-  const auto position = [&](std::size_t offset) {
+  const auto position = [&](std::size_t offset) -> json {
     const tposition at = text.positionof(offset, encoding);
-    json::object_t result;
-    result.emplace("character", at.character);
-    result.emplace("line", at.line);
-    return result;
+    return {{"line", at.line}, {"character", at.character}};
   };
-  json::object_t result;
-  result.emplace("end", position(span.end));
-  result.emplace("start", position(span.begin));
-  return result;
+  return {{"start", position(span.begin)}, {"end", position(span.end)}};
+}
+
+void appendrange(std::string& written, const ttext& text, tspan span, tencoding encoding) {
+  const auto append = [&](std::string_view name, std::size_t offset) {
+    const tposition at = text.positionof(offset, encoding);
+    written.append(name).append("{\"line\":").append(std::to_string(at.line));
+    written.append(",\"character\":").append(std::to_string(at.character)).append("}");
+  };
+  append("{\"start\":", span.begin);
+  append(",\"end\":", span.end);
+  written += '}';
 }
 
 }  // namespace tool::lsp

@@ -36,6 +36,8 @@ class ttext {
   // empty span at the end of the text if there is no such line.
   tspan line(std::int32_t number) const;
   std::int32_t linecount() const { return static_cast<std::int32_t>(feedlines().size()); }
+  // What ends the first line; a line feed if there is only one line.
+  std::string_view lineend() const;
   // The line that has this offset.
   std::int32_t lineat(std::size_t offset) const;
 
@@ -53,5 +55,6 @@ class ttext {
 // As the protocol has them. A position that is none is the beginning of the text.
 tposition positionfrom(const json& value);
 json rangejson(const ttext& text, tspan span, tencoding encoding);
+void appendrange(std::string& written, const ttext& text, tspan span, tencoding encoding);
 
 }  // namespace tool::lsp

@@ -12,7 +12,7 @@ namespace tool::lsp {
 
 namespace {
 
-constexpr std::string_view scheme = "file://";
+constexpr std::string_view scheme = "file:";
 
 std::string decoded(std::string_view text) {
   std::string result;
@@ -37,14 +37,14 @@ bool isplain(char character) {
 std::string pathofuri(std::string_view uri) {
   if (uri.size() < scheme.size() || !optcore::struequal(uri.substr(0, scheme.size()), scheme)) return {};
   const std::string_view rest = uri.substr(scheme.size());
-  const std::size_t path = rest.find('/');  // a host may stand before it
+  const std::size_t path = rest.find('/', rest.starts_with("//") ? 2 : 0);  // a host may stand before it
   if (path == std::string_view::npos) return {};
   std::string result = decoded(rest.substr(path));
   return result.find('\0') == std::string::npos ? result : std::string();
 }
 
 std::string uriofpath(std::string_view path) {
-  std::string result(scheme);
+  std::string result = std::string(scheme) + "//";
   for (const char each : path) {
     if (isplain(each))
       result.push_back(each);

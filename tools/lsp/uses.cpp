@@ -69,16 +69,25 @@ tspan firstword(const ttext& text, std::int32_t number) {
   return {line.begin + begin, end == std::string_view::npos ? line.end : line.begin + end};
 }
 
-std::vector<tuse> declarationsof(const tdefinitionstate& definition, std::int32_t index) {
+std::optional<tuse> declarationof(const tdefinitionstate& definition, std::int32_t index) {
+  const std::int32_t line = definition.lines().ofoption(definition.store().definition(), index);
+  if (line <= 0 || definition.text == nullptr) return std::nullopt;
+  return tuse{definition.key, definition.text, firstword(*definition.text, line)};
+}
+
+std::vector<tuse> usesindefinition(const tworkspace& workspace, const tdefinitionstate& definition,
+                                   std::int32_t index, bool declared) {
+  const tdocument* document = workspace.documents.withkey(definition.key);
+  const auto text = document != nullptr ? document->text() : definition.text;
+  if (text == nullptr) return {};
+  const auto entries = document != nullptr ? document->index() : definition.index();
+  const std::string_view name = definition.store().definition().option(index).name();
+  const tdefinitionindex::tentry* option = entries->find(tdefinitionindex::tkind::option, name);
+  if (option == nullptr) return {};
   std::vector<tuse> result;
-  const auto add = [&](std::int32_t line) {
-    if (line > 0 && definition.text != nullptr)
-      result.push_back({definition.key, definition.text, firstword(*definition.text, line)});
-  };
-  const tdefinition& options = definition.store().definition();
-  add(definition.lines().ofoption(options, index));
-  for (std::int32_t i = 0; i < options.synonyms().count(); ++i)
-    if (options.synonyms().getobject(i) == index) add(definition.lines().ofsynonym(i));
+  if (declared) result.push_back({definition.key, text, option->span});
+  for (const tdefinitionindex::treference* each : entries->referencesto(*option))
+    result.push_back({definition.key, text, each->span});
   return result;
 }
 

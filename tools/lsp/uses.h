@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,8 +30,12 @@ struct tuse {
 // are open and those in the folders, in the order of their keys.
 std::vector<tuse> usesof(const trequest& request, const tdefinitionstate& definition, std::int32_t index);
 
-// The lines of the definition that make the option, and its synonyms after it.
-std::vector<tuse> declarationsof(const tdefinitionstate& definition, std::int32_t index);
+// The line of the definition that makes the option; nothing if the definition has none.
+std::optional<tuse> declarationof(const tdefinitionstate& definition, std::int32_t index);
+// The places in the definition that name the option: lists, macros, synonyms and marks; with `declared`, its own
+// line before them.
+std::vector<tuse> usesindefinition(const tworkspace& workspace, const tdefinitionstate& definition,
+                                   std::int32_t index, bool declared);
 
 // The first word of a line; the whole line if it has none.
 tspan firstword(const ttext& text, std::int32_t number);

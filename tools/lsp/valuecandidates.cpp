@@ -95,16 +95,20 @@ tcandidates valuesfor(const tvksoptions& store, const ttyped& typed) {
     result = typedvalues(store, option);
   }
   result.span = typed.span;
+  if (typed.beginning.starts_with('"'))
+    for (tcandidate& each : result.all)
+      if (!each.text.starts_with('"')) each.text = '"' + each.text + '"';
   return result;
 }
 
+// The double quotes stay where they are.
 tcandidates filesfor(const ttyped& typed) {
   constexpr std::size_t mostfiles = 1000;
   const std::size_t quote = typed.beginning.starts_with('"') ? 1 : 0;
   const std::size_t begin = std::max(typed.beginning.rfind('/') + 1, quote);
   const std::string folder = typed.beginning.substr(quote, begin - quote);
   tcandidates result;
-  result.span = {typed.span.begin + begin, typed.span.end};
+  result.span = {typed.span.begin + begin, typed.span.end - (typed.isclosed ? 1 : 0)};
   std::error_code problem;
   std::filesystem::directory_iterator each(folder.empty() ? "." : folder, problem);
   for (; !problem && each != std::filesystem::directory_iterator(); each.increment(problem)) {

@@ -96,7 +96,7 @@ tanswer workspacesymbols(const trequest& request) {
     if (result.size() == mostsymbols) break;
     json symbol = {
         {"name", utf8(hit.entry->name)},
-        {"kind", kindof(*hit.entry)},
+        {"kind", request.workspace.client.symbolkind(kindof(*hit.entry))},
         {"location", locationjson(hit.source->uri, *hit.source->text, hit.entry->span, request.encoding())}};
     if (const auto* group = hit.entry->kind == tdefinitionindex::tkind::option && hit.entry->number > 0
                                 ? hit.source->index->group(hit.entry->number)

@@ -224,8 +224,9 @@ void treading::filed(const tmessage& message) {
   const std::string_view rule = fwriting ? "not-written" : ruleof(message);
   const std::string_view line = message.source != nullptr ? message.source->linetext() : std::string_view();
   std::vector<std::string> suggestions;
-  if (ffindings.keeps(rule)) suggestions = fsuggester.suggestionsfor(message.subject, line);
-  if (message.kind == tmsgkind::defineerror && suggestions.empty() && ffindings.keeps(rule))
+  const bool suggests = fsuggests && ffindings.keeps(rule);
+  if (suggests) suggestions = fsuggester.suggestionsfor(message.subject, line);
+  if (suggests && message.kind == tmsgkind::defineerror && suggestions.empty())
     suggestions = fsuggester.definedlike(ffieldnotes.references(message));
   ffindings.begin({.place = placeof(message),
                    .severity = severityof(message.kind),

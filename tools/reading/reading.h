@@ -95,6 +95,8 @@ class treading final : optcore::tstoreobserver {
   const tfindinglist& findings() const { return ffindings; }
   // Of each kind of finding, at most so many are kept.
   void setlimit(std::size_t limit) { ffindings.setlimit(limit); }
+  // Findings get no suggestions, which take a while to find in a large definition. For who does not show them.
+  void suggestnothing() { fsuggests = false; }
   // Warnings of this rule are left out.
   void allow(const std::string& rule) { ffindings.allow(rule); }
 
@@ -131,6 +133,7 @@ class treading final : optcore::tstoreobserver {
   ttextsource* ftextsource = nullptr;
   std::string fpath;  // the last one that pathtoopen gave
   tsuggester fsuggester{fstore};
+  bool fsuggests = true;
   tdefinitionlines flines;
   tfieldnotes ffieldnotes;
   std::string fadvice;  // the last note, and the line of its message
