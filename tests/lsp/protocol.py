@@ -6,7 +6,7 @@ from client import Client, expect, finish, uri
 
 work = tempfile.TemporaryDirectory()
 DEFINITION = "threads integer 1 1 1 64 1 1 Threads to use\nname string 2 \"\" 1 1 Name of the run\n" \
-             "general group 1 1 General\n"
+             "read immediate ReadFile 1 1 Read another file\ngeneral group 1 1 General\n"
 
 
 def write(name, text):
@@ -134,6 +134,17 @@ client.until(lambda each: each.get("method") == "workspace/inlayHint/refresh")
 expect("the client shows hints again: for the setting, and for another default", refreshed(), 2)
 client.request("textDocument/unknown", {})
 client.until(lambda each: each.get("method") == "$/logTrace")
+part = write("part[1].inc", "threads 3\n")
+client.change(main, "read part[1].inc\n")
+registered = client.until(lambda each: each.get("method") == "client/registerCapability")["params"]["registrations"]
+expect("an included file with another ending is watched",
+       [each["registerOptions"]["watchers"] for each in registered], [[{"globPattern": "**/part?1?.inc"}]])
+client.change(main, "read part[1].inc\nthreads 4\n")
+client.diagnostics(main)
+write("part[1].inc", "threads none\n")
+client.notify("workspace/didChangeWatchedFiles", {"changes": [{"uri": uri(part), "type": 2}]})
+expect("its findings", [each["code"] for each in client.diagnostics(part)], ["value"])
+expect("it is watched once", len([each for each in client.asked if each["method"] == "client/registerCapability"]), 2)
 client.quit()
 
 # ---- requests that are cancelled, and several at once

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
+#include <string_view>
 #include <utility>
 
 #include "release.h"
@@ -43,6 +45,19 @@ std::vector<std::string> foldersfrom(const json& params) {
   return result;
 }
 
+json watchregistration(const std::string& id, json watchers) {
+  return {{"id", id},
+          {"method", "workspace/didChangeWatchedFiles"},
+          {"registerOptions", {{"watchers", std::move(watchers)}}}};
+}
+
+// A pattern has no way to name its own signs, so each stands for any character.
+std::string literalpattern(std::string name) {
+  for (char& character : name)
+    if (std::string_view("*?[]{},!\\").find(character) != std::string_view::npos) character = '?';
+  return name;
+}
+
 }  // namespace
 
 // ---- initialize
@@ -77,15 +92,29 @@ void tsession::registerchanges() {
     json watchers = json::array();
     for (const char* pattern : {"**/*.opt", "**/*.def", "**/wexcorin.json"})
       watchers.push_back({{"globPattern", pattern}});
-    registrations.push_back({{"id", "files"},
-                             {"method", "workspace/didChangeWatchedFiles"},
-                             {"registerOptions", {{"watchers", watchers}}}});
+    registrations.push_back(watchregistration("files", std::move(watchers)));
   }
   if (client.can("workspace", "didChangeConfiguration", "dynamicRegistration"))
     registrations.push_back({{"id", "settings"},
                              {"method", "workspace/didChangeConfiguration"},
                              {"registerOptions", {{"section", "wexcorin"}}}});
   if (!registrations.empty()) ask("client/registerCapability", {{"registrations", registrations}});
+}
+
+// Included files may have any ending: they are watched by their names once an option file includes them.
+void tsession::watchincluded(const tdocument& document) {
+  if (!fworkspace.client.can("workspace", "didChangeWatchedFiles", "dynamicRegistration")) return;
+  json watchers = json::array();
+  for (const auto& [key, text] : document.snapshot()->texts) {
+    const std::filesystem::path path(key);
+    const bool iswatched = path.extension() == ".opt" || path.extension() == ".def";
+    if (iswatched || key == document.key() || !fwatched.insert(path.filename()).second) continue;
+    watchers.push_back({{"globPattern", "**/" + literalpattern(utf8(path.filename().string()))}});
+  }
+  if (watchers.empty()) return;
+  const std::string id = "files included " + std::to_string(fwatched.size());
+  ask("client/registerCapability",
+      {{"registrations", json::array({watchregistration(id, std::move(watchers))})}});
 }
 
 // ---- settings

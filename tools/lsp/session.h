@@ -50,6 +50,7 @@ class tsession {
   tanswer initialize(const json& params);
   void initialized(const json& params);
   void registerchanges();
+  void watchincluded(const tdocument& document);
   void askforsettings();
   void changesettings(const json& params);
   void takesettings(const json& value);
@@ -73,6 +74,7 @@ class tsession {
   std::optional<ttime> nextdue() const;
 
   const tserving fserving;
+  std::set<std::string> fwatched;  // names of included files
   tstate fstate = tstate::created;
   bool fisending = false;  // nothing more will come
   bool ftraces = false;

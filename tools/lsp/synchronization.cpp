@@ -108,6 +108,7 @@ void tsession::take(const std::string& uri, const std::shared_ptr<const tsnapsho
   if (!document->take(snapshot)) return;
   const bool hasotherdefaults = before != nullptr && before->definition != snapshot->definition;
   if (hasotherdefaults && fworkspace.settings->inlayhints) refreshhints();
+  watchincluded(*document);
   if (!snapshot->problem.empty()) log(document->name() + ": " + snapshot->problem);
   if (document->iscurrent())
     fpublisher.publish(*document, fworkspace,
