@@ -231,6 +231,9 @@ for older, newer, flags, before, after in (
         # a macro sets only the first of two values, where the one before stood for both
         ("window integer 1 9 0 99 1 1\nall macro 1 1\n window", "window integer.TWO 1 9 0 99 1 1\nall macro 1 1\n window", "",
          "all 5\n", "window 5\n"),
+        # the bounds are switched off earlier on the line
+        ("bounds immediate nobounds 1 1\nrank integer 1 2 0 9 1 1", "bounds immediate nobounds 1 1\nrank integer 1 3 0 9 1 1", "",
+         "bounds 1, rank 12\n", "bounds 1, rank 12\n"),
         ("rank integer 1 2 0 9 1 1\nall string 1 a 1 1", "rank integer 1 2 0 9 1 1\nall string 1 b 1 1", "--pin", "rank 4\r\nrank 5\r",
          "rank 4\r\nrank 5\r\n* Defaults that have changed\r\nall a\r\n")):
     write("old.def", older + "\n")
