@@ -86,14 +86,14 @@ def case(choice):
     if silent and not classes & {"breaking", "silent"}:
         return f"'{silent}' means something else, but all is compatible"
     certain = {"bounds", "values", "default", "removed", "synonym"}
-    # which texts all members of a list take is not looked at
-    lists = {option["name"] for option in new["options"] if option["type"] in ("macro", "multilist")}
     if len(changes) != 1 or changes[0]["kind"] not in certain or old["mode"] != "Normal" or old["deprecated"] or old["obsolete"]:
         return ""
-    name, before, after = (changes[0][key] for key in ("name", "before", "after"))
-    if {name, before} & acting(old) or after in lists:
+    kind, name, before, after = (changes[0][key] for key in ("kind", "name", "before", "after"))
+    lists = {option["name"] for each in (old, new) for option in each["options"] if option["type"] in ("macro", "multilist")}
+    # which texts all members of a list take is not looked at; some lists take no text at all
+    if {name, before} & acting(old) or (kind == "synonym" and after in lists):
         return ""
-    named = any(name.lower() in line.lower() for line in clean)  # some macros take no text at all
+    named = not {name, before} & lists or any(name.lower() in line.lower() for line in clean)
     if changes[0]["class"] == "breaking" and named and not refused:
         return f"no line is refused, but this is breaking: {changes[0]}"
     if changes[0]["class"] == "silent" and not silent:

@@ -228,11 +228,23 @@ for older, newer, flags, before, after in (
         # "mode off" is gone, so that the next migration reads whole lines as values, to which "% b" would belong
         ("x eolcomm #\nmode immediate eolflag 1 1\ntext string 1 a 1 1", "x eolcomm %\ntext string 1 a 1 1", "",
          "mode off\ntext a # b\n", "* mode is gone\n* mode off\n* b\ntext a\n"),
+        # a macro sets only the first of two values, where the one before stood for both
+        ("window integer 1 9 0 99 1 1\nall macro 1 1\n window", "window integer.TWO 1 9 0 99 1 1\nall macro 1 1\n window", "",
+         "all 5\n", "window 5\n"),
+        # the bounds are switched off earlier on the line
+        ("bounds immediate nobounds 1 1\nrank integer 1 2 0 9 1 1", "bounds immediate nobounds 1 1\nrank integer 1 3 0 9 1 1", "",
+         "bounds 1, rank 12\n", "bounds 1, rank 12\n"),
         ("rank integer 1 2 0 9 1 1\nall string 1 a 1 1", "rank integer 1 2 0 9 1 1\nall string 1 b 1 1", "--pin", "rank 4\r\nrank 5\r",
          "rank 4\r\nrank 5\r\n* Defaults that have changed\r\nall a\r\n")):
     write("old.def", older + "\n")
     write("new.def", newer + "\n")
     expect(f"{before!r} under {newer!r}", migrated(before, flags)[0], after)
+
+# one of two values was left alone, and the newer definition has only one: a person has to look
+write("old.def", "window integer.TWO 1 9 0 99 1 1\nall macro 1 1\n window\n")
+write("new.def", "window integer 1 9 0 99 1 1\nall macro 1 1\n window\n")
+for line in "all 5\n", "window 5 *\n":
+    expect(f"{line!r} and one value", migrated(line, "", 1), (line, ["left"]))
 
 # ---- JSON
 

@@ -57,7 +57,7 @@ def allowed(name, before, after):
     write("one.opt", line.replace("_", " ") + "\n" if MINOS else line + "\n")
     row = settings("new.def", "one.opt")[0].get(name, after)
     migrate("one.opt", "again", "")
-    return row["set"] and same(before, row) and read("again/one.opt") == read("one.opt")
+    return row["set"] and same(before, row, True) and read("again/one.opt") == read("one.opt")
 
 
 def obsolete(name, notes):
@@ -134,23 +134,25 @@ def compare(renames, report, flags, spreads, never):
     after, entries_after = settings("new.def", "out/case.opt")
     told = {note["name"].lower().replace(" ", "_") for note in notes
             if note["decide"] or note["action"] in ("clamped", "commented")}
-    shared = {name for name in renames.values() if list(renames.values()).count(name) > 1}
-    expected = set()
+    expected, problems = set(), {}
     for name, row in before.items():
         now = after.get(renames.get(name, name))
         if now is None:
             continue
         expected.add(now["name"])
-        if renames.get(name) in shared:  # only one of these options is continued
-            continue
+        problem = ""
         if not row["set"] and "--pin" not in flags:
             if now["set"]:
-                return f"{now['name']} is set, but was not"
+                problem = f"{now['name']} is set, but was not"
         elif not name.startswith(".") and row["type"] not in VALUELESS and not same(row, now, "--pin" in flags):
             if not told & (spreads | {name, ""}):
-                return f"{name} was {row['value']}, is {now['value']}, and nothing is left to decide"
-            if name in told and name not in never and allowed(renames.get(name, name), row, now) and not obsolete(name, notes):
-                return f"{name} was {row['value']}, is {now['value']}, but could be the same"
+                problem = f"{name} was {row['value']}, is {now['value']}, and nothing is left to decide"
+            elif name in told and name not in never and allowed(renames.get(name, name), row, now) and not obsolete(name, notes):
+                problem = f"{name} was {row['value']}, is {now['value']}, but could be the same"
+        problems.setdefault(now["name"], []).append(problem)
+    for each in problems.values():  # several options may have become one, which continues one of them
+        if all(each):
+            return each[0]
     for name, row in after.items():
         if row["set"] and row["name"] not in expected:
             return f"{name} is set, but was not there"

@@ -70,7 +70,7 @@ std::vector<twhich> tmigration::unsetvalues(std::int32_t position, const toption
   if ((!hastwo || !hadtwo) && (before | now) != 0) return {};
   std::vector<twhich> result;
   for (const twhich which : {twhich::first, twhich::second})
-    if ((which == twhich::first || hastwo) && ((before | now) & valuebit(which)) == 0)
+    if ((which == twhich::first || hastwo || hadtwo) && ((before | now) & valuebit(which)) == 0)
       result.push_back(which);
   return result;
 }

@@ -31,18 +31,35 @@ std::optional<tnewline> trewriter::rewrite(const toldline& line, tlinestate& sta
     if (line.meaning.isnothing()) return comment();
     const tlinespans spans =
         spansof(line.definition, line.text.substr(0, tlinereader::maxline), line.state.eolonly);
-    std::vector<tpiece> pieces;
-    const bool isknown = spans.statements.size() == line.meaning.statements.size();
-    for (std::size_t i = 0; isknown && i < spans.statements.size(); ++i)
-      pieces.push_back(piece(caseof(i, spans.statements[i])));
-    if (isknown)
-      if (auto composition = composed(spans, pieces)) return *composition;
+    if (spans.statements.size() == line.meaning.statements.size())
+      if (auto composition = composed(spans, piecesof(spans))) return *composition;
     return uncomposed();
   }();
   fseen = {};
   for (const std::string& text : result.lines) fseen.append(outcomeof(fnewer.read(text, state).effects));
   result.ischanged = result.lines != std::vector{std::string(line.text)};
   if (!result.ischanged && result.notes.empty()) return std::nullopt;
+  return result;
+}
+
+// Each statement is read as the ones before it leave the reading: an immediate option may switch the bounds off.
+std::vector<trewriter::tpiece> trewriter::piecesof(const tlinespans& spans) {
+  const toldline& line = *fline;
+  const tlinestate before = fstate;
+  toldline rest = line;
+  fline = &rest;
+  std::vector<tpiece> result;
+  result.reserve(spans.statements.size());
+  for (std::size_t i = 0; i < spans.statements.size(); ++i) {
+    result.push_back(piece(caseof(i, spans.statements[i])));
+    if (i + 1 == spans.statements.size()) break;
+    for (const std::string& text : result.back().texts) {
+      folder.read(text, rest.again);
+      fnewer.read(text, fstate);
+    }
+  }
+  fline = &line;
+  fstate = before;
   return result;
 }
 

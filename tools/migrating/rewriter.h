@@ -81,6 +81,7 @@ class trewriter {
 
   // ---- statements (pieces.cpp)
   tcase caseof(std::size_t statement, const tstatementspans& spans) const;
+  std::vector<tpiece> piecesof(const tlinespans& spans);
   tpiece piece(const tcase& each);
   tpiece refused(const tcase& each);
   tpiece immediate(const tcase& each);
@@ -112,7 +113,7 @@ class trewriter {
   bool fistrying = false;  // whether another rewriter asks if its lines would stay
 
   const toldline* fline = nullptr;
-  tlinestate fstate;  // under the newer definition, before the line
+  tlinestate fstate;  // under the newer definition, before the line or the statement
   toutcome fseen;
 };
 
