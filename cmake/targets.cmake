@@ -30,8 +30,8 @@ function(wexcorin_harden target)
   endif()
 endfunction()
 
-# Sets `result` to the C++ sources of the given folders. The next build finds new files by itself. With
-# CMAKE_UNITY_BUILD the sources of each folder are compiled as one, by a file that includes them. `UnifiedSource` in
+# Sets `result` to the C++ sources of the given folders. The next build finds new files by itself. In a
+# unity build the sources of each folder are compiled as one, by a file that includes them. `UnifiedSource` in
 # its name tells Clang's static analyzer that it includes sources, which get more checks than headers.
 function(wexcorin_sources result)
   set(all "")

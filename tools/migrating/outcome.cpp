@@ -146,12 +146,12 @@ bool samevalue(const titem& expected, const titem& seen) {
 }
 
 bool issame(const toutcome& expected, const toutcome& seen) {
-  const auto isshort = [&] {
+  const auto havesameform = [&] {
     const titem &one = expected.items[0], &other = seen.items[0];
     return one.which == other.which &&
            (one.subtype == tsubtype::twovalues) == (other.subtype == tsubtype::twovalues);
   };
-  if (expected.items.size() == 1 && seen.items.size() == 1 && isshort())
+  if (expected.items.size() == 1 && seen.items.size() == 1 && havesameform())
     return sameitem(expected.items.data(), seen.items.data());
   return samevalues(tvalues(expected), tvalues(seen)) &&
          std::ranges::equal(entries(expected), entries(seen), sameitem);
