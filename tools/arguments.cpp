@@ -367,7 +367,8 @@ targuments withoutmisuse(const std::string& command, const T& arguments) {
 template <class T>
 targuments accepted(const std::string& command, const T& arguments, const std::string& definition,
                     const std::string& word) {
-  const std::string problem = swappedword(command, definition, word, command == "get");
+  const bool wordfirst = command == "get" || command == "explain";
+  const std::string problem = swappedword(command, definition, word, wordfirst);
   if (!problem.empty()) return refused(command, problem);
   return arguments;
 }

@@ -62,8 +62,12 @@ std::string failuretext(const CLI::App* app, const CLI::Error& error) {
   const std::vector<CLI::App*> commands = app->get_subcommands();
   const CLI::App& command = commands.empty() ? *app : *commands.front();
   const std::string name = app->get_name() + (commands.empty() ? "" : " " + command.get_name());
-  const std::vector<std::string> rest = app->remaining();
+  const std::vector<std::string> rest = app->remaining(true);
   std::string problem = withouttext(error);
+  if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError) && commands.empty())
+    problem = "a command is required";
+  else if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError))
+    problem = "the argument " + inquotes(rest.front()) + " is one too many";
   if (commands.empty() && !rest.empty() && !rest.front().starts_with("-"))
     problem = "there is no command " + inquotes(rest.front()) + suggestionfor(rest.front(), commandsof(*app));
   else if (const std::string flag = unknownflag(*app, command); !flag.empty())

@@ -2,6 +2,7 @@
 are run and compared. The test is run in the repository's root, with the tool as its first argument."""
 import difflib, fcntl, os, pty, struct, subprocess, sys, tempfile, termios
 
+ROOT = os.getcwd()
 TOOL, EXAMPLES, DOCS = (os.path.abspath(path) for path in (sys.argv[1], "examples", "docs"))
 work = tempfile.TemporaryDirectory()
 os.chdir(work.name)
@@ -45,6 +46,38 @@ def runs(command, out="", err="", code=0, stdin=""):
     for name, seen, wanted in zip(("output", "errors", "exit code"), run(command, stdin), (out, err, code)):
         if wanted is not None:
             expect(f"{command}: {name}", seen, wanted)
+
+
+# Runs the commands of a file and compares what each prints with what stands there. The lines of a command begin with
+# four blanks, then $ and >; its output with the errors, and an exit code other than 0 in brackets, follow. Returns the
+# text of the file with what was printed now.
+def transcript(path):
+    lines, at, result = read(path).split("\n"), 0, []
+    isindented = lambda line: line[:4].strip() == ""
+
+    def take(condition):
+        nonlocal at
+        begin = at
+        while at < len(lines) and condition(lines[at]):
+            at += 1
+        return [line[4:] for line in lines[begin:at]]
+
+    while at < len(lines):
+        result += [lines[at]]
+        at += 1
+        if not result[-1].startswith("    $ "):
+            continue
+        command = [result[-1][6:], *(line[1:].removeprefix(" ") for line in take(lambda line: line.startswith("    >")))]
+        result += [f"    > {line}".rstrip() for line in command[1:]]
+        wanted = take(lambda line: isindented(line) and not line.startswith("    $ "))
+        while wanted and not wanted[-1]:  # the empty lines between the command and the text
+            wanted.pop()
+            at -= 1
+        out, _, code = run("\n".join(command), errors=subprocess.STDOUT)
+        seen = [line for line in out.rstrip("\n").split("\n") if out] + [f"[{code}]"] * (code != 0)
+        expect(f"{os.path.relpath(path, work.name)}: {command[0]}", "\n".join(seen), "\n".join(wanted))
+        result += [f"    {line}".rstrip() if not line.strip() else f"    {line}" for line in seen]
+    return "\n".join(result)
 
 
 # What the command prints on a terminal of so many columns, and its exit code.

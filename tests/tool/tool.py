@@ -2,16 +2,11 @@
 unusual cases. Its JSON must match the schemas in docs/.
 usage: tool.py TOOL; run in the repository's root; exit code 77: no failure, but the schemas were not tested"""
 import copy, json, os, re, subprocess, sys
-from support import DOCS, expect, expect_part, failures, read, run, runs, write
+from support import DOCS, expect, expect_part, failures, read, run, runs, transcript, write
 
-# ---- the examples. In the session, the lines of a command begin with $ and >; its output and exit code follow
+# ---- the examples
 
-session = "\n".join(line[4:] for line in read("examples/session.md").split("\n") if not line[:4].strip())
-for block in session.split("\n$ ")[1:]:
-    command = re.match(r".*(\n>.*)*", block)[0]
-    out, _, code = run(re.sub("\n> ?", "\n", command), errors=subprocess.STDOUT)
-    seen, wanted = out + (f"[{code}]" if code else ""), block[len(command) + 1:]
-    expect(f"examples/session.md: {command}", seen.rstrip("\n"), wanted.rstrip("\n"))
+transcript("examples/session.md")
 for name, command in {
         "solver_mistakes.expected": "check examples/solver.def examples/solver_mistakes.opt",
         "types_settings.json": "show --json examples/types.def examples/types.opt",
