@@ -54,6 +54,8 @@ std::string reasonabove(const tlines& lines) {
   const std::string begins = "because the line begins with a blank, but ";
   if (name.empty()) return begins + "there is no line above that it continues";
   if (lines.blankabove) return begins + "a line of blanks has ended the definition above it";
+  if (struequal(type, "enumstr") || struequal(type, "macro"))
+    return "because the line has no word, which ends the list of option " + inquotes(name) + " above it";
   const bool isoption =
       std::ranges::any_of(opttypenames, [&](std::string_view each) { return struequal(each, type); });
   if (isoption) return begins + "option " + inquotes(name) + " of type " + type + " takes no further lines";
