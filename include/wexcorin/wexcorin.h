@@ -24,9 +24,11 @@
  *  4. Null texts. A null pointer for a text argument means the empty text, in both forms.
  *
  *  5. Output buffers. A text output is a buffer of WEXCORIN_TEXT_SIZE bytes that belongs to the caller, in
- *     both forms. The library never writes past its end, and leaves the bytes after the text unchanged.
- *     Output pointers must not be null. A text output may use the same buffer as a text argument of the same
- *     call, because arguments are read before outputs are written. Two outputs of one call need two buffers.
+ *     both forms. The library never writes past its end, and leaves the bytes after the text unchanged. A
+ *     text that holds zero bytes is copied as a whole, also by coptxxx, whose text then ends at the first
+ *     of them. Output pointers must not be null. A text output may use the same buffer as a text argument
+ *     of the same call, because arguments are read before outputs are written. Two outputs of one call need
+ *     two buffers.
  *
  *  6. Numbering. Options, messages, groups, synonyms, dot entries, indicators, enumeration items, the strings
  *     of a list and index elements are numbered from 1. Only optlookup returns a position counted from 0.
@@ -42,14 +44,16 @@
  *
  *  9. Messages. A problem is reported as a message. The readers, the setters and the writer file numbered
  *     messages with the handle, see optgetmessage. The library throws no exception, never ends the process
- *     and prints nothing, except for the list of names that optshowhelp prints on request. When it writes to
- *     a pipe whose reader has left, or beyond the size limit for files, the process receives no signal; this,
- *     too, is reported as a message.
+ *     and prints nothing, except for the list of names that help with bit 4 prints, when optshowhelp or a
+ *     line of an option file requests it. When it writes to a pipe whose reader has left, or beyond the
+ *     size limit for files, the process receives no signal; this, too, is reported as a message.
  *     Messages and help hold bytes of the files as they are. A file that somebody else wrote can hold what
- *     controls a terminal or makes a text look like another one, so a host that shows a text to people first
- *     replaces the control characters (0x00 to 0x1F, 0x7F, U+0080 to U+009F), the marks that change the order
- *     of characters and the invisible ones (U+200B to U+200F, U+2028 to U+202E, U+2060 to U+206F, U+FEFF), and
- *     bytes that are not valid in its encoding. The same holds for names, values and all other texts.
+ *     controls a terminal or makes a text look like another one, so a host that shows a text to people
+ *     first replaces the control characters (0x00 to 0x1F, 0x7F, U+0080 to U+009F), the separators of lines
+ *     (U+2028, U+2029), what Unicode calls default ignorable (marks that change the order of characters,
+ *     and invisible ones such as U+00AD, U+061C, U+200B to U+200F, U+202A to U+202E, U+2060 to U+206F and
+ *     U+FEFF), and bytes that are not valid in its encoding. The same holds for names, values and all other
+ *     texts.
  *
  * 10. Ownership. The library copies each text that it receives, and copies its results into the caller's
  *     buffers. The handle is all that a client has to free.
@@ -197,7 +201,7 @@ WEXCORIN_API void xfree(tvksoptions** handle);
  * more than 16 MiB of a device (EFBIG).
  * When the list of messages is full and cannot hold these messages, the call that reads the file returns the
  * error code instead, also when the file was read by another file. optreadfromstr and optreadfrompchar have
- * no result: call optclearmessages first.
+ * no result: call optclearmessages first, and look afterwards whether optmessagecount is above 5000.
  */
 
 /* Reads a definition file: options, groups, synonyms and the other parts of a solver's description. Call it
@@ -206,8 +210,8 @@ WEXCORIN_API void xfree(tvksoptions** handle);
  * be opened, whatever it holds, but see above. Otherwise it is the error code of the operating system, and
  * two messages are filed. Each mistake in the file is reported as a message of kind optMsgDefineError and
  * does not stop the reading. A line ends the definition without a message when it begins neither with a
- * letter nor with "." and does not continue a definition that can be continued. So does a continuation line
- * without a word below an enumstr or macro option. */
+ * letter nor with "." and a letter, and does not continue a definition that can be continued. So does a
+ * continuation line without a word below an enumstr or macro option. */
 WEXCORIN_API int32_t optreaddefinition(tvksoptions* handle, const optshortstring* filename);
 WEXCORIN_API int32_t coptreaddefinition(tvksoptions* handle, const char* filename);
 
@@ -251,7 +255,7 @@ WEXCORIN_API int32_t coptreadfromliststr(tvksoptions* handle, const char* name, 
  * error code of the operating system, and two messages of kind optMsgUserError are filed. The same messages
  * are filed, with result 0, when the file could be opened but not written to its end. A full list of messages
  * cannot hold them, and opterrorcount does not change then: to learn of such an error in any case, call
- * optclearmessages before writing, or make sure that optmessagecount is below 5000. A FIFO is waited for as in
+ * optclearmessages before writing, or make sure that optmessagecount is below 4999. A FIFO is waited for as in
  * reading: 5 seconds for a program that reads it, and 60 seconds in all (ETIMEDOUT). */
 WEXCORIN_API int32_t optwriteparameterfile(tvksoptions* handle, const optshortstring* filename);
 WEXCORIN_API int32_t coptwriteparameterfile(tvksoptions* handle, const char* filename);
