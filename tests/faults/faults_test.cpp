@@ -18,6 +18,7 @@
 #include <new>
 #include <regex>
 #include <thread>
+#include <utility>
 
 #include "base/nameindex.h"
 #include "support/handle.h"
@@ -39,7 +40,8 @@ int plannednumber = 0;
 int count = 0;
 bool armed = false;
 bool hastened = false;
-int putforward = 0;  // milliseconds
+int putforward = 0;         // milliseconds
+ssize_t leftofdevice = -1;  // bytes that reading still delivers; -1 for no limit
 
 bool isturn(toperation operation) {
   if (!armed || operation != plannedoperation) return false;
@@ -93,6 +95,11 @@ int __wrap_open(const char* name, int flags, ...) {
 
 ssize_t __real_read(int, void*, std::size_t);
 ssize_t __wrap_read(int descriptor, void* buffer, std::size_t size) {
+  if (armed && leftofdevice >= 0) {
+    const ssize_t result = __real_read(descriptor, buffer, std::min<std::size_t>(size, leftofdevice));
+    leftofdevice -= result;
+    return result;
+  }
   if (!isturn(toperation::read)) return __real_read(descriptor, buffer, size);
   if (plannedeffect == teffect::fails) return failed(EIO);
   return plannednumber % 2 == 0 ? failed(EINTR)
@@ -331,6 +338,19 @@ TEST(faults, afilethatisnotreadtoitsendisreported) {
     EXPECT_EQ(step.log, std::to_string(row.result) + " \n");
     EXPECT_EQ(tscene::messages(handle).find("Cannot read") != std::string::npos, row.result == 0);
     EXPECT_TRUE(row.failing == 2 || valueof(handle, "note") == "last");
+    xfree(&handle);
+  }
+}
+
+TEST(faults, of_a_device_16_mebibytes_are_read) {
+  for (const bool islonger : {false, true}) {
+    tvksoptions* handle = nullptr;
+    xcreate(&handle);
+    leftofdevice = 16 * 1024 * 1024 + (islonger ? 1 : 0);
+    tsteps step;
+    step(coptreadparameterfile, handle, "/dev/zero");
+    EXPECT_EQ(std::exchange(leftofdevice, -1), 0);
+    EXPECT_EQ(tscene::messages(handle).find("File too large") != std::string::npos, islonger);
     xfree(&handle);
   }
 }
