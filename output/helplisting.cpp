@@ -130,7 +130,7 @@ void thelplisting::collectgroups() {
   fgroupnames.reserve(static_cast<std::size_t>(fnames.count()));
   for (std::int32_t i = 0; i < fnames.count(); ++i)
     fgroupnames.push_back({fnames.getobject(i).option->groupnr(), i});
-  std::ranges::sort(fgroupnames);
+  std::ranges::stable_sort(fgroupnames, {}, &tgroupname::groupnumber);
 }
 
 // Groups of the same number all have the same options.

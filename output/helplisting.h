@@ -3,7 +3,6 @@
 #pragma once
 
 #include <algorithm>
-#include <compare>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -82,7 +81,6 @@ class thelplisting {
   struct tgroupname {
     std::int32_t groupnumber;
     std::int32_t index;  // in fnames
-    auto operator<=>(const tgroupname&) const = default;
   };
   std::vector<tgroupname> fgroupnames;
   shortstring fbuffer;
