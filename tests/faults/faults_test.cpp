@@ -103,7 +103,8 @@ int __wrap_open(const char* name, int flags, ...) {
 ssize_t __real_read(int, void*, std::size_t);
 ssize_t __wrap_read(int descriptor, void* buffer, std::size_t size) {
   if (armed && leftofdevice >= 0) {
-    const ssize_t result = __real_read(descriptor, buffer, std::min<std::size_t>(size, leftofdevice));
+    const ssize_t result =
+        __real_read(descriptor, buffer, std::min(size, static_cast<std::size_t>(leftofdevice)));
     leftofdevice -= result;
     return result;
   }

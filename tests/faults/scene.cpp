@@ -224,10 +224,10 @@ std::string tscene::messages(tvksoptions* handle) {
 void askeverything(tvksoptions* handle) {
   toutputs to;
   for (const tkind& kind : kinds) {
-    const std::int32_t count = kind.count(handle);
-    for (std::int32_t number = 0; number <= count + 1; ++number) {
+    const std::int32_t last = kind.count(handle);
+    for (std::int32_t number = 0; number <= last + 1; ++number) {
       for (const tquery query : kind.always)
-        EXPECT_EQ(query(handle, number, &to), number >= 1 && number <= count ? 1 : 0) << number;
+        EXPECT_EQ(query(handle, number, &to), number >= 1 && number <= last ? 1 : 0) << number;
       for (const tquery query : kind.others) query(handle, number, &to);
     }
   }
