@@ -154,6 +154,16 @@ def measured(*arguments):
     return result
 
 
+def shown(line):
+    """The line as it stands in the table; a part that comes again and again stands there once."""
+    line = line.replace("#", "NAME").replace("@", "NUMBER").replace("\n", "\\n")
+    again = re.search(r"( x?\\n)\1+$", line)
+    if not again:
+        return f"`{line}`"
+    part, times = again[1], len(again[0]) // len(again[1])
+    return f"`{line[:again.start()]}{part}` ({times} times `{part}`)"
+
+
 def row(library, folder, kind, definition, line, size, isdefinition):
     files = {name: os.path.join(folder, name).encode() for name in ("definition", "parameters")}
     repeated = text(line, size)
@@ -165,8 +175,7 @@ def row(library, folder, kind, definition, line, size, isdefinition):
     parameters = None if isdefinition else files["parameters"]
     peak, kept = measured(library, files["definition"], parameters, kind.startswith("echo"))
     length = len(repeated)
-    shown = line.replace("#", "NAME").replace("@", "NUMBER").replace("\n", "\\n")
-    print(f"| {kind} | `{shown}` | {peak / length:.1f} | {kept / length:.1f} |", flush=True)
+    print(f"| {kind} | {shown(line)} | {peak / length:.1f} | {kept / length:.1f} |", flush=True)
     return peak / length
 
 
@@ -177,7 +186,7 @@ def main():
     parser.add_argument("--filter", type=re.compile, default=re.compile(""))
     arguments = parser.parse_args()
     peaks = []
-    print("| what the file holds | line | peak | kept |\n|---|---|--:|--:|")
+    print("| What the file holds | line | peak | kept |\n|---|---|--:|--:|")
     with tempfile.TemporaryDirectory() as folder:
         for kinds in DEFINITIONS, PARAMETERS:
             for kind, (definition, line) in kinds.items():
