@@ -10,7 +10,9 @@
 #include "base/textcase.h"
 #include "fuzz/support/target.h"
 #include "output/vksoptionwriter.h"
+#include "page.h"
 #include "tools/doc/documents.h"
+#include "tools/doc/templatedocument.h"
 #include "tools/text.h"
 
 namespace fuzzing {
@@ -114,14 +116,17 @@ void checkheader(const treference& reference, std::string_view text) {
   HOLDS(unique == tool::cproblems(reference).empty(), "enumerators");
 }
 
-// Rows of tables have two or three cells.
+// Each row of a table has as many cells as its first one, two or three.
 void checkmarkdown(const treference&, std::string_view text) {
   checkvisible(text);
+  int columns = 0;  // of the table; 0 outside one
   while (!text.empty()) {
     const std::string_view line = nextline(text);
-    int bars = 0;
-    for (std::size_t i = 0; i < line.size(); i += line[i] == '\\' ? 2 : 1) bars += line[i] == '|' ? 1 : 0;
-    HOLDS(!line.starts_with("| ") || bars == 3 || bars == 4, line);
+    int cells = -1;
+    for (std::size_t i = 0; i < line.size(); i += line[i] == '\\' ? 2 : 1) cells += line[i] == '|' ? 1 : 0;
+    const bool isrow = line.starts_with('|');
+    HOLDS(!isrow || (columns == 0 ? cells == 2 || cells == 3 : cells == columns), line);
+    columns = isrow ? cells : 0;
   }
 }
 
@@ -130,9 +135,72 @@ void checkjson(const treference& reference, std::string_view text) {
   HOLDS(!document.is_discarded() && document["options"].size() == reference.options.size(), text);
 }
 
-// All elements are nested and closed correctly.
+// The form of a tag: the tag without the values that depend on the definition. Of these, links lead into the
+// page, and anchors need no escape.
+std::string formof(std::string_view tag) {
+  HOLDS(tag.find('<', 1) == tag.npos, tag);
+  std::string result;
+  for (;;) {
+    const std::size_t begin = std::min(tag.find('"'), tag.size());
+    result += tag.substr(0, begin);
+    if (begin == tag.size()) return result;
+    const std::size_t end = tag.find('"', begin + 1);
+    std::string_view value = tag.substr(begin + 1, end - begin - 1);
+    const bool islink = result.ends_with(" href=");
+    HOLDS(!islink || value.starts_with('#'), tag);
+    if (islink || result.ends_with(" id=") || result.ends_with(" aria-labelledby=")) {
+      HOLDS(value.find_first_of(" %&'/:") == value.npos, tag);
+      value = "";
+    }
+    if (result.ends_with(" data-line=")) value = "";
+    result.append("\"").append(value).append("\"");
+    tag.remove_prefix(end + 1);
+  }
+}
+
+// The forms of the tags in the page's skeleton, and of those that the page adds to it.
+std::set<std::string> tagforms() {
+  std::set<std::string> result = {"<article class=\"option gone\" id=\"\">",
+                                  "<article class=\"option\" id=\"\">",
+                                  "<a class=\"find\" href=\"\">",
+                                  "<br>",
+                                  "<code>",
+                                  "<code class=\"ready\">",
+                                  "<code id=\"\">",
+                                  "<dd>",
+                                  "<dd class=\"find\">",
+                                  "<div>",
+                                  "<div class=\"default\">",
+                                  "<dl class=\"facts\">",
+                                  "<dl class=\"values\">",
+                                  "<dt>",
+                                  "<dt class=\"find\">",
+                                  "<dt class=\"find\" data-line=\"\">",
+                                  "<h3>",
+                                  "<li>",
+                                  "<p class=\"also find\">",
+                                  "<p class=\"deprecated find\">",
+                                  "<p class=\"details find\">",
+                                  "<p class=\"help find\">",
+                                  "<p class=\"members\">",
+                                  "<p class=\"notes\">",
+                                  "<p class=\"obsolete find\">",
+                                  "<section class=\"group\" id=\"\" aria-labelledby=\"\">",
+                                  "<span>",
+                                  "<strong>"};
+  std::string skeleton(tool::pagehtml);
+  for (const auto& [field, digest] :
+       {std::pair{"{{styledigest}}", tool::pagecssdigest}, std::pair{"{{scriptdigest}}", tool::pagejsdigest}})
+    skeleton.replace(skeleton.find(field), std::string_view(field).size(), digest);
+  for (std::string_view rest = skeleton; !rest.empty();)
+    if (const std::string_view piece = nextpiece(rest); piece[0] == '<') result.insert(formof(piece));
+  return result;
+}
+
+// All tags are the page's own, and all elements are nested and closed correctly.
 void checkpage(const treference&, std::string_view text) {
   checkvisible(text);
+  static const std::set<std::string> forms = tagforms();
   static const std::set<std::string_view> single = {"!DOCTYPE", "meta", "br", "input"};
   std::vector<std::string_view> open;
   while (!text.empty()) {
@@ -142,12 +210,30 @@ void checkpage(const treference&, std::string_view text) {
     if (name[0] == '/') {
       HOLDS(!open.empty() && open.back() == name.substr(1), piece, text.substr(0, 80));
       open.pop_back();
-    } else if (!single.contains(name)) {
-      open.push_back(name);
-      if (name == "script" || name == "style") text = text.substr(text.find("</" + std::string(name)));
+      continue;
     }
+    HOLDS(forms.contains(formof(piece)), piece, text.substr(0, 80));
+    if (single.contains(name)) continue;
+    open.push_back(name);
+    if (name == "script" || name == "style") text = text.substr(text.find("</" + std::string(name)));
   }
   HOLDS(open.empty(), open.back());
+}
+
+// A template sets nothing before its user changes it, and reads without a message.
+void checktemplate(const treference& reference) {
+  tpair pair;
+  pair.readdefinition("def");
+  pair.clearmessages();
+  optcore::tvksoptions trial;
+  beforecall();
+  trial.optreaddefinition("def");
+  tool::tsettinglines lines(trial);
+  writefile("template", tool::templatedocument(reference, lines));
+  HOLDS(pair.call(BOTH(readparameterfile), ttext("template")) == 0, messages(pair));
+  HOLDS(pair.one(optmessagecount) == 0, messages(pair));
+  for (std::int32_t number = 1, defined = 0; number <= pair.one(optcount); ++number)
+    HOLDS(pair.one(optgetdefinednr, number, defined) == 1 && defined == 0, number);
 }
 
 constexpr struct {
@@ -167,6 +253,7 @@ void checktooldocuments(const optcore::tvksoptions& store) {
     HOLDS(tool::utf8(text) == text, text);
     check(reference, text);
   }
+  checktemplate(reference);
 }
 
 void checkhelp(tpair& pair, std::string_view request) {

@@ -50,7 +50,7 @@ class tparameterreading {
   std::int32_t unreported() const noexcept { return funreported; }
 
  private:
-  // Once help has put out more than this, further requests are refused.
+  // Once help has cost more than this, further requests are refused.
   static constexpr std::int64_t mosthelp = 1024 * 1024;
 
   std::int32_t refuse(std::string_view filename);
@@ -62,7 +62,7 @@ class tparameterreading {
   tvksoptions& fstore;
   twaiting fwaiting;
   tbytesread fbytes;
-  std::int64_t fhelp = 0;       // how much help was put out, see thelplisting::putout
+  std::int64_t fhelp = 0;       // what help has cost, see thelplisting::cost
   std::int32_t fnestlevel = 0;  // how deep the open files nest
   std::int32_t ffilesread = 0;  // how many files this call has read
   std::int32_t funreported = 0;

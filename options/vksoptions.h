@@ -46,7 +46,7 @@ class tvksoptions : public toptionx {
   void optreadfromstr(std::string_view text);
   void optreadfrompchar(const char* text);
   std::int32_t optwriteparameterfile(std::string_view filename);
-  // Returns how much was put out, see thelplisting::putout.
+  // Returns what it has cost, see thelplisting::cost.
   std::int64_t optshowhelp(std::string_view hlpmsg);
 
   // ---- messages

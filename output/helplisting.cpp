@@ -46,7 +46,7 @@ int print(std::string_view text) noexcept {
 std::int64_t tvksoptions::optshowhelp(std::string_view hlpmsg) {
   thelplisting listing(fdefinition, fmessages);
   listing.show(hlpmsg);
-  return listing.putout();
+  return listing.cost();
 }
 
 std::int32_t tmysortstringlist::compare(std::int32_t i, std::int32_t j) const {
@@ -61,9 +61,7 @@ void thelplisting::show(std::string_view request) {
     level = summarybit;
   }
   if (level < 1) level = defaultlevel;
-  const std::int32_t shown = fmessages.ignores(tmsgkind::help)
-                                 ? standardoutputbit
-                                 : summarybit | alphabeticalbit | standardoutputbit;
+  const std::int32_t shown = isfull() ? standardoutputbit : summarybit | alphabeticalbit | standardoutputbit;
   if ((level & shown) == 0) return;
   collectnames();
   if ((level & summarybit) != 0) summary((level & marksbit) != 0);
@@ -74,6 +72,7 @@ void thelplisting::show(std::string_view request) {
 bool thelplisting::showoption(std::string_view request, std::string_view name) {
   const toption* option = fdefinition.optionasobj(name);
   if (option == nullptr) return false;
+  if (isfull()) return true;
   if (!struequal(request, option->getname()))
     addline(request, " is a synonym for ", option->getname().view());
   describe(*option);
@@ -81,7 +80,7 @@ bool thelplisting::showoption(std::string_view request, std::string_view name) {
 }
 
 void thelplisting::collectnames() {
-  fputout += fdefinition.getcount() + fdefinition.synonyms().count() + fdefinition.groups().count();
+  flookedat += fdefinition.getcount() + fdefinition.synonyms().count() + fdefinition.groups().count();
   for (std::int32_t i = 0; i < fdefinition.getcount(); ++i) {
     const toption* option = fdefinition.getobjects(i);
     if (belongsinlisting(*option)) fnames.addobject(option->name(), {option, false});
@@ -92,8 +91,7 @@ void thelplisting::collectnames() {
       fnames.addobject(fdefinition.synonyms().getname(i), {option, true});
   }
   fnames.sortn(fnames.count());
-  for (std::int32_t i = 0; i < fnames.count(); ++i)
-    fgroupnames[fnames.getobject(i).option->groupnr()].push_back(i);
+  for (std::int32_t i = 0; i < fnames.count(); ++i) fsorted += std::ssize(fnames.getname(i));
 }
 
 // ---- the line buffer
@@ -121,16 +119,28 @@ void thelplisting::blankline() {
 void thelplisting::summary(bool withmarks) {
   blankline();
   addbuf("Options summary by group");
-  for (std::int32_t i = 0; i < fdefinition.groups().count(); ++i)
+  collectgroups();
+  for (std::int32_t i = 0; i < fdefinition.groups().count() && !isfull(); ++i)
     if (fdefinition.groups().getobject(i)->islisted())
       summarygroup(*fdefinition.groups().getobject(i), withmarks);
 }
 
+// Not a hash table: the numbers come from a file, and could be chosen so that their hashes are the same.
+void thelplisting::collectgroups() {
+  fgroupnames.reserve(static_cast<std::size_t>(fnames.count()));
+  for (std::int32_t i = 0; i < fnames.count(); ++i)
+    fgroupnames.push_back({fnames.getobject(i).option->groupnr(), i});
+  std::ranges::stable_sort(fgroupnames, {}, &tgroupname::groupnumber);
+}
+
+// Groups of the same number all have the same options.
 void thelplisting::summarygroup(const tgroupobj& group, bool withmarks) {
   blankline();
   addline(group.helptext());
-  if (const auto names = fgroupnames.find(group.groupnumber()); names != fgroupnames.end())
-    for (const std::int32_t index : names->second) summaryline(index, withmarks);
+  const std::int32_t number = group.groupnumber();
+  for (auto name = std::ranges::lower_bound(fgroupnames, number, {}, &tgroupname::groupnumber);
+       name != fgroupnames.end() && name->groupnumber == number && !isfull(); ++name)
+    summaryline(name->index, withmarks);
 }
 
 void thelplisting::summaryline(std::int32_t index, bool withmarks) {
@@ -158,7 +168,7 @@ void thelplisting::alphabetical() {
   blankline();
   addbuf("Options in alphabetical order");
   blankline();
-  for (std::int32_t i = 0; i < fnames.count(); ++i)
+  for (std::int32_t i = 0; i < fnames.count() && !isfull(); ++i)
     if (!fnames.getobject(i).issynonym) describe(*fnames.getobject(i).option);
 }
 

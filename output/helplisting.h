@@ -2,9 +2,9 @@
 // one option. The lines are filed as messages.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "options/definition.h"
@@ -33,9 +33,9 @@ class thelplisting {
   // Files the help for a request: the name of an option, or a number whose bits choose the parts of the
   // listing. Any other request gives the summary.
   void show(std::string_view request);
-  // The bytes of all lines, also of those that a full list of messages drops, and one byte for each name that
-  // was looked at.
-  std::int64_t putout() const noexcept { return fputout; }
+  // What the request has cost: the bytes of the lines that were made or of the names that were sorted,
+  // whichever are more, and one byte for each name that was looked at.
+  std::int64_t cost() const noexcept { return flookedat + std::max(fputout, fsorted); }
 
  private:
   // Parts of the listing, as bits of a request that is a number.
@@ -49,6 +49,7 @@ class thelplisting {
   bool showoption(std::string_view request, std::string_view name);
   void collectnames();
   void summary(bool withmarks);
+  void collectgroups();
   void summarygroup(const tgroupobj& group, bool withmarks);
   void summaryline(std::int32_t index, bool withmarks);
   void alphabetical();
@@ -62,6 +63,8 @@ class thelplisting {
   void addbigtext(const toption& option);
 
   // ---- the line buffer
+  // Further lines would be dropped, so they need not be made.
+  bool isfull() const noexcept { return fmessages.ignores(tmsgkind::help); }
   void addbuf(std::string_view piece);
   template <class... tpieces>
   void addline(const tpieces&... pieces) {
@@ -74,10 +77,16 @@ class thelplisting {
   const tdefinition& fdefinition;
   tmessagelist& fmessages;
   tmysortstringlist fnames;
-  std::unordered_map<std::int32_t, std::vector<std::int32_t>>
-      fgroupnames;  // for each group number the positions in fnames, in order
+  // An entry for each name in fnames, ordered by the group and, within it, as the names.
+  struct tgroupname {
+    std::int32_t groupnumber;
+    std::int32_t index;  // in fnames
+  };
+  std::vector<tgroupname> fgroupnames;
   shortstring fbuffer;
   std::int64_t fputout = 0;
+  std::int64_t fsorted = 0;
+  std::int64_t flookedat = 0;
 };
 
 }  // namespace optcore

@@ -18,9 +18,14 @@
 #include <new>
 #include <regex>
 #include <thread>
+#include <utility>
 
 #include "base/nameindex.h"
-#include "support/handle.h"
+#include "faults/scene.h"
+
+namespace testsupport::faults {
+
+bool armed = false;
 
 namespace {
 
@@ -37,9 +42,9 @@ toperation plannedoperation = toperation::allocation;
 teffect plannedeffect = teffect::fails;
 int plannednumber = 0;
 int count = 0;
-bool armed = false;
 bool hastened = false;
-int putforward = 0;  // milliseconds
+int putforward = 0;         // milliseconds
+ssize_t leftofdevice = -1;  // bytes that reading still delivers; -1 for no limit
 
 bool isturn(toperation operation) {
   if (!armed || operation != plannedoperation) return false;
@@ -62,6 +67,10 @@ void plan(toperation operation, teffect effect, int which) {
 bool happened() { return plannednumber > 0 && count >= plannednumber; }
 
 }  // namespace
+
+}  // namespace testsupport::faults
+
+using namespace testsupport::faults;
 
 void* operator new(std::size_t size) {
   void* block = isturn(toperation::allocation) ? nullptr : std::malloc(std::max<std::size_t>(size, 1));
@@ -93,6 +102,12 @@ int __wrap_open(const char* name, int flags, ...) {
 
 ssize_t __real_read(int, void*, std::size_t);
 ssize_t __wrap_read(int descriptor, void* buffer, std::size_t size) {
+  if (armed && leftofdevice >= 0) {
+    const ssize_t result =
+        __real_read(descriptor, buffer, std::min(size, static_cast<std::size_t>(leftofdevice)));
+    leftofdevice -= result;
+    return result;
+  }
   if (!isturn(toperation::read)) return __real_read(descriptor, buffer, size);
   if (plannedeffect == teffect::fails) return failed(EIO);
   return plannednumber % 2 == 0 ? failed(EINTR)
@@ -136,90 +151,9 @@ int __wrap_clock_gettime(clockid_t clock, timespec* time) {
 }  // extern "C"
 // NOLINTEND(bugprone-reserved-identifier)
 
+namespace testsupport::faults {
+
 namespace {
-
-// Added to everytype.
-constexpr const char* moreoptions =
-    "one group 1 1 Group\ncomment eolcomm !\ninclude immediate ReadFile 1 1\nsay immediate Message 1 1\n"
-    "old integer 9 0 0 9 1 1 Old\n More on it\nlim synonym maxit\nnames deprecated\n old use maxit\n";
-
-constexpr std::string_view parameters =
-    "pair 3 4\nbig_step 3\ntrace\nnote \"one two\"\nquiet\nmethod primal\nlevel 2\nstring_list a\n"
-    "string_list b\n--more c\nwords 5:x\nall 1\ninclude nested.opt\nsay hello\nold 5\nlim 101\nnosuch 1\n"
-    "x.prior(\"a\",\"b\") 3\nindic e(\"a\") v(\"b\") 1\n";
-
-// Calls functions while the plan is armed, and logs their results and outputs.
-struct tsteps {
-  template <class tfunction, class... targuments>
-  void operator()(tfunction function, targuments... arguments) {
-    text[0] = '\0';
-    armed = true;
-    long result = 0;
-    if constexpr (std::is_same_v<std::invoke_result_t<tfunction, targuments...>, std::int32_t>)
-      result = function(arguments...);
-    else
-      function(arguments...);
-    armed = false;
-    log += std::to_string(result) + ' ' + text + '\n';
-  }
-  std::string log;
-  char text[256] = "";
-};
-
-class tscene {
- public:
-  tscene() {
-    std::string options = std::string(testsupport::everytype) + moreoptions;
-    for (char name = 'a'; name <= 'p'; ++name)  // enough names that the index grows
-      options.append("o").append(1, name).append(" strlist 20 1 1\n");
-    fdirectory.write("test.def", options);
-    fdirectory.write("test.opt", parameters);
-    fdirectory.write("nested.opt", "trace 2\nnote nested\n");
-    std::filesystem::current_path(fdirectory.path("."));
-  }
-
-  // Does everything that a client does with a handle. Returns null when there was no memory for the handle.
-  static std::string play(tvksoptions*& handle) {
-    tsteps step;
-    step(xcreate, &handle);
-    if (handle == nullptr) return "no handle";
-    step(coptreaddefinition, handle, "test.def");
-    step(optechoset, handle, 1);
-    step(coptreadparameterfile, handle, "test.opt");
-    step(optechoset, handle, 0);
-    step(coptreadfromstr, handle, "maxit 7 note=x");
-    step(optreadfrompchar, handle, "string_list d\nnote \"from a long text\"");
-    step(coptsetstrnr, handle, 4, "a value that is set by number");
-    step(optsetintnr, handle, 2, 200);
-    step(coptgetvalstr, handle, "note", step.text);
-    step(coptgetvalstr, handle, "lim", step.text);
-    step(coptgetfromliststr, handle, "string_list", step.text);
-    step(coptlookup, handle, "method");
-    step(coptshowhelp, handle, "3");
-    step(coptaddmessage, handle, "a client's own message");
-    step(optresetnr, handle, 6);
-    step(coptwriteparameterfile, handle, "written.opt");
-    step(optresetall, handle);
-    step(coptwriteparameterfile, handle, "reset.opt");
-    return step.log + testsupport::readfile("written.opt");
-  }
-
-  // All messages. One is added first: a message that had no memory is filed in front of the next one.
-  static std::string messages(tvksoptions* handle) {
-    coptaddmessage(handle, "the end");
-    std::string result;
-    for (std::int32_t number = 1; number <= optmessagecount(handle); ++number) {
-      std::array<char, 256> text{};
-      std::int32_t kind = 0;
-      coptgetmessage(handle, number, text.data(), &kind);
-      result += std::string(text.data()) + "\n";
-    }
-    return result;
-  }
-
- private:
-  testsupport::ttempdir fdirectory;
-};
 
 std::string valueof(tvksoptions* handle, const char* name) {
   std::array<char, 256> value{};
@@ -242,6 +176,7 @@ std::string outcome(toperation operation, teffect effect, int which) {
   // one failure is reported once
   EXPECT_TRUE(effect != teffect::fails || result.find("Out of memory", nomemory + 1) == std::string::npos)
       << result;
+  askeverything(handle);
   optclearmessages(handle);
   EXPECT_EQ(coptreaddefinition(handle, "test.def"), 0);
   coptreadfromstr(handle, "maxit 9");
@@ -331,6 +266,19 @@ TEST(faults, afilethatisnotreadtoitsendisreported) {
     EXPECT_EQ(step.log, std::to_string(row.result) + " \n");
     EXPECT_EQ(tscene::messages(handle).find("Cannot read") != std::string::npos, row.result == 0);
     EXPECT_TRUE(row.failing == 2 || valueof(handle, "note") == "last");
+    xfree(&handle);
+  }
+}
+
+TEST(faults, of_a_device_16_mebibytes_are_read) {
+  for (const bool islonger : {false, true}) {
+    tvksoptions* handle = nullptr;
+    xcreate(&handle);
+    leftofdevice = 16 * 1024 * 1024 + (islonger ? 1 : 0);
+    tsteps step;
+    step(coptreadparameterfile, handle, "/dev/zero");
+    EXPECT_EQ(std::exchange(leftofdevice, -1), 0);
+    EXPECT_EQ(tscene::messages(handle).find("File too large") != std::string::npos, islonger);
     xfree(&handle);
   }
 }
@@ -476,7 +424,7 @@ TEST(faults, a_fifo_that_nobody_reads_is_not_written_for_ever) {
   std::string taken;
   std::thread reader([&taken] {
     usleep(50'000);
-    taken = testsupport::readfile("late");
+    taken = readfile("late");
   });
   EXPECT_EQ(coptwriteparameterfile(waiting.handle, "late"), 0);
   reader.join();
@@ -484,3 +432,5 @@ TEST(faults, a_fifo_that_nobody_reads_is_not_written_for_ever) {
 }
 
 }  // namespace
+
+}  // namespace testsupport::faults

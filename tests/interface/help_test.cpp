@@ -104,6 +104,21 @@ TEST(help, requests_of_one_call_are_refused_once_they_have_put_out_a_mebibyte) {
   EXPECT_GT(h.messages().size(), 100u);
 }
 
+// 40 names of 250 characters are sorted for each request, but belong to no group that is listed. 105 requests
+// sort a mebibyte of them.
+TEST(help, requests_of_one_call_are_refused_once_they_have_sorted_a_mebibyte_of_names) {
+  std::string definition = "ask immediate Help 0 0\n", requests;
+  for (int i = 10; i < 50; ++i)
+    definition += std::string(248, 'x') + std::to_string(i) + " integer 1 0 0 9 1 1\n";
+  for (int i = 0; i < 200; ++i) requests += "ask 1\n";
+  thandle h;
+  ASSERT_EQ(h.definition(definition), 0);
+  h.parameters(requests);
+  const tlines all = h.messages();
+  EXPECT_EQ(std::count(all.begin(), all.end(), ""), 105);
+  EXPECT_EQ(all.at(106), "*** Error line 106: Too much help requested; request ignored");
+}
+
 // The debugging list is printed to standard output at once, together with the list in alphabetical order.
 TEST(help, debugging_list_is_printed_and_flushed) {
   testing::internal::CaptureStdout();

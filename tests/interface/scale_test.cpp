@@ -83,6 +83,18 @@ TEST(scale, an_option_may_have_many_values_help_lines_synonyms_members_and_marks
   EXPECT_EQ(h.help("long").size(), 5001u);
 }
 
+// Each of the groups has all options, and is listed although its number is not its own.
+TEST(scale, a_listing_of_many_groups_with_many_options_ends_when_the_messages_are_full) {
+  const int n = many / 2;
+  thandle h;
+  h.definition(repeated(n, "g# group 1 1\n") + repeated(n, "o# integer 1 0 0 9 1 1\n"));
+  h.one(optclearmessages);
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(h.help("5").size(), 5001u);
+  const std::string printed = testing::internal::GetCapturedStdout();
+  EXPECT_EQ(std::count(printed.begin(), printed.end(), '\n'), 2 * (n + 1));
+}
+
 // Chains that are too long for recursion.
 TEST(scale, macros_and_multilists_may_stand_for_each_other_to_any_depth) {
   thandle h;
