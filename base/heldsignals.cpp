@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <ctime>
+#include <utility>
 
 namespace optcore {
 
@@ -69,13 +70,16 @@ void theldsignals::take(int error) const noexcept {
 
 int writeall(int descriptor, std::string_view bytes, twaiting* waiting) noexcept {
   const theldsignals held;
+  bool again = false;
   while (!bytes.empty()) {
     const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
     if (count == 0) return EIO;
     if (count > 0) {
+      again = false;
       bytes.remove_prefix(static_cast<std::size_t>(count));
     } else if (int error = errno; error != EINTR) {
-      if (error == EAGAIN && waiting != nullptr) error = waiting->untilready(descriptor, POLLOUT);
+      if (error == EAGAIN && waiting != nullptr)
+        error = waiting->untilready(descriptor, POLLOUT, std::exchange(again, true));
       held.take(error);
       if (error != 0) return error;
     }

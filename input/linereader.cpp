@@ -74,8 +74,8 @@ void tlinereader::close() noexcept {
 bool tlinereader::readmore() noexcept {
   if (fatend) return false;
   ssize_t count = readonce();
-  while (count < 0 && errno == EAGAIN) {
-    errno = fwaiting->untilready(fdescriptor, POLLIN);
+  for (bool again = false; count < 0 && errno == EAGAIN; again = true) {
+    errno = fwaiting->untilready(fdescriptor, POLLIN, again);
     if (errno == 0) count = readonce();
   }
   if (count < 0) freaderror = errno;

@@ -27,7 +27,7 @@ namespace {
 enum class toperation { allocation, open, read, write, close, poll };
 enum class teffect {
   fails,         // as when memory or a disk is full, or a device has an error
-  failsforgood,  // all later operations fail, too
+  failsforgood,  // all later operations fail, too; a read or write with EAGAIN, although poll says "ready"
   interrupted    // not for memory: only a part is done, or nothing, with EINTR
 };
 
@@ -94,6 +94,7 @@ int __wrap_open(const char* name, int flags, ...) {
 ssize_t __real_read(int, void*, std::size_t);
 ssize_t __wrap_read(int descriptor, void* buffer, std::size_t size) {
   if (!isturn(toperation::read)) return __real_read(descriptor, buffer, size);
+  if (plannedeffect == teffect::failsforgood) return failed(EAGAIN);
   if (plannedeffect == teffect::fails) return failed(EIO);
   return plannednumber % 2 == 0 ? failed(EINTR)
                                 : __real_read(descriptor, buffer, std::min<std::size_t>(size, 3));
@@ -102,6 +103,7 @@ ssize_t __wrap_read(int descriptor, void* buffer, std::size_t size) {
 ssize_t __real_write(int, const void*, std::size_t);
 ssize_t __wrap_write(int descriptor, const void* buffer, std::size_t size) {
   if (!isturn(toperation::write)) return __real_write(descriptor, buffer, size);
+  if (plannedeffect == teffect::failsforgood) return failed(EAGAIN);
   if (plannedeffect == teffect::fails) return plannednumber % 2 == 0 ? 0 : failed(ENOSPC);
   return plannednumber % 2 == 0 ? failed(EINTR)
                                 : __real_write(descriptor, buffer, std::min<std::size_t>(size, 3));
@@ -451,6 +453,23 @@ TEST(faults, a_call_waits_for_all_its_files_together) {
   EXPECT_EQ(waiting.timeouts(), 6);
   EXPECT_EQ(valueof(waiting.handle, "note"), "nested");
   for (const int fifo : {silent, full}) close(fifo);
+}
+
+// Some devices are always ready when poll is asked, and then give and take nothing.
+TEST(faults, a_device_that_only_seems_ready_is_given_up) {
+  const tscene scene;
+  for (const auto operation : {toperation::read, toperation::write}) {
+    const twaitinghandle waiting;
+    const bool isread = operation == toperation::read;
+    coptreadfromstr(waiting.handle, "note x");  // something to write
+    plan(operation, teffect::failsforgood, 1);
+    tsteps step;
+    step(isread ? coptreadparameterfile : coptwriteparameterfile, waiting.handle, "nested.opt");
+    EXPECT_EQ(step.log, isread ? "110 \n" : "0 \n");
+    EXPECT_EQ(putforward / 1000, 60);
+    EXPECT_NEAR(count, 3000, 10) << "tries, with 20 milliseconds between two of them";
+    EXPECT_EQ(waiting.timeouts(), 1);
+  }
 }
 
 // What is written has to be taken.
