@@ -34,11 +34,7 @@ const tthreads readythreads;
 // More than the runtime's bytes and the system's table of a thousand libraries with variables of threads.
 constexpr std::size_t enough = 20'000;
 
-}  // namespace
-
-bool readytothrow() noexcept {
-  if (readythreads.hasthis()) [[likely]]
-    return true;
+[[gnu::noinline, gnu::cold]] bool makeready() noexcept {
   void* volatile block = std::malloc(enough);  // volatile, or the compiler would leave out these calls
   if (block == nullptr) return false;
   std::free(block);
@@ -46,5 +42,9 @@ bool readytothrow() noexcept {
   readythreads.addthis();
   return true;
 }
+
+}  // namespace
+
+bool readytothrow() noexcept { return readythreads.hasthis() || makeready(); }
 
 }  // namespace optcore

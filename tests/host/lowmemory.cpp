@@ -24,7 +24,7 @@ static void* counted(void* block) {
 }
 
 // These replace the functions of the C library in the whole process.
-// NOLINTBEGIN(bugprone-reserved-identifier)
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-inconsistent-declaration-parameter-name)
 extern "C" {
 void* __libc_malloc(size_t);
 void* __libc_calloc(size_t, size_t);
@@ -47,7 +47,7 @@ void free(void* block) {
   __libc_free(block);
 }
 }  // extern "C"
-// NOLINTEND(bugprone-reserved-identifier)
+// NOLINTEND(bugprone-reserved-identifier,readability-inconsistent-declaration-parameter-name)
 
 static void* library = nullptr;
 static tvksoptions* handle = nullptr;
