@@ -1,6 +1,6 @@
 // What all entry points share: `in` makes a view of a text argument, `out` wraps the buffer of a text result,
-// `barrier` lets no exception pass, and `guarded` also sees to the floating-point settings. Views and
-// wrappers point into the caller's buffers; nothing is owned here. The entry points themselves are in the
+// `barrier` lets no exception pass, `guarded` also sees to the floating-point settings, and `allocating` to
+// the memory of exceptions. Views and wrappers point into the caller's buffers; nothing is owned here. The entry points themselves are in the
 // files exports_*.cpp.
 #pragma once
 
@@ -12,6 +12,7 @@
 #include "api/handle.h"
 #include "api/pchutil.h"
 #include "base/floatscope.h"
+#include "base/readytothrow.h"
 #include "base/textout.h"
 
 namespace optcore {
@@ -64,6 +65,21 @@ auto guarded(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
 template <class tcall>
 auto guarded(tvksoptions* handle, tcall call) noexcept {
   return guarded(handle, 0, call);
+}
+
+// The same for calls that store texts or read files: they fail at once when there is no memory for an exception.
+// Other calls need memory for messages and indices alone, which see to this themselves.
+template <class tcall>
+auto allocating(tvksoptions* handle, std::int32_t failure, tcall call) noexcept {
+  if (readytothrow()) [[likely]]
+    return guarded(handle, failure, call);
+  handle->messages().addoutofmemory();
+  return static_cast<decltype(guarded(handle, failure, call))>(failure);
+}
+
+template <class tcall>
+auto allocating(tvksoptions* handle, tcall call) noexcept {
+  return allocating(handle, 0, call);
 }
 
 }  // namespace optcore

@@ -6,6 +6,7 @@
 
 #include "api/conversion.h"
 
+using optcore::allocating;
 using optcore::guarded;
 using optcore::in;
 using optcore::out;
@@ -28,7 +29,7 @@ class tuncancelled {
 template <class tcall>
 auto withfiles(tvksoptions* handle, tcall call) noexcept {
   const tuncancelled scope;
-  return guarded(handle, ENOMEM, call);
+  return allocating(handle, ENOMEM, call);
 }
 
 }  // namespace
@@ -37,6 +38,7 @@ auto withfiles(tvksoptions* handle, tcall call) noexcept {
 
 tvksoptions* xcreate(tvksoptions** handle) {
   *handle = nullptr;
+  if (!optcore::readytothrow()) return nullptr;
   try {
     *handle = new tvksoptions;
   } catch (...) {
@@ -132,7 +134,7 @@ void opterrorcount(tvksoptions* handle, int32_t* errors, int32_t* warnings) {
 // ---- resetting
 
 void optresetall(tvksoptions* handle) {
-  guarded(handle, [&] { handle->optresetall(); });
+  allocating(handle, [&] { handle->optresetall(); });
 }
 
 void optresetallrecent(tvksoptions* handle) {
@@ -144,5 +146,5 @@ void optresetrecentchanges(tvksoptions* handle) {
 }
 
 int32_t optresetnr(tvksoptions* handle, int32_t number) {
-  return guarded(handle, [&] { return handle->optresetnr(number); });
+  return allocating(handle, [&] { return handle->optresetnr(number); });
 }

@@ -2,6 +2,7 @@
 // form for zero-terminated texts follows directly below.
 #include "api/conversion.h"
 
+using optcore::allocating;
 using optcore::barrier;
 using optcore::guarded;
 using optcore::in;
@@ -38,20 +39,20 @@ int32_t coptgetvaluesnr(tvksoptions* handle, int32_t number, char* name, int32_t
 
 int32_t optsetvaluesnr(tvksoptions* handle, int32_t number, int32_t ivalue, double dvalue,
                        const optshortstring* svalue) {
-  return guarded(handle, [&] { return handle->optsetvaluesnr(number, ivalue, dvalue, in(svalue)); });
+  return allocating(handle, [&] { return handle->optsetvaluesnr(number, ivalue, dvalue, in(svalue)); });
 }
 int32_t coptsetvaluesnr(tvksoptions* handle, int32_t number, int32_t ivalue, double dvalue,
                         const char* svalue) {
-  return guarded(handle, [&] { return handle->optsetvaluesnr(number, ivalue, dvalue, in(svalue)); });
+  return allocating(handle, [&] { return handle->optsetvaluesnr(number, ivalue, dvalue, in(svalue)); });
 }
 
 int32_t optsetvalues2nr(tvksoptions* handle, int32_t number, int32_t ivalue, double dvalue,
                         const optshortstring* svalue) {
-  return guarded(handle, [&] { return handle->optsetvalues2nr(number, ivalue, dvalue, in(svalue)); });
+  return allocating(handle, [&] { return handle->optsetvalues2nr(number, ivalue, dvalue, in(svalue)); });
 }
 int32_t coptsetvalues2nr(tvksoptions* handle, int32_t number, int32_t ivalue, double dvalue,
                          const char* svalue) {
-  return guarded(handle, [&] { return handle->optsetvalues2nr(number, ivalue, dvalue, in(svalue)); });
+  return allocating(handle, [&] { return handle->optsetvalues2nr(number, ivalue, dvalue, in(svalue)); });
 }
 
 int32_t optgetintnr(tvksoptions* handle, int32_t number, int32_t* ivalue) {
@@ -101,17 +102,17 @@ int32_t coptgetstr2nr(tvksoptions* handle, int32_t number, char* svalue) {
 }
 
 int32_t optsetstrnr(tvksoptions* handle, int32_t number, const optshortstring* svalue) {
-  return guarded(handle, [&] { return handle->optsetstrnr(number, in(svalue)); });
+  return allocating(handle, [&] { return handle->optsetstrnr(number, in(svalue)); });
 }
 int32_t coptsetstrnr(tvksoptions* handle, int32_t number, const char* svalue) {
-  return guarded(handle, [&] { return handle->optsetstrnr(number, in(svalue)); });
+  return allocating(handle, [&] { return handle->optsetstrnr(number, in(svalue)); });
 }
 
 int32_t optsetstr2nr(tvksoptions* handle, int32_t number, const optshortstring* svalue) {
-  return guarded(handle, [&] { return handle->optsetstr2nr(number, in(svalue)); });
+  return allocating(handle, [&] { return handle->optsetstr2nr(number, in(svalue)); });
 }
 int32_t coptsetstr2nr(tvksoptions* handle, int32_t number, const char* svalue) {
-  return guarded(handle, [&] { return handle->optsetstr2nr(number, in(svalue)); });
+  return allocating(handle, [&] { return handle->optsetstr2nr(number, in(svalue)); });
 }
 
 // ---- values by name

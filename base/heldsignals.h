@@ -22,12 +22,13 @@ class theldsignals {
   theldsignals& operator=(const theldsignals&) = delete;
 
   // Takes the signal that came with the error of a write, if one did. To be called for each write that
-  // failed. A signal that was pending before stays pending, and none is taken then.
+  // failed. A signal that was pending before stays pending, for the thread as well as for the process.
   void take(int error) const noexcept;
 
  private:
-  sigset_t fmask;     // the thread's own
-  sigset_t fpending;  // those that were pending before
+  sigset_t fmask;       // the thread's own
+  sigset_t fpending;    // those that were pending before
+  sigset_t fforthread;  // of these, those that were pending for the thread
 };
 
 // Writes all bytes to the descriptor, with the signals held back. A descriptor that does not block is waited

@@ -13,6 +13,7 @@ void tnameindex::reset() noexcept {
 }
 
 bool tnameindex::grow() noexcept {
+  if (!readytothrow()) return false;
   try {
     std::vector<tslot> slots(fslots.empty() ? 32 : 2 * fslots.size());
     slots.swap(fslots);

@@ -14,6 +14,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/readytothrow.h"
 #include "base/shortstring.h"
 #include "base/textblocks.h"
 #include "base/textcase.h"
@@ -143,7 +144,7 @@ template <class tkeyat>
 bool tnameindex::enter(std::int32_t count, tkeyat keyat) {
   while (fentered < count) {
     if (!reserveone()) {
-      if (count > walkedinneed) throw std::bad_alloc();
+      if (count > walkedinneed && readytothrow()) throw std::bad_alloc();
       return false;
     }
     enternext(keyat(fentered), keyat);

@@ -42,9 +42,14 @@ int twaiting::open(const char* name, int flags) noexcept {
   }
 }
 
+int twaiting::untilready(int descriptor, short events, bool again) noexcept {
+  if (again) wait(-1, 0, moment);
+  return again && ftimeleft <= 0 ? ETIMEDOUT : wait(descriptor, events, ftimeleft);
+}
+
 int twaiting::forotherend(int descriptor, short events) noexcept {
   const std::int64_t before = ftimeleft;
-  const int code = wait(descriptor, events, std::min(ftimeforotherends, 20 * millisecond));
+  const int code = wait(descriptor, events, std::min(ftimeforotherends, moment));
   ftimeforotherends -= before - ftimeleft;
   return code == ETIMEDOUT && ftimeforotherends > 0 && ftimeleft > 0 ? EAGAIN : code;
 }

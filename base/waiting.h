@@ -16,13 +16,16 @@ class twaiting {
   // The functions below return 0 when the descriptor is ready for the events of poll, or its other end is
   // closed. Otherwise the result is the system's error code, ETIMEDOUT when no time is left.
 
-  int untilready(int descriptor, short events) noexcept { return wait(descriptor, events, ftimeleft); }
+  // `again`: it was ready before, but the read or write after that gave nothing. Some devices always say that
+  // they are ready. So a moment passes between two tries, and the result is ETIMEDOUT when no time is left.
+  int untilready(int descriptor, short events, bool again) noexcept;
   // Waits a moment for a program that opens the other end of a FIFO. The result is EAGAIN when the moment is
   // over and there is time for another one.
   int forotherend(int descriptor, short events) noexcept;
 
  private:
   static constexpr std::int64_t millisecond = 1'000'000;  // in nanoseconds, like all times here
+  static constexpr std::int64_t moment = 20 * millisecond;
 
   int wait(int descriptor, short events, std::int64_t atmost) noexcept;
 

@@ -33,7 +33,7 @@ std::int32_t readdefinition(tvksoptions& store, std::string_view filename) {
   tdefinitionreader(definition, store.indicators(), messages, scanner).read();
   const std::int32_t code = scanner.readerror();
   if (code == 0) return 0;
-  const bool reported = messages.hasroom();
+  const bool reported = messages.hasroomfortwo();
   fileproblem("Cannot read option file ", code);
   return reported ? 0 : code;
 }

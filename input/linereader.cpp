@@ -34,6 +34,15 @@ int tlinereader::open(std::string_view filename, twaiting& waiting) {
   return freaderror;
 }
 
+int tlinereader::openerror(std::string_view filename) {
+  const std::string name(filename);
+  if (name.find('\0') != std::string::npos) return ENOENT;
+  struct stat status {};
+  if (::stat(name.c_str(), &status) != 0) return errno;
+  if (S_ISDIR(status.st_mode)) return EISDIR;
+  return ::faccessat(AT_FDCWD, name.c_str(), R_OK, AT_EACCESS) == 0 ? 0 : errno;
+}
+
 void tlinereader::askstatus() noexcept {
   struct stat status {};  // stays zero if fstat fails
   ::fstat(fdescriptor, &status);
@@ -74,8 +83,8 @@ void tlinereader::close() noexcept {
 bool tlinereader::readmore() noexcept {
   if (fatend) return false;
   ssize_t count = readonce();
-  while (count < 0 && errno == EAGAIN) {
-    errno = fwaiting->untilready(fdescriptor, POLLIN);
+  for (bool again = false; count < 0 && errno == EAGAIN; again = true) {
+    errno = fwaiting->untilready(fdescriptor, POLLIN, again);
     if (errno == 0) count = readonce();
   }
   if (count < 0) freaderror = errno;

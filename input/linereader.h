@@ -31,6 +31,9 @@ class tlinereader {
   // `waiting` must outlive the reading.
   int open(std::string_view filename, twaiting& waiting);
   void close() noexcept;
+  // The system's error code for the name of a file that is not to be opened; 0 if it names a file that may be
+  // read.
+  static int openerror(std::string_view filename);
 
   // A line in the block. Its characters and the one behind them may be changed; `blockpadding` more bytes may
   // be read. Valid until the next call of next.
@@ -49,8 +52,8 @@ class tlinereader {
 
   const tfilestatus& status() const noexcept { return fstatus; }
   std::int64_t bytesread() const noexcept { return maxbytes() - funread; }
-  // The system's error code if reading failed after the file was opened, otherwise 0. The lines end at the
-  // failure.
+  // The system's error code if reading failed after the system had opened the file, otherwise 0. The lines end
+  // at the failure.
   int readerror() const noexcept { return freaderror; }
 
  private:

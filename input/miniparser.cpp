@@ -32,11 +32,20 @@ tminiparser::tminiparser(tmessagelist& messages, const tcharset& commentset)
 // ---- sources
 
 std::int32_t tminiparser::fileopen(std::string_view filename, twaiting& waiting) {
+  return ffile.open(setfile(filename), waiting);
+}
+
+std::int32_t tminiparser::filenamed(std::string_view filename) {
+  return tlinereader::openerror(setfile(filename));
+}
+
+// Returns the path under which the file is opened.
+std::string_view tminiparser::setfile(std::string_view filename) {
   assert(flinenr == 0 && flineend == nullptr);  // a scanner reads one source
   strassign(fsourcename, filename);
   fkind = tsourcekind::file;
   tstoreobserver* const observer = fmessages.observer();
-  return ffile.open(observer == nullptr ? filename : observer->pathtoopen(filename), waiting);
+  return observer == nullptr ? filename : observer->pathtoopen(filename);
 }
 
 void tminiparser::readfromstr(std::string_view text) {

@@ -34,6 +34,9 @@ class tminiparser final : public tlinesource {
   // ---- sources: exactly one of these functions is called, once; then reading begins with nextline
   // Returns 0 or the system's error code. `waiting` must outlive the scanner.
   std::int32_t fileopen(std::string_view filename, twaiting& waiting);
+  // For a file that is not to be read: does not open it. Returns the error code that the system has for its
+  // name, or 0.
+  std::int32_t filenamed(std::string_view filename);
   // Copy the text, which is the only line of the source, and echo it. readfromstr uses at most 255
   // characters.
   void readfromstr(std::string_view text);
@@ -142,6 +145,7 @@ class tminiparser final : public tlinesource {
   void skipblanksandcomment();
   void flushecho(std::string_view line);
   void echo(std::string_view text) { fmessages.addecho(text, *this); }
+  std::string_view setfile(std::string_view filename);
   void setsource(tsourcekind kind, std::string_view name, std::string_view text);
   bool nextfileline();
   bool nexttextline();

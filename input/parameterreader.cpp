@@ -45,9 +45,16 @@ void tvksoptions::optreadfrompchar(const char* text) { tparameterreading(*this).
 std::int32_t tparameterreading::readfile(std::string_view filename) {
   if (fbytes.hasrefused()) return refuse(filename);
   tminiparser scanner(fstore.messages(), fstore.definition().eolcommset());
-  if (const std::int32_t code = scanner.fileopen(filename, fwaiting); code != 0) {
-    fileproblem("Cannot open parameter file ", filename, code);
-    return code;
+  const bool isignored = fnestlevel == deepestnesting || ffilesread >= mostfiles;
+  const std::int32_t opened = isignored ? scanner.filenamed(filename) : scanner.fileopen(filename, fwaiting);
+  if (opened != 0) {
+    if (scanner.readerror() != 0) keepunreported(opened);
+    fileproblem("Cannot open parameter file ", filename, opened);
+    return opened;
+  }
+  if (isignored) {
+    ignorefile(scanner);
+    return 0;
   }
   if (!fbytes.admits(scanner.filestatus())) return refuse(filename);
   const tactivesource active(fstore.messages(), scanner);
@@ -55,11 +62,28 @@ std::int32_t tparameterreading::readfile(std::string_view filename) {
   parsefile(scanner);
   fbytes.wasread(scanner.filestatus(), scanner.bytesread());
   if (const std::int32_t code = scanner.readerror(); code != 0) {
-    if (funreported == 0 && !fstore.messages().hasroom()) funreported = code;
+    keepunreported(code);
     fileproblem("Cannot read parameter file ", filename, code);
   }
   fstore.messages().addmessage(tmsgkind::fileleave, filename);
   return 0;
+}
+
+// Beyond a limit, a file is not even opened: opening a FIFO would be noticed by the program that writes to it.
+void tparameterreading::ignorefile(tminiparser& scanner) {
+  const tactivesource active(fstore.messages(), scanner);
+  fstore.messages().addmessage(tmsgkind::fileenter, scanner.sourcename());
+  ++ffilesread;
+  if (fnestlevel == deepestnesting)
+    fstore.messages().addmessage(tmsgkind::usererror, "File nesting level too deep; file ignored");
+  else
+    fstore.messages().addmessage(tmsgkind::usererror, "Too many parameter files; file ignored");
+  fstore.messages().addmessage(tmsgkind::fileleave, scanner.sourcename());
+}
+
+// To be called for a file that could be opened but not read, before the messages about it are filed.
+void tparameterreading::keepunreported(std::int32_t code) noexcept {
+  if (funreported == 0 && !fstore.messages().hasroomfortwo()) funreported = code;
 }
 
 // From the first refusal on, no file is opened: a text can name very many.
@@ -99,12 +123,7 @@ void tparameterreading::readtext(tminiparser& scanner) {
 void tparameterreading::parsefile(tminiparser& scanner) {
   const tnesting nesting(fnestlevel);
   ++ffilesread;
-  if (fnestlevel > deepestnesting)
-    fstore.messages().addmessage(tmsgkind::usererror, "File nesting level too deep; file ignored");
-  else if (ffilesread > mostfiles)
-    fstore.messages().addmessage(tmsgkind::usererror, "Too many parameter files; file ignored");
-  else
-    parse(scanner);
+  parse(scanner);
 }
 
 void tparameterreading::parse(tminiparser& scanner) { tparameterreader(fstore, scanner, *this).parse(); }

@@ -45,8 +45,8 @@ class tparameterreading {
   // Answers a request for help in the text that is read.
   void showhelp(std::string_view request);
 
-  // The system's error code of the first file that could not be read to its end without a message, because
-  // the list of messages was full; 0 if there is none.
+  // The system's error code of the first file that could be opened but not read to its end, and for whose
+  // messages the list had no room; 0 if there is none.
   std::int32_t unreported() const noexcept { return funreported; }
 
  private:
@@ -54,6 +54,8 @@ class tparameterreading {
   static constexpr std::int64_t mosthelp = 1024 * 1024;
 
   std::int32_t refuse(std::string_view filename);
+  void ignorefile(tminiparser& scanner);
+  void keepunreported(std::int32_t code) noexcept;
   void readtext(tminiparser& scanner);
   void parsefile(tminiparser& scanner);
   void parse(tminiparser& scanner);
@@ -64,7 +66,7 @@ class tparameterreading {
   tbytesread fbytes;
   std::int64_t fhelp = 0;       // what help has cost, see thelplisting::cost
   std::int32_t fnestlevel = 0;  // how deep the open files nest
-  std::int32_t ffilesread = 0;  // how many files this call has read
+  std::int32_t ffilesread = 0;  // how many files this call has read or ignored
   std::int32_t funreported = 0;
 };
 

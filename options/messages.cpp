@@ -2,6 +2,7 @@
 #include "options/messages.h"
 
 #include "base/numtext.h"
+#include "base/readytothrow.h"
 
 namespace optcore {
 
@@ -36,7 +37,7 @@ bool tmessagelist::cancelsenternote(tmsgkind kind) const noexcept {
 void tmessagelist::addoutofmemory() noexcept {
   try {
     foutofmemory = true;
-    fileoutofmemory();
+    if (readytothrow()) fileoutofmemory();
   } catch (...) {
     // foutofmemory stays set, so the message is filed later
   }
@@ -73,6 +74,10 @@ void tmessagelist::notify(tstep::tkind kind, std::string_view key, const toption
 }
 
 void tmessagelist::add(const tmessage& message) {
+  if (!readytothrow()) {
+    foutofmemory = true;
+    return;
+  }
   fileoutofmemory();
   file(message);
 }

@@ -45,9 +45,9 @@ class tmessagelist {
   void clear();
   // The list has reached its limit: further messages are dropped, except echoed lines.
   bool full() const noexcept { return count() > maxmessages; }
-  // The next message would enter the list. Otherwise the list drops it, or puts the message about the limit in
-  // its place.
-  bool hasroom() const noexcept { return count() + (foutofmemory ? 1 : 0) < maxmessages; }
+  // The next two messages, a problem and its explanation, would enter the list. Otherwise the list drops one of
+  // them, or puts the message about the limit in its place.
+  bool hasroomfortwo() const noexcept { return count() + (foutofmemory ? 1 : 0) + 2 <= maxmessages; }
   // A message of this kind would have no effect now, so its text need not be built: the list would drop it,
   // and there is no observer. A leave note is never without effect, because it may remove its enter note.
   bool ignores(tmsgkind kind) const noexcept {

@@ -10,7 +10,9 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
 #include <thread>
+#include <utility>
 
 #include "support/handle.h"
 #include "wexcorin/wexcorin.hpp"
@@ -34,6 +36,9 @@ std::string signalstate() {
               (sigismember(&blocked, number) == 1 ? " blocked" : "") +
               (sigismember(&pending, number) == 1 ? " pending" : "");
   }
+  std::ifstream status("/proc/thread-self/status");  // says for whom signals are pending
+  for (std::string line; std::getline(status, line);)
+    if (line.find("Pnd:") != line.npos) result += '\n' + line;
   return result;
 }
 
@@ -119,10 +124,24 @@ TEST_F(signals, areheldback) {
   }
   pthread_sigmask(SIG_BLOCK, &both, nullptr);
   unchanged("blocked");
+  const auto arrive = [&] {
+    pthread_sigmask(SIG_UNBLOCK, &both, nullptr);
+    pthread_sigmask(SIG_BLOCK, &both, nullptr);
+    return std::exchange(received, 0);
+  };
   for (const int number : {SIGPIPE, SIGXFSZ}) raise(number);
-  unchanged("pending");
+  unchanged("pending for the thread");
+  EXPECT_EQ(arrive(), 2);
+  for (const int number : {SIGPIPE, SIGXFSZ}) kill(getpid(), number);
+  unchanged("pending for the process");
+  EXPECT_EQ(arrive(), 2);
+  for (const int number : {SIGPIPE, SIGXFSZ}) {
+    kill(getpid(), number);
+    raise(number);
+  }
+  unchanged("pending for both");
+  EXPECT_EQ(arrive(), 4);
   pthread_sigmask(SIG_UNBLOCK, &both, nullptr);
-  EXPECT_EQ(received, 2);
 }
 
 // Runs the job in the background of a terminal that stops processes there, and returns its status for wait.

@@ -2,7 +2,9 @@
 // reader, values that take the rest of a line, deprecated names, immediate options, keys that create a list,
 // keys of several words, and sources with unusual bytes and sizes; files that read files, files that are no
 // ordinary files, and files that change while they are read.
+#include <fcntl.h>
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <fstream>
@@ -328,6 +330,47 @@ TEST(files, a_name_counts_whole) {
   EXPECT_EQ(h.call(BOTH(readdefinition), name), ENOENT);
   EXPECT_EQ(h.call(BOTH(readparameterfile), name), ENOENT);
   EXPECT_EQ(h.call(BOTH(writeparameterfile), name), ENOENT);
+}
+
+// A program that writes to a FIFO would see that it is opened. The size of a file that is not opened does not
+// count, so the small file is read only three times.
+TEST(files, beyond_a_limit_are_not_opened) {
+  thandle h;
+  h.definition(options);
+  const auto write = [&](const char* name, const std::string& text) {
+    return h.directory().write(name, h.expanded(text));
+  };
+  const auto times = [](int count, const std::string& line) {
+    std::string text;
+    while (count-- > 0) text += line;
+    return text;
+  };
+  const std::string fifo = h.directory().path("fifo");
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+  const int writer = open(fifo.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+  ASSERT_EQ(::write(writer, "a 1\n", 4), 4);
+
+  for (char level = '2'; level <= '8'; ++level)
+    write(std::string(1, level).c_str(), std::string("read %DIR%/") + static_cast<char>(level + 1));
+  write("9", "read %DIR%/fifo\nread %DIR%/none\nread %DIR%/large\nread %DIR%/.\n");
+  std::filesystem::resize_file(write("large", ""), 10'000'000);
+  write("small", "l x\n*" + std::string(12'000, ' '));
+  h.parameters("read %DIR%/2\n" + times(5, "read %DIR%/small\n"));
+  EXPECT_EQ(h.call(BOTH(listcountstr), "l"), 3);
+  const std::string ignored =
+      "+fifo | E File nesting level too deep; file ignored | -fifo"
+      " | E2 Cannot open parameter file \"none\" | E2 Error code = 2; No such file or directory"
+      " | +large | E File nesting level too deep; file ignored | -large"
+      " | E4 Cannot open parameter file \".\" | E4 Error code = 21; Is a directory";
+  EXPECT_NE(told(h).find(ignored), std::string::npos) << told(h);
+  for (const int form : {0, 1}) optclearmessages(h.handle(form));
+  write("empty", "");
+  h.parameters(times(9'999, "read %DIR%/empty\n") + "read %DIR%/fifo\n");
+  EXPECT_EQ(told(h), "+OPT | +fifo | E Too many parameter files; file ignored | -fifo | -OPT");
+
+  char left[8];
+  EXPECT_EQ(read(writer, left, sizeof left), 4);
+  close(writer);
 }
 
 // The file is a comment in memory. All of it but the first byte is a hole, which takes no memory.

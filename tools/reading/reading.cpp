@@ -185,7 +185,7 @@ bool treading::write(const std::string& name, const std::string& path, bool exac
 bool treading::collect(const std::string& name, const std::function<std::int32_t()>& action) {
   fsource = name;
   // with a full list of messages, the code may be that of a file that was opened but not read to its end
-  const bool opened = action() == 0 || !fstore.messages().hasroom();
+  const bool opened = action() == 0 || fstore.messages().full();
   fstore.optclearmessages();
   ffindings.end();
   return opened;
