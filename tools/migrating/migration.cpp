@@ -65,11 +65,14 @@ bool tmigration::run(const std::string& filename) {
   reading.follow(this);
   const bool opened = reading.readoptions({{}, {filename}, {}});
   reading.follow(nullptr);
-  if (!opened)
+  if (!opened) {
     reportproblems(reading.findings());
-  else if (fileof(filename).isread)
-    pin(fileof(filename));
-  return opened;
+    return false;
+  }
+  tmigratedfile& file = fileof(filename);
+  file.isnamed = true;
+  if (file.isread) pin(file);
+  return true;
 }
 
 tmigratedfile& tmigration::fileof(const std::string& name) {
@@ -88,7 +91,8 @@ void tmigration::enter(const tlinesource& source) {
   const std::string name(source.sourcename());
   tmigratedfile& file = fileof(name);
   if (!fopen.empty()) {
-    file.isincluded = true;
+    if (!std::exchange(file.isincluded, true))
+      file.includedat = {std::string(source.includer()->sourcename()), source.includer()->linenr()};
     fnewnobounds = fnewnobounds || (fopen.back()->meaning.hasimmediate() && fstore->nobounds());
   }
   auto open = std::make_unique<topen>();
@@ -123,7 +127,9 @@ void tmigration::finish(topen& open) {
     const tmigratedfile before = std::exchange(file, std::move(open.result));
     file.name = before.name;
     file.root = before.root;
+    file.isnamed = before.isnamed;
     file.isincluded = before.isincluded;
+    file.includedat = before.includedat;
     file.isread = true;
   } else {
     decide("It could not be read to its end, so it is not migrated");
