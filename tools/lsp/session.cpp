@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "tools/lsp/features.h"
+#include "tools/outofmemory.h"
 
 namespace tool::lsp {
 
@@ -116,7 +117,7 @@ tanswer tsession::answerto(const tarrival& arrival) {
     try {
       return feature.answer(request);
     } catch (const std::exception& error) {
-      return terror{tcode::internalerror, utf8(error.what())};
+      return terror{tcode::internalerror, utf8(problemtext(error))};
     }
   }
   return terror{tcode::methodnotfound, "There is no request " + inquotes(message.method)};

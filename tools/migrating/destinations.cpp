@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <map>
 
-#include "base/systemerror.h"
 #include "tools/writing/outputfile.h"
 #include "tools/writing/replacement.h"
 
@@ -126,7 +125,7 @@ bool deliver(const tdestinations& destinations, tfindinglist& findings) {
     findings.begin({.place = {each.path},
                     .severity = tseverity::error,
                     .rule = "not-written",
-                    .text = "cannot write the file: " + std::string(optcore::systemerrortext(code)),
+                    .text = "cannot write the file: " + std::string(writeproblem(code)),
                     .unusable = true});
     findings.end();
     return false;

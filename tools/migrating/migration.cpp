@@ -1,14 +1,12 @@
 // Collects what each line does, and writes its file anew line by line.
 #include "tools/migrating/migration.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <utility>
 
 #include "input/linereader.h"
+#include "tools/reading/regularfile.h"
 
 namespace tool {
 
@@ -40,16 +38,7 @@ bool tdefinitions::readnewer(const std::string& filename) {
   return true;
 }
 
-std::optional<std::string> contentsof(const std::string& path) {
-  struct stat status {};
-  if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
-  std::ifstream file(path, std::ios::binary);
-  std::string result;
-  result.reserve(static_cast<std::size_t>(status.st_size));
-  result.assign(std::istreambuf_iterator<char>(file), {});
-  if (!file) return std::nullopt;
-  return result;
-}
+std::optional<std::string> contentsof(const std::string& path) { return tregularfile(path).contents(); }
 
 // ---- files
 
