@@ -193,6 +193,16 @@ for command in "write mean.def --force mean.opt", "doc definition mean.def", "do
     os.close(parent)
     expect(f"{command} on a terminal", (unsafe.findall(seen), escaped[:begin + 3] in seen), ([], True))
 
+# The characters that deceive are these, not those before and behind each range.
+deceiving = [(int(first, 16), int(last or first, 16)) for first, _, last in (word.partition("-") for word in (
+    "80-9f ad 34f 61c 115f-1160 17b4-17b5 180b-180f 200b-200f 2028-202e 2060-206f 3164 fe00-fe0f feff ffa0 fff0-fffb "
+    "1bca0-1bca3 1d173-1d17a e0000-e0fff").split())]
+codes = {code for first, last in deceiving for code in (first - 1, first, last, last + 1)} - {0x7F}
+write("codes.def", "".join(f'w{code} string 1 "a{chr(code)}b" 1 1\n' for code in codes))
+out = run("wexcorin show codes.def")[0]
+expect("which characters are shown", {code for code in codes if f"a{chr(code)}b" in out},
+       {code for code in codes if not any(first <= code <= last for first, last in deceiving)})
+
 # Each byte that is not part of valid UTF-8 is shown as the Latin-1 character that it stands for.
 codecs.register_error("latin", lambda error: (chr(error.object[error.start]), error.start + 1))
 texts = [bytes(text) for text in itertools.product(b"\x7f\x80\xc1\xc2\xdf\xe0\xe1\xed\xef\xf0\xf1\xf4\xf5",
