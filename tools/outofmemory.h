@@ -8,7 +8,7 @@
 
 namespace tool {
 
-inline constexpr const char* outofmemory = "Out of memory";
+inline constexpr const char* outofmemory = "Not enough memory";
 
 // What an exception says to people.
 inline std::string problemtext(const std::exception& error) {

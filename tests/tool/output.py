@@ -140,7 +140,7 @@ for command, name in (("show large.def", "large.def"),
                       ("migrate --to a.def --syntax assignments large.opt --dry-run", "large.opt")):
     _, err, code = run(f"ulimit -v 60000; wexcorin {command}")
     if "checked" not in sys.argv:
-        expect(f"{command} with little memory", (err, code), (f"wexcorin: {name}: Out of memory\n", 2))
+        expect(f"{command} with little memory", (err, code), (f"wexcorin: {name}: Not enough memory\n", 2))
 
 # ---- numbers with all their digits
 
