@@ -12,6 +12,7 @@
 
 #include "tools/arguments.h"
 #include "tools/commands.h"
+#include "tools/outofmemory.h"
 #include "tools/terminal.h"
 #include "tools/text.h"
 
@@ -54,7 +55,7 @@ int main(int argc, char** argv) {
     if (std::cout.flush()) return code;
     std::cerr << "wexcorin: cannot write to standard output\n";
   } catch (const std::exception& error) {
-    std::cerr << "wexcorin: " << tool::printable(error.what()) << '\n';
+    std::cerr << "wexcorin: " << tool::printable(tool::problemtext(error)) << '\n';
   }
   return tool::exitunusable;
 }

@@ -14,7 +14,9 @@ const std::map<std::string, toptionsyntax>& syntaxwords() {
 }
 
 constexpr const char* migratenotes =
-    "Included files are migrated, too. A definition named - is standard input.\n"
+    "Included files are migrated, too; with --in-place, those outside of the folder of FILE only if they "
+    "are\n"
+    "named as well. A definition named - is standard input.\n"
     "Exit codes: 0 nothing is left to decide; 1 something is; 2 wrong use, a file that cannot be opened, "
     "read\n"
     "or written, or a definition with errors: then nothing was written.";

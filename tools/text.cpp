@@ -48,19 +48,29 @@ struct trange {
   char32_t first, last;
 };
 
-// What controls a terminal, changes the order in which text is shown, or is not seen at all.
+// What controls a terminal, changes the order in which text is shown, or is not seen: the control characters,
+// the characters with the property Default_Ignorable_Code_Point of Unicode, the separators of lines and
+// paragraphs, and the marks of annotations.
 constexpr auto deceiving = std::to_array<trange>({
     {0x00, 0x1F},        // control characters
     {0x7F, 0x9F},        // DEL and the further control characters
     {0xAD, 0xAD},        // soft hyphen
+    {0x34F, 0x34F},      // combining grapheme joiner
     {0x61C, 0x61C},      // Arabic letter mark
-    {0x180E, 0x180E},    // Mongolian vowel separator
+    {0x115F, 0x1160},    // Hangul fillers
+    {0x17B4, 0x17B5},    // Khmer inherent vowels
+    {0x180B, 0x180F},    // Mongolian variation selectors and vowel separator
     {0x200B, 0x200F},    // zero-width characters and marks of direction
     {0x2028, 0x202E},    // line and paragraph separator, embeddings and overrides of direction
     {0x2060, 0x206F},    // word joiner, invisible operators, isolates of direction
+    {0x3164, 0x3164},    // Hangul filler
+    {0xFE00, 0xFE0F},    // variation selectors
     {0xFEFF, 0xFEFF},    // byte order mark
-    {0xFFF9, 0xFFFB},    // marks of annotations
-    {0xE0000, 0xE007F},  // invisible copies of ASCII
+    {0xFFA0, 0xFFA0},    // halfwidth Hangul filler
+    {0xFFF0, 0xFFFB},    // unassigned, and marks of annotations
+    {0x1BCA0, 0x1BCA3},  // controls of shorthand
+    {0x1D173, 0x1D17A},  // invisible marks of musical notes
+    {0xE0000, 0xE0FFF},  // tags, which are invisible copies of ASCII, and further variation selectors
 });
 
 bool deceives(char32_t code) {

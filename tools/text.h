@@ -11,8 +11,9 @@ namespace tool {
 std::string utf8(std::string_view text);
 
 // Makes a text safe for people; whatever the tool prints of a file passes through it. Like utf8, but control
-// characters, marks that change the order in which text is shown, and invisible characters are written in the
-// forms \x1b, \u202e and \U000e0041: no text can control a terminal or look like another one.
+// characters, marks that change the order in which text is shown, and characters that are not seen are written
+// in the forms \x1b, \u202e and \U000e0041: no text can control a terminal or hide a part of itself. Letters
+// that look like others, and blanks of other widths, stay.
 std::string printable(std::string_view text);
 // The same for a text of several lines, of which the line ends stay.
 std::string printabletext(std::string_view text);

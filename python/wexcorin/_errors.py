@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import difflib
+import re
 from collections.abc import Iterable
 from typing import Literal, NamedTuple
 
@@ -23,15 +24,23 @@ KINDS = (
 )
 
 
+# Letters and marks that are not seen, which Python counts as printable: fillers and variation selectors.
+_UNSEEN = re.compile(
+    "[\u034f\u115f\u1160\u17b4\u17b5\u180b-\u180f\u3164\ufe00-\ufe0f\uffa0\U000e0100-\U000e01ef]"
+)
+
+
 def printable(text: str) -> str:
     """Return the text with escapes for control characters, invisible ones and bytes that are no UTF-8.
 
     >>> printable("a\\tb\\u202e")
     'a\\\\tb\\\\u202e'
+    >>> printable("a\\ufe0f")
+    'a\\\\ufe0f'
     """
-    if text.isprintable():
+    if text.isprintable() and not _UNSEEN.search(text):
         return text
-    return "".join(c if c.isprintable() else ascii(c)[1:-1] for c in text)
+    return "".join(c if c.isprintable() and not _UNSEEN.match(c) else ascii(c)[1:-1] for c in text)
 
 
 class Message(NamedTuple):

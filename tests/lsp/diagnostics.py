@@ -41,7 +41,9 @@ expect("the exit code", client.quit(), 0)
 # ---- the part of the line that is meant, and lines that have to do with it
 
 work = tempfile.TemporaryDirectory()
-RELATED = {"textDocument": {"publishDiagnostics": {"relatedInformation": True}}}
+RELATED = {"textDocument": {"publishDiagnostics": {"relatedInformation": True},
+                            "documentSymbol": {"hierarchicalDocumentSymbolSupport": True},
+                            "codeAction": {"codeActionLiteralSupport": {}}}}
 DEFINITION = """eol eolcomm !
 general group 1 1 General
 threads integer 1 1 1 64 1 1 Threads to use
@@ -106,6 +108,46 @@ for what, line, wanted in (
     client.change(solver, text)
     expect(what, marked(text, client.diagnostics(solver)), wanted)
 client.close(solver)
+
+# ---- what people see has escapes where check has them; what is inserted is as it stands in the file
+
+RAW, ESCAPED = "a\x1b\u202e\u200b\ufe0fb", r"a\x1b\u202e\u200b\ufe0fb"
+NOT_SHOWN = "newText", "filterText", "uri", "placeholder"
+
+
+def shown(value):
+    if isinstance(value, str):
+        return [value]
+    parts = value.items() if isinstance(value, dict) else enumerate(value) if isinstance(value, list) else ()
+    return [text for key, part in parts if key not in NOT_SHOWN for text in shown(part)]
+
+
+os.mkdir(os.path.join(work.name, "odd"))
+odd = write("odd/odd.def", f'cuts group 1 1 {RAW}\nmode enumstr 4 "{RAW}" 1 1 Mode {RAW}\n "{RAW}" 1 {RAW}\n slow 1 Two\n'
+                           "size integer 5 1 0 9 1 1 Size\nnames deprecated\n mo use it\n")
+client.open(odd)
+client.diagnostics(odd)
+options = write("odd/odd.opt", "")
+client.open(options, f"* definition: odd.def\nmode slo{RAW[1:-1]}w\n{RAW} 3\nmo 1\nmode \n")
+document = {"textDocument": {"uri": uri(options)}}
+found = client.diagnostics(options)
+names, values = client.at("completion", options, 3, 2), client.at("completion", options, 4, 5)
+for what, answer in (
+        ("diagnostics", found), ("a name", names), ("values", values),
+        ("hover", client.at("hover", options, 1, 1)), ("symbols", client.at("documentSymbol", options, 0, 0)),
+        ("symbols of the definition", client.at("documentSymbol", odd, 0, 0)),
+        ("symbols of the folder", client.request("workspace/symbol", {"query": "mode"})),
+        ("names in the definition", client.at("completion", odd, 6, 3)), ("repairs", client.request("textDocument/codeAction", {
+            **document, "context": {"diagnostics": []}, "range": {"start": {"line": 1, "character": 0},
+                                                                  "end": {"line": 3, "character": 0}}}))):
+    seen = "\n".join(shown(answer))
+    expect(f"{what}: raw characters", [c for c in seen if c in "\x1b\u202e\u200b\ufe0f"], [])
+    expect(f"{what}: there is a text", seen != "", True)
+value = values["items"][0]
+expect("a value", (value["label"], value["textEdit"]["newText"], value.get("filterText")),
+       (ESCAPED, RAW, RAW))
+client.close(options)
+client.close(odd)
 
 # ---- a change renews what depends on it
 

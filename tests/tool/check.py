@@ -54,6 +54,14 @@ for text, line, problem in (
     out, err, code = run("wexcorin check above/deep/deeper/run.prm")
     place = f"above/wexcorin.json:{line}" if line else "above/wexcorin.json"
     expect(f"wexcorin.json {text!r}", ((err + out).startswith(f"{place}: error: {problem}"), code), (True, 2))
+# Only a regular file of a sensible size is read.
+for made, problem in (("mkfifo F", "The file cannot be read, or is no regular file"),
+                      ("ln -s /dev/zero F", "The file cannot be read, or is no regular file"),
+                      ("truncate -s 1048577 F", "The file has more than 1 MiB")):
+    os.remove("above/wexcorin.json")
+    run(made.replace("F", "above/wexcorin.json"))
+    expect(f"wexcorin.json: {made}", run("timeout 10 wexcorin check above/deep/deeper/run.prm")[1].split("\n")[0],
+           f"above/wexcorin.json: error: {problem}")
 os.remove("wexcorin.json")
 os.remove("above/wexcorin.json")
 

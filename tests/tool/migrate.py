@@ -117,7 +117,8 @@ write("outside.opt", "read ../outside.opt\n")
 os.makedirs("inner", exist_ok=True)
 shutil.copy("main.opt", "inner/main.opt")
 for arguments, part in (("outside.opt -o .", "one of the files that are read"),
-                        ("inner/main.opt -o tree", "outside of the folder of inner/main.opt; use --in-place"),
+                        ("inner/main.opt -o tree", "inner/main.opt:1: sub/part.opt is outside of the folder of inner/main.opt; "
+                                                   "use --in-place and name it"),
                         ("main.opt inner/main.opt -o tree", "two files would be written there"),
                         ("main.opt none.opt -o none", "none.opt"), ("/dev/null --in-place", "no regular file"), ("old.def --in-place", "one of the definitions")):
     out, err, code = run(f"{MIGRATE} {arguments}")
@@ -125,6 +126,26 @@ for arguments, part in (("outside.opt -o .", "one of the files that are read"),
     expect_part(arguments, err, "nothing was written")
     expect(f"{arguments}: exit code", code, 2)
 expect("nothing was written", os.path.exists("none"), False)
+# A folder that somebody has sent leads to no file that is not in it.
+os.makedirs("sent/deep")
+os.mkdir("sent/new")
+write("victim.opt", "limit 9\n")
+for name, text in (("backup", ""), ("include", "read victim.opt\n"), ("deep/part", ""),
+                   ("deeper", "read sent/deep/part.opt\n")):
+    write(f"sent/{name}.opt", "limit 1\n" + text)
+for link, target in (("backup.opt~", "../victim.opt"), ("new/backup.opt", "../../victim.opt"), ("new/deep", "../..")):
+    os.symlink(target, f"sent/{link}")
+for arguments, part in (
+        ("sent/backup.opt --in-place", "sent/backup.opt~: it is a symbolic link, and would be replaced by the backup"),
+        ("sent/include.opt --in-place", "sent/include.opt:2: victim.opt is outside of the folder of sent/include.opt; "
+                                        "it is changed only if it is named on the command line"),
+        ("sent/backup.opt -o sent/new", "sent/new/backup.opt: it is a symbolic link"),
+        ("sent/deeper.opt -o sent/new", "sent/new/deep/part.opt: a symbolic link leads outside of sent/new")):
+    expect(f"{arguments}: problems", run(f"{MIGRATE} {arguments}")[1:],
+           (f"{part}\nwexcorin migrate: nothing was written\n", 2))
+    expect(f"{arguments}: other files", (read("victim.opt"), os.path.exists("part.opt")), ("limit 9\n", False))
+runs(f"{MIGRATE} sent/include.opt victim.opt --in-place", None, "", 0)
+expect("an included file that is named", (read("victim.opt"), read("victim.opt~")), ("new_limit 9\n", "limit 9\n"))
 write("place.opt", "limit 1\n")
 write("clean.opt", "alpha 1\n")
 os.symlink("place.opt", "link.opt")

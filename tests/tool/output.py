@@ -3,7 +3,7 @@ and nothing else is left in their folder. Exit codes, and what a person sees of 
 root; exit code 77: all is well, but strace is missing, so that the program was not interrupted.
 usage: output.py TOOL [checked]
 `checked` is for a tool with sanitizers: it is not killed, since it could report nothing then."""
-import codecs, collections, itertools, json, os, pty, re, shutil, signal, subprocess, sys
+import codecs, collections, itertools, json, os, pty, re, shutil, signal, subprocess, sys, time
 from support import expect, failures, read, run, runs, write
 
 DEFINITION = "tol double 1 0 0 1 1 0\nsize integer 2 5 0 9 1 0\nread immediate ReadFile 1 0\n"
@@ -13,6 +13,39 @@ write("bad.opt", "size x\ntol 0.25\n")
 write("outer.opt", "read a.opt\n")
 FORMS = "definition", "pascal", "html", "c", "markdown", "page", "json"
 
+
+# ---- a FIFO that nobody reads is waited for, but not for ever; meanwhile its name is not that of another file suddenly
+
+
+class Waiting:
+    def __init__(self, fifo):
+        os.mkfifo(fifo)
+        self.process = subprocess.Popen([os.path.abspath("wexcorin"), "write", "a.def", "a.opt", "-o", fifo],
+                                        stderr=subprocess.PIPE, encoding="utf-8")
+
+    def sleeps(self):
+        return read(f"/proc/{self.process.pid}/stat").rpartition(") ")[2].startswith("S")
+
+    def expect_error(self, fifo, reason):
+        try:
+            seen = self.process.communicate(timeout=20)[1], self.process.returncode
+        except subprocess.TimeoutExpired:
+            self.process.kill()
+            seen = "it waits for ever", None
+        expect(fifo, seen, (f"{fifo}: error: cannot write the file: {reason}\n", 2))
+
+
+write("victim", "as it was\n")
+unread = Waiting("unread")  # what becomes of it is seen further below, because it takes its time
+for fifo, becomes, reason in (("link", os.symlink, "Too many levels of symbolic links"),
+                              ("file", os.link, "Device or resource busy")):
+    waiting = Waiting(fifo)
+    while not waiting.sleeps():
+        time.sleep(0.01)
+    os.remove(fifo)
+    becomes("victim", fifo)
+    waiting.expect_error(fifo, reason)
+expect("the other file", read("victim"), "as it was\n")
 
 # ---- a file that is read is not written over, whatever its path
 
@@ -98,6 +131,17 @@ for command in "show a.def bad.opt", "check a.def bad.opt", "help a.def none":
 for command in "show a.def", "check a.def", "help a.def":
     runs(f"wexcorin {command} >/dev/full", err=None, code=2)
 
+# What never ends is not read for ever, and where memory ends, the file is named. Sanitizers need more memory.
+runs("timeout 20 wexcorin check a.def - </dev/zero", err="wexcorin: cannot read standard input: File too large\n", code=2)
+write("large.def", "".join(f"name{number} integer 0 5 0 9 1 1\n" for number in range(200_000)))
+with open("large.opt", "wb") as file:
+    file.truncate(1 << 30)
+for command, name in (("show large.def", "large.def"),
+                      ("migrate --to a.def --syntax assignments large.opt --dry-run", "large.opt")):
+    _, err, code = run(f"ulimit -v 60000; wexcorin {command}")
+    if "checked" not in sys.argv:
+        expect(f"{command} with little memory", (err, code), (f"wexcorin: {name}: Not enough memory\n", 2))
+
 # ---- numbers with all their digits
 
 exact = ("0.1234567890123456", "1E-310", "5E-324", "0.30000000000000004", "-0", "-9.87E-5",
@@ -149,6 +193,16 @@ for command in "write mean.def --force mean.opt", "doc definition mean.def", "do
     os.close(parent)
     expect(f"{command} on a terminal", (unsafe.findall(seen), escaped[:begin + 3] in seen), ([], True))
 
+# The characters that deceive are these, not those before and behind each range.
+deceiving = [(int(first, 16), int(last or first, 16)) for first, _, last in (word.partition("-") for word in (
+    "80-9f ad 34f 61c 115f-1160 17b4-17b5 180b-180f 200b-200f 2028-202e 2060-206f 3164 fe00-fe0f feff ffa0 fff0-fffb "
+    "1bca0-1bca3 1d173-1d17a e0000-e0fff").split())]
+codes = {code for first, last in deceiving for code in (first - 1, first, last, last + 1)} - {0x7F}
+write("codes.def", "".join(f'w{code} string 1 "a{chr(code)}b" 1 1\n' for code in codes))
+out = run("wexcorin show codes.def")[0]
+expect("which characters are shown", {code for code in codes if f"a{chr(code)}b" in out},
+       {code for code in codes if not any(first <= code <= last for first, last in deceiving)})
+
 # Each byte that is not part of valid UTF-8 is shown as the Latin-1 character that it stands for.
 codecs.register_error("latin", lambda error: (chr(error.object[error.start]), error.start + 1))
 texts = [bytes(text) for text in itertools.product(b"\x7f\x80\xc1\xc2\xdf\xe0\xe1\xed\xef\xf0\xf1\xf4\xf5",
@@ -158,6 +212,8 @@ write("bytes.def", "".join(f'w{number} string 1 "{text.decode("utf-8", "surrogat
 expect("bytes as characters",
        [option["value"] for option in json.loads(run("wexcorin show bytes.def --json")[0])["options"][1:]],
        [text.decode("utf-8", "latin") for text in texts])
+
+unread.expect_error("unread", "No program reads from it")
 
 # ---- interrupted: at every system call of the writing the path has its old contents or the new ones
 

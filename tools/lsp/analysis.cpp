@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "tools/lsp/uri.h"
+#include "tools/outofmemory.h"
 
 namespace tool::lsp {
 
@@ -143,7 +144,7 @@ std::shared_ptr<const tsnapshot> tanalysis::run(const tdocumentstate& document) 
   try {
     read(document, *result);
   } catch (const std::exception& error) {
-    result->problem = error.what();
+    result->problem = problemtext(error);
   }
   return result;
 }

@@ -54,7 +54,7 @@ class tdefinitionactions {
   }
 
   void replace(std::int32_t line, tspan span, const std::string& word) {
-    add(line, "Change to " + inquotes(utf8(word)), span, word);
+    add(line, "Change to " + inquotes(printable(word)), span, word);
   }
 
   // What check suggests for this line.

@@ -77,8 +77,9 @@ class tcompletion {
 
   json& add(const std::string& label, int kind, const std::string& detail, tspan replaced,
             const std::string& text) {
-    json item = {{"label", label}, {"kind", kind}};
-    if (!detail.empty()) item["detail"] = detail;
+    json item = {{"label", printable(label)}, {"kind", kind}};
+    if (!detail.empty()) item["detail"] = printable(detail);
+    if (item["label"] != label) item["filterText"] = label;
     std::string number = std::to_string(fitems.size());
     item["sortText"] = std::string(5 - std::min<std::size_t>(number.size(), 5), '0') + number;
     item["textEdit"] = {{"range", rangejson(*fdocument.text(), fline.intext(replaced), fclient.encoding)},
@@ -157,7 +158,7 @@ class tcompletion {
   void groups() {
     for (const tdefinitionindex::tentry& each : findex.entries())
       if (each.kind == tdefinitionindex::tkind::group)
-        add(std::to_string(each.number), kindreference, utf8(each.text));
+        add(std::to_string(each.number), kindreference, each.text);
     add("0", kindvalue, "no group: help does not list the option");
   }
 
@@ -200,8 +201,8 @@ class tcompletion {
 
   json& addname(const tdefinitionindex::tentry& entry) {
     json& item = add(utf8(entry.name), kindreference,
-                     std::string(entry.keyword) + (entry.text.empty() ? "" : ": " + utf8(entry.text)), word(),
-                     std::string(entry.name));
+                     std::string(entry.keyword) + (entry.text.empty() ? "" : ": " + std::string(entry.text)),
+                     word(), std::string(entry.name));
     const optcore::tvksoptions* store = fdocument.store();
     const std::int32_t position = store == nullptr ? -1 : store->definition().indexof(entry.name);
     if (position >= 0) item["data"] = {{"uri", fdocument.uri()}, {"option", position}};

@@ -48,7 +48,7 @@ class toutline {
   }
 
  private:
-  static std::string nameof(const tentry& entry) { return utf8(entry.name); }
+  static std::string nameof(const tentry& entry) { return printable(entry.name); }
 
   const tentry* parentof(const tentry& entry) const {
     if (entry.kind == tentrykind::option) return entry.number > 0 ? groupof(entry.number) : nullptr;
@@ -78,7 +78,7 @@ class toutline {
     fwritten += "{\"name\":";
     appendtext(fwritten, nameof(entry));
     std::string detail(entry.keyword);
-    if (!entry.text.empty()) detail.append(": ").append(utf8(entry.text));
+    if (!entry.text.empty()) detail.append(": ").append(printable(entry.text));
     fwritten += ",\"detail\":";
     appendtext(fwritten, detail);
     fwritten.append(",\"kind\":")

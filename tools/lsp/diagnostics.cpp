@@ -84,8 +84,8 @@ tspan meantinoptions(const tfinding& finding, std::string_view line, const tline
 }
 
 std::string messageof(const tfinding& finding) {
-  std::string result = utf8(messagetext(finding));
-  for (const std::string& note : notesof(finding)) result += "\n" + utf8(note);
+  std::string result = printable(messagetext(finding));
+  for (const std::string& note : notesof(finding)) result += "\n" + printable(note);
   return result;
 }
 
@@ -162,7 +162,7 @@ json tconversion::related(const tfinding& finding) {
     result.push_back(
         {{"location",
           {{"uri", fworkspace.documents.uriof(key)}, {"range", rangejson(*text, span, encoding())}}},
-         {"message", utf8(each.text)}});
+         {"message", printable(each.text)}});
   }
   return result;
 }

@@ -83,7 +83,8 @@ std::string response(const json& id, tanswer answer) {
     return line.append(",\"result\":").append(text->text).append("}");
   }
   if (const auto* problem = std::get_if<terror>(&answer))
-    result["error"] = {{"code", static_cast<std::int32_t>(problem->code)}, {"message", problem->text}};
+    result["error"] = {{"code", static_cast<std::int32_t>(problem->code)},
+                       {"message", printable(problem->text)}};
   else
     result["result"] = std::move(std::get<json>(answer));
   return written(result);

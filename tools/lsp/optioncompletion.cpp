@@ -39,11 +39,12 @@ json itemof(const tcandidate& candidate, std::size_t position, const json& range
   const auto otherwise =
       candidate.kind == tcandidatekind::folder ? tcandidatekind::file : tcandidatekind::value;
   const int kind = client.completionkind(static_cast<int>(candidate.kind), static_cast<int>(otherwise));
-  json result = {{"label", candidate.text},
+  json result = {{"label", printable(candidate.text)},
                  {"kind", kind},
                  {"sortText", fivedigits(position)},
                  {"textEdit", {{"range", range}, {"newText", candidate.text}}}};
-  if (!candidate.detail.empty()) result["detail"] = candidate.detail;
+  if (!candidate.detail.empty()) result["detail"] = printable(candidate.detail);
+  if (result["label"] != candidate.text) result["filterText"] = candidate.text;
   if (candidate.isnear) result["filterText"] = utf8(typed.beginning);
   if (candidate.option >= 0)
     result["data"] = {{"uri", request.document()->uri()}, {"option", candidate.option}};

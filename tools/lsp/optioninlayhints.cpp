@@ -37,7 +37,7 @@ tanswer optioninlayhints(const trequest& request) {
       if (label.empty()) continue;
       const std::size_t end = line.span.begin + std::max(each.value.end, each.second.end);
       const json place = rangejson(text, {end, end}, request.encoding());
-      result.push_back({{"position", place["start"]}, {"label", label}, {"paddingLeft", true}});
+      result.push_back({{"position", place["start"]}, {"label", printable(label)}, {"paddingLeft", true}});
     }
     return line.number < last;
   });

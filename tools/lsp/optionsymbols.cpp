@@ -36,7 +36,7 @@ tspan namespan(const tstatementspans& statement) {
 std::string detailof(const tstatementspans& statement, std::string_view line) {
   const std::string_view rest = line.substr(statement.name.end, statement.whole.end - statement.name.end);
   const std::size_t begin = rest.find_first_not_of(" \t=:");
-  return begin == std::string_view::npos ? "" : utf8(rest.substr(begin));
+  return begin == std::string_view::npos ? "" : printable(rest.substr(begin));
 }
 
 json symbolof(const toptionline& line, const tstatementspans& statement, const tdocument& document,
@@ -44,7 +44,7 @@ json symbolof(const toptionline& line, const tstatementspans& statement, const t
   const tspan name = namespan(statement);
   const tspan whole = {std::min(statement.whole.begin, name.begin), std::max(statement.whole.end, name.end)};
   const json range = rangejson(*document.text(), line.intext(whole), request.encoding());
-  json result = {{"name", utf8(name.of(line.text))},
+  json result = {{"name", printable(name.of(line.text))},
                  {"kind", request.workspace.client.symbolkind(kindof(statement))}};
   if (request.workspace.client.can("textDocument", "documentSymbol", "hierarchicalDocumentSymbolSupport")) {
     result["range"] = range;

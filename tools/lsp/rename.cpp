@@ -32,7 +32,7 @@ tanswer rename(const trequest& request) {
   if (!renamed) return terror{tcode::requestfailed, "There is no option, synonym or group here to rename"};
   const std::string name = namefrom(*renamed, textof(member(request.params, "newName")));
   if (std::string problem = problemofname(*renamed, name); !problem.empty())
-    return terror{tcode::invalidparams, utf8(problem)};
+    return terror{tcode::invalidparams, problem};
   trenaming result = renaming(request, *renamed, name);
   if (auto* problem = std::get_if<terror>(&result)) return std::move(*problem);
   return workspaceeditjson(std::get<tworkspaceedits>(result), request.workspace);

@@ -127,9 +127,9 @@ void read(tvksoptions& store, std::string_view text) {
 
 terror othermeaning(const trequest& request, const std::string& key, std::int32_t line) {
   const tdocument* document = request.workspace.documents.withkey(key);
-  return {tcode::requestfailed,
-          utf8("With this name, line " + std::to_string(line) + " of " +
-               (document != nullptr ? document->name() : key) + " would mean something else")};
+  return {tcode::requestfailed, "With this name, line " + std::to_string(line) + " of " +
+                                    (document != nullptr ? document->name() : key) +
+                                    " would mean something else"};
 }
 
 }  // namespace

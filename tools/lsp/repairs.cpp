@@ -58,7 +58,7 @@ class trepairs {
 
 void trepairs::add(const tchange& change, bool preferred) {
   const std::string before(change.span.of(fline.text));
-  fresult.push_back({"Replace " + utf8(inquotes(before)) + " by " + utf8(inquotes(change.text)),
+  fresult.push_back({"Replace " + printable(inquotes(before)) + " by " + printable(inquotes(change.text)),
                      {fline.intext(change.span), change.text},
                      preferred && change.clean});
 }

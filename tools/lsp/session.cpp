@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "tools/lsp/features.h"
+#include "tools/outofmemory.h"
 
 namespace tool::lsp {
 
@@ -90,7 +91,8 @@ void tsession::handlerequest(tarrival& arrival) {
   if (!ftraces) return;
   const auto time =
       std::chrono::duration_cast<std::chrono::microseconds>(tinbox::tclock::now() - begin).count();
-  tell("$/logTrace", {{"message", arrival.message.method + ": " + std::to_string(time) + " microseconds"}});
+  const std::string what = printable(arrival.message.method) + ": " + std::to_string(time);
+  tell("$/logTrace", {{"message", what + " microseconds"}});
 }
 
 tanswer tsession::answerto(const tarrival& arrival) {
@@ -116,7 +118,7 @@ tanswer tsession::answerto(const tarrival& arrival) {
     try {
       return feature.answer(request);
     } catch (const std::exception& error) {
-      return terror{tcode::internalerror, utf8(error.what())};
+      return terror{tcode::internalerror, problemtext(error)};
     }
   }
   return terror{tcode::methodnotfound, "There is no request " + inquotes(message.method)};
@@ -165,7 +167,7 @@ void tsession::tell(std::string_view method, json params) {
 
 void tsession::log(const std::string& text) {
   constexpr int error = 1;
-  tell("window/logMessage", {{"type", error}, {"message", utf8(text)}});
+  tell("window/logMessage", {{"type", error}, {"message", printable(text)}});
 }
 
 int serve(const tserving& serving) { return tsession(serving).run(); }

@@ -75,7 +75,7 @@ class tsignature {
     if (fparts.keyword.empty())
       add("type", "What the line defines, such as integer, enumstr or group.");
     else
-      fparameters.push_back({utf8(word.of(fline.text)), meaningof(fparts.keyword)});
+      fparameters.push_back({printable(word.of(fline.text)), meaningof(fparts.keyword)});
     if (fparts.keyword == "synonym") add("option", "The name of an option that stands above.");
   }
 

@@ -2,16 +2,16 @@
 #include "tools/lsp/sources.h"
 
 #include <filesystem>
-#include <fstream>
 #include <system_error>
 
 #include "tools/lsp/uri.h"
+#include "tools/reading/regularfile.h"
 
 namespace tool::lsp {
 
 namespace {
 
-constexpr std::uintmax_t largest = 64 * 1024 * 1024;
+constexpr std::uint64_t largest = 64 * 1024 * 1024;
 
 // A pipe or a device is never opened: what it gives may be meant for another program, and it may never end.
 constexpr const char* unreadable = "/dev/null/unreadable";
@@ -26,16 +26,8 @@ bool isspecial(const std::string& path) {
 }  // namespace
 
 std::shared_ptr<const ttext> loadtext(const std::string& path) {
-  std::error_code problem;
-  if (!std::filesystem::is_regular_file(path, problem)) return nullptr;
-  const std::uintmax_t size = std::filesystem::file_size(path, problem);
-  if (problem || size > largest) return nullptr;
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return nullptr;
-  std::string bytes(static_cast<std::size_t>(size), '\0');
-  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  bytes.resize(static_cast<std::size_t>(file.gcount()));
-  return std::make_shared<const ttext>(std::move(bytes));
+  auto bytes = tregularfile(path).contents(largest);
+  return bytes ? std::make_shared<const ttext>(std::move(*bytes)) : nullptr;
 }
 
 std::shared_ptr<const ttext> tsources::load(const std::string& key) const {

@@ -95,13 +95,13 @@ tanswer workspacesymbols(const trequest& request) {
   for (const thit& hit : hits) {
     if (result.size() == mostsymbols) break;
     json symbol = {
-        {"name", utf8(hit.entry->name)},
+        {"name", printable(hit.entry->name)},
         {"kind", request.workspace.client.symbolkind(kindof(*hit.entry))},
         {"location", locationjson(hit.source->uri, *hit.source->text, hit.entry->span, request.encoding())}};
     if (const auto* group = hit.entry->kind == tdefinitionindex::tkind::option && hit.entry->number > 0
                                 ? hit.source->index->group(hit.entry->number)
                                 : nullptr)
-      symbol["containerName"] = utf8(group->text);
+      symbol["containerName"] = printable(group->text);
     result.push_back(std::move(symbol));
   }
   return result;

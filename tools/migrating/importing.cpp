@@ -253,7 +253,7 @@ bool importassignments(const std::string& name, tdefinitions& definitions, bool 
   tmigratedfile& file = files.emplace_back();
   file.name = file.root = name;
   file.before = std::move(*contents);
-  file.isread = true;
+  file.isread = file.isnamed = true;
   timport(definitions.newtrial(), clamps, file).run();
   return true;
 }

@@ -9,6 +9,7 @@
 
 #include "tools/migrating/note.h"
 #include "tools/migrating/unifieddiff.h"
+#include "tools/reading/findings.h"
 
 namespace tool {
 
@@ -43,7 +44,9 @@ struct tmigratedfile {
   std::vector<treplacedlines> replaced;
   tnotelist notes;
   bool isread = false;      // to its end
+  bool isnamed = false;     // on the command line
   bool isincluded = false;  // by another file
+  tplace includedat{};      // the first line that includes it
 
   // Lines that end with a line end, or the last line. `text` without a line end at its end, if the lines
   // before have none.

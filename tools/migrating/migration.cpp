@@ -1,14 +1,12 @@
 // Collects what each line does, and writes its file anew line by line.
 #include "tools/migrating/migration.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <utility>
 
 #include "input/linereader.h"
+#include "tools/reading/regularfile.h"
 
 namespace tool {
 
@@ -40,16 +38,7 @@ bool tdefinitions::readnewer(const std::string& filename) {
   return true;
 }
 
-std::optional<std::string> contentsof(const std::string& path) {
-  struct stat status {};
-  if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
-  std::ifstream file(path, std::ios::binary);
-  std::string result;
-  result.reserve(static_cast<std::size_t>(status.st_size));
-  result.assign(std::istreambuf_iterator<char>(file), {});
-  if (!file) return std::nullopt;
-  return result;
-}
+std::optional<std::string> contentsof(const std::string& path) { return tregularfile(path).contents(); }
 
 // ---- files
 
@@ -65,11 +54,14 @@ bool tmigration::run(const std::string& filename) {
   reading.follow(this);
   const bool opened = reading.readoptions({{}, {filename}, {}});
   reading.follow(nullptr);
-  if (!opened)
+  if (!opened) {
     reportproblems(reading.findings());
-  else if (fileof(filename).isread)
-    pin(fileof(filename));
-  return opened;
+    return false;
+  }
+  tmigratedfile& file = fileof(filename);
+  file.isnamed = true;
+  if (file.isread) pin(file);
+  return true;
 }
 
 tmigratedfile& tmigration::fileof(const std::string& name) {
@@ -88,7 +80,8 @@ void tmigration::enter(const tlinesource& source) {
   const std::string name(source.sourcename());
   tmigratedfile& file = fileof(name);
   if (!fopen.empty()) {
-    file.isincluded = true;
+    if (!std::exchange(file.isincluded, true))
+      file.includedat = {std::string(source.includer()->sourcename()), source.includer()->linenr()};
     fnewnobounds = fnewnobounds || (fopen.back()->meaning.hasimmediate() && fstore->nobounds());
   }
   auto open = std::make_unique<topen>();
@@ -123,7 +116,9 @@ void tmigration::finish(topen& open) {
     const tmigratedfile before = std::exchange(file, std::move(open.result));
     file.name = before.name;
     file.root = before.root;
+    file.isnamed = before.isnamed;
     file.isincluded = before.isincluded;
+    file.includedat = before.includedat;
     file.isread = true;
   } else {
     decide("It could not be read to its end, so it is not migrated");

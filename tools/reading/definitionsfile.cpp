@@ -3,12 +3,11 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <fstream>
 #include <iterator>
 #include <nlohmann/json.hpp>
-#include <sstream>
 #include <string_view>
 
+#include "tools/reading/regularfile.h"
 #include "tools/text.h"
 
 namespace tool {
@@ -163,11 +162,13 @@ bool tdefinitionsreader::parse_error(std::size_t /*position*/, const std::string
 }  // namespace
 
 tdefinitionsfile readdefinitionsfile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  if (!file || !(text << file.rdbuf())) return {{}, "The file cannot be read, or is empty", 0};
-  const std::string contents = text.str();
-  return tdefinitionsreader(contents).run();
+  constexpr std::uint64_t most = 1024 * 1024;
+  tregularfile file(path);
+  if (file.size() > most) return {{}, "The file has more than 1 MiB", 0};
+  if (!file.isopen()) return {{}, "The file cannot be read, or is no regular file", 0};
+  const auto contents = file.contents(most);
+  if (!contents || contents->empty()) return {{}, "The file cannot be read, or is empty", 0};
+  return tdefinitionsreader(*contents).run();
 }
 
 }  // namespace tool

@@ -2,14 +2,13 @@
 #include "tools/reading/earlyend.h"
 
 #include <algorithm>
-#include <array>
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string_view>
 
 #include "base/textcase.h"
+#include "input/linereader.h"
 #include "options/codes.h"
+#include "tools/reading/regularfile.h"
 #include "tools/text.h"
 
 namespace tool {
@@ -22,24 +21,24 @@ struct tlines {
   std::string last;   // the line at which the library stopped
   std::string above;  // the line before it that begins a definition
   bool blankabove;    // a line of blanks stands between the two
-  bool isattheend;
+  bool isattheend;    // it is the last one, and only marks the end
 };
 
-bool isregular(const std::string& path) {
-  std::error_code problem;
-  return std::filesystem::is_regular_file(path, problem);
-}
-
+// The library's reader keeps the beginning of a long line only, and ends where the library does.
 tlines linesupto(const std::string& path, std::int32_t number) {
-  std::ifstream file(path, std::ios::binary);
+  twaiting waiting;
+  tlinereader reader;
   tlines result{};
-  for (std::int32_t i = 1; i <= number && std::getline(file, result.last); ++i) {
-    if (result.last.ends_with('\r')) result.last.pop_back();
+  if (reader.open(path, waiting) != 0) return result;
+  for (std::int32_t i = 1; i <= number; ++i) {
+    const tlinereader::tline line = reader.next();
+    if (line.text == nullptr) break;
+    result.last.assign(line.text, line.length);
     if (result.last.empty() || result.last[0] == '*' || i == number) continue;
     if (result.last[0] != ' ') result.above = result.last;
     result.blankabove = result.last.find_first_not_of(" \t") == std::string::npos;
   }
-  result.isattheend = file.peek() == std::ifstream::traits_type::eof();
+  result.isattheend = result.last == "\x1a" && reader.next().text == nullptr;
   return result;
 }
 
@@ -80,19 +79,17 @@ std::string reasonof(const tlines& lines) {
 }  // namespace
 
 bool isutf16(const std::string& path) {
-  if (!isregular(path)) return false;
-  std::ifstream file(path, std::ios::binary);
-  std::array<char, 2> bytes{};
-  if (!file.read(bytes.data(), bytes.size())) return false;
-  const std::string_view text(bytes.data(), bytes.size());
+  tregularfile file(path);
+  const std::string_view text = file.next().substr(0, 2);
+  if (text.size() < 2) return false;
   return text == "\xFF\xFE" || text == "\xFE\xFF" || (text[0] == '\0') != (text[1] == '\0');
 }
 
 std::string reasonofearlyend(const std::string& path, std::int32_t line) {
-  if (!isregular(path)) return "because no line of a definition can begin like this one";
+  if (!tregularfile(path).isopen()) return "because no line of a definition can begin like this one";
   if (isutf16(path)) return "";  // which is reported
   const tlines lines = linesupto(path, line);
-  return lines.isattheend && lines.last == "\x1a" ? "" : reasonof(lines);
+  return lines.isattheend ? "" : reasonof(lines);
 }
 
 }  // namespace tool

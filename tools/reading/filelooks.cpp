@@ -3,13 +3,12 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string_view>
 
 #include "base/textcase.h"
 #include "options/codes.h"
+#include "tools/reading/regularfile.h"
 
 namespace tool {
 
@@ -55,13 +54,7 @@ tlooks looksoflines(const std::vector<std::string>& lines) {
 }  // namespace
 
 std::vector<std::string> firstlines(const std::string& filename) {
-  std::error_code problem;
-  if (!std::filesystem::is_regular_file(filename, problem)) return {};
-  std::ifstream file(filename, std::ios::binary);
-  std::string text(mostread, '\0');
-  file.read(text.data(), static_cast<std::streamsize>(text.size()));
-  text.resize(static_cast<std::size_t>(file.gcount()));
-  return linesof(text);
+  return linesof(std::string(tregularfile(filename).next().substr(0, mostread)));
 }
 
 tlooks looksof(const std::string& filename) { return looksoflines(firstlines(filename)); }

@@ -2,9 +2,6 @@
 #include "tools/reading/linewarnings.h"
 
 #include <algorithm>
-#include <array>
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string_view>
 #include <utility>
@@ -14,6 +11,7 @@
 #include "input/linereader.h"
 #include "options/codes.h"
 #include "tools/reading/earlyend.h"
+#include "tools/reading/regularfile.h"
 
 namespace tool {
 
@@ -137,16 +135,13 @@ void tlinewatch::line(std::int32_t number, const tbytesofline& line) {
 
 void warnoflines(const std::string& path, const std::string& name, tfilekind kind, std::int32_t last,
                  const std::function<void(tfinding)>& add) {
-  std::error_code problem;
-  if (!std::filesystem::is_regular_file(path, problem) || isutf16(path)) return;
-  std::ifstream file(path, std::ios::binary);
+  if (isutf16(path)) return;
+  tregularfile file(path);
   tlinewatch watch(name, kind, add);
-  std::array<char, 64 * 1024> block{};
   tlongline line;
   std::int32_t number = 1;
   const auto reads = [&] { return last == 0 || number <= last; };
-  while (reads() && (file.read(block.data(), block.size()), file.gcount() > 0)) {
-    std::string_view rest(block.data(), static_cast<std::size_t>(file.gcount()));
+  for (std::string_view rest = file.next(); reads() && !rest.empty(); rest = file.next()) {
     const bool isplain =
         rest.find('\r') == rest.npos && rest.find('\0') == rest.npos && rest.find('\x1a') == rest.npos;
     while (!rest.empty() && reads()) {

@@ -11,6 +11,7 @@
 #include "base/numtext.h"
 #include "output/parameterwriter.h"
 #include "tools/commands.h"
+#include "tools/outofmemory.h"
 #include "tools/reading/advice.h"
 #include "tools/reading/definitionwarnings.h"
 #include "tools/reading/earlyend.h"
@@ -185,7 +186,7 @@ bool treading::write(const std::string& name, const std::string& path, bool exac
 bool treading::collect(const std::string& name, const std::function<std::int32_t()>& action) {
   fsource = name;
   // with a full list of messages, the code may be that of a file that was opened but not read to its end
-  const bool opened = action() == 0 || fstore.messages().full();
+  const bool opened = namingfile(name, action) == 0 || fstore.messages().full();
   fstore.optclearmessages();
   ffindings.end();
   return opened;

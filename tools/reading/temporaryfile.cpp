@@ -2,6 +2,7 @@
 #include "tools/reading/temporaryfile.h"
 
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
@@ -10,6 +11,8 @@
 
 #include "input/linereader.h"
 #include "output/textfile.h"
+#include "tools/outofmemory.h"
+#include "tools/reading/regularfile.h"
 
 namespace tool {
 
@@ -20,7 +23,7 @@ namespace {
 }
 
 // Reads up to the end of the file. `what` names it in the error.
-std::string readall(int descriptor, const char* what) {
+std::string readall(int descriptor, const char* what, std::uint64_t most = tregularfile::mostbytes) {
   std::string result;
   std::array<char, 65536> block;
   for (;;) {
@@ -29,6 +32,7 @@ std::string readall(int descriptor, const char* what) {
     if (count < 0) fail(std::string("cannot read ") + what);
     if (count == 0) return result;
     result.append(block.data(), static_cast<std::size_t>(count));
+    if (result.size() > most) fail(std::string("cannot read ") + what, EFBIG);
   }
 }
 
@@ -72,6 +76,14 @@ std::string ttemporaryfile::contents() const {
   return readall(fdescriptor, "a temporary file");
 }
 
-std::string readstandardinput() { return readall(STDIN_FILENO, "standard input"); }
+// As the library reads a file of that kind: a device may never end.
+std::string readstandardinput() {
+  constexpr std::uint64_t mostofdevice = 16 * 1024 * 1024;
+  struct stat status {};
+  const bool isdevice = fstat(STDIN_FILENO, &status) == 0 && S_ISCHR(status.st_mode);
+  return namingfile("standard input", [&] {
+    return readall(STDIN_FILENO, "standard input", isdevice ? mostofdevice : tregularfile::mostbytes);
+  });
+}
 
 }  // namespace tool

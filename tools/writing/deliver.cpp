@@ -1,8 +1,6 @@
 // Writes the result of a command.
 #include "tools/writing/deliver.h"
 
-#include "base/systemerror.h"
-
 namespace tool {
 
 namespace {
@@ -35,7 +33,7 @@ bool sparesfiles(const toutputfile& output, const tfilemarks& files, treading& r
 bool deliver(const toutputfile& output, std::string_view contents, treading& reading) {
   if (!sparesfiles(output, reading.filesread(), reading)) return false;
   const std::int32_t code = output.write(contents);
-  return code == 0 || failed(output, optcore::systemerrortext(code), reading);
+  return code == 0 || failed(output, writeproblem(code), reading);
 }
 
 }  // namespace tool

@@ -9,8 +9,12 @@
 #include <filesystem>
 #include <iostream>
 
+#include "base/heldsignals.h"
 #include "base/numtext.h"
+#include "base/systemerror.h"
+#include "base/waiting.h"
 #include "tools/text.h"
+#include "tools/writing/descriptor.h"
 #include "tools/writing/replacement.h"
 
 namespace tool {
@@ -39,17 +43,22 @@ tpath follow(const tpath& link, std::error_code& problem) {
   return target.is_absolute() ? target : link.parent_path() / target;
 }
 
-std::int32_t writeto(int descriptor, std::string_view contents) {
-  const std::string shown = isatty(descriptor) == 1 ? printabletext(contents) : std::string();
-  return writeall(descriptor, shown.empty() ? contents : shown);
+// What is written to the descriptor: on a terminal, escapes for whatever could control it.
+std::string shownon(int descriptor, std::string_view contents) {
+  return isatty(descriptor) == 1 ? printabletext(contents) : std::string(contents);
 }
 
-// Writes to what is no regular file, such as a device or a FIFO.
+// Writes to what is no regular file, such as a device or a FIFO. While it was opened, the path could have
+// become that of another file, which is not touched.
 std::int32_t writedirectly(const std::string& path, std::string_view contents) {
-  const int descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
-  if (descriptor < 0) return errno;
-  const std::int32_t code = writeto(descriptor, contents);
-  return close(descriptor) != 0 && code == 0 ? errno : code;
+  optcore::twaiting waiting;
+  const tdescriptor opened(waiting.open(path.c_str(), O_WRONLY | O_NOFOLLOW));
+  std::int32_t code = opened.get() < 0 ? errno : 0;
+  struct stat file {};
+  if (code == 0 && fstat(opened.get(), &file) != 0) code = errno;
+  if (code == 0 && S_ISREG(file.st_mode)) code = EBUSY;
+  if (code == 0) code = optcore::writeall(opened.get(), shownon(opened.get(), contents), &waiting);
+  return code == ETIMEDOUT ? noreader : code;
 }
 
 }  // namespace
@@ -76,12 +85,16 @@ bool toutputfile::isoneof(const tfilemarks& files) const {
 std::int32_t toutputfile::write(std::string_view contents, const std::string& model) const {
   if (fdescriptor) {
     std::cout.flush();
-    return writeto(*fdescriptor, contents);
+    return writeall(*fdescriptor, shownon(*fdescriptor, contents));
   }
   struct stat file {};
   if (stat(fpath.c_str(), &file) != 0) return errno == ENOENT ? replacefile(fpath, contents, model) : errno;
   if (S_ISDIR(file.st_mode)) return EISDIR;
   return S_ISREG(file.st_mode) ? replacefile(fpath, contents, model) : writedirectly(fpath, contents);
+}
+
+std::string_view writeproblem(std::int32_t code) {
+  return code == noreader ? "No program reads from it" : optcore::systemerrortext(code);
 }
 
 }  // namespace tool

@@ -12,6 +12,9 @@
 
 namespace tool {
 
+// No program reads from the FIFO, or from the terminal or pipe, in time.
+inline constexpr std::int32_t noreader = -1;
+
 class toutputfile {
  public:
   // Takes the name on the command line: "-" is standard output. Opens nothing.
@@ -23,9 +26,9 @@ class toutputfile {
   // Whether writing would destroy one of these files.
   bool isoneof(const tfilemarks& files) const;
 
-  // Writes the contents. Returns 0 or the system's error code; a regular file is then as it was. On a terminal
-  // whatever could control it is shown as an escape. With a model, another file, a regular file gets the
-  // permissions of that file.
+  // Writes the contents. Returns 0, the system's error code or `noreader`; a regular file is then as it was. On
+  // a terminal whatever could control it is shown as an escape. With a model, another file, a regular file gets
+  // the permissions of that file.
   std::int32_t write(std::string_view contents, const std::string& model = {}) const;
 
  private:
@@ -33,5 +36,8 @@ class toutputfile {
   std::string fpath;               // where symbolic links lead
   std::optional<int> fdescriptor;  // one of this process that the name stands for, such as /dev/stdout
 };
+
+// What a result of writing that is not 0 says to people.
+std::string_view writeproblem(std::int32_t code);
 
 }  // namespace tool

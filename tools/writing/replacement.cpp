@@ -14,6 +14,8 @@
 #include <filesystem>
 #include <optional>
 
+#include "tools/writing/descriptor.h"
+
 namespace tool {
 
 namespace {
@@ -28,20 +30,6 @@ int succeeded(int result) {
   if (result < 0) throw tfailure{errno};
   return result;
 }
-
-class tdescriptor {
- public:
-  explicit tdescriptor(int descriptor) : fdescriptor(descriptor) {}
-  ~tdescriptor() {
-    if (fdescriptor >= 0) close(fdescriptor);
-  }
-  tdescriptor(const tdescriptor&) = delete;
-  tdescriptor& operator=(const tdescriptor&) = delete;
-  int get() const { return fdescriptor; }
-
- private:
-  int fdescriptor;
-};
 
 // Holds all signals back, so that none ends the program while a temporary name exists.
 class tsignalsheld {
