@@ -1,7 +1,7 @@
 """A client of the language server for tests: it starts `wexcorin lsp`, sends messages and reads answers. One server
 serves many cases. The program is the first argument of the test, which is run in the repository's root."""
 import json, os, select, subprocess, sys, time
-from urllib.parse import quote
+from urllib.parse import quote, unquote
 
 TOOL = os.path.abspath(sys.argv[1])
 failures = []
@@ -145,6 +145,35 @@ class Client:
         except subprocess.TimeoutExpired:
             self.process.kill()
             return "does not end"
+
+
+# An answer in short: a place as "line:column", a range as "place-place", a file by its name, and of the items of a
+# completion those fields that not all of them have.
+def short(value):
+    if isinstance(value, list):
+        return [short(each) for each in value]
+    if isinstance(value, str):
+        return unquote(value.rpartition("/")[2]) if value.startswith("file:") else value
+    if not isinstance(value, dict):
+        return value
+    if value.keys() == {"line", "character"}:
+        return f'{value["line"]}:{value["character"]}'
+    if value.keys() == {"start", "end"}:
+        return short(value["start"]) + "-" + short(value["end"])
+    return {short(key): short(each) for key, each in value.items()}
+
+
+# Each item of a completion as "label [kind] detail", the range and its new text, and the further fields. The
+# items must be numbered in their order.
+def items(answer):
+    result = []
+    for number, item in enumerate(answer["items"]):
+        item = short(item)
+        expect(f'the place of the item {item["label"]}', item.pop("sortText"), f"{number:05}")
+        edit = item.pop("textEdit")
+        text = f'{item.pop("label")} [{item.pop("kind")}] {item.pop("detail", "-")}'
+        result.append((text, edit["range"], edit["newText"], *([item] if item else [])))
+    return result
 
 
 # The text with the edits; columns are counted in UTF-16.
