@@ -1,6 +1,6 @@
 """A client of the language server for tests: it starts `wexcorin lsp`, sends messages and reads answers. One server
 serves many cases. The program is the first argument of the test, which is run in the repository's root."""
-import json, os, select, subprocess, sys, time
+import contextlib, json, os, select, subprocess, sys, time
 from urllib.parse import quote, unquote
 
 TOOL = os.path.abspath(sys.argv[1])
@@ -35,6 +35,15 @@ class Client:
     def send_bytes(self, data):
         self.process.stdin.write(data)
         self.process.stdin.flush()
+
+    # What is sent inside arrives at once, so that the server does not begin anything in between.
+    @contextlib.contextmanager
+    def together(self):
+        pieces = []
+        self.send_bytes = pieces.append
+        yield
+        del self.send_bytes
+        self.send_bytes(b"".join(pieces))
 
     def send(self, message):
         body = json.dumps(message).encode()
@@ -88,9 +97,12 @@ class Client:
             and self.answers.pop(id)
 
     # The result of a request, or its error.
-    def request(self, method, params):
-        answer = self.answer(self.ask(method, params))
+    def result(self, id):
+        answer = self.answer(id)
         return answer["error"] if "error" in answer else answer["result"]
+
+    def request(self, method, params):
+        return self.result(self.ask(method, params))
 
     # ---- documents; they are named by their paths
 
@@ -118,10 +130,14 @@ class Client:
         del self.versions[path]
         self.notify("textDocument/didClose", {"textDocument": {"uri": uri(path)}})
 
-    # A request about a place in a document.
-    def at(self, method, path, line, character, **more):
-        return self.request("textDocument/" + method, {
-            "textDocument": {"uri": uri(path)}, "position": {"line": line, "character": character}, **more})
+    # A request about a place in a document, after changes of it.
+    def at(self, method, path, line, character, changes=(), **more):
+        with self.together():
+            if changes:
+                self.change(path, *changes)
+            asked = self.ask("textDocument/" + method, {
+                "textDocument": {"uri": uri(path)}, "position": {"line": line, "character": character}, **more})
+        return self.result(asked)
 
     # The next diagnostics of the file; of a document, those of its last version.
     def diagnostics(self, path):

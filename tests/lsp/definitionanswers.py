@@ -166,7 +166,8 @@ for line, declared, wanted in (
 
 # ---- the outline
 
-expect("the outline", short(asked(client, "documentSymbol", "|")), [{"name": "general", "detail": "group: General options", "kind": 3, "range": "0:0-0:33",
+expect("the outline", short(asked(client, "documentSymbol", "|")),
+       [{"name": "general", "detail": "group: General options", "kind": 3, "range": "0:0-0:33",
          "selectionRange": "0:0-0:7",
          "children": [{"name": "gap_tol", "detail": "double: Gap", "kind": 7, "range": "2:0-3:25",
            "selectionRange": "2:0-2:7", "tags": [1]},
@@ -184,7 +185,8 @@ expect("the outline", short(asked(client, "documentSymbol", "|")), [{"name": "ge
              "selectionRange": "5:0-5:6"}]}]},
         {"name": "show", "detail": "immediate: Show", "kind": 7, "range": "12:0-12:31",
          "selectionRange": "12:0-12:4"}])
-expect("a list of symbols", short(asked(plain, "documentSymbol", "|")), [{"kind": 3, "location": {"range": "0:0-0:33", "uri": "solver.def"}, "name": "general"},
+expect("a list of symbols", short(asked(plain, "documentSymbol", "|")),
+       [{"kind": 3, "location": {"range": "0:0-0:33", "uri": "solver.def"}, "name": "general"},
         {"kind": 3, "location": {"range": "1:0-1:23", "uri": "solver.def"}, "name": "limits"},
         {"containerName": "general", "kind": 7, "location": {"range": "2:0-3:25", "uri": "solver.def"},
          "name": "gap_tol"},

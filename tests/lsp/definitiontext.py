@@ -45,8 +45,8 @@ def asked(client, method, line, **more):
     plain = line.replace("|", "", 1)
     text = TEXT.replace(plain, line, 1) if plain and plain in TEXT else TEXT + line
     before = text[:text.index("|")]
-    client.change(MAIN, text.replace("|", "", 1))
-    answer = client.at(method, MAIN, before.count("\n"), len(before) - before.rfind("\n") - 1, **more)
+    answer = client.at(method, MAIN, before.count("\n"), len(before) - before.rfind("\n") - 1,
+                       changes=[text.replace("|", "", 1)], **more)
     client.change(MAIN, TEXT)
     return answer
 

@@ -45,11 +45,15 @@ nothing macro 1 1 No members
 free string 18 "" 1 1
 describe immediate Help 1 1 Describe
 say immediate Message 1 1 Say
+spare integer 19 1 0 9 1 1 Spare
+two_old integer 20 1 0 9 1 1 Old, too
 cores synonym threads
 max_time synonym time_limit
 old deprecated
  old_time use time_limit
  cores use threads
+ spare use threads or verbose
+ two_old use old_time, then threads
 """
 work = tempfile.TemporaryDirectory()
 folder = os.path.realpath(work.name)
@@ -70,7 +74,8 @@ def start(settings=None, **textdocument):
 def asked(client, method, text, **more):
     before, _, after = text.partition("|")
     client.open(MAIN, before + after)
-    answer = client.at(method, MAIN, before.count("\n"), len(before.rpartition("\n")[2].encode("utf-16-le")) // 2, **more)
+    column = len(before.rpartition("\n")[2].encode("utf-16-le")) // 2
+    answer = client.at(method, MAIN, before.count("\n"), column, **more)
     client.close(MAIN)
     return answer
 

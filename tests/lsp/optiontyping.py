@@ -51,6 +51,8 @@ for text, wanted in (
           "describe [10] acts when it is read: Describe #25", "say [10] acts when it is read: Say #26",
           "max_time [18] synonym of time_limit: number, default 60: Seconds to run #1",
           "old_time [10] number, default 60: Former limit #9 tags=[1]",
+          "spare [10] integer, default 1: Spare #27 tags=[1]",
+          "two_old [10] integer, default 1: Old, too #28 tags=[1]",
           "cores [18] synonym of threads: integer, the value may be left out, default 0: Threads #3 tags=[1]",
           "indic [14] begins an indicator"]),
         ("ti|",
@@ -69,7 +71,8 @@ for text, wanted in (
          ["incomplete", "0:0-0:3", "threads [10] integer, the value may be left out, default 0: Threads #3"]),
         ("o|",
          ["incomplete", "0:0-0:1", "outer [10] sets several options: A macro of macros #21",
-          "old_time [10] number, default 60: Former limit #9 tags=[1]"]),
+          "old_time [10] number, default 60: Former limit #9 tags=[1]",
+          "two_old [10] integer, default 1: Old, too #28 tags=[1]"]),
         ("cor|",
          ["incomplete", "0:0-0:3",
           "cores [18] synonym of threads: integer, the value may be left out, default 0: Threads #3 tags=[1]"]),
@@ -101,7 +104,8 @@ for text, wanted in (
 for text in ("-|", "/|", "eolonly off\nthreads 3 |quiet"):
     expect(f"all names for {text!r}", completed(text)[1:], completed("|")[1:])
 expect("deprecated names of a client without tags", completed("old|", plain),
-       ["incomplete", "0:0-0:3", "old_time [10] number, default 60: Former limit #9 deprecated=True"])
+       ["incomplete", "0:0-0:3", "old_time [10] number, default 60: Former limit #9 deprecated=True",
+        "two_old [10] integer, default 1: Old, too #28 deprecated=True"])
 
 for text, wanted in (
         ("x.|",
@@ -261,7 +265,10 @@ for option, wanted in (
         (26,
          {"kind": "markdown",
           "value": "**say**: Say\n\n- type: acts when it is read\n- group: general: General\n"}),
-        (27, None),
+        (27,
+         {"kind": "markdown",
+          "value": "**spare**: Spare\n\n- type: integer\n- range: 0 to 9\n- default: `1`\n- group: general: "
+                   "General\n- name: deprecated; use threads or verbose\n"}),
         (-1, None),
         (None, None),
         ("1", None)):
