@@ -23,6 +23,7 @@ class Client:
         self.process = subprocess.Popen([TOOL, "lsp"], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.buffer, self.last, self.notes, self.asked, self.settings = b"", 0, [], [], settings
         self.answers, self.versions = {}, {}
+        self.refused = []  # methods of the server's requests that get an error
         if start:
             folders = [{"uri": uri(root), "name": "root"}]
             self.server = self.request("initialize", {
@@ -84,7 +85,10 @@ class Client:
             if "method" in message and "id" in message:
                 self.asked.append(message)
                 asks = message["method"] == "workspace/configuration"
-                self.send({"jsonrpc": "2.0", "id": message["id"], "result": [self.settings] if asks else None})
+                answer = {"result": [self.settings] if asks else None}
+                if message["method"] in self.refused:
+                    answer = {"error": {"code": -32603, "message": "No"}}
+                self.send({"jsonrpc": "2.0", "id": message["id"], **answer})
             elif "method" in message:
                 self.notes.append(message)
             else:
