@@ -203,6 +203,58 @@ expect("a list of symbols", short(asked(plain, "documentSymbol", "|")),
         {"kind": 7, "location": {"range": "12:0-12:31", "uri": "solver.def"}, "name": "show"}])
 
 
+expect("the outline of odd texts", short(client.at("documentSymbol", MAIN, 0, 0, [
+    'a double 1 1 1 1 1 5 "x" \\ \u00e4\ng group 3 1 Tab\there \x01\nb strlist 1 1 3 \U0001f600\n'
+    "x deprecated\n a\ny obsolete\n b\nc synonym none\n"])),
+       [{"name": "a", "detail": 'double: "x" \\ ä', "kind": 7, "range": "0:0-0:28", "selectionRange": "0:0-0:1",
+         "tags": [1]},
+        {"name": "g", "detail": "group: Tab\there \x01", "kind": 3, "range": "1:0-1:22",
+         "selectionRange": "1:0-1:1",
+         "children": [{"name": "b", "detail": "strlist: 😀", "kind": 18, "range": "2:0-2:18", "selectionRange": "2:0-2:1",
+           "tags": [1]}]},
+        {"name": "c", "detail": "synonym", "kind": 7, "range": "7:0-7:14", "selectionRange": "7:0-7:1"}])
+
+
+# ---- names in the lookup modes, and names that stand twice: where the one at the cursor is defined
+
+
+def leads(text):
+    before = text.partition("|")[0]
+    answer = client.at("definition", MAIN, before.count("\n"), len(before.rpartition("\n")[2]), [text.replace("|", "")])
+    return answer and short(answer)["range"]
+
+
+for text, wanted in (
+        ("Path lookup\nconv_tolerance strlist 1 1 1 A\ncon_tol_all strlist 1 1 1 B\nx synonym con_t|ol",
+         "1:0-1:14"),
+        ("Path lookup\nconv_tolerance strlist 1 1 1 A\ncon_tol_all strlist 1 1 1 B\nx synonym con|v_tol_al",
+         None),
+        ("Path lookup\nconv_tolerance strlist 1 1 1 A\ncon_tol_all strlist 1 1 1 B\nx synonym co|n_tol_all",
+         "2:0-2:11"),
+        ("Path lookup\nconv_tolerance strlist 1 1 1 A\ncon_tol_all strlist 1 1 1 B\nm macro 1 1\n con_t|ol",
+         None),
+        ("Path lookup\nconv_tolerance strlist 1 1 1 A\ncon_tol_all strlist 1 1 1 B\nm multilist 1 1 1\n "
+         "con_t|ol",
+         "1:0-1:14"),
+        ("Path lookup\nconv_tolerance strlist 1 1 1 A\ncon_tol_all strlist 1 1 1 B\nd deprecated\n con_to|l use",
+         "1:0-1:14"),
+        ("Path lookup\nconv_tolerance strlist 1 1 1 A\ncon_tol_all strlist 1 1 1 B\nx synonym co|", None),
+        ("conv_tolerance strlist 1 1 1 A\nx synonym con_t|ol", None),
+        ("a strlist 1 1 1 A\na strlist 1 1 1 B\nx synonym a|", "0:0-0:1"),
+        ("a strlist 1 1 1 A\nx synonym A|\na strlist 1 1 1 B", "0:0-0:1"),
+        ("x synonym a|\na strlist 1 1 1 A", None),
+        ("a strlist 1 1 1 A\ns synonym a\nd obsolete\n s| use", "1:0-1:1"),
+        ("a strlist 1 1 1 A\ns synonym a\nt synonym s|", None),
+        ("d deprecated\n s| use\na strlist 1 1 1 A\ns synonym a", None),
+        ("a strlist 1 1 9 A\ng group 9 1 G\nh group 9 1 H\nb strlist 1 1 9| B", "1:0-1:1"),
+        ("g group |9 1 G", None),
+        ("x\na strlist 1 1 1 A\nb synonym a|", "1:0-1:1"),
+        ("Minos lookup\nmajor_print_level strlist 1 1 1 A\nx synonym majo_prin_leve|", "1:0-1:17"),
+        ("minos lookup\nmajor_print_level strlist 1 1 1 A\nx synonym majo_prin_leve|", "1:0-1:17")):
+    expect(f"what {text!r} leads to", leads(text), wanted)
+client.change(MAIN, TEXT)
+client.diagnostics(MAIN)
+
 # ---- symbols of the workspace: those of the open definition and of the files, the best first
 
 write("other.def", "general group 3 1 Others\ntime integer 1 1 1 9 1 3 Time\nshow_limits boolean 2 1 1 0 Show\n")

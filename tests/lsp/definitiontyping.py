@@ -3,7 +3,7 @@ usage: definitiontyping.py TOOL"""
 import re
 
 from client import expect, finish, items
-from definitiontext import SNIPPETS, asked, start
+from definitiontext import MAIN, SNIPPETS, TEXT, asked, start
 
 client = start(**SNIPPETS)
 plain = start()  # of a client that can do nothing
@@ -162,8 +162,56 @@ for line, wanted in (
         ("word eolcomm |", []),
         ("later integer |1 1",
          [("maxint [12] 2147483647", "15:14-15:15", "maxint"),
-          ("minint [12] -2147483648", "15:14-15:15", "minint")])):
+          ("minint [12] -2147483648", "15:14-15:15", "minint")]),
+        ("new multilist 1 1 1\n| ti", []),
+        ("new strlist 1 1 1\n x\nafter in|", "keywords"),
+        ("new |", "keywords"),
+        ("new\tin|t", "keywords"),
+        ("n in| ", "keywords"),
+        ("timlim synonym |time_limit",
+         [("gap_tol [18] double: Gap", "5:15-5:25", "gap_tol", {"data": {"option": 1, "uri": "solver.def"}}),
+          ("time_limit [18] integer: Time", "5:15-5:25", "time_limit",
+           {"data": {"option": 2, "uri": "solver.def"}})]),
+        ("timlim synonym time_limit |x", []),
+        ("new multilist 1 1 1\n AL|",
+         [("all [18] macro: All", "16:1-16:3", "all", {"data": {"option": 5, "uri": "solver.def"}})]),
+        ("later integer 5 1 1 9 1 1 L\nnew synonym la|", [("later [18] integer: L", "16:12-16:14", "later")]),
+        ("new integer.|",
+         [("NV [14] The option takes no value: its name sets the default as the value.", "15:12-15:12", "NV"),
+          ("OPT [14] The value may be left out: the name alone sets the default.", "15:12-15:12", "OPT"),
+          ("TWO [14] The option takes two values; a single one sets both.", "15:12-15:12", "TWO")]),
+        ("new strlist.|", []),
+        ("new intger.|", []),
+        ("new integer.OPT| 1",
+         [("NV [14] The option takes no value: its name sets the default as the value.", "15:12-15:15", "NV"),
+          ("OPT [14] The value may be left out: the name alone sets the default.", "15:12-15:15", "OPT"),
+          ("TWO [14] The option takes two values; a single one sets both.", "15:12-15:15", "TWO")]),
+        ("new multilist 1 1 1\n\tgap|", []),
+        ("new synonym\tgap|\tx",
+         [("gap_tol [18] double: Gap", "15:12-15:15", "gap_tol", {"data": {"option": 1, "uri": "solver.def"}})]),
+        ("new macro 1 1\n later|\nlater integer 5 1 1 9 1 1 L", ["incomplete"]),
+        ("deprecated |deprecated", "keywords"),
+        ("8size in|", [])):
     expect(f"completion of {line!r}", completed(line), wanted)
+
+
+
+# The first item for the cursor in a text of its own.
+def first(text):
+    before = text.partition("|")[0]
+    answer = client.at("completion", MAIN, before.count("\n"), len(before.rpartition("\n")[2]), [text.replace("|", "")])
+    client.change(MAIN, TEXT)
+    return items(answer)[0][2]
+
+
+for text, group in (("|\na strlist 1 1 3 A\n", 0), ("a strlist 1 1 3 A\nsyn synonym a\n|\nb strlist 1 1 4 B\n", 3),
+                    ("a strlist 1 1 3 A\ng group 5 1 G\n|", 5), ("a strlist 1 1 0 A\n* c\n|", 0)):
+    expect(f"the group of a new line in {text!r}", first(text), KEYWORDS[0][3].replace("{7:7}", f"{{7:{group}}}"))
+for count in (200, 201):
+    text = "".join(f"name{number} strlist 1 1 1 x\n" for number in range(count)) + "all macro 1 1\n n"
+    answer = client.at("completion", MAIN, count + 1, 2, [text])
+    expect(f"{count} names", (len(answer["items"]), answer["isIncomplete"]), (200, count > 200))
+client.change(MAIN, TEXT)
 
 # ---- signature help: the fields with their meanings, and then which one the cursor is in
 
