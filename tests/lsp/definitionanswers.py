@@ -1,6 +1,6 @@
 """Hover, jumps, uses, highlights, outline and actions in definitions: whole answers, in the short form of client.py.
 usage: definitionanswers.py TOOL"""
-from client import applied, expect, finish, short, uri
+from client import expect, finish, short, uri
 from definitiontext import MAIN, TEXT, asked, path, start, write
 
 client = start(documentSymbol={"hierarchicalDocumentSymbolSupport": True},

@@ -106,7 +106,20 @@ for text, wanted in (
          [('! Replace "title_" by "title"', "0:0-0:6", "title", "unknown-option 0:0-0:6"),
           ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:6")]),
         ("gap_window 0.1 5|", []),
-        ("gap_window 5 5|", [])):
+        ("gap_window 5 5|", []),
+        ("includ solver.def|",
+         [('Replace "includ" by "include"', "0:0-0:6", "include", "unknown-option 0:0-0:6"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:6")]),
+        ("time_lim  = x|",
+         [('Replace "time_lim" by "time_limit"', "0:0-0:8", "time_limit", "unknown-option 0:0-0:8"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:8")]),
+        ("time_lim|",
+         [('Replace "time_lim" by "time_limit"', "0:0-0:8", "time_limit", "unknown-option 0:0-0:8"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:8")]),
+        ("blabla 4, quiet|", [("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:6")]),
+        ("time_lim 1 2 3 4 5 6 7|",
+         [('Replace "time_lim" by "time_limit"', "0:0-0:8", "time_limit", "unknown-option 0:0-0:8"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:8")])):
     expect(f"actions for {text!r}", actions(text), wanted)
 
 

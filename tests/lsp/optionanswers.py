@@ -106,7 +106,8 @@ for text, wanted in (
         ("secret| 3",
          ("0:0-0:6",
           "**secret**: Not in the help\n\n- type: integer\n- range: 0 to 9\n- default: `1`\n- group: "
-          "general: General\n\n- main.opt:1 `secret 3` stored 3\n\nIn force: 3, from main.opt:1\n")),
+          "general: General\n- synonyms: hush\n\n- main.opt:1 `secret 3` stored 3\n\nIn force: 3, from "
+          "main.opt:1\n")),
         ("--list a|", None),
         ("x.prior 3 ! thr|eads", None),
         ('name| "😀 b" ! x',
@@ -208,11 +209,11 @@ while len(uses("|time_limit", False)) < 6:  # until the folder has been looked t
     pass
 for text, declared, wanted in (
         ("\nä.prior 1\ntime_l|imit 5", True,
-         [("solver.def", "3:0-3:10"), ("solver.def", "26:1-26:11"), ("solver.def", "44:17-44:27"),
+         [("solver.def", "3:0-3:10"), ("solver.def", "26:1-26:11"), ("solver.def", "45:17-45:27"),
           ("main.opt", "2:0-2:10"), ("nested.inc", "1:0-1:8"), ("other.opt", "0:0-0:10"),
           ("other.opt", "2:0-2:8")]),
         ("\nmax_t|ime 5", False,
-         [("solver.def", "26:1-26:11"), ("solver.def", "44:17-44:27"), ("main.opt", "1:0-1:8"),
+         [("solver.def", "26:1-26:11"), ("solver.def", "45:17-45:27"), ("main.opt", "1:0-1:8"),
           ("nested.inc", "1:0-1:8"), ("other.opt", "0:0-0:10"), ("other.opt", "2:0-2:8")]),
         ("ä.pri|or 1", True, None),
         ("meth|od dual", False, [("solver.def", "22:1-22:7"), ("main.opt", "0:0-0:6")]),
@@ -223,7 +224,7 @@ for text, declared, wanted in (
         ("help| x", True, [("main.opt", "0:0-0:4")]),
         ("", True, None),
         ("old|_time 1", True,
-         [("solver.def", "16:0-16:8"), ("solver.def", "46:1-46:9"), ("main.opt", "0:0-0:8")])):
+         [("solver.def", "16:0-16:8"), ("solver.def", "47:1-47:9"), ("main.opt", "0:0-0:8")])):
     expect(f"uses of {text!r}", uses(text, declared), wanted)
 marks = lambda text: places("documentHighlight", text)
 for text, wanted in (

@@ -46,6 +46,7 @@ free string 18 "" 1 1
 describe immediate Help 1 1 Describe
 say immediate Message 1 1 Say
 spare integer 19 1 0 9 1 1 Spare
+hush synonym secret
 two_old integer 20 1 0 9 1 1 Old, too
 cores synonym threads
 max_time synonym time_limit
@@ -79,6 +80,10 @@ def asked(client, method, text, **more):
     client.close(MAIN)
     return answer
 
+
+# Macros of macros: of the eighth one, the values are known.
+TEXT += "deep1 macro 1 1 Deep\n threads\n" + "".join(
+    f"deep{number} macro 1 1 Deep\n deep{number - 1}\n" for number in range(2, 11))
 
 write("solver.def", TEXT)
 write("wexcorin.json", '{"definitions": [{"files": "*.opt", "definition": "solver.def"}]}')

@@ -49,6 +49,11 @@ for text, wanted in (
           "lists [10] sets several options: A macro of lists #22",
           "nothing [10] sets several options: No members #23", 'free [10] text, default "" #24',
           "describe [10] acts when it is read: Describe #25", "say [10] acts when it is read: Say #26",
+          "deep1 [10] sets several options: Deep #29", "deep2 [10] sets several options: Deep #30",
+          "deep3 [10] sets several options: Deep #31", "deep4 [10] sets several options: Deep #32",
+          "deep5 [10] sets several options: Deep #33", "deep6 [10] sets several options: Deep #34",
+          "deep7 [10] sets several options: Deep #35", "deep8 [10] sets several options: Deep #36",
+          "deep9 [10] sets several options: Deep #37", "deep10 [10] sets several options: Deep #38",
           "max_time [18] synonym of time_limit: number, default 60: Seconds to run #1",
           "old_time [10] number, default 60: Former limit #9 tags=[1]",
           "spare [10] integer, default 1: Spare #27 tags=[1]",
@@ -99,7 +104,10 @@ for text, wanted in (
         ("ä 3|", []),
         ("old_time |", ["0:9-0:9", "60 [12] default", "0 [12] lowest", "1000 [12] highest"]),
         ("meth|od 3", ["incomplete", "0:0-0:6", "method [10] choice, default auto: Algorithm #2"]),
-        ("meth|_od=3", ["incomplete", "0:0-0:7", "method [10] choice, default auto: Algorithm #2"])):
+        ("meth|_od=3", ["incomplete", "0:0-0:7", "method [10] choice, default auto: Algorithm #2"]),
+        ("hush|", ["incomplete"]),
+        ("thr\x1a|", []),
+        ("quiet|", ["incomplete", "0:0-0:5", "quiet [10] boolean, takes no value, default 1: Say nothing #6"])):
     expect(f"names for {text!r}", completed(text), wanted)
 for text in ("-|", "/|", "eolonly off\nthreads 3 |quiet"):
     expect(f"all names for {text!r}", completed(text)[1:], completed("|")[1:])
@@ -160,6 +168,8 @@ for text, wanted in (
         ("pair x:|", ["0:7-0:7", "0 [12] default, lowest", "64 [12] highest"]),
         ("outer |", ["0:6-0:6", "60 [12] default", "0 [12] lowest", "1000 [12] highest"]),
         ("lists |", []),
+        ("deep8 |", ["0:6-0:6", "0 [12] default, lowest", "64 [12] highest"]),
+        ("deep9 |", []),
         ("nothing |", []),
         ("method x|y!z",
          ["0:7-0:9", "auto [12] The solver chooses (default)", "dual [12] Dual simplex", "old [12] -"]),
@@ -190,6 +200,23 @@ for text, wanted in (
          ["incomplete", "1:15-1:18", "method [10] choice, default auto: Algorithm #2"])):
     expect(f"several settings in a line: {text!r}", completed(text), wanted)
 
+minos = lambda text: completed("* definition: minos.def\n" + text)
+write("minos.def", "Minos lookup\nmajor_print_level integer 1 1 0 9 1 1 Level\nmajor_damping double 2 1 0 9 1 1 Damping\n"
+      "mpl synonym major_print_level\ng group 1 1 G\n")
+for text, wanted in (
+        ("maj p|", ["incomplete", "1:0-1:5", "major print level [10] integer, default 1: Level #1"]),
+        ("major print|", ["incomplete", "1:0-1:11", "major print level [10] integer, default 1: Level #1"]),
+        ("major print |", ["incomplete", "1:0-1:12", "major print level [10] integer, default 1: Level #1"]),
+        ("major x |", ["incomplete"]),
+        ("major print level |", ["1:18-1:18", "1 [12] default", "0 [12] lowest", "9 [12] highest"]),
+        ("mpl |", ["1:4-1:4", "1 [12] default", "0 [12] lowest", "9 [12] highest"]),
+        ("major  dam|ping 3", ["incomplete"]),
+        ("m|",
+         ["incomplete", "1:0-1:1", "major damping [10] number, default 1: Damping #2",
+          "major print level [10] integer, default 1: Level #1",
+          "mpl [18] synonym of major print level: integer, default 1: Level #1"])):
+    expect(f"names with blanks for {text!r}", minos(text), wanted)
+
 # ---- files: those that end in .opt come first
 
 os.makedirs(path("parts/deep"))
@@ -198,14 +225,16 @@ os.mkfifo(path("parts/pipe"))
 for name in ("b.opt", "a.inc", "two words.opt", "com,ma.opt", 'quo"te.opt', "z.opt", ".dot.opt"):
     write("parts/" + name, "")
 for text, wanted in (
-        ("include |", ["0:8-0:8", "parts/ [17] -", "solver.def [17] -", "wexcorin.json [17] -"]),
+        ("include |",
+         ["0:8-0:8", "minos.def [17] -", "parts/ [17] -", "solver.def [17] -", "wexcorin.json [17] -"]),
         ("include parts/|", ["0:14-0:14", "b.opt [17] -", "z.opt [17] -", "a.inc [17] -", "deep/ [17] -"]),
         ("include parts/x|y.opt ! z",
          ["0:14-0:20", "b.opt [17] -", "z.opt [17] -", "a.inc [17] -", "deep/ [17] -"]),
         ('include "parts/|',
          ["0:15-0:15", "b.opt [17] -", "com,ma.opt [17] -", "two words.opt [17] -", "z.opt [17] -",
           "a.inc [17] -", "deep/ [17] -"]),
-        ('include "pa|rts/x"', ["0:9-0:16", "parts/ [17] -", "solver.def [17] -", "wexcorin.json [17] -"]),
+        ('include "pa|rts/x"',
+         ["0:9-0:16", "minos.def [17] -", "parts/ [17] -", "solver.def [17] -", "wexcorin.json [17] -"]),
         ('include "parts/deep/|"', []),
         ("include nowhere/|", []),
         ("include parts/deep/../|",
@@ -213,7 +242,7 @@ for text, wanted in (
     expect(f"files for {text!r}", completed(text), wanted)
 kinds = start(completion={"completionItemKind": {"valueSet": [17, 19]}})
 expect("the kind of a folder for a client that knows it", completed("include pa|", kinds),
-       ["0:8-0:10", "parts/ [19] -", "solver.def [17] -", "wexcorin.json [17] -"])
+       ["0:8-0:10", "minos.def [17] -", "parts/ [19] -", "solver.def [17] -", "wexcorin.json [17] -"])
 
 for number in range(1000):
     write(f"parts/deep/{number}.opt", "")
