@@ -210,8 +210,8 @@ expect("the outline of odd texts", short(client.at("documentSymbol", MAIN, 0, 0,
          "tags": [1]},
         {"name": "g", "detail": "group: Tab\there \x01", "kind": 3, "range": "1:0-1:22",
          "selectionRange": "1:0-1:1",
-         "children": [{"name": "b", "detail": "strlist: 😀", "kind": 18, "range": "2:0-2:18", "selectionRange": "2:0-2:1",
-           "tags": [1]}]},
+         "children": [{"name": "b", "detail": "strlist: 😀", "kind": 18, "range": "2:0-2:18",
+           "selectionRange": "2:0-2:1", "tags": [1]}]},
         {"name": "c", "detail": "synonym", "kind": 7, "range": "7:0-7:14", "selectionRange": "7:0-7:1"}])
 
 

@@ -151,7 +151,8 @@ place = lambda line: {"range": {"start": {"line": line, "character": 0}, "end": 
 
 
 def about(known):
-    return actions("tiem_limit| 5\nverbose no", diagnostics=[{**place(line), "code": code} for line, code in known])[0][3]
+    diagnostics = [{**place(line), "code": code} for line, code in known]
+    return actions("tiem_limit| 5\nverbose no", diagnostics=diagnostics)[0][3]
 
 
 for known, wanted in (
@@ -181,8 +182,8 @@ versions.open(MAIN, "blabla 4\n")
 [finding] = versions.diagnostics(MAIN)
 [action] = versions.at("codeAction", MAIN, 0, 0, range=finding["range"], context={"diagnostics": [finding]})
 expect("an action with the version of the document", short(action),
-       {"diagnostics": [{"code": "unknown-option", "message": 'Unknown option "blabla"', "range": "0:0-0:6", "severity": 1,
-          "source": "wexcorin"}],
+       {"diagnostics": [{"code": "unknown-option", "message": 'Unknown option "blabla"', "range": "0:0-0:6",
+          "severity": 1, "source": "wexcorin"}],
         "edit": {"documentChanges": [{"edits": [{"newText": "* ", "range": "0:0-0:0"}],
            "textDocument": {"uri": "main.opt", "version": 1}}]},
         "kind": "quickfix", "title": "Make the line a comment"})

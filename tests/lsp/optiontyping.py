@@ -201,8 +201,8 @@ for text, wanted in (
     expect(f"several settings in a line: {text!r}", completed(text), wanted)
 
 minos = lambda text: completed("* definition: minos.def\n" + text)
-write("minos.def", "Minos lookup\nmajor_print_level integer 1 1 0 9 1 1 Level\nmajor_damping double 2 1 0 9 1 1 Damping\n"
-      "mpl synonym major_print_level\ng group 1 1 G\n")
+write("minos.def", "Minos lookup\nmajor_print_level integer 1 1 0 9 1 1 Level\n"
+      "major_damping double 2 1 0 9 1 1 Damping\nmpl synonym major_print_level\ng group 1 1 G\n")
 for text, wanted in (
         ("maj p|", ["incomplete", "1:0-1:5", "major print level [10] integer, default 1: Level #1"]),
         ("major print|", ["incomplete", "1:0-1:11", "major print level [10] integer, default 1: Level #1"]),
