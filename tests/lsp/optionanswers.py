@@ -4,7 +4,7 @@ usage: optionanswers.py TOOL"""
 import os, tempfile
 
 from client import expect, finish, short, uri
-from optiontext import asked, path, start, write
+from optiontext import TEXT, asked, path, start, write
 
 client = start(documentSymbol={"hierarchicalDocumentSymbolSupport": True, "symbolKind": {"valueSet": [7, 18, 24]}},
                hover={"contentFormat": ["plaintext", "markdown"]})
@@ -226,6 +226,11 @@ for text, declared, wanted in (
         ("old|_time 1", True,
          [("solver.def", "16:0-16:8"), ("solver.def", "47:1-47:9"), ("main.opt", "0:0-0:8")])):
     expect(f"uses of {text!r}", uses(text, declared), wanted)
+client.open(path("solver.def"), "* new\n" + TEXT)
+client.diagnostics(path("solver.def"))
+expect("uses in a definition that is open", uses("old|_time 1", True),
+       [("solver.def", "17:0-17:8"), ("solver.def", "48:1-48:9"), ("main.opt", "0:0-0:8")])
+client.close(path("solver.def"))
 marks = lambda text: places("documentHighlight", text)
 for text, wanted in (
         ("max_time 1\ntime_l|imit 2\nthreads 3", [("", "0:0-0:8"), ("", "1:0-1:10")]),
@@ -296,6 +301,7 @@ for text, wanted in (
         ("  threads   4", [("0:0-0:11", "threads")]),
         ("threads 4\nverbose   yes", [("1:8-1:10", "")]),
         ("threads 4\ntime_limit 5", [("0:8-0:8", "   ")]),
+        ("threads 4\n \t \nverbose yes", [("1:0-1:3", "")]),
         ("a  b", []),
         (" a  b ", [("0:5-0:6", "")]),
         ("x.prior  3 ", [("0:10-0:11", "")]),

@@ -105,6 +105,16 @@ for data, units in ((b"\xff", 1), (b"\xc3", 1), (b"\xc3\xa4", 1), (b"\xc2\x80", 
     name = path(data.hex() + ".inc")
     write(name, b"threads " + data)
     expect(f"the place of {data}", marked(f'read "{name}"\n', name), [f"0:8-0:{8 + units}"])
+
+# ---- a file that names definitions changes
+
+THIRD = path("third.opt")
+write("other.txt", DEFINITION.replace("threads", "cores"))
+client.open(THIRD, "cores 3\n")
+expect("the definition beside the file", len(client.diagnostics(THIRD)), 1)
+write("wexcorin.json", '{"definitions": [{"files": "*.opt", "definition": "other.txt"}]}')
+client.notify("workspace/didChangeWatchedFiles", {"changes": [{"uri": uri(path("wexcorin.json")), "type": 2}]})
+expect("the one that is named now", client.diagnostics(THIRD), [])
 expect("the exit code", client.quit(), 0)
 
 finish()
