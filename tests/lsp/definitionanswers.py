@@ -295,7 +295,8 @@ client.close(many)
 
 
 def actions(lines, first=None, last=None, client=client, **context):
-    client.change(MAIN, TEXT + lines)
+    client.close(MAIN)
+    client.open(MAIN, TEXT + lines)  # which is analysed at once
     client.diagnostics(MAIN)
     first = TEXT.count("\n") if first is None else first
     answer = client.at("codeAction", MAIN, 0, 0, context={"diagnostics": [], **context}, range={
@@ -306,7 +307,6 @@ def actions(lines, first=None, last=None, client=client, **context):
         expect("the kind of the action", each["kind"], "quickfix")
         [edit] = each["edit"]["changes"][uri(MAIN)]
         result.append((each["title"], short(edit["range"]), edit["newText"], *short(each.get("diagnostics", []))))
-    client.change(MAIN, TEXT)
     return result
 
 
