@@ -1,7 +1,7 @@
 """A client of the language server for tests: it starts `wexcorin lsp`, sends messages and reads answers. One server
 serves many cases. The program is the first argument of the test, which is run in the repository's root."""
-import json, os, select, subprocess, sys, time
-from urllib.parse import quote
+import contextlib, json, os, select, subprocess, sys, time
+from urllib.parse import quote, unquote
 
 TOOL = os.path.abspath(sys.argv[1])
 failures = []
@@ -23,6 +23,7 @@ class Client:
         self.process = subprocess.Popen([TOOL, "lsp"], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.buffer, self.last, self.notes, self.asked, self.settings = b"", 0, [], [], settings
         self.answers, self.versions = {}, {}
+        self.refused = []  # methods of the server's requests that get an error
         if start:
             folders = [{"uri": uri(root), "name": "root"}]
             self.server = self.request("initialize", {
@@ -35,6 +36,15 @@ class Client:
     def send_bytes(self, data):
         self.process.stdin.write(data)
         self.process.stdin.flush()
+
+    # What is sent inside arrives at once, so that the server does not begin anything in between.
+    @contextlib.contextmanager
+    def together(self):
+        pieces = []
+        self.send_bytes = pieces.append
+        yield
+        del self.send_bytes
+        self.send_bytes(b"".join(pieces))
 
     def send(self, message):
         body = json.dumps(message).encode()
@@ -75,7 +85,10 @@ class Client:
             if "method" in message and "id" in message:
                 self.asked.append(message)
                 asks = message["method"] == "workspace/configuration"
-                self.send({"jsonrpc": "2.0", "id": message["id"], "result": [self.settings] if asks else None})
+                answer = {"result": [self.settings] if asks else None}
+                if message["method"] in self.refused:
+                    answer = {"error": {"code": -32603, "message": "No"}}
+                self.send({"jsonrpc": "2.0", "id": message["id"], **answer})
             elif "method" in message:
                 self.notes.append(message)
             else:
@@ -88,9 +101,12 @@ class Client:
             and self.answers.pop(id)
 
     # The result of a request, or its error.
-    def request(self, method, params):
-        answer = self.answer(self.ask(method, params))
+    def result(self, id):
+        answer = self.answer(id)
         return answer["error"] if "error" in answer else answer["result"]
+
+    def request(self, method, params):
+        return self.result(self.ask(method, params))
 
     # ---- documents; they are named by their paths
 
@@ -118,10 +134,14 @@ class Client:
         del self.versions[path]
         self.notify("textDocument/didClose", {"textDocument": {"uri": uri(path)}})
 
-    # A request about a place in a document.
-    def at(self, method, path, line, character, **more):
-        return self.request("textDocument/" + method, {
-            "textDocument": {"uri": uri(path)}, "position": {"line": line, "character": character}, **more})
+    # A request about a place in a document, after changes of it.
+    def at(self, method, path, line, character, changes=(), **more):
+        with self.together():
+            if changes:
+                self.change(path, *changes)
+            asked = self.ask("textDocument/" + method, {
+                "textDocument": {"uri": uri(path)}, "position": {"line": line, "character": character}, **more})
+        return self.result(asked)
 
     # The next diagnostics of the file; of a document, those of its last version.
     def diagnostics(self, path):
@@ -145,6 +165,35 @@ class Client:
         except subprocess.TimeoutExpired:
             self.process.kill()
             return "does not end"
+
+
+# An answer in short: a place as "line:column", a range as "place-place", a file by its name, and of the items of a
+# completion those fields that not all of them have.
+def short(value):
+    if isinstance(value, list):
+        return [short(each) for each in value]
+    if isinstance(value, str):
+        return unquote(value.rpartition("/")[2]) if value.startswith("file:") else value
+    if not isinstance(value, dict):
+        return value
+    if value.keys() == {"line", "character"}:
+        return f'{value["line"]}:{value["character"]}'
+    if value.keys() == {"start", "end"}:
+        return short(value["start"]) + "-" + short(value["end"])
+    return {short(key): short(each) for key, each in value.items()}
+
+
+# Each item of a completion as "label [kind] detail", the range and its new text, and the further fields. The
+# items must be numbered in their order.
+def items(answer):
+    result = []
+    for number, item in enumerate(answer["items"]):
+        item = short(item)
+        expect(f'the place of the item {item["label"]}', item.pop("sortText"), f"{number:05}")
+        edit = item.pop("textEdit")
+        text = f'{item.pop("label")} [{item.pop("kind")}] {item.pop("detail", "-")}'
+        result.append((text, edit["range"], edit["newText"], *([item] if item else [])))
+    return result
 
 
 # The text with the edits; columns are counted in UTF-16.

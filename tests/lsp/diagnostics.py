@@ -178,13 +178,10 @@ expect("a definition that the text names", codes(main), [])
 os.remove(other)
 client.change(main, "threads 1\n")
 expect("no findings", codes(main), [])
-pieces, send = [], client.send_bytes
-client.send_bytes = pieces.append
-for number in range(5):
-    client.change(main, f"threads {number}x\n")
-client.send_bytes = send
 seen = len(client.notes)
-client.send_bytes(b"".join(pieces))
+with client.together():
+    for number in range(5):
+        client.change(main, f"threads {number}x\n")
 expect("changes one after the other: the findings of the last one", marked("threads 4x", client.diagnostics(main)), ["4x"])
 versions = [each["params"]["version"] for each in client.notes[seen:] if each["params"]["uri"] == uri(main)]
 expect("and only these", versions, [client.versions[main]])

@@ -21,7 +21,7 @@ class tdefinitionactions {
 
   json run() {
     for (const tdefinitionindex::treference& each : findex.references())
-      if (isasked(each.line) && findex.target(each) == nullptr) suggest(each.line, each.span);
+      if (isasked(each.line) && findex.target(each) == nullptr) suggest(each);
     for (std::int32_t line = ffirst; line <= std::min(flast, ffirst + mostlines); ++line) mendtype(line);
     std::set<std::int32_t> numbers;
     for (const tdefinitionindex::tgroupfield& each : findex.groupfields())
@@ -57,12 +57,14 @@ class tdefinitionactions {
     add(line, "Change to " + inquotes(printable(word)), span, word);
   }
 
-  // What check suggests for this line.
-  void suggest(std::int32_t line, tspan span) {
+  // What check suggests for this name. A line of a multilist may have several names, and its findings quote them.
+  void suggest(const tdefinitionindex::treference& name) {
     if (fdocument.snapshot() == nullptr) return;
+    const std::string quoted = name.keyword == "multilist" ? inquotes(name.name) : "";
     for (const tfinding& finding : fdocument.snapshot()->findings)
-      if (fdocument.linenow(finding.place.line) == line && finding.place.file == fdocument.name())
-        for (const std::string& each : finding.suggestions) replace(line, span, each);
+      if (fdocument.linenow(finding.place.line) == name.line && finding.place.file == fdocument.name() &&
+          finding.text.find(quoted) != std::string::npos)
+        for (const std::string& each : finding.suggestions) replace(name.line, name.span, each);
   }
 
   void mendtype(std::int32_t number) {

@@ -34,7 +34,6 @@ std::size_t widthof(std::string_view word) { return columns(utf8(word)); }
 // Lines that are aligned with each other.
 class ttable {
  public:
-  bool empty() const { return frows.empty(); }
   void add(trow row) {
     for (const tcell& cell : row.cells)
       fwidths[cell.column] = std::max(fwidths[cell.column], std::min(widthof(cell.word), widest));

@@ -60,7 +60,8 @@ void tdefinitionindex::add(const tdefinitionline& line) {
   const tdefinitionspans& parts = line.parts;
   if (parts.kind == entry)
     addentry(line);
-  else if (parts.kind != nothing && parts.kind != unread && !fentries.empty())
+  else if (parts.kind != nothing && parts.kind != unread && !fentries.empty() &&
+           fentries.back().keyword == parts.keyword)  // not the lines of a mark
     fentries.back().lastline = line.number;
   for (const tspan& each : parts.references)
     freferences.push_back({each.of(line.text), line.intext(each), line.number, parts.keyword, fmode});

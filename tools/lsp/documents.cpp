@@ -111,17 +111,6 @@ std::int32_t tdocument::linenow(std::int32_t analysed) const {
   return line;
 }
 
-std::int32_t tdocument::lineanalysed(std::int32_t now) const {
-  std::int32_t line = now;
-  for (std::size_t i = fedits.size(); i-- > 0;) {
-    const tedit& each = fedits[i];
-    if (line < each.first) continue;
-    if (line < each.first + each.added) return 0;
-    line += each.removed - each.added;
-  }
-  return line;
-}
-
 // ---- all documents
 
 tdocument& tdocuments::open(tdocument document) {

@@ -43,9 +43,8 @@ class tdocument {
   // The entries of a definition, as the client has it now. Only the thread of the server asks.
   const std::shared_ptr<const tdefinitionindex>& index() const;
 
-  // Where a line of the analysed text is now; 0 if it has been replaced. And the other way round.
+  // Where a line of the analysed text is now; 0 if it has been replaced.
   std::int32_t linenow(std::int32_t analysed) const;
-  std::int32_t lineanalysed(std::int32_t now) const;
 
   // The changes of one notification. Returns false if they make no sense; then nothing changes.
   bool change(const json& changes, std::int64_t version, tencoding encoding);

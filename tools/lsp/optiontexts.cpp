@@ -77,7 +77,7 @@ std::string touchestext(const ttouches& touches, bool issymbol, tmarkup markup) 
   std::string result;
   if (all.empty()) return "No line touched it.\n";
   const std::size_t first = all.size() > mostlines ? all.size() - mostlines : 0;
-  if (first > 0) result += bullet(std::to_string(first) + " earlier lines");
+  if (first > 0) result += bullet(counted(first, "earlier line"));
   for (std::size_t i = first; i < all.size(); ++i)
     result += bullet(prosetext(placetext(touches, all[i].source, all[i].line), markup) + " " +
                      codetext(all[i].text, markup) + " " + prosetext(resulttext(touches, all[i]), markup));

@@ -1,0 +1,192 @@
+"""Code actions in option files: the title, the edit and the diagnostic of each, in the short form of client.py.
+usage: optionactions.py TOOL"""
+from client import Client, expect, finish, short, uri
+from optiontext import MAIN, TEXT, folder, path, write
+
+ACTIONS = {"codeAction": {"codeActionLiteralSupport": {}}}
+client = Client(folder, {"textDocument": ACTIONS})
+opened = 0
+
+
+# The actions for the line of the cursor, or for the lines from "|" to "|", and for these diagnostics; all that the
+# server has about the file unless others are given.
+def actions(text, client=client, changes=(), diagnostics=None, **context):
+    global opened
+    opened += 1
+    file = path(f"action{opened}.opt")  # no text is that of an earlier file
+    before, _, rest = text.partition("|")
+    between, _, after = rest.partition("|")
+    client.open(file, before + between + after)
+    found = client.diagnostics(file)
+    place = lambda text: {"line": text.count("\n"), "character": len(text.rpartition("\n")[2])}
+    lines = {"start": place(before), "end": place(before + between if _ else before)}
+    answer = client.at("codeAction", file, 0, 0, changes, range=lines,
+                       context={"diagnostics": found if diagnostics is None else diagnostics, **context})
+    client.close(file)
+    result = []
+    for each in answer:
+        expect("the kind of the action", each["kind"], "quickfix")
+        [edit] = each["edit"]["changes"][uri(file)]
+        about = " and ".join(f'{one["code"]} {short(one["range"])}' for one in each.get("diagnostics", ()))
+        title = "! " * each.get("isPreferred", False) + each["title"]
+        result.append((title, short(edit["range"]), edit["newText"], about))
+    return result
+
+
+# "!" before a title is for the preferred action.
+for text, wanted in (
+        ("tiem_limit| 5",
+         [('! Replace "tiem_limit" by "time_limit"', "0:0-0:10", "time_limit", "unknown-option 0:0-0:10"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:10")]),
+        ("|time lim 5",
+         [('Replace "time lim" by "time_limit"', "0:0-0:8", "time_limit", "unknown-option 0:0-0:4"),
+          ('Replace "time" by "old_time"', "0:0-0:4", "old_time", "unknown-option 0:0-0:4"),
+          ('Replace "time lim" by "max_time"', "0:0-0:8", "max_time", "unknown-option 0:0-0:4"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:4")]),
+        ("time limit five| 5",
+         [('! Replace "time limit five" by "time_limit"', "0:0-0:15", "time_limit", "unknown-option 0:0-0:4"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:4")]),
+        ("time_lim = x|",
+         [('Replace "time_lim" by "time_limit"', "0:0-0:8", "time_limit", "unknown-option 0:0-0:8"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:8")]),
+        ("method dua|", [('! Replace "dua" by "dual"', "0:7-0:10", "dual", "illegal-value 0:7-0:10")]),
+        ("method d|", []),
+        ('method "dua"|', [('! Replace "dua" by "dual"', "0:8-0:11", "dual", "illegal-value 0:8-0:11")]),
+        ("both dua:no|", [('! Replace "dua" by "dual"', "0:5-0:8", "dual", "illegal-value 0:5-0:8")]),
+        ("cores |4", [('! Replace "cores" by "threads"', "0:0-0:5", "threads", "deprecated 0:0-0:5")]),
+        ("|old_time 4",
+         [('! Replace "old_time" by "time_limit"', "0:0-0:8", "time_limit", "deprecated 0:0-0:8")]),
+        ("threads 1\ntitle a\nthreads |2",
+         [("! Remove line 1, which is overridden", "0:0-1:0", "", "set-again 2:0-2:7")]),
+        ("blabla |4", [("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:6")]),
+        ("eolonly off\nquiet blabla |4",
+         [("Make the rest of the line a comment", "1:6-1:6", "! ", "unknown-option 1:6-1:12")]),
+        ("eolonly off\nblabla 4 |quiet", []),
+        ("x.prio|r2 4", [('! Replace ".prior2" by ".prior"', "0:1-0:8", ".prior", "unknown-option 0:1-0:8")]),
+        ("gap_window 0.1 0.2\ngap_window |0.3", []),
+        ("threads |4", []),
+        ("threads 1\nthreads 2\nthreads |3",
+         [("! Remove line 2, which is overridden", "1:0-2:0", "", "set-again 2:0-2:7")]),
+        ("eolonly off\nthreads 1 verbose yes\nthreads |3", []),
+        ("eolonly off\nthreads 1\nverbose yes threads |3",
+         [("! Remove line 2, which is overridden", "1:0-2:0", "", "set-again 2:12-2:19")]),
+        ("eolonly off\nthreads 1 threads |3", []),
+        ("|tiem_limit 5\nverbose yes\n|metod dual",
+         [('! Replace "tiem_limit" by "time_limit"', "0:0-0:10", "time_limit", "unknown-option 0:0-0:10"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:10"),
+          ('! Replace "metod" by "method"', "2:0-2:5", "method", "unknown-option 2:0-2:5"),
+          ("Make the line a comment", "2:0-2:0", "* ", "unknown-option 2:0-2:5")]),
+        ("tiem_limit 5\n|verbose yes\nmetod dual", []),
+        ("|threads 1\nthreads 2|",
+         [("! Remove line 1, which is overridden", "0:0-1:0", "", "set-again 1:0-1:7")]),
+        ("threads : |3", []),
+        ("quiet  more|", []),
+        ("verbose| maybe", []),
+        ("verbos yess|",
+         [('Replace "verbos" by "verbose"', "0:0-0:6", "verbose", "unknown-option 0:0-0:6"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:6")]),
+        ("level |3", []),
+        ("nothing| 3", []),
+        ("say_| 3",
+         [('Replace "say_" by "say"', "0:0-0:4", "say", "unknown-option 0:0-0:4"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:4")]),
+        ("  tiem_limit|  5",
+         [('! Replace "tiem_limit" by "time_limit"', "0:2-0:12", "time_limit", "unknown-option 0:2-0:12"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:2-0:12")]),
+        ("max_tiem| 3",
+         [('! Replace "max_tiem" by "max_time"', "0:0-0:8", "max_time", "unknown-option 0:0-0:8"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:8")]),
+        ("name a\r\nname b|\r\n", [("! Remove line 1, which is overridden", "0:0-1:0", "", "set-again 1:0-1:4")]),
+        ("include nowhere.opt|", []),
+        ("spare |4", []),
+        ("two_old |4", [('! Replace "two_old" by "threads"', "0:0-0:7", "threads", "deprecated 0:0-0:7")]),
+        ("cores x|", [('Replace "cores" by "threads"', "0:0-0:5", "threads", "deprecated 0:0-0:5")]),
+        ("old_time x|", [('Replace "old_time" by "time_limit"', "0:0-0:8", "time_limit", "deprecated 0:0-0:8")]),
+        ("title_ x, y|",
+         [('! Replace "title_" by "title"', "0:0-0:6", "title", "unknown-option 0:0-0:6"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:6")]),
+        ("gap_window 0.1 5|", []),
+        ("gap_window 5 5|", []),
+        ("includ solver.def|",
+         [('Replace "includ" by "include"', "0:0-0:6", "include", "unknown-option 0:0-0:6"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:6")]),
+        ("time_lim  = x|",
+         [('Replace "time_lim" by "time_limit"', "0:0-0:8", "time_limit", "unknown-option 0:0-0:8"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:8")]),
+        ("time_lim|",
+         [('Replace "time_lim" by "time_limit"', "0:0-0:8", "time_limit", "unknown-option 0:0-0:8"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:8")]),
+        ("blabla 4, quiet|", [("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:6")]),
+        ("time_lim 1 2 3 4 5 6 7|",
+         [('Replace "time_lim" by "time_limit"', "0:0-0:8", "time_limit", "unknown-option 0:0-0:8"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:0-0:8")])):
+    expect(f"actions for {text!r}", actions(text), wanted)
+
+
+def changed(text, changes):
+    return actions(text, changes=changes)
+
+
+# The findings are those of the text before the change. What has changed since is left alone.
+for text, changes, wanted in (
+        ("|tiem_limit 5", [(0, 0, 0, 0, "* new\n")], []),
+        ("x\n|tiem_limit 5", [(0, 0, 0, 0, "* new\n"), (1, 0, 2, 0, "")],
+         [('! Replace "tiem_limit" by "time_limit"', "1:0-1:10", "time_limit", "unknown-option 1:0-1:10"),
+          ("Make the line a comment", "1:0-1:0", "* ", "unknown-option 1:0-1:10")]),
+        ("* old\n|metod dual", [(0, 0, 1, 0, "")],
+         [('! Replace "metod" by "method"', "0:0-0:5", "method", "unknown-option 1:0-1:5"),
+          ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 1:0-1:5")]),
+        ("|metod dual", [(0, 0, 0, 1, "M")], []),
+        ("verbose yes\n|metod dual\n", [(2, 0, 2, 0, "x\n")],
+         [('! Replace "metod" by "method"', "1:0-1:5", "method", "unknown-option 1:0-1:5"),
+          ("Make the line a comment", "1:0-1:0", "* ", "unknown-option 1:0-1:5")]),
+        ("* 1\n* 2\n|metod dual", [(0, 0, 1, 0, ""), (1, 0, 1, 0, "* 2\n")],
+         [('! Replace "metod" by "method"', "2:0-2:5", "method", "unknown-option 2:0-2:5"),
+          ("Make the line a comment", "2:0-2:0", "* ", "unknown-option 2:0-2:5")])):
+    expect(f"actions for {text!r} after the changes {changes}", changed(text, changes), wanted)
+
+# ---- what the client has: findings, and kinds of actions
+
+place = lambda line: {"range": {"start": {"line": line, "character": 0}, "end": {"line": line, "character": 3}}}
+
+
+def about(known):
+    diagnostics = [{**place(line), "code": code} for line, code in known]
+    return actions("tiem_limit| 5\nverbose no", diagnostics=diagnostics)[0][3]
+
+
+for known, wanted in (
+        ([(0, "unknown-option")], "unknown-option 0:0-0:3"),
+        ([(1, "unknown-option")], ""),
+        ([(0, "value")], ""),
+        ([(0, "unknown-option"), (0, "unknown-option"), (0, "x")],
+         "unknown-option 0:0-0:3 and unknown-option 0:0-0:3")):
+    expect(f"the findings of an action of {known}", about(known), wanted)
+for only, wanted in ((["quickfix"], 2), (["refactor"], 0), ([], 2), ([""], 2), (["refactor", "quickfix"], 2), (7, 2)):
+    expect(f"actions of the kinds {only}", len(actions("tiem_limit| 5", only=only)), wanted)
+plain = Client(folder)
+expect("actions of a client that takes none", actions("tiem_limit| 5", plain), [])
+plain.quit()
+write("bare.def", TEXT.replace("comment eolcomm !\n", ""))
+bare = lambda text: actions("* definition: bare.def\n" + text)
+for text, wanted in (
+        ("eolonly off\nquiet blabla |4", []),
+        ("blabla |4", [("Make the line a comment", "1:0-1:0", "* ", "unknown-option 1:0-1:6")])):
+    expect(f"actions for {text!r} without comments at the ends of lines", bare(text), wanted)
+client.quit()
+
+# ---- the edit of a client that takes versions
+
+versions = Client(folder, {"textDocument": ACTIONS, "workspace": {"workspaceEdit": {"documentChanges": True}}})
+versions.open(MAIN, "blabla 4\n")
+[finding] = versions.diagnostics(MAIN)
+[action] = versions.at("codeAction", MAIN, 0, 0, range=finding["range"], context={"diagnostics": [finding]})
+expect("an action with the version of the document", short(action),
+       {"diagnostics": [{"code": "unknown-option", "message": 'Unknown option "blabla"', "range": "0:0-0:6",
+          "severity": 1, "source": "wexcorin"}],
+        "edit": {"documentChanges": [{"edits": [{"newText": "* ", "range": "0:0-0:0"}],
+           "textDocument": {"uri": "main.opt", "version": 1}}]},
+        "kind": "quickfix", "title": "Make the line a comment"})
+versions.quit()
+
+finish()

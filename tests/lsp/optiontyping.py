@@ -1,0 +1,345 @@
+"""Completion in option files: whole answers.
+usage: optiontyping.py TOOL"""
+import os
+
+from client import expect, finish, items, uri
+from optiontext import MAIN, asked, path, start, write
+
+client = start(completion={"completionItem": {"documentationFormat": ["plaintext", "markdown"],
+                                              "tagSupport": {"valueSet": [1]}}})
+plain = start()  # of a client that can do nothing
+
+
+# The range and the items as "label [kind] detail", with the number of the option and the further fields. What an item
+# inserts is its label.
+def completed(text, client=client):
+    answer = asked(client, "completion", text)
+    if answer is None:
+        return None
+    result = ["incomplete"] * answer["isIncomplete"]
+    for item, span, inserted, *more in items(answer):
+        more = more[0] if more else {}
+        data = more.pop("data", None)
+        expect(f"what is inserted for {item}", inserted, item.partition(" [")[0])
+        result += [span] * (span not in result)
+        if data:
+            expect(f"the document of {item}", data["uri"], "main.opt")
+            item += f' #{data["option"]}'
+        result.append(" ".join([item, *(f"{key}={value}" for key, value in more.items())]))
+    return result
+
+
+for text, wanted in (
+        ("|",
+         ["0:0-0:0", "time_limit [10] number, default 60: Seconds to run #1",
+          "method [10] choice, default auto: Algorithm #2",
+          "threads [10] integer, the value may be left out, default 0: Threads #3",
+          "verbose [10] boolean, default 0: Talk more #4",
+          "gap_window [10] number, two values, default 0: Two gaps #5",
+          "quiet [10] boolean, takes no value, default 1: Say nothing #6",
+          'title [10] text, default "": Headline #7', 'name [10] text, default "a b" #8',
+          "note [10] text, may be given repeatedly: Notes #10",
+          "both [10] list of values for several options: Method and talk #14",
+          "pair [10] list of values for several options: Lists in lists #15",
+          "all [10] sets several options: All limits #16", "level [10] choice of numbers, default 2: Level #17",
+          "include [10] acts when it is read: Another file #18",
+          "eolonly [10] acts when it is read: One setting on a line #19",
+          "nobounds [10] acts when it is read: No bounds #20",
+          "outer [10] sets several options: A macro of macros #21",
+          "lists [10] sets several options: A macro of lists #22",
+          "nothing [10] sets several options: No members #23", 'free [10] text, default "" #24',
+          "describe [10] acts when it is read: Describe #25", "say [10] acts when it is read: Say #26",
+          "deep1 [10] sets several options: Deep #29", "deep2 [10] sets several options: Deep #30",
+          "deep3 [10] sets several options: Deep #31", "deep4 [10] sets several options: Deep #32",
+          "deep5 [10] sets several options: Deep #33", "deep6 [10] sets several options: Deep #34",
+          "deep7 [10] sets several options: Deep #35", "deep8 [10] sets several options: Deep #36",
+          "deep9 [10] sets several options: Deep #37", "deep10 [10] sets several options: Deep #38",
+          "max_time [18] synonym of time_limit: number, default 60: Seconds to run #1",
+          "old_time [10] number, default 60: Former limit #9 tags=[1]",
+          "spare [10] integer, default 1: Spare #27 tags=[1]",
+          "two_old [10] integer, default 1: Old, too #28 tags=[1]",
+          "cores [18] synonym of threads: integer, the value may be left out, default 0: Threads #3 tags=[1]",
+          "indic [14] begins an indicator"]),
+        ("ti|",
+         ["incomplete", "0:0-0:2", "time_limit [10] number, default 60: Seconds to run #1",
+          'title [10] text, default "": Headline #7',
+          "max_time [18] synonym of time_limit: number, default 60: Seconds to run #1",
+          "old_time [10] number, default 60: Former limit #9 tags=[1]"]),
+        ("l|",
+         ["incomplete", "0:0-0:1", "level [10] choice of numbers, default 2: Level #17",
+          "lists [10] sets several options: A macro of lists #22",
+          "time_limit [10] number, default 60: Seconds to run #1"]),
+        ("TiEm_limit|",
+         ["incomplete", "0:0-0:10",
+          "time_limit [10] number, default 60: Seconds to run #1 filterText=TiEm_limit"]),
+        ("THR|",
+         ["incomplete", "0:0-0:3", "threads [10] integer, the value may be left out, default 0: Threads #3"]),
+        ("o|",
+         ["incomplete", "0:0-0:1", "outer [10] sets several options: A macro of macros #21",
+          "old_time [10] number, default 60: Former limit #9 tags=[1]",
+          "two_old [10] integer, default 1: Old, too #28 tags=[1]"]),
+        ("cor|",
+         ["incomplete", "0:0-0:3",
+          "cores [18] synonym of threads: integer, the value may be left out, default 0: Threads #3 tags=[1]"]),
+        ("ind|",
+         ["incomplete", "0:0-0:3", "gap_window [10] number, two values, default 0: Two gaps #5",
+          "indic [14] begins an indicator"]),
+        ("secr|", ["incomplete"]),
+        ("se_l|", ["incomplete"]),
+        ("gap_w|", ["incomplete", "0:0-0:5", "gap_window [10] number, two values, default 0: Two gaps #5"]),
+        ("g_w|", ["incomplete", "0:0-0:3", "gap_window [10] number, two values, default 0: Two gaps #5"]),
+        ("g_w_x|", ["incomplete"]),
+        ("_wi|", []),
+        ("i|",
+         ["incomplete", "0:0-0:1", "include [10] acts when it is read: Another file #18",
+          "indic [14] begins an indicator"]),
+        ("im|",
+         ["incomplete", "0:0-0:2", "max_time [18] synonym of time_limit: number, default 60: Seconds to run #1",
+          "time_limit [10] number, default 60: Seconds to run #1",
+          "old_time [10] number, default 60: Former limit #9 tags=[1]"]),
+        ("* ti|", []),
+        ("method dual ! ti|", []),
+        ("--ti|", []),
+        ("- |", []),
+        ("ä 3|", []),
+        ("old_time |", ["0:9-0:9", "60 [12] default", "0 [12] lowest", "1000 [12] highest"]),
+        ("meth|od 3", ["incomplete", "0:0-0:6", "method [10] choice, default auto: Algorithm #2"]),
+        ("meth|_od=3", ["incomplete", "0:0-0:7", "method [10] choice, default auto: Algorithm #2"]),
+        ("hush|", ["incomplete"]),
+        ("thr\x1a|", []),
+        ("quiet|", ["incomplete", "0:0-0:5", "quiet [10] boolean, takes no value, default 1: Say nothing #6"])):
+    expect(f"names for {text!r}", completed(text), wanted)
+for text in ("-|", "/|", "eolonly off\nthreads 3 |quiet"):
+    expect(f"all names for {text!r}", completed(text)[1:], completed("|")[1:])
+expect("deprecated names of a client without tags", completed("old|", plain),
+       ["incomplete", "0:0-0:3", "old_time [10] number, default 60: Former limit #9 deprecated=True",
+        "two_old [10] integer, default 1: Old, too #28 deprecated=True"])
+
+for text, wanted in (
+        ("x.|",
+         ["incomplete", "0:2-0:2", "prior [10] number, default 0: Priority #12",
+          "prefix [10] number, default 0: Prefix #13"]),
+        ("x.pr|",
+         ["incomplete", "0:2-0:4", "prefix [10] number, default 0: Prefix #13",
+          "prior [10] number, default 0: Priority #12"]),
+        ("x.prioor|", ["incomplete", "0:2-0:8", "prior [10] number, default 0: Priority #12 filterText=prioor"]),
+        ("x.pr|x 3",
+         ["incomplete", "0:2-0:5", "prefix [10] number, default 0: Prefix #13",
+          "prior [10] number, default 0: Priority #12"]),
+        ("x('a').pri|", []),
+        ("x.prior |", ["0:8-0:8", "0 [12] default, lowest", "10 [12] highest"]),
+        ("x.prior('a') |", ["0:13-0:13", "0 [12] default, lowest", "10 [12] highest"]),
+        ("x.prior(|", []),
+        ("x.prior[|", []),
+        ("x.prior{a} |", ["0:11-0:11", "0 [12] default, lowest", "10 [12] highest"]),
+        ("x.prior 3|", ["0:8-0:9", "0 [12] default, lowest", "10 [12] highest"]),
+        ("x.prior 3 |", []),
+        ("x.nothing |", []),
+        ("x.prior  4| ! y", ["0:9-0:10", "0 [12] default, lowest", "10 [12] highest"])):
+    expect(f"behind a symbol: {text!r}", completed(text), wanted)
+for text, wanted in (
+        ("method |",
+         ["0:7-0:7", "auto [12] The solver chooses (default)", "dual [12] Dual simplex", "old [12] -"]),
+        ("method=d|",
+         ["0:7-0:8", "auto [12] The solver chooses (default)", "dual [12] Dual simplex", "old [12] -"]),
+        ("method dual |", []),
+        ("verbose |", ["0:8-0:8", "yes [12] -", "no [12] default"]),
+        ("all |", ["0:4-0:4", "60 [12] default", "0 [12] lowest", "1000 [12] highest"]),
+        ("level 1|", ["0:6-0:7", "1 [12] Low", "2 [12] default"]),
+        ("gap_window |", ["0:11-0:11", "0 [12] default, lowest", "1 [12] highest"]),
+        ("gap_window 0.5 |", ["0:15-0:15", "0 [12] default, lowest", "1 [12] highest"]),
+        ("gap_window 0.5 0|", ["0:15-0:16", "0 [12] default, lowest", "1 [12] highest"]),
+        ("gap_window 0.5 0 |", []),
+        ("quiet |", []),
+        ("title |", []),
+        ("name |", ["0:5-0:5", '"a b" [12] default']),
+        ('name "|', ["0:5-0:6", '"a b" [12] default']),
+        ("note |", []),
+        ("describe |", []),
+        ("say |", []),
+        ("eolonly |", ["0:8-0:8", "yes [12] -", "no [12] -"]),
+        ("nobounds |", ["0:9-0:9", "yes [12] -", "no [12] -"]),
+        ("both |", ["0:5-0:5", "auto [12] The solver chooses (default)", "dual [12] Dual simplex", "old [12] -"]),
+        ("both dual:|", ["0:10-0:10", "yes [12] -", "no [12] default"]),
+        ("both du|al:no",
+         ["0:5-0:9", "auto [12] The solver chooses (default)", "dual [12] Dual simplex", "old [12] -"]),
+        ("both dual:no:|", []),
+        ("pair |", []),
+        ("pair x:|", ["0:7-0:7", "0 [12] default, lowest", "64 [12] highest"]),
+        ("outer |", ["0:6-0:6", "60 [12] default", "0 [12] lowest", "1000 [12] highest"]),
+        ("lists |", []),
+        ("deep8 |", ["0:6-0:6", "0 [12] default, lowest", "64 [12] highest"]),
+        ("deep9 |", []),
+        ("nothing |", []),
+        ("method x|y!z",
+         ["0:7-0:9", "auto [12] The solver chooses (default)", "dual [12] Dual simplex", "old [12] -"]),
+        ("method x|y,z",
+         ["0:7-0:9", "auto [12] The solver chooses (default)", "dual [12] Dual simplex", "old [12] -"]),
+        ("method x|y:z",
+         ["0:7-0:9", "auto [12] The solver chooses (default)", "dual [12] Dual simplex", "old [12] -"]),
+        ('method "au|',
+         ["0:7-0:10", '"auto" [12] The solver chooses (default)', '"dual" [12] Dual simplex', '"old" [12] -']),
+        ('method "au|to" ! x',
+         ["0:7-0:13", '"auto" [12] The solver chooses (default)', '"dual" [12] Dual simplex', '"old" [12] -']),
+        ('method "auto"|',
+         ["0:7-0:13", '"auto" [12] The solver chooses (default)', '"dual" [12] Dual simplex', '"old" [12] -']),
+        ('both "du|al":no',
+         ["0:5-0:11", '"auto" [12] The solver chooses (default)', '"dual" [12] Dual simplex', '"old" [12] -']),
+        ("threads=|", ["0:8-0:8", "0 [12] default, lowest", "64 [12] highest"]),
+        ("time_limit 1.|5e-5 ! x", ["0:11-0:17", "60 [12] default", "0 [12] lowest", "1000 [12] highest"]),
+        ("cores |", ["0:6-0:6", "0 [12] default, lowest", "64 [12] highest"]),
+        ("free |", [])):
+    expect(f"values for {text!r}", completed(text), wanted)
+for text, wanted in (
+        ("eolonly off\nquiet met|", ["incomplete", "1:6-1:9", "method [10] choice, default auto: Algorithm #2"]),
+        ("eolonly off\nthreads 3 met|",
+         ["incomplete", "1:10-1:13", "method [10] choice, default auto: Algorithm #2"]),
+        ("eolonly off\nthreads 3|", ["1:8-1:9", "0 [12] default, lowest", "64 [12] highest"]),
+        ("eolonly off\nquiet, met|", []),
+        ("eolonly off\ngap_window 1 2 met|",
+         ["incomplete", "1:15-1:18", "method [10] choice, default auto: Algorithm #2"])):
+    expect(f"several settings in a line: {text!r}", completed(text), wanted)
+
+minos = lambda text: completed("* definition: minos.def\n" + text)
+write("minos.def", "Minos lookup\nmajor_print_level integer 1 1 0 9 1 1 Level\n"
+      "major_damping double 2 1 0 9 1 1 Damping\nmpl synonym major_print_level\ng group 1 1 G\n")
+for text, wanted in (
+        ("maj p|", ["incomplete", "1:0-1:5", "major print level [10] integer, default 1: Level #1"]),
+        ("major print|", ["incomplete", "1:0-1:11", "major print level [10] integer, default 1: Level #1"]),
+        ("major print |", ["incomplete", "1:0-1:12", "major print level [10] integer, default 1: Level #1"]),
+        ("major x |", ["incomplete"]),
+        ("major print level |", ["1:18-1:18", "1 [12] default", "0 [12] lowest", "9 [12] highest"]),
+        ("mpl |", ["1:4-1:4", "1 [12] default", "0 [12] lowest", "9 [12] highest"]),
+        ("major  dam|ping 3", ["incomplete"]),
+        ("m|",
+         ["incomplete", "1:0-1:1", "major damping [10] number, default 1: Damping #2",
+          "major print level [10] integer, default 1: Level #1",
+          "mpl [18] synonym of major print level: integer, default 1: Level #1"])):
+    expect(f"names with blanks for {text!r}", minos(text), wanted)
+
+# ---- files: those that end in .opt come first
+
+os.makedirs(path("parts/deep"))
+os.makedirs(path("parts/.hidden"))
+os.mkfifo(path("parts/pipe"))
+for name in ("b.opt", "a.inc", "two words.opt", "com,ma.opt", 'quo"te.opt', "z.opt", ".dot.opt"):
+    write("parts/" + name, "")
+for text, wanted in (
+        ("include |",
+         ["0:8-0:8", "minos.def [17] -", "parts/ [17] -", "solver.def [17] -", "wexcorin.json [17] -"]),
+        ("include parts/|", ["0:14-0:14", "b.opt [17] -", "z.opt [17] -", "a.inc [17] -", "deep/ [17] -"]),
+        ("include parts/x|y.opt ! z",
+         ["0:14-0:20", "b.opt [17] -", "z.opt [17] -", "a.inc [17] -", "deep/ [17] -"]),
+        ('include "parts/|',
+         ["0:15-0:15", "b.opt [17] -", "com,ma.opt [17] -", "two words.opt [17] -", "z.opt [17] -",
+          "a.inc [17] -", "deep/ [17] -"]),
+        ('include "pa|rts/x"',
+         ["0:9-0:16", "minos.def [17] -", "parts/ [17] -", "solver.def [17] -", "wexcorin.json [17] -"]),
+        ('include "parts/deep/|"', []),
+        ("include nowhere/|", []),
+        ("include parts/deep/../|",
+         ["0:22-0:22", "b.opt [17] -", "z.opt [17] -", "a.inc [17] -", "deep/ [17] -"])):
+    expect(f"files for {text!r}", completed(text), wanted)
+kinds = start(completion={"completionItemKind": {"valueSet": [17, 19]}})
+expect("the kind of a folder for a client that knows it", completed("include pa|", kinds),
+       ["0:8-0:10", "minos.def [17] -", "parts/ [19] -", "solver.def [17] -", "wexcorin.json [17] -"])
+
+for number in range(1000):
+    write(f"parts/deep/{number}.opt", "")
+answer = asked(client, "completion", "include parts/deep/|")
+expect("very many files", (len(answer["items"]), answer["isIncomplete"]), (1000, True))
+os.unlink(path("parts/deep/0.opt"))
+answer = asked(client, "completion", "include parts/deep/|")
+expect("not quite so many", (len(answer["items"]), answer["isIncomplete"]), (999, False))
+
+# ---- documentation, which comes when an item is shown
+
+client.open(MAIN, "")
+client.diagnostics(MAIN)
+
+
+def resolved(data, client=client):
+    item = {"label": "x", "data": data}
+    answer = client.request("completionItem/resolve", item)
+    documentation = answer.pop("documentation", None)
+    expect("what else the item has", answer, item)
+    return documentation
+
+
+HERE = uri(MAIN)
+documented = lambda option: resolved({"uri": HERE, "option": option})
+for option, wanted in (
+        (1,
+         {"kind": "markdown",
+          "value": "**time\\_limit**: Seconds to run\n\nA second line of help.\n\n- type: number\n- range: "
+                   "0 to 1000\n- default: `60`\n- group: general: General\n- synonyms: max\\_time\n"}),
+        (2,
+         {"kind": "markdown",
+          "value": "**method**: Algorithm\n\n- type: choice\n- values:\n  - `auto`: The solver chooses\n  - "
+                   "`dual`: Dual simplex\n  - `hidden`: Not in the help\n  - `old`\n- default: `auto`\n- "
+                   "group: general: General\n"}),
+        (3,
+         {"kind": "markdown",
+          "value": "**threads**: Threads\n\n- type: integer, the value may be left out\n- range: 0 to 64\n- "
+                   "default: `0`\n- group: general: General\n- synonyms: cores\n- their state: deprecated; "
+                   "use threads\n"}),
+        (22,
+         {"kind": "markdown",
+          "value": "**lists**: A macro of lists\n\n- type: sets several options\n- members: both\n- group: "
+                   "general: General\n"}),
+        (0,
+         {"kind": "markdown", "value": "**Help**\n\n- type: acts when it is read, the value may be left out\n"}),
+        (24,
+         {"kind": "markdown", "value": '**free**\n\n- type: text\n- default: `""`\n- group: general: General\n'}),
+        (26,
+         {"kind": "markdown",
+          "value": "**say**: Say\n\n- type: acts when it is read\n- group: general: General\n"}),
+        (27,
+         {"kind": "markdown",
+          "value": "**spare**: Spare\n\n- type: integer\n- range: 0 to 9\n- default: `1`\n- group: general: "
+                   "General\n- name: deprecated; use threads or verbose\n"}),
+        (-1, None),
+        (None, None),
+        ("1", None)):
+    expect(f"the documentation of option {option}", documented(option), wanted)
+expect("an item of a document that is not open", resolved({"uri": uri(path("other.opt")), "option": 1}), None)
+expect("an item without an option", resolved({"uri": HERE}), None)
+plain.open(MAIN, "")
+plain.diagnostics(MAIN)
+expect("documentation without Markdown", resolved({"uri": HERE, "option": 3}, plain),
+       {"kind": "plaintext",
+        "value": "threads: Threads\n\n- type: integer, the value may be left out\n- range: 0 to 64\n- "
+                 "default: 0\n- group: general: General\n- synonyms: cores\n- their state: deprecated; use "
+                 "threads\n"})
+client.open(path("none.opt"), "* definition: none.def\n")
+client.diagnostics(path("none.opt"))
+expect("documentation without a definition", resolved({"uri": uri(path("none.opt")), "option": 0}), None)
+expect("completion without a definition", client.at("completion", path("none.opt"), 1, 0),
+       {"isIncomplete": True, "items": []})
+client.close(MAIN)
+
+# ---- very many names: the best ones come first
+
+write("many.def", "".join(f"name_{number:03} integer 1 1 1 9 1 1 x\n" for number in range(201)) + "g group 1 1 G\n")
+
+
+# How many names there are, and the first one.
+def counted(text):
+    answer = asked(client, "completion", "* definition: many.def\n" + text)
+    return len(answer["items"]), answer["isIncomplete"], answer["items"][0]["label"] if answer["items"] else None
+
+
+for text, wanted in (
+        ("|", (200, True, "name_000")),
+        ("name_|", (200, True, "name_000")),
+        ("name_0|", (100, False, "name_000")),
+        ("name_00|", (10, False, "name_000")),
+        ("name_000|", (1, True, "name_000")),
+        ("n|", (200, True, "name_000")),
+        ("am|", (200, True, "name_000")),
+        ("name_x0|", (3, True, "name_000"))):
+    expect(f"very many names for {text!r}", counted(text), wanted)
+for each in (client, plain, kinds):
+    each.quit()
+
+finish()

@@ -1,0 +1,176 @@
+"""Renaming: the whole edits of small texts, and names that are refused.
+usage: renamings.py TOOL"""
+import os, tempfile
+
+from client import Client, expect, finish, short, uri
+
+VERSIONS = {"workspace": {"workspaceEdit": {"documentChanges": True}}}
+OPTION = "gap_tol strlist 1 1 1 Gap"
+
+
+# The answer to a rename in a new folder with these files. The cursor is "|". Of the other files, only the definition
+# is open.
+def renamed(name, definition, options="", more={}, capabilities=VERSIONS, method="rename"):
+    with tempfile.TemporaryDirectory() as folder:
+        folder = os.path.realpath(folder)
+        client = Client(folder, capabilities)
+        files = {"solver.def": definition, "main.opt": options, **more}
+        for file, text in files.items():
+            with open(os.path.join(folder, file), "w", encoding="utf-8", newline="") as opened:
+                opened.write(text.replace("|", ""))
+        for file, text in files.items():
+            if file == "solver.def" or "|" in text:
+                client.open(os.path.join(folder, file))
+                client.diagnostics(os.path.join(folder, file))
+        [(file, before)] = [(file, text.partition("|")[0]) for file, text in files.items() if "|" in text]
+        column = len(before.rpartition("\n")[2].encode("utf-16-le")) // 2
+        answer = client.at(method, os.path.join(folder, file), before.count("\n"), column, newName=name)
+        client.quit()
+        if answer and "code" in answer:
+            return answer["code"], answer["message"].replace(folder, "FOLDER")
+        return answer and short(answer)
+
+
+# Of each file its name, its version, and its edits.
+def edited(*arguments):
+    answer = renamed(*arguments)
+    if not isinstance(answer, dict):
+        return answer
+    return [(each["textDocument"]["uri"], each["textDocument"]["version"],
+             [(edit["range"], edit["newText"]) for edit in each["edits"]]) for each in answer["documentChanges"]]
+
+
+DEFINITION = OPTION + "\n.prior double 4 1 0 9 1 1 Priority\ntol synonym gap_tol\ngeneral group 1 1 General\n" \
+             "second group 2 1 Second\nhelp_on immediate Help 1 1 Help\nline immediate EolFlag 1 2 Lines\n" \
+             "read immediate ReadFile 1 2 Read\nm macro 1 2 M\n gap_tol\nquiet boolean.NV 7 1 1 2 Quiet\n"
+DEFINITIONS = {
+    "Normal": DEFINITION,
+    "Path": "Path lookup\nconv_tolerance strlist 1 1 1 A\nconv synonym conv_tolerance\ng group 1 1 G\n",
+    "Minos": "Minos lookup\nmajor_print_level strlist 1 1 1 A\ng group 1 1 G\n"}
+at = lambda text, mode="Normal": DEFINITIONS[mode].replace(text.replace("|", ""), text, 1 if text else 0)
+
+
+# The cursor is in this piece of the definition of the lookup mode, or else in the option file.
+def given(name, mode, piece, options, more={}):
+    return edited(name, at(piece, mode), options, more)
+
+
+for name, mode, piece, options, wanted in (
+        ("gap", "Normal", "gap|_tol", "",
+         [("solver.def", 1, [("0:0-0:7", "gap"), ("2:12-2:19", "gap"), ("9:1-9:8", "gap")])]),
+        ("gap", "Normal", "", "line no\nquiet gap_t|ol x tol y\n",
+         [("main.opt", 1, [("1:6-1:13", "gap")]),
+          ("solver.def", 1, [("0:0-0:7", "gap"), ("2:12-2:19", "gap"), ("9:1-9:8", "gap")])]),
+        ("limit", "Normal", "", "line no\nquiet gap_tol x to|l y\ngap_tol 3",
+         [("main.opt", 1, [("1:16-1:19", "limit")]), ("solver.def", 1, [("2:0-2:3", "limit")])]),
+        ("gap", "Normal", "", 'help_on "gap_tol"\nhelp_on gap_tol\nhelp_on 7\nhelp_on ""\nhelp_on\ngap_to|l',
+         [("main.opt", 1, [("0:9-0:16", "gap"), ("1:8-1:15", "gap"), ("5:0-5:7", "gap")]),
+          ("solver.def", 1, [("0:0-0:7", "gap"), ("2:12-2:19", "gap"), ("9:1-9:8", "gap")])]),
+        ("weight", "Normal", ".pri|or", "x.prior 3\n",
+         [("main.opt", None, [("0:2-0:7", "weight")]), ("solver.def", 1, [("1:1-1:6", "weight")])]),
+        (".weight", "Normal", "", "x.pri|or 3\n",
+         [("main.opt", 1, [("0:2-0:7", "weight")]), ("solver.def", 1, [("1:1-1:6", "weight")])]),
+        ("threads", "Normal", "gener|al", "", [("solver.def", 1, [("3:0-3:7", "threads")])]),
+        ("Help", "Normal", "gener|al", "", [("solver.def", 1, [("3:0-3:7", "Help")])]),
+        ("gap_tol", "Normal", "gener|al", "", [("solver.def", 1, [("3:0-3:7", "gap_tol")])]),
+        ("xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx", "Normal", "to|l syn", "",
+         [("solver.def", 1, [("2:0-2:3", "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx")])]),
+        (" gap ", "Normal", "gap_to|l", "",
+         [("solver.def", 1, [("0:0-0:7", "gap"), ("2:12-2:19", "gap"), ("9:1-9:8", "gap")])]),
+        ("GAP_TOL", "Normal", "gap_to|l", "gap_tol 1",
+         [("main.opt", None, [("0:0-0:7", "GAP_TOL")]),
+          ("solver.def", 1, [("0:0-0:7", "GAP_TOL"), ("2:12-2:19", "GAP_TOL"), ("9:1-9:8", "GAP_TOL")])]),
+        ("ab", "Path", "con|v syn", "", [("solver.def", 1, [("2:0-2:4", "ab")])]),
+        ("ab", "Path", "|g group", "", [("solver.def", 1, [("3:0-3:1", "ab")])]),
+        ("ab_cde", "Path", "conv_|t", "",
+         (-32602, "In the lookup mode Path, a word of fewer than three characters is never found")),
+        ("abc", "Path", "conv_|t", "con_tol 1\ncon\ttol 2\n",
+         [("main.opt", None, [("0:0-0:7", "abc")]),
+          ("solver.def", 1, [("1:0-1:14", "abc"), ("2:13-2:27", "abc")])]),
+        ("a_b_c_d", "Minos", "ma|jor", "", [("solver.def", 1, [("1:0-1:17", "a_b_c_d")])]),
+        ("alpha beta", "Minos", "", "maj\tprin\tle|ve 2\nmaj  prin leve=3\n",
+         [("main.opt", 1, [("0:0-0:13", "alpha beta"), ("1:0-1:14", "alpha beta")]),
+          ("solver.def", 1, [("1:0-1:17", "alpha_beta")])]),
+        ("a_b_c_d_e", "Minos", "|g group", "", [("solver.def", 1, [("2:0-2:1", "a_b_c_d_e")])]),
+        ("a_b_c_d_e", "Minos", "m|ajor", "", (-32602, "In the lookup mode Minos, a name has at most four words"))):
+    expect(f"{name!r} for {piece!r} and {options!r}", given(name, mode, piece, options), wanted)
+expect("included files", given("gap", "Normal", "gap_to|l", "gap_tol 1\n",
+                               {"other.opt": "GAP_TOL 2\nread part.inc", "part.inc": "gap_tol 3"}),
+       [("main.opt", None, [("0:0-0:7", "gap")]), ("other.opt", None, [("0:0-0:7", "gap")]),
+        ("part.inc", None, [("0:0-0:7", "gap")]),
+        ("solver.def", 1, [("0:0-0:7", "gap"), ("2:12-2:19", "gap"), ("9:1-9:8", "gap")])])
+
+refused = lambda name, cursor: edited(name, at(cursor))
+for name, cursor, wanted in (
+        ("1x", "gap_to|l",
+         (-32602, '"1x" is no name: a name is a letter, followed by letters, digits and underscores')),
+        ("_x", "gap_to|l",
+         (-32602, '"_x" is no name: a name is a letter, followed by letters, digits and underscores')),
+        ("a-b", "gap_to|l",
+         (-32602, '"a-b" is no name: a name is a letter, followed by letters, digits and underscores')),
+        ("ä", "gap_to|l",
+         (-32602, '"ä" is no name: a name is a letter, followed by letters, digits and underscores')),
+        (".gap", "gap_to|l",
+         (-32602, '".gap" is no name: a name is a letter, followed by letters, digits and underscores')),
+        (".", ".pri|or",
+         (-32602, '"." is no name: a name is a letter, followed by letters, digits and underscores')),
+        ("", ".pri|or",
+         (-32602, '"." is no name: a name is a letter, followed by letters, digits and underscores')),
+        ("..x", ".pri|or",
+         (-32602, '"..x" is no name: a name is a letter, followed by letters, digits and underscores')),
+        ("xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx", ".pri|or",
+         (-32602, "A name has at most 63 characters")),
+        ("second", "gener|al", (-32602, 'The name "second" is taken: line 5 defines a group "second"')),
+        ("SECOND", "gener|al", (-32602, 'The name "SECOND" is taken: line 5 defines a group "second"')),
+        ("prior", "gap_to|l",
+         [("solver.def", 1, [("0:0-0:7", "prior"), ("2:12-2:19", "prior"), ("9:1-9:8", "prior")])]),
+        ("Tol", "gap_to|l", (-32602, 'The name "Tol" is taken: line 3 defines a synonym "tol"')),
+        ("gap_tol", "to|l syn", (-32602, 'The name "gap_tol" is taken: line 1 defines an option "gap_tol"')),
+        ("Quiet", "to|l syn", (-32602, 'The name "Quiet" is taken: line 11 defines an option "quiet"')),
+        ("HELP", "to|l syn", (-32602, 'Every definition has an option "Help"')),
+        ("help", ".pri|or", [("solver.def", 1, [("1:1-1:6", "help")])]),
+        ("gap", "Gen|eral", (-32803, "There is no option, synonym or group here to rename")),
+        ("x", "1 1 |General", (-32803, "There is no option, synonym or group here to rename"))):
+    expect(f"{name!r} for {cursor!r}", refused(name, cursor), wanted)
+
+# ---- a new name that would change what something else means
+
+FULL = "gap_tol " + "x" * 1012  # as long as a line may be
+LIST = OPTION + "\nword strlist 1 1 1 W\nlist multilist 2 1 1 L\n gap_tol" + " " * 1007 + "word\n"
+for what, name, definition, options, wanted in (
+        ("a name of the same length", "gap_tal", "|" + OPTION, FULL,
+         [("main.opt", None, [("0:0-0:7", "gap_tal")]), ("solver.def", 1, [("0:0-0:7", "gap_tal")])]),
+        ("a longer one, which pushes the end of the line out", "gap_tola", "|" + OPTION, FULL,
+         (-32803, "With this name, line 1 of FOLDER/main.opt would mean something else")),
+        ("a longer one in a line that is cut anyway", "gap_tola", "|" + OPTION, FULL + "x",
+         [("main.opt", None, [("0:0-0:7", "gap_tola")]), ("solver.def", 1, [("0:0-0:7", "gap_tola")])]),
+        ("a list whose last member is not cut", "gap_tola", "|" + LIST, "",
+         [("solver.def", 1, [("0:0-0:7", "gap_tola"), ("3:1-3:8", "gap_tola")])]),
+        ("a list whose last member is cut", "gap_tolab", "|" + LIST, "",
+         (-32803, "With this name, line 1 of solver.def would mean something else")),
+        ("a name that is there, in a file that is open", "gap", OPTION, "gap_to|l 1\n\ngap 2\n",
+         (-32803, "With this name, line 3 of main.opt would mean something else")),
+        ("a name that is there", "gap", "|" + OPTION, "gap_tol 1\n\ngap 2\n",
+         (-32803, "With this name, line 3 of FOLDER/main.opt would mean something else"))):
+    expect(what, edited(name, definition, options), wanted)
+
+# ---- the form of the answer, and what is renamed
+
+expect("without versions", renamed("gap", "|" + OPTION, "gap_tol 1", {}, {}),
+       {"changes": {"main.opt": [{"newText": "gap", "range": "0:0-0:7"}],
+         "solver.def": [{"newText": "gap", "range": "0:0-0:7"}]}})
+prepared = lambda piece, options: renamed("", at(piece), options, {}, VERSIONS, "prepareRename")
+for piece, options, wanted in (
+        ("gap|_tol", "", {"placeholder": "gap_tol", "range": "0:0-0:7"}),
+        ("synonym gap_|tol", "", {"placeholder": "gap_tol", "range": "2:12-2:19"}),
+        (".pri|or", "", {"placeholder": "prior", "range": "1:1-1:6"}),
+        ("|general", "", {"placeholder": "general", "range": "3:0-3:7"}),
+        ("", "x.pri|or 3", {"placeholder": "prior", "range": "0:2-0:7"}),
+        ("", "to|l 3", {"placeholder": "tol", "range": "0:0-0:3"}),
+        ("", "tol |3", None),
+        ("", "tol| 3", {"placeholder": "tol", "range": "0:0-0:3"}),
+        ("Pri|ority", "", None),
+        ("double |4", "", None)):
+    expect(f"what is renamed in {piece!r} and {options!r}", prepared(piece, options), wanted)
+
+finish()
