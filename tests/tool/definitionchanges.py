@@ -129,6 +129,10 @@ for older, newer, wanted in (
         ("", "i indicator", ["compatible indicator :  -> i: There is a keyword of indicators, i"]),
         ("i indicator", "j indicator", ["breaking indicator : i -> j: The keyword of indicators is now j, was i"]),
         ("i indicator", "I indicator", []),
+        # a new character may be in a part of a line that is refused without what follows it
+        *((holder, f"{holder}/x eolcomm #", [f"{impact} comments :  -> #: Comments at the end of a line now begin with #, did with nothing"])
+          for impact, holder in (("silent", "a"), ("breaking", "i indicator"), ("breaking", ".a"), ("breaking", "r immediate ReadFile 1 1"),
+                                 ("silent", "e immediate EolFlag 1 1"), ("breaking", "a enumstr 1 x 1 1/ x 1/ y#z 1"), ("silent", "a enumstr 1 x 1 1/ x 1"))),
         ("a/i synonym a", "a/i indicator",
          ["compatible indicator :  -> i: There is a keyword of indicators, i", "breaking synonym i: a -> : The synonym of a is gone",
           "breaking name i: a -> : The name is now the keyword of indicators"]),
@@ -160,10 +164,13 @@ for older, newer, wanted in (
         ("a", "a/b/x deprecated/ a use \"b\"",
          ["compatible renamed a:  -> b: It gives way to b. The name is now deprecated: use \"b\"", "compatible added b:  -> b: The option is new"]),
         ("a/b", "a/b/x deprecated/ a use \"b\"", ["compatible deprecated a:  -> b: The name is now deprecated: use \"b\""]),
+        ("a/b", "a/b/x deprecated/ a not \"a\", but \"b\"", ["compatible deprecated a:  -> b: The name is now deprecated: not \"a\", but \"b\""]),
         ("a/s synonym a", "a/s synonym a/x obsolete/ s use \"a\"", ["breaking obsolete s:  -> a: The name is now obsolete: use \"a\""]),
         # synonyms
         ("a", "a/s synonym a", ["compatible synonym s:  -> a: The synonym of a is new"]),
         ("a/s synonym a", "a", ["breaking synonym s: a -> : The synonym of a is gone"]),
+        ("a/s synonym a", "", ["breaking removed a:  -> : The option is gone", "breaking synonym s: a -> : The synonym of a is gone"]),
+        ("s indicator/a/s synonym a", "s indicator/a", []),  # the keyword hides the synonym
         ("a/b/s synonym a", "a/b/s synonym b", ["silent synonym s: a -> b: The synonym of a now finds b"]),
         ("a/b/s synonym a/x obsolete/ s gone", "a/b/s synonym b", ["breaking synonym s: a -> b: The synonym of a now finds b"]),
         ("a/b/s synonym a", "a/b/s synonym b/x obsolete/ s gone", ["breaking synonym s: a -> b: The synonym of a now finds b"]),
@@ -205,9 +212,24 @@ for older, newer, wanted in (
         ("Minos lookup/a_b_c_d", "Minos lookup", ["breaking removed a_b_c_d:  -> : The option is gone"]),
         ("Minos lookup/a_b_c_d_e", "Minos lookup", ["breaking removed a_b_c_d_e:  -> : The option is gone, but its name did not find it"]),
         ("Minos lookup/a_2", "Minos lookup", ["breaking removed a_2:  -> : The option is gone, but its name did not find it"]),
+        ("Minos lookup/a_", "Minos lookup", ["breaking removed a_:  -> : The option is gone, but its name did not find it"]),
+        ("Minos lookup/max_iter", "Minos lookup/max_iter/max synonym max_iter",  # "max iter 5" sets it to "iter 5"
+         ["breaking name max_iter:  -> max_iter: The name now finds max_iter",
+          "breaking short forms max_iter:  -> max: Short forms of the name that begin with max no longer find the option",
+          "compatible synonym max:  -> max_iter: The synonym of max_iter is new"]),
+        ("Minos lookup/a/max_iter synonym a", "Minos lookup/a/max_iter synonym a/max synonym a",
+         ["breaking synonym max_iter: a -> a: The synonym of a now finds a", "compatible synonym max:  -> a: The synonym of a is new"]),
+        ("Minos lookup/max/max_iter synonym max", "Minos lookup/max", []),  # its first word found max
+        ("Minos lookup/max_iter/other/maxi synonym other", "Minos lookup/max_iter/other/maxi synonym other", []),
+        ("Minos lookup/max_iter/maxi indicator", "Minos lookup/max_iter",
+         ["breaking indicator : maxi -> : There is no keyword of indicators any more, was maxi"]),
+        (".max_iter", "Minos lookup/.max_iter",
+         ["silent lookup : Normal -> Minos: The lookup mode is now Minos, was Normal; lists of texts (--NAME) with similar names become one"]),
         # with several settings on a line, words behind the value would be the second value
         ("x immediate EolFlag 1 1/a", "x immediate EolFlag 1 1/a integer.TWO 1 2 0 9 1 1",
          ["breaking modifier a: integer -> integer.TWO: The type is now integer.TWO, was integer"]),
+        ("x immediate EolFlag 1 1/a", "x immediate EolFlag 1 1/a double.TWO 1 2 0 9 1 1",
+         ["breaking type a: integer -> double.TWO: The type is now double.TWO, was integer"]),
         # values and actions
         ("a", "a double 1 3 0 9 1 1", ["silent type a: integer -> double: The type is now double, was integer"]),
         ("a", "a integer 1 3 1 8 1 1", ["silent default a: 2 -> 3: The default is now 3, was 2",
@@ -219,6 +241,7 @@ for older, newer, wanted in (
         ("a enumstr 1 x 1 1/ x 1/ y 1", "a enumstr 1 Y 1 1/ Y 1/ z 1",
          ["silent default a: x -> Y: The default is now Y, was x", "breaking values a: x -> : The value x is gone",
           "silent values a: y -> Y: The value y is now Y, was y", "compatible values a:  -> z: The value z is new"]),
+        ("a enumstr 1 x 1 1/ x 1/ X 1", "a enumstr 1 x 1 1/ x 1/ X 1", []),  # the second one is never found
         ("a enumint 1 1 1 1/ 1 1/ 5 1", "a enumint 1 6 1 1/ 1 1/ 6 1",
          ["silent default a: 1 -> 6: The default is now 6, was 1", "breaking values a: 5 -> : The value 5 is gone",
           "compatible values a:  -> 6: The value 6 is new"]),
@@ -237,13 +260,16 @@ for older, newer, wanted in (
 
 # ---- members: "a b > a" stands for a list that loses its second member
 
-MEMBERS = """a/wide double 2 2 0 19 1 1/narrow integer 3 2 0 5 1 1/text string 4 x 1 1/flag boolean.NV 5 1 1 1
+MEMBERS = """a/wide double 2 2 0 19 1 1/narrow integer 3 2 0 5 1 1/high integer 3 2 1 9 1 1/text string 4 x 1 1/flag boolean.NV 5 1 1 1
+few enumstr 1 x 1 1/ x 1/ y 1/many enumstr 1 x 1 1/ z 1/ y 1/ x 1/one enumint 1 1 1 1/ 1 1/two enumint 1 1 1 1/ 1 1/ 2 1/
 inner macro 1 1/ a/ narrow/split multilist 6 1 1/ a narrow/nested macro 1 1/ split/""".replace("\n", "/")
 for kind, rows in (
         # the words of the value belong to the members one by one
         ("multilist 7", (("a narrow > a narrow wide", "compatible"), ("a narrow > a", "breaking"), ("a narrow > narrow a", "breaking"),
                          ("narrow a > wide a", "silent"), ("a narrow > a wide narrow", "silent"), ("narrow a > a wide", "silent"),
-                         ("a text > a flag", "silent"), ("flag a > text a", "breaking"), ("a text > a text", ""))),
+                         ("a text > a flag", "silent"), ("a text > high text", "breaking"), ("high > a", "silent"), ("few > many", "silent"),
+                         ("many > few", "breaking"), ("one > two", "silent"), ("two > one", "breaking"), ("inner a > nested a", "breaking"), ("help a > text a", "breaking"),
+                         ("flag a > text a", "breaking"), ("a text > a text", ""))),
         # the whole value is that of each member
         ("macro", (("a > a narrow", "breaking"), ("narrow > narrow a", "silent"), ("a narrow > a", "silent"), ("a wide > wide a", "compatible"),
                    ("a narrow > narrow text", "silent"), ("text > a", "breaking"), ("inner wide > a narrow wide", "compatible"),
