@@ -1,7 +1,7 @@
 """Where values come from, what lines did, and what differs between option files: cases that are not in the session.
 The JSON must match the schemas in docs/.
 usage: tracing.py TOOL; run in the repository's root; exit code 77: no failure, but the schemas were not tested"""
-import hashlib, json, sys
+import hashlib, json, re, sys
 from support import DOCS, expect, expect_part, failures, read, run, runs, write
 
 # ---- origin: chains of files and of options that pass their text on
@@ -76,6 +76,135 @@ for name, setting, part in (
         ("'.rank y'", "x.rank 2", "No line touched it.\n"), ("alpha", "beta 1", "\nIn force: 1, the default\n")):
     expect_part(f"explain {name} --set '{setting}'", run(f"wexcorin explain {name} trace.def --set '{setting}'")[0], part)
 runs("wexcorin explain .rnk trace.def", err='wexcorin: there is no option ".rnk"; did you mean ".rank"?\n', code=1)
+
+# ---- explain: all that lines did
+
+write("touch.def", """x eolcomm #
+alpha integer 1 1 0 9 1 1
+beta string.OPT 2 x 1 1
+window double.TWO 3 0 0 9 1 1
+list strlist 4 1 1
+old integer 5 1 0 9 1 1
+gone integer 6 1 0 9 1 1
+pair multilist 7 1 1
+ alpha beta
+both macro 1 1
+ alpha
+ old
+name synonym alpha
+free immediate NoBounds 1 1
+tell immediate Message 1 1
+read immediate ReadFile 1 1
+.rank double 8 0 0 9 1 1
+.side boolean 9 0 1 1
+side synonym .side
+ind indicator
+quiet boolean.NV 10 1 1 1
+names deprecated
+ old use alpha
+names obsolete
+ gone use alpha
+""")
+LINES = """alpha 2   # the first
+name 3
+alpha 10
+free 1
+alpha 10
+window 1 12
+window * 3
+pair 4:b
+pair 5:b:c
+both 6
+old 7
+gone 7
+list a
+list "a"b
+beta
+--own t
+--own u
+tell hello
+help alpha
+x.rank(1,*) 2
+x.rank 3
+X.rank(" 1 ") 4
+y.rank 10
+x.rank(i) 5
+x.side 1
+side 0
+x.none 1
+ind E(1)$V yes
+ind e$v no
+ind e$ 1
+ind f$v("1") maybe
+ind f("2")$w yes
+read none.opt
+quiet"""
+write("touch.opt", LINES + "\n")
+ALPHA = 'Integer range error for option "alpha" saw "10"; Valid range is 0 to 9'
+WINDOW = 'Double out of range for option "window" saw "12"; Valid range is 0 to 9'
+X = ["x.rank(1,*) 2: refused: Element expected for .option \"x\"", "x.rank 3: entry kept with value 3", 'X.rank(" 1 ") 4: entry kept with value 4',
+     "x.rank(i) 5: refused: Set name not allowed .option \"x\""]
+E = ["ind E(1)$V yes: refused: Unique element expected for indicator id \"E\"",
+     "ind E(1)$V yes: refused: $ expected after equation identifier \"E\"", "ind e$v no: entry kept with value 0"]
+F = ['ind f$v("1") maybe: refused: Boolean value expected for equation indicator "f", Saw "maybe"', 'ind f("2")$w yes: entry kept with value 1']
+runs("wexcorin explain alpha touch.def touch.opt", f"""alpha
+  type        integer
+  range       0 to 9
+  default     1
+  synonyms    name
+
+Where         Line                   What it did
+touch.opt:1   alpha 2   # the first  stored 2; overridden later
+touch.opt:2   name 3                 stored 3 (synonym name); overridden later
+touch.opt:3   alpha 10               refused: {ALPHA}
+touch.opt:5   alpha 10               accepted outside the bounds 10: {ALPHA}; overridden later
+touch.opt:8   pair 4:b               stored 4 (multilist pair); overridden later
+touch.opt:9   pair 5:b:c             stored 5 (multilist pair); overridden later
+touch.opt:10  both 6                 stored 6 (macro both)
+
+In force: 6, from touch.opt:10
+""", None, 2)
+# The lines with what they did, and the text behind the table, for each name or symbol.
+for name, did, force in (
+        ("beta", ["pair 4:b: stored b (multilist pair); overridden later", "pair 5:b:c: stored b (multilist pair)",
+                  "beta: refused: Value expected for key \"beta\""], "In force: b, from touch.opt:9\n"),
+        ("window", ["window 1 12: stored first value 1", f"window 1 12: accepted outside the bounds second value 12: {WINDOW}; overridden later",
+                    "window * 3: stored second value 3"], "In force: 1, from touch.opt:6\nSecond value: 3, from touch.opt:7\n"),
+        ("list", ["list a: stored a", "list \"a\"b: refused: Bad double-quote in value"], "In force: a\n"),
+        ("--OWN", ["--own t: stored t", "--own u: stored u"], "In force: t, u\n"),
+        ("old", ["both 6: stored 6 (macro both); overridden later", "old 7: reported: deprecated option \"old\"; use alpha", "old 7: stored 7"],
+         "In force: 7, from touch.opt:11\n"),
+        ("gone", ["gone 7: reported: obsolete option \"gone\"; use alpha"], "In force: 1, the default\n"),
+        ("quiet", ["quiet: stored 1 (name alone)"], "In force: 1, from touch.opt:34\n"),
+        # what acts or passes its text on
+        ("pair", ["pair 4:b: passed its text on to its members (multilist pair)", "pair 5:b:c: passed its text on to its members (multilist pair)",
+                  "pair 5:b:c: refused (multilist pair): Too many items for multilist \"pair\""], ""),
+        ("both", ["both 6: passed its text on to its members (macro both)"], ""),
+        ("free", ["free 1: acted"], ""), ("tell", ["tell hello: acted", "tell hello: refused: hello"], ""), ("help", ["help alpha: acted"], ""),
+        ("read", ["read none.opt: acted", 'read none.opt: refused: Cannot open parameter file "none.opt"; Error code = 2; No such file or directory'], ""),
+        # dot options and symbols
+        (".rank", [*X[:3], 'y.rank 10: reported: Double out of range for option ".rank" saw "10"; Valid range is 0 to 9',
+                   "y.rank 10: entry kept with value 10", X[3]], "In force: 10, from touch.opt:23\n"),
+        (".rank X", X, ""), ("x.rank(1)", [X[0], *X[2:]], ""), (".rank x(2)", [X[0], X[3]], ""),
+        (".side", ["x.side 1: entry kept with value 1", "side 0: stored 0 (synonym side)"], "In force: 0, from touch.opt:26\n"),
+        ("x", [*X, "x.side 1: entry kept with value 1"], ""), ("x(1)", [X[2]], ""),
+        # indicators and their symbols
+        ("IND", [*E, "ind e$ 1: refused: Equation ID expected for indicator", *F], ""),
+        ("e", E, ""), ("v", [E[2]], ""), ("f", F, ""), ("f(2)", [F[1]], ""), ("w", [F[1]], "")):
+    head, table, *rest = run(f"wexcorin explain -- '{name}' touch.def touch.opt")[0].split("\n\n")
+    rows = [re.split(r" {2,}", row, 2) for row in table.split("\n")[1:] if row]
+    expect(f"explain {name}", "\n".join(f"{line}: {what}" for _, line, what in rows), "\n".join(did))
+    expect(f"explain {name}: lines", [LINES.split("\n")[int(where.split(":")[1]) - 1] for where, _, _ in rows], [line for _, line, _ in rows])
+    expect(f"explain {name}: in force", "".join(rest), force)
+for name, head in ("--own", "--own\n  type        text, may be given repeatedly"), ("IND", "IND: the keyword of indicators"), ("x(1)", "x(1): a symbol"):
+    expect(f"explain {name}: head", run(f"wexcorin explain -- '{name}' touch.def touch.opt")[0].split("\n\n")[0], head)
+runs("wexcorin explain ind touch.def", "ind: the keyword of indicators\n\nNo line touched it.\n")
+runs("wexcorin explain -- --none touch.def", "", "wexcorin: there is no option \"--none\"; 'wexcorin find' searches the texts of the options\n", 1)
+runs("wexcorin explain alpha none.def", "", None, 2)
+runs("wexcorin explain alpha touch.def none.opt", "", None, 2)
+write("list.def", "alpha integer 1 1 0 9 1 1 The first\n and only\n")
+runs("wexcorin explain alpha list.def", "alpha: The first\n  and only\n  type        integer\n  range       0 to 9\n  default     1\n"
+     "\nNo line touched it.\n\nIn force: 1, the default\n")
 
 # ---- values in force: what counts, and what does not
 
