@@ -64,6 +64,22 @@ expect("the first of two values stays", [row[key] for row in json.loads(
     [{"source": "--set", "line": 1, "through": [], "overrode": []},
      {"source": "--set", "line": 2, "through": [], "overrode": [{"source": "--set", "line": 1, "value": 2.0}]}])
 
+write("text.def", read("trace.def") + 'text string 9 "" 1 1\n')
+write("text.opt", "text \"two words\"\ntext ä\nwords blue\nwords \"red\"\nlist a\nread part.opt\nlist b\n")
+seen = {row["name"]: row for row in json.loads(run("wexcorin show text.def text.opt --json --origin --set 'alpha 4' --set 'read text.opt'")[0])["options"]}
+INCLUDE = {"kind": "include", "source": "--set", "line": 2}
+TWICE = [{"source": "text.opt", "line": line, "value": value} for line, value in ((1, "two words"), (2, "ä"), (1, "two words"))]
+expect("texts", seen["text"]["origin"], {"source": "text.opt", "line": 2, "through": [INCLUDE], "overrode": TWICE})
+expect("words", [each["value"] for each in seen["words"]["origin"]["overrode"]], ["blue", "red", "blue"])
+expect("a list", seen["list"]["origin"], [{"source": "text.opt", "line": line, "through": through} for line, through in
+                                          ((5, []), (7, []), (5, [INCLUDE]), (7, [INCLUDE]))])
+write("many.def", "".join(f"option{number} integer 1 0 0 99 1 1\n" for number in range(90)))
+write("many.opt", "".join(f"option{number} 1\n" for number in range(90)))
+seen = json.loads(run("wexcorin show many.def many.opt --json --origin")[0])["options"]
+expect("many options", [row["origin"]["line"] for row in seen if row["origin"]], list(range(1, 91)))
+expect_part("a file that --set includes", run("wexcorin show text.def --set 'alpha 4' --set 'read text.opt' --origin")[0],
+            "--set > text.opt:6 > part.opt:2 (macro outer)")
+
 # ---- explain: what else a line can do
 
 for name, setting, part in (
@@ -221,6 +237,70 @@ for setting in ("alpha 4", "beta 2", "quiet", "x.rank 1", "ind e$c 1", "window *
     expect(f"'{setting}' differs", (code, len(json.loads(out)["differences"])), (1, 1))
     expect(f"'{setting}' changes the fingerprint", run("wexcorin show trace.def c.opt --fingerprint")[0] == same, False)
 
+# All kinds of differences, in all forms.
+write("one.opt", "x.rank('a',*) 1\nx.rank 3\nx.rank 4\nind e$v yes\nind f$v no\nquiet\nside 1\nlist \"a|b\"\nlist c\n--own t\nold 5\n")
+write("two.opt", "x.rank 3\nx.rank 4\nx.rank('a',*) 1\nind f$v no\nind e$v yes\nside 1\nboth 5\nwindow * 2\n")
+runs("wexcorin diff --definition touch.def one.opt two.opt", """Setting              one.opt                        two.opt
+alpha                1 [default]                    5 [two.opt:7 (macro both)]
+window               0 0 [default]                  0 2 [default; two.opt:8]
+list                 a|b, c [one.opt:8; one.opt:9]  none [default]
+.rank                4 [one.opt:3]                  1 [two.opt:3]
+quiet                set [one.opt:6 (name alone)]   not set [default]
+--own                t [one.opt:10]                 none
+order of dot lines   x.rank('a',*), x.rank, x.rank  x.rank, x.rank, x.rank('a',*)
+order of indicators  ind e$v, ind f$v               ind f$v, ind e$v
+""", None, 1)
+runs("wexcorin diff --defaults two.opt --definition touch.def", """Setting        two.opt                      defaults
+alpha          5 [two.opt:7 (macro both)]   1 [default]
+window         0 2 [default; two.opt:8]     0 0 [default]
+old            5 [two.opt:7 (macro both)]   1 [default]
+x.rank         3, 4 [two.opt:1; two.opt:2]  none
+x.rank('a',*)  1 [two.opt:3]                none
+ind e$v        1 [two.opt:5]                none
+ind f$v        0 [two.opt:4]                none
+""", None, 1)
+runs("wexcorin diff --matrix --definition touch.def one.opt two.opt one.opt --markdown", """| Setting | Value | Files |
+| --- | --- | --- |
+| alpha | 1 | one.opt one.opt |
+| | 5 | two.opt |
+| window | 0 0 | one.opt one.opt |
+| | 0 2 | two.opt |
+| list | a\\|b, c | one.opt one.opt |
+| | none | two.opt |
+| .rank | 4 | one.opt one.opt |
+| | 1 | two.opt |
+| quiet | set | one.opt one.opt |
+| | not set | two.opt |
+| \\--own | t | one.opt one.opt |
+| | none | two.opt |
+| order of dot lines | x.rank('a',\\*), x.rank, x.rank | one.opt one.opt |
+| | x.rank, x.rank, x.rank('a',\\*) | two.opt |
+| order of indicators | ind e\\$v, ind f\\$v | one.opt one.opt |
+| | ind f\\$v, ind e\\$v | two.opt |
+""", None, 1)
+# For each difference its kind, its name, and the value and origin in each of the files.
+JSON = [["option", "alpha", [1, "default"], [5, "two.opt:7 (macro both)"]],
+        ["option", "window", [[0.0, 0.0], "default"], [[0.0, 2.0], "default; two.opt:8"]],
+        ["option", "list", [["a|b", "c"], "one.opt:8; one.opt:9"], [[], "default"]],
+        ["option", ".rank", [4.0, "one.opt:3"], [1.0, "two.opt:3"]],
+        ["option", "quiet", [True, "one.opt:6 (name alone)"], [False, "default"]], ["list", "--own", [["t"], "one.opt:10"], [None, ""]],
+        ["order of dot lines", "order of dot lines", [["x.rank('a',*)", "x.rank", "x.rank"], ""], [["x.rank", "x.rank", "x.rank('a',*)"], ""]],
+        ["order of indicators", "order of indicators", [["ind e$v", "ind f$v"], ""], [["ind f$v", "ind e$v"], ""]]]
+for flags, parts in ("--definition touch.def", 2), ("--matrix touch.def", 1):  # a matrix has no origins
+    out = json.loads(run(f"wexcorin diff {flags} one.opt two.opt --json")[0])
+    expect(f"{flags}: JSON", [[each["kind"], each["name"], *(list(value.values()) for value in each["values"])] for each in out.pop("differences")],
+           [[kind, name, *(value[:parts] for value in values)] for kind, name, *values in JSON])
+    expect(f"{flags}: what was compared", out, {"definition": "touch.def", "compared": ["one.opt", "two.opt"]})
+out = json.loads(run("wexcorin diff --defaults two.opt --definition touch.def --json")[0])
+expect("JSON of dot lines and indicators", [(each["kind"], *(value["value"] for value in each["values"])) for each in out["differences"][3:]],
+       [("dot line", [3, 4], None), ("dot line", [1], None), ("indicator", [1], None), ("indicator", [0], None)])
+runs("wexcorin diff --matrix --definition touch.def one.opt one.opt --markdown", "No differences.\n", None)
+runs("wexcorin diff --matrix touch.def one.opt one.opt", "no differences\n", None)
+for length in 148, 149:  # longer texts are cut
+    write("cut.opt", f"list {'a' * 150}\nlist {'b' * length}\n")
+    expect_part(f"{length + 152} characters", run("wexcorin diff --definition touch.def cut.opt --defaults --markdown")[0],
+                f"| {'a' * 150}, {'b' * 148}{'' if length == 148 else '...'} \\[")
+
 # What docs/tracing.md says about its bytes.
 write("bytes.def", "Zeta enumstr 1 Red 1 1\n red 1\nbeta double.TWO 2 0.1 0 1 1 1\nalpha boolean.NV 3 0 1 1\nmid string 4 \"a b\" 1 1\n"
       "list strlist 5 1 1\n.rank integer 6 0 0 9 1 1\nind indicator\n")
@@ -238,16 +318,27 @@ expect("the order of dot lines counts", [each["name"] for each in json.loads(run
 # ---- trouble, and faulty option files, which are compared by what was taken
 
 for arguments in ("a.opt b.opt --definition none.def", "a.opt none.opt --definition trace.def", "none.def trace.def",
-                  "--matrix trace.def none.opt"):
+                  "--matrix trace.def none.opt", "--matrix none.def a.opt"):
     runs(f"wexcorin diff {arguments}", "", None, 2)
 write("faulty.def", "a integer 1 9 0 1 1 1\n")
 runs("wexcorin diff trace.def faulty.def", "", 'faulty.def:1: error: Default not in range for option "a"\n', 2)
 write("faulty.opt", "alpha x\nread none.opt\nbeta 2\n")
 runs("wexcorin diff --defaults faulty.opt --definition - --markdown", "| Setting | faulty.opt | defaults |\n| --- | --- | --- |\n"
      "| beta | 2 \\[faulty.opt:3\\] | 1 \\[default\\] |\n", None, 1, read("trace.def"))
-for arguments in ("a.opt", "--defaults a.opt", "a.opt b.opt --fail-on breaking --definition trace.def", "--matrix trace.def",
-                  "--json --markdown trace.def trace.def"):
-    runs(f"wexcorin diff {arguments}", "", None, 2)
+for arguments, problem in (("a.opt", "two files are needed"), ("a.opt b.opt c.opt", "two files are needed"),
+                           ("--defaults a.opt", "--defaults takes one option file and --definition"),
+                           ("--defaults a.opt b.opt --definition trace.def", "--defaults takes one option file and --definition"),
+                           ("--defaults --matrix a.opt --definition trace.def", "--defaults and --matrix exclude each other"),
+                           ("a.opt b.opt --fail-on breaking --definition trace.def", "--fail-on is for definitions"),
+                           ("--matrix trace.def --fail-on silent a.opt", "--fail-on is for definitions"),
+                           ("--matrix trace.def", "--matrix takes a definition and option files"),
+                           ("--matrix --definition trace.def", ""),
+                           ("--json --markdown trace.def trace.def", "--json and --markdown exclude each other"),
+                           ("- -", "standard input can be read only once"), ("- a.opt --definition -", "standard input can be read only once")):
+    out, err, code = run(f"wexcorin diff {arguments}")
+    expect(f"misuse: {arguments}", (out, err.split("\n")[0].removeprefix("wexcorin diff: ") if problem else "", code), ("", problem, 2))
+runs("wexcorin diff --matrix --definition trace.def a.opt", "no differences\n")
+runs("wexcorin diff --defaults - --definition trace.def", None, None, 1, "alpha 3\n")
 for word, code in ("any", 1), ("silent", 0), ("breaking", 0):
     write("wider.def", read("trace.def").replace("1 0 9 1 1\nbeta", "1 0 10 1 1\nbeta"))
     runs(f"wexcorin diff trace.def wider.def --fail-on {word}", None, "", code)
