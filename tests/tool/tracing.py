@@ -216,9 +216,10 @@ for name, head in ("--own", "--own\n  type        text, may be given repeatedly"
     expect(f"explain {name}: head", run(f"wexcorin explain -- '{name}' touch.def touch.opt")[0].split("\n\n")[0], head)
 runs("wexcorin explain ind touch.def", "ind: the keyword of indicators\n\nNo line touched it.\n")
 runs("wexcorin explain -- --none touch.def", "", "wexcorin: there is no option \"--none\"; 'wexcorin find' searches the texts of the options\n", 1)
+write("list.def", "alpha integer 1 1 0 9 1 1 The first\n and only\n")
+runs("wexcorin explain none list.def", "", "wexcorin: there is no option \"none\"; 'wexcorin find' searches the texts of the options\n", 1)
 runs("wexcorin explain alpha none.def", "", None, 2)
 runs("wexcorin explain alpha touch.def none.opt", "", None, 2)
-write("list.def", "alpha integer 1 1 0 9 1 1 The first\n and only\n")
 runs("wexcorin explain alpha list.def", "alpha: The first\n  and only\n  type        integer\n  range       0 to 9\n  default     1\n"
      "\nNo line touched it.\n\nIn force: 1, the default\n")
 
