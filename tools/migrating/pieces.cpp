@@ -138,7 +138,7 @@ trewriter::tpiece trewriter::immediate(const tcase& each) {
     return commented(each, because("gone", reasonof(*each.older, each.newer)), true);
   result.ischanged = true;
   result.texts = {text};
-  result.notes.push_back({taction::renamed, each.name(), "It is now called " + name});
+  result.notes.push_back(changenote(each, result.texts));
   return result;
 }
 

@@ -40,11 +40,6 @@ void tsuccessors::follow(const tcounterparts& counterparts, std::int32_t positio
   fpredecessors[static_cast<std::size_t>(replacement)] = position;
 }
 
-std::int32_t tsuccessors::predecessorof(const toption& option) const {
-  const std::int32_t position = fnewer.of(&option);
-  return position < 0 ? -1 : fpredecessors[static_cast<std::size_t>(position)];
-}
-
 namespace {
 
 // In lookup mode Minos, the words of a name are typed with blanks between them, and the first words that are a

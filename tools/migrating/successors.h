@@ -20,9 +20,6 @@ class tsuccessors {
   const optcore::toption* of(std::int32_t position) const {
     return position < 0 || position >= count() ? nullptr : fsuccessors[static_cast<std::size_t>(position)];
   }
-  // The position in the older definition of the option that an option of the newer one continues; -1 for a
-  // new option.
-  std::int32_t predecessorof(const optcore::toption& option) const;
 
   // The number of options in the older definition.
   std::int32_t count() const { return static_cast<std::int32_t>(fsuccessors.size()); }
@@ -36,6 +33,7 @@ class tsuccessors {
   const tpositions& folder;
   const tpositions& fnewer;
   std::vector<const optcore::toption*> fsuccessors;
+  // For the newer options the positions of the older ones that they continue; -1 for a new one.
   std::vector<std::int32_t> fpredecessors;
 };
 
