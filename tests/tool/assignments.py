@@ -208,5 +208,9 @@ expect("JSON", json.loads(run(f"{MIGRATE} one.ini --dry-run --json")[0]), {
             {"line": 1, "action": "commented", "name": "other", "text": "There is no option other", "decide": True}],
         "diff": "--- one.ini\n+++ one.ini\n@@ -1 +1,2 @@\n-other = 3\n+* There is no option other\n+* other = 3\n"}]})
 runs(f"{MIGRATE} one.ini none.ini -o none", "", "none.ini: error: cannot read the file\nwexcorin migrate: nothing was written\n", 2)
+write("real.ini", "real = 3\n")
+runs("wexcorin migrate --to - --syntax assignments real.ini -o out", "1 file, 0 changes, 0 to decide\n", stdin=read("new.def"))
+write("faulty.def", "a integer 1 9 0 1 1 1\n")
+runs("wexcorin migrate --to faulty.def --syntax assignments one.ini -o none", "", 'faulty.def:1: error: Default not in range for option "a"\n', 2)
 runs("wexcorin migrate --to none.def --syntax assignments one.ini -o none", "", None, 2)
 sys.exit("\n".join(failures) or 0)

@@ -48,6 +48,10 @@ for row in (
         ("a/b", "a/b/x deprecated/ a use \"b\"", "a 3", None, ["1: deprecated a: It still works: use \"b\""]),  # b is another one
         ("a", "a/b double 1 2 0 9 1 1/x deprecated/ a use \"b\"", "a 3", None, ["1: deprecated a: It still works: use \"b\""]),
         ("a string 1 x 1 1", "a indicator/a string 1 x 1 1", "a b", "-a b", ["1: spelled a: a is now written -a"]),
+        ("a", "a/x deprecated/ a", "a 3", None, ["1: deprecated a: It still works"]),
+        ("a", "b integer 1 2 0 5 1 1/a synonym b", "a 7", "b 7",
+         ["1: renamed a: It is now called b", "1: decide: left a: " + RANGE.replace('"a"', '"b"')]),
+        (FLAG, "b boolean.NV 1 1 1 1/a synonym b", "a", "b", ["1: renamed a: It is now called b"]),
         ("i indicator", "j indicator", "i e$v 1/i e$ 1", "j e$v 1/i e$ 1",
          ["1: spelled i: i is now written j", "2: decide: refused i: Not taken before either: Equation ID expected for indicator"]),
         (f"{BOUNDS}/s synonym n", "m immediate NoBounds 1 1/n synonym m", "s 1/n 0", "m 1/n 0", ["1: renamed n: It is now called m"]),
@@ -64,6 +68,8 @@ for row in (
         ("a_b", "Minos lookup/a_b/a/q synonym a/p synonym a_b", "a_b 3", "p 3", ["1: spelled a_b: a_b is now written p"]),
         ("a_b_c_d", "Minos lookup/a_b_c_d", "a_b_c_d 3", "a b c d 3", ["1: spelled a_b_c_d: a_b_c_d is now written a b c d"]),
         ("a_b_c_d_e", "Minos lookup/a_b_c_d_e", "a_b_c_d_e 3", None, ['1: decide: left a_b_c_d_e: Unknown option "a_b_c_d_e"']),
+        ("a_", "Minos lookup/a_", "a_ 3", None, ['1: decide: left a_: Unknown option "a_"']),
+        ("a_b_c_d_e", "Minos lookup/a_b_c_d_e integer 1 2 0 5 1 1", "a_b_c_d_e 7", None, ['1: decide: left a_b_c_d_e: Unknown option "a_b_c_d_e"'], "--clamp"),
         # ---- what is gone or obsolete
         ("a", "b", "a 3/b 3", "* a is gone/* a 3/b 3", ["1: commented a: gone", "2: taken b: Only the newer definition takes this; it stays"]),
         ("a/x deprecated/ a why", "b", "a 3", "* a is gone: why/* a 3", ["1: commented a: gone: why"]),
@@ -73,6 +79,10 @@ for row in (
         ("a/x obsolete/ a why", "a/x obsolete/ a why now", "a 3", "* a is obsolete: why now/* a 3", ["1: commented a: obsolete: why now"]),
         ("a/s synonym a/x obsolete/ s why", "a/s synonym a", "s 3", "* a is obsolete: why/* s 3", ["1: commented a: obsolete: why"]),
         ("i indicator", "", "i e$v 1", "* i is gone: there are no indicators/* i e$v 1", ["1: commented i: gone: there are no indicators"]),
+        ("i indicator", "i string 1 x 1 1", "i e$v 1", "* i is gone: there are no indicators/* i e$v 1", ["1: commented i: gone: there are no indicators"]),
+        ("a/b", "b/a synonym b", "a 3", "* a is gone/* a 3", ["1: commented a: gone"]),  # its name finds b, which was there before
+        ("a", "a immediate NoBounds 1 1", "a 1", "* a is not taken in the same way/* a 1",
+         ["1: decide: commented a: not taken in the same way", " new-default a: The default is now none, was 2; a line cannot set it"]),
         (".a/x deprecated/ .a why", ".b", "x.a 3", "* .a is gone: why/* x.a 3", ["1: commented .a: gone: why"]),
         (EOL, "m immediate EolFlag 1 1", "e on", "* e is gone/* e on", ["1: decide: commented e: gone"]),
         (f"{EOL}/s synonym e", EOL, "s off", "* e is gone/* s off", ["1: decide: commented e: gone"]),  # a name of a mode is kept
@@ -96,6 +106,10 @@ for row in (
         ("a string 1 x 1 1", "a enumstr.TWO 1 x 1 1/ x 1", "a *", None, ["1: decide: left a: The newer definition reads it in another way"]),
         ("b/m multilist 1 1 1/ b", "b integer.NV 1 2 0 9 1 1/m multilist 1 1 1/ b", "m 3", "* m is not taken in the same way/* m 3",
          ["1: decide: commented m: not taken in the same way"]),
+        ("b integer.NV 1 2 0 9 1 1/m multilist 1 1 1/ b", "b/m multilist 1 1 1/ b", "m 3", "* m is not taken in the same way/* m 3",
+         ["1: decide: commented m: not taken in the same way"]),
+        (".a boolean.NV 1 1 1 1", ".a boolean 1 1 1 1", "x.a 1/x.a 0", "* .a is not taken in the same way/* x.a 1/x.a 0",
+         ["1: decide: commented .a: not taken in the same way"]),
         ("a integer.TWO 1 2 0 9 1 1", "a", "a 3 4/a 3 3/a 3 *", "a 3 4/a 3/a 3 *",
          ['1: decide: left a: Integer expected, for option "a" saw "3 4"', "2: spelled a: To mean the same, it is now written: a 3",
           '3: decide: left a: Integer expected, for option "a" saw "3 *"']),
@@ -110,6 +124,8 @@ for row in (
         ("a enumint 1 1 1 1/ 1 1/ 2 1", "a integer 1 1 0 1 1 1", "a 2/a 1", "a 1/a 1", ["1: clamped a: a moved from 2 to the bound 1"], "--clamp"),
         ("a double 1 2 0 9 1 1", "a", "a 3.5", None, ['1: decide: left a: Integer expected, for option "a" saw "3.5"'], "--clamp"),
         ("a string 1 x 1 1", SMALL, "a 7", None, [f"1: decide: left a: {RANGE}"], "--clamp"),
+        ("a/x deprecated/ a why", f"{SMALL}/x deprecated/ a why", "a 7", None, [f"1: decide: left a: {RANGE}"]),
+        ("a integer.OPT 1 7 0 9 1 1", "a integer.OPT 1 2 0 5 1 1", "a", "a 5", ["1: clamped a: a moved from 7 to the bound 5"], "--clamp"),
         ("a integer.TWO 1 2 0 9 1 1", "a integer.TWO 1 2 0 5 1 1", "a 7 3/a 3 7/a * 7/a 7 */a 7", "a 5 3/a 3 5/a * 5/a 5 */a 5 5",
          [f"{n}: clamped a: a moved from 7 to the bound 5" for n in (1, 2, 3, 4, 5, 5)], "--clamp"),
         (".a", ".a integer 1 2 0 5 1 1", "x.a 7/x.a(\"1\") 4", "x.a 5/x.a(\"1\") 4", ["1: clamped .a: .a moved from 7 to the bound 5"], "--clamp"),
@@ -122,10 +138,20 @@ for row in (
         ("a/b/m macro 1 1/ a/ b", f"{SMALL}/b/m macro 1 1/ a/ b", "m 7", None, [f"1: decide: left m: {MACRO_RANGE}"]),
         ("a/b/m macro 1 1/ a/ b", f"{SMALL}/b/m macro 1 1/ a/ b", "m 7", "a 5/b 7", ["1: clamped m: a moved from 7 to the bound 5"], "--clamp"),
         ("a/b/m multilist 1 1 1/ a b", "a/b/m multilist 1 1 1/ b a", "m 3:4", "a 3/b 4", ["1: spelled m: To mean the same, it is now written: a 3; b 4"]),
+        ("a/b/m macro 1 1/ a/ b", "a/b/k macro 1 1/ a/m synonym k", "m 7", "a 7/b 7", ["1: spelled m: To mean the same, it is now written: a 7; b 7"]),
+        (f"{SMALL}/b/m macro 1 1/ a/ b", f"{SMALL}/b", "m 7", "b 7",
+         ["1: spelled m: To mean the same, it is now written: b 7", f"1: decide: refused m: Not taken before either: {MACRO_RANGE}"]),
+        ("a integer.TWO 1 2 0 9 1 1/b integer.TWO 1 2 0 9 1 1/m macro 1 1/ a/ b", "a integer.TWO 1 2 0 9 1 1/b integer.TWO 1 2 0 9 1 1", "m 7", "a 7 */b 7 *",
+         ["1: spelled m: To mean the same, it is now written: a 7 *; b 7 *"]),
+        *(("a string 1 x 1 1/m macro 1 1/ a", "a string 1 x 1 1", f"m {value}", f"a {value}", [f"1: spelled m: To mean the same, it is now written: a {shown}"])
+          for value, shown in (('"p,q"', '"p,q"'), ('"p\tq"', '"p\\x09q"'), ('""', '""'), ('"p q"', '"p q"'), ("p", "p"))),
         # ---- lists of texts, which have no default
         ("a string 1 x 1 1", "a strlist 1 1 1", "a q", "* a is not taken in the same way/* a q",
          ["1: decide: commented a: not taken in the same way", " new-default a: The default is now none, was x; a line cannot set it"]),
         ("x eolcomm #", "x eolcomm !", "--own a!b # c", "--own a!b # c", []),
+        ("", "a", "--Own a/--OWN b", None, []),
+        ("", "Minos lookup", "--own_list a/--own list a", "--own_list a/--own = list a", ["2: spelled --own: To mean the same, it is now written: --own = list a"]),
+        ("Minos lookup", "", "--own_list a/--own list a", "--own_list a/--own_list a", ["2: spelled --own list: own list is now written own_list"]),
         # ---- comments
         ("x eolcomm #/a", "x eolcomm !/a", "a 3 # c/a 3#c/ # c/# c/a 3 #", "a 3 ! c/a 3!c/* # c/* c/a 3 !",
          ["1: remark: The comment is marked in another way", "2: remark: The comment is marked in another way", "3: remark: The comment begins with * now",
@@ -152,10 +178,11 @@ for row in (
          ["2: decide: left: The line means something else now and cannot be rewritten"]),
         # ---- the byte 0
         ("a/b", "a/c/b synonym c", "a 3\0/b 4\0/* \0", None, [f"{n}: decide: left: The line contains the byte 0; it stays as it is" for n in (1, 2)]),
+        (f"x eolcomm #/{EOL}", f"x eolcomm #/{EOL}/a", "e on\0/# c\0", None, ["1: decide: left: The line contains the byte 0; it stays as it is"]),
         # ---- the same definition: only what is refused is told
         ("a/m multilist 1 1 1/ a", "a/m multilist 1 1 1/ a", "m 1:2/b 3/a 4", None,
          ['1: decide: refused m: It is not taken: Too many items for multilist "m"', '2: decide: refused b: It is not taken: Unknown option "b"'], "--pin"),
-        (f"r immediate ReadFile 1 1/{EOL}", f"r immediate ReadFile 1 1/{EOL}", "r no.opt/e maybe", None,
+        (f"r immediate ReadFile 1 1/t immediate Message 1 1", f"r immediate ReadFile 1 1/t immediate Message 1 1", "r no.opt/t hello", None,
          ['1: decide: refused r: It is not taken: Cannot open parameter file "no.opt"; Error code = 2; No such file or directory'])):
     migrates(*row)
 

@@ -224,8 +224,8 @@ void trewriter::addremarks(const tcase& each, tpiece& piece) {
   if (each.expected.isreduced)
     piece.notes.push_back({taction::reduced, each.name(), "Some of what it set is gone"});
   if (each.newer == nullptr || !each.newer->hasdeprecation(tdeprecation::deprecated)) return;
-  piece.notes.push_back(
-      {taction::deprecated, each.name(), "It still works: " + std::string(each.newer->deprecatedmsg())});
+  piece.notes.push_back({taction::deprecated, each.name(),
+                         because("It still works", std::string(each.newer->deprecatedmsg()))});
 }
 
 // ---- values that are no longer taken
