@@ -199,6 +199,21 @@ runs("wexcorin migrate --to hash.def --syntax assignments hash.ini -o out", "has
      "1 file, 3 changes, 1 to decide\n", "", 1)
 expect("comments", read("out/hash.ini"), '# all\n* d\nalpha = 3  # why\ntext = "a#b" # c\n* There is no option other\n* other = 3 # c\n')
 
+# ---- deprecated and obsolete names, a text that is too long, lines of option files
+
+write("names.def", read("new.def") + "names obsolete\n real use alpha\nnames deprecated\n beta use alpha\n")
+LONG = "x" * 300
+write("names.ini", f"real = 3\nbeta = 3\ntext = {LONG}\n! a remark\nalpha 3\nalpha 3 3\n'alpha' = 3\n")
+runs("wexcorin migrate --to names.def --syntax assignments names.ini -o out", """names.ini:1: decide: left real: The value would not be the same
+names.ini:3: decide: left text: The value would not be the same
+names.ini:4: decide: commented: This is no assignment
+names.ini:6: decide: commented: This is no assignment
+names.ini:7: decide: commented 'alpha': There is no option 'alpha'; did you mean "alpha"?
+1 file, 3 changes, 5 to decide
+""", "", 1)
+expect("names", read("out/names.ini"), f"real = 3\nbeta = 3\ntext = {LONG}\n* This is no assignment\n* ! a remark\nalpha 3\n* This is no assignment\n* alpha 3 3\n"
+       "* There is no option 'alpha'; did you mean \"alpha\"?\n* 'alpha' = 3\n")
+
 # ---- reports
 
 write("one.ini", "other = 3\n")

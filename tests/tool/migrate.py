@@ -330,6 +330,9 @@ write("sub/main.opt", "read sub/part.opt\n")
 write("sub/part.opt", "a 1\n")
 runs(f"{MIGRATE} sub/main.opt -o elsewhere", "sub/part.opt: decide: left: Lines that include it still read sub/part.opt; the migrated file is elsewhere/part.opt\n"
      "2 files, 0 changes, 1 to decide\n", "", 1)
+write("absolute.opt", f"read {os.getcwd()}/part.opt\na 1\n")
+expect_part("an absolute path", run(f"{MIGRATE} absolute.opt -o elsewhere")[0],
+            f"{os.getcwd()}/part.opt: decide: left: Lines that include it still read {os.getcwd()}/part.opt; the migrated file is elsewhere/part.opt\n")
 write("b.opt", "limit 1\n")
 write("b.opt~", "limit 2\n")
 runs(f"{MIGRATE} b.opt b.opt~ --in-place", "", "b.opt~: the backup would replace a file that is read\nwexcorin migrate: nothing was written\n", 2)
