@@ -77,7 +77,6 @@ std::string synonymof(const tdefinition& definition, const toption& option) {
 std::string writtenname(const tdefinition& definition, const toption& option) {
   const std::string_view name = option.name();
   if (name.starts_with('.')) return definition.optlookup(name) < 0 ? "" : std::string(name.substr(1));
-  if (name.starts_with("--")) return std::string(name.substr(2));
   std::string result(name);
   if (!finds(definition, name, option)) result = synonymof(definition, option);
   if (result.empty()) return result;

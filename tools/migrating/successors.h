@@ -38,7 +38,7 @@ class tsuccessors {
 };
 
 // How the option's name is typed, so that it finds the option; empty if it cannot be typed. Without the period
-// of a dot option and the dashes of a list.
+// of a dot option.
 std::string writtenname(const optcore::tdefinition& definition, const optcore::toption& option);
 
 // Why the newer definition does not have an option of the older one, or no longer takes it: the text that one
