@@ -1,6 +1,6 @@
 """The migrate command: what becomes of a line and what is said about it, kind by kind. See migrate.py for files and places.
 usage: migratelines.py TOOL; run in the repository's root"""
-import json, sys
+import sys
 from support import expect, failures, read, run, write
 
 
