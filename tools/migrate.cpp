@@ -76,7 +76,7 @@ int write(const tmigratearguments& arguments, const tdefinitions& definitions,
 int run(const tmigratearguments& arguments) {
   tdefinitions definitions(arguments.clamp);
   const bool imports = arguments.syntax != toptionsyntax::wexcorin;
-  if (!areusable(definitions, definitions.read(imports ? arguments.to : arguments.from, arguments.to)))
+  if (!areusable(definitions, definitions.read(imports ? "" : arguments.from, arguments.to)))
     return exitunusable;
   std::deque<tmigratedfile> files;
   if (!areregular(arguments.files) || !migrateall(arguments, definitions, files)) {

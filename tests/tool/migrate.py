@@ -164,9 +164,6 @@ for kept, flags in ((0o600, "--in-place"), (0o600, "-o copies"), (0o640, "-o cop
     expect(f"permissions with {flags}", os.stat(copy).st_mode & 0o777, kept)
 runs(f"{MIGRATE} main.opt --in-place --no-backup", None, "", 0)
 expect("no backup", (read("sub/part.opt"), os.path.exists("sub/part.opt~")), ("alpha 2\nbeta 2\n", False))
-for arguments in ("file.opt", "file.opt -o a --dry-run", "file.opt --no-backup --dry-run", "- --dry-run",
-                  "file.opt --dry-run --syntax assignments", "file.opt --dry-run --syntax other"):
-    expect(f"misuse: {arguments}", run(f"{MIGRATE} {arguments}")[::2], ("", 2))
 write("faulty.def", "a integer 1 9 0 1 1 1\n")
 runs("wexcorin migrate --from old.def --to faulty.def file.opt -o none", "",
      'faulty.def:1: error: Default not in range for option "a"\n', 2)
@@ -266,6 +263,124 @@ write("old.def", "window integer.TWO 1 9 0 99 1 1\nall macro 1 1\n window\n")
 write("new.def", "window integer 1 9 0 99 1 1\nall macro 1 1\n window\n")
 for line in "all 5\n", "window 5 *\n":
     expect(f"{line!r} and one value", migrated(line, "", 1), (line, ["left"]))
+
+# ---- the whole report, in all forms
+
+OLD = """x eolcomm #
+e immediate EolFlag 1 1
+n immediate NoBounds 1 1
+read immediate ReadFile 1 1
+a integer 1 2 0 9 1 1
+limit integer 1 2 0 9 1 1
+gone integer 1 2 0 9 1 1
+"""
+NEW = OLD.replace("a integer 1 2 0 9", "a integer 1 3 0 5").replace("gone integer 1 2 0 9 1 1", "limit synonym new_limit").replace("\nlimit", "\nnew_limit", 1)
+write("old.def", OLD)
+write("new.def", NEW)
+write("d.opt", "limit 1 # \1\nb 2\ngone 3")
+REPORT = """d.opt:1: renamed limit: It is now called new_limit
+d.opt:2: decide: refused b: Not taken before either: Unknown option "b"
+d.opt:3: commented gone: gone
+d.opt: pinned a: The default is now 3, was 2; the old one was written
+1 file, 2 changes, 1 to decide
+"""
+DIFF = """--- d.opt
++++ d.opt
+@@ -1,3 +1,6 @@
+-limit 1 # \1
++new_limit 1 # \1
+ b 2
+-gone 3
+\\ No newline at end of file
++* gone is gone
++* gone 3
++* Defaults that have changed
++a 2
+"""
+runs(f"{MIGRATE} d.opt --dry-run --pin", DIFF, REPORT, 1)
+runs(f"{MIGRATE} d.opt -o out --pin", REPORT, "", 1)
+painted = (DIFF + REPORT).replace("\1", "\\x01")
+for colour, lines in (("1", ("--- d.opt", "+++ d.opt")), ("1;36", ("@@ -1,3 +1,6 @@",)), ("1;31", ("-limit 1 # \\x01", "-gone 3", "decide: ")),
+                      ("1;32", ("+new_limit 1 # \\x01", "+* gone is gone", "+* gone 3", "+* Defaults that have changed", "+a 2")),
+                      ("1", ("d.opt:1:", "d.opt:2:", "d.opt:3:")), ("1;31", ('refused b: Not taken before either: Unknown option "b"',))):
+    for line in lines:
+        painted = painted.replace(line, f"\x1b[{colour}m{line}\x1b[0m")
+expect("colours", on_terminal(f"{MIGRATE} d.opt --dry-run --pin")[0], painted.replace("d.opt: pinned", "\x1b[1md.opt:\x1b[0m pinned"))
+NOTES = [(1, "renamed", "limit", "It is now called new_limit", False), (2, "refused", "b", 'Not taken before either: Unknown option "b"', True),
+         (3, "commented", "gone", "gone", False), (0, "pinned", "a", "The default is now 3, was 2; the old one was written", False)]
+WHOLE = {"from": "old.def", "to": "new.def", "changes": 2, "decisions": 1, "files": [
+    {"file": "d.opt", "changes": 2, "decisions": 1, "unlisted": 0,
+     "notes": [dict(zip(("line", "action", "name", "text", "decide"), note)) for note in NOTES], "diff": DIFF}]}
+expect("JSON with the diff", json.loads(run(f"{MIGRATE} d.opt --dry-run --pin --json")[0]), WHOLE)
+del WHOLE["files"][0]["diff"]
+expect("JSON without the diff", json.loads(run(f"{MIGRATE} d.opt -o out --pin --json")[0]), WHOLE)
+write("many.opt", 1003 * "b 1\n" + "gone 1\na 1\n")  # of each kind of note, 1,000 are kept
+out = run(f"{MIGRATE} many.opt -o out")[0].split("\n")
+expect("many notes", (len(out), out[999:]), (1004, ['many.opt:1000: decide: refused b: Not taken before either: Unknown option "b"',
+       "many.opt:1004: commented gone: gone", "many.opt: 3 further notes not listed", "1 file, 1 change, 1003 to decide", ""]))
+expect("unlisted notes", json.loads(run(f"{MIGRATE} many.opt -o out --json")[0])["files"][0]["unlisted"], 3)
+
+# ---- other diffs: a file and its hunks
+
+for before, diff in (
+        ("", "@@ -0,0 +1,2 @@\n+* Defaults that have changed\n+a 2\n"),
+        ("limit 1", "@@ -1 +1,3 @@\n-limit 1\n\\ No newline at end of file\n+new_limit 1\n+* Defaults that have changed\n+a 2\n"),
+        ("e on", "@@ -1 +1,3 @@\n-e on\n\\ No newline at end of file\n+e on\n+* Defaults that have changed\n+a 2\n"),
+        ("e on\n", "@@ -1 +1,3 @@\n e on\n+* Defaults that have changed\n+a 2\n"),
+        ("\n\na 1\nlimit 1", "@@ -1,4 +1,4 @@\n \n \n a 1\n-limit 1\n\\ No newline at end of file\n+new_limit 1\n\\ No newline at end of file\n"),
+        ("a 1\na 2\na 3\na 4\nlimit 1\na 4\na 5", "@@ -2,6 +2,6 @@\n a 2\n a 3\n a 4\n-limit 1\n+new_limit 1\n a 4\n a 5\n\\ No newline at end of file\n"),
+        # six lines between two changes are in one hunk, seven are not
+        ("limit 1\n" + 6 * "a 1\n" + "limit 2\n", "@@ -1,8 +1,8 @@\n-limit 1\n+new_limit 1\n" + 6 * " a 1\n" + "-limit 2\n+new_limit 2\n"),
+        ("limit 1\n" + 7 * "a 1\n" + "limit 2\n", "@@ -1,4 +1,4 @@\n-limit 1\n+new_limit 1\n" + 3 * " a 1\n" + "@@ -6,4 +6,4 @@\n" + 3 * " a 1\n" + "-limit 2\n+new_limit 2\n"),
+        ("gone 1\n" + 7 * "a 1\n" + "gone 2\n", "@@ -1,4 +1,5 @@\n-gone 1\n+* gone is gone\n+* gone 1\n" + 3 * " a 1\n" +
+         "@@ -6,4 +7,5 @@\n" + 3 * " a 1\n" + "-gone 2\n+* gone is gone\n+* gone 2\n")):
+    write("hunks.opt", before)
+    runs(f"{MIGRATE} hunks.opt --dry-run --pin", f"--- hunks.opt\n+++ hunks.opt\n{diff}", None, 0)
+
+# ---- files that are included: what a person has to know
+
+write("part.opt", "a 7\n")
+write("main.opt", "read part.opt\nn 1\nread part.opt\n")
+runs(f"{MIGRATE} main.opt -o out --clamp", "part.opt:1: clamped a: a moved from 7 to the bound 5\n"
+     "part.opt: decide: left: It is read more than once, and not always in the same way\n2 files, 1 change, 1 to decide\n", "", 1)
+write("main.opt", "e off\nn 1 read part.opt\n")  # without bounds, 7 is taken
+runs(f"{MIGRATE} main.opt -o out --clamp", "2 files, 0 changes, 0 to decide\n")
+write("main.opt", "read /dev/null\na 1\n")
+runs(f"{MIGRATE} main.opt -o out", "/dev/null: decide: left: It could not be read to its end, so it is not migrated\n2 files, 0 changes, 1 to decide\n", "", 1)
+write("sub/main.opt", "read sub/part.opt\n")
+write("sub/part.opt", "a 1\n")
+runs(f"{MIGRATE} sub/main.opt -o elsewhere", "sub/part.opt: decide: left: Lines that include it still read sub/part.opt; the migrated file is elsewhere/part.opt\n"
+     "2 files, 0 changes, 1 to decide\n", "", 1)
+write("absolute.opt", f"read {os.getcwd()}/part.opt\na 1\n")
+expect_part("an absolute path", run(f"{MIGRATE} absolute.opt -o elsewhere")[0],
+            f"{os.getcwd()}/part.opt: decide: left: Lines that include it still read {os.getcwd()}/part.opt; the migrated file is elsewhere/part.opt\n")
+write("b.opt", "limit 1\n")
+write("b.opt~", "limit 2\n")
+runs(f"{MIGRATE} b.opt b.opt~ --in-place", "", "b.opt~: the backup would replace a file that is read\nwexcorin migrate: nothing was written\n", 2)
+runs(f"{MIGRATE} b.opt b.opt~ --in-place --no-backup", None, "", 0)
+expect("two files in place", (read("b.opt"), read("b.opt~")), ("new_limit 1\n", "new_limit 2\n"))
+runs(f"{MIGRATE} b.opt ./b.opt b.opt --dry-run", "", "b.opt:1: taken new_limit: Only the newer definition takes this; it stays\n"
+     "b.opt: new-default a: The default is now 3, was 2; --pin keeps the old one\n1 file, 0 changes, 0 to decide\n")
+expect_part("a folder that cannot be", run(f"{MIGRATE} b.opt -o /dev/null/x")[1], "/dev/null/x/b.opt: error: cannot write the file: Not a directory\n")
+
+# ---- misuse
+
+SOURCES = "--from old.def --to new.def"
+for arguments, problem in ((f"b.opt {SOURCES}", "one of --output, --in-place and --dry-run is needed"),
+                           (f"b.opt {SOURCES} --dry-run -o out", "one of --output, --in-place and --dry-run is needed"),
+                           (f"b.opt {SOURCES} --in-place -o out", "one of --output, --in-place and --dry-run is needed"),
+                           (f"b.opt {SOURCES} -o out --no-backup", "--no-backup is for --in-place"), ("b.opt --to new.def --dry-run", "--from is required"),
+                           (f"b.opt {SOURCES} --dry-run --syntax assignments", "--syntax assignments takes no --from"),
+                           ("b.opt --to new.def --dry-run --syntax assignments --pin", "--pin needs --from"),
+                           (f"b.opt - {SOURCES} --dry-run", "standard input has no place to write to"),
+                           ("b.opt --from - --to - --dry-run", "standard input can be read only once"),
+                           (f"b.opt {SOURCES} --dry-run --syntax ini", '--syntax: "ini" is none of assignments, wexcorin')):
+    runs(f"wexcorin migrate {arguments}", "", f"wexcorin migrate: {problem}\nTry 'wexcorin migrate --help'.\n", 2)
+runs("wexcorin migrate b.opt --from - --to new.def --dry-run", None, None, 0, OLD)
+runs("wexcorin migrate b.opt --from old.def --to - --dry-run --syntax wexcorin", None, None, 0, NEW)
+write("faulty.def", "a integer 1 9 0 1 1 1\n")
+runs("wexcorin migrate b.opt --from faulty.def --to new.def --dry-run", "", 'faulty.def:1: error: Default not in range for option "a"\n', 2)
+runs("wexcorin migrate b.opt --from none.def --to new.def --dry-run", "", None, 2)
 
 # ---- JSON
 

@@ -1,7 +1,7 @@
 """Where values come from, what lines did, and what differs between option files: cases that are not in the session.
 The JSON must match the schemas in docs/.
 usage: tracing.py TOOL; run in the repository's root; exit code 77: no failure, but the schemas were not tested"""
-import hashlib, json, sys
+import hashlib, json, re, sys
 from support import DOCS, expect, expect_part, failures, read, run, runs, write
 
 # ---- origin: chains of files and of options that pass their text on
@@ -64,6 +64,22 @@ expect("the first of two values stays", [row[key] for row in json.loads(
     [{"source": "--set", "line": 1, "through": [], "overrode": []},
      {"source": "--set", "line": 2, "through": [], "overrode": [{"source": "--set", "line": 1, "value": 2.0}]}])
 
+write("text.def", read("trace.def") + 'text string 9 "" 1 1\n')
+write("text.opt", "text \"two words\"\ntext ä\nwords blue\nwords \"red\"\nlist a\nread part.opt\nlist b\n")
+seen = {row["name"]: row for row in json.loads(run("wexcorin show text.def text.opt --json --origin --set 'alpha 4' --set 'read text.opt'")[0])["options"]}
+INCLUDE = {"kind": "include", "source": "--set", "line": 2}
+TWICE = [{"source": "text.opt", "line": line, "value": value} for line, value in ((1, "two words"), (2, "ä"), (1, "two words"))]
+expect("texts", seen["text"]["origin"], {"source": "text.opt", "line": 2, "through": [INCLUDE], "overrode": TWICE})
+expect("words", [each["value"] for each in seen["words"]["origin"]["overrode"]], ["blue", "red", "blue"])
+expect("a list", seen["list"]["origin"], [{"source": "text.opt", "line": line, "through": through} for line, through in
+                                          ((5, []), (7, []), (5, [INCLUDE]), (7, [INCLUDE]))])
+write("many.def", "".join(f"option{number} integer 1 0 0 99 1 1\n" for number in range(90)))
+write("many.opt", "".join(f"option{number} 1\n" for number in range(90)))
+seen = json.loads(run("wexcorin show many.def many.opt --json --origin")[0])["options"]
+expect("many options", [row["origin"]["line"] for row in seen if row["origin"]], list(range(1, 91)))
+expect_part("a file that --set includes", run("wexcorin show text.def --set 'alpha 4' --set 'read text.opt' --origin")[0],
+            "--set > text.opt:6 > part.opt:2 (macro outer)")
+
 # ---- explain: what else a line can do
 
 for name, setting, part in (
@@ -76,6 +92,136 @@ for name, setting, part in (
         ("'.rank y'", "x.rank 2", "No line touched it.\n"), ("alpha", "beta 1", "\nIn force: 1, the default\n")):
     expect_part(f"explain {name} --set '{setting}'", run(f"wexcorin explain {name} trace.def --set '{setting}'")[0], part)
 runs("wexcorin explain .rnk trace.def", err='wexcorin: there is no option ".rnk"; did you mean ".rank"?\n', code=1)
+
+# ---- explain: all that lines did
+
+write("touch.def", """x eolcomm #
+alpha integer 1 1 0 9 1 1
+beta string.OPT 2 x 1 1
+window double.TWO 3 0 0 9 1 1
+list strlist 4 1 1
+old integer 5 1 0 9 1 1
+gone integer 6 1 0 9 1 1
+pair multilist 7 1 1
+ alpha beta
+both macro 1 1
+ alpha
+ old
+name synonym alpha
+free immediate NoBounds 1 1
+tell immediate Message 1 1
+read immediate ReadFile 1 1
+.rank double 8 0 0 9 1 1
+.side boolean 9 0 1 1
+side synonym .side
+ind indicator
+quiet boolean.NV 10 1 1 1
+names deprecated
+ old use alpha
+names obsolete
+ gone use alpha
+""")
+LINES = """alpha 2   # the first
+name 3
+alpha 10
+free 1
+alpha 10
+window 1 12
+window * 3
+pair 4:b
+pair 5:b:c
+both 6
+old 7
+gone 7
+list a
+list "a"b
+beta
+--own t
+--own u
+tell hello
+help alpha
+x.rank(1,*) 2
+x.rank 3
+X.rank(" 1 ") 4
+y.rank 10
+x.rank(i) 5
+x.side 1
+side 0
+x.none 1
+ind E(1)$V yes
+ind e$v no
+ind e$ 1
+ind f$v("1") maybe
+ind f("2")$w yes
+read none.opt
+quiet"""
+write("touch.opt", LINES + "\n")
+ALPHA = 'Integer range error for option "alpha" saw "10"; Valid range is 0 to 9'
+WINDOW = 'Double out of range for option "window" saw "12"; Valid range is 0 to 9'
+X = ["x.rank(1,*) 2: refused: Element expected for .option \"x\"", "x.rank 3: entry kept with value 3", 'X.rank(" 1 ") 4: entry kept with value 4',
+     "x.rank(i) 5: refused: Set name not allowed .option \"x\""]
+E = ["ind E(1)$V yes: refused: Unique element expected for indicator id \"E\"",
+     "ind E(1)$V yes: refused: $ expected after equation identifier \"E\"", "ind e$v no: entry kept with value 0"]
+F = ['ind f$v("1") maybe: refused: Boolean value expected for equation indicator "f", Saw "maybe"', 'ind f("2")$w yes: entry kept with value 1']
+runs("wexcorin explain alpha touch.def touch.opt", f"""alpha
+  type        integer
+  range       0 to 9
+  default     1
+  synonyms    name
+
+Where         Line                   What it did
+touch.opt:1   alpha 2   # the first  stored 2; overridden later
+touch.opt:2   name 3                 stored 3 (synonym name); overridden later
+touch.opt:3   alpha 10               refused: {ALPHA}
+touch.opt:5   alpha 10               accepted outside the bounds 10: {ALPHA}; overridden later
+touch.opt:8   pair 4:b               stored 4 (multilist pair); overridden later
+touch.opt:9   pair 5:b:c             stored 5 (multilist pair); overridden later
+touch.opt:10  both 6                 stored 6 (macro both)
+
+In force: 6, from touch.opt:10
+""", None, 2)
+# The lines with what they did, and the text behind the table, for each name or symbol.
+for name, did, force in (
+        ("beta", ["pair 4:b: stored b (multilist pair); overridden later", "pair 5:b:c: stored b (multilist pair)",
+                  "beta: refused: Value expected for key \"beta\""], "In force: b, from touch.opt:9\n"),
+        ("window", ["window 1 12: stored first value 1", f"window 1 12: accepted outside the bounds second value 12: {WINDOW}; overridden later",
+                    "window * 3: stored second value 3"], "In force: 1, from touch.opt:6\nSecond value: 3, from touch.opt:7\n"),
+        ("list", ["list a: stored a", "list \"a\"b: refused: Bad double-quote in value"], "In force: a\n"),
+        ("--OWN", ["--own t: stored t", "--own u: stored u"], "In force: t, u\n"),
+        ("old", ["both 6: stored 6 (macro both); overridden later", "old 7: reported: deprecated option \"old\"; use alpha", "old 7: stored 7"],
+         "In force: 7, from touch.opt:11\n"),
+        ("gone", ["gone 7: reported: obsolete option \"gone\"; use alpha"], "In force: 1, the default\n"),
+        ("quiet", ["quiet: stored 1 (name alone)"], "In force: 1, from touch.opt:34\n"),
+        # what acts or passes its text on
+        ("pair", ["pair 4:b: passed its text on to its members (multilist pair)", "pair 5:b:c: passed its text on to its members (multilist pair)",
+                  "pair 5:b:c: refused (multilist pair): Too many items for multilist \"pair\""], ""),
+        ("both", ["both 6: passed its text on to its members (macro both)"], ""),
+        ("free", ["free 1: acted"], ""), ("tell", ["tell hello: acted", "tell hello: refused: hello"], ""), ("help", ["help alpha: acted"], ""),
+        ("read", ["read none.opt: acted", 'read none.opt: refused: Cannot open parameter file "none.opt"; Error code = 2; No such file or directory'], ""),
+        # dot options and symbols
+        (".rank", [*X[:3], 'y.rank 10: reported: Double out of range for option ".rank" saw "10"; Valid range is 0 to 9',
+                   "y.rank 10: entry kept with value 10", X[3]], "In force: 10, from touch.opt:23\n"),
+        (".rank X", X, ""), ("x.rank(1)", [X[0], *X[2:]], ""), (".rank x(2)", [X[0], X[3]], ""),
+        (".side", ["x.side 1: entry kept with value 1", "side 0: stored 0 (synonym side)"], "In force: 0, from touch.opt:26\n"),
+        ("x", [*X, "x.side 1: entry kept with value 1"], ""), ("x(1)", [X[2]], ""),
+        # indicators and their symbols
+        ("IND", [*E, "ind e$ 1: refused: Equation ID expected for indicator", *F], ""),
+        ("e", E, ""), ("v", [E[2]], ""), ("f", F, ""), ("f(2)", [F[1]], ""), ("w", [F[1]], "")):
+    head, table, *rest = run(f"wexcorin explain -- '{name}' touch.def touch.opt")[0].split("\n\n")
+    rows = [re.split(r" {2,}", row, 2) for row in table.split("\n")[1:] if row]
+    expect(f"explain {name}", "\n".join(f"{line}: {what}" for _, line, what in rows), "\n".join(did))
+    expect(f"explain {name}: lines", [LINES.split("\n")[int(where.split(":")[1]) - 1] for where, _, _ in rows], [line for _, line, _ in rows])
+    expect(f"explain {name}: in force", "".join(rest), force)
+for name, head in ("--own", "--own\n  type        text, may be given repeatedly"), ("IND", "IND: the keyword of indicators"), ("x(1)", "x(1): a symbol"):
+    expect(f"explain {name}: head", run(f"wexcorin explain -- '{name}' touch.def touch.opt")[0].split("\n\n")[0], head)
+runs("wexcorin explain ind touch.def", "ind: the keyword of indicators\n\nNo line touched it.\n")
+runs("wexcorin explain -- --none touch.def", "", "wexcorin: there is no option \"--none\"; 'wexcorin find' searches the texts of the options\n", 1)
+write("list.def", "alpha integer 1 1 0 9 1 1 The first\n and only\n")
+runs("wexcorin explain none list.def", "", "wexcorin: there is no option \"none\"; 'wexcorin find' searches the texts of the options\n", 1)
+runs("wexcorin explain alpha none.def", "", None, 2)
+runs("wexcorin explain alpha touch.def none.opt", "", None, 2)
+runs("wexcorin explain alpha list.def", "alpha: The first\n  and only\n  type        integer\n  range       0 to 9\n  default     1\n"
+     "\nNo line touched it.\n\nIn force: 1, the default\n")
 
 # ---- values in force: what counts, and what does not
 
@@ -91,6 +237,70 @@ for setting in ("alpha 4", "beta 2", "quiet", "x.rank 1", "ind e$c 1", "window *
     out, _, code = run("wexcorin diff --definition trace.def a.opt c.opt --json")
     expect(f"'{setting}' differs", (code, len(json.loads(out)["differences"])), (1, 1))
     expect(f"'{setting}' changes the fingerprint", run("wexcorin show trace.def c.opt --fingerprint")[0] == same, False)
+
+# All kinds of differences, in all forms.
+write("one.opt", "x.rank('a',*) 1\nx.rank 3\nx.rank 4\nind e$v yes\nind f$v no\nquiet\nside 1\nlist \"a|b\"\nlist c\n--own t\nold 5\n")
+write("two.opt", "x.rank 3\nx.rank 4\nx.rank('a',*) 1\nind f$v no\nind e$v yes\nside 1\nboth 5\nwindow * 2\n")
+runs("wexcorin diff --definition touch.def one.opt two.opt", """Setting              one.opt                        two.opt
+alpha                1 [default]                    5 [two.opt:7 (macro both)]
+window               0 0 [default]                  0 2 [default; two.opt:8]
+list                 a|b, c [one.opt:8; one.opt:9]  none [default]
+.rank                4 [one.opt:3]                  1 [two.opt:3]
+quiet                set [one.opt:6 (name alone)]   not set [default]
+--own                t [one.opt:10]                 none
+order of dot lines   x.rank('a',*), x.rank, x.rank  x.rank, x.rank, x.rank('a',*)
+order of indicators  ind e$v, ind f$v               ind f$v, ind e$v
+""", None, 1)
+runs("wexcorin diff --defaults two.opt --definition touch.def", """Setting        two.opt                      defaults
+alpha          5 [two.opt:7 (macro both)]   1 [default]
+window         0 2 [default; two.opt:8]     0 0 [default]
+old            5 [two.opt:7 (macro both)]   1 [default]
+x.rank         3, 4 [two.opt:1; two.opt:2]  none
+x.rank('a',*)  1 [two.opt:3]                none
+ind e$v        1 [two.opt:5]                none
+ind f$v        0 [two.opt:4]                none
+""", None, 1)
+runs("wexcorin diff --matrix --definition touch.def one.opt two.opt one.opt --markdown", """| Setting | Value | Files |
+| --- | --- | --- |
+| alpha | 1 | one.opt one.opt |
+| | 5 | two.opt |
+| window | 0 0 | one.opt one.opt |
+| | 0 2 | two.opt |
+| list | a\\|b, c | one.opt one.opt |
+| | none | two.opt |
+| .rank | 4 | one.opt one.opt |
+| | 1 | two.opt |
+| quiet | set | one.opt one.opt |
+| | not set | two.opt |
+| \\--own | t | one.opt one.opt |
+| | none | two.opt |
+| order of dot lines | x.rank('a',\\*), x.rank, x.rank | one.opt one.opt |
+| | x.rank, x.rank, x.rank('a',\\*) | two.opt |
+| order of indicators | ind e\\$v, ind f\\$v | one.opt one.opt |
+| | ind f\\$v, ind e\\$v | two.opt |
+""", None, 1)
+# For each difference its kind, its name, and the value and origin in each of the files.
+JSON = [["option", "alpha", [1, "default"], [5, "two.opt:7 (macro both)"]],
+        ["option", "window", [[0.0, 0.0], "default"], [[0.0, 2.0], "default; two.opt:8"]],
+        ["option", "list", [["a|b", "c"], "one.opt:8; one.opt:9"], [[], "default"]],
+        ["option", ".rank", [4.0, "one.opt:3"], [1.0, "two.opt:3"]],
+        ["option", "quiet", [True, "one.opt:6 (name alone)"], [False, "default"]], ["list", "--own", [["t"], "one.opt:10"], [None, ""]],
+        ["order of dot lines", "order of dot lines", [["x.rank('a',*)", "x.rank", "x.rank"], ""], [["x.rank", "x.rank", "x.rank('a',*)"], ""]],
+        ["order of indicators", "order of indicators", [["ind e$v", "ind f$v"], ""], [["ind f$v", "ind e$v"], ""]]]
+for flags, parts in ("--definition touch.def", 2), ("--matrix touch.def", 1):  # a matrix has no origins
+    out = json.loads(run(f"wexcorin diff {flags} one.opt two.opt --json")[0])
+    expect(f"{flags}: JSON", [[each["kind"], each["name"], *(list(value.values()) for value in each["values"])] for each in out.pop("differences")],
+           [[kind, name, *(value[:parts] for value in values)] for kind, name, *values in JSON])
+    expect(f"{flags}: what was compared", out, {"definition": "touch.def", "compared": ["one.opt", "two.opt"]})
+out = json.loads(run("wexcorin diff --defaults two.opt --definition touch.def --json")[0])
+expect("JSON of dot lines and indicators", [(each["kind"], *(value["value"] for value in each["values"])) for each in out["differences"][3:]],
+       [("dot line", [3, 4], None), ("dot line", [1], None), ("indicator", [1], None), ("indicator", [0], None)])
+runs("wexcorin diff --matrix --definition touch.def one.opt one.opt --markdown", "No differences.\n", None)
+runs("wexcorin diff --matrix touch.def one.opt one.opt", "no differences\n", None)
+for length in 148, 149:  # longer texts are cut
+    write("cut.opt", f"list {'a' * 150}\nlist {'b' * length}\n")
+    expect_part(f"{length + 152} characters", run("wexcorin diff --definition touch.def cut.opt --defaults --markdown")[0],
+                f"| {'a' * 150}, {'b' * 148}{'' if length == 148 else '...'} \\[")
 
 # What docs/tracing.md says about its bytes.
 write("bytes.def", "Zeta enumstr 1 Red 1 1\n red 1\nbeta double.TWO 2 0.1 0 1 1 1\nalpha boolean.NV 3 0 1 1\nmid string 4 \"a b\" 1 1\n"
@@ -109,16 +319,27 @@ expect("the order of dot lines counts", [each["name"] for each in json.loads(run
 # ---- trouble, and faulty option files, which are compared by what was taken
 
 for arguments in ("a.opt b.opt --definition none.def", "a.opt none.opt --definition trace.def", "none.def trace.def",
-                  "--matrix trace.def none.opt"):
+                  "--matrix trace.def none.opt", "--matrix none.def a.opt"):
     runs(f"wexcorin diff {arguments}", "", None, 2)
 write("faulty.def", "a integer 1 9 0 1 1 1\n")
 runs("wexcorin diff trace.def faulty.def", "", 'faulty.def:1: error: Default not in range for option "a"\n', 2)
 write("faulty.opt", "alpha x\nread none.opt\nbeta 2\n")
 runs("wexcorin diff --defaults faulty.opt --definition - --markdown", "| Setting | faulty.opt | defaults |\n| --- | --- | --- |\n"
      "| beta | 2 \\[faulty.opt:3\\] | 1 \\[default\\] |\n", None, 1, read("trace.def"))
-for arguments in ("a.opt", "--defaults a.opt", "a.opt b.opt --fail-on breaking --definition trace.def", "--matrix trace.def",
-                  "--json --markdown trace.def trace.def"):
-    runs(f"wexcorin diff {arguments}", "", None, 2)
+for arguments, problem in (("a.opt", "two files are needed"), ("a.opt b.opt c.opt", "two files are needed"),
+                           ("--defaults a.opt", "--defaults takes one option file and --definition"),
+                           ("--defaults a.opt b.opt --definition trace.def", "--defaults takes one option file and --definition"),
+                           ("--defaults --matrix a.opt --definition trace.def", "--defaults and --matrix exclude each other"),
+                           ("a.opt b.opt --fail-on breaking --definition trace.def", "--fail-on is for definitions"),
+                           ("--matrix trace.def --fail-on silent a.opt", "--fail-on is for definitions"),
+                           ("--matrix trace.def", "--matrix takes a definition and option files"),
+                           ("--matrix --definition trace.def", ""),
+                           ("--json --markdown trace.def trace.def", "--json and --markdown exclude each other"),
+                           ("- -", "standard input can be read only once"), ("- a.opt --definition -", "standard input can be read only once")):
+    out, err, code = run(f"wexcorin diff {arguments}")
+    expect(f"misuse: {arguments}", (out, err.split("\n")[0].removeprefix("wexcorin diff: ") if problem else "", code), ("", problem, 2))
+runs("wexcorin diff --matrix --definition trace.def a.opt", "no differences\n")
+runs("wexcorin diff --defaults - --definition trace.def", None, None, 1, "alpha 3\n")
 for word, code in ("any", 1), ("silent", 0), ("breaking", 0):
     write("wider.def", read("trace.def").replace("1 0 9 1 1\nbeta", "1 0 10 1 1\nbeta"))
     runs(f"wexcorin diff trace.def wider.def --fail-on {word}", None, "", code)

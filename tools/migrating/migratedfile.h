@@ -22,7 +22,6 @@ struct tlinenote {
 class tnotelist {
  public:
   void add(std::int32_t line, const tnote& note);
-  void clear() { *this = {}; }
 
   const std::vector<tlinenote>& kept() const { return fkept; }
   std::size_t unlisted() const { return funlisted; }

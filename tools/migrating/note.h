@@ -28,7 +28,6 @@ inline constexpr auto actionnames =
                                      "refused", "taken", "deprecated", "reduced", "new-default"});
 
 inline std::string_view nameof(taction action) { return actionnames[static_cast<std::size_t>(action)]; }
-inline bool ischange(taction action) { return action <= taction::remark; }
 
 struct tnote {
   taction action;

@@ -138,7 +138,7 @@ trewriter::tpiece trewriter::immediate(const tcase& each) {
     return commented(each, because("gone", reasonof(*each.older, each.newer)), true);
   result.ischanged = true;
   result.texts = {text};
-  result.notes.push_back({taction::renamed, each.name(), "It is now called " + name});
+  result.notes.push_back(changenote(each, result.texts));
   return result;
 }
 
@@ -224,8 +224,8 @@ void trewriter::addremarks(const tcase& each, tpiece& piece) {
   if (each.expected.isreduced)
     piece.notes.push_back({taction::reduced, each.name(), "Some of what it set is gone"});
   if (each.newer == nullptr || !each.newer->hasdeprecation(tdeprecation::deprecated)) return;
-  piece.notes.push_back(
-      {taction::deprecated, each.name(), "It still works: " + std::string(each.newer->deprecatedmsg())});
+  piece.notes.push_back({taction::deprecated, each.name(),
+                         because("It still works", std::string(each.newer->deprecatedmsg()))});
 }
 
 // ---- values that are no longer taken

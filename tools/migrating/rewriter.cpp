@@ -70,7 +70,8 @@ bool trewriter::isunchanged(const toldline& line, const tmeaning& seen) const {
   if (!seen.problems.empty() || seen.hasimmediate()) return false;
   for (std::size_t i = 0; i < seen.statements.size(); ++i)
     if (!iskept(line.meaning.statements[i], seen.statements[i])) return false;
-  return issame(outcomeof(line.meaning.effects, line.positions, fsuccessors), fseen);
+  const toutcome expected = outcomeof(line.meaning.effects, line.positions, fsuccessors);
+  return !expected.isreduced && issame(expected, fseen);  // otherwise there is a note
 }
 
 bool trewriter::iskept(const tstatement& before, const tstatement& after) const {
@@ -173,7 +174,10 @@ std::optional<tnewline> trewriter::composed(const tlinespans& spans, const std::
     if (!issame(expected, all) || (!isknown && !fistrying && !stay(lines))) continue;
     result.lines = lines;
     const bool explained = isoriginal || std::ranges::any_of(pieces, &tpiece::ischanged);
-    if (!explained) result.notes.push_back({taction::remark, {}, "The comment is marked in another way"});
+    if (!explained && pieces.size() > 1 && lines == split(spans, pieces))
+      result.notes.push_back({taction::spelled, {}, "Each setting is on a line of its own now"});
+    else if (!explained)
+      result.notes.push_back({taction::remark, {}, "The comment is marked in another way"});
     return result;
   }
   return std::nullopt;

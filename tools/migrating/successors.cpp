@@ -40,11 +40,6 @@ void tsuccessors::follow(const tcounterparts& counterparts, std::int32_t positio
   fpredecessors[static_cast<std::size_t>(replacement)] = position;
 }
 
-std::int32_t tsuccessors::predecessorof(const toption& option) const {
-  const std::int32_t position = fnewer.of(&option);
-  return position < 0 ? -1 : fpredecessors[static_cast<std::size_t>(position)];
-}
-
 namespace {
 
 // In lookup mode Minos, the words of a name are typed with blanks between them, and the first words that are a
@@ -82,7 +77,6 @@ std::string synonymof(const tdefinition& definition, const toption& option) {
 std::string writtenname(const tdefinition& definition, const toption& option) {
   const std::string_view name = option.name();
   if (name.starts_with('.')) return definition.optlookup(name) < 0 ? "" : std::string(name.substr(1));
-  if (name.starts_with("--")) return std::string(name.substr(2));
   std::string result(name);
   if (!finds(definition, name, option)) result = synonymof(definition, option);
   if (result.empty()) return result;

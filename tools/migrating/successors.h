@@ -20,9 +20,6 @@ class tsuccessors {
   const optcore::toption* of(std::int32_t position) const {
     return position < 0 || position >= count() ? nullptr : fsuccessors[static_cast<std::size_t>(position)];
   }
-  // The position in the older definition of the option that an option of the newer one continues; -1 for a
-  // new option.
-  std::int32_t predecessorof(const optcore::toption& option) const;
 
   // The number of options in the older definition.
   std::int32_t count() const { return static_cast<std::int32_t>(fsuccessors.size()); }
@@ -36,11 +33,12 @@ class tsuccessors {
   const tpositions& folder;
   const tpositions& fnewer;
   std::vector<const optcore::toption*> fsuccessors;
+  // For the newer options the positions of the older ones that they continue; -1 for a new one.
   std::vector<std::int32_t> fpredecessors;
 };
 
 // How the option's name is typed, so that it finds the option; empty if it cannot be typed. Without the period
-// of a dot option and the dashes of a list.
+// of a dot option.
 std::string writtenname(const optcore::tdefinition& definition, const optcore::toption& option);
 
 // Why the newer definition does not have an option of the older one, or no longer takes it: the text that one
