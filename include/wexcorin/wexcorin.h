@@ -199,8 +199,8 @@ WEXCORIN_API void xfree(tvksoptions** handle);
  * end (ETIMEDOUT). When a file cannot be read to its end, two messages report it, of which the first begins
  * with "Cannot read"; what was read before takes effect. The same holds for a file of 2 GiB or more and for
  * more than 16 MiB of a device (EFBIG).
- * When the list of messages is full and cannot hold these messages, the call that reads the file returns the
- * error code instead, also when the file was read by another file. optreadfromstr and optreadfrompchar have
+ * When the list of messages has no room for both messages, the call that reads the file returns the error
+ * code as well, also when the file was read by another file. optreadfromstr and optreadfrompchar have
  * no result: call optclearmessages first, and look afterwards whether optmessagecount is above 5000.
  */
 
@@ -216,15 +216,16 @@ WEXCORIN_API int32_t optreaddefinition(tvksoptions* handle, const optshortstring
 WEXCORIN_API int32_t coptreaddefinition(tvksoptions* handle, const char* filename);
 
 /* Reads an option file: sets options, collects dot entries and indicators, and carries out immediate
- * options. An immediate option may read further files. At most nine files may be open within each other and
- * 10,000 may be read in one call, this file included. Files that were read before are read again for at most
- * twice the bytes that the call reads at all, or 32 KiB, and requests for help are answered until they
- * have put out 1 MiB; further ones are refused with a message of kind optMsgUserError. filename is the path
- * of the file. The result is 0 when the file could be opened, but see above. Otherwise it is the error code
- * of the operating system, and two messages of kind optMsgUserError are filed. An error or warning about a
- * line of the file has "line " and the number of the line before its text. The messages of a file stand
- * between a message of kind optMsgFileEnter and one of kind optMsgFileLeave, which name the file; both are
- * left out when there is no message between them. */
+ * options. An immediate option may read further files. At most nine files may be open within each other
+ * and 10,000 may be read in one call, this file included; further ones are not opened. Files that were
+ * read before are read again for at most twice the bytes that the call reads at all, or 32 KiB, and
+ * requests for help are answered until they have put out 1 MiB; further ones are refused with a message
+ * of kind optMsgUserError. filename is the path of the file. The result is 0 when the file could be
+ * opened, but see above. Otherwise it is the error code of the operating system, and two messages of kind
+ * optMsgUserError are filed. An error or warning about a line of the file has "line " and the number of
+ * the line before its text. The messages of a file stand between a message of kind optMsgFileEnter and
+ * one of kind optMsgFileLeave, which name the file; both are left out when there is no message between
+ * them. */
 WEXCORIN_API int32_t optreadparameterfile(tvksoptions* handle, const optshortstring* filename);
 WEXCORIN_API int32_t coptreadparameterfile(tvksoptions* handle, const char* filename);
 
@@ -249,14 +250,15 @@ WEXCORIN_API int32_t coptreadfromliststr(tvksoptions* handle, const char* name, 
  * Writing
  */
 
-/* Writes the settings as an option file that can be read again: a line for each option whose defined bits are
- * not 0, in the order of the definition, then the dot entries and the indicators. filename is the path of the
- * file; an existing file is replaced. The result is 0 when the file could be opened. Otherwise it is the
- * error code of the operating system, and two messages of kind optMsgUserError are filed. The same messages
- * are filed, with result 0, when the file could be opened but not written to its end. A full list of messages
- * cannot hold them, and opterrorcount does not change then: to learn of such an error in any case, call
- * optclearmessages before writing, or make sure that optmessagecount is below 4999. A FIFO is waited for as in
- * reading: 5 seconds for a program that reads it, and 60 seconds in all (ETIMEDOUT). */
+/* Writes the settings as an option file that can be read again: a line for each option whose defined bits
+ * are not 0, in the order of the definition, then the dot entries and the indicators. filename is the
+ * path of the file; an existing file is replaced. The result is 0 when the file could be opened.
+ * Otherwise it is the error code of the operating system, and two messages of kind optMsgUserError are
+ * filed. The same messages are filed, with result 0, when the file could be opened but not written to its
+ * end. A full list of messages cannot hold them, and opterrorcount does not change then: to learn of such
+ * an error in any case, call optclearmessages before writing, or make sure that optmessagecount is below
+ * 4999. A FIFO is waited for as in reading: 5 seconds for a program that reads it, and 60 seconds in all
+ * (ETIMEDOUT). */
 WEXCORIN_API int32_t optwriteparameterfile(tvksoptions* handle, const optshortstring* filename);
 WEXCORIN_API int32_t coptwriteparameterfile(tvksoptions* handle, const char* filename);
 
