@@ -1,7 +1,7 @@
 // What all entry points share: `in` makes a view of a text argument, `out` wraps the buffer of a text result,
 // `barrier` lets no exception pass, `guarded` also sees to the floating-point settings, and `allocating` to
-// the memory of exceptions. Views and wrappers point into the caller's buffers; nothing is owned here. The entry points themselves are in the
-// files exports_*.cpp.
+// the memory of exceptions. Views and wrappers point into the caller's buffers; nothing is owned here. The
+// entry points themselves are in the files exports_*.cpp.
 #pragma once
 
 #include <cstdint>

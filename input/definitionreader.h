@@ -21,7 +21,7 @@
 namespace optcore {
 
 // Returns 0, or the system's error code if the file cannot be opened; messages are filed then. If it cannot be
-// read to its end, messages are filed as well, and the code is returned only when the list of messages is full.
+// read to its end, messages are filed as well, and the code is returned only when the list has no room for them.
 std::int32_t readdefinition(tvksoptions& store, std::string_view filename);
 
 class tdefinitionreader {
