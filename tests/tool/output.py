@@ -133,7 +133,7 @@ for command in "show a.def", "check a.def", "help a.def":
 
 # What never ends is not read for ever, and where memory ends, the file is named. Sanitizers need more memory.
 runs("timeout 20 wexcorin check a.def - </dev/zero", err="wexcorin: cannot read standard input: File too large\n", code=2)
-write("large.def", "".join(f"name{number} integer 0 5 0 9 1 1\n" for number in range(200_000)))
+write("large.def", "".join(f"name{number} integer 0 5 0 9 1 1\n" for number in range(500_000)))
 with open("large.opt", "wb") as file:
     file.truncate(1 << 30)
 for command, name in (("show large.def", "large.def"),
