@@ -110,9 +110,11 @@ void checkvalues(const tool::tdefinitions& definitions, const optcore::tvksoptio
     else
       HOLDS(now.defined() == 0, now.name(), now.getasstring().view());
   }
+  std::set<const toption*> continued;
+  for (std::int32_t i = 0; i < successors.count(); ++i) continued.insert(successors.of(i));
   for (std::int32_t i = 0; i < definitions.newer.store().getcount() && !noted.taken; ++i) {
     const toption& option = after.definition().option(i);
-    if (successors.predecessorof(definitions.newdefinition().option(i)) < 0)
+    if (!continued.contains(&definitions.newdefinition().option(i)))
       HOLDS(option.defined() == 0, option.name());
   }
 }
