@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <iterator>
 #include <string>
+#include <utility>
 
 #include "base/heldsignals.h"
 #include "base/systemerror.h"
@@ -130,7 +131,7 @@ void thelplisting::collectgroups() {
   fgroupnames.reserve(static_cast<std::size_t>(fnames.count()));
   for (std::int32_t i = 0; i < fnames.count(); ++i)
     fgroupnames.push_back({fnames.getobject(i).option->groupnr(), i});
-  std::ranges::stable_sort(fgroupnames, {}, &tgroupname::groupnumber);
+  std::ranges::sort(fgroupnames, {}, [](tgroupname name) { return std::pair(name.groupnumber, name.index); });
 }
 
 // Groups of the same number all have the same options.
