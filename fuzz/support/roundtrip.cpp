@@ -1,5 +1,7 @@
 // The round trip of a parameter file, and the state that a pair keeps for it.
 #include <bit>
+#include <map>
+#include <queue>
 #include <vector>
 
 #include "api/handle.h"
@@ -69,16 +71,28 @@ std::string contents(const optcore::tvksoptions& store) {
   return all;
 }
 
-// Finds the same option in the other store: an option of the definition by number, an added one by name.
-const optcore::toption* twin(const tpair& again, std::int32_t defined, std::int32_t number,
-                             std::string_view name) {
-  const tvksoptions& store = *again.handle(0);
-  return number <= defined ? store.definition().getobjects(number - 1) : store.definition().exactoption(name);
+// For each option the same one in the other store, or null: an option of the definition by number, an added one by
+// name. The n-th written of several with the same name is the n-th that was added.
+std::vector<const optcore::toption*> twins(const tpair& pair, const tpair& again, std::int32_t defined) {
+  const optcore::tdefinition& here = pair.handle(0)->definition();
+  const optcore::tdefinition& there = again.handle(0)->definition();
+  std::map<std::string, std::queue<const optcore::toption*>> added;
+  for (std::int32_t i = defined; i < there.getcount(); ++i)
+    added[std::string(there.option(i).name())].push(there.getobjects(i));
+  std::vector<const optcore::toption*> result;
+  for (std::int32_t i = 0; i < here.getcount(); ++i) {
+    result.push_back(i < defined ? there.getobjects(i) : nullptr);
+    auto& same = added[std::string(here.option(i).name())];
+    if (i < defined || here.option(i).defined() == 0 || same.empty()) continue;
+    result.back() = same.front();
+    same.pop();
+  }
+  return result;
 }
 
 // Options that the tool names must differ, or a line about them must have been refused; an option may be the
 // same nevertheless if its default is no legal value. They are reset. Returns false when none was set.
-bool resetnamed(tpair& pair, const tpair& again, std::int32_t defined,
+bool resetnamed(tpair& pair, const std::vector<const optcore::toption*>& twins,
                 const std::vector<tool::tdifference>& differences) {
   bool isreset = false;
   for (const tool::tdifference& each : differences) {
@@ -86,7 +100,7 @@ bool resetnamed(tpair& pair, const tpair& again, std::int32_t defined,
     const optcore::toption& option = pair.handle(0)->definition().option(each.option - 1);
     if (option.defined() == 0) continue;
     const std::string here = contents(&option);
-    const std::string there = contents(twin(again, defined, each.option, option.name()));
+    const std::string there = contents(twins[static_cast<std::size_t>(each.option - 1)]);
     const bool isrefused = each.text.find("is not read back as it was set") != std::string::npos;
     HOLDS(here != there || isrefused, each.text, here);
     isreset = true;
@@ -112,19 +126,20 @@ bool triesagain(tpair& pair, bool eolonly) {
   const std::string second = written(again, "out2");
   std::int32_t errors{}, warnings{};
   again.one(opterrorcount, errors, warnings);
+  const std::vector<const optcore::toption*> others = twins(pair, again, defined);
   if (differences.empty()) {
     HOLDS(errors == 0, first, messages(again));
     HOLDS(first == second, first, second);
     for (std::int32_t number = 1; number <= pair.one(optcount); ++number) {
       const optcore::toption& option = pair.handle(0)->definition().option(number - 1);
       const std::string here = contents(&option);
-      HOLDS(option.defined() == 0 || here == contents(twin(again, defined, number, option.name())), here);
+      HOLDS(option.defined() == 0 || here == contents(others[static_cast<std::size_t>(number - 1)]), here);
     }
     return false;
   }
   HOLDS(errors != 0 || first != second || contents(*pair.handle(0)) != contents(*again.handle(0)),
         differences.front().text, first);
-  return resetnamed(pair, again, defined, differences);
+  return resetnamed(pair, others, differences);
 }
 
 }  // namespace

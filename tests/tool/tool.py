@@ -160,6 +160,7 @@ for definition, options, warnings in (
          ['warning: text 2 of option "word" is set to b#c, but is read back as b']),
         ("Minos lookup\nmy_list strlist 1 1 1", "my list a",
          ['warning: option "my list" is not read back as it was set: Unknown option "my_list"']),
+        ("Minos lookup\nsize integer 1 5 0 9 1 1", "--my_list a\n--my_list b", []),  # two lists of one name
         # of a key of several words, the first words that name an option are the key
         ("Minos lookup\nab integer 1 5 0 9 1 1\nab_cde_fgh integer 1 5 0 9 1 1\nset macro 1 1\n ab_cde_fgh",
          "set 6", ['warning: option "ab cde fgh" is not read back as it was set: '

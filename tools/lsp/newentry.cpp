@@ -49,13 +49,16 @@ std::string tnewentry::parts(int firstplace) const {
   if (keyword == "synonym") result += " " + place(number, "option");
   if (keyword == "eolcomm") result += " " + place(number, "#");
   if (!fieldsbetween(keyword).empty()) result += " " + place(number, "Help text");
-  if (isenum) result += "\n " + place(number, firstvalue);
-  if (isenum) result += " 1 " + place(number, "Help text");
+  if (isenum) {
+    result += "\n " + place(number, firstvalue);
+    result += " 1 " + place(number, "Help text");
+  }
   const bool hasmembers = keyword == "multilist" || keyword == "macro";
   if (hasmembers && assnippet) result += "\n " + place(number, "option");
-  const bool ismark = keyword == "deprecated" || keyword == "obsolete";
-  if (ismark) result += "\n " + place(number, "option");
-  if (ismark) result += " " + place(number, "What to do instead");
+  if (keyword == "deprecated" || keyword == "obsolete") {
+    result += "\n " + place(number, "option");
+    result += " " + place(number, "What to do instead");
+  }
   return result;
 }
 

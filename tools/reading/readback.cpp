@@ -3,11 +3,14 @@
 
 #include <algorithm>
 #include <bit>
+#include <deque>
+#include <map>
 #include <set>
 #include <span>
 
 #include "tools/doc/entrytext.h"
 #include "tools/doc/shownvalue.h"
+#include "tools/reading/nearnames.h"
 #include "tools/reading/symboltexts.h"
 #include "tools/text.h"
 
@@ -138,7 +141,12 @@ const tremark* firsterror(tremarks remarks) {
 class tcomparison {
  public:
   tcomparison(const tvksoptions& written, const tvksoptions& fresh, std::int32_t defined, tremarks remarks)
-      : fwritten(written), ffresh(fresh), fdefined(defined), fremarks(remarks) {}
+      : fwritten(written), ffresh(fresh), fdefined(defined), fremarks(remarks) {
+    for (std::int32_t i = defined; i < fresh.getcount(); ++i) {
+      const toption& option = fresh.definition().option(i);
+      fadded[nameof(option)].push_back(&option);
+    }
+  }
 
   std::vector<tdifference> run() {
     for (std::int32_t i = 0; i < fwritten.getcount(); ++i) option(i);
@@ -177,16 +185,26 @@ class tcomparison {
 
   // ---- options
 
-  // Returns the same option in the fresh store, null if it has none. An option that reading added may have
-  // another number there, so it is looked up by its name.
-  const toption* twinof(std::int32_t index) const {
+  // Returns the same option in the fresh store, null if it has none.
+  const toption* twinof(std::int32_t index) {
     const toption& option = fwritten.definition().option(index);
-    const toption* twin = index < fdefined ? ffresh.definition().getobjects(index)
-                                           : ffresh.definition().exactoption(option.name());
+    const toption* twin = index < fdefined ? ffresh.definition().getobjects(index) : takeadded(option);
     // The definition file may have changed since it was first read.
     const bool issame = twin != nullptr && twin->opttype() == option.opttype();
     return issame ? twin : nullptr;
   }
+
+  // An option that reading added may have another number in the fresh store. In lookup mode Minos, several may
+  // have the same name; they are added in the order in which they are written.
+  const toption* takeadded(const toption& option) {
+    std::deque<const toption*>& same = fadded[nameof(option)];
+    if (option.defined() == 0 || same.empty()) return nullptr;
+    const toption* first = same.front();
+    same.pop_front();
+    return first;
+  }
+
+  static std::string nameof(const toption& option) { return folded(option.name()); }
 
   void option(std::int32_t index) {
     const toption& option = fwritten.definition().option(index);
@@ -298,7 +316,8 @@ class tcomparison {
   const tvksoptions& fwritten;
   const tvksoptions& ffresh;
   std::int32_t fdefined;
-  tremarks fremarks;  // about lines that have not been compared yet
+  std::map<std::string, std::deque<const toption*>> fadded;  // by reading the file, and not compared yet
+  tremarks fremarks;                                         // about lines that have not been compared yet
   std::int32_t fline = 1;
   std::set<std::string> ftexts;          // of errors that explainnothing has reported
   std::set<std::int32_t> fentryoptions;  // indices of dot options with a dot line that was reported

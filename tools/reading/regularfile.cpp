@@ -16,32 +16,30 @@ namespace {
 
 constexpr std::size_t blocksize = 64 * 1024;
 
-}  // namespace
-
-// To open a device may do something already, so the name is looked at first. What was opened counts, because
-// the name may have become that of another file.
-tregularfile::tregularfile(const std::string& path) : fpath(path) {
+// Returns -1 if the path does not lead to a regular file that can be opened. To open a device may do something
+// already, so the name is looked at first. What was opened counts, because the name may have become that of
+// another file.
+int openregular(const std::string& path) {
   struct stat status {};
-  if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
-  fdescriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-  if (fdescriptor < 0) return;
-  if (fstat(fdescriptor, &status) == 0 && S_ISREG(status.st_mode)) {
-    fsize = static_cast<std::uint64_t>(status.st_size);
-  } else {
-    close(fdescriptor);
-    fdescriptor = -1;
-  }
+  if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return -1;
+  const int opened = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+  if (opened < 0 || (fstat(opened, &status) == 0 && S_ISREG(status.st_mode))) return opened;
+  close(opened);
+  return -1;
 }
 
-tregularfile::~tregularfile() {
-  if (fdescriptor >= 0) close(fdescriptor);
+}  // namespace
+
+tregularfile::tregularfile(const std::string& path) : fpath(path), fdescriptor(openregular(path)) {
+  struct stat status {};
+  if (isopen() && fstat(fdescriptor.get(), &status) == 0) fsize = static_cast<std::uint64_t>(status.st_size);
 }
 
 std::string_view tregularfile::next() {
-  if (fdescriptor < 0 || ffailed) return {};
+  if (!isopen() || ffailed) return {};
   fblock.resize(blocksize);
   ssize_t count;
-  do count = read(fdescriptor, fblock.data(), std::min<std::uint64_t>(blocksize, fleft));
+  do count = read(fdescriptor.get(), fblock.data(), std::min<std::uint64_t>(blocksize, fleft));
   while (count < 0 && errno == EINTR);
   ffailed = count < 0;
   if (count <= 0) return {};
@@ -50,7 +48,7 @@ std::string_view tregularfile::next() {
 }
 
 std::optional<std::string> tregularfile::contents(std::uint64_t most) {
-  if (fdescriptor < 0 || fsize > most) return std::nullopt;
+  if (!isopen() || fsize > most) return std::nullopt;
   return namingfile(fpath, [&]() -> std::optional<std::string> {
     std::string result;
     result.reserve(fsize);

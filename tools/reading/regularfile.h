@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/descriptor.h"
+
 namespace tool {
 
 class tregularfile {
@@ -17,11 +19,8 @@ class tregularfile {
 
   // Opens the file if it is a regular one.
   explicit tregularfile(const std::string& path);
-  ~tregularfile();
-  tregularfile(const tregularfile&) = delete;
-  tregularfile& operator=(const tregularfile&) = delete;
 
-  bool isopen() const { return fdescriptor >= 0; }
+  bool isopen() const { return fdescriptor.get() >= 0; }
   // As it was when the file was opened.
   std::uint64_t size() const { return fsize; }
   // The next part of the file; empty at its end, after an error and behind `mostbytes`. Valid until the next call.
@@ -31,7 +30,7 @@ class tregularfile {
 
  private:
   const std::string fpath;
-  int fdescriptor = -1;
+  const tdescriptor fdescriptor;
   std::uint64_t fsize = 0;
   std::uint64_t fleft = mostbytes;
   bool ffailed = false;

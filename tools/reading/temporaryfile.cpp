@@ -40,13 +40,11 @@ std::string readall(int descriptor, const char* what, std::uint64_t most = tregu
 
 // The path leads to the descriptor of this process.
 ttemporaryfile::ttemporaryfile() : fdescriptor(memfd_create("wexcorin", MFD_CLOEXEC)) {
-  if (fdescriptor < 0) fail("cannot create a temporary file");
-  fpath = "/proc/self/fd/" + std::to_string(fdescriptor);
+  if (fdescriptor.get() < 0) fail("cannot create a temporary file");
+  fpath = "/proc/self/fd/" + std::to_string(fdescriptor.get());
   if (access(fpath.c_str(), F_OK) != 0)
     fail("cannot use a temporary file without /proc, which has to be mounted");
 }
-
-ttemporaryfile::~ttemporaryfile() { close(fdescriptor); }
 
 void ttemporaryfile::write(std::string_view bytes) const {
   optcore::ttextfile file;
@@ -72,8 +70,8 @@ bool ttemporaryfile::copylines(const std::string& filename) const {
 }
 
 std::string ttemporaryfile::contents() const {
-  if (lseek(fdescriptor, 0, SEEK_SET) < 0) fail("cannot read a temporary file");
-  return readall(fdescriptor, "a temporary file");
+  if (lseek(fdescriptor.get(), 0, SEEK_SET) < 0) fail("cannot read a temporary file");
+  return readall(fdescriptor.get(), "a temporary file");
 }
 
 // As the library reads a file of that kind: a device may never end.

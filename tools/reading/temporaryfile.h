@@ -6,14 +6,13 @@
 #include <string>
 #include <string_view>
 
+#include "tools/descriptor.h"
+
 namespace tool {
 
 class ttemporaryfile {
  public:
   ttemporaryfile();  // creates an empty file
-  ~ttemporaryfile();
-  ttemporaryfile(const ttemporaryfile&) = delete;
-  ttemporaryfile& operator=(const ttemporaryfile&) = delete;
 
   // Leads to the file as long as this object exists.
   const std::string& path() const { return fpath; }
@@ -23,7 +22,7 @@ class ttemporaryfile {
   std::string contents() const;
 
  private:
-  int fdescriptor;
+  const tdescriptor fdescriptor;
   std::string fpath;
 };
 

@@ -13,8 +13,8 @@
 #include "base/numtext.h"
 #include "base/systemerror.h"
 #include "base/waiting.h"
+#include "tools/descriptor.h"
 #include "tools/text.h"
-#include "tools/writing/descriptor.h"
 #include "tools/writing/replacement.h"
 
 namespace tool {

@@ -14,7 +14,7 @@
 #include <filesystem>
 #include <optional>
 
-#include "tools/writing/descriptor.h"
+#include "tools/descriptor.h"
 
 namespace tool {
 
