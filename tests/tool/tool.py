@@ -412,8 +412,10 @@ manual = read(f"{DOCS}/../man/wexcorin.1").partition("These rules can be left ou
 expect("rules in the manual", re.findall(r"\.TP\n\.B (.*)\n(.*)\n", manual.replace("\\-", "-")), optional)
 expect("rules in the schema", json.loads(read(f"{DOCS}/check.schema.json"))["$defs"]["rule"]["enum"],
        [name for name, _, _ in table])
-expect_part("errors cannot be left out", run("wexcorin check examples/first.def --allow value")[1],
-            'the rule "value" is for errors, which cannot be left out')
+driver = json.loads(run("wexcorin check examples/first.def --format sarif")[0])["runs"][0]["tool"]["driver"]
+expect("rules in SARIF", (driver["name"], [(rule["id"], rule["defaultConfiguration"]["level"], rule["shortDescription"]["text"])
+                                           for rule in driver["rules"]]),
+       ("wexcorin", [(name, "error" if kind == "error" else "warning", meaning) for name, kind, meaning in table]))
 
 # ---- the schemas. Each must also reject documents with one mistake.
 
