@@ -106,7 +106,7 @@ for target, reason in (("/dev/full", full), (".", "Is a directory"), ("none/x", 
                        ("a.opt/x", "Not a directory"), ("circle", "Too many levels of symbolic links"),
                        ("- >/dev/full", full), ("- >&-", "Bad file descriptor")):
     name = "<stdout>" if target[0] == "-" else target
-    for command in "write a.def a.opt", "doc html a.def":
+    for command in "write a.def a.opt", *(f"doc {form} examples/first.def" for form in FORMS):
         runs(f"wexcorin {command} -o {target}", err=f"{name}: error: cannot write the file: {reason}\n", code=2)
 runs("ulimit -f 0; wexcorin doc c a.def -o old.opt", code=2,
      err="old.opt: error: cannot write the file: File too large\n")
