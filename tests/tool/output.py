@@ -3,7 +3,7 @@ and nothing else is left in their folder. Exit codes, and what a person sees of 
 root; exit code 77: all is well, but strace is missing, so that the program was not interrupted.
 usage: output.py TOOL [checked]
 `checked` is for a tool with sanitizers: it is not killed, since it could report nothing then."""
-import codecs, collections, itertools, json, os, pty, re, shutil, signal, subprocess, sys, time
+import codecs, collections, itertools, json, os, pty, re, shutil, subprocess, sys, time
 from support import expect, failures, read, run, runs, write
 
 DEFINITION = "tol double 1 0 0 1 1 0\nsize integer 2 5 0 9 1 0\nread immediate ReadFile 1 0\n"
