@@ -167,6 +167,8 @@ set.ini:47: decide: left alpha: Integer expected, for option "alpha" saw "9.5"
 MIGRATE = "wexcorin migrate --to new.def --syntax assignments"
 runs(f"{MIGRATE} set.ini -o out", REPORT, "", 1)
 expect("the file", read("out/set.ini"), AFTER)
+run(f"{MIGRATE} out/set.ini -o twice")
+expect("migrated twice", read("twice/set.ini"), AFTER)
 
 # ---- with --clamp, numbers out of the bounds are moved
 

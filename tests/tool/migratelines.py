@@ -52,8 +52,10 @@ for row in (
         ("a", "b integer 1 2 0 5 1 1/a synonym b", "a 7", "b 7",
          ["1: renamed a: It is now called b", "1: decide: left a: " + RANGE.replace('"a"', '"b"')]),
         (FLAG, "b boolean.NV 1 1 1 1/a synonym b", "a", "b", ["1: renamed a: It is now called b"]),
-        ("i indicator", "j indicator", "i e$v 1/i e$ 1", "j e$v 1/i e$ 1",
-         ["1: spelled i: i is now written j", "2: decide: refused i: Not taken before either: Equation ID expected for indicator"]),
+        ("i indicator", "j indicator", "i e$v 1/i e$ 1/i e(1)$v 1", "j e$v 1/i e$ 1/i e(1)$v 1",
+         ["1: spelled i: i is now written j", "2: decide: refused i: Not taken before either: Equation ID expected for indicator",
+          '3: decide: refused i: Not taken before either: Unique element expected for indicator id "e"; '
+          '$ expected after equation identifier "e"']),
         (f"{BOUNDS}/s synonym n", "m immediate NoBounds 1 1/n synonym m", "s 1/n 0", "m 1/n 0", ["1: renamed n: It is now called m"]),
         (f"{BOUNDS}/s synonym n", BOUNDS, "s 1", "n 1", ["1: spelled n: s is now written n"]),
         # names in other lookup modes
