@@ -1,7 +1,7 @@
-"""Runs `doc` as a process: titles, links and lines of the page and the Markdown file, and files that do not compile.
+"""Runs `doc` as a process: titles, links and lines of the page and the Markdown file.
 page.py tries the page in a browser.
 usage: documents.py TOOL; run in the repository's root"""
-import html, os, re, sys
+import html, re, sys
 from support import expect, expect_part, failures, read, run, runs, write
 
 # A definition file in another folder gives the same document.
@@ -62,16 +62,5 @@ for form, parts in {
     for part in parts:
         expect_part(form, out, part)
     expect(f"{form}: column heads without a text", re.findall(r"(?m)^\|.*\| *\|\n\|---", out), [])
-
-# Pascal has no names with dots. Not all forms take a title or are compiled.
-said = '"pf.rank" in Pascal, which is no name there\n'
-runs("wexcorin doc pascal named.def -o named.inc",
-     err=f'named.def: error: option ".rank" would be called {said}', code=1)
-expect("a file that was refused", os.path.exists("named.inc"), False)
-out = run("wexcorin doc pascal named.def --force -o -")
-expect("forced", (out[0][:2], out[1:]), ("//", (f'named.def: warning: option ".rank" would be called {said}', 0)))
-for flag in "--title x", "--release x", "--force":
-    runs(f"wexcorin doc html {flag} named.def -o none.html", code=2,
-         err=f"wexcorin doc: this form does not take {flag.split()[0]}\nTry 'wexcorin doc --help'.\n")
 
 sys.exit("\n".join(failures) or 0)

@@ -30,8 +30,6 @@ expect("a row of several lines",
 
 runs("wexcorin show examples/first.def --columns value,name --columns type",
      "Value  Name   Type\n       Help   immediate\n500    maxit  integer\n1E-6   tol    double\ncold   start  enumstr\n")
-expect_part("an unknown column", run("wexcorin show examples/first.def --columns name,vlaue")[1],
-            '"vlaue" is none of number, name, type, set, value, origin, default, range; did you mean "value"?')
 
 # ---- colours
 
@@ -45,7 +43,6 @@ for arguments, coloured in ("", True), ("| cat", False), ("--json", False):
     seen = on_terminal(f"wexcorin diff examples/solver.def examples/solver-2.def {arguments}", **NOPAGER)[0]
     expect(f"colours of diff {arguments}", "\x1b[1;31mbreaking" in seen and "\x1b[1mrestart_limit" in seen, coloured)
 expect_part("colours of findings", run("wexcorin check examples/first.def --set x --color always")[0], "\x1b[1;31merror")
-expect_part("--color red", run("wexcorin check x --color awlays")[1], '"awlays" is none of always, auto, never; did you mean "always"?')
 
 # ---- the pager
 

@@ -79,19 +79,6 @@ expect("many options", [row["origin"]["line"] for row in seen if row["origin"]],
 expect_part("a file that --set includes", run("wexcorin show text.def --set 'alpha 4' --set 'read text.opt' --origin")[0],
             "--set > text.opt:6 > part.opt:2 (macro outer)")
 
-# ---- explain: what else a line can do
-
-for name, setting, part in (
-        ("alpha", "alpha 99", 'refused: Integer range error for option "alpha" saw "99"; Valid range is 0 to 9\n'),
-        ("words", "words \"re\"d\"", "refused: Bad double-quote in value\n"),
-        (".rank", "x.rank(i) 2", "refused: Set name not allowed .option \"x\"\n"),
-        ("'.rank x'", "x.rank(\"1\") 2", "entry kept with value 2\n"), ("'.rank x(1)'", "x.rank(\"1\") 2", "entry kept with value 2\n"),
-        ("x", "ind e$x 1", "entry kept with value 1\n"), ("outer", "pair 1:2", "passed its text on to its members (multilist pair, macro outer)\n"),
-        ("read", "read none.opt", "refused: Cannot open parameter file"), ("list", "list a b", "stored \"a b\"\n"),
-        ("'.rank y'", "x.rank 2", "No line touched it.\n"), ("alpha", "beta 1", "\nIn force: 1, the default\n")):
-    expect_part(f"explain {name} --set '{setting}'", run(f"wexcorin explain {name} trace.def --set '{setting}'")[0], part)
-runs("wexcorin explain .rnk trace.def", err='wexcorin: there is no option ".rnk"; did you mean ".rank"?\n', code=1)
-
 # ---- explain: all that lines did
 
 write("touch.def", """x eolcomm #
@@ -214,11 +201,7 @@ for name, did, force in (
 for name, head in ("--own", "--own\n  type        text, may be given repeatedly"), ("IND", "IND: the keyword of indicators"), ("x(1)", "x(1): a symbol"):
     expect(f"explain {name}: head", run(f"wexcorin explain -- '{name}' touch.def touch.opt")[0].split("\n\n")[0], head)
 runs("wexcorin explain ind touch.def", "ind: the keyword of indicators\n\nNo line touched it.\n")
-runs("wexcorin explain -- --none touch.def", "", "wexcorin: there is no option \"--none\"; 'wexcorin find' searches the texts of the options\n", 1)
 write("list.def", "alpha integer 1 1 0 9 1 1 The first\n and only\n")
-runs("wexcorin explain none list.def", "", "wexcorin: there is no option \"none\"; 'wexcorin find' searches the texts of the options\n", 1)
-runs("wexcorin explain alpha none.def", "", None, 2)
-runs("wexcorin explain alpha touch.def none.opt", "", None, 2)
 runs("wexcorin explain alpha list.def", "alpha: The first\n  and only\n  type        integer\n  range       0 to 9\n  default     1\n"
      "\nNo line touched it.\n\nIn force: 1, the default\n")
 
@@ -317,9 +300,6 @@ expect("the order of dot lines counts", [each["name"] for each in json.loads(run
 
 # ---- trouble, and faulty option files, which are compared by what was taken
 
-for arguments in ("a.opt b.opt --definition none.def", "a.opt none.opt --definition trace.def", "none.def trace.def",
-                  "--matrix trace.def none.opt", "--matrix none.def a.opt"):
-    runs(f"wexcorin diff {arguments}", "", None, 2)
 write("faulty.def", "a integer 1 9 0 1 1 1\n")
 runs("wexcorin diff trace.def faulty.def", "", 'faulty.def:1: error: Default not in range for option "a"\n', 2)
 write("faulty.opt", "alpha x\nread none.opt\nbeta 2\n")
@@ -327,25 +307,4 @@ runs("wexcorin diff --defaults faulty.opt --definition - --markdown", "| Setting
      "| beta | 2 \\[faulty.opt:3\\] | 1 \\[default\\] |\n", None, 1, read("trace.def"))
 runs("wexcorin diff --matrix --definition trace.def a.opt", "no differences\n")
 runs("wexcorin diff --defaults - --definition trace.def", None, None, 1, "alpha 3\n")
-for word, code in ("any", 1), ("silent", 0), ("breaking", 0):
-    write("wider.def", read("trace.def").replace("1 0 9 1 1\nbeta", "1 0 10 1 1\nbeta"))
-    runs(f"wexcorin diff trace.def wider.def --fail-on {word}", None, "", code)
-
-# ---- definitions: changes of names in lookup mode Minos
-
-for what, older, newer, wanted in (
-        ("a renamed option, whose name finds another one", "tole_alpine strlist 2 1 1", "size strlist 2 1 1\ntole_alpine synonym size",
-         [("compatible", "renamed")]),
-        ("a new option that takes the second word of a synonym for a part of its value",
-         "size string 2 a 1 1\nbeta_one synonym size", "size string 2 a 1 1\nbeta_one synonym size\nbeta string 3 a 1 1",
-         [("breaking", "synonym"), ("compatible", "added")]),
-        ("a synonym of a multilist that moves to an option for any text",
-         "all multilist 2 1 1\n tolerance\nbeta synonym all", "all multilist 2 1 1\n tolerance\nbeta synonym tolerance",
-         [("silent", "synonym")]),
-        ("integers that become doubles", "beta enumint 2 1 1 1\n 1 1\n 5 1", "beta double 2 1 0 5 1 1", [("silent", "type")])):
-    for file, lines in ("old.def", older), ("new.def", newer):
-        write(file, f"Minos lookup\ntolerance strlist 1 1 1\n{lines}\n")
-    changes = json.loads(run("wexcorin diff old.def new.def --json")[0])["changes"]
-    expect(what, [(each["class"], each["kind"]) for each in changes], wanted)
-
 sys.exit("\n".join(failures) or 0)
