@@ -11,9 +11,6 @@
 //   r   a request: number of the feature, line, character, document (even: the option file), text
 //   k   cancels the last request
 //   j   a message as it is, with its header                            b   bytes as they are
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <map>
 #include <nlohmann/json.hpp>
 
@@ -30,28 +27,6 @@ using nlohmann::json;
 constexpr const char* optionsuri = "file:///none/main.opt";
 constexpr const char* definitionuri = "file:///none/main.def";
 constexpr std::int64_t firstid = 1'000'000'001;  // which no message of the input is likely to have
-
-class tmemory {
- public:
-  tmemory() : fdescriptor(::memfd_create("lsp", MFD_CLOEXEC)) { HOLDS(fdescriptor >= 0, errno); }
-  ~tmemory() { ::close(fdescriptor); }
-  tmemory(const tmemory&) = delete;
-  tmemory& operator=(const tmemory&) = delete;
-  int descriptor() const { return fdescriptor; }
-  void fill(std::string_view bytes) const {
-    const ssize_t written = ::pwrite(fdescriptor, bytes.data(), bytes.size(), 0);
-    HOLDS(written == static_cast<ssize_t>(bytes.size()), errno);
-  }
-  std::string contents() const {
-    std::string result(static_cast<std::size_t>(::lseek(fdescriptor, 0, SEEK_END)), '\0');
-    HOLDS(::pread(fdescriptor, result.data(), result.size(), 0) == static_cast<ssize_t>(result.size()),
-          errno);
-    return result;
-  }
-
- private:
-  int fdescriptor;
-};
 
 // ---- what is sent
 
@@ -199,16 +174,15 @@ void run(std::string_view input) {
   const auto [options, session] = split(rest);
   teditor editor(definition, options);
   for (std::string_view lines = session; !lines.empty();) editor.line(nextline(lines));
-  const tmemory in, out;
-  in.fill(editor.sent());
+  writefile("sent", editor.sent());
   using namespace std::chrono_literals;
-  tool::lsp::serve({.in = in.descriptor(),
-                    .out = out.descriptor(),
+  tool::lsp::serve({.in = filedescriptor("sent"),
+                    .out = filedescriptor("said"),
                     .quiet = 0ms,
                     .enters = false,
                     .watches = false,
                     .finishes = true});
-  check(editor, out.contents());
+  check(editor, readfile("said"));
 }
 
 }  // namespace fuzzing

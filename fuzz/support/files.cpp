@@ -66,6 +66,11 @@ std::string readfile(std::string_view name) {
   return bytes;
 }
 
+int filedescriptor(std::string_view name) {
+  const auto file = files.find(name);
+  return file != files.end() ? file->second : created(name);
+}
+
 }  // namespace fuzzing
 
 void bothforms::fail(const char* file, int line, const char* condition, std::initializer_list<tseen> seen) {

@@ -32,6 +32,7 @@ void opendescriptors();
 
 void writefile(std::string_view name, std::string_view bytes);
 std::string readfile(std::string_view name);  // empty for a file that does not exist
+int filedescriptor(std::string_view name);    // of the file, which is made if it does not exist
 
 // Two handles, and what the round trip must know about their past.
 class tpair : public thandles {
