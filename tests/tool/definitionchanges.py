@@ -1,8 +1,8 @@
-"""What diff says about two definitions: each kind of change, what it means to option files, and the forms of the report. The
-proof of the classes is in changes.py.
+"""What diff says about two definitions: each kind of change, what it means to option files. The forms of the report are in
+transcripts/reports.md, the proof of the classes is in changes.py.
 usage: definitionchanges.py TOOL; run in the repository's root"""
 import json, sys
-from support import expect, failures, on_terminal, run, runs, write
+from support import expect, failures, run, write
 
 
 # A line of its own for each part between slashes. A name alone is an integer option with this name.
@@ -296,56 +296,5 @@ for kind in "macro", "multilist 7":  # types of members, of which other lists ma
         expect(f"member of a {kind}: {older} to {newer}", [each.split()[0] for each in changes(*both)], [wanted])
 expect("members with other names", changes(definition("a/m macro 1 1/ a/l multilist 7 1 1/ a"), definition("b/a synonym b/m macro 1 1/ b/l multilist 7 1 1/ b")),
        ["compatible renamed a: a -> b: It is now called b"])
-
-# ---- the forms of the report
-
-write("old.def", "Path lookup\nalpha integer 1 2 0 9 1 1 Help\nlimit integer 2 2 0 9 1 1\n")
-write("new.def", "alpha integer 1 3 0 9 1 1 A *new* <help>\nlimit integer 2 2 0 8 1 1\n")
-LOOKUP = "The lookup mode is now Normal, was Path; short forms of names may not be found"
-TEXT = f"""breaking: an option file that was clean may be refused
-  {LOOKUP}
-  limit: The range is now 0 to 8, was 0 to 9 (narrower)
-silent: an option file stays clean, but may mean something else
-  alpha: The default is now 3, was 2
-compatible: option files stay clean and mean the same
-  alpha: The help is now: A *new* <help>
-4 changes: 2 breaking, 1 silent, 1 compatible
-"""
-runs("wexcorin diff old.def new.def", TEXT, "", 1)
-painted = TEXT
-for colour, words in (("1;31", "breaking: an option file that was clean may be refused"), ("1", "limit"), ("1", "alpha"),
-                      ("1;33", "silent: an option file stays clean, but may mean something else"),
-                      ("1;36", "compatible: option files stay clean and mean the same")):
-    painted = painted.replace(words, f"\x1b[{colour}m{words}\x1b[0m")
-expect("colours", on_terminal("wexcorin diff old.def new.def --no-pager", 200)[0], painted)
-runs("wexcorin diff old.def new.def --markdown", f"""### Breaking: an option file that was clean may be refused
-
-- {LOOKUP}
-- `limit`: The range is now 0 to 8, was 0 to 9 (narrower)
-
-### Silent: an option file stays clean, but may mean something else
-
-- `alpha`: The default is now 3, was 2
-
-### Compatible: option files stay clean and mean the same
-
-- `alpha`: The help is now: A \\*new\\* \\<help\\>
-
-""", "", 1)
-expect("JSON", json.loads(run("wexcorin diff old.def new.def --json")[0]), {
-    "older": "old.def", "newer": "new.def", "breaking": 2, "silent": 1, "compatible": 1, "changes": [
-        dict(zip(("class", "kind", "name", "before", "after", "text"), row)) for row in (
-            ("breaking", "lookup", "", "Path", "Normal", LOOKUP), ("silent", "default", "alpha", "2", "3", "The default is now 3, was 2"),
-            ("compatible", "help", "alpha", "Help", "A *new* <help>", "The help is now: A *new* <help>"),
-            ("breaking", "bounds", "limit", "0 to 9", "0 to 8", "The range is now 0 to 8, was 0 to 9 (narrower)"))]})
-runs("wexcorin diff old.def old.def", "no changes\n")
-runs("wexcorin diff old.def old.def --markdown", "No changes.\n")
-
-# ---- --fail-on: the exit code is 1 only for changes of the class or worse
-
-for newer, codes in (("limit integer 1 2 0 8 1 1", [1, 1, 1]), ("limit integer 1 3 0 9 1 1", [1, 1, 0]), ("limit integer 1 2 -1 9 1 1", [1, 0, 0])):
-    write("old.def", "limit integer 1 2 0 9 1 1\n")
-    write("new.def", f"{newer}\n")
-    expect(f"--fail-on: {newer}", [run(f"wexcorin diff old.def new.def --fail-on {word}")[2] for word in ("any", "silent", "breaking")], codes)
 
 sys.exit("\n".join(failures) or 0)
