@@ -102,9 +102,7 @@ DEFINITION = r"""
 seed integer 104         | seed int 104                   | default, lowest value, highest value, help flag, | integer
 effort double 107        | effort real 107                | name, double, reference number, default, lowest  | double
 repeatable boolean 105   | repeatable bool 105            | name, boolean, reference number, default, help   | boolean
-title string 111         | title widget 111               | The types are integer, double,                    |
 cut_all macro            | cut_all marco                  | name, macro, help flag, group, text               | macro
-quiet boolean.NV         | quiet boolean.NO               | The modifiers are NV for no value                 |
 cut_all macro 1          | cut_all macro.NV 1             | The types with modifiers are                      |
 == a field that is left out
 seed integer 104 1977    | seed integer 1977              | or a field before it was left out                 |
@@ -130,11 +128,6 @@ seed integer 104         | threads integer 104            | The name finds optio
 worklim synonym          | nodelim synonym                | definition                                        |
 104 1977                 | 103 1977                       | reference-twice                                   |
 cuts group 8             | cuts group 7                   | definition                                        |
-== a name that is not defined
- log_interior            |  log_interoir                  | definition                                        | log_interior
- feasibility_tol optim   |  feasiblity_tol node optim     | definition                                        | feasibility_tol
-cores synonym threads    | cores synonym thraeds          | definition                                        | threads
- big_number use          |  bignumber use                 | definition                                        | big_number
 == a line at which the definition ends
 seed integer 104         | 8seed integer 104              | but a name begins with a letter                      |
 effort double            | ~effort double                 | begins with a tab                                 |

@@ -39,9 +39,6 @@ for arguments, environment, coloured in (
         ("--color always | cat", {}, True)):
     seen = on_terminal(f"wexcorin show examples/first.def {arguments}", **{**NOPAGER, **environment})[0]
     expect(f"colours with {arguments} {environment}", "\x1b[1m" in seen, coloured)
-for arguments, coloured in ("", True), ("| cat", False), ("--json", False):
-    seen = on_terminal(f"wexcorin diff examples/solver.def examples/solver-2.def {arguments}", **NOPAGER)[0]
-    expect(f"colours of diff {arguments}", "\x1b[1;31mbreaking" in seen and "\x1b[1mrestart_limit" in seen, coloured)
 expect_part("colours of findings", run("wexcorin check examples/first.def --set x --color always")[0], "\x1b[1;31merror")
 
 # ---- the pager
