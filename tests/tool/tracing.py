@@ -220,65 +220,6 @@ for setting in ("alpha 4", "beta 2", "quiet", "x.rank 1", "ind e$c 1", "window *
     expect(f"'{setting}' differs", (code, len(json.loads(out)["differences"])), (1, 1))
     expect(f"'{setting}' changes the fingerprint", run("wexcorin show trace.def c.opt --fingerprint")[0] == same, False)
 
-# All kinds of differences, in all forms.
-write("one.opt", "x.rank('a',*) 1\nx.rank 3\nx.rank 4\nind e$v yes\nind f$v no\nquiet\nside 1\nlist \"a|b\"\nlist c\n--own t\nold 5\n")
-write("two.opt", "x.rank 3\nx.rank 4\nx.rank('a',*) 1\nind f$v no\nind e$v yes\nside 1\nboth 5\nwindow * 2\n")
-runs("wexcorin diff --definition touch.def one.opt two.opt", """Setting              one.opt                        two.opt
-alpha                1 [default]                    5 [two.opt:7 (macro both)]
-window               0 0 [default]                  0 2 [default; two.opt:8]
-list                 a|b, c [one.opt:8; one.opt:9]  none [default]
-.rank                4 [one.opt:3]                  1 [two.opt:3]
-quiet                set [one.opt:6 (name alone)]   not set [default]
---own                t [one.opt:10]                 none
-order of dot lines   x.rank('a',*), x.rank, x.rank  x.rank, x.rank, x.rank('a',*)
-order of indicators  ind e$v, ind f$v               ind f$v, ind e$v
-""", None, 1)
-runs("wexcorin diff --defaults two.opt --definition touch.def", """Setting        two.opt                      defaults
-alpha          5 [two.opt:7 (macro both)]   1 [default]
-window         0 2 [default; two.opt:8]     0 0 [default]
-old            5 [two.opt:7 (macro both)]   1 [default]
-x.rank         3, 4 [two.opt:1; two.opt:2]  none
-x.rank('a',*)  1 [two.opt:3]                none
-ind e$v        1 [two.opt:5]                none
-ind f$v        0 [two.opt:4]                none
-""", None, 1)
-runs("wexcorin diff --matrix --definition touch.def one.opt two.opt one.opt --markdown", """| Setting | Value | Files |
-| --- | --- | --- |
-| alpha | 1 | one.opt one.opt |
-| | 5 | two.opt |
-| window | 0 0 | one.opt one.opt |
-| | 0 2 | two.opt |
-| list | a\\|b, c | one.opt one.opt |
-| | none | two.opt |
-| .rank | 4 | one.opt one.opt |
-| | 1 | two.opt |
-| quiet | set | one.opt one.opt |
-| | not set | two.opt |
-| \\--own | t | one.opt one.opt |
-| | none | two.opt |
-| order of dot lines | x.rank('a',\\*), x.rank, x.rank | one.opt one.opt |
-| | x.rank, x.rank, x.rank('a',\\*) | two.opt |
-| order of indicators | ind e\\$v, ind f\\$v | one.opt one.opt |
-| | ind f\\$v, ind e\\$v | two.opt |
-""", None, 1)
-# For each difference its kind, its name, and the value and origin in each of the files.
-JSON = [["option", "alpha", [1, "default"], [5, "two.opt:7 (macro both)"]],
-        ["option", "window", [[0.0, 0.0], "default"], [[0.0, 2.0], "default; two.opt:8"]],
-        ["option", "list", [["a|b", "c"], "one.opt:8; one.opt:9"], [[], "default"]],
-        ["option", ".rank", [4.0, "one.opt:3"], [1.0, "two.opt:3"]],
-        ["option", "quiet", [True, "one.opt:6 (name alone)"], [False, "default"]], ["list", "--own", [["t"], "one.opt:10"], [None, ""]],
-        ["order of dot lines", "order of dot lines", [["x.rank('a',*)", "x.rank", "x.rank"], ""], [["x.rank", "x.rank", "x.rank('a',*)"], ""]],
-        ["order of indicators", "order of indicators", [["ind e$v", "ind f$v"], ""], [["ind f$v", "ind e$v"], ""]]]
-for flags, parts in ("--definition touch.def", 2), ("--matrix touch.def", 1):  # a matrix has no origins
-    out = json.loads(run(f"wexcorin diff {flags} one.opt two.opt --json")[0])
-    expect(f"{flags}: JSON", [[each["kind"], each["name"], *(list(value.values()) for value in each["values"])] for each in out.pop("differences")],
-           [[kind, name, *(value[:parts] for value in values)] for kind, name, *values in JSON])
-    expect(f"{flags}: what was compared", out, {"definition": "touch.def", "compared": ["one.opt", "two.opt"]})
-out = json.loads(run("wexcorin diff --defaults two.opt --definition touch.def --json")[0])
-expect("JSON of dot lines and indicators", [(each["kind"], *(value["value"] for value in each["values"])) for each in out["differences"][3:]],
-       [("dot line", [3, 4], None), ("dot line", [1], None), ("indicator", [1], None), ("indicator", [0], None)])
-runs("wexcorin diff --matrix --definition touch.def one.opt one.opt --markdown", "No differences.\n", None)
-runs("wexcorin diff --matrix touch.def one.opt one.opt", "no differences\n", None)
 for length in 148, 149:  # longer texts are cut
     write("cut.opt", f"list {'a' * 150}\nlist {'b' * length}\n")
     expect_part(f"{length + 152} characters", run("wexcorin diff --definition touch.def cut.opt --defaults --markdown")[0],
