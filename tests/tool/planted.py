@@ -108,6 +108,7 @@ cut_all macro 1          | cut_all macro.NV 1             | The types with modif
 seed integer 104 1977    | seed integer 1977              | or a field before it was left out                 |
 title string 111         | title string                   | The reference number must be an integer, but "Orrery run" |
 pricing enumstr 401      | pricing enumstr                | The reference number must be an integer, but "edge" |
+cuts group 8 1           | cuts group 8                   | The help flag must be an integer                  |
  dual 1 Dual simplex     | ~dual 1 Dual simplex           | begins with a tab                                 |
  dual 1 Dual simplex     |  dual Dual simplex             | The fields of a value are: value, help flag, text |
  2 1 A proof             |  two 1 A proof                 | in its place; perhaps it was left out.            |
