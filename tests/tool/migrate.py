@@ -5,7 +5,6 @@ import json, os, shutil, sys
 from support import expect, expect_part, failures, on_terminal, read, run, runs, write
 
 write("old.def", """x eolcomm #!
-keyword indicator
 alpha integer 1 1 0 99 1 1
 beta integer.OPT 2 3 0 9 1 1
 text string 3 "" 1 1
@@ -14,13 +13,10 @@ legacy boolean 5 0 1 1
 both macro 1 1
  alpha
  beta
-eol immediate eolflag 1 1
 read immediate readfile 1 1
-.rank integer 6 0 0 9 1 1
 limit synonym old_limit
 """)
 write("new.def", """x eolcomm !%
-sign indicator
 gamma integer 9 0 0 1 1 1
 alpha integer 1 1 0 20 1 1
 beta integer 2 4 0 9 1 1
@@ -30,9 +26,7 @@ both macro 1 1
  alpha
  beta
  gamma
-eol immediate eolflag 1 1
 read immediate readfile 1 1
-.order integer 6 0 0 9 1 1
 limit synonym new_limit
 old_limit synonym new_limit
 names deprecated
