@@ -14,7 +14,7 @@ def definition(text):
 
 
 # The older and newer definition, a file before and after (None if it stays) and the report, whose lines begin with the number of
-# the line, or with nothing for the whole file.
+# the line, or with nothing for the whole file. What was migrated stays the same when it is migrated once more.
 def migrates(older, newer, before, after, report, flags=""):
     write("old.def", definition(older))
     write("new.def", definition(newer))
@@ -24,6 +24,8 @@ def migrates(older, newer, before, after, report, flags=""):
     *told, summary = out.split("\n")[:-1]
     expect(what, read("out/f.opt"), lines(before if after is None else after))
     expect(f"{what}: report", "\n".join(told).replace("f.opt:", ""), "\n".join(report))
+    run(f"wexcorin migrate --from old.def --to new.def out/f.opt -o twice {flags}")
+    expect(f"{what}: migrated twice", read("twice/f.opt"), read("out/f.opt"))
     decisions = sum("decide: " in line for line in report)
     expect(f"{what}: errors, summary and exit code", (err, summary.endswith(f", {decisions} to decide"), code), ("", True, int(decisions > 0)))
 
