@@ -3,18 +3,7 @@ messages are compared.
 usage: agreements.py TOOL"""
 import os, re, subprocess, tempfile
 
-from client import TOOL, Client, expect, finish, short, uri
-
-work = tempfile.TemporaryDirectory()
-folder = os.path.realpath(work.name)
-path = lambda name: os.path.join(folder, name)
-
-
-def write(name, text):
-    os.makedirs(os.path.dirname(path(name)), exist_ok=True)
-    with open(path(name), "w", encoding="utf-8", newline="") as file:
-        file.write(text)
-
+from client import TOOL, Client, expect, finish, path, short, uri, write
 
 write("one/solver.def", "threads integer 1 1 1 64 1 1 Threads\nname string 2 \"\" 1 1 Name\n"
       "general group 1 1 General\nread immediate ReadFile 1 1 Read\n")

@@ -1,10 +1,20 @@
 """A client of the language server for tests: it starts `wexcorin lsp`, sends messages and reads answers. One server
-serves many cases. The program is the first argument of the test, which is run in the repository's root."""
-import contextlib, json, os, select, subprocess, sys, time
+serves many cases. The program is the first argument of the test, which is run in the repository's root. A test may
+write files into a folder of its own."""
+import contextlib, json, os, select, subprocess, sys, tempfile, time
 from urllib.parse import quote, unquote
 
 TOOL = os.path.abspath(sys.argv[1])
 failures = []
+work = tempfile.TemporaryDirectory()
+folder = os.path.realpath(work.name)
+path = lambda name: os.path.join(folder, name)
+
+
+def write(name, text):
+    os.makedirs(os.path.dirname(path(name)), exist_ok=True)
+    with open(path(name), "wb") as file:
+        file.write(text if isinstance(text, bytes) else text.encode())
 
 
 # Of a path; a URI stays as it is.

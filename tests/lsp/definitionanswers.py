@@ -1,7 +1,7 @@
 """Hover, jumps, uses, highlights, outline and actions in definitions: whole answers, in the short form of client.py.
 usage: definitionanswers.py TOOL"""
-from client import expect, finish, short, uri
-from definitiontext import MAIN, TEXT, asked, path, start, write
+from client import expect, finish, path, short, uri, write
+from definitiontext import MAIN, TEXT, asked, start
 
 client = start(documentSymbol={"hierarchicalDocumentSymbolSupport": True},
                codeAction={"codeActionLiteralSupport": {}}, hover={"contentFormat": ["plaintext", "markdown"]})

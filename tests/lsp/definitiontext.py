@@ -1,8 +1,6 @@
 """A definition, and requests about it, for tests. The cursor is "|" in a piece of the definition, or in lines that are
 added at its end."""
-import os, tempfile
-
-from client import Client
+from client import Client, folder, path, write
 
 TEXT = """\
 general group 1 1 General options
@@ -21,20 +19,13 @@ show immediate Message 1 7 Show
 names deprecated
  gap_tol use time_limit
 """
-work = tempfile.TemporaryDirectory()
-path = lambda name: os.path.join(work.name, name)
 MAIN = path("solver.def")
 SNIPPETS = {"completion": {"completionItem": {"snippetSupport": True}}}
 
 
-def write(name, text):
-    with open(path(name), "w", encoding="utf-8") as file:
-        file.write(text)
-
-
 # A client with these capabilities, with the definition open.
 def start(**textdocument):
-    client = Client(work.name, {"textDocument": textdocument})
+    client = Client(folder, {"textDocument": textdocument})
     client.open(MAIN)
     client.diagnostics(MAIN)
     return client

@@ -2,8 +2,8 @@
 usage: markings.py TOOL"""
 import os
 
-from client import Client, expect, finish, short, uri
-from optiontext import MAIN, folder, path, write
+from client import Client, expect, finish, folder, path, short, uri, write
+from optiontext import MAIN
 
 RELATED = {"textDocument": {"publishDiagnostics": {"relatedInformation": True}}}
 client, plain = Client(folder, RELATED), Client(folder)

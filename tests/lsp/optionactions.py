@@ -1,7 +1,7 @@
 """Code actions in option files: the title, the edit and the diagnostic of each, in the short form of client.py.
 usage: optionactions.py TOOL"""
-from client import Client, expect, finish, short, uri
-from optiontext import MAIN, TEXT, folder, path, write
+from client import Client, expect, finish, folder, path, short, uri, write
+from optiontext import MAIN, TEXT
 
 ACTIONS = {"codeAction": {"codeActionLiteralSupport": {}}}
 client = Client(folder, {"textDocument": ACTIONS})

@@ -3,8 +3,8 @@ client.py.
 usage: optionanswers.py TOOL"""
 import os, tempfile
 
-from client import expect, finish, short, uri
-from optiontext import TEXT, asked, path, start, write
+from client import expect, finish, path, short, uri, write
+from optiontext import TEXT, asked, start
 
 client = start(documentSymbol={"hierarchicalDocumentSymbolSupport": True, "symbolKind": {"valueSet": [7, 18, 24]}},
                hover={"contentFormat": ["plaintext", "markdown"]})

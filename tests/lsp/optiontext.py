@@ -1,7 +1,5 @@
 """An option file and its definition, and requests about it, for tests. The cursor is "|" in the text."""
-import os, tempfile
-
-from client import Client
+from client import Client, folder, path, write
 
 TEXT = """\
 comment eolcomm !
@@ -56,15 +54,7 @@ old deprecated
  spare use threads or verbose
  two_old use old_time, then threads
 """
-work = tempfile.TemporaryDirectory()
-folder = os.path.realpath(work.name)
-path = lambda name: os.path.join(folder, name)
 MAIN = path("main.opt")
-
-
-def write(name, text):
-    with open(path(name), "w", encoding="utf-8", newline="") as file:
-        file.write(text)
 
 
 def start(settings=None, **textdocument):

@@ -2,8 +2,8 @@
 usage: optiontyping.py TOOL"""
 import os
 
-from client import expect, finish, items, uri
-from optiontext import MAIN, asked, path, start, write
+from client import expect, finish, items, path, uri, write
+from optiontext import MAIN, asked, start
 
 client = start(completion={"completionItem": {"documentationFormat": ["plaintext", "markdown"],
                                               "tagSupport": {"valueSet": [1]}}})

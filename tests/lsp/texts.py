@@ -2,17 +2,7 @@
 usage: texts.py TOOL"""
 import os, tempfile
 
-from client import Client, expect, finish, short, uri
-
-work = tempfile.TemporaryDirectory()
-folder = os.path.realpath(work.name)
-path = lambda name: os.path.join(folder, name)
-
-
-def write(name, text):
-    with open(path(name), "wb") as file:
-        file.write(text if isinstance(text, bytes) else text.encode())
-
+from client import Client, expect, finish, folder, path, short, uri, write
 
 DEFINITION = "threads integer 1 1 1 64 1 1 Threads\nname string 2 \"\" 1 1 Name\ngeneral group 1 1 General\n" \
              "read immediate ReadFile 1 1 Read\n"
