@@ -206,6 +206,22 @@ def items(answer):
     return result
 
 
+# The items of a completion in a document: the range, and each item as "label [kind] detail", with the number of the
+# option and the further fields. What an item inserts is its label.
+def offered(answer, document):
+    result = ["incomplete"] * answer["isIncomplete"]
+    for item, span, inserted, *more in items(answer):
+        more = more[0] if more else {}
+        data = more.pop("data", None)
+        expect(f"what is inserted for {item}", inserted, item.partition(" [")[0])
+        result += [span] * (span not in result)
+        if data:
+            expect(f"the document of {item}", data["uri"], document)
+            item += f' #{data["option"]}'
+        result.append(" ".join([item, *(f"{key}={value}" for key, value in more.items())]))
+    return result
+
+
 # The text with the edits; columns are counted in UTF-16.
 def applied(text, edits):
     lines = text.split("\n")

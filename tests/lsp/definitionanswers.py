@@ -349,13 +349,23 @@ for what, arguments, wanted in (
 for only, wanted in ((["quickfix"], 1), (["refactor"], 0), ([], 1), ([""], 1), (["refactor", "quickfix"], 1), (7, 1)):
     expect(f"actions of the kinds {only}", len(actions("new intger 1\n", only=only)), wanted)
 expect("actions for a client that does not know them", actions("new intger 1\n", client=plain), [])
-client.change(MAIN, "new strlist 1 1 9 New\n")
-client.diagnostics(MAIN)
-at = {"line": 0, "character": 0}
-[action] = client.at("codeAction", MAIN, 0, 0, range={"start": at, "end": at}, context={})
-expect("a group line in a text without groups", short(action), {
-    "title": "Add a line for the group 9", "kind": "quickfix",
-    "edit": {"changes": {"solver.def": [{"newText": "group9 group 9 1 Group 9\n", "range": "0:0-0:0"}]}}})
+
+
+# The new line for a group that a text needs.
+def groupline(text):
+    client.change(MAIN, text)
+    client.diagnostics(MAIN)
+    line = {"line": text.count("\n") - 1, "character": 0}
+    [action] = client.at("codeAction", MAIN, 0, 0, range={"start": line, "end": line}, context={})
+    expect("an action without diagnostics", list(action), ["edit", "kind", "title"])
+    return short(action["edit"]["changes"][uri(MAIN)])
+
+
+for text, wanted in (
+        ("new strlist 1 1 9 New\n", [{"newText": "group9 group 9 1 Group 9\n", "range": "0:0-0:0"}]),
+        ("g group 1 1 G\r\nnew strlist 1 1 9 New\r\n",
+         [{"newText": "\r\ngroup9 group 9 1 Group 9", "range": "0:13-0:13"}])):
+    expect(f"a group line for {text!r}", groupline(text), wanted)
 
 # ---- the rest of the requests
 

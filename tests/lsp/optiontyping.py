@@ -2,7 +2,7 @@
 usage: optiontyping.py TOOL"""
 import os
 
-from client import expect, finish, items, path, uri, write
+from client import expect, finish, offered, path, uri, write
 from optiontext import MAIN, asked, start
 
 client = start(completion={"completionItem": {"documentationFormat": ["plaintext", "markdown"],
@@ -10,23 +10,9 @@ client = start(completion={"completionItem": {"documentationFormat": ["plaintext
 plain = start()  # of a client that can do nothing
 
 
-# The range and the items as "label [kind] detail", with the number of the option and the further fields. What an item
-# inserts is its label.
 def completed(text, client=client):
     answer = asked(client, "completion", text)
-    if answer is None:
-        return None
-    result = ["incomplete"] * answer["isIncomplete"]
-    for item, span, inserted, *more in items(answer):
-        more = more[0] if more else {}
-        data = more.pop("data", None)
-        expect(f"what is inserted for {item}", inserted, item.partition(" [")[0])
-        result += [span] * (span not in result)
-        if data:
-            expect(f"the document of {item}", data["uri"], "main.opt")
-            item += f' #{data["option"]}'
-        result.append(" ".join([item, *(f"{key}={value}" for key, value in more.items())]))
-    return result
+    return answer and offered(answer, "main.opt")
 
 
 for text, wanted in (
