@@ -1,4 +1,4 @@
-"""Hover, jumps, uses, highlights, symbols, hints and formatting in option files: whole answers, in the short form of
+"""Hover, jumps, uses, highlights, symbols and hints in option files: whole answers, in the short form of
 client.py.
 usage: optionanswers.py TOOL"""
 import os, tempfile
@@ -283,55 +283,6 @@ for text, first, last, wanted in (
         ("eolonly off\nthreads 3 verbose yes", 0, 9, [("default 0", "1:9"), ("default 0", "1:21")])):
     expect(f"hints in {text!r}", hints(text, first, last), wanted)
 expect("no hints unless they are wanted", asked(client, "inlayHint", "|threads 4", range={}), None)
-
-# ---- formatting: the edits, which are as short as can be
-
-
-def edits(text, lines=None):
-    more = {}
-    if lines:
-        more["range"] = {"start": {"line": lines[0], "character": 0}, "end": {"line": lines[1], "character": 1}}
-    answer = asked(client, "rangeFormatting" if lines else "formatting", "|" + text, **more)
-    return [(short(each["range"]), each["newText"]) for each in answer]
-
-
-for text, wanted in (
-        ("method=dual  \ntime_limit\t=  5! a\nthreads 3 ! b\n\nquiet ",
-         [("0:6-0:13", "     = dual"), ("1:10-1:15", " = 5  "), ("2:8-2:9", "     3 "), ("4:5-4:6", "")]),
-        ("  threads   4", [("0:0-0:11", "threads")]),
-        ("threads 4\nverbose   yes", [("1:8-1:10", "")]),
-        ("threads 4\ntime_limit 5", [("0:8-0:8", "   ")]),
-        ("threads 4\n \t \nverbose yes", [("1:0-1:3", "")]),
-        ("a  b", []),
-        (" a  b ", [("0:5-0:6", "")]),
-        ("x.prior  3 ", [("0:10-0:11", "")]),
-        ("--list  a ", [("0:9-0:10", "")]),
-        (" * c ", [("0:4-0:5", "")]),
-        ("threads  :  4", []),
-        ('threads = 4 ! "x', []),
-        ('name  "a  b"  c', [("0:5-0:6", "")]),
-        ("name  a  b ! c\nthreads 1 ! d", [("0:6-0:10", "  a  b "), ("1:10-1:10", "    ")]),
-        ("method ! x\nthreads 3", [("0:7-0:7", " ")]),
-        ("indic  a  b", []),
-        ("name ä😀  ! x\ntitle y ! z", [("0:5-0:5", " "), ("1:8-1:8", "  ")]),
-        ("gap_window  1   2", [("0:11-0:12", "")]),
-        ("eolonly off\nthreads  3 verbose  yes\nthreads   3", [("2:8-2:10", "")]),
-        ("threads  3 \x1a threads", []),
-        ("threads := 3\nverbose = no", [("1:10-1:10", " ")]),
-        ("threads  3\n\nverbose yes", [("0:8-0:9", "")])):
-    expect(f"formatting of {text[:80]!r}", edits(text), wanted)
-# Of a line, 1,020 characters are read. What is cut stays as it is, and nothing may be pushed out of them.
-for text, wanted in (("threads  3 ! " + "x" * 1007, [("0:8-0:10", "3 ")]), ("threads  3 ! " + "x" * 1008, []),
-                     ("threads  3 ! " + "x" * 1007 + " ", []), ("* " + "x" * 1030 + " ", [("0:1032-0:1033", "")]),
-                     ("threads 3!" + "x" * 1009, []), ("threads 3!" + "x" * 1008, [("0:9-0:9", "  ")])):
-    expect(f"formatting of a line of {len(text)} characters", edits(text), wanted)
-ranged = lambda *lines: edits("threads  1 \nthreads  2 \nthreads  3 \n", lines)
-for first, last, wanted in (
-        (1, 1, [("1:8-1:11", "2")]),
-        (0, 1, [("0:8-0:11", "1"), ("1:8-1:11", "2")]),
-        (2, 2, [("2:8-2:11", "3")]),
-        (0, 9, [("0:8-0:11", "1"), ("1:8-1:11", "2"), ("2:8-2:11", "3")])):
-    expect(f"formatting of the lines {first} to {last}", ranged(first, last), wanted)
 
 # ---- a file for which there is no definition, and one whose definition is not there
 

@@ -116,6 +116,7 @@ for text, wanted in (
         ("x.prior |", ["0:8-0:8", "0 [12] default, lowest", "10 [12] highest"]),
         ("x.prior('a') |", ["0:13-0:13", "0 [12] default, lowest", "10 [12] highest"]),
         ("x.prior(|", []),
+        ("x.prior('a|", []),
         ("x.prior[|", []),
         ("x.prior{a} |", ["0:11-0:11", "0 [12] default, lowest", "10 [12] highest"]),
         ("x.prior 3|", ["0:8-0:9", "0 [12] default, lowest", "10 [12] highest"]),
@@ -226,10 +227,11 @@ for text, wanted in (
         ("include parts/deep/../|",
          ["0:22-0:22", "b.opt [17] -", "z.opt [17] -", "a.inc [17] -", "deep/ [17] -"])):
     expect(f"files for {text!r}", completed(text), wanted)
-kinds = start(completion={"completionItemKind": {"valueSet": [17, 19]}})
+kinds = start(completion={"completionItemKind": {"valueSet": [17, 19, 20]}})
 expect("the kind of a folder for a client that knows it", completed("include pa|", kinds),
        ["0:8-0:10", "minos.def [17] -", "parts/ [19] -", "solver.def [17] -", "wexcorin.json [17] -"])
 
+expect("and the kind of a value", completed("verbose |", kinds), ["0:8-0:8", "yes [20] -", "no [20] default"])
 for number in range(1000):
     write(f"parts/deep/{number}.opt", "")
 answer = asked(client, "completion", "include parts/deep/|")
@@ -303,6 +305,23 @@ expect("documentation without a definition", resolved({"uri": uri(path("none.opt
 expect("completion without a definition", client.at("completion", path("none.opt"), 1, 0),
        {"isIncomplete": True, "items": []})
 client.close(MAIN)
+
+# ---- the short forms of names that are offered find their options
+
+write("path.def", """Path lookup
+conv_tolerance double 1 0.1 0 1 1 1 Tolerance
+con_tol_all integer 2 1 1 9 1 1 Other
+order_of_steps integer 3 1 1 9 1 1 Never found, because of its word of two characters
+con_tolerant integer 4 1 1 9 1 1 Found as the first option
+g group 1 1 G
+""")
+TOLERANCE, ALL = "conv_tolerance [10] number, default 0.1: Tolerance #1", "con_tol_all [10] integer, default 1: Other #2"
+for text, wanted in (
+        ("|", ["incomplete", "1:0-1:0", TOLERANCE, ALL]),
+        ("con_tol|", ["incomplete", "1:0-1:7", ALL, TOLERANCE]),
+        ("convergence_tol|", ["incomplete", "1:0-1:15", TOLERANCE + " filterText=convergence_tol"]),
+        ("con_tol |", ["1:8-1:8", "0.1 [12] default", "0 [12] lowest", "1 [12] highest"])):
+    expect(f"names in lookup mode Path for {text!r}", completed("* definition: path.def\n" + text), wanted)
 
 # ---- very many names: the best ones come first
 

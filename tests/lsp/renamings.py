@@ -6,21 +6,23 @@ from client import Client, expect, finish, short, uri
 
 VERSIONS = {"workspace": {"workspaceEdit": {"documentChanges": True}}}
 OPTION = "gap_tol strlist 1 1 1 Gap"
+isopen = lambda file, text: file == "solver.def" or "|" in text
 
 
 # The answer to a rename in a new folder with these files. The cursor is "|". Of the other files, only the definition
-# is open.
+# is open. What is open is empty on the disk.
 def renamed(name, definition, options="", more={}, capabilities=VERSIONS, method="rename"):
     with tempfile.TemporaryDirectory() as folder:
         folder = os.path.realpath(folder)
         client = Client(folder, capabilities)
         files = {"solver.def": definition, "main.opt": options, **more}
         for file, text in files.items():
+            os.makedirs(os.path.dirname(os.path.join(folder, file)), exist_ok=True)
             with open(os.path.join(folder, file), "w", encoding="utf-8", newline="") as opened:
-                opened.write(text.replace("|", ""))
+                opened.write("" if isopen(file, text) else text)
         for file, text in files.items():
-            if file == "solver.def" or "|" in text:
-                client.open(os.path.join(folder, file))
+            if isopen(file, text):
+                client.open(os.path.join(folder, file), text.replace("|", ""))
                 client.diagnostics(os.path.join(folder, file))
         [(file, before)] = [(file, text.partition("|")[0]) for file, text in files.items() if "|" in text]
         column = len(before.rpartition("\n")[2].encode("utf-16-le")) // 2
@@ -45,8 +47,9 @@ DEFINITION = OPTION + "\n.prior double 4 1 0 9 1 1 Priority\ntol synonym gap_tol
              "read immediate ReadFile 1 2 Read\nm macro 1 2 M\n gap_tol\nquiet boolean.NV 7 1 1 2 Quiet\n"
 DEFINITIONS = {
     "Normal": DEFINITION,
-    "Path": "Path lookup\nconv_tolerance strlist 1 1 1 A\nconv synonym conv_tolerance\ng group 1 1 G\n",
-    "Minos": "Minos lookup\nmajor_print_level strlist 1 1 1 A\ng group 1 1 G\n"}
+    "Path": "Path lookup\nconv_tolerance strlist 1 1 1 A\nconv synonym conv_tolerance\ng group 1 1 G\n"
+            "con_tol_all integer 2 1 1 9 1 1 B\n",
+    "Minos": "Minos lookup\nmajor_print_level strlist 1 1 1 A\ng group 1 1 G\nmajor_damping double 2 1 0 9 1 1 B\n"}
 at = lambda text, mode="Normal": DEFINITIONS[mode].replace(text.replace("|", ""), text, 1 if text else 0)
 
 
@@ -73,8 +76,7 @@ for name, mode, piece, options, wanted in (
         ("threads", "Normal", "gener|al", "", [("solver.def", 1, [("3:0-3:7", "threads")])]),
         ("Help", "Normal", "gener|al", "", [("solver.def", 1, [("3:0-3:7", "Help")])]),
         ("gap_tol", "Normal", "gener|al", "", [("solver.def", 1, [("3:0-3:7", "gap_tol")])]),
-        ("xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx", "Normal", "to|l syn", "",
-         [("solver.def", 1, [("2:0-2:3", "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx")])]),
+        ("x" * 63, "Normal", "to|l syn", "", [("solver.def", 1, [("2:0-2:3", "x" * 63)])]),
         (" gap ", "Normal", "gap_to|l", "",
          [("solver.def", 1, [("0:0-0:7", "gap"), ("2:12-2:19", "gap"), ("9:1-9:8", "gap")])]),
         ("GAP_TOL", "Normal", "gap_to|l", "gap_tol 1",
@@ -84,15 +86,20 @@ for name, mode, piece, options, wanted in (
         ("ab", "Path", "|g group", "", [("solver.def", 1, [("3:0-3:1", "ab")])]),
         ("ab_cde", "Path", "conv_|t", "",
          (-32602, "In the lookup mode Path, a word of fewer than three characters is never found")),
-        ("abc", "Path", "conv_|t", "con_tol 1\ncon\ttol 2\n",
+        ("abc", "Path", "conv_|t", "con_tol 1\ncon\ttol 2\nCON_TOL_ALL 3\n",
          [("main.opt", None, [("0:0-0:7", "abc")]),
           ("solver.def", 1, [("1:0-1:14", "abc"), ("2:13-2:27", "abc")])]),
         ("a_b_c_d", "Minos", "ma|jor", "", [("solver.def", 1, [("1:0-1:17", "a_b_c_d")])]),
-        ("alpha beta", "Minos", "", "maj\tprin\tle|ve 2\nmaj  prin leve=3\n",
+        ("alpha beta", "Minos", "", "maj\tprin\tle|ve 2\nmaj  prin leve=3\nmajor damping 1\n",
          [("main.opt", 1, [("0:0-0:13", "alpha beta"), ("1:0-1:14", "alpha beta")]),
           ("solver.def", 1, [("1:0-1:17", "alpha_beta")])]),
         ("a_b_c_d_e", "Minos", "|g group", "", [("solver.def", 1, [("2:0-2:1", "a_b_c_d_e")])]),
-        ("a_b_c_d_e", "Minos", "m|ajor", "", (-32602, "In the lookup mode Minos, a name has at most four words"))):
+        ("a_b_c_d_e", "Minos", "m|ajor", "", (-32602, "In the lookup mode Minos, a name has at most four words")),
+        ("a b c d e", "Minos", "m|ajor", "", (-32602, "In the lookup mode Minos, a name has at most four words")),
+        ("majo damp", "Minos", "major_|p", "",
+         (-32602, 'The name "majo_damp" is taken: line 4 defines an option "major_damping"')),
+        ("cone_tole_alle", "Path", "conv_|t", "",
+         (-32602, 'The name "cone_tole_alle" is taken: line 5 defines an option "con_tol_all"'))):
     expect(f"{name!r} for {piece!r} and {options!r}", given(name, mode, piece, options), wanted)
 expect("included files", given("gap", "Normal", "gap_to|l", "gap_tol 1\n",
                                {"other.opt": "GAP_TOL 2\nread part.inc", "part.inc": "gap_tol 3"}),
@@ -101,25 +108,14 @@ expect("included files", given("gap", "Normal", "gap_to|l", "gap_tol 1\n",
         ("solver.def", 1, [("0:0-0:7", "gap"), ("2:12-2:19", "gap"), ("9:1-9:8", "gap")])])
 
 refused = lambda name, cursor: edited(name, at(cursor))
+for name, cursor, seen in (("1x", "gap_to|l", "1x"), ("_x", "gap_to|l", "_x"), ("a-b", "gap_to|l", "a-b"),
+                           ("a b", "gap_to|l", "a b"), ("", "gap_to|l", ""), ("ä", "gap_to|l", "ä"),
+                           (".gap", "gap_to|l", ".gap"), (".", ".pri|or", "."), ("", ".pri|or", "."),
+                           ("..x", ".pri|or", "..x")):
+    expect(f"{name!r} for {cursor!r}", refused(name, cursor),
+           (-32602, f'"{seen}" is no name: a name is a letter, followed by letters, digits and underscores'))
 for name, cursor, wanted in (
-        ("1x", "gap_to|l",
-         (-32602, '"1x" is no name: a name is a letter, followed by letters, digits and underscores')),
-        ("_x", "gap_to|l",
-         (-32602, '"_x" is no name: a name is a letter, followed by letters, digits and underscores')),
-        ("a-b", "gap_to|l",
-         (-32602, '"a-b" is no name: a name is a letter, followed by letters, digits and underscores')),
-        ("ä", "gap_to|l",
-         (-32602, '"ä" is no name: a name is a letter, followed by letters, digits and underscores')),
-        (".gap", "gap_to|l",
-         (-32602, '".gap" is no name: a name is a letter, followed by letters, digits and underscores')),
-        (".", ".pri|or",
-         (-32602, '"." is no name: a name is a letter, followed by letters, digits and underscores')),
-        ("", ".pri|or",
-         (-32602, '"." is no name: a name is a letter, followed by letters, digits and underscores')),
-        ("..x", ".pri|or",
-         (-32602, '"..x" is no name: a name is a letter, followed by letters, digits and underscores')),
-        ("xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx", ".pri|or",
-         (-32602, "A name has at most 63 characters")),
+        ("x" * 64, ".pri|or", (-32602, "A name has at most 63 characters")),
         ("second", "gener|al", (-32602, 'The name "second" is taken: line 5 defines a group "second"')),
         ("SECOND", "gener|al", (-32602, 'The name "SECOND" is taken: line 5 defines a group "second"')),
         ("prior", "gap_to|l",
@@ -132,6 +128,63 @@ for name, cursor, wanted in (
         ("gap", "Gen|eral", (-32803, "There is no option, synonym or group here to rename")),
         ("x", "1 1 |General", (-32803, "There is no option, synonym or group here to rename"))):
     expect(f"{name!r} for {cursor!r}", refused(name, cursor), wanted)
+
+# ---- every place that names the option, and no other one
+
+SCENE = """\
+gap_tol double 1 0.1 0 1 1 1 gap_tol is the gap
+threads integer 2 1 1 64 1 1 Threads, see gap_tol
+ gap_tol in a long help
+word enumstr 3 gap_tol 1 1 A word
+ gap_tol 1 The word gap_tol
+.prior double 4 1 0 9 1 1 Priority
+both multilist 5 1 1 Both
+ threads gap_tol
+all macro 1 1 All
+ GAP_TOL
+include immediate ReadFile 1 1 Include
+describe immediate Help 1 1 Describe
+name string 6 "" 1 1 A name
+line immediate EolFlag 1 1 Lines
+gaptol synonym gap_tol
+general group 1 1 gap_tol
+old deprecated
+ gap_tol use another gap_tol
+ gaptol  use gap_tol
+c eolcomm #
+"""
+OPTIONS = """\
+* gap_tol
+gap_tol 0.5 # gap_tol
+Gap_Tol=0.5
+gaptol 0.5
+name ä😀 gap_tol
+word gap_tol
+describe gap_tol
+include part.inc
+line no
+name "gap_tol 😀" gap_tol 0.1 threads 3
+x.prior 3
+"""
+OTHERS = {"part.inc": "gap_tol 1\n", "sub/other.def": "gap_tol double 1 0.1 0 1 1 1 Other\n",
+          "sub/other.opt": "gap_tol 1\n"}
+for name, definition, options, wanted in (
+        ("gap", "", '" gap_|tol 0.1',
+         [("main.opt", 1,
+           [("1:0-1:7", "gap"), ("2:0-2:7", "gap"), ("6:9-6:16", "gap"), ("9:18-9:25", "gap")]),
+          ("part.inc", None, [("0:0-0:7", "gap")]),
+          ("solver.def", 1,
+           [("0:0-0:7", "gap"), ("7:9-7:16", "gap"), ("9:1-9:8", "gap"), ("14:15-14:22", "gap"),
+            ("17:1-17:8", "gap")])]),
+        ("limit", " gap|tol  use", "",
+         [("main.opt", None, [("3:0-3:6", "limit")]),
+          ("solver.def", 1, [("14:0-14:6", "limit"), ("18:1-18:7", "limit")])]),
+        ("Threads", " th|reads gap_tol", "",
+         [("main.opt", None, [("9:30-9:37", "Threads")]),
+          ("solver.def", 1, [("1:0-1:7", "Threads"), ("7:1-7:8", "Threads")])])):
+    texts = [text.replace(piece.replace("|", ""), piece, bool(piece))
+             for text, piece in ((SCENE, definition), (OPTIONS, options))]
+    expect(f"every place of {definition or options!r}", edited(name, *texts, OTHERS), wanted)
 
 # ---- a new name that would change what something else means
 
