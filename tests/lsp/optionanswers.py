@@ -282,7 +282,11 @@ for text, first, last, wanted in (
          [("default 0", "0:18"), ("default 0", "5:9"), ("default auto", "6:11")]),
         ("eolonly off\nthreads 3 verbose yes", 0, 9, [("default 0", "1:9"), ("default 0", "1:21")])):
     expect(f"hints in {text!r}", hints(text, first, last), wanted)
-expect("no hints unless they are wanted", asked(client, "inlayHint", "|threads 4", range={}), None)
+ALL = {"start": {"line": 0, "character": 0}, "end": {"line": 9, "character": 0}}
+expect("no hints unless they are wanted", asked(client, "inlayHint", "|threads 4", range=ALL), None)
+client.notify("workspace/didChangeConfiguration", {"settings": {"wexcorin": {"inlayHints": True}}})
+expect("hints when they are wanted", short(asked(client, "inlayHint", "|threads 4", range=ALL)),
+       [{"label": "default 0", "paddingLeft": True, "position": "0:9"}])
 
 # ---- a file for which there is no definition, and one whose definition is not there
 
@@ -308,7 +312,7 @@ for method, wanted in (
         ("completion", [None, {"isIncomplete": True, "items": []}]),
         ("formatting", [None, []]),
         ("rangeFormatting", [None, []]),
-        ("inlayHint", [None, None]),
+        ("inlayHint", [None, []]),
         ("codeAction", [[], []]),
         ("prepareRename", [None, None]),
         ("rename",

@@ -207,6 +207,29 @@ for what, name, definition, options, wanted in (
          (-32803, "With this name, line 3 of FOLDER/main.opt would mean something else"))):
     expect(what, edited(name, definition, options), wanted)
 
+# ---- texts that have changed since they were analysed
+
+with tempfile.TemporaryDirectory() as work:
+    definition, options = os.path.join(work, "solver.def"), os.path.join(work, "main.opt")
+    client = Client(work, VERSIONS)
+    with client.together():  # so that nothing is analysed in between
+        client.open(definition, OPTION)
+        client.open(options, "* definition: solver.def\n")
+    client.diagnostics(definition)
+    client.diagnostics(options)
+    client.change(definition, "* new line\n" + OPTION)
+    client.change(options, "* definition: solver.def\ngap_tol 1\n")
+    with client.together():
+        client.open(os.path.join(work, "new.opt"), "* definition: solver.def\n\ngap_tol 2\n")
+        asked = client.ask("textDocument/rename", {
+            "textDocument": {"uri": uri(definition)}, "position": {"line": 1, "character": 0}, "newName": "gap"})
+    answer = client.result(asked)
+    expect("the edits of the new texts", [
+        (short(each["textDocument"]), [edit["range"] for edit in short(each["edits"])]) for each in answer["documentChanges"]],
+        [({"uri": "main.opt", "version": 2}, ["1:0-1:7"]), ({"uri": "new.opt", "version": 1}, ["2:0-2:7"]),
+         ({"uri": "solver.def", "version": 2}, ["1:0-1:7"])])
+    client.quit()
+
 # ---- the form of the answer, and what is renamed
 
 expect("without versions", renamed("gap", "|" + OPTION, "gap_tol 1", {}, {}),
