@@ -53,13 +53,15 @@ def said(data):
 
 
 BROKEN = [(None, -32700, "This is no header of a message; the next one is looked for")]
-for data in (b"hello\r\n\r\n", b"Content-Length: 1x\r\n\r\n", b"Content-Length: -1\r\n\r\n", b"Content-Length:\r\n\r\n",
+for data in (b"hello\r\n\r\n", b"hello", b"Content-Type: x\r\n\r\n", b"Content-Length: 1x\r\n\r\n", b"Content-Length: -1\r\n\r\n", b"Content-Length:\r\n\r\n",
              b"Content-Length: 99999999999999999999\r\n\r\n", b"Content-Length: 1073741825\r\n\r\n",
              b"Content-Length: 2\r\nno colon\r\n\r\n{}"):
     expect(f"{data}", said(data), BROKEN)
 for body, id, code, text in (
         (b"7", None, -32600, "The message is no object"),
         (b"{", None, -32700, "The message is not JSON"),
+        (b" " * 10, None, -32700, "The message is not JSON"),
+        (b'{"id":1,"method":"\xff"}', None, -32700, "The message is not JSON"),
         (b"[" * 128 + b"]" * 128, None, -32600, "The message is no object"),
         (b"[" * 129 + b"]" * 129, None, -32700, "The message is nested too deep"),
         (b"{\"a\":" * 129 + b"1" + b"}" * 129, None, -32700, "The message is nested too deep"),
