@@ -66,7 +66,7 @@ client.quit()
 
 # ---- requests that are cancelled, and several at once
 
-client = Client(folder)
+client = Client(folder, trace="messages")
 client.open(main, "thread 1\n" * 10000)
 place = {"textDocument": {"uri": uri(main)}, "position": {"line": 0, "character": 1}}
 kept, cancelled = client.ask("textDocument/hover", place), client.ask("textDocument/hover", place)
