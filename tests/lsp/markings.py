@@ -34,6 +34,9 @@ for text, wanted in (
         ("time_limit = 1001 ! 1001",
          ['! 0:13-0:17 illegal-value: Double out of range for option "time_limit" saw "1001"\nValid range '
           "is 0 to 1000"]),
+        ("time_limit 1500.50",
+         ['! 0:11-0:18 illegal-value: Double out of range for option "time_limit" saw "1500.5"\nValid range '
+          "is 0 to 1000"]),
         ("xthreads 3", ['! 0:0-0:8 unknown-option: Unknown option "xthreads"; did you mean "threads"?']),
         ('name "😀" ! x\nmethod fast',
          ['! 1:7-1:11 illegal-value: Unknown value for option "method" saw "fast"\nPossible values are  '
