@@ -65,7 +65,7 @@ wanted = [(f"new {word} [15] {meaning}", "15:0-15:3", members(word, unmarked(lin
 expect("new lines as plain texts", items(asked(plain, "completion", "ne|w")), wanted)
 wanted = [(f"{word} [14] {meaning}", "15:2-15:5", word, {"documentation": fields and "The fields are: " + fields})
           for word, meaning, fields, line in KEYWORDS]
-for line in ("n in|t 1", "n in|t.", "n st|r integer"):
+for line in ("n in|t 1", "n in|t.", "n st|r integer", "n in|t 1 1 0 9 1 1 N"):
     expect(f"keywords in {line}", items(asked(client, "completion", line)), wanted)
 expect("keywords as plain texts", items(asked(plain, "completion", "n in|t")), wanted)
 seen = items(asked(client, "completion", "n in|t"))

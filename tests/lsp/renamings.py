@@ -2,7 +2,7 @@
 usage: renamings.py TOOL"""
 import os, tempfile
 
-from client import Client, expect, finish, short, uri
+from client import Client, expect, finish, folder, path, short, uri, write
 
 VERSIONS = {"workspace": {"workspaceEdit": {"documentChanges": True}}}
 OPTION = "gap_tol strlist 1 1 1 Gap"
@@ -207,28 +207,38 @@ for what, name, definition, options, wanted in (
          (-32803, "With this name, line 3 of FOLDER/main.opt would mean something else"))):
     expect(what, edited(name, definition, options), wanted)
 
-# ---- texts that have changed since they were analysed
+# ---- texts that have changed since they were analysed, and a definition that is not open
 
-with tempfile.TemporaryDirectory() as work:
-    definition, options = os.path.join(work, "solver.def"), os.path.join(work, "main.opt")
-    client = Client(work, VERSIONS)
-    with client.together():  # so that nothing is analysed in between
-        client.open(definition, OPTION)
-        client.open(options, "* definition: solver.def\n")
-    client.diagnostics(definition)
-    client.diagnostics(options)
-    client.change(definition, "* new line\n" + OPTION)
-    client.change(options, "* definition: solver.def\ngap_tol 1\n")
-    with client.together():  # the analysis of this long text is not done when the request comes
-        client.open(os.path.join(work, "new.opt"), "* definition: solver.def\n" + "\n" * 50000 + "gap_tol 2\n")
-        asked = client.ask("textDocument/rename", {
-            "textDocument": {"uri": uri(definition)}, "position": {"line": 1, "character": 0}, "newName": "gap"})
-    answer = client.result(asked)
-    expect("the edits of the new texts", [
-        (short(each["textDocument"]), [edit["range"] for edit in short(each["edits"])]) for each in answer["documentChanges"]],
-        [({"uri": "main.opt", "version": 2}, ["1:0-1:7"]), ({"uri": "new.opt", "version": 1}, ["50001:0-50001:7"]),
-         ({"uri": "solver.def", "version": 2}, ["1:0-1:7"])])
-    client.quit()
+
+# The files that change, and where.
+def changed(answer):
+    return [(*short(each["textDocument"]).values(), *(edit["range"] for edit in short(each["edits"])))
+            for each in answer["documentChanges"]]
+
+
+DEFINED, options, new = path("solver.def"), path("main.opt"), path("new.opt")
+write("solver.def", "")  # the editor has another text
+client = Client(folder, VERSIONS)
+with client.together():  # so that nothing is analysed in between
+    client.open(DEFINED, OPTION)
+    client.open(options, "")
+client.diagnostics(DEFINED)
+client.diagnostics(options)
+client.change(DEFINED, "* new line\n" + OPTION)
+client.change(options, "gap_tol 1\n")
+with client.together():  # the analysis of this long text is not done when the request comes
+    client.open(new, "\n" * 50000 + "gap_tol 2\n")
+    asked = client.ask("textDocument/rename", {
+        "textDocument": {"uri": uri(DEFINED)}, "position": {"line": 1, "character": 0}, "newName": "gap"})
+expect("the places in the new texts", changed(client.result(asked)),
+       [("main.opt", 2, "0:0-0:7"), ("new.opt", 1, "50000:0-50000:7"), ("solver.def", 2, "1:0-1:7")])
+client.quit()
+write("solver.def", OPTION)
+client = Client(folder, VERSIONS)
+client.open(options, "gap_tol 1\n")
+expect("the places in the definition on the disk", changed(client.at("rename", options, 0, 0, newName="gap")),
+       [("main.opt", 1, "0:0-0:7"), ("solver.def", None, "0:0-0:7")])
+client.quit()
 
 # ---- the form of the answer, and what is renamed
 
