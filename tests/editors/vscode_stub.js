@@ -1,6 +1,5 @@
 // Stands for the module `vscode`, which only the editor itself can give: documents in memory, diagnostics, providers,
-// settings and commands, as far as the extension and vscode-languageclient use them. What they use of no other thing
-// than `new` is a class that keeps its arguments.
+// settings and commands, as far as the extension and vscode-languageclient use them. Anything else is an empty class.
 "use strict";
 const path = require("path");
 
@@ -52,47 +51,23 @@ class Uri {
   }
 }
 
-class Position {
-  constructor(line, character) {
-    Object.assign(this, {line, character});
+// A class that keeps its arguments under these names.
+const record = (...names) => class {
+  constructor(...given) {
+    names.forEach((name, i) => (this[name] = given[i]));
   }
-}
+};
+const Position = record("line", "character");
+const Diagnostic = record("range", "message", "severity");
+const CompletionItem = record("label", "kind");
+const CompletionList = record("items", "isIncomplete");
+const Location = record("uri", "range");
 
 class Range {
   constructor(start, end, endLine, endCharacter) {
     const four = endLine !== undefined;
     this.start = four ? new Position(start, end) : start;
     this.end = four ? new Position(endLine, endCharacter) : end;
-  }
-}
-
-class Diagnostic {
-  constructor(range, message, severity) {
-    Object.assign(this, {range, message, severity});
-  }
-}
-
-class CompletionItem {
-  constructor(label, kind) {
-    Object.assign(this, {label, kind});
-  }
-}
-
-class CompletionList {
-  constructor(items, isIncomplete) {
-    Object.assign(this, {items, isIncomplete});
-  }
-}
-
-class CodeAction {
-  constructor(title, kind) {
-    Object.assign(this, {title, kind});
-  }
-}
-
-class Location {
-  constructor(uri, range) {
-    Object.assign(this, {uri, range});
   }
 }
 
@@ -115,34 +90,6 @@ class Hover {
   }
 }
 
-class WorkspaceEdit {
-  changes = [];
-  set(uri, edits) {
-    this.changes.push([uri, edits]);
-  }
-}
-
-class TextEdit {
-  constructor(range, newText) {
-    Object.assign(this, {range, newText});
-  }
-}
-
-class CodeActionKind {
-  constructor(value) {
-    this.value = value;
-  }
-}
-["", "quickfix", "refactor", "refactor.extract", "refactor.inline", "refactor.rewrite", "source",
-  "source.organizeImports"].forEach((value, i) => {
-  const names = ["Empty", "QuickFix", "Refactor", "RefactorExtract", "RefactorInline", "RefactorRewrite", "Source",
-    "SourceOrganizeImports"];
-  CodeActionKind[names[i]] = new CodeActionKind(value);
-});
-
-const counted = (first, ...names) => Object.fromEntries(names.map((name, i) => [name, first + i]));
-const named = (...names) => Object.fromEntries(names.map((name) => [name, name]));
-
 // ---- documents
 
 class TextDocument {
@@ -158,13 +105,12 @@ class TextDocument {
   get lineCount() {
     return this.text.split("\n").length;
   }
-  offsetAt({line, character}) {
-    const before = this.text.split("\n").slice(0, line);
-    return before.reduce((length, each) => length + each.length + 1, character);
+  positionAt(offset) {
+    const before = this.text.slice(0, offset).split("\n");
+    return new Position(before.length - 1, before.at(-1).length);
   }
   positionOf(text) { // of the first place of a text
-    const before = this.text.slice(0, this.text.indexOf(text)).split("\n");
-    return new Position(before.length - 1, before.at(-1).length);
+    return this.positionAt(this.text.indexOf(text));
   }
 }
 
@@ -178,13 +124,10 @@ function openDocument(file, languageId, text) {
 }
 
 async function changeDocument(document, start, length, text) {
-  const ends = [start, start + length].map((offset) => {
-    const before = document.text.slice(0, offset).split("\n");
-    return new Position(before.length - 1, before.at(-1).length);
-  });
+  const range = new Range(document.positionAt(start), document.positionAt(start + length));
   document.text = document.text.slice(0, start) + text + document.text.slice(start + length);
   document.version += 1;
-  const change = {range: new Range(...ends), rangeOffset: start, rangeLength: length, text};
+  const change = {range, rangeOffset: start, rangeLength: length, text};
   await emitter("onDidChangeTextDocument").fire({document, contentChanges: [change]});
 }
 
@@ -276,30 +219,13 @@ const commands = {
 const given = {
   version: "1.82.0", env: {language: "en", appName: "test"}, extensions: {}, workspace, window, languages, commands,
   EventEmitter, Disposable, CancellationTokenSource, Uri, Position, Range, Diagnostic, CompletionItem, CompletionList,
-  CodeAction, CodeActionKind, Location, MarkdownString, Hover, WorkspaceEdit, TextEdit,
-  CancellationError: class extends Error {},
-  DiagnosticSeverity: counted(0, "Error", "Warning", "Information", "Hint"),
-  DiagnosticTag: counted(1, "Unnecessary", "Deprecated"),
-  CompletionItemTag: counted(1, "Deprecated"),
-  CompletionTriggerKind: counted(0, "Invoke", "TriggerCharacter", "TriggerForIncompleteCompletions"),
-  CodeActionTriggerKind: counted(1, "Invoke", "Automatic"),
-  SignatureHelpTriggerKind: counted(1, "Invoke", "TriggerCharacter", "ContentChange"),
-  DocumentHighlightKind: counted(0, "Text", "Read", "Write"),
-  SymbolTag: counted(1, "Deprecated"),
-  SymbolKind: {Property: 6, TypeParameter: 25},
-  FileType: counted(0, "Unknown", "File", "Directory"),
-  ProgressLocation: {SourceControl: 1, Window: 10, Notification: 15},
-  TextDocumentSaveReason: counted(1, "Manual", "AfterDelay", "FocusOut"),
-  FoldingRangeKind: named("Comment", "Imports", "Region"),
-  NotebookCellKind: counted(1, "Markup", "Code"),
+  Location, MarkdownString, Hover,
+  DiagnosticSeverity: {Error: 0, Warning: 1, Information: 2, Hint: 3},
+  CodeActionKind: {QuickFix: "quickfix"},
 };
-const plain = {};
+const others = {};
 const vscode = new Proxy(given, {
-  get: (target, name) => target[name] ?? (/^[A-Z]/.test(String(name)) ? (plain[name] ??= class {
-    constructor(...given) {
-      this.given = given;
-    }
-  }) : undefined),
+  get: (target, name) => target[name] ?? (/^[A-Z]/.test(String(name)) ? (others[name] ??= record()) : undefined),
 });
 
 const load = require("module")._load;
