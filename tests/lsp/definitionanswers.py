@@ -17,12 +17,15 @@ def hovered(line, client=client, kind="markdown"):
     return answer and (answer["range"], answer["contents"]["value"])
 
 
+INTEGER = ("4:11-4:18",
+           "`integer`\n\nAn option whose value is an integer within its bounds.\n\nThe fields are: name, "
+           "integer, reference number, default, lowest value, highest value, help flag, group, text.\n")
+OPT = ("4:19-4:22", "`OPT`\n\nThe value may be left out: the name alone sets the default.\n")
+GAP = "**gap\\_tol**: Gap\n\nHow near is near enough.\n\n- type: number\n- range: 0 to 1\n- default: `0.1`\n" \
+      "- group: general: General options\n- name: deprecated; use time\\_limit\n"
 for line, wanted in (
         ("ge|neral group", ("0:0-0:7", "`general`: General options\n\ngroup 1, 4 options\n")),
-        ("gap|_tol double",
-         ("2:0-2:7",
-          "**gap\\_tol**: Gap\n\nHow near is near enough.\n\n- type: number\n- range: 0 to 1\n- default: "
-          "`0.1`\n- group: general: General options\n- name: deprecated; use time\\_limit\n")),
+        ("gap|_tol double", ("2:0-2:7", GAP)),
         ("gap_tol tim|e_limit",
          ("9:9-9:19",
           "**time\\_limit**: Time\n\n- type: integer, the value may be left out\n- range: 0 to 100\n- "
@@ -33,16 +36,10 @@ for line, wanted in (
           "range: 0 to 100\n- default: `10`\n- group: limits: Limits\n- synonyms: timlim\n")),
         ("timlim syn|onym",
          ("5:7-5:14", "`synonym`\n\nAnother name for an option that stands earlier in the file.\n")),
-        ("time_limit |integer.OPT",
-         ("4:11-4:18",
-          "`integer`\n\nAn option whose value is an integer within its bounds.\n\nThe fields are: name, "
-          "integer, reference number, default, lowest value, highest value, help flag, group, text.\n")),
-        ("integer|.OPT",
-         ("4:11-4:18",
-          "`integer`\n\nAn option whose value is an integer within its bounds.\n\nThe fields are: name, "
-          "integer, reference number, default, lowest value, highest value, help flag, group, text.\n")),
-        ("integer.|OPT", ("4:19-4:22", "`OPT`\n\nThe value may be left out: the name alone sets the default.\n")),
-        ("integer.OPT|", ("4:19-4:22", "`OPT`\n\nThe value may be left out: the name alone sets the default.\n")),
+        ("time_limit |integer.OPT", INTEGER),
+        ("integer|.OPT", INTEGER),
+        ("integer.|OPT", OPT),
+        ("integer.OPT|", OPT),
         ("OPT 2| 10",
          ("4:23-4:24",
           "reference number\n\nA number for the client's own use: the library stores it and returns it.\n")),
@@ -69,10 +66,7 @@ for line, wanted in (
         ("timlim synonym | t", None),
         ("n|o lookup", None),
         ("new intger|", None),
-        ("gap_tol| use",
-         ("14:1-14:8",
-          "**gap\\_tol**: Gap\n\nHow near is near enough.\n\n- type: number\n- range: 0 to 1\n- default: "
-          "`0.1`\n- group: general: General options\n- name: deprecated; use time\\_limit\n")),
+        ("gap_tol| use", ("14:1-14:8", GAP)),
         ("|* x", None),
         ("|", None),
         ("new lookup 1 |1", None)):
@@ -93,9 +87,6 @@ for line, wanted in (
           "integer\n\nAn option whose value is an integer within its bounds.\n\nThe fields are: name, "
           "integer, reference number, default, lowest value, highest value, help flag, group, text.\n")),
         ("integer.OP|T", ("4:19-4:22", "OPT\n\nThe value may be left out: the name alone sets the default.\n")),
-        ("OPT |2 10",
-         ("4:23-4:24",
-          "reference number\n\nA number for the client's own use: the library stores it and returns it.\n")),
         ("new_name| integer 9 1 1 9 1 1 New `one`", ("15:0-15:8", "new_name: New `one`\n"))):
     expect(f"plain hover over {line!r}", hoveredplain(line), wanted)
 
@@ -150,9 +141,6 @@ for line, declared, wanted in (
         ("ge|neral group", True,
          [("solver.def", "0:0-0:7"), ("solver.def", "2:27-2:28"), ("solver.def", "6:21-6:22"),
           ("solver.def", "8:19-8:20"), ("solver.def", "10:12-10:13")]),
-        ("ge|neral group", False,
-         [("solver.def", "2:27-2:28"), ("solver.def", "6:21-6:22"), ("solver.def", "8:19-8:20"),
-          ("solver.def", "10:12-10:13")]),
         ("time|_limit integer", True,
          [("solver.def", "4:0-4:10"), ("solver.def", "5:15-5:25"), ("solver.def", "9:9-9:19"),
           ("main.opt", "1:0-1:6"), ("main.opt", "2:0-2:10")]),
@@ -224,21 +212,15 @@ def leads(text):
     return answer and short(answer)["range"]
 
 
+PATH = "Path lookup\nconv_tolerance strlist 1 1 1 A\ncon_tol_all strlist 1 1 1 B\n"
 for text, wanted in (
-        ("Path lookup\nconv_tolerance strlist 1 1 1 A\ncon_tol_all strlist 1 1 1 B\nx synonym con_t|ol",
-         "1:0-1:14"),
-        ("Path lookup\nconv_tolerance strlist 1 1 1 A\ncon_tol_all strlist 1 1 1 B\nx synonym con|v_tol_al",
-         None),
-        ("Path lookup\nconv_tolerance strlist 1 1 1 A\ncon_tol_all strlist 1 1 1 B\nx synonym co|n_tol_all",
-         "2:0-2:11"),
-        ("Path lookup\nconv_tolerance strlist 1 1 1 A\ncon_tol_all strlist 1 1 1 B\nm macro 1 1\n con_t|ol",
-         None),
-        ("Path lookup\nconv_tolerance strlist 1 1 1 A\ncon_tol_all strlist 1 1 1 B\nm multilist 1 1 1\n "
-         "con_t|ol",
-         "1:0-1:14"),
-        ("Path lookup\nconv_tolerance strlist 1 1 1 A\ncon_tol_all strlist 1 1 1 B\nd deprecated\n con_to|l use",
-         "1:0-1:14"),
-        ("Path lookup\nconv_tolerance strlist 1 1 1 A\ncon_tol_all strlist 1 1 1 B\nx synonym co|", None),
+        (PATH + "x synonym con_t|ol", "1:0-1:14"),
+        (PATH + "x synonym con|v_tol_al", None),
+        (PATH + "x synonym co|n_tol_all", "2:0-2:11"),
+        (PATH + "m macro 1 1\n con_t|ol", None),
+        (PATH + "m multilist 1 1 1\n con_t|ol", "1:0-1:14"),
+        (PATH + "d deprecated\n con_to|l use", "1:0-1:14"),
+        (PATH + "x synonym co|", None),
         ("conv_tolerance strlist 1 1 1 A\nx synonym con_t|ol", None),
         ("a strlist 1 1 1 A\na strlist 1 1 1 B\nx synonym a|", "0:0-0:1"),
         ("a strlist 1 1 1 A\nx synonym A|\na strlist 1 1 1 B", "0:0-0:1"),
@@ -310,14 +292,14 @@ def actions(lines, first=None, last=None, client=client, **context):
     return result
 
 
+GROUP9 = ("Add a line for the group 9", "1:23-1:23", "\ngroup9 group 9 1 Group 9")
 for lines, wanted in (
         ("new intger 1 0 0 1 1 1 New\n", [('Change to "integer"', "15:4-15:10", "integer")]),
         ("new multilist 1 1 1 New\n gap_tlo time_limti\n",
          [('Change to "gap_tol"', "16:1-16:8", "gap_tol"),
           ('Change to "time_limit"', "16:9-16:19", "time_limit")]),
-        ("new strlist 1 1 9 New\n", [("Add a line for the group 9", "1:23-1:23", "\ngroup9 group 9 1 Group 9")]),
-        ("new strlist 1 1 9 New\nother strlist 1 1 9 O\n",
-         [("Add a line for the group 9", "1:23-1:23", "\ngroup9 group 9 1 Group 9")]),
+        ("new strlist 1 1 9 New\n", [GROUP9]),
+        ("new strlist 1 1 9 New\nother strlist 1 1 9 O\n", [GROUP9]),
         ("group9 group 8 1 Eight\nnew strlist 1 1 9 New\n",
          [("Add a line for the group 9", "15:22-15:22", "\ngroup9_ group 9 1 Group 9")]),
         ("new strlist 1 1 2 New\n", []),
@@ -336,13 +318,13 @@ def chosen(what, arguments):
 
 
 for what, arguments, wanted in (
-        ("the first line", (15, 15), [("Add a line for the group 9", "1:23-1:23", "\ngroup9 group 9 1 Group 9")]),
+        ("the first line", (15, 15), [GROUP9]),
         ("the second line", (16, 16), [('Change to "integer"', "16:6-16:12", "integer")]),
         ("a line before", (14, 14), []),
         ("all lines", (0, 99),
          [('Change to "integer"', "16:6-16:12", "integer"),
           ("Add a line for the group 7", "1:23-1:23", "\ngroup7 group 7 1 Group 7"),
-          ("Add a line for the group 9", "1:23-1:23", "\ngroup9 group 9 1 Group 9")]),
+          GROUP9]),
         ("the diagnostics of the client", (15, 15, [15, 16]),
          [("Add a line for the group 9", "1:23-1:23", "\ngroup9 group 9 1 Group 9", {"range": "15:0-15:3"})])):
     expect(f"actions for {what}", chosen(what, arguments), wanted)
