@@ -92,11 +92,10 @@ for text, wanted in (
          ("0:0-0:3",
           "**say**: Say\n\n- type: acts when it is read\n- group: general: General\n\n- main.opt:1 `say x` "
           "acted\n- main.opt:1 `say x` refused: x\n")),
-        ("eolonly off\nquiet thre|ads 3",
-         ("1:6-1:13",
-          "**threads**: Threads\n\n- type: integer, the value may be left out\n- range: 0 to 64\n- default: "
-          "`0`\n- group: general: General\n- synonyms: cores\n- their state: deprecated; use threads\n\n- "
-          "main.opt:2 `quiet threads 3` stored 3\n\nIn force: 3, from main.opt:2\n")),
+        ("eolonly off\nquiet fr|ee x",
+         ("1:6-1:10",
+          '**free**\n\n- type: text\n- default: `""`\n- group: general: General\n\n- main.opt:2 `quiet free x` '
+          "stored x\n\nIn force: x, from main.opt:2\n")),
         ("include nested.inc\nth|reads 5",
          ("1:0-1:7",
           "**threads**: Threads\n\n- type: integer, the value may be left out\n- range: 0 to 64\n- default: "
