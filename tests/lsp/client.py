@@ -193,6 +193,14 @@ def short(value):
     return {short(key): short(each) for key, each in value.items()}
 
 
+# The range and the text of a hover; the text is of this kind.
+def explained(answer, kind):
+    if answer is None:
+        return None
+    expect("the kind of the text", answer["contents"]["kind"], kind)
+    return short(answer["range"]), answer["contents"]["value"]
+
+
 # Each item of a completion as "label [kind] detail", the range and its new text, and the further fields. The
 # items must be numbered in their order.
 def items(answer):

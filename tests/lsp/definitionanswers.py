@@ -1,6 +1,6 @@
 """Hover, jumps, uses, highlights, outline and actions in definitions: whole answers, in the short form of client.py.
 usage: definitionanswers.py TOOL"""
-from client import expect, finish, path, short, uri, write
+from client import expect, explained, finish, path, short, uri, write
 from definitiontext import MAIN, TEXT, asked, start
 
 client = start(documentSymbol={"hierarchicalDocumentSymbolSupport": True},
@@ -8,15 +8,7 @@ client = start(documentSymbol={"hierarchicalDocumentSymbolSupport": True},
 plain = start()  # of a client that can do nothing
 
 # ---- hover: the range, and the text
-
-
-def hovered(line, client=client, kind="markdown"):
-    answer = short(asked(client, "hover", line))
-    if answer is not None:
-        expect("the kind of the text", answer["contents"]["kind"], kind)
-    return answer and (answer["range"], answer["contents"]["value"])
-
-
+hovered = lambda line: explained(asked(client, "hover", line), "markdown")
 INTEGER = ("4:11-4:18",
            "`integer`\n\nAn option whose value is an integer within its bounds.\n\nThe fields are: name, "
            "integer, reference number, default, lowest value, highest value, help flag, group, text.\n")
@@ -71,7 +63,7 @@ for line, wanted in (
         ("|", None),
         ("new lookup 1 |1", None)):
     expect(f"hover over {line!r}", hovered(line), wanted)
-hoveredplain = lambda line: hovered(line, plain, "plaintext")
+hoveredplain = lambda line: explained(asked(plain, "hover", line), "plaintext")
 for line, wanted in (
         ("gap|_tol double",
          ("2:0-2:7",

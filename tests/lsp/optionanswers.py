@@ -3,7 +3,7 @@ client.py.
 usage: optionanswers.py TOOL"""
 import os, tempfile
 
-from client import expect, finish, path, short, uri, write
+from client import expect, explained, finish, path, short, uri, write
 from optiontext import TEXT, asked, start
 
 client = start(documentSymbol={"hierarchicalDocumentSymbolSupport": True, "symbolKind": {"valueSet": [7, 18, 24]}},
@@ -16,15 +16,7 @@ write("foreign.opt", "* definition: foreign.def\ntime_limit 5\n")
 write("foreign.def", "time_limit integer 1 1 1 9 1 1 x\ng group 1 1 G\n")
 
 # ---- hover: the range, and the text
-
-
-def hovered(text, client=client, kind="markdown"):
-    answer = short(asked(client, "hover", text))
-    if answer is not None:
-        expect("the kind of the text", answer["contents"]["kind"], kind)
-    return answer and (answer["range"], answer["contents"]["value"])
-
-
+hovered = lambda text: explained(asked(client, "hover", text), "markdown")
 for text, wanted in (
         ("time_|limit 5\nmax_time = 7",
          ("0:0-0:10",
@@ -123,7 +115,7 @@ def count(lines):
 
 expect("hover: twenty lines at most", [count(19), count(20), count(22)],
        [([], 19), (["- 1 earlier line"], 19), (["- 3 earlier lines"], 19)])
-hoveredplain = lambda text: hovered(text, plain, "plaintext")
+hoveredplain = lambda text: explained(asked(plain, "hover", text), "plaintext")
 for text, wanted in (
         ("time_|limit 5",
          ("0:0-0:10",
