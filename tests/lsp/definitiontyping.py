@@ -143,6 +143,7 @@ for line, wanted in (
         ("new integer.|", ["15:12-15:12", *MODIFIERS]),
         ("new strlist.|", []),
         ("new intger.|", []),
+        ("new integer|.OPT 1", "keywords"),
         ("new integer.OPT| 1", ["15:12-15:15", *MODIFIERS]),
         ("new multilist 1 1 1\n\tgap|", []),
         ("new synonym\tgap|\tx", ["15:12-15:15", "gap_tol [18] double: Gap #1"]),
