@@ -53,7 +53,8 @@ def said(data):
 
 
 BROKEN = [(None, -32700, "This is no header of a message; the next one is looked for")]
-for data in (b"hello\r\n\r\n", b"hello", b"Content-Type: x\r\n\r\n", b"Content-Length: 1x\r\n\r\n", b"Content-Length: -1\r\n\r\n", b"Content-Length:\r\n\r\n",
+for data in (b"hello\r\n\r\n", b"hello", b"Content-Type: x\r\n\r\n",
+             b"Content-Length: 1x\r\n\r\n", b"Content-Length: -1\r\n\r\n", b"Content-Length:\r\n\r\n",
              b"Content-Length: 99999999999999999999\r\n\r\n", b"Content-Length: 1073741825\r\n\r\n",
              b"Content-Length: 2\r\nno colon\r\n\r\n{}"):
     expect(f"{data}", said(data), BROKEN)
