@@ -1,6 +1,6 @@
 """The diagnostics of the language server are the findings of check, and follow the texts in the editor.
 usage: diagnostics.py TOOL"""
-import json, os, subprocess
+import json, subprocess
 
 from client import TOOL, Client, expect, finish, folder, path, short, uri, write
 from optiontext import MAIN, TEXT
