@@ -2,6 +2,10 @@
 #include "faults/scene.h"
 
 #include <array>
+#include <functional>
+#include <regex>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace testsupport::faults {
@@ -18,129 +22,57 @@ constexpr std::string_view parameters =
     "string_list b\n--more c\nwords 5:x\nall 1\ninclude nested.opt\nsay hello\nold 5\nlim 101\nnosuch 1\n"
     "x.prior(\"a\",\"b\") 3\nindic e(\"a\") v(\"b\") 1\n";
 
-// ---- queries
-
-struct toutputs {
-  char text[256] = "", name[256] = "";
-  std::int32_t i[6] = {};
-  double d[3] = {};
+// Arguments for a query: a number, 1 as the number of a part, the name of the option that has the number, and room
+// for results.
+struct targuments {
+  targuments(tvksoptions* handle, std::int32_t asked) : number(asked) {
+    coptgethelpnr(handle, number, name, texts[0]);
+    texts[0][0] = '\0';
+  }
+  template <class tparameter>
+  tparameter next() {
+    if constexpr (std::is_same_v<tparameter, const char*>)
+      return name;
+    else if constexpr (std::is_same_v<tparameter, char*>)
+      return texts[usedtexts++];
+    else if constexpr (std::is_same_v<tparameter, std::int32_t*>)
+      return &integers[usedintegers++];
+    else if constexpr (std::is_same_v<tparameter, double*>)
+      return &doubles[useddoubles++];
+    else
+      return static_cast<tparameter>(std::exchange(number, 1));
+  }
+  std::int32_t number;
+  char name[256] = "", texts[2][256] = {};
+  std::int32_t integers[6] = {};
+  double doubles[3] = {};
+  std::size_t usedtexts = 0, usedintegers = 0, useddoubles = 0;
 };
 
-using tquery = std::int32_t (*)(tvksoptions* handle, std::int32_t number, toutputs* to);
+using tquery = std::function<void(tsteps& step, tvksoptions* handle, std::int32_t number)>;
 
-// Calls the query for several parts of what the number stands for: items, elements, texts.
-template <class task>
-std::int32_t parts(task ask) {
-  std::int32_t found = 0;
-  for (std::int32_t part = 0; part <= 3; ++part) found += ask(part);
+template <class tresult, class... tparameters>
+tquery asking(tresult (*function)(tvksoptions*, tparameters...)) {
+  return [function](tsteps& step, tvksoptions* handle, std::int32_t number) {
+    targuments all(handle, number);
+    const std::tuple<tparameters...> passed{all.next<tparameters>()...};
+    std::apply([&](auto... each) { step(function, handle, each...); }, passed);
+    step.log.append(all.texts[0]).append(all.texts[1]);
+  };
+}
+tquery asking(...) { return {}; }  // has no handle
+
+// The exported functions that change nothing.
+const std::vector<tquery> queries = [] {
+  const std::regex names(
+      "c?opt(get(?!from|message).*|.*count.*|readfromliststr|findstr|lookup|version|definitionfile|"
+      "recentenabled)");
+  std::vector<tquery> found;
+#define WEXCORIN_BOTH(first, second) \
+  if (std::regex_match(#second, names) && asking(second)) found.push_back(asking(second));
+#include "abi_both.inc"
   return found;
-}
-
-// Makes the query with the name of the option.
-template <class task>
-std::int32_t byname(tvksoptions* handle, std::int32_t number, toutputs* to, task ask) {
-  return coptgethelpnr(handle, number, to->name, to->text) == 1 ? ask(to->name) : 0;
-}
-
-// The queries of a kind of numbers, which count from 1.
-struct tkind {
-  std::int32_t (*count)(tvksoptions* handle);
-  std::vector<tquery> always;  // have an answer for every number up to the count, and for no other
-  std::vector<tquery> others;
-};
-
-const tkind kinds[] = {
-    {[](auto h) { return optcount(h); },
-     {[](auto h, auto n, auto to) { return coptgetnamenr(h, n, to->text); },
-      [](auto h, auto n, auto to) { return coptgethelpnr(h, n, to->name, to->text); },
-      [](auto h, auto n, auto to) { return coptgetopthelpnr(h, n, to->text, to->i, to->i + 1); },
-      [](auto h, auto n, auto to) {
-        return optgetinfonr(h, n, to->i, to->i + 1, to->i + 2, to->i + 3, to->i + 4, to->i + 5);
-      },
-      [](auto h, auto n, auto to) { return optgetdefinednr(h, n, to->i); },
-      [](auto h, auto n, auto to) { return coptgetstrnr(h, n, to->text); },
-      [](auto h, auto n, auto to) {
-        return byname(h, n, to, [&](auto name) { return coptfindstr(h, name, to->i, to->i + 1); });
-      },
-      [](auto h, auto n, auto to) {
-        return byname(h, n, to, [&](auto name) { return coptgetvalstr(h, name, to->text); });
-      },
-      [](auto h, auto n, auto to) {
-        return byname(h, n, to, [&](auto name) { return coptlookup(h, name) == n - 1 ? 1 : 0; });
-      }},
-     {[](auto h, auto n, auto to) { return coptgetvaluesnr(h, n, to->name, to->i, to->d, to->text); },
-      [](auto h, auto n, auto to) { return optgetintnr(h, n, to->i); },
-      [](auto h, auto n, auto to) { return optgetint2nr(h, n, to->i); },
-      [](auto h, auto n, auto to) { return optgetdblnr(h, n, to->d); },
-      [](auto h, auto n, auto to) { return optgetdbl2nr(h, n, to->d); },
-      [](auto h, auto n, auto to) { return coptgetstr2nr(h, n, to->text); },
-      [](auto h, auto n, auto to) { return coptgetdefaultstr(h, n, to->text); },
-      [](auto h, auto n, auto to) { return optgetboundsint(h, n, to->i, to->i + 1, to->i + 2); },
-      [](auto h, auto n, auto to) { return optgetboundsdbl(h, n, to->d, to->d + 1, to->d + 2); },
-      [](auto h, auto n, auto to) { return optgetenumcount(h, n, to->i); },
-      [](auto h, auto n, auto to) { return coptgetenumstrnr(h, n, to->text, to->i); },
-      [](auto h, auto n, auto to) {
-        return parts([&](auto item) { return coptgetenumhelp(h, n, item, to->i, to->text); });
-      },
-      [](auto h, auto n, auto to) {
-        return parts([&](auto item) { return coptgetenumvalue(h, n, item, to->i, to->text); });
-      },
-      [](auto h, auto n, auto) { return optgetoptgroupnr(h, n); },
-      [](auto h, auto n, auto to) {
-        return byname(h, n, to, [&](auto name) { return coptgetval2str(h, name, to->text); });
-      },
-      [](auto h, auto n, auto to) {
-        return byname(h, n, to, [&](auto name) { return coptlistcountstr(h, name); });
-      },
-      [](auto h, auto n, auto to) {
-        return byname(h, n, to, [&](auto name) {
-          return parts([&](auto index) { return coptreadfromliststr(h, name, index, to->text); });
-        });
-      }}},
-    {[](auto h) { return optsynonymcount(h); },
-     {[](auto h, auto n, auto to) { return coptgetsynonym(h, n, to->name, to->text); }},
-     {}},
-    {[](auto h) { return optgroupcount(h); },
-     {[](auto h, auto n, auto to) { return coptgetgroupnr(h, n, to->name, to->i, to->i + 1, to->text); }},
-     {[](auto h, auto n, auto) { return optgetgroupgrpnr(h, n); }}},
-    {[](auto h) {
-       std::int32_t rejected = 0;
-       return optdotoptcount(h, &rejected);
-     },
-     {[](auto h, auto n, auto to) { return coptgetdotoptnr(h, n, to->text, to->i, to->i + 1, to->d); }},
-     {[](auto h, auto n, auto to) {
-       return parts([&](auto index) { return coptgetdotoptuel(h, n, index, to->text); });
-     }}},
-    {[](auto h) {
-       std::int32_t rejected = 0;
-       return optindicatorcount(h, &rejected);
-     },
-     {[](auto h, auto n, auto to) {
-       return coptgetindicatornr(h, n, to->name, to->text, to->i, to->i + 1, to->i + 2);
-     }},
-     {[](auto h, auto n, auto to) {
-        return parts([&](auto index) { return coptgetequindicatornr(h, n, index, to->text); });
-      },
-      [](auto h, auto n, auto to) {
-        return parts([&](auto index) { return coptgetvarindicatornr(h, n, index, to->text); });
-      }}},
-    {[](auto) { return 10; },  // types
-     {[](auto h, auto n, auto to) { return coptgettypename(h, n - 1, to->text); }},
-     {[](auto h, auto n, auto to) {
-       return parts([&](auto group) { return coptgetconstname(h, group, n, to->text); });
-     }}},
-};
-
-// The queries without a number.
-void askonce(tsteps& step, tvksoptions* handle) {
-  std::int32_t errors = 0, warnings = 0;
-  step(opterrorcount, handle, &errors, &warnings);
-  step(optmessagecount, handle);
-  step(optrecentenabled, handle);
-  step(coptdefinitionfile, handle, step.text);
-  step(coptversion, handle, step.text);
-  step(coptgetloadpath, step.text);
-}
+}();
 
 }  // namespace
 
@@ -171,15 +103,9 @@ std::string tscene::play(tvksoptions*& handle) {
   step(optechoset, handle, 0);
   step(coptreadfromstr, handle, "maxit 7 note=x");
   step(optreadfrompchar, handle, "string_list d\nnote \"from a long text\"");
-  for (const tkind& kind : kinds)
-    for (const std::int32_t number : {2, kind.count(handle)})
-      for (const auto* queries : {&kind.always, &kind.others})
-        for (const tquery query : *queries) {
-          toutputs to;
-          step(query, handle, number, &to);
-          step.log += to.text;
-        }
-  askonce(step, handle);
+  for (const std::int32_t number : {1, 2, optcount(handle)})
+    for (const tquery& query : queries) query(step, handle, number);
+  step(coptgetloadpath, step.text);
   step(coptsetstrnr, handle, 4, "a value that is set by number");
   step(coptsetstr2nr, handle, 12, "b c");
   step(coptsetvaluesnr, handle, 4, 0, 0.0, "another one");
@@ -222,17 +148,23 @@ std::string tscene::messages(tvksoptions* handle) {
 }
 
 void askeverything(tvksoptions* handle) {
-  toutputs to;
-  for (const tkind& kind : kinds) {
-    const std::int32_t last = kind.count(handle);
-    for (std::int32_t number = 0; number <= last + 1; ++number) {
-      for (const tquery query : kind.always)
-        EXPECT_EQ(query(handle, number, &to), number >= 1 && number <= last ? 1 : 0) << number;
-      for (const tquery query : kind.others) query(handle, number, &to);
-    }
-  }
   tsteps step;
-  askonce(step, handle);
+  for (std::int32_t number = 0; number <= optcount(handle) + 1; ++number)
+    for (const tquery& query : queries) query(step, handle, number);
+  char name[256], text[256];
+  std::int32_t i[3];
+  double value = 0;
+  for (std::int32_t number = optcount(handle); number > 0; --number)
+    EXPECT_TRUE(coptgethelpnr(handle, number, name, text) == 1 && coptlookup(handle, name) == number - 1)
+        << name;
+  for (std::int32_t number = optsynonymcount(handle); number > 0; --number)
+    EXPECT_EQ(coptgetsynonym(handle, number, name, text), 1);
+  for (std::int32_t number = optgroupcount(handle); number > 0; --number)
+    EXPECT_EQ(coptgetgroupnr(handle, number, name, i, i + 1, text), 1);
+  for (std::int32_t number = optdotoptcount(handle, i); number > 0; --number)
+    EXPECT_EQ(coptgetdotoptnr(handle, number, name, i, i + 1, &value), 1);
+  for (std::int32_t number = optindicatorcount(handle, i); number > 0; --number)
+    EXPECT_EQ(coptgetindicatornr(handle, number, name, text, i, i + 1, i + 2), 1);
 }
 
 }  // namespace testsupport::faults

@@ -44,8 +44,8 @@ class tscene {
   ttempdir fdirectory;
 };
 
-// Makes every query with every number. Those that each option, synonym, group, dot entry and indicator has an
-// answer to must succeed for it, and fail for other numbers.
+// Makes every query with the number of every option. Each option, synonym, group, dot entry and indicator must still be
+// found.
 void askeverything(tvksoptions* handle);
 
 }  // namespace testsupport::faults
