@@ -303,23 +303,14 @@ const trules filecount("files", "read immediate ReadFile 1 1\nnote strlist 1 1 1
 )"});
 
 const trules noordinaryfiles("files", "", {__LINE__, R"(
-    // a definition file that is no ordinary file is reported and not read
+    // a folder is reported and not read
     readdefinition %DIR%/ => 21
     told => D Cannot open option file "" | D Error code = 21; Is a directory
-    readdefinition => 2 ; told => D Cannot open option file "" | D Error code = 2; No such file or directory
-
-    // a parameter file that is no ordinary file is reported and not read
     readparameterfile %DIR%/ => 21
     told => E Cannot open parameter file "" | E Error code = 21; Is a directory
-    readparameterfile => 2 ; told => E Cannot open parameter file "" | E Error code = 2; No such file or directory
 
     // the null device is an empty file
     readdefinition /dev/null => 0 ; readparameterfile /dev/null => 0 ; messages =>
-
-    // a device without end is too large
-    readparameterfile /dev/zero => 0
-    told => +/dev/zero | E1 Option keyword expected, saw "\x00"
-      | E1 Cannot read parameter file "/dev/zero" | E1 Error code = 27; File too large | -/dev/zero
 )"});
 
 // For the system, a file name ends at its first zero byte.
