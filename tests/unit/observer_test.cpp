@@ -33,13 +33,15 @@ TEST(observer, is_told_what_messages_are_about_and_of_echoed_lines) {
                                           "ind indicator\nread immediate ReadFile 1 1\n"));
   const std::string inner = directory.write("inner", "* c\n");
   store.optreadparameterfile(
-      directory.write("OPT", "s \"\nind e(*$v 1\nind e$v z\nx.dot('a' 1\nread " + inner + '\n'));
+      directory.write("OPT", "i 10\ns \"\nind e(*$v 1\nind e$v z\nx.dot('a' 1\nread " + inner + '\n'));
   EXPECT_EQ(records.text, R"~(DEF:1 Bad usermap value for option "i" [i,,reference]
-OPT:1 Bad double-quote in value [s,"]
-OPT:2 Universe not allowed for indicator id "e" [e,]
-OPT:3 Boolean value expected for equation indicator "e", Saw "z" [e,z]
-OPT:4 Closing bracket ")" expected for .option "x" [x,]
-OPT:5  read )~" + inner + R"( [echo,,]
+OPT:1 Integer range error for option "i" saw "10" [i,10]
+OPT:1    Valid range is 0 to 9 [,]
+OPT:2 Bad double-quote in value [s,"]
+OPT:3 Universe not allowed for indicator id "e" [e,]
+OPT:4 Boolean value expected for equation indicator "e", Saw "z" [e,z]
+OPT:5 Closing bracket ")" expected for .option "x" [x,]
+OPT:6  read )~" + inner + R"( [echo,,]
 inner:1  * c [echo,,]
 )");
 }
