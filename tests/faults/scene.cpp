@@ -22,8 +22,8 @@ constexpr std::string_view parameters =
     "string_list b\n--more c\nwords 5:x\nall 1\ninclude nested.opt\nsay hello\nold 5\nlim 101\nnosuch 1\n"
     "x.prior(\"a\",\"b\") 3\nindic e(\"a\") v(\"b\") 1\n";
 
-// Arguments for a query: a number, 1 as the number of a part, the name of the option that has the number, and room
-// for results.
+// Arguments for a query: a number, 1 as the number of a part, the name of the option that has the number, and
+// room for results.
 struct targuments {
   targuments(tvksoptions* handle, std::int32_t asked) : number(asked) {
     coptgethelpnr(handle, number, name, texts[0]);

@@ -44,8 +44,8 @@ class tscene {
   ttempdir fdirectory;
 };
 
-// Makes every query with the number of every option. Each option, synonym, group, dot entry and indicator must still be
-// found.
+// Makes every query with the number of every option. Each option, synonym, group, dot entry and indicator
+// must still be found.
 void askeverything(tvksoptions* handle);
 
 }  // namespace testsupport::faults
