@@ -144,29 +144,6 @@ TEST(scanner, the_next_character_runs_across_the_lines_of_a_file_only) {
   EXPECT_FALSE(text.nextline());
 }
 
-// Lines with lengths around the limits, with both kinds of line ends, so that line ends fall before, on and
-// after the end of a block that is read.
-TEST(scanner, files_come_back_line_by_line_whatever_the_block_they_end_in) {
-  const testsupport::ttempdir directory;
-  for (const std::string end : {"\n", "\r\n"}) {
-    std::string bytes, expected, read;
-    for (const std::size_t length : std::vector<std::size_t>{1, 130, 1019, 1020, 1021, 5000, 65533, 65534,
-                                                             65535, 65536, 65537, 2, 200000, 131072, 3})
-      for (int time = 0; time < 3; ++time) {
-        const std::string line(length, static_cast<char>('a' + length % 26));
-        bytes += line + end;
-        expected += line.substr(0, 1020) + '\n';
-      }
-    tmessagelist messages;
-    twaiting waiting;
-    tminiparser scanner(messages, {});
-    ASSERT_EQ(scanner.fileopen(directory.write("lines", bytes + "last\r"), waiting), 0);
-    for (; scanner.nextline(); read += '\n')
-      for (; !scanner.atlineend(); scanner.nextch()) read += scanner.ch();
-    EXPECT_EQ(read, expected + "last\n");
-  }
-}
-
 TEST(systemerrors, have_a_code_if_the_system_has_no_text) {
   EXPECT_EQ(errorcodetext(99999).view(), "Error code = 99999; Unknown error");
 }
