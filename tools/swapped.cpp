@@ -21,11 +21,16 @@ bool exists(const std::string& name) {
   return name == "-" || std::filesystem::exists(name, problem);
 }
 
+// The words of the command before its definition.
+std::string beginningof(const std::string& command) {
+  return "wexcorin " + command + (command == "get" || command == "explain" ? " NAME " : " ");
+}
+
 // What is said about an option file in the place of the definition. Only `check` finds the definition itself.
 std::string withoutdefinition(const std::string& command, const std::string& name) {
   if (command == "check" || std::filesystem::path(name).extension() != ".opt") return {};
-  return inquotes(name) + " looks like an option file; the definition comes before it, as in 'wexcorin " +
-         command + (command == "show" || command == "write" ? "" : " NAME") + " DEF " + name + "'";
+  return inquotes(name) + " looks like an option file; the definition comes before it, as in '" +
+         beginningof(command) + "DEF " + name + "'";
 }
 
 }  // namespace
@@ -35,9 +40,11 @@ std::string swappedfiles(const std::string& command, const tinputs& inputs) {
   const auto definition = std::ranges::find_if(
       inputs.optionfiles, [](const std::string& file) { return looksof(file) == tlooks::definition; });
   if (definition == inputs.optionfiles.end()) return withoutdefinition(command, inputs.definition);
+  std::string meant = beginningof(command) + *definition + " " + inputs.definition;
+  for (const std::string& file : inputs.optionfiles)
+    if (&file != &*definition) meant += " " + file;
   return inquotes(inputs.definition) + " looks like an option file and " + inquotes(*definition) +
-         " like a definition; the definition comes first, as in 'wexcorin " + command + " " + *definition +
-         " " + inputs.definition + "'";
+         " like a definition; the definition comes first, as in '" + meant + "'";
 }
 
 std::string swappedword(const std::string& command, const std::string& definition, const std::string& word,

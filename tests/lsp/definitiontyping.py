@@ -115,7 +115,7 @@ for line, wanted in (
         ("new multilist 1 1 1 ti|", []),
         ("new macro 1 1\n gap|_tol", ["16:1-16:8", "gap_tol [18] double: Gap #1"]),
         ("new macro 1 1\n gap_tol gap|", []),
-        ("new macro 1 1\n |", ["16:1-16:1", *OPTIONS, "new [18] macro"]),
+        ("new macro 1 1\n |", ["16:1-16:1", *OPTIONS]),
         ("new obsolete\n ti|m use", ["16:1-16:4", "time_limit [18] integer: Time #2", "timlim [18] synonym #2"]),
         ("new obsolete\n sho|", ["16:1-16:4", "show [18] immediate: Show #6"]),
         ("new obsolete\n time_limit ti|", []),

@@ -182,11 +182,15 @@ class tcompletion {
   std::vector<const tdefinitionindex::tentry*> known() const {
     const std::string_view keyword = fline.parts.keyword;
     const bool ismark = keyword == "deprecated" || keyword == "obsolete";
+    const bool ismember = keyword == "multilist" || keyword == "macro";
+    const auto& entries = findex.entries();
+    auto behind = std::ranges::lower_bound(entries, fline.number, {}, &tdefinitionindex::tentry::line);
+    if (ismember && behind != entries.begin()) --behind;  // none is a member of itself
     std::vector<const tdefinitionindex::tentry*> result;
-    for (const tdefinitionindex::tentry& each : findex.entries())
-      if (each.lastline < fline.number && (each.kind == tdefinitionindex::tkind::option ||
-                                           (ismark && each.kind == tdefinitionindex::tkind::synonym)))
-        result.push_back(&each);
+    for (auto each = entries.begin(); each != behind; ++each)
+      if (each->kind == tdefinitionindex::tkind::option ||
+          (ismark && each->kind == tdefinitionindex::tkind::synonym))
+        result.push_back(&*each);
     return result;
   }
 
