@@ -124,7 +124,7 @@ void tdefinitionreader::usermap(std::optional<topttype> type) {
   if (type && !hasusermap(*type))
     fusermap = -1;
   else
-    integerfield(fusermap, "Bad usermap value", tsubject::tproblem::badreference);
+    integerfield(fusermap, "Bad usermap value");
 }
 
 std::optional<topttype> tdefinitionreader::optiontype(tkeyword keyword) {
@@ -189,7 +189,7 @@ void tdefinitionreader::rest(tkeyword keyword) {
 
 // The last two fields of every option, which come before the text.
 void tdefinitionreader::hcandgroup(std::string_view hcproblem) {
-  integerfield(fhc, hcproblem, tsubject::tproblem::badhelpflag);
+  integerfield(fhc, hcproblem);
   integerfield(fgroup, "Bad Group value");
 }
 

@@ -105,9 +105,8 @@ class tdefinitionreader {
   void eolcomm();
 
   // ---- fields
-  void integerfield(std::int32_t& field, std::string_view problem,
-                    tsubject::tproblem kind = tsubject::tproblem::other) {
-    if (!fscanner.nextinteger(field)) error(problem, kind);
+  void integerfield(std::int32_t& field, std::string_view problem) {
+    if (!fscanner.nextinteger(field)) error(problem);
   }
   void doublefield(double& field, std::string_view problem) {
     if (!fscanner.nextdouble(field)) error(problem);

@@ -27,9 +27,7 @@ struct tsubject {
     unusablefile,      // the file of the name cannot be opened, read or written
     duplicatename,     // an option or synonym that stands earlier in the definition has the name
     undefineddefault,  // the default of the option is none of its values; known only after its last value
-    unknowntype,       // the value is not the keyword of a definition
-    badreference,      // a reference number is missing in a definition, or is no integer
-    badhelpflag        // the same for a help flag
+    unknowntype        // the value is not the keyword of a definition
   };
 
   std::string_view name{};  // as it was written

@@ -15,7 +15,7 @@ struct trecords : tstoreobserver {
     text.append(name.substr(name.rfind('/') + 1)).append(":").append(std::to_string(message.line));
     text.append(" ").append(message.text).append(message.kind == tmsgkind::inputecho ? " [echo," : " [");
     text.append(message.subject.name).append(",").append(message.subject.value);
-    text += message.subject.problem == tsubject::tproblem::badreference ? ",reference]\n" : "]\n";
+    text += "]\n";
   }
   void assigned(const toption&, std::int32_t) override { fstore.optechoset(true); }
   std::string text;
@@ -34,7 +34,7 @@ TEST(observer, is_told_what_messages_are_about_and_of_echoed_lines) {
   const std::string inner = directory.write("inner", "* c\n");
   store.optreadparameterfile(
       directory.write("OPT", "i 10\ns \"\nind e(*$v 1\nind e$v z\nx.dot('a' 1\nread " + inner + '\n'));
-  EXPECT_EQ(records.text, R"~(DEF:1 Bad usermap value for option "i" [i,,reference]
+  EXPECT_EQ(records.text, R"~(DEF:1 Bad usermap value for option "i" [i,]
 OPT:1 Integer range error for option "i" saw "10" [i,10]
 OPT:1    Valid range is 0 to 9 [,]
 OPT:2 Bad double-quote in value [s,"]

@@ -117,8 +117,6 @@ std::string adviceon(const tmessage& message, const tvksoptions& store) {
                  ? inquotes(subject.name) + " is named as the definition file"
                  : "";
     case unknowntype:
-    case badreference:
-    case badhelpflag:
     case unknownoption:
     case unknowndotoption:
     case duplicatename:

@@ -157,9 +157,7 @@ std::string tfieldnotes::next(const tmessage& message) {
   using enum tsubject::tproblem;
   const tsubject::tproblem kind = message.subject.problem;
   ffield.clear();
-  if (message.source == nullptr ||
-      (kind != other && kind != unknowntype && kind != badreference && kind != badhelpflag))
-    return {};
+  if (message.source == nullptr || (kind != other && kind != unknowntype)) return {};
   if (kind == unknowntype) return ontype(message.subject.value);
   const std::string_view line = message.source->linetext();
   if (std::exchange(fline, message.line) != message.line)

@@ -59,8 +59,6 @@ std::string_view ruleof(const tmessage& message) {
     case tsubject::tproblem::illegalvalue: return "illegal-value";
     case tsubject::tproblem::unusablefile: return "unusable-file";
     case tsubject::tproblem::unknowntype:
-    case tsubject::tproblem::badreference:
-    case tsubject::tproblem::badhelpflag:
     case tsubject::tproblem::duplicatename:
     case tsubject::tproblem::undefineddefault:
     case tsubject::tproblem::other: break;

@@ -220,8 +220,6 @@ std::vector<std::string> tsuggester::found(const tsubject& subject, const std::s
       return subject.option->opttype() == topttype::boolean ? booleanwordslike(subject.value)
                                                             : std::vector<std::string>();
     case tsubject::tproblem::unknowntype: return typeslike(subject.value);
-    case tsubject::tproblem::badreference:
-    case tsubject::tproblem::badhelpflag:
     case tsubject::tproblem::unusablefile:
     case tsubject::tproblem::duplicatename:
     case tsubject::tproblem::undefineddefault: break;
