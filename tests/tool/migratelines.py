@@ -117,6 +117,7 @@ for row in (
         ("a integer.TWO 1 2 0 9 1 1", "a", "a 3 4/a 3 3/a 3 *", "a 3 4/a 3/a 3 *",
          ['1: decide: left a: Integer expected, for option "a" saw "3 4"', "2: spelled a: To mean the same, it is now written: a 3",
           '3: decide: left a: Integer expected, for option "a" saw "3 *"']),
+        ("a", SMALL, "a% 2", None, ['1: decide: refused a: Not taken before either: Bad separator after key "a"']),
         # ---- values out of the bounds
         ("a", SMALL, "a 7/a 50", None, [f"1: decide: left a: {RANGE}",
                                         '2: decide: refused a: Not taken before either: Integer range error for option "a" saw "50"; Valid range is 0 to 9']),
