@@ -153,6 +153,7 @@ for older, newer, wanted in (
         ("b/a/x deprecated/ a use b and b_1", "b/b_1",
          ["breaking removed a:  -> b_1: The option is gone; use b_1", "compatible added b_1:  -> b_1: The option is new"]),
         ("b/a/x deprecated/ a not \"a\", but `b`", "b", ["breaking removed a:  -> b: The option is gone; use b"]),
+        ("a/x deprecated/ a use 'help'", "", ["breaking removed a:  -> Help: The option is gone; use Help"]),  # the first option of each
         ("b/a/x deprecated/ a as \"b'", "b", ["breaking removed a:  -> : The option is gone"]),
         # deprecated and obsolete names
         ("a", "a/x deprecated/ a why", ["compatible deprecated a:  -> : The name is now deprecated: why"]),
