@@ -144,8 +144,7 @@ class tlinewalk {
     }
     const std::string_view key = current().name.of(fline);
     if (dashes == 0 && ch() == '.') return dotline();
-    if (dashes == 0 && !fdefinition.dotname().empty() && struequal(key, fdefinition.dotname()))
-      return indicator();
+    if (dashes == 0 && struequal(key, fdefinition.dotname())) return indicator();
     current().option = findoption(dashes >= 2 ? "--" + std::string(key) : std::string(key));
     if (dashes >= 2) return list();
     if (current().option == nullptr) return unknown();

@@ -21,9 +21,10 @@ constexpr std::size_t maxsuggestions = 3;
 constexpr std::size_t mosttolerated = 4;
 std::size_t tolerated(std::size_t length) { return std::clamp<std::size_t>(length / 3, 1, mosttolerated); }
 
+// The counts of names that are too long to be compared may overflow.
 tcounts countsof(std::string_view key) {
   tcounts counts{};
-  for (const char c : key.substr(0, 255)) {
+  for (const char c : key) {
     const bool usual = c >= '0' && c <= '_';  // digits, capital letters and the underscore
     ++counts[usual ? static_cast<std::size_t>(c - '0') : counts.size() - 1];
   }
