@@ -132,8 +132,8 @@ for lines, wanted in (
           '"x" is in its place; perhaps it or a field before it was left out. The fields are: name, '
           "integer, reference number, default, lowest value, highest value, help flag, group, text",
           '! 3:0-3:4 definition: Default not in range for option "size"']),
-        ("size integr 6 1 1 9 1 1 Size\n",
-         ['! 3:5-3:11 definition: Unknown option type "integr" for option "size"; did you mean "integer"?\n'
+        ("xintegr integr 6 1 1 9 1 1 Size\n",
+         ['! 3:8-3:14 definition: Unknown option type "integr" for option "xintegr"; did you mean "integer"?\n'
           "The fields are: name, integer, reference number, default, lowest value, highest value, help "
           "flag, group, text"]),
         ("size integer 6 1 9 1 1 1 Size\n", ['! 3:0-3:4 definition: Default not in range for option "size"']),

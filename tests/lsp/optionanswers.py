@@ -50,6 +50,7 @@ for text, wanted in (
         ("unkn|own 3", None),
         ("unknown thr|ee", None),
         ("* time|_limit", None),
+        ("-in|dic e$v 1", None),
         ("indic x y\nindi|c",
          ("1:0-1:5",
           "`indic`: the keyword of indicators\n\n- main.opt:1 `indic x y` refused: \\$ expected after "

@@ -89,7 +89,7 @@ std::optional<trow> rowof(const tdefinitionline& line) {
   const bool islong = line.text.size() == optcore::tlinereader::maxline;  // perhaps more
   if (lacks || islong || line.text.find('\x1a') != std::string_view::npos) return std::nullopt;
   if (parts.kind == tspankind::entry) {
-    const bool issynonym = parts.keyword == "synonym" && !parts.references.empty();
+    const bool issynonym = parts.keyword == "synonym";
     if (parts.fields.empty() && !issynonym) return std::nullopt;
     const tspan word = {parts.type.begin, parts.ismodified ? parts.modifier.end : parts.type.end};
     row.cells = {{name, parts.name.of(line.text)}, {type, word.of(line.text)}};

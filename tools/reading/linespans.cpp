@@ -275,7 +275,7 @@ class tlinewalk {
   }
   bool element() {
     if (!skipblanks()) return false;
-    if (isletter(ch())) return !identifier().empty();
+    if (!identifier().empty()) return true;
     const char first = ch();
     if (first != '*' && first != '\'' && first != '"') return false;
     ++fat;

@@ -216,8 +216,7 @@ void treading::filed(const tmessage& message) {
   }
   if (message.kind == tmsgkind::fileenter || message.kind == tmsgkind::fileleave) return;
   if (message.explains) {
-    const std::size_t text = std::min(message.text.find_first_not_of(' '), message.text.size());
-    ffindings.explain(std::string(message.text.substr(text)));
+    ffindings.explain(std::string(message.text.substr(message.text.find_first_not_of(' '))));
     return;
   }
   const std::string_view rule = fwriting ? "not-written" : ruleof(message);
