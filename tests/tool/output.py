@@ -3,7 +3,7 @@ and nothing else is left in their folder. Exit codes, and what a person sees of 
 root; exit code 77: all is well, but strace is missing, so that the program was not interrupted.
 usage: output.py TOOL [checked]
 `checked` is for a tool with sanitizers: it is not killed, since it could report nothing then."""
-import codecs, collections, itertools, json, os, pty, re, shutil, subprocess, sys, time
+import codecs, collections, fcntl, itertools, json, os, pty, re, shutil, subprocess, sys, time
 from support import expect, failures, read, run, runs, write
 
 DEFINITION = "tol double 1 0 0 1 1 0\nsize integer 2 5 0 9 1 0\nread immediate ReadFile 1 0\n"
@@ -297,4 +297,12 @@ prepare("old\n")
 write(f"place/{TEMPORARY}", "of another")
 run(f"flock place/{TEMPORARY} wexcorin write a.def a.opt -o place/out")
 expect("beside another program", (read("place/out"), sorted(os.listdir("place"))), ("tol=0.5\n", [TEMPORARY, "out"]))
+# There are ten such names, so beside ten other programs a file is not replaced.
+for others, wanted in (9, ("tol=0.5\n", 0)), (10, ("old\n", 2)):
+    prepare("old\n")
+    running = [open(f"place/{TEMPORARY[:-1]}{number}", "w") for number in range(others)]
+    for file in running:
+        fcntl.flock(file, fcntl.LOCK_EX)
+    code = run("wexcorin write a.def a.opt -o place/out")[2]
+    expect(f"beside {others} other programs", (read("place/out"), code), wanted)
 sys.exit("\n".join(failures) or 0)
