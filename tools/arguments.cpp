@@ -135,7 +135,7 @@ std::string rulestext() {
     if (iswarning(rule))
       result.append("  ")
           .append(rule.name)
-          .append(std::max<std::size_t>(18, rule.name.size() + 1) - rule.name.size(), ' ')
+          .append(18 - rule.name.size(), ' ')  // the longest has 16 characters
           .append(rule.meaning)
           .append("\n");
   return result + "\n";
