@@ -43,9 +43,12 @@ tpath follow(const tpath& link, std::error_code& problem) {
   return target.is_absolute() ? target : link.parent_path() / target;
 }
 
-// What is written to the descriptor: on a terminal, escapes for whatever could control it.
-std::string shownon(int descriptor, std::string_view contents) {
-  return isatty(descriptor) == 1 ? printabletext(contents) : std::string(contents);
+// What is written to the descriptor. On a terminal, whatever could control it is escaped; `escaped` then holds
+// the text.
+std::string_view shownon(int descriptor, std::string_view contents, std::string& escaped) {
+  if (isatty(descriptor) != 1) return contents;
+  escaped = printabletext(contents);
+  return escaped;
 }
 
 // Writes to what is no regular file, such as a device or a FIFO. While it was opened, the path could have
@@ -57,7 +60,8 @@ std::int32_t writedirectly(const std::string& path, std::string_view contents) {
   struct stat file {};
   if (code == 0 && fstat(opened.get(), &file) != 0) code = errno;
   if (code == 0 && S_ISREG(file.st_mode)) code = EBUSY;
-  if (code == 0) code = optcore::writeall(opened.get(), shownon(opened.get(), contents), &waiting);
+  std::string escaped;
+  if (code == 0) code = optcore::writeall(opened.get(), shownon(opened.get(), contents, escaped), &waiting);
   return code == ETIMEDOUT ? noreader : code;
 }
 
@@ -85,7 +89,8 @@ bool toutputfile::isoneof(const tfilemarks& files) const {
 std::int32_t toutputfile::write(std::string_view contents, const std::string& model) const {
   if (fdescriptor) {
     std::cout.flush();
-    return writeall(*fdescriptor, shownon(*fdescriptor, contents));
+    std::string escaped;
+    return writeall(*fdescriptor, shownon(*fdescriptor, contents, escaped));
   }
   struct stat file {};
   if (stat(fpath.c_str(), &file) != 0) return errno == ENOENT ? replacefile(fpath, contents, model) : errno;
