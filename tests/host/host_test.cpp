@@ -12,6 +12,7 @@
 #include <clocale>
 #include <cstdlib>
 #include <fstream>
+#include <utility>
 
 #include "host/job.h"
 #include "support/handle.h"
@@ -132,6 +133,20 @@ TEST_F(host, closedStandardFiles) {
           }
         });
   }
+}
+
+// A host may put a stream of its own in the place of standard output.
+TEST_F(host, standardOutputInMemory) {
+  char* text = nullptr;
+  std::size_t size = 0;
+  wexcorin::options options = ::host::begin();
+  options.clearmessages();
+  FILE* const kept = std::exchange(stdout, open_memstream(&text, &size));
+  options.showhelp("4");
+  std::fclose(std::exchange(stdout, kept));
+  EXPECT_NE(std::string(text, size).find("\nthreads \n"), std::string::npos) << text;
+  for (const auto& message : options.messages()) EXPECT_EQ(message.text.find("Cannot"), std::string::npos);
+  std::free(text);
 }
 
 // Eight threads do the job at the same time.
