@@ -38,6 +38,11 @@ class tchecking {
     for (const std::string& rule : farguments.allowed) findings.allow(rule);
   }
 
+  void begin(treading& reading) const {
+    reading.watch();
+    prepare(reading);
+  }
+
   // The definition of the option file; nothing, with a finding, if it is not found.
   std::optional<treport::tdefinition> definitionof(const std::string& optionfile);
   // Reads the definition. Returns false if it cannot be opened.
@@ -62,8 +67,7 @@ std::optional<treport::tdefinition> tchecking::definitionof(const std::string& o
 
 bool tchecking::checkdefinition(treading& reading, const treport::tdefinition& definition) {
   freport.definitions.push_back(definition);
-  reading.watch();
-  prepare(reading);
+  begin(reading);
   const bool opened = reading.readdefinition(definition.path);
   if (opened) reading.checkdefinition();
   return opened;
@@ -108,8 +112,7 @@ void tchecking::alone(const std::string& optionfile) {
   }
   if (!at->second) return;
   treading reading;
-  reading.watch();
-  prepare(reading);
+  begin(reading);
   reading.readdefinitionof(*at->second);
   checkfiles(reading, {definition->path, {optionfile}, farguments.inputs.texts});
   freport.set += setoptions(reading.store());

@@ -13,7 +13,7 @@ namespace tool {
 namespace {
 
 bool isplain(std::string_view word) {
-  return !word.empty() && std::ranges::all_of(word, [](char c) {
+  return std::ranges::all_of(word, [](char c) {
     return optcore::isletter(c) || optcore::isdigit(c) ||
            std::string_view("_.-+").find(c) != std::string::npos;
   });

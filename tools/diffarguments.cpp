@@ -16,9 +16,8 @@ const std::map<std::string, tfailon>& failwords() {
 
 constexpr const char* diffnotes =
     "An input file named - is standard input.\n"
-    "Exit codes: 0 the same; 1 different; 2 wrong use, a file that cannot be opened or read, or a "
-    "definition\n"
-    "with errors.";
+    "Exit codes: 0 the same; 1 different; 2 wrong use, a file that cannot be opened or read, or a\n"
+    "definition with errors.";
 
 }  // namespace
 
@@ -56,8 +55,7 @@ std::string misuse(const tdiffarguments& arguments) {
   if (arguments.json && arguments.markdown) return "--json and --markdown exclude each other";
   if (arguments.defaults && (!hasdefinition || files != 1))
     return "--defaults takes one option file and --definition";
-  if (arguments.matrix && files < (hasdefinition ? 1U : 2U))
-    return "--matrix takes a definition and option files";
+  if (arguments.matrix && !hasdefinition && files < 2) return "--matrix takes a definition and option files";
   if (!arguments.matrix && !arguments.defaults && files != 2) return "two files are needed";
   const bool comparesdefinitions = !hasdefinition && !arguments.matrix;
   if (arguments.failon != tfailon::any && !comparesdefinitions) return "--fail-on is for definitions";

@@ -57,7 +57,7 @@ std::optional<std::size_t> rankof(const toptionreference& option, const std::vec
   for (const std::string& word : words) {
     together += (together.empty() ? "" : "_") + key(word);
     const trank rank = rankof(option, key(word));
-    sum = rank == nowhere || sum == nowhere ? nowhere : std::min<std::size_t>(sum + rank, nowhere - 1);
+    sum = rank == nowhere || sum == nowhere ? nowhere : std::min<std::size_t>(sum + rank, indetails);
   }
   const std::size_t best = std::min<std::size_t>(sum, rankof(option, together));
   return best == nowhere ? std::nullopt : std::optional(best);

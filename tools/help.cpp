@@ -17,21 +17,13 @@ namespace tool {
 namespace {
 
 constexpr std::int32_t allbits = 15;  // 4 prints the names alone
-constexpr std::int32_t marks = 8;
+constexpr std::int32_t marks = 8;     // alone they are a summary with marks
 
 // A word for a number, such as maxint, counts as a name.
-bool isnumber(const std::string& request) {
+std::optional<std::int32_t> numberof(const std::string& request) {
   std::int32_t number = 0;
-  return !request.empty() && !optcore::isletter(request[0]) && optcore::strasintex(request, number);
-}
-
-// The request for a sum of parts; empty for other requests. The library takes any number; only those that mean
-// something are accepted. The marks alone are a summary with marks.
-std::string sumof(const std::string& request) {
-  std::int32_t number = 0;
-  if (!isnumber(request) || !optcore::strasintex(request, number) || number < 1 || number > allbits)
-    return {};
-  return std::to_string(number == marks ? marks + 1 : number);
+  const bool isnumber = !optcore::isletter(request[0]) && optcore::strasintex(request, number);
+  return isnumber ? std::optional(number) : std::nullopt;
 }
 
 // What the library is asked for, and the part of its answer that is printed: all, or one group of the summary.
@@ -44,8 +36,11 @@ struct tquestion {
 std::optional<tquestion> questionfor(const optcore::tvksoptions& store, const std::string& request,
                                      const std::vector<tgroupreference>& groups) {
   if (request.empty()) return tquestion{};
-  if (const std::string sum = sumof(request); !sum.empty()) return tquestion{sum, {}};
-  if (isnumber(request)) return std::nullopt;
+  if (const auto number = numberof(request)) {
+    // the library takes any sum of parts; only those that mean something are accepted
+    if (*number < 1 || *number > allbits) return std::nullopt;
+    return tquestion{std::to_string(*number == marks ? marks + 1 : *number), {}};
+  }
   if (const std::int32_t index = optionnamed(store, request); index >= 0) {
     const std::string name(store.definition().option(index).getname());
     return tquestion{folded(request) == folded(name) ? name : request, {}, true};  // blanks make no synonym
@@ -75,7 +70,7 @@ int reportproblemsof(const treading& reading) {
 // Reports a request that names nothing. Returns the exit code.
 int refuse(const optcore::tvksoptions& store, const std::string& request,
            const std::vector<tgroupreference>& groups) {
-  const bool number = isnumber(request);
+  const bool number = numberof(request).has_value();
   if (number)
     std::cerr << "wexcorin: there is no help " << inquotes(request)
               << "; a request is an option, a group, or a sum of 1, 2 and 8\n";

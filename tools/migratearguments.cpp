@@ -14,12 +14,10 @@ const std::map<std::string, toptionsyntax>& syntaxwords() {
 }
 
 constexpr const char* migratenotes =
-    "Included files are migrated, too; with --in-place, those outside of the folder of FILE only if they "
-    "are\n"
-    "named as well. A definition named - is standard input.\n"
-    "Exit codes: 0 nothing is left to decide; 1 something is; 2 wrong use, a file that cannot be opened, "
-    "read\n"
-    "or written, or a definition with errors: then nothing was written.";
+    "Included files are migrated, too; with --in-place, those outside of the folder of FILE only if\n"
+    "they are named as well. A definition named - is standard input.\n"
+    "Exit codes: 0 nothing is left to decide; 1 something is; 2 wrong use, a file that cannot be\n"
+    "opened, read or written, or a definition with errors: then nothing was written.";
 
 void adddestinations(CLI::App& command, tmigratearguments& arguments) {
   command.add_option("-o,--output", arguments.output, "Write the files into this folder")

@@ -46,7 +46,7 @@ std::string taken(std::string& text, std::size_t width) {
       ++end;
     while (end < text.size() && columns(text.substr(end, 1)) == 0);
   if (end < text.size()) {
-    if (const std::size_t blank = text.rfind(' ', end); blank != std::string::npos && blank != 0)
+    if (const std::size_t blank = text.rfind(' ', end); blank != std::string::npos)
       end = blank;
     else
       end = beforecomma(text, end);

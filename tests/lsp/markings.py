@@ -121,8 +121,8 @@ for text, wanted in (
 expect("findings in a long line", findings("name " + "x" * 1020),
        ["0:0-0:1020 text-cut: A text has 1015 characters; only the first 254 and the last one are used",
         "0:0-0:1020 line-cut: The line has 1025 characters; only the first 1020 are read"])
-expect("without related lines, for a client that does not know them", findings("threads 2\nthreads 3", client=plain),
-       ['1:0-1:7 set-again: Option "threads" is set to 3, but was set to 2 at main.opt:1'])
+expect("without related lines, for a client that does not know them", findings("eolonly off\nthreads 2 threads 3", client=plain),
+       ['1:10-1:17 set-again: Option "threads" is set to 3, but was set to 2 at main.opt:2'])
 BASE = "general group 1 1 General\nthreads integer 1 1 1 64 1 1 Threads\nratio double 2 1 0 1 1 1 Ratio\n"
 defined = lambda lines: findings(BASE + lines, "new.def")
 for lines, wanted in (

@@ -182,13 +182,16 @@ for text, wanted in (
 
 minos = lambda text: completed("* definition: minos.def\n" + text)
 write("minos.def", "Minos lookup\nmajor_print_level integer 1 1 0 9 1 1 Level\n"
-      "major_damping double 2 1 0 9 1 1 Damping\nmpl synonym major_print_level\ng group 1 1 G\n")
+      "major_damping double 2 1 0 9 1 1 Damping\nmpl synonym major_print_level\ng group 1 1 G\n"
+      "one_two_six_ten integer 3 1 0 9 1 1 Four\nday_two_six_ten_one integer 4 1 0 9 1 1 Five\n")
 for text, wanted in (
         ("maj p|", ["incomplete", "1:0-1:5", "major print level [10] integer, default 1: Level #1"]),
         ("major print|", ["incomplete", "1:0-1:11", "major print level [10] integer, default 1: Level #1"]),
         ("major print |", ["incomplete", "1:0-1:12", "major print level [10] integer, default 1: Level #1"]),
         ("major x |", ["incomplete"]),
         ("major print level |", ["1:18-1:18", "1 [12] default", "0 [12] lowest", "9 [12] highest"]),
+        ("one two six ten |", ["1:16-1:16", "1 [12] default", "0 [12] lowest", "9 [12] highest"]),
+        ("day two six ten one |", []),
         ("mpl |", ["1:4-1:4", "1 [12] default", "0 [12] lowest", "9 [12] highest"]),
         ("major  dam|ping 3", ["incomplete"]),
         ("m|",

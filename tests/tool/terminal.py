@@ -1,6 +1,6 @@
 """What the tool prints on a terminal: its width, its colours, and the pager.
 usage: terminal.py TOOL; run in the repository's root"""
-import re, sys
+import os, re, sys
 from support import expect, expect_part, failures, on_terminal, run, runs, write
 
 NOPAGER = {"PAGER": ""}
@@ -25,6 +25,13 @@ expect("a row of several lines",
        on_terminal("wexcorin show long.def --columns name,range --color never", 30, **NOPAGER)[0],
        "Name  Range or values\nHelp\nword  \"one of them\", \"the\n      second\",\n      " + 24 * "ä" + "\n      " +
        6 * "ä" + "\n")
+# The last column is made as narrow as 20 columns before the widest one is made narrower, and none goes below 8.
+write("names.def", f'{30 * "n"} string 1 "{"xx" + 36 * ","}" 1 1\n')
+for width, rows in ((40, [18 * "n" + '  "x', 12 * "n" + "        x" + 19 * ",", 20 * " " + 17 * "," + '"']), 
+                    (10, ['nnnnnnnn  "x', "nnnnnnnn  x,,,,,,,", "nnnnnnnn  ,,,,,,,,", "nnnnnn    ,,,,,,,,",
+                          "          ,,,,,,,,", '          ,,,,,"'])):
+    expect(f"long words at {width} columns", on_terminal(
+        "wexcorin show names.def --columns name,value --color never", width, **NOPAGER)[0].split("\n")[2:-1], rows)
 
 # ---- columns
 
@@ -33,13 +40,23 @@ runs("wexcorin show examples/first.def --columns value,name --columns type",
 
 # ---- colours
 
+runs("wexcorin show examples/first.def --columns number,name --color always",
+     "\x1b[1mNr  Name\x1b[0m\n 1  Help\n 2  maxit\n 3  tol\n 4  start\n")
 for arguments, environment, coloured in (
         ("", {}, True), ("--color auto", {}, True), ("--color never", {}, False), ("", {"NO_COLOR": "1"}, False),
-        ("", {"TERM": "dumb"}, False), ("--color=always", {"NO_COLOR": "1"}, True), ("| cat", {}, False),
+        ("", {"TERM": "dumb"}, False), ("", {"NO_COLOR": ""}, True), ("--color=always", {"NO_COLOR": "1"}, True), ("| cat", {}, False),
         ("--color always | cat", {}, True)):
     seen = on_terminal(f"wexcorin show examples/first.def {arguments}", **{**NOPAGER, **environment})[0]
     expect(f"colours with {arguments} {environment}", "\x1b[1m" in seen, coloured)
-expect_part("colours of findings", run("wexcorin check examples/first.def --set x --color always")[0], "\x1b[1;31merror")
+expect("no colours on an unknown terminal",
+       "\x1b[1m" in on_terminal("env -u TERM wexcorin show examples/first.def", **NOPAGER)[0], False)
+write("set.opt", "maxit 1\nmaxit 2\nmaxit -1\n")
+runs("wexcorin check examples/first.def set.opt --color always", code=1, out="""\
+\x1b[1mset.opt:2:\x1b[0m \x1b[1;33mwarning:\x1b[0m Option "maxit" is set to 2, but was set to 1 at set.opt:1 [set-again]
+\x1b[1mset.opt:3:\x1b[0m \x1b[1;31merror:\x1b[0m Integer range error for option "maxit" saw "-1"
+\x1b[1mset.opt:3:\x1b[0m \x1b[1;36mnote:\x1b[0m Valid range is 0 to maxint
+1 error, 1 warning; 4 options, 1 set
+""")
 
 # ---- the pager
 
@@ -47,6 +64,16 @@ plain = run("wexcorin help examples/first.def 1")[0]
 for pager, wanted in (("sed s/^/P:/", "".join(f"P:{line}\n" for line in plain.split("\n")[:-1])), ("cat", plain),
                       ("", plain)):
     expect(f"PAGER={pager}", on_terminal("wexcorin help examples/first.def 1", PAGER=pager), (wanted, 0))
+os.environ.pop("PAGER", None)
+os.mkdir("nothing_else")
+os.symlink("/bin/cat", "nothing_else/cat")
+write("less", "sed \"s/^/$LESS:/\"\n")
+os.chmod("less", 0o755)
+for environment, wanted in ({}, "FRX:"), ({"LESS": "X"}, "X:"), ({"PATH": "nothing_else"}, ""):
+    expect(f"without PAGER {environment}", on_terminal("./wexcorin help examples/first.def 1", **environment),
+           ("".join(f"{wanted}{line}\n" for line in plain.split("\n")[:-1]), 0))
+expect("an interrupt is for the pager", on_terminal(
+    "wexcorin help examples/first.def 1", PAGER='read -r line; kill -INT $PPID; echo "$line"; cat'), (plain, 0))
 mark = {"PAGER": "sed s/^/P:/"}
 expect_part("a pager that does not exist", on_terminal("wexcorin help examples/first.def", PAGER="no-such-pager")[0], plain)
 for command, code in (("show examples/first.def", 0), ("find examples/first.def it", 0), ("check examples/first.def", 0),

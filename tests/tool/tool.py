@@ -67,7 +67,7 @@ for definition, unset in (("examples/solver.def", "basis_weight big_number descr
             if each["name"] not in ("atmosphere", "log_prefix"):  # other case; blank at the end
                 expect(f"{line[0]}: value", row["value"], row["default"])
 expect_part("a comment character in a member's default", template, '\n*stop = "b#c:1"\n')
-only = run("wexcorin template examples/types.def --group FIRING")[0]
+only = run("wexcorin template --group FIRING examples/types.def")[0]
 expect("template of a group", re.findall(r"(?m)^\*(\w+)", only), ["peak", "rate", "vents", "atmosphere"])
 runs("wexcorin template examples/types.def --group firng -o group.opt", code=1,
      err='wexcorin: there is no group "firng"; did you mean "firing"?\n')
@@ -154,6 +154,7 @@ flag_zero integer 2 0 0 9 0 1 Word
 group_zero integer 3 0 0 9 1 0 Word
 group_hidden integer 4 0 0 9 1 2 Word
 short group 3 1 Shorthands
+last group 5 1 Last
 """)
 names = "shown macro_only flag_zero group_zero group_hidden".split()
 for command in "help {}", "help {} 8", "find {} word", "template {}", "doc markdown {} -o -", "doc page {} -o -":
@@ -166,13 +167,14 @@ expect_part("no empty column", run("wexcorin doc markdown hidden.def -o -")[0],
             "## Shorthands\n\n| Option | Meaning |\n|---|---|\n| [`macro_only`](#macro_only) | Word |\n")
 for request in "cuts", "CUTS", "cutting planes":
     runs(f"wexcorin help hidden.def {request}", "Cutting planes\nshown                 : Word\n")
+runs("wexcorin help hidden.def 15", None)
 expect("blanks for underscores", run("wexcorin help hidden.def group zero")[0][:17], "group_zero: Word\n")
 nearest, search = 'group "cust"; did you mean "cuts"?\n', "'wexcorin find' searches the texts of the options"
-for request, said, code in (("99", "a sum of 1, 2 and 8\nwexcorin: the groups are cuts and short\n", 2), ("-1", "cuts and short\n", 2),
-                            ("cust", nearest, 1), ("makers", f'"makers"; {search}\nwexcorin: the groups are cuts and short\n', 1)):
+for request, said, code in (("99", "a sum of 1, 2 and 8\nwexcorin: the groups are cuts, short and last\n", 2), ("-1", "cuts, short and last\n", 2),
+                            ("cust", nearest, 1), ("makers", f'"makers"; {search}\nwexcorin: the groups are cuts, short and last\n', 1)):
     out, err, seen = run(f"wexcorin help hidden.def {request}")
     expect(f"help {request}", (out, err.endswith(said), seen), ("", True, code))
-for group, said in ("cust", 'did you mean "cuts"?\n'), ("zzz", "the groups are cuts and short\n"):
+for group, said in ("cust", 'did you mean "cuts"?\n'), ("zzz", "the groups are cuts, short and last\n"):
     runs(f"wexcorin template hidden.def --group {group}", "", f'wexcorin: there is no group "{group}"; {said}', 1)
 write("none.opt", "a integer 1 0 0 9 1 0 A\n")
 for command in "help {}", "template {}", "doc markdown {} -o -", "doc page {} -o -":
@@ -218,7 +220,6 @@ for form, part in (
         ("page", '"help find">Rätsel \\x01\\x1b[31m \\x7f {{style}} nul:\\x00:end</p>')):
     expect_part(form, run(f"wexcorin doc {form} wrong.def -o -")[0], part)
 
-expect("version", run("wexcorin --version")[0][:9], "wexcorin ")
 
 # ---- the rules: the documents repeat the table of the sources
 

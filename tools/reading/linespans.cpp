@@ -295,7 +295,6 @@ class tlinewalk {
 }  // namespace
 
 std::string_view readpart(std::string_view line) {
-  if (line.ends_with('\n')) line.remove_suffix(1);
   if (line.ends_with('\r')) line.remove_suffix(1);
   return line.substr(0, tlinereader::maxline);
 }
