@@ -182,10 +182,11 @@ for lines, wanted in (
          ['! 3:5-3:15 definition: Unknown type modifier = XX for option "size"\nThe modifiers are NV for no '
           "value, OPT for a value that may be left out, and TWO for two values"]),
         ("size strlist 7 2 1 S\n", []),
-        ("size strlist 7 1 x S\n",
-         ['! 3:17-3:18 definition: Bad Group value for option "size"\nThe group must be an integer, but "x" '
+        ('size strlist 7 1 "\n',
+         ['! 3:17-3:18 definition: Bad Group value for option "size"\nThe group must be an integer, but """ '
           "is in its place; perhaps it or a field before it was left out. The fields are: name, strlist, "
-          "reference number, help flag, group, text"]),
+          "reference number, help flag, group, text",
+          '3:0-3:4 no-help: Help lists option "size", but it has no help text']),
         ("8size integer 7 1 1 9 1 1 S\n",
          ['3:0-3:27 early-end: The definition ends here, because the line begins with "8", but a name '
           "begins with a letter; this line and all that follow are not read"]),
@@ -202,6 +203,10 @@ for lines, wanted in (
           "ReadFile, Message, NoBounds and Help. The fields are: name, immediate, kind, help flag, group, "
           "text"]),
         ("size integer 7 1 1 9 1 1\n", ['3:0-3:4 no-help: Help lists option "size", but it has no help text']),
+        ('word string 7 "a"b c"d", 1 1 W\n',
+         ['! 3:0-3:4 definition: Bad HC for option "word"\nA comma stands before the help flag, but fields are separated '
+          "by blanks. The fields are: name, string, reference number, default, help flag, group, text",
+          '! 3:0-3:4 definition: Bad Group value for option "word"']),
         ("general group 2 1 Twice\n",
          ['! 3:0-3:7 definition: Duplicate group for option "general"',
           '3:0-3:7 group-empty: Group "general" has no options {\'tags\': [1]}']),

@@ -90,7 +90,8 @@ log_prefix "run #7"      | log_prefix "[254]"             | nothing        |
 log_prefix "run #7"      | log_prefix "[255]"             | has 255 characters; only the first 254 of |
 title = Water supply     | title = Water\zsupply          | ctrl-z         |
 log_prefix "run #7"      | log_prefix r\0                 | zero-byte      |
-crossover off            | crossover off # [1020]         | line-cut       |
+crossover off            | crossover off # [1004]         | nothing        |
+crossover off            | crossover off # [1005]         | line-cut       |
 == the same option twice
 work_limit maxdouble     | time_limit 2                   | set-again      |
 == a file that is not there
@@ -120,6 +121,7 @@ cuts group 8 1           | cuts group 8                   | The help flag must b
 107 1 0 10 1             | 107 1 0 inf 1                  | the largest number is maxdouble                   |
 105 1 1 1                | 105 yes 1 1                    | The default must be 0 or 1, but "yes"             |
 105 1 1 1                | 105 2 1 1                      | boolean-default                                   |
+105 1 1 1                | 105 99999999999 1 1            | must be 0 or 1, but "99999999999"                 |
 105 1 1 1                | 105 1 1 General                | The group must be an integer, but "General"       |
 1977 0 maxint            | 1977 2000 maxint               | definition                                        |
 include immediate ReadFile | include immediate File       | The kinds are EolFlag, ReadFile,                  |

@@ -40,7 +40,7 @@ expect("a failure to write, after more errors than the tool lists",
 # template: it sets and reports nothing; nor is anything reported with any one of its lines uncommented, each in a file
 # of its own. The options that have no line are those of which each use is reported.
 write("quotes.def", 'x eolcomm #\na string 1 "b#c" 1 1\nb string 2 "" 1 1\nc enumstr 3 "d e" 1 1\n "d e" 1\n.d double 4 '
-      "0.30000000000000004 0 1 1 1\nold integer 5 1 0 9 1 1\nstop multilist 6 1 1\n a old\nx obsolete\n old\n")
+      "0.30000000000000004 0 1 1 1\nold integer 5 1 0 9 1 1\nstop multilist 6 1 1\n help a old\nx obsolete\n old\n")
 for definition, unset in (("examples/solver.def", "basis_weight big_number describe remark"),
                           ("examples/types.def", "a_very_long_name_that_does_not_fit_on_any_telephone_and_even_less"
                            "_in_a_table damper explain glaze note"), ("quotes.def", "Help old")):
@@ -66,7 +66,7 @@ for definition, unset in (("examples/solver.def", "basis_weight big_number descr
             expect(f"{line[0]}: is set", row["set"], True)
             if each["name"] not in ("atmosphere", "log_prefix"):  # other case; blank at the end
                 expect(f"{line[0]}: value", row["value"], row["default"])
-expect_part("a comment character in a member's default", template, '\n*stop = "b#c:1"\n')
+expect_part("a comment character in a member's default", template, '\n*stop = "1:b#c:1"\n')
 only = run("wexcorin template --group FIRING examples/types.def")[0]
 expect("template of a group", re.findall(r"(?m)^\*(\w+)", only), ["peak", "rate", "vents", "atmosphere"])
 runs("wexcorin template examples/types.def --group firng -o group.opt", code=1,
@@ -112,8 +112,8 @@ for definition, options, warnings in (
         (255 * "n" + " integer 1 5 0 9 1 1", 255 * "n" + " 6", []),  # no name is too long
         ("end string 1 a 1 1\nstop synonym end\nx obsolete\n end Use stop.", "stop x",
          ['warning: option "end" is not read back as it was set: obsolete option "end"; Use stop.']),
-        (".cost double 1 0 0 1 1 1", "a.cost('i') 0.1234567890123456\nb.cost('i') 0.5",
-         ["""warning: dot line "a.cost('i')" is set to 0.1234567890123456, but is read back as """
+        (".cost double 1 0 0 1 1 1", f"a.cost('{35 * 'i'}','{32 * 'j'}') 0.1234567890123456\nb.cost('i') 0.5",
+         [f"""warning: dot line "a.cost('{35 * 'i'}','{32 * 'j'}')" is set to 0.1234567890123456, but is read back as """
           "0.123456789012346"]),
         (".note string 1 a 1 1\n.rank integer 1 0 0 9 1 1\nall macro 1 1\n .rank", "a.note x\nall 5",
          ['warning: option ".note" is set to x, but is read back as 0',
@@ -182,6 +182,8 @@ for command in "help {}", "template {}", "doc markdown {} -o -", "doc page {} -o
 
 # Every command tells of a definition that ends before its last line.
 write("short.def", "size integer 1 5 0 9 1 1 Size\n\tb integer 2 5 0 9 1 1\n")
+expect_part("from a pipe", run("cat short.def | wexcorin show /dev/stdin")[1],
+            "/dev/stdin:2: warning: The definition ends here, because no line of a definition can begin like this one")
 for command in "show short.def", "help short.def", "write short.def /dev/null -o -", "doc c short.def -o -":
     expect_part(command, run(f"wexcorin {command}")[1], "short.def:2: warning: The definition ends here")
 

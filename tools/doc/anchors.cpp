@@ -23,7 +23,7 @@ std::string anchorform(const std::string& name) {
     else
       result.append("-").append(hexdigits(c));
   }
-  return result.empty() ? "-" : result;
+  return result;
 }
 
 // Equal for names that differ only in case, or in blanks and underscores.

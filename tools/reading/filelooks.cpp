@@ -2,12 +2,11 @@
 #include "tools/reading/filelooks.h"
 
 #include <algorithm>
-#include <array>
 #include <sstream>
 #include <string_view>
 
 #include "base/textcase.h"
-#include "options/codes.h"
+#include "tools/reading/definitionfields.h"
 #include "tools/reading/regularfile.h"
 
 namespace tool {
@@ -18,18 +17,11 @@ using namespace optcore;
 
 constexpr std::size_t mostread = 64 * 1024;
 
-bool iskeyword(std::string_view word) {
-  static constexpr auto others = std::to_array<std::string_view>(
-      {"synonym", "group", "deprecated", "obsolete", "indicator", "lookup", "eolcomm"});
-  const auto same = [&](std::string_view keyword) { return struequal(word, keyword); };
-  return std::ranges::any_of(opttypenames, same) || std::ranges::any_of(others, same);
-}
-
 bool begins(const std::string& line) {
   const bool isname = !line.empty() && (isletter(line.front()) || line.front() == '.');
   std::istringstream stream(line);
   std::string name, keyword;
-  return isname && stream >> name >> keyword && iskeyword(keyword.substr(0, keyword.find('.')));
+  return isname && stream >> name >> keyword && !keywordof(keyword.substr(0, keyword.find('.'))).empty();
 }
 
 bool iscomment(const std::string& line) {

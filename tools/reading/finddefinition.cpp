@@ -46,7 +46,7 @@ std::string_view pathincomment(std::string_view line) {
   constexpr std::string_view head = "definition:";
   if (!line.starts_with('*')) return {};
   line = optcore::trim(line.substr(1));
-  if (line.size() < head.size() || !optcore::struequal(line.substr(0, head.size()), head)) return {};
+  if (!optcore::struequal(line.substr(0, head.size()), head)) return {};
   return optcore::trim(line.substr(head.size()));
 }
 
