@@ -22,14 +22,15 @@ expect("messages about the lines of the page",
 # Titles, and links to the options that help names: in quotes, by their look or after "option", but not in plain words.
 write("named.def", """comment eolcomm #
 main group 1 1 Main
-time integer 1 maxint 0 maxint 1 1 Like "TEMPO", but not time_limit.; see option pace, parameter pace or "no time"
-time_limit double 2 0 mindouble 9 1 1 No tempo, no pace: time_limit and 'time_limit'
+time integer 1 maxint 0 maxint 1 1 Like "TEMPO", but not time_limit.; see option pace, options pace, parameter pace or "no time"
+time_limit double 2 mindouble mindouble 9 1 1 No tempo, no pace: time_limit and 'time_limit'
  further time_limit or .rank
-pace boolean 3 0 1 1 'time' and maxTime, but MAXTIME
+pace boolean 3 0 1 1 'time' and maxTime-, but MAXTIME
 kind enumstr 4 a#b 1 1
  a#b 1 Not pace
  c 1
-.rank double.TWO 5 mindouble mindouble maxdouble 1 1
+.rank double.TWO 5 maxdouble mindouble maxdouble 1 1
+least integer 6 minint minint maxint 1 1
 maxTime macro 1 1
  pace
 tempo synonym pace
@@ -41,19 +42,20 @@ x deprecated
 for form, parts in {
         "page": (
             "<title>Orrery &lt;1&gt;, May &amp; more</title>", "<h1>Orrery &lt;1&gt;</h1>",
-            '<p class="about">May &amp; more<br>named.def<br>6 options in 1 group</p>',
+            '<p class="about">May &amp; more<br>named.def<br>7 options in 1 group</p>',
             'Like &quot;<a href="#pace">TEMPO</a>&quot;, but not <a href="#time_limit">time_limit</a>.; see option '
-            '<a href="#pace">pace</a>, parameter <a href="#pace">pace</a> or &quot;no time&quot;</p>',
+            '<a href="#pace">pace</a>, options <a href="#pace">pace</a>, parameter <a href="#pace">pace</a> or &quot;no time&quot;</p>',
             '"help find">No tempo, no pace: time_limit and &#39;time_limit&#39;</p>',
             '>further time_limit or <a href="#.rank">.rank</a></p>',
-            '&#39;<a href="#time">time</a>&#39; and <a href="#maxTime">maxTime</a>, but MAXTIME</p>',
+            '&#39;<a href="#time">time</a>&#39; and <a href="#maxTime">maxTime</a>-, but MAXTIME</p>',
             '<strong>deprecated</strong>: Use <a href="#pace">pace</a> or <a href="#time_limit">t</a>.</p>',
             '<article class="option" id="time_limit">',
             '<p class="also find">deprecated synonym <code id="t">t</code> (so)</p>',
             "<code>maxint</code> (the largest integer, 2147483647)", "<code>0</code> or more", "<code>9</code> or less",
-            "any number", "<code>0</code> (no)", "Yes can be written as", '<dd class="find">Not pace</dd>',
+            "<code>minint</code> (the smallest integer, -2147483648)", "<code>maxdouble</code> (the largest number, 1E299)",
+            "<code>mindouble</code> (the smallest number, -1E299)", "any number", "any integer", "<code>0</code> (no)", "Yes can be written as", '<dd class="find">Not pace</dd>',
             '<section class="group" id="group-main"', '<li><a href="#tempo"><code>tempo</code></a> for pace</li>',
-            '"ready">symbol.rank <span>mindouble mindouble</span></code>', '"ready">maxTime <span>0</span></code>',
+            '"ready">symbol.rank <span>maxdouble maxdouble</span></code>', '"ready">maxTime <span>0</span></code>',
             '"ready">kind <span>&quot;a#b&quot;</span></code>', 'data-line="kind c"'),
         "markdown": ("# Orrery \\<1\\>\n\nMay \\& more\n",
                      "\n- [Main](#group-main)\n", '\n<a id="group-main"></a>\n\n## Main\n', "\n| [`pace`](#pace) | ",

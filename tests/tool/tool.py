@@ -126,13 +126,13 @@ for definition, options, warnings in (
     seen = [line[10:] for line in err.splitlines() if line.startswith("back.opt: ")]
     expect(f"what is not read back of {options!r}", seen, warnings)
 
-# A dot line may be longer than a line of a file can be. Only this one is then lost.
+# A dot line may be longer than a line of a file can be. Only such lines are then lost.
 write("new.def", ".rank integer 1 0 0 9 1 1\n")
 elements = ",".join(f"'{number:060}'" for number in range(20))
-runs(f"""wexcorin write new.def --set 'a.rank 1' --set "b.rank({elements}) 1" --set 'c.rank 1' /dev/null \\
-         -o new.opt""",
-     err=f"""new.opt: warning: dot line "b.rank({elements[:70]}..." is not read back as it was set: """
-         'Closing bracket ")" expected for .option "b"\n')
+runs(f"""wexcorin write new.def --set 'a.rank 1' --set "b.rank({elements}) 1" --set 'c.rank 1' \\
+         --set "d.rank({elements}) 1" /dev/null -o new.opt""",
+     err="".join(f"""new.opt: warning: dot line "{name}.rank({elements[:70]}..." is not read back as it was set: """
+                 f'Closing bracket ")" expected for .option "{name}"\n' for name in "bd"))
 
 # The definition may be a pipe. The output may be a pipe, too.
 write("new.def", "tol double 1 0 0 1 1 1 \r\r\n")

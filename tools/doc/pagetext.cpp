@@ -26,9 +26,9 @@ std::string_view firstword(std::string_view text) {
 }
 
 // Whether a word that is the name of an option cannot be one of plain English: it has an underscore, a digit
-// or a dot, begins with two hyphens, or has the name's own capital letters behind its first character.
+// or a dot, or the name's own capital letters behind its first character.
 bool lookslikename(std::string_view word, std::string_view name) {
-  return word.starts_with('.') || word.starts_with("--") || std::ranges::any_of(word.substr(1), [&](char c) {
+  return word.starts_with('.') || std::ranges::any_of(word.substr(1), [&](char c) {
            return c == '_' || c == '.' || isdigit(c) || (isletter(c) && c == upchar(c) && word == name);
          });
 }

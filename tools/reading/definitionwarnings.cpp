@@ -25,8 +25,9 @@ class tdefinitioncheck {
   tfindings& found() { return ffindings; }
 
  private:
-  // `field` is what is meant in the line; `other` is a line that has to do with it, 0 if there is none.
-  void warn(std::int32_t line, std::string_view rule, std::string text, std::string_view field = "name",
+  // `field` is what is meant in the line, the name if it is empty; `other` is a line that has to do with it, 0 if
+  // there is none.
+  void warn(std::int32_t line, std::string_view rule, std::string text, std::string_view field = {},
             std::int32_t other = 0) {
     tfinding finding = {{ffile, line}, tseverity::warning, rule, std::move(text)};
     finding.field = field;
@@ -132,7 +133,7 @@ void tdefinitioncheck::reachable(std::int32_t index, const std::set<std::int32_t
        "Option " + inquotes(option.getname()) + " cannot be set by its name" +
            (fdefinition.optlookup(option.name()) < 0 ? ", which the lookup mode does not find"
                                                      : ". " + holder.text),
-       "name", holder.line);
+       {}, holder.line);
 }
 
 void tdefinitioncheck::synonym(std::int32_t position) {
@@ -141,7 +142,7 @@ void tdefinitioncheck::synonym(std::int32_t position) {
   if (found == nullptr || found == fdefinition.synonymtarget(position)) return;
   const tholder holder = holderof(name, fdefinition, flines);
   warn(flines.ofsynonym(position), "name-not-found",
-       "Synonym " + inquotes(fdefinition.nounderscore(name)) + " is never used. " + holder.text, "name",
+       "Synonym " + inquotes(fdefinition.nounderscore(name)) + " is never used. " + holder.text, {},
        holder.line);
 }
 
