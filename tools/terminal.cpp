@@ -18,12 +18,12 @@ namespace {
 
 // The streams as they were before a pager.
 struct tstreams {
-  std::array<bool, 3> shown = {isatty(0) == 1, isatty(1) == 1, isatty(2) == 1};
+  bool output = isatty(STDOUT_FILENO) == 1, errors = isatty(STDERR_FILENO) == 1;
   std::size_t width = 0;
 
   tstreams() {
     winsize size{};
-    if (shown[1] && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0) width = size.ws_col;
+    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0) width = size.ws_col;
   }
 };
 
@@ -50,7 +50,7 @@ std::string pagercommand() {
 
 }  // namespace
 
-bool isshown(int descriptor) { return streams().shown.at(static_cast<std::size_t>(descriptor)); }
+bool isshown(int descriptor) { return descriptor == STDOUT_FILENO ? streams().output : streams().errors; }
 
 std::size_t terminalwidth() { return streams().width; }
 

@@ -21,8 +21,8 @@ const tdefinitionlines::toptionlines* tdefinitionlines::find(const tdefinition& 
     const auto position = static_cast<std::int32_t>(fmatching.size()) + 1;
     if (definition.getstrings(position) == foptions[fnext].name) fmatching.push_back(fnext);
   }
-  const auto known = static_cast<std::size_t>(index - 1);
-  return index >= 1 && known < fmatching.size() ? &foptions[fmatching[known]] : nullptr;
+  const auto known = static_cast<std::size_t>(index - 1);  // beyond all for the option that no line defines
+  return known < fmatching.size() ? &foptions[fmatching[known]] : nullptr;
 }
 
 std::int32_t tdefinitionlines::ofoption(const tdefinition& definition, std::int32_t index) {

@@ -15,7 +15,7 @@ namespace {
 
 using namespace optcore;
 
-constexpr std::size_t mostread = 64 * 1024;
+constexpr std::size_t mostread = 64 * 1024;  // as much as the first part of a file
 
 bool begins(const std::string& line) {
   const bool isname = !line.empty() && (isletter(line.front()) || line.front() == '.');
@@ -46,7 +46,7 @@ tlooks looksoflines(const std::vector<std::string>& lines) {
 }  // namespace
 
 std::vector<std::string> firstlines(const std::string& filename) {
-  return linesof(std::string(tregularfile(filename).next().substr(0, mostread)));
+  return linesof(std::string(tregularfile(filename).next()));
 }
 
 tlooks looksof(const std::string& filename) { return looksoflines(firstlines(filename)); }
