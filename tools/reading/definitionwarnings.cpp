@@ -25,8 +25,8 @@ class tdefinitioncheck {
   tfindings& found() { return ffindings; }
 
  private:
-  // `field` is what is meant in the line, the name if it is empty; `other` is a line that has to do with it, 0 if
-  // there is none.
+  // `field` is what is meant in the line, the name if it is empty; `other` is a line that has to do with it, 0
+  // if there is none.
   void warn(std::int32_t line, std::string_view rule, std::string text, std::string_view field = {},
             std::int32_t other = 0) {
     tfinding finding = {{ffile, line}, tseverity::warning, rule, std::move(text)};

@@ -39,8 +39,8 @@ struct tlinespans {
   bool eolonly = true;  // whether end-of-line mode is on behind this line
 };
 
-// The part of a line that is read: without a carriage return at its end, and of a long line the beginning. The line
-// has no line feed.
+// The part of a line that is read: without a carriage return at its end, and of a long line the beginning. The
+// line has no line feed.
 std::string_view readpart(std::string_view line);
 
 // `line` is the part that is read; `eolonly` says whether end-of-line mode is on when its reading begins. The
