@@ -27,7 +27,7 @@ expect("a row of several lines",
        6 * "ä" + "\n")
 # The last column is made as narrow as 20 columns before the widest one is made narrower, and none goes below 8.
 write("names.def", f'{30 * "n"} string 1 "{"xx" + 36 * ","}" 1 1\n')
-for width, rows in ((40, [18 * "n" + '  "x', 12 * "n" + "        x" + 19 * ",", 20 * " " + 17 * "," + '"']), 
+for width, rows in ((40, [18 * "n" + '  "x', 12 * "n" + "        x" + 19 * ",", 20 * " " + 17 * "," + '"']),
                     (10, ['nnnnnnnn  "x', "nnnnnnnn  x,,,,,,,", "nnnnnnnn  ,,,,,,,,", "nnnnnn    ,,,,,,,,",
                           "          ,,,,,,,,", '          ,,,,,"'])):
     expect(f"long words at {width} columns", on_terminal(
