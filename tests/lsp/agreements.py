@@ -274,7 +274,8 @@ client = Client(NOWHERE.name, initializationOptions={"definition": path("three.d
 client.open(alone, "unknown 1\n")
 expect("the definition of the settings", client.diagnostics(alone), [])
 client.notify("workspace/didChangeConfiguration", {"settings": {}})
-expect("without it", [each["code"] for each in client.diagnostics(alone)], ["no-definition"])
+expect("without it", [(each["code"], short(each["range"])) for each in client.diagnostics(alone)],
+       [("no-definition", "0:0-0:9")])
 client.open(alone, "* definition: " + path("one/solver.def") + "\nunknown 1\n")
 expect("a definition that the file names comes first", [each["code"] for each in client.diagnostics(alone)],
        ["unknown-option"])

@@ -126,6 +126,7 @@ for line, wanted in (
          [("written", "2:0-2:7"), ("read", "9:1-9:8"), ("read", "11:1-11:8"), ("read", "14:1-14:8")]),
         ("tim|lim syn", [("written", "5:0-5:6")]),
         ("100 1 2|", [("written", "1:0-1:6"), ("read", "4:36-4:37")]),
+        ("new synonym later\nlat|er strlist 1 1 1 A", [("written", "16:0-16:5")]),
         ("Message 1 |7", None),
         ("A |word", None)):
     expect(f"highlights of {line!r}", highlighted(line), wanted)
@@ -213,7 +214,7 @@ for text, wanted in (
         (PATH + "m multilist 1 1 1\n con_t|ol", "1:0-1:14"),
         (PATH + "d deprecated\n con_to|l use", "1:0-1:14"),
         (PATH + "x synonym co|", None),
-        ("conv_tolerance strlist 1 1 1 A\nx synonym con_t|ol", None),
+        ("path strlist 1 1 1 A\nconv_tolerance strlist 1 1 1 A\nx synonym con_t|ol", None),
         ("a strlist 1 1 1 A\na strlist 1 1 1 B\nx synonym a|", "0:0-0:1"),
         ("a strlist 1 1 1 A\nx synonym A|\na strlist 1 1 1 B", "0:0-0:1"),
         ("x synonym a|\na strlist 1 1 1 A", None),
@@ -297,10 +298,10 @@ for lines, wanted in (
         ("new strlist 1 1 2 New\n", []),
         ("new synonym time_limi\n", [('Change to "time_limit"', "15:12-15:21", "time_limit")]),
         ("new obsolete\n gap_tlo x\n", [('Change to "gap_tol"', "16:1-16:8", "gap_tol")]),
-        ("new strlist 1 1 -1 New\n", []),
+        ("new strlist 1 1 0 New\n", []),
         ("new xyz 1\n", [])):
     expect(f"actions for {lines!r}", actions(lines), wanted)
-LINES = "new strlist 1 1 9 New\nother intger 1 1 8 O\n"
+LINES = "new strlist 1 1 9 New\nother intger 1 1 8 O\nmore synonym gap_tlo\n"
 known = lambda line: {"range": {"start": {"line": line, "character": 0}, "end": {"line": line, "character": 3}}}
 
 
@@ -314,7 +315,8 @@ for what, arguments, wanted in (
         ("the second line", (16, 16), [('Change to "integer"', "16:6-16:12", "integer")]),
         ("a line before", (14, 14), []),
         ("all lines", (0, 99),
-         [('Change to "integer"', "16:6-16:12", "integer"),
+         [('Change to "gap_tol"', "17:13-17:20", "gap_tol"),
+          ('Change to "integer"', "16:6-16:12", "integer"),
           ("Add a line for the group 7", "1:23-1:23", "\ngroup7 group 7 1 Group 7"),
           GROUP9]),
         ("the diagnostics of the client", (15, 15, [15, 16]),

@@ -20,7 +20,7 @@ def findings(text, name="main.opt", client=client):
         expect("where a finding comes from", each.pop("source"), "wexcorin")
         error = {1: "! ", 2: ""}[each.pop("severity")]
         line = f'{error}{each.pop("range")} {each.pop("code")}: {each.pop("message")}'
-        for other in each.pop("relatedInformation", ()):
+        for other in each.pop("relatedInformation") if each.get("relatedInformation") else ():
             line += f' | {other["message"]}: {other["location"]["uri"]} {other["location"]["range"]}'
         result.append(line + (f" {each}" if each else ""))
     return result
@@ -43,13 +43,13 @@ for text, wanted in (
           "auto dual hidden old"]),
         ("old_time 3", ['0:0-0:8 deprecated: deprecated option "old_time"; use time_limit {\'tags\': [2]}']),
         ("cores 3", ['0:0-0:5 deprecated: deprecated synonym "cores"; use threads {\'tags\': [2]}']),
-        ("threads 2\nverbose yes\nthreads 3",
-         ['2:0-2:7 set-again: Option "threads" is set to 3, but was set to 2 at main.opt:1 | was set here: '
-          "main.opt 0:0-0:7"]),
+        ("eolonly off\nthreads 2\nname threads threads 3",
+         ['2:13-2:20 set-again: Option "threads" is set to 3, but was set to 2 at main.opt:2 | was set here: '
+          "main.opt 1:0-1:7"]),
         ("include none.opt",
          ['! 0:8-0:16 unusable-file: Cannot open parameter file "none.opt"\nError code = 2; No such file or '
           "directory"]),
-        ("quiet  more words ! x",
+        ("quiet  more words ! x ",
          ["! 0:7-0:21 option-file: Remainder of line ignored\nThe option takes no value; its name alone "
           "sets it"]),
         ("threads : 3",
@@ -62,10 +62,10 @@ for text, wanted in (
         ("gap_window 7 0.1",
          ['! 0:11-0:12 illegal-value: Double out of range for option "gap_window" saw "7"\nValid range is 0 '
           "to 1"]),
-        ("eolonly off\nthreads 3 time_limit 5000 verbose x",
+        ("eolonly off\nname 5000 time_limit 5000 time_limit 4 verbose x",
          ['! 1:21-1:25 illegal-value: Double out of range for option "time_limit" saw "5000"\nValid range '
           "is 0 to 1000",
-          '! 1:34-1:35 value: Boolean value expected for option "verbose" saw "x"\nThe words are 1, y, yes, '
+          '! 1:47-1:48 value: Boolean value expected for option "verbose" saw "x"\nThe words are 1, y, yes, '
           "on, t, true and 0, n, no, off, f, false"]),
         ("both dual", []),
         ("both x:no",
@@ -132,8 +132,8 @@ for lines, wanted in (
           '"x" is in its place; perhaps it or a field before it was left out. The fields are: name, '
           "integer, reference number, default, lowest value, highest value, help flag, group, text",
           '! 3:0-3:4 definition: Default not in range for option "size"']),
-        ("xintegr integr 6 1 1 9 1 1 Size\n",
-         ['! 3:8-3:14 definition: Unknown option type "integr" for option "xintegr"; did you mean "integer"?\n'
+        ("integr_xintegr integr 6 1 1 9 1 1 Size\n",
+         ['! 3:15-3:21 definition: Unknown option type "integr" for option "integr_xintegr"; did you mean "integer"?\n'
           "The fields are: name, integer, reference number, default, lowest value, highest value, help "
           "flag, group, text"]),
         ("size integer 6 1 9 1 1 1 Size\n", ['! 3:0-3:4 definition: Default not in range for option "size"']),
@@ -161,7 +161,7 @@ for lines, wanted in (
           '3:0-3:4 no-help: Help lists option "size", but it has no help text']),
         ("all macro 1 1 All\n",
          ['3:0-3:3 no-members: Option "all" has no members, so it sets nothing {\'tags\': [1]}']),
-        ("list multilist 5 1 1 L\n threads thread x\n",
+        ("list multilist 5 1 1 L\n threads thread x \n",
          ['! 4:1-4:17 definition: MultiList option "thread" is undefined for option "list"; did you mean '
           '"threads"?',
           '! 4:1-4:17 definition: MultiList option "x" is undefined for option "list"',

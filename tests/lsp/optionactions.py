@@ -56,8 +56,9 @@ for text, wanted in (
         ("eolonly off\nquiet blabla |4",
          [("Make the rest of the line a comment", "1:6-1:6", "! ", "unknown-option 1:6-1:12")]),
         ("eolonly off\nblabla 4 |quiet", []),
-        ("x.prio|r2 4", [('! Replace ".prior2" by ".prior"', "0:1-0:8", ".prior", "unknown-option 0:1-0:8")]),
+        ("x.prior2('a')| 4", [('! Replace ".prior2" by ".prior"', "0:1-0:8", ".prior", "unknown-option 0:1-0:8")]),
         ("gap_window 0.1 0.2\ngap_window |0.3", []),
+        ("all 5\ntime_limit |6", []),
         ("threads |4", []),
         ("threads 1\nthreads 2\nthreads |3",
          [("! Remove line 2, which is overridden", "1:0-2:0", "", "set-again 2:0-2:7")]),
@@ -74,6 +75,9 @@ for text, wanted in (
         ("|threads 1\nthreads 2|",
          [("! Remove line 1, which is overridden", "0:0-1:0", "", "set-again 1:0-1:7")]),
         ("threads : |3", []),
+        ("time-limit| x",
+         [('Replace "time-limit" by "time_limit"', "0:0-0:10", "time_limit", "bad-separator 0:0-0:4"),
+          ("Make the line a comment", "0:0-0:0", "* ", "bad-separator 0:0-0:4")]),
         ("quiet  more|", []),
         ("verbose| maybe", []),
         ("level |3", []),
@@ -154,12 +158,20 @@ for only, wanted in ((["quickfix"], 2), (["refactor"], 0), ([], 2), ([""], 2), (
 plain = Client(folder)
 expect("actions of a client that takes none", actions("tiem_limit| 5", plain), [])
 plain.quit()
-write("bare.def", TEXT.replace("comment eolcomm !\n", ""))
+write("bare.def", TEXT.replace("comment eolcomm !\n", "").replace("use time_limit", "time_limit is better"))
 bare = lambda text: actions("* definition: bare.def\n" + text)
 for text, wanted in (
         ("eolonly off\nquiet blabla |4", []),
+        ("old_time |4", [('! Replace "old_time" by "time_limit"', "1:0-1:8", "time_limit", "deprecated 1:0-1:8")]),
         ("blabla |4", [("Make the line a comment", "1:0-1:0", "* ", "unknown-option 1:0-1:6")])):
     expect(f"actions for {text!r} without comments at the ends of lines", bare(text), wanted)
+write("minos.def", "Minos lookup\nmajor_print_level integer 1 1 0 9 1 1 Level\nold_level integer 2 1 0 9 1 1 Old\n"
+      "mpl synonym major_print_level\ngeneral group 1 1 G\nd deprecated\n mpl x\n old_level mpl\n")
+minos = lambda text: actions("* definition: minos.def\n" + text)
+for text, wanted in (
+        ("mpl |3", [('! Replace "mpl" by "major print level"', "1:0-1:3", "major print level", "deprecated 1:0-1:3")]),
+        ("old level |3", [])):
+    expect(f"actions for {text!r} in lookup mode Minos", minos(text), wanted)
 client.quit()
 
 # ---- the edit of a client that takes versions

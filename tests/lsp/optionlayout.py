@@ -32,7 +32,7 @@ for text, wanted in (
         ('threads = 4 ! "x', []),
         ('name  "a  b"  c', [("0:5-0:6", "")]),
         ("name  a  b ! c\nthreads 1 ! d", [("0:6-0:10", "  a  b "), ("1:10-1:10", "    ")]),
-        ("method ! x\nthreads 3", [("0:7-0:7", " ")]),
+        ("method ! x\nthreads 3 ! y\nquiet", [("0:7-0:7", "    "), ("1:10-1:10", " ")]),
         ("indic  a  b", []),
         ("name ä😀  ! x\ntitle y ! z", [("0:5-0:5", " "), ("1:8-1:8", "  ")]),
         ("gap_window  1   2", [("0:11-0:12", "")]),

@@ -74,7 +74,7 @@ for text, wanted in (
         ("se_l|", ["incomplete"]),
         ("gap_w|", ["incomplete", "0:0-0:5", "gap_window [10] number, two values, default 0: Two gaps #5"]),
         ("g_w|", ["incomplete", "0:0-0:3", "gap_window [10] number, two values, default 0: Two gaps #5"]),
-        ("g_w_x|", ["incomplete"]),
+        ("g_w_w|", ["incomplete"]),
         ("_wi|", []),
         ("i|",
          ["incomplete", "0:0-0:1", "include [10] acts when it is read: Another file #18",
@@ -84,9 +84,10 @@ for text, wanted in (
           "time_limit [10] number, default 60: Seconds to run #1",
           "old_time [10] number, default 60: Former limit #9 tags=[1]"]),
         ("* ti|", []),
-        ("method dual ! ti|", []),
+        ("eolonly off\nmethod dual ! ti|", []),
         ("--ti|", []),
-        ("- |", []),
+        ("- -|", []),
+        ("=|", []),
         ("ä 3|", []),
         ("old_time |", ["0:9-0:9", "60 [12] default", "0 [12] lowest", "1000 [12] highest"]),
         ("meth|od 3", ["incomplete", "0:0-0:6", "method [10] choice, default auto: Algorithm #2"]),
@@ -105,8 +106,8 @@ for text, wanted in (
         ("x.|",
          ["incomplete", "0:2-0:2", "prior [10] number, default 0: Priority #12",
           "prefix [10] number, default 0: Prefix #13"]),
-        ("x.pr|",
-         ["incomplete", "0:2-0:4", "prefix [10] number, default 0: Prefix #13",
+        ("x.p|",
+         ["incomplete", "0:2-0:3", "prefix [10] number, default 0: Prefix #13",
           "prior [10] number, default 0: Priority #12"]),
         ("x.prioor|", ["incomplete", "0:2-0:8", "prior [10] number, default 0: Priority #12 filterText=prioor"]),
         ("x.pr|x 3",
@@ -129,7 +130,7 @@ METHOD = ["auto [12] The solver chooses (default)", "dual [12] Dual simplex", "o
 QUOTED = ['"auto" [12] The solver chooses (default)', '"dual" [12] Dual simplex', '"old" [12] -']
 for text, wanted in (
         ("method |", ["0:7-0:7", *METHOD]),
-        ("method=d|", ["0:7-0:8", *METHOD]),
+        ('method=d| ! "x"', ["0:7-0:8", *METHOD]),
         ("method dual |", []),
         ("verbose |", ["0:8-0:8", "yes [12] -", "no [12] default"]),
         ("all |", ["0:4-0:4", "60 [12] default", "0 [12] lowest", "1000 [12] highest"]),
@@ -162,13 +163,15 @@ for text, wanted in (
         ("method x|y,z", ["0:7-0:9", *METHOD]),
         ("method x|y:z", ["0:7-0:9", *METHOD]),
         ('method "au|', ["0:7-0:10", *QUOTED]),
-        ('method "au|to" ! x', ["0:7-0:13", *QUOTED]),
-        ('method "auto"|', ["0:7-0:13", *QUOTED]),
+        ('method "au|to, b" ! x', ["0:7-0:16", *QUOTED]),
+        ('method "auto"| ! "x', ["0:7-0:13", *QUOTED]),
         ('both "du|al":no', ["0:5-0:11", *QUOTED]),
         ("threads=|", ["0:8-0:8", "0 [12] default, lowest", "64 [12] highest"]),
         ("time_limit 1.|5e-5 ! x", ["0:11-0:17", "60 [12] default", "0 [12] lowest", "1000 [12] highest"]),
         ("cores |", ["0:6-0:6", "0 [12] default, lowest", "64 [12] highest"]),
-        ("free |", [])):
+        ("free |", []),
+        ("method" + " " * 1014 + "|", ["0:1020-0:1020", *METHOD]),  # as much as is read of a line
+        ("method" + " " * 1015 + "|", [])):
     expect(f"values for {text!r}", completed(text), wanted)
 for text, wanted in (
         ("eolonly off\nquiet met|", ["incomplete", "1:6-1:9", "method [10] choice, default auto: Algorithm #2"]),
@@ -309,19 +312,22 @@ conv_tolerance double 1 0.1 0 1 1 1 Tolerance
 con_tol_all integer 2 1 1 9 1 1 Other
 order_of_steps integer 3 1 1 9 1 1 Never found, because of its word of two characters
 con_tolerant integer 4 1 1 9 1 1 Found as the first option
+.prior integer 5 1 1 9 1 1 Priority
+.early synonym .prior
 g group 1 1 G
 """)
 TOLERANCE, ALL = "conv_tolerance [10] number, default 0.1: Tolerance #1", "con_tol_all [10] integer, default 1: Other #2"
 for text, wanted in (
         ("|", ["incomplete", "1:0-1:0", TOLERANCE, ALL]),
         ("con_tol|", ["incomplete", "1:0-1:7", ALL, TOLERANCE]),
+        ("x.|", ["incomplete", "1:2-1:2", "prior [10] integer, default 1: Priority #5"]),
         ("convergence_tol|", ["incomplete", "1:0-1:15", TOLERANCE + " filterText=convergence_tol"]),
         ("con_tol |", ["1:8-1:8", "0.1 [12] default", "0 [12] lowest", "1 [12] highest"])):
     expect(f"names in lookup mode Path for {text!r}", completed("* definition: path.def\n" + text), wanted)
 
 # ---- very many names: the best ones come first
 
-write("many.def", "".join(f"name_{number:03} integer 1 1 1 9 1 1 x\n" for number in range(201)) + "g group 1 1 G\n")
+write("many.def", "".join(f"name_{number:03} integer 1 1 1 9 1 1 x\n" for number in range(200)) + "nams string 1 a 1 1\ng group 1 1 G\n")
 
 
 # How many names there are, and the first one.
@@ -332,7 +338,7 @@ def counted(text):
 
 for text, wanted in (
         ("|", (200, True, "name_000")),
-        ("name_|", (200, True, "name_000")),
+        ("name_|", (200, False, "name_000")),
         ("name_0|", (100, False, "name_000")),
         ("name_00|", (10, False, "name_000")),
         ("name_000|", (1, True, "name_000")),

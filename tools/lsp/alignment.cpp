@@ -65,7 +65,7 @@ class tlayout {
     if (spans.statements.size() != 1) return false;
     const tstatementspans& setting = spans.statements.front();
     const bool isplain = setting.kind == tstatementkind::setting || setting.kind == tstatementkind::immediate;
-    if (!isplain || setting.whole.begin != setting.name.begin) return false;
+    if (!isplain) return false;
     const bool hasvalue = !setting.value.empty();
     const std::size_t end = std::max({setting.name.end, setting.value.end, setting.second.end});
     tcells cells = {.position = fresult.size() - 1, .name = setting.name.of(line.text)};
@@ -133,7 +133,6 @@ class tlayout {
     if (line.text.starts_with('*')) return text.starts_with('*');
     if (!iswhole(line) || text.size() > tlinereader::maxline) return false;
     if (trimmed(line.text).empty()) return text.empty();
-    if (text.starts_with('*')) return false;
     const tlinespans before = spansof(fdefinition, line.text, line.eolonly);
     const tlinespans after = spansof(fdefinition, text, line.eolonly);
     const auto same = [&](const tstatementspans& a, const tstatementspans& b) {

@@ -44,4 +44,7 @@ tcandidates valuesfor(const optcore::tvksoptions& store, const ttyped& typed);
 // The names of files that an option file can include, from the folder of the process.
 tcandidates filesfor(const ttyped& typed);
 
+// By which a client sorts the item at this place of a list.
+inline std::string sorttext(std::size_t position) { return std::to_string(100'000 + position).substr(1); }
+
 }  // namespace tool::lsp

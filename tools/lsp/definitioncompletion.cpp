@@ -3,6 +3,7 @@
 #include <set>
 
 #include "options/codes.h"
+#include "tools/lsp/candidates.h"
 #include "tools/lsp/features.h"
 #include "tools/lsp/newentry.h"
 #include "tools/lsp/symbolkinds.h"
@@ -77,11 +78,8 @@ class tcompletion {
 
   json& add(const std::string& label, int kind, const std::string& detail, tspan replaced,
             const std::string& text) {
-    json item = {{"label", printable(label)}, {"kind", kind}};
+    json item = {{"label", label}, {"kind", kind}, {"sortText", sorttext(fitems.size())}};
     if (!detail.empty()) item["detail"] = printable(detail);
-    if (item["label"] != label) item["filterText"] = label;
-    std::string number = std::to_string(fitems.size());
-    item["sortText"] = std::string(5 - std::min<std::size_t>(number.size(), 5), '0') + number;
     item["textEdit"] = {{"range", rangejson(*fdocument.text(), fline.intext(replaced), fclient.encoding)},
                         {"newText", text}};
     fitems.push_back(std::move(item));

@@ -121,7 +121,6 @@ tanswer definitionformatting(const trequest& request) {
     if (line.text.empty()) entries.close(edits);
     if (std::optional<trow> row = rowof(line))
       (line.parts.kind == tspankind::entry ? entries : below).add(*row);
-    return true;
   });
   below.close(edits);
   entries.close(edits);

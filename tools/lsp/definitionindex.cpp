@@ -11,14 +11,14 @@ namespace tool::lsp {
 
 using namespace optcore;
 
-void walkdefinition(const ttext& text, const std::function<bool(const tdefinitionline&)>& each) {
+void walkdefinition(const ttext& text, const std::function<void(const tdefinitionline&)>& each) {
   tdefinitionwalk walk;
   tdefinitionline line;
   for (line.number = 1; line.number <= text.linecount(); ++line.number) {
     line.span = text.line(line.number);
     line.text = readpart(text.part(line.span));
     line.parts = walk.next(line.text);
-    if (!each(line)) return;
+    each(line);
   }
 }
 
@@ -49,10 +49,7 @@ bool issamename(tlookupmode mode, std::string_view a, std::string_view b) {
 }
 
 tdefinitionindex::tdefinitionindex(const ttext& text) {
-  walkdefinition(text, [this](const tdefinitionline& line) {
-    add(line);
-    return true;
-  });
+  walkdefinition(text, [this](const tdefinitionline& line) { add(line); });
 }
 
 void tdefinitionindex::add(const tdefinitionline& line) {

@@ -28,7 +28,7 @@ struct tdefinitionline {
 };
 
 // Goes through the lines until `each` returns false.
-void walkdefinition(const ttext& text, const std::function<bool(const tdefinitionline&)>& each);
+void walkdefinition(const ttext& text, const std::function<void(const tdefinitionline&)>& each);
 // The line that has this place. Found from the lines next to it, so it is quick in a long text.
 tdefinitionline definitionlineat(const ttext& text, std::size_t offset);
 

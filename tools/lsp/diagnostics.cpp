@@ -47,12 +47,11 @@ tspan findword(std::string_view line, std::string_view word, std::size_t from) {
 
 // The part of a definition's line that is meant; empty if that is not known.
 tspan meantindefinition(const tfinding& finding, std::string_view line) {
-  const bool begins = !line.empty() && line.front() != ' ';
-  if (begins && !finding.field.empty())
-    for (const tfieldpart& part : partsof(line))
-      if (part.name == finding.field && !part.span.empty()) return part.span;
+  const std::vector<tfieldpart> parts = partsof(line);
+  for (const tfieldpart& part : parts)
+    if (part.name == finding.field && !part.span.empty()) return part.span;
   if (const tspan value = findword(line, finding.value, 0); !value.empty()) return value;
-  return begins ? partsof(line).front().span : findword(line, finding.name, 0);
+  return parts.front().span;  // the name; empty in a line that continues an entry
 }
 
 // What a line in end-of-line mode has behind the statement, and is not read.
@@ -122,7 +121,6 @@ const std::string& tconversion::keyoffile(const std::string& name) {
 }
 
 std::shared_ptr<const ttext> tconversion::textof(const std::string& key) const {
-  if (key == fdocument.key()) return fsnapshot.text;
   const auto found = fsnapshot.texts.find(key);
   return found == fsnapshot.texts.end() ? nullptr : found->second;
 }

@@ -64,7 +64,7 @@ class tnamechoice {
         if (result.all.size() < mostnames) result.all.push_back(candidate(*name));
     }
     const bool isfew = count < fewnames;
-    result.iscomplete = count <= mostnames && !(isfew && fkey.size() < shortestnear);
+    result.iscomplete = !isfew && count <= mostnames;
     addkeyword(result);
     if (isfew && fkey.size() >= shortestnear) addnear(result);
     return result;
@@ -118,7 +118,6 @@ class tnamechoice {
 
   // First what the text finds as a short form of a name.
   void addnear(tcandidates& result) const {
-    result.iscomplete = false;
     addnear(result, fdotted ? "." + ftyped : ftyped);
     for (const std::string& name : fstate.namesnear(ftyped, fdotted)) addnear(result, name);
   }

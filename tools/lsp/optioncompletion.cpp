@@ -1,5 +1,4 @@
 // Offers names, values and files.
-#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -11,11 +10,6 @@
 namespace tool::lsp {
 
 namespace {
-
-std::string fivedigits(std::size_t number) {
-  const std::string result = std::to_string(number);
-  return std::string(5 - std::min<std::size_t>(result.size(), 5), '0') + result;
-}
 
 tcandidates candidatesfor(const tdocument& document, const toptionline& line, const ttyped& typed) {
   const tdefinitionstate& definition = *document.snapshot()->definition;
@@ -41,7 +35,7 @@ json itemof(const tcandidate& candidate, std::size_t position, const json& range
   const int kind = client.completionkind(static_cast<int>(candidate.kind), static_cast<int>(otherwise));
   json result = {{"label", printable(candidate.text)},
                  {"kind", kind},
-                 {"sortText", fivedigits(position)},
+                 {"sortText", sorttext(position)},
                  {"textEdit", {{"range", range}, {"newText", candidate.text}}}};
   if (!candidate.detail.empty()) result["detail"] = printable(candidate.detail);
   if (result["label"] != candidate.text) result["filterText"] = candidate.text;

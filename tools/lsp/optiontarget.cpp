@@ -37,8 +37,10 @@ json valuetarget(const tworkspace& workspace, const tdefinitionstate& definition
 // A relative path counts from the folder of the process. The file may be one that is not saved yet.
 json filetarget(const tworkspace& workspace, std::string_view typed) {
   std::string name(typed);
-  if (name.starts_with('"'))
-    name = name.substr(1, name.size() - (name.ends_with('"') && name.size() > 1 ? 2 : 1));
+  if (name.starts_with('"')) {
+    name.erase(0, 1);
+    if (name.ends_with('"')) name.pop_back();
+  }
   if (name.empty()) return {};
   const std::string key = keyof(name);
   std::error_code problem;

@@ -24,8 +24,6 @@ class tlookup {
     const tstatementspans& last = fparts.statements.back();
     if (last.kind == tstatementspans::tkind::list) return {};
     if (last.kind == tstatementspans::tkind::dotline) return indotline(last);
-    const bool issign = ftext.size() == last.whole.begin + 1 && (ftext.back() == '-' || ftext.back() == '/');
-    if (last.name.empty()) return issign ? name(ftext.size()) : ttyped{};
     if (isinname(last)) return name(last.name.begin);
     return last.option == nullptr ? ttyped{} : invalue(last);
   }

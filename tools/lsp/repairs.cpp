@@ -81,7 +81,7 @@ std::vector<tspan> trepairs::namespans(std::size_t begin) const {
   result.push_back({begin, end});
   while (result.size() < most && end < fline.text.size() && fline.text[end] != '=') {
     end = fline.text.find_first_not_of(" \t", end);
-    if (end == std::string_view::npos || fline.text[end] == '=') break;
+    if (end == std::string_view::npos) break;
     end = std::min(fline.text.find_first_of(" \t=,", end), fline.text.size());
     result.push_back({begin, end});
   }
@@ -98,14 +98,9 @@ bool trepairs::findsoption(tspan span, std::string_view text) const {
 }
 
 std::optional<tspan> trepairs::valuespan() const {
-  if (ffinding.value.empty()) return std::nullopt;
-  if (fstatement != nullptr)
-    for (const tspan each : {fstatement->value, fstatement->second})
-      if (each.of(fline.text) == ffinding.value) return each;
-  const std::size_t from = fstatement == nullptr ? 0 : fstatement->name.end;
-  const std::size_t at = fline.text.find(ffinding.value, from);
-  if (at == std::string_view::npos) return std::nullopt;
-  return tspan{at, at + ffinding.value.size()};
+  if (fstatement == nullptr || ffinding.value.empty()) return std::nullopt;
+  const std::size_t at = fline.text.find(ffinding.value, fstatement->name.end);
+  return at == std::string_view::npos ? std::nullopt : std::optional(tspan{at, at + ffinding.value.size()});
 }
 
 // The first change that is read without a message, or else the first that at least finds an option.
@@ -202,9 +197,8 @@ std::vector<trepair> repairsof(const tfinding& finding, const toptionline& line,
   if (finding.rule == "deprecated") repairs.newname();
   if (finding.rule == "unknown-option" || finding.rule == "bad-separator") repairs.comment();
   std::vector<trepair> result = repairs.take();
-  if (finding.rule == "set-again")
-    for (const toptionline& each : related)
-      if (auto repair = removal(each, line, text)) result.push_back(std::move(*repair));
+  for (const toptionline& each : related)
+    if (auto repair = removal(each, line, text)) result.push_back(std::move(*repair));
   return result;
 }
 

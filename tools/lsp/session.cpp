@@ -38,10 +38,8 @@ void tsession::handle(tarrival arrival) {
 
 // Requests that wait for an analysis are answered from what there is.
 void tsession::handleend() {
-  if (std::exchange(fisending, true)) {
-    fstate = tstate::ended;
-    return;
-  }
+  if (fisending) fstate = tstate::ended;
+  fisending = true;
   if (fserving.finishes) finish();
   finbox.unpark();
   finbox.end();

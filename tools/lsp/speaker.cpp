@@ -23,9 +23,8 @@ ssize_t writepiece(int descriptor, std::string_view piece) {
 
 }  // namespace
 
-bool tspeaker::say(std::string_view message) {
+void tspeaker::say(std::string_view message) {
   if (!fbroken) fbroken = !write(framed(message));
-  return !fbroken;
 }
 
 // Waits until a piece can be written. Returns false if the client is gone.

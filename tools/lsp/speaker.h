@@ -10,8 +10,8 @@ class tspeaker {
   // `gone` is a descriptor that becomes ready when nobody reads any more.
   tspeaker(int descriptor, int gone) : fdescriptor(descriptor), fgone(gone) {}
 
-  // Returns false if the message cannot be written, now and from now on.
-  bool say(std::string_view message);
+  void say(std::string_view message);
+  // Whether a message could not be written: then none can be.
   bool isbroken() const { return fbroken; }
 
  private:
