@@ -214,7 +214,7 @@ for text, wanted in (
         (PATH + "m multilist 1 1 1\n con_t|ol", "1:0-1:14"),
         (PATH + "d deprecated\n con_to|l use", "1:0-1:14"),
         (PATH + "x synonym co|", None),
-        ("path strlist 1 1 1 A\nconv_tolerance strlist 1 1 1 A\nx synonym con_t|ol", None),
+        ("Path lookup\nnormal lookup\npath strlist 1 1 1 A\nconv_tolerance strlist 1 1 1 A\nx synonym con_t|ol", None),
         ("a strlist 1 1 1 A\na strlist 1 1 1 B\nx synonym a|", "0:0-0:1"),
         ("a strlist 1 1 1 A\nx synonym A|\na strlist 1 1 1 B", "0:0-0:1"),
         ("x synonym a|\na strlist 1 1 1 A", None),
@@ -299,7 +299,7 @@ for lines, wanted in (
         ("new synonym time_limi\n", [('Change to "time_limit"', "15:12-15:21", "time_limit")]),
         ("new obsolete\n gap_tlo x\n", [('Change to "gap_tol"', "16:1-16:8", "gap_tol")]),
         ("new strlist 1 1 0 New\n", []),
-        ("new xyz 1\n", [])):
+        ("new xyz 1\nother\n", [])):
     expect(f"actions for {lines!r}", actions(lines), wanted)
 LINES = "new strlist 1 1 9 New\nother intger 1 1 8 O\nmore synonym gap_tlo\n"
 known = lambda line: {"range": {"start": {"line": line, "character": 0}, "end": {"line": line, "character": 3}}}

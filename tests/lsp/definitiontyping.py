@@ -123,7 +123,7 @@ for line, wanted in (
         ("new deprecated\n lim|", ["16:1-16:4", "time_limit [18] integer: Time #2", "timlim [18] synonym #2"]),
         ("new obsolete\n time_limit ti|", []),
         ("new deprecated\n qqqqqq|", ["incomplete"]),
-        (" gap_tol| time_limit", ["9:1-9:8", "gap_tol [18] double: Gap #1"]),
+        (" gap_tol time_|limit", ["9:9-9:19", "time_limit [18] integer: Time #2"]),
         ("a| integer", []),
         ("a| ", "new lines"),
         ("|* x", []),
@@ -235,7 +235,7 @@ for line, wanted in (
           ("<text>", "The characters, one after the other without blanks.")]),
         ("* c|", None),
         ("x lookup |", LOOKUP),
-        ("later enumint 1 2 1 1\n |", VALUE),
+        ("later enumint 1 2 1 1\n* c\n |", VALUE),
         ("a lookup|", LOOKUP),
         ("new multilist 1 1 1\n |", ["<option>", ("<option>", "The name of an option that stands above.")])):
     expect(f"the fields in {line!r}", fields(line), wanted)

@@ -62,10 +62,10 @@ for text, wanted in (
         ("gap_window 7 0.1",
          ['! 0:11-0:12 illegal-value: Double out of range for option "gap_window" saw "7"\nValid range is 0 '
           "to 1"]),
-        ("eolonly off\nname 5000 time_limit 5000 time_limit 4 verbose x",
-         ['! 1:21-1:25 illegal-value: Double out of range for option "time_limit" saw "5000"\nValid range '
+        ("eolonly off\nname 5000 time_limit 4 time_limit 5000 time_limit 4 verbose x",
+         ['! 1:34-1:38 illegal-value: Double out of range for option "time_limit" saw "5000"\nValid range '
           "is 0 to 1000",
-          '! 1:47-1:48 value: Boolean value expected for option "verbose" saw "x"\nThe words are 1, y, yes, '
+          '! 1:60-1:61 value: Boolean value expected for option "verbose" saw "x"\nThe words are 1, y, yes, '
           "on, t, true and 0, n, no, off, f, false"]),
         ("both dual", []),
         ("both x:no",

@@ -89,7 +89,6 @@ class tlayout {
       signs = std::max(signs, each.sign.size());
     }
     std::vector<std::string> texts;
-    texts.reserve(fgroup.size());
     for (const tcells& each : fgroup) {
       texts.push_back(settingtext(each, names, signs));
       if (!each.comment.empty()) settings = std::max(settings, columns(utf8(texts.back())));
@@ -118,10 +117,7 @@ class tlayout {
   void trim(const tlaidline& line, const tlinespans& spans) {
     const bool isknown = std::ranges::none_of(
         spans.statements, [](const tstatementspans& each) { return each.kind == tstatementkind::unknown; });
-    if (!isread(line))
-      replace(fresult.size() - 1, std::string(trimmedright(line.text)));
-    else
-      replace(fresult.size() - 1, std::string(isknown ? trimmed(line.text) : trimmedright(line.text)));
+    replace(fresult.size() - 1, std::string(isknown ? trimmed(line.text) : trimmedright(line.text)));
   }
 
   void replace(std::size_t position, std::string text) {
@@ -132,7 +128,6 @@ class tlayout {
   bool means(const tlaidline& line, std::string_view text) const {
     if (line.text.starts_with('*')) return text.starts_with('*');
     if (!iswhole(line) || text.size() > tlinereader::maxline) return false;
-    if (trimmed(line.text).empty()) return text.empty();
     const tlinespans before = spansof(fdefinition, line.text, line.eolonly);
     const tlinespans after = spansof(fdefinition, text, line.eolonly);
     const auto same = [&](const tstatementspans& a, const tstatementspans& b) {

@@ -70,7 +70,7 @@ class tdefinitionactions {
   void mendtype(std::int32_t number) {
     const tdefinitionline line = definitionlineat(*fdocument.text(), fdocument.text()->line(number).begin);
     const tdefinitionspans& parts = line.parts;
-    if (parts.kind != tdefinitionspans::tkind::entry || !parts.keyword.empty() || parts.type.empty()) return;
+    if (!parts.keyword.empty() || parts.type.empty()) return;
     for (const std::string& each : typeslike(parts.type.of(line.text)))
       replace(number, line.intext(parts.type), each);
   }

@@ -32,7 +32,6 @@ bool hasbeginnings(std::string_view name, std::string_view typed) {
     }
     typed.remove_prefix(std::min(word.size() + 1, typed.size()));
     name.remove_prefix(std::min(name.find('_'), name.size() - 1) + 1);
-    if (name.empty()) return typed.empty();
   }
   return true;
 }
