@@ -114,6 +114,11 @@ expect("changes one after the other: the findings of the last one",
        [short(each["range"]) for each in client.diagnostics(MAIN)], ["0:8-0:13"])
 versions = [each["params"]["version"] for each in client.notes[seen:] if each["params"]["uri"] == uri(MAIN)]
 expect("and only these", versions, [client.versions[MAIN]])
+late = path("late.opt")
+with client.together():
+    client.open(late, "threads 1\n")
+    client.change(late, "threads none\n")
+expect("a text that changes while it is analysed: only the findings of the new one", codes("late.opt"), ["value"])
 expect("the exit code", client.quit(), 0)
 
 finish()

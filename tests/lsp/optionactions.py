@@ -124,6 +124,7 @@ for text, changes, wanted in (
         ("x\n|tiem_limit 5", [(0, 0, 0, 0, "* new\n"), (1, 0, 2, 0, "")],
          [('! Replace "tiem_limit" by "time_limit"', "1:0-1:10", "time_limit", "unknown-option 1:0-1:10"),
           ("Make the line a comment", "1:0-1:0", "* ", "unknown-option 1:0-1:10")]),
+        ("threads 1\n|threads 2", [(0, 0, 1, 0, "")], []),
         ("* old\n|metod dual", [(0, 0, 1, 0, "")],
          [('! Replace "metod" by "method"', "0:0-0:5", "method", "unknown-option 1:0-1:5"),
           ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 1:0-1:5")]),
@@ -135,6 +136,14 @@ for text, changes, wanted in (
          [('! Replace "metod" by "method"', "2:0-2:5", "method", "unknown-option 2:0-2:5"),
           ("Make the line a comment", "2:0-2:0", "* ", "unknown-option 2:0-2:5")])):
     expect(f"actions for {text!r} after the changes {changes}", changed(text, changes), wanted)
+
+file = path("late.opt")
+client.open(file, "blabla 4\n" + "* long\n" * 50000)  # its analysis is not done when the change comes
+place = {"line": 1, "character": 0}
+answer = client.at("codeAction", file, 0, 0, [(0, 0, 0, 0, "\n")], range={"start": place, "end": place}, context={})
+expect("actions for a text that changes before its first analysis is done", [
+    short(each["edit"]["changes"][uri(file)][0]["range"]) for each in answer], ["1:0-1:0"])
+client.close(file)
 
 # ---- what the client has: findings, and kinds of actions
 

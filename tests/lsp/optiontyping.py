@@ -232,11 +232,12 @@ expect("the kind of a folder for a client that knows it", completed("include pa|
        ["0:8-0:10", "minos.def [17] -", "parts/ [19] -", "solver.def [17] -", "wexcorin.json [17] -"])
 
 expect("and the kind of a value", completed("verbose |", kinds), ["0:8-0:8", "yes [20] -", "no [20] default"])
-for number in range(1000):
+for number in range(1001):
     write(f"parts/deep/{number}.opt", "")
 answer = asked(client, "completion", "include parts/deep/|")
 expect("very many files", (len(answer["items"]), answer["isIncomplete"]), (1000, True))
-os.unlink(path("parts/deep/0.opt"))
+for number in (0, 1):
+    os.unlink(path(f"parts/deep/{number}.opt"))
 answer = asked(client, "completion", "include parts/deep/|")
 expect("not quite so many", (len(answer["items"]), answer["isIncomplete"]), (999, False))
 
@@ -315,11 +316,15 @@ order_of_steps integer 3 1 1 9 1 1 Never found, because of its word of two chara
 con_tolerant integer 4 1 1 9 1 1 Found as the first option
 .prior integer 5 1 1 9 1 1 Priority
 .early synonym .prior
+tolerant macro 1 1 Of an option that another one hides
+ con_tolerant
 g group 1 1 G
 """)
 TOLERANCE, ALL = "conv_tolerance [10] number, default 0.1: Tolerance #1", "con_tol_all [10] integer, default 1: Other #2"
 for text, wanted in (
-        ("|", ["incomplete", "1:0-1:0", TOLERANCE, ALL]),
+        ("|", ["incomplete", "1:0-1:0", TOLERANCE, ALL,
+               "tolerant [10] sets several options: Of an option that another one hides #6"]),
+        ("tolerant |", ["1:9-1:9", "1 [12] default, lowest", "9 [12] highest"]),
         ("con_tol|", ["incomplete", "1:0-1:7", ALL, TOLERANCE]),
         ("x.|", ["incomplete", "1:2-1:2", "prior [10] integer, default 1: Priority #5"]),
         ("convergence_tol|", ["incomplete", "1:0-1:15", TOLERANCE + " filterText=convergence_tol"]),

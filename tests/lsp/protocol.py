@@ -50,11 +50,16 @@ refreshed = lambda: [each["method"] for each in client.asked].count("workspace/i
 expect("other settings leave the hints", refreshed(), 0)
 client.settings = {"inlayHints": True}
 client.notify("workspace/didChangeConfiguration", {"settings": None})
-client.until(lambda each: each.get("method") == "workspace/inlayHint/refresh")
+refresh = lambda: client.until(lambda each: each.get("method") == "workspace/inlayHint/refresh")
+refresh()  # for the setting
+refresh()  # for the definition, which is read again
 write("solver.def", DEFINITION.replace("integer 1 1", "integer 1 2"))
 client.notify("workspace/didChangeWatchedFiles", {"changes": [{"uri": uri(path("solver.def")), "type": 2}]})
-client.until(lambda each: each.get("method") == "workspace/inlayHint/refresh")
-expect("the client shows hints again: for the setting, and for another default", refreshed(), 2)
+refresh()
+client.settings = {}
+client.notify("workspace/didChangeConfiguration", {"settings": None})
+refresh()
+expect("the client shows hints again: for each setting, and for another default", refreshed(), 4)
 write("part.inc", "threads 3\n")
 client.change(main, "read part.inc\n")
 client.diagnostics(main)

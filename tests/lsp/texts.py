@@ -47,7 +47,7 @@ for name, named in ((uri(MAIN), MAIN), (uri(MAIN).replace("file", "FILE"), MAIN)
     client.close(path("other.opt"))
     client.notify("textDocument/didClose", {"textDocument": {"uri": name}})
 outside = tempfile.TemporaryDirectory()
-for file, wanted in ((MAIN, "main.opt"), (path("sub/x.opt"), "sub/x.opt"), (path("-"), path("-")),
+for file, wanted in ((MAIN, "main.opt"), (path("sub/x.opt"), "sub/x.opt"), (path("-"), path("-")), (folder, folder),
                      (outside.name + "/solver.opt", outside.name + "/solver.opt"), (path("...opt"), "...opt")):
     client.open(file, "* definition: " + path("solver.def") + "\nthreads 2\n", "wexcorin-options")
     text = client.at("hover", file, 1, 0)["contents"]["value"]

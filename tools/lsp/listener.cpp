@@ -60,7 +60,7 @@ tlistener::~tlistener() {
 
 void tlistener::watch(pid_t process) {
   const int descriptor = static_cast<int>(syscall(SYS_pidfd_open, process, 0));
-  const bool isgone = descriptor < 0 && errno == ESRCH;
+  const bool isgone = descriptor == -1 && errno == ESRCH;
   {
     const std::lock_guard lock(fmutex);
     if (fprocess >= 0) close(fprocess);

@@ -36,7 +36,6 @@ void tsession::close(const json& params) {
   if (found == nullptr) return;
   const tdocument document = *found;
   finbox.unpark();
-  fdue.erase(document.uri());
   fworkspace.documents.close(document.uri());
   fpublisher.withdraw(document, fworkspace,
                       [this](json list) { tell("textDocument/publishDiagnostics", std::move(list)); });
