@@ -166,9 +166,8 @@ void tsession::scanfolders() {
   fscancancelled = std::make_shared<std::atomic<bool>>(false);
   if (!fworkspace.client.can("window", "workDoneProgress")) return lookforfiles({});
   std::string token = "folders-" + std::to_string(++fscans);
-  ask("window/workDoneProgress/create", {{"token", token}}, [this, token](const json* result) {
-    if (fstate == tstate::initialized) lookforfiles(result != nullptr ? token : "");
-  });
+  ask("window/workDoneProgress/create", {{"token", token}},
+      [this, token](const json* result) { lookforfiles(result != nullptr ? token : ""); });
 }
 
 void tsession::lookforfiles(const std::string& token) {
