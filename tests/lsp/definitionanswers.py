@@ -185,15 +185,16 @@ expect("a list of symbols", short(asked(plain, "documentSymbol", "|")),
 
 
 expect("the outline of odd texts", short(client.at("documentSymbol", MAIN, 0, 0, [
-    'a double 1 1 1 1 1 5 "x" \\ \u00e4\ng group 3 1 Tab\there \x01\nb strlist 1 1 3 \U0001f600\n'
-    "x deprecated\n a\ny obsolete\n b\nc synonym none\n"])),
+    'a double 1 1 1 1 1 0 "x" \\ \u00e4\ng group 3 1 Tab\there \x01\nb strlist 1 1 3 \U0001f600\n'
+    "x deprecated\n a\ny obsolete\n b\nc synonym none\nz group 0 1\n"])),
        [{"name": "a", "detail": 'double: "x" \\ ä', "kind": 7, "range": "0:0-0:28", "selectionRange": "0:0-0:1",
          "tags": [1]},
         {"name": "g", "detail": "group: Tab\\x09here \\x01", "kind": 3, "range": "1:0-1:22",
          "selectionRange": "1:0-1:1",
          "children": [{"name": "b", "detail": "strlist: 😀", "kind": 18, "range": "2:0-2:18",
            "selectionRange": "2:0-2:1", "tags": [1]}]},
-        {"name": "c", "detail": "synonym", "kind": 7, "range": "7:0-7:14", "selectionRange": "7:0-7:1"}])
+        {"name": "c", "detail": "synonym", "kind": 7, "range": "7:0-7:14", "selectionRange": "7:0-7:1"},
+        {"name": "z", "detail": "group", "kind": 3, "range": "8:0-8:11", "selectionRange": "8:0-8:1"}])
 
 
 # ---- names in the lookup modes, and names that stand twice: where the one at the cursor is defined
@@ -245,6 +246,9 @@ def found(query):
 
 
 for query, wanted in (
+        ("show",
+         [("show", "option", "12:0-12:4", "solver.def", None),
+          ("show_limits", "option", "2:0-2:11", "other.def", None)]),
         ("TIME",
          [("time", "option", "1:0-1:4", "other.def", "Others"),
           ("time_limit", "option", "4:0-4:10", "solver.def", "Limits")]),
@@ -260,6 +264,7 @@ for query, wanted in (
         ("macro", []),
         ("all", [("all", "macro", "10:0-10:3", "solver.def", "General options")])):
     expect(f"the symbols of {query!r}", found(query), wanted)
+client.open(path("like.opt"), "like strlist 1 1 1 A definition would have such a line\n")
 expect("all symbols", len(found("")), 12)
 many = path("many.def")
 client.open(many, "".join(f"name_{number} integer 1 1 1 9 1 1 x\n" for number in range(1001)))
@@ -338,7 +343,7 @@ def groupline(text):
 
 
 for text, wanted in (
-        ("new strlist 1 1 9 New\n", [{"newText": "group9 group 9 1 Group 9\n", "range": "0:0-0:0"}]),
+        ("\nnew strlist 1 1 9 New\n", [{"newText": "group9 group 9 1 Group 9\n", "range": "1:0-1:0"}]),
         ("g group 1 1 G\r\nnew strlist 1 1 9 New\r\n",
          [{"newText": "\r\ngroup9 group 9 1 Group 9", "range": "0:13-0:13"}])):
     expect(f"a group line for {text!r}", groupline(text), wanted)

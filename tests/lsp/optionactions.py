@@ -33,6 +33,7 @@ def actions(text, client=client, changes=(), diagnostics=None, **context):
     return result
 
 
+write("wrong.inc", "blabla 4\n")
 # "!" before a title is for the preferred action.
 for text, wanted in (
         ("|time lim 5",
@@ -87,6 +88,7 @@ for text, wanted in (
           ("Make the line a comment", "0:0-0:0", "* ", "unknown-option 0:2-0:12")]),
         ("name a\r\nname b|\r\n", [("! Remove line 1, which is overridden", "0:0-1:0", "", "set-again 1:0-1:4")]),
         ("include nowhere.opt|", []),
+        ("include wrong.inc|", []),
         ("spare |4", []),
         ("two_old |4", [('! Replace "two_old" by "threads"', "0:0-0:7", "threads", "deprecated 0:0-0:7")]),
         ("cores x|", [('Replace "cores" by "threads"', "0:0-0:5", "threads", "deprecated 0:0-0:5")]),

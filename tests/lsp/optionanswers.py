@@ -4,14 +4,16 @@ usage: optionanswers.py TOOL"""
 import os, tempfile
 
 from client import expect, explained, finish, path, short, uri, write
-from optiontext import TEXT, asked, start
+from optiontext import MAIN, TEXT, asked, start
 
 client = start(documentSymbol={"hierarchicalDocumentSymbolSupport": True, "symbolKind": {"valueSet": [7, 18, 24]}},
                hover={"contentFormat": ["plaintext", "markdown"]})
 plain = start({"inlayHints": True})  # of a client that can do nothing
 
 write("nested.inc", "threads 3\nmax_time 4\n")
-write("other.opt", "TIME_LIMIT 5\nx.prior 2\nmax_time 6\ninclude nested.inc\ninclude none.inc\ninclude \"\"\n")
+write("other.opt", "TIME_LIMIT 5\nx.prior 2\nmax_time 6\ninclude nested.inc\ninclude none.inc\ninclude \"\"\n"
+      "title title.inc\n")
+write("title.inc", "time_limit 4\n")
 write("foreign.opt", "* definition: foreign.def\ntime_limit 5\n")
 write("foreign.def", "time_limit integer 1 1 1 9 1 1 x\ng group 1 1 G\n")
 
@@ -137,6 +139,11 @@ for text, wanted in (
         ("--li|st a b", ("0:2-0:6", '--list\n\n- main.opt:1 --list a b stored "a b"\n\nIn force: "a b"\n')),
         ("method du|al", ("0:7-0:11", "dual: Dual simplex\n"))):
     expect(f"plain hover over {text!r}", hoveredplain(text), wanted)
+client.open(MAIN, "")
+client.diagnostics(MAIN)
+expect("hover over a line that is not yet analysed", client.at("hover", MAIN, 0, 0, ["free x"])["contents"]["value"],
+       '**free**\n\n- type: text\n- default: `""`\n- group: general: General\n\nNo line touched it.\n')
+client.close(MAIN)
 write("choices.def", "".join(f"c{count} enumint 1 1 1 1 Choice\n" + "".join(
     f" {number} 1 {'text' if number == 3 else ''}\n" for number in range(1, count + 1)) for count in (20, 21, 23)) +
     "none enumint 1 1 1 1 Without texts\n 1 1\n 2 1\ng group 1 1 G\n")
@@ -172,6 +179,7 @@ jumps = lambda text: places("definition", text)
 for text, wanted in (
         ("ma|x_time 5", [("solver.def", "3:0-3:10")]),
         ("time|_limit 5", [("solver.def", "3:0-3:10")]),
+        ("* definition: foreign.def\ntime|_limit 5", [("foreign.def", "0:0-0:10")]),
         ("method du|al", [("solver.def", "7:1-7:5")]),
         ("method |DUAL", [("solver.def", "7:1-7:5")]),
         ("method none|", None),

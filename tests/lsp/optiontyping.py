@@ -333,7 +333,7 @@ for text, wanted in (
 
 # ---- very many names: the best ones come first
 
-write("many.def", "".join(f"name_{number:03} integer 1 1 1 9 1 1 x\n" for number in range(200)) + "nams string 1 a 1 1\ng group 1 1 G\n")
+write("many.def", "".join(f"name_{number:03} integer 1 1 1 9 1 1 x\n" for number in range(200)) + "nams boolean 1 1 1 1\ng group 1 1 G\n")
 
 
 # How many names there are, and the first one.
@@ -352,6 +352,7 @@ for text, wanted in (
         ("am|", (200, True, "name_000")),
         ("name_x0|", (3, True, "name_000"))):
     expect(f"very many names for {text!r}", counted(text), wanted)
+expect("yes as the default", completed("* definition: many.def\nnams |"), ["1:5-1:5", "yes [12] default", "no [12] -"])
 for each in (client, plain, kinds):
     each.quit()
 

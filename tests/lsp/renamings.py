@@ -260,6 +260,7 @@ for piece, options, wanted in (
         ("", "hel|p 3", None),
         ("", "to|l 3", {"placeholder": "tol", "range": "0:0-0:3"}),
         ("", "tol |3", None),
+        ("", "| tol 3", None),
         ("", "tol| 3", {"placeholder": "tol", "range": "0:0-0:3"}),
         ("Pri|ority", "", None),
         ("double |4", "", None)):

@@ -71,7 +71,7 @@ def marked(text, file=MAIN):
 for text, wanted in (
         ("threads x\n", ["0:8-0:9"]), ("\r\nthreads x\r\n", ["1:8-1:9"]), ("\n\nthreads x", ["2:8-2:9"]),
         ("\rthreads x\r", ["0:0-1:9", "0:0-1:9"]), ("* a\r* b\r\nthreads x", ["2:8-2:9", "0:0-1:3"]),
-        ("* a\rb\rc\nthreads x\r\n", ["3:8-3:9", "0:0-2:1"]), ("* a\nthreads x\r", ["1:8-1:9"]),
+        ("\r\n* a\rb\rc\nthreads x\r\n", ["4:8-4:9", "1:0-3:1"]), ("* a\nthreads x\r", ["1:8-1:9"]),
         ("* a\n\r\nthreads x", ["2:8-2:9"]),
         ("* a\r\n\r\nthreads x", ["2:8-2:9"]),
         ("name \u00e4\u20ac\U0001f600 \nthreads x", ["1:8-1:9"]), ("threads \u00e4", ["0:8-0:9"]),
@@ -87,6 +87,9 @@ for text, change, wanted in (
     symbols = client.at("documentSymbol", MAIN, 0, 0, [change])
     marked(wanted)
     expect(f"{text!r} after {change}", symbols, client.at("documentSymbol", MAIN, 0, 0))
+marked("name " + "\u00e4" * 508)
+expect("a line that is cut inside a character", short(client.at("documentSymbol", MAIN, 0, 0)[0]["location"]["range"]),
+       "0:0-0:512")
 # A byte that belongs to no character counts as one.
 for data, units in ((b"\xff", 1), (b"\xc3", 1), (b"\xc3\xa4", 1), (b"\xc2\x80", 1), (b"\xc1\x81", 2), (b"\xe2\x82", 2),
                     (b"\xe0\xa4\x85", 1), (b"\xdf\xbf", 1), (b"\xef\xbf\xbd", 1), (b"\xf0\x9f\x98", 3),

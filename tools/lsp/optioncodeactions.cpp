@@ -97,8 +97,7 @@ void toptionactions::findlines() {
 
 json toptionactions::run() {
   findlines();
-  for (const auto& [finding, number] : ffindings)
-    if (const auto line = flines.find(number); line != flines.end()) add(*finding, line->second);
+  for (const auto& [finding, number] : ffindings) add(*finding, flines.at(number));
   return std::move(fresult);
 }
 
@@ -107,9 +106,7 @@ json toptionactions::run() {
 tanswer optioncodeactions(const trequest& request) {
   const tdocument& document = *request.document();
   const tsnapshot* snapshot = document.snapshot().get();
-  if (!wantsquickfixes(request) || snapshot == nullptr || snapshot->store() == nullptr ||
-      snapshot->definition == nullptr)
-    return json::array();
+  if (!wantsquickfixes(request) || snapshot == nullptr || snapshot->store() == nullptr) return json::array();
   return toptionactions(request).run();
 }
 

@@ -41,7 +41,6 @@ json filetarget(const tworkspace& workspace, std::string_view typed) {
     name.erase(0, 1);
     if (name.ends_with('"')) name.pop_back();
   }
-  if (name.empty()) return {};
   const std::string key = keyof(name);
   std::error_code problem;
   if (workspace.documents.withkey(key) == nullptr && !std::filesystem::is_regular_file(name, problem))

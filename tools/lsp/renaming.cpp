@@ -90,18 +90,16 @@ class tplaces {
 
   tfileedits inoptionfile(const std::shared_ptr<const ttext>& text) const {
     tfileedits result(text);
-    if (frenamed.entry->kind != tentrykind::group)
-      walklines(fstore, *text, [&](const toptionline& line) {
-        for (const tstatementspans& each : line.parts.statements) addplaces(line, each, result);
-        return true;
-      });
+    walklines(fstore, *text, [&](const toptionline& line) {
+      for (const tstatementspans& each : line.parts.statements) addplaces(line, each, result);
+      return true;
+    });
     return result;
   }
 
  private:
   // The value of an option that asks for help is a name, too.
   void addplaces(const toptionline& line, const tstatementspans& statement, tfileedits& edits) const {
-    if (statement.option == nullptr) return;
     if (names(typedname(line, statement))) edits.add(line.intext(statement.name), fshownname);
     const auto* immediate = ifis<timmediateoption>(statement.option);
     if (immediate == nullptr || immediate->immkind() != timmkind::help) return;

@@ -70,16 +70,13 @@ bool tnewname::samedefinition(const tvksoptions& beforestore, const tvksoptions&
   const tdefinition &before = beforestore.definition(), &after = afterstore.definition();
   const auto isnamed = [this](std::string_view a, std::string_view b) { return becomes(a, b); };
   const auto &synonyms = before.synonyms(), &newsynonyms = after.synonyms();
-  const auto &groups = before.groups(), &newgroups = after.groups();
   if (before.getcount() != after.getcount() || synonyms.count() != newsynonyms.count() ||
-      groups.count() != newgroups.count() || errorsof(beforestore) != errorsof(afterstore))
+      before.groups().count() != after.groups().count() || errorsof(beforestore) != errorsof(afterstore))
     return false;
   for (std::int32_t i = 0; i < synonyms.count(); ++i)
     if (!becomes(synonyms.getname(i), newsynonyms.getname(i)) ||
         synonyms.getobject(i) != newsynonyms.getobject(i))
       return false;
-  for (std::int32_t i = 0; i < groups.count(); ++i)
-    if (!becomes(groups.getname(i), newgroups.getname(i))) return false;
   return sameoptions(before, after, isnamed);
 }
 

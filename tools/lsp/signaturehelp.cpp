@@ -22,8 +22,7 @@ class tsignature {
  public:
   explicit tsignature(const tdefinitionline& line) : fline(line), fparts(line.parts) {
     if (fparts.kind == tspankind::entry) addentry();
-    if (fparts.kind == tspankind::value || fparts.kind == tspankind::entry)
-      for (const tfieldspan& each : fparts.fields) add(each.field->name, each.field->meaning);
+    for (const tfieldspan& each : fparts.fields) add(each.field->name, each.field->meaning);
     if (fparts.kind == tspankind::value) add("text", "The help text of the value: the rest of the line.");
     if (fparts.kind == tspankind::mark) {
       add("option", "The name of an option or synonym.");

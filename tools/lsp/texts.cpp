@@ -35,12 +35,6 @@ std::vector<std::size_t> startsof(std::string_view text, bool withreturns) {
   return result;
 }
 
-bool hasreturnalone(std::string_view text) {
-  for (std::size_t at = text.find('\r'); at != std::string_view::npos; at = text.find('\r', at + 1))
-    if (at + 1 == text.size() || text[at + 1] != '\n') return true;
-  return false;
-}
-
 std::size_t lineof(const std::vector<std::size_t>& starts, std::size_t offset) {
   return static_cast<std::size_t>(std::ranges::upper_bound(starts, offset) - starts.begin()) - 1;
 }
@@ -48,9 +42,8 @@ std::size_t lineof(const std::vector<std::size_t>& starts, std::size_t offset) {
 }  // namespace
 
 ttext::ttext(std::string bytes) : fbytes(std::move(bytes)) {
-  const bool alone = hasreturnalone(fbytes);
-  flines = startsof(fbytes, alone);
-  if (alone) ffeedlines = startsof(fbytes, false);
+  flines = startsof(fbytes, true);
+  if (fbytes.find('\r') != std::string::npos) ffeedlines = startsof(fbytes, false);
 }
 
 // The end of a line is not part of it.

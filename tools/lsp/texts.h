@@ -43,13 +43,13 @@ class ttext {
 
  private:
   using tstarts = std::vector<std::size_t>;
-  // In the protocol, a carriage return alone ends a line, too. Both are nearly always the same.
+  // In the protocol, a carriage return alone ends a line, too.
   const tstarts& feedlines() const { return ffeedlines.empty() ? flines : ffeedlines; }
   std::size_t endofline(const tstarts& starts, std::size_t line) const;
 
   std::string fbytes;
   tstarts flines;      // where the lines of the protocol begin
-  tstarts ffeedlines;  // those of the library, if they are not the same
+  tstarts ffeedlines;  // those of the library; empty if they are the same for sure
 };
 
 // As the protocol has them. A position that is none is the beginning of the text.

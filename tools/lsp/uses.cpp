@@ -19,21 +19,13 @@ std::set<std::string> optionfilekeys(const tworkspace& workspace, const tfolderf
   std::set<std::string> result;
   for (const auto& [uri, document] : workspace.documents.all())
     if (document.kind() == tdocumentkind::options) result.insert(document.key());
-  for (const std::string& path : files.optionfiles) {
-    std::string key = keyof(path);
-    const tdocument* document = workspace.documents.withkey(key);
-    if (document == nullptr || document->kind() == tdocumentkind::options) result.insert(std::move(key));
-  }
+  for (const std::string& path : files.optionfiles) result.insert(keyof(path));
   return result;
 }
 
 // The key of the definition that belongs to an option file; empty if there is none.
 std::string definitionkeyof(const std::string& key, const tworkspace& workspace, tsources& sources) {
   const tdocument* document = workspace.documents.withkey(key);
-  if (document != nullptr && document->iscurrent()) {
-    const auto& definition = document->snapshot()->definition;
-    return definition == nullptr ? "" : definition->key;
-  }
   const std::string path =
       definitionof(document == nullptr ? key : document->name(), *workspace.settings, sources).path;
   return path.empty() ? "" : keyof(path);

@@ -32,7 +32,7 @@ std::vector<tsource> definitionsof(const trequest& request) {
   for (const auto& [uri, document] : workspace.documents.all())
     if (document.kind() == tdocumentkind::definition) texts[document.key()] = document.text();
   for (const std::string& path : workspace.files->definitions)
-    if (const std::string key = keyof(path); !texts.contains(key) && !request.iscancelled()) {
+    if (const std::string key = keyof(path); !request.iscancelled()) {
       const tdocument* document = workspace.documents.withkey(key);
       if (document == nullptr) texts[key] = loadtext(key);
     }
