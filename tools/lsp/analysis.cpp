@@ -41,7 +41,7 @@ std::shared_ptr<const tdefinitionstate> readdefinition(const std::string& name,
   result->key = keyof(name);
   prepare(result->reading, result->sources, *document.settings);
   result->isopened = result->reading.readdefinition(name);
-  if (result->isopened) result->reading.checkdefinition();
+  result->reading.checkdefinition();
   result->text = result->sources.textof(name);
   result->takelines();
   result->collectnames();

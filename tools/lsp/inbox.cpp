@@ -40,7 +40,6 @@ void tinbox::endatonce() {
 std::optional<tarrival> tinbox::take(std::optional<tclock::time_point> until) {
   std::unique_lock lock(fmutex);
   frunning = nullptr;
-  frunningcancelled = false;
   const auto isthere = [&] { return !farrivals.empty(); };
   if (!until)
     farrived.wait(lock, isthere);

@@ -63,7 +63,6 @@ void tlistener::watch(pid_t process) {
   const bool isgone = descriptor == -1 && errno == ESRCH;
   {
     const std::lock_guard lock(fmutex);
-    if (fprocess >= 0) close(fprocess);
     fprocess = descriptor;
   }
   if (isgone) {

@@ -1,5 +1,4 @@
 // Repairs for the findings about the lines that are selected.
-#include <algorithm>
 #include <map>
 #include <set>
 #include <utility>
@@ -84,7 +83,7 @@ void toptionactions::findlines() {
   std::set<std::int32_t> numbers;
   for (const tfinding& finding : fdocument.snapshot()->findings) {
     const std::int32_t number = linenow(finding.place);
-    if (number < std::max(first, 1) || number > last) continue;
+    if (number < first || number > last) continue;  // also one that is nowhere, 0
     ffindings.push_back({&finding, number});
     numbers.insert(number);
     for (const trelated& each : finding.related) numbers.insert(linenow(each.place));
