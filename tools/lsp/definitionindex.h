@@ -27,7 +27,7 @@ struct tdefinitionline {
   tspan intext(tspan part) const { return {span.begin + part.begin, span.begin + part.end}; }
 };
 
-// Goes through the lines until `each` returns false.
+// Goes through the lines.
 void walkdefinition(const ttext& text, const std::function<void(const tdefinitionline&)>& each);
 // The line that has this place. Found from the lines next to it, so it is quick in a long text.
 tdefinitionline definitionlineat(const ttext& text, std::size_t offset);
