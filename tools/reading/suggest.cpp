@@ -163,8 +163,9 @@ std::vector<std::string> keynames(const tvksoptions& store) {
         !name.starts_with('.') && !name.starts_with("--"))
       result.push_back(name);
   for (std::int32_t i = 0; i < store.optsynonymcount(); ++i)
-    if (store.definition().synonymtarget(i) != nullptr)
-      result.emplace_back(store.definition().nounderscore(store.definition().synonyms().getname(i)));
+    if (const std::string_view name = store.definition().synonyms().getname(i);
+        store.definition().synonymtarget(i) != nullptr && !name.starts_with('.'))
+      result.emplace_back(store.definition().nounderscore(name));
   return result;
 }
 
@@ -302,8 +303,13 @@ std::vector<std::string> tsuggester::inforce(const std::vector<std::string>& nam
   return result;
 }
 
-// A name with a period in it may be one of a dot option, or have the period for an underscore.
+// A name with a period in it may be one of a dot option, or have the period for an underscore. Behind the period,
+// a dot option is not found by its synonyms.
 std::vector<std::string> tsuggester::likedot(std::string_view dotname, std::string_view word) {
+  for (const std::string_view name : {dotname, dotname.substr(1)})
+    if (const toption* option = fstore.optionasobj(name);
+        option != nullptr && option->name().starts_with('.'))
+      return {std::string(option->getname())};
   if (std::string name = writtenotherwise(word); !name.empty()) return {std::move(name)};
   std::vector<std::string> result = samewords(word, false);
   append(result, dots().nearest(dotname, tmatch::nearorlonger));
