@@ -210,7 +210,7 @@ for older, newer, wanted in (
           "Short forms of the name that begin with max_iter no longer find the option", "compatible synonym max_iter:  -> other: The synonym of other is new"]),
         ("Minos lookup/max_iter/maximal", "Minos lookup/max_iter/maximal/maxi synonym maximal",  # it found maximal before
          ["compatible synonym maxi:  -> maximal: The synonym of maximal is new"]),
-        ("Minos lookup/one_two/one", "Minos lookup/one", ["compatible removed one_two:  -> : The option is gone, but its name did not find it"]),
+        ("Minos lookup/help_two", "Minos lookup", ["compatible removed help_two:  -> : The option is gone, but its name did not find it"]),
         ("Minos lookup/a_b_c_d", "Minos lookup", ["breaking removed a_b_c_d:  -> : The option is gone"]),
         ("Minos lookup/a_b_c_d_e", "Minos lookup", ["breaking removed a_b_c_d_e:  -> : The option is gone, but its name did not find it"]),
         ("Minos lookup/a_2", "Minos lookup", ["breaking removed a_2:  -> : The option is gone, but its name did not find it"]),

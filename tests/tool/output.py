@@ -221,6 +221,7 @@ def prepare(old):
     os.mkdir("place")
     if old:
         write("place/out", old)
+        os.chmod("place/out", 0o600)
 
 
 # What the last run called: how often each name before the call that opens the folder, where the writing begins; the
@@ -284,6 +285,7 @@ for command, old, unnamed, kill in (
         if others == {TEMPORARY} and kill == "KILL":
             left[name] += 1
             expect(f"{what}: contents of what is left", read(f"place/{TEMPORARY}") in (new, "", new[:1]), True)
+            expect(f"{what}: permissions of what is left", os.stat(f"place/{TEMPORARY}").st_mode & 0o777, 0o600)
             runs("wexcorin " + command + " -o place/out")
             others = set(os.listdir("place")) - {"out"}
         expect(f"{what}: left in the folder", others, set())

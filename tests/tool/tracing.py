@@ -228,10 +228,10 @@ for length in 148, 149:  # longer texts are cut
 # What docs/tracing.md says about its bytes.
 write("bytes.def", "Zeta enumstr 1 Red 1 1\n red 1\nbeta double.TWO 2 0.1 0 1 1 1\nalpha boolean.NV 3 0 1 1\nmid string 4 \"a b\" 1 1\n"
       "list strlist 5 1 1\n.rank integer 6 0 0 9 1 1\nind indicator\n")
-write("bytes.opt", "beta * .25\nlist é\nlist b\nx.rank('i', *) 3\nind e(\"i\")$v yes\nalpha\n")
+write("bytes.opt", "beta * .25\nlist é\nlist b\nx.rank('iron', *) 3\nind e(\"i\")$v yes\nalpha\n")
 record = "".join(f"{line}\n" for line in (
     "wexcorin settings 1", "option 5:.rank,1:3,", "option 5:alpha,3:set,", "option 4:beta,3:0.1,4:0.25,",
-    "option 4:list,2:é,1:b,", "option 3:mid,3:a b,", "option 4:zeta,3:red,", "dot 1:x,5:.rank,1:2,1:i,1:*,1:3,",
+    "option 4:list,2:é,1:b,", "option 3:mid,3:a b,", "option 4:zeta,3:red,", "dot 1:x,5:.rank,1:2,4:iron,1:*,1:3,",
     'indicator 1:e,1:1,3:"i",1:v,1:0,1:1,'))
 runs("wexcorin show bytes.def bytes.opt --fingerprint", f"sha256:{hashlib.sha256(record.encode()).hexdigest()}\n")
 write("a.opt", "x.rank 1\ny.rank 1\n")
