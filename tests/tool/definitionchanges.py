@@ -65,7 +65,7 @@ ROWS = (
     ("integer.NV 2 0 9", "integer.OPT 2 0 9", "compatible modifier"),
     ("integer.NV 2 0 9", "integer 2 0 9", "breaking modifier"),
     ("enumstr x / x / y", "enumstr.TWO x / x / y", "compatible modifier"),
-    ('enumstr x / x / "y z"', 'enumstr.TWO x / x / "y z"', "breaking modifier"),
+    ('enumstr x / "y z" / x', 'enumstr.TWO x / "y z" / x', "breaking modifier"),
     ("enumstr x / x / *", "enumstr.TWO x / x / *", "breaking modifier"),
     # bounds, values and actions
     ("integer 2 0 9", "integer 2 0 8", "breaking bounds"),
@@ -133,7 +133,7 @@ for older, newer, wanted in (
         # a new character may be in a part of a line that is refused without what follows it
         *((holder, f"{holder}/x eolcomm #", [f"{impact} comments :  -> #: Comments at the end of a line now begin with #, did with nothing"])
           for impact, holder in (("silent", "a"), ("breaking", "i indicator"), ("breaking", ".a"), ("breaking", "r immediate ReadFile 1 1"),
-                                 ("silent", "e immediate EolFlag 1 1"), ("breaking", "a enumstr 1 x 1 1/ x 1/ y#z 1"), ("silent", "a enumstr 1 x 1 1/ x 1"))),
+                                 ("silent", "e immediate EolFlag 1 1"), ("breaking", "a enumstr 1 x 1 1/ y#z 1/ x 1"), ("silent", "a enumstr 1 x 1 1/ x 1"))),
         ("a/i synonym a", "a/i indicator",
          ["compatible indicator :  -> i: There is a keyword of indicators, i", "breaking synonym i: a -> : The synonym of a is gone",
           "breaking name i: a -> : The name is now the keyword of indicators"]),
@@ -153,8 +153,16 @@ for older, newer, wanted in (
         ("b/a/x deprecated/ a use b and b_1", "b/b_1",
          ["breaking removed a:  -> b_1: The option is gone; use b_1", "compatible added b_1:  -> b_1: The option is new"]),
         ("b/a/x deprecated/ a not \"a\", but `b`", "b", ["breaking removed a:  -> b: The option is gone; use b"]),
-        ("a/x deprecated/ a use 'help'", "", ["breaking removed a:  -> Help: The option is gone; use Help"]),  # the first option of each
+        ("b/a/x deprecated/ a use 'help' or 'b'", "b", ["breaking removed a:  -> Help: The option is gone; use Help"]),
         ("b/a/x deprecated/ a as \"b'", "b", ["breaking removed a:  -> : The option is gone"]),
+        # Help is the first option of each definition
+        ("", "a/help synonym a", ["compatible added a:  -> a: The option is new"]),  # the synonym finds nothing
+        ("a", "a synonym help", ["breaking removed a:  -> Help: The option is gone; its name now finds Help"]),
+        ("a/s synonym a", "a/s synonym help", ["breaking synonym s: a -> Help: The synonym of a now finds Help"]),
+        ("s synonym help/u synonym help", "t synonym help/u synonym help",
+         ["breaking synonym s: Help -> : The synonym of Help is gone", "compatible synonym t:  -> Help: The synonym of Help is new"]),
+        ("help indicator", "help indicator", []),
+        ("a", "a/x deprecated/ a use \"help\"", ["compatible deprecated a:  -> Help: The name is now deprecated: use \"help\""]),
         # deprecated and obsolete names
         ("a", "a/x deprecated/ a why", ["compatible deprecated a:  -> : The name is now deprecated: why"]),
         ("a", "a/x deprecated/ a", ["compatible deprecated a:  -> : The name is now deprecated"]),
@@ -165,7 +173,6 @@ for older, newer, wanted in (
         ("a boolean.NV 1 1 1 1/x obsolete/ a why", "a boolean.NV 1 1 1 1", ["silent current a:  -> : The name is now current"]),
         ("a", "a/b/x deprecated/ a use \"b\"",
          ["compatible renamed a:  -> b: It gives way to b. The name is now deprecated: use \"b\"", "compatible added b:  -> b: The option is new"]),
-        ("a/b", "a/b/x deprecated/ a use \"b\"", ["compatible deprecated a:  -> b: The name is now deprecated: use \"b\""]),
         ("a/b", "a/b/x deprecated/ a not \"a\", but \"b\"", ["compatible deprecated a:  -> b: The name is now deprecated: not \"a\", but \"b\""]),
         ("a/s synonym a", "a/s synonym a/x obsolete/ s use \"a\"", ["breaking obsolete s:  -> a: The name is now obsolete: use \"a\""]),
         # synonyms
@@ -188,6 +195,7 @@ for older, newer, wanted in (
          ["compatible deprecated alpha:  -> : Short forms of the name are now deprecated: why", "compatible synonym s:  -> alpha: The synonym of alpha is new"]),
         ("Path lookup/alpha/s synonym alpha", "Path lookup/alpha/s synonym alpha/x obsolete/ s why",
          ["breaking obsolete alpha:  -> : Short forms of the name are now obsolete: why", "breaking obsolete s:  -> : The name is now obsolete: why"]),
+        ("Path lookup/.alpha/s synonym .alpha", "Path lookup/.alpha/s synonym .alpha/x obsolete/ s why", ["breaking obsolete s:  -> : The name is now obsolete: why"]),
         ("Path lookup/.alpha", "Path lookup/.alpine",  # a dot line
          ["silent removed .alpha:  -> .alpine: The option is gone; its name now finds .alpine", "compatible added .alpine:  -> .alpine: The option is new"]),
         ("Path lookup/.alpha integer.NV 1 2 0 9 1 1", "Path lookup/.alpine",
@@ -202,12 +210,13 @@ for older, newer, wanted in (
         ("Minos lookup/max_iter", "Minos lookup/max_iter/max indicator",
          ["compatible indicator :  -> max: There is a keyword of indicators, max", "breaking name max_iter:  -> : The name no longer finds the option",
           "breaking short forms max_iter:  -> max: Short forms of the name that begin with max no longer find the option"]),
-        ("Minos lookup/max_iter/other", "Minos lookup/max_iter/other/maxi synonym other",
-         ["breaking short forms max_iter:  -> maxi: Short forms of the name that begin with maxi no longer find the option",
-          "compatible synonym maxi:  -> other: The synonym of other is new"]),
-        ("Minos lookup/max_iteration_limit/other", "Minos lookup/max_iteration_limit/other/max_iter synonym other",
+        ("Minos lookup/max_iter/other", "Minos lookup/max_iter/other/Maxi synonym other",
+         ["breaking short forms max_iter:  -> Maxi: Short forms of the name that begin with Maxi no longer find the option",
+          "compatible synonym Maxi:  -> other: The synonym of other is new"]),
+        ("Minos lookup/max_iteration_limit/other", "Minos lookup/max_iteration_limit/other/max_iter synonym other/max_pivots synonym other",
          ["breaking short forms max_iteration_limit:  -> max_iter: "
-          "Short forms of the name that begin with max_iter no longer find the option", "compatible synonym max_iter:  -> other: The synonym of other is new"]),
+          "Short forms of the name that begin with max_iter no longer find the option", "compatible synonym max_iter:  -> other: The synonym of other is new",
+          "compatible synonym max_pivots:  -> other: The synonym of other is new"]),
         ("Minos lookup/max_iter/maximal", "Minos lookup/max_iter/maximal/maxi synonym maximal",  # it found maximal before
          ["compatible synonym maxi:  -> maximal: The synonym of maximal is new"]),
         ("Minos lookup/help_two", "Minos lookup", ["compatible removed help_two:  -> : The option is gone, but its name did not find it"]),
@@ -215,6 +224,13 @@ for older, newer, wanted in (
         ("Minos lookup/a_b_c_d_e", "Minos lookup", ["breaking removed a_b_c_d_e:  -> : The option is gone, but its name did not find it"]),
         ("Minos lookup/a_2", "Minos lookup", ["breaking removed a_2:  -> : The option is gone, but its name did not find it"]),
         ("Minos lookup/a_", "Minos lookup", ["breaking removed a_:  -> : The option is gone, but its name did not find it"]),
+        ("Minos lookup/help_x", "Minos lookup/help_x/help indicator",
+         ["compatible indicator :  -> help: There is a keyword of indicators, help", "breaking name Help:  -> : The name no longer finds the option",
+          "breaking name help: Help -> : The name is now the keyword of indicators"]),
+        ("Minos lookup/max_iter", "Minos lookup/max_iter/max synonym help",
+         ["breaking name max_iter:  -> Help: The name now finds Help",
+          "breaking short forms max_iter:  -> max: Short forms of the name that begin with max no longer find the option",
+          "compatible synonym max:  -> Help: The synonym of Help is new"]),
         ("Minos lookup/max_iter", "Minos lookup/max_iter/max synonym max_iter",  # "max iter 5" sets it to "iter 5"
          ["breaking name max_iter:  -> max_iter: The name now finds max_iter",
           "breaking short forms max_iter:  -> max: Short forms of the name that begin with max no longer find the option",
@@ -222,7 +238,7 @@ for older, newer, wanted in (
         ("Minos lookup/a/max_iter synonym a", "Minos lookup/a/max_iter synonym a/max synonym a",
          ["breaking synonym max_iter: a -> a: The synonym of a now finds a", "compatible synonym max:  -> a: The synonym of a is new"]),
         ("Minos lookup/max/max_iter synonym max", "Minos lookup/max", []),  # its first word found max
-        ("Minos lookup/max_iter/other/maxi synonym other", "Minos lookup/max_iter/other/maxi synonym other", []),
+        ("Minos lookup/max_iter/other/maxi synonym other/max indicator", "Minos lookup/max_iter/other/maxi synonym other/max indicator", []),
         ("Minos lookup/max_iter/maxi indicator", "Minos lookup/max_iter",
          ["breaking indicator : maxi -> : There is no keyword of indicators any more, was maxi"]),
         ("Minos lookup/tolerance strlist 1 1 1/tole_alpine strlist 2 1 1",
@@ -248,11 +264,11 @@ for older, newer, wanted in (
                                                             "compatible bounds a: 0 to 9 -> 0 to 9.5: The range is now 0 to 9.5, was 0 to 9 (wider)"]),
         ("a string 1 x 1 1", "a string 1 \"\" 1 1", ["silent default a: x -> \"\": The default is now \"\", was x"]),
         ("a boolean 1 1 1 1", "a boolean 1 0 1 1", ["silent default a: 1 -> 0: The default is now 0, was 1"]),
-        ("a enumstr 1 x 1 1/ x 1/ y 1", "a enumstr 1 Y 1 1/ Y 1/ z 1",
+        ("a enumstr 1 x 1 1/ x 1/ y 1", "a enumstr 1 Y 1 1/ z 1/ Y 1",
          ["silent default a: x -> Y: The default is now Y, was x", "breaking values a: x -> : The value x is gone",
           "silent values a: y -> Y: The value y is now Y, was y", "compatible values a:  -> z: The value z is new"]),
         ("a enumstr 1 x 1 1/ x 1/ X 1", "a enumstr 1 x 1 1/ x 1/ X 1", []),  # the second one is never found
-        ("a enumint 1 1 1 1/ 1 1/ 5 1", "a enumint 1 6 1 1/ 1 1/ 6 1",
+        ("a enumint 1 1 1 1/ 5 1/ 1 1", "a enumint 1 6 1 1/ 6 1/ 1 1",
          ["silent default a: 1 -> 6: The default is now 6, was 1", "breaking values a: 5 -> : The value 5 is gone",
           "compatible values a:  -> 6: The value 6 is new"]),
         ("a immediate EolFlag 1 1", "a immediate ReadFile 1 1", ["breaking action a: EolFlag -> ReadFile: What it does is now ReadFile, was EolFlag"]),
@@ -262,7 +278,8 @@ for older, newer, wanted in (
           "compatible reference number a: 1 -> 2: The reference number is now 2, was 1"]),
         ("g group 1 1 G/a strlist 1 1 1", "g group 1 1 G/a strlist 1 0 1", ["compatible listing a:  -> : It is no longer listed in the help"]),
         ("g group 1 1 G/a strlist 1 0 1", "g group 1 1 G/a strlist 1 1 1", ["compatible listing a:  -> : It is now listed in the help"]),
-        ("a/ more", "a/ more/ of it", ["compatible help a:  -> : The details of the help have changed"]),
+        ("a/ more/ of it", "a/ less/ of it", ["compatible help a:  -> : The details of the help have changed"]),
+        ("a/ more/ of it", "a/ moreof it", ["compatible help a:  -> : The details of the help have changed"]),
         ("g group 1 1 G/h group 2 1 H", "G group 1 1 New/i group 3 1 I",
          ["compatible group g: G -> New: The title is now \"New\", was \"G\"", "compatible group h: H -> : The group is gone",
           "compatible group i:  -> I: The group is new"])):
@@ -270,14 +287,14 @@ for older, newer, wanted in (
 
 # ---- members: "a b > a" stands for a list that loses its second member
 
-MEMBERS = """a/wide double 2 2 0 19 1 1/narrow integer 3 2 0 5 1 1/high integer 3 2 1 9 1 1/text string 4 x 1 1/flag boolean.NV 5 1 1 1
-few enumstr 1 x 1 1/ x 1/ y 1/many enumstr 1 x 1 1/ z 1/ y 1/ x 1/one enumint 1 1 1 1/ 1 1/two enumint 1 1 1 1/ 1 1/ 2 1/
+MEMBERS = """a/wide double 2 2 0 19 1 1/real double 2 2 0 9 1 1/narrow integer 3 2 0 5 1 1/high integer 3 2 1 9 1 1/text string 4 x 1 1/flag boolean.NV 5 1 1 1
+few enumstr 1 x 1 1/ x 1/ y 1/many enumstr 1 x 1 1/ z 1/ y 1/ x 1/more enumstr 1 x 1 1/ x 1/ y 1/ z 1/one enumint 1 1 1 1/ 1 1/two enumint 1 1 1 1/ 1 1/ 2 1/
 inner macro 1 1/ a/ narrow/split multilist 6 1 1/ a narrow/nested macro 1 1/ split/""".replace("\n", "/")
 for kind, rows in (
         # the words of the value belong to the members one by one
         ("multilist 7", (("a narrow > a narrow wide", "compatible"), ("a narrow > a", "breaking"), ("a narrow > narrow a", "breaking"),
                          ("narrow a > wide a", "silent"), ("a narrow > a wide narrow", "silent"), ("narrow a > a wide", "silent"),
-                         ("a text > a flag", "silent"), ("a text > high text", "breaking"), ("high > a", "silent"), ("few > many", "silent"),
+                         ("a text > a flag", "silent"), ("a text > high text", "breaking"), ("high > a", "silent"), ("real > wide", "silent"), ("few > more", "silent"),
                          ("many > few", "breaking"), ("one > two", "silent"), ("two > one", "breaking"), ("inner a > nested a", "breaking"), ("Help a > text a", "breaking"),
                          ("flag a > text a", "breaking"), ("a text > a text", ""))),
         # the whole value is that of each member

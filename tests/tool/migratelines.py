@@ -94,6 +94,7 @@ for row in (
         ("m immediate Message 1 1", "m immediate Help 1 1", "m hello", "* m is gone/* m hello", ["1: decide: commented m: gone"]),
         ("r immediate ReadFile 1 1/s synonym r", "r immediate ReadFile 1 1", "s no.opt", "r no.opt",
          ['1: decide: refused r: Cannot open parameter file "no.opt"; Error code = 2; No such file or directory', "1: spelled r: s is now written r"]),
+        ("", "r immediate ReadFile 1 1", "r no.opt", None, ["1: taken r: Only the newer definition takes this; it stays"]),
         # ---- values of other types
         (FLAG, "a boolean 1 1 1 1", "a", "a 1", ["1: spelled a: To mean the same, it is now written: a 1"]),
         ("a boolean 1 1 1 1", FLAG, "a yes/a no", "a/* a is not taken in the same way: Remainder of line ignored/* a no",
@@ -135,6 +136,8 @@ for row in (
          [f"{n}: clamped a: a moved from 7 to the bound 5" for n in (1, 2, 3, 4, 5, 5)], "--clamp"),
         (".a", ".a integer 1 2 0 5 1 1", "x.a 7/x.a(\"1\") 4", "x.a 5/x.a(\"1\") 4", ["1: clamped .a: .a moved from 7 to the bound 5"], "--clamp"),
         (f"a/{BOUNDS}", f"{SMALL}/{BOUNDS}", "n 1/a 7/a 17/n 0/a 7", "n 1/a 7/a 17/n 0/a 5", ["5: clamped a: a moved from 7 to the bound 5"], "--clamp"),
+        ("a", f'{SMALL}/b integer 1 2 0 5 1 1/x deprecated/ a use "b"', "a 7", "b 7",
+         ["1: renamed a: It is now called b", "1: decide: left a: " + RANGE.replace('"a"', '"b"')]),
         # ---- macros and multilists
         ("a/b/m macro 1 1/ a/ b", "a/b", "m 7", "a 7/b 7", ["1: spelled m: To mean the same, it is now written: a 7; b 7"]),
         ("a/b/m macro 1 1/ a/ b", "b/m macro 1 1/ b", "m 7", None, ["1: reduced m: Some of what it set is gone"]),
@@ -157,6 +160,9 @@ for row in (
         ("", "a", "--Own a/--OWN b", None, []),
         ("", "Minos lookup", "--own_list a/--own list a", "--own_list a/--own = list a", ["2: spelled --own: To mean the same, it is now written: --own = list a"]),
         ("Minos lookup", "", "--own_list a/--own list a", "--own_list a/--own_list a", ["2: spelled --own list: own list is now written own_list"]),
+        # ---- one of two values, under another name and with another default
+        ("a integer.TWO 1 2 0 9 1 1", "b integer.TWO 1 3 0 9 1 1/a synonym b", "a 5 */", "b 5 */* Defaults that have changed/b * 2/",
+         ["1: renamed a: It is now called b", " pinned a: The default of the second value is now 3, was 2; the old one was written"], "--pin"),
         # ---- comments
         ("x eolcomm #/a", "x eolcomm !/a", "a 3 # c/a 3#c/ # c/# c/a 3 #", "a 3 ! c/a 3!c/* # c/* c/a 3 !",
          ["1: remark: The comment is marked in another way", "2: remark: The comment is marked in another way", "3: remark: The comment begins with * now",
@@ -166,13 +172,14 @@ for row in (
         ("a string 1 x 1 1", "x eolcomm #/a string 1 x 1 1", "a b # c/a \"b#\"", 'a "b # c"/a "b#"', ['1: spelled a: To mean the same, it is now written: a "b # c"']),
         ("x eolcomm #/a/b", "x eolcomm #/a/c", "b 3 # c/b 4", "* b is gone/* b 3 # c/* b is gone/* b 4", ["1: commented b: gone", "2: commented b: gone"]),
         # ---- several settings on a line
-        (f"{EOL}/a/b/c", f"{EOL}/a/d/b synonym d", "e off/a 1 b 2 c 3/c 1 c 2/c 1,b 2", "e off/* c is gone/* c 3/a 1 d 2 /* c is gone/* c is gone/* c 1 c 2/"
-         "* c is gone/* c 1/d 2", ["2: renamed b: It is now called d", "2: commented c: gone", "3: commented c: gone", "3: commented c: gone",
+        (f"{EOL}/a/b/c", f"{EOL}/a/d/b synonym d", "e off/a 1 b 2 c 3/c 1 c 2/c 1,b 2 a 3", "e off/* c is gone/* c 3/a 1 d 2 /* c is gone/* c is gone/* c 1 c 2/"
+         "* c is gone/* c 1/d 2 a 3", ["2: renamed b: It is now called d", "2: commented c: gone", "3: commented c: gone", "3: commented c: gone",
                                    "4: commented c: gone", "4: renamed b: It is now called d"]),
         (f"x eolcomm #/{EOL}/a/b/m macro 1 1/ a/ b", f"x eolcomm #/{EOL}/a/b", "e off/m 1 a 2 # c/a 2 m 1", "e off/a 1 a 2 # c/b 1/a 2 a 1/b 1",
          [f"{n}: spelled m: To mean the same, it is now written: a 1; b 1" for n in (2, 3)]),
-        (f"x eolcomm #/{EOL}/a/b", "x eolcomm #/a/b", "e off/a 1 b 2 # c/a 1 # c/e on", "* e is gone/* e off/* c/a 1/b 2/a 1 # c/* e is gone/* e on",
-         ["1: decide: commented e: gone", "2: spelled: Each setting is on a line of its own now", "4: decide: commented e: gone"]),
+        (f"x eolcomm #/{EOL}/a/b/z", "x eolcomm #/a/b", "e off/a 1 b 2 # c/a 1 z 4 b 2/a 1 # c/e on",
+         "* e is gone/* e off/* c/a 1/b 2/a 1/* z is gone/* z 4/b 2/a 1 # c/* e is gone/* e on",
+         ["1: decide: commented e: gone", "2: spelled: Each setting is on a line of its own now", "3: commented z: gone", "5: decide: commented e: gone"]),
         (f"{EOL}/s string 1 x 1 1/b", f"{EOL}/s string 1 x 1 1/c/b synonym c", 'e off/s "p q" b 2 e on b 2/b 3', 'e off/s "p q" c 2 e on c 2/c 3',
          ["2: renamed b: It is now called c", "2: renamed b: It is now called c", "3: renamed b: It is now called c"]),
         (f"a/{EOL}/{BOUNDS}", f"{SMALL}/{EOL}/{BOUNDS}", "e off/n 1 a 7/n 0 a 7", None, [f"3: decide: left a: {RANGE}"]),
@@ -187,6 +194,9 @@ for row in (
         # ---- the same definition: only what is refused is told
         ("a/m multilist 1 1 1/ a", "a/m multilist 1 1 1/ a", "m 1:2/b 3/a 4", None,
          ['1: decide: refused m: It is not taken: Too many items for multilist "m"', '2: decide: refused b: It is not taken: Unknown option "b"'], "--pin"),
+        (f"{EOL}/{SMALL}/b", f"{EOL}/{SMALL}/b", "e off/a 7 b 50", None,
+         [f"2: decide: refused a: It is not taken: {RANGE}",
+          '2: decide: refused b: It is not taken: Integer range error for option "b" saw "50"; Valid range is 0 to 9']),
         (f"r immediate ReadFile 1 1/t immediate Message 1 1", f"r immediate ReadFile 1 1/t immediate Message 1 1", "r no.opt/t hello", None,
          ['1: decide: refused r: It is not taken: Cannot open parameter file "no.opt"; Error code = 2; No such file or directory'])):
     migrates(*row)

@@ -70,11 +70,14 @@ runs("wexcorin write a.def /dev/null -o /dev/null")  # no file that could be spo
 
 runs("wexcorin write a.def a.opt -o new.opt")
 expect("new file", (read("new.opt"), os.stat("new.opt").st_mode & 0o777), ("tol=0.5\n", 0o666 & ~os.umask(0o22)))
-for mode in 0o600, 0o640, 0o755:
+owner = (1, 2) if os.geteuid() == 0 else (os.geteuid(), os.getegid())
+for mode in 0o600, 0o640, 0o4755:
     write("old.opt", "x" * 99)
+    os.chown("old.opt", *owner)
     os.chmod("old.opt", mode)
     runs("wexcorin write a.def a.opt -o old.opt")
-    expect("old file", (read("old.opt"), os.stat("old.opt").st_mode & 0o777), ("tol=0.5\n", mode))
+    old = os.stat("old.opt")
+    expect("old file", (read("old.opt"), old.st_mode & 0o7777, (old.st_uid, old.st_gid)), ("tol=0.5\n", mode, owner))
 # The list gives one more user access; for the file itself its group would have it.
 access = b"\2\0\0\0" + b"".join(tag + b"\0" + right + b"\0" + name for tag, right, name in (
     (b"\1", b"\6", b"\xff" * 4), (b"\2", b"\6", b"\1\0\0\0"), (b"\4", b"\0", b"\xff" * 4),

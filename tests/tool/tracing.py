@@ -63,13 +63,14 @@ expect("the first of two values stays", [row[key] for row in json.loads(
     [{"source": "--set", "line": 1, "through": [], "overrode": []},
      {"source": "--set", "line": 2, "through": [], "overrode": [{"source": "--set", "line": 1, "value": 2.0}]}])
 
-write("text.def", read("trace.def") + 'text string 9 "" 1 1\n')
-write("text.opt", "text \"two words\"\ntext ä\nwords blue\nwords \"red\"\nlist a\nread part.opt\nlist b\n")
+write("text.def", read("trace.def") + 'text string 9 "" 1 1\nflag boolean 10 0 1 1\n')
+write("text.opt", "text \"two words\"\ntext ä\nwords blue\nwords \"red\"\nlist a\nread part.opt\nlist b\nflag 1\nflag 0\n")
 seen = {row["name"]: row for row in json.loads(run("wexcorin show text.def text.opt --json --origin --set 'alpha 4' --set 'read text.opt'")[0])["options"]}
 INCLUDE = {"kind": "include", "source": "--set", "line": 2}
 TWICE = [{"source": "text.opt", "line": line, "value": value} for line, value in ((1, "two words"), (2, "ä"), (1, "two words"))]
 expect("texts", seen["text"]["origin"], {"source": "text.opt", "line": 2, "through": [INCLUDE], "overrode": TWICE})
 expect("words", [each["value"] for each in seen["words"]["origin"]["overrode"]], ["blue", "red", "blue"])
+expect("booleans", [each["value"] for each in seen["flag"]["origin"]["overrode"]], [True, False, True])
 expect("a list", seen["list"]["origin"], [{"source": "text.opt", "line": line, "through": through} for line, through in
                                           ((5, []), (7, []), (5, [INCLUDE]), (7, [INCLUDE]))])
 write("many.def", "".join(f"option{number} integer 1 0 0 99 1 1\n" for number in range(90)))
@@ -200,6 +201,7 @@ for name, did, force in (
     expect(f"explain {name}: in force", "".join(rest), force)
 for name, head in ("--own", "--own\n  type        text, may be given repeatedly"), ("IND", "IND: the keyword of indicators"), ("x(1)", "x(1): a symbol"):
     expect(f"explain {name}: head", run(f"wexcorin explain -- '{name}' touch.def touch.opt")[0].split("\n\n")[0], head)
+expect_part("a short form of help", run("wexcorin explain help trace.def -", "hel\n")[0], "acted (short form hel)")
 runs("wexcorin explain ind touch.def", "ind: the keyword of indicators\n\nNo line touched it.\n")
 write("list.def", "alpha integer 1 1 0 9 1 1 The first\n and only\n")
 runs("wexcorin explain alpha list.def", "alpha: The first\n  and only\n  type        integer\n  range       0 to 9\n  default     1\n"

@@ -49,12 +49,6 @@ std::string obstacleat(const std::string& path) {
   return isfree ? "" : path + ": it is no regular file";
 }
 
-// The lines that include the file lead to its new version only if their path, seen from the folder, is its
-// place there.
-bool leadsto(const std::string& name, const tpath& place) {
-  return tpath(name).is_relative() && tpath(name).lexically_normal() == place.lexically_normal();
-}
-
 }  // namespace
 
 tdestinations destinationsin(const std::string& folder, std::deque<tmigratedfile>& files,
@@ -77,7 +71,8 @@ tdestinations destinationsin(const std::string& folder, std::deque<tmigratedfile
       result.problems.push_back(std::move(obstacle));
     else if (within(folder, path).empty())
       result.problems.push_back(path.string() + ": a symbolic link leads outside of " + folder);
-    if (file.isincluded && !leadsto(file.name, place))
+    // The lines that include it lead to its new version only if their path, seen from the folder, is its place.
+    if (file.isincluded && tpath(file.name).lexically_normal() != place)
       file.notes.add(
           0, {taction::left,
               {},
@@ -113,8 +108,7 @@ tdestinations destinationsinplace(const std::deque<tmigratedfile>& files, const 
 bool deliver(const tdestinations& destinations, tfindinglist& findings) {
   for (const tdestination& each : destinations.files) {
     std::error_code problem;
-    const tpath parent = tpath(each.path).parent_path();
-    if (!parent.empty()) std::filesystem::create_directories(parent, problem);
+    std::filesystem::create_directories(tpath(each.path).parent_path(), problem);
     // A copy is for the same people as its file, a file that was there for the same as before.
     const bool iscopy = each.isbackup || !std::filesystem::exists(each.path, problem);
     const std::string& contents = each.isbackup ? each.file->before : each.file->after;

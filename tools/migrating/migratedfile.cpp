@@ -25,7 +25,6 @@ std::string_view tmigratedfile::lineend() const {
 
 // A last line without a line end counts as replaced.
 void tmigratedfile::addlines(const std::vector<std::string>& lines) {
-  if (lines.empty()) return;
   treplacedlines added{before.size(), 0, after.size(), 0};
   if (!after.empty() && !after.ends_with('\n')) {
     if (!replaced.empty() && replaced.back().before + replaced.back().beforesize == before.size()) {

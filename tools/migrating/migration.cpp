@@ -97,7 +97,7 @@ void tmigration::enter(const tlinesource& source) {
 void tmigration::leave(std::int32_t lines) {
   topen& open = *fopen.back();
   flush(open);
-  if (!open.isskipped) plainlines(open, lines);
+  plainlines(open, lines);
   flastagaineolonly = open.againeolonly;
   flastneweolonly = open.neweolonly;
   finish(open);
@@ -131,9 +131,7 @@ void tmigration::filed(const tmessage& message) {
   if (message.kind == tmsgkind::fileenter) return enter(*message.source);
   if (message.kind == tmsgkind::fileleave) return leave(message.line);
   if (fopen.empty()) return;
-  topen& open = *fopen.back();
-  if (open.current == 0 && message.line == 0) open.isskipped = true;  // the file is not read
-  open.meaning.filed(message);
+  fopen.back()->meaning.filed(message);
 }
 
 void tmigration::assigned(const toption& option, std::int32_t bits) {
@@ -159,7 +157,6 @@ void tmigration::flush(topen& open) {
   plainlines(open, open.current - 1);
   line(open, open.meaning);
   open.meaning.clear();
-  open.current = 0;
 }
 
 // ---- lines

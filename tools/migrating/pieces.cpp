@@ -211,7 +211,7 @@ std::optional<trewriter::tpiece> trewriter::same(const tcase& each) {
     if (isplain && renamed.ends_with(value.of(fline->text))) ways.push_back({quoted(renamed)});
   }
   if (isplain && original.ends_with(value.of(fline->text))) ways.push_back({quoted(original)});
-  if (auto texts = settingtexts(fnewer.definition(), each.expected, fstate)) ways.push_back(*texts);
+  if (auto texts = settingtexts(fnewer.definition(), each.expected, fstate.eolonly)) ways.push_back(*texts);
   for (const ttexts& way : ways)
     if (auto result = attempt(each, way, each.expected)) {
       addremarks(each, *result);
@@ -244,7 +244,7 @@ std::optional<trewriter::tpiece> trewriter::clamped(const tcase& each) {
     ways.push_back({text});
     ways.push_back({replaced(text, each.spans, each.spans.name, name)});
   }
-  if (auto texts = settingtexts(fnewer.definition(), expected, fstate)) ways.push_back(*texts);
+  if (auto texts = settingtexts(fnewer.definition(), expected, fstate.eolonly)) ways.push_back(*texts);
   tcase other = each;
   other.expected = expected;
   for (const ttexts& way : ways)

@@ -95,7 +95,7 @@ void tmigration::pinoption(tpins& pins, const toption& older, const toption& new
   }
   const tdefinition& definition = fdefinitions.newdefinition();
   const auto attempt = [&](const toutcome& outcome) {
-    const auto texts = settingtexts(definition, outcome, {flastneweolonly, false});
+    const auto texts = settingtexts(definition, outcome, flastneweolonly);
     const bool can =
         texts && fdefinitions.rewriter().canadd(texts->front(), outcome, {flastagaineolonly, fagainnobounds},
                                                 {flastneweolonly, fnewnobounds});

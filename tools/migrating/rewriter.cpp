@@ -50,9 +50,8 @@ std::vector<trewriter::tpiece> trewriter::piecesof(const tlinespans& spans) {
   fline = &rest;
   std::vector<tpiece> result;
   result.reserve(spans.statements.size());
-  for (std::size_t i = 0; i < spans.statements.size(); ++i) {
-    result.push_back(piece(caseof(i, spans.statements[i])));
-    if (i + 1 == spans.statements.size()) break;
+  for (const tstatementspans& each : spans.statements) {
+    result.push_back(piece(caseof(result.size(), each)));
     for (const std::string& text : result.back().texts) {
       folder.read(text, rest.again);
       fnewer.read(text, fstate);
@@ -63,6 +62,16 @@ std::vector<trewriter::tpiece> trewriter::piecesof(const tlinespans& spans) {
   return result;
 }
 
+namespace {
+
+bool iskept(const tstatement& before, const tstatement& after) {
+  if (before.kind != after.kind) return false;
+  if (before.option == nullptr || before.option->name().starts_with("--")) return true;
+  return struequal(before.key, after.option->name()) || !struequal(before.key, before.option->name());
+}
+
+}  // namespace
+
 bool trewriter::isunchanged(const toldline& line, const tmeaning& seen) const {
   if (line.meaning.statements.size() != seen.statements.size() || !line.meaning.problems.empty())
     return false;
@@ -72,14 +81,6 @@ bool trewriter::isunchanged(const toldline& line, const tmeaning& seen) const {
     if (!iskept(line.meaning.statements[i], seen.statements[i])) return false;
   const toutcome expected = outcomeof(line.meaning.effects, line.positions, fsuccessors);
   return !expected.isreduced && issame(expected, fseen);  // otherwise there is a note
-}
-
-bool trewriter::iskept(const tstatement& before, const tstatement& after) const {
-  if (before.kind != after.kind) return false;
-  if (before.option == nullptr || before.option->name().starts_with("--")) return true;
-  const toption* newer = fsuccessors.of(fline->positions.of(before.option));
-  if (newer == nullptr || newer != after.option) return false;
-  return struequal(before.key, after.option->name()) || !struequal(before.key, before.option->name());
 }
 
 // Whether the name in the line should follow: it finds another option or none, is a deprecated synonym, or is

@@ -76,7 +76,6 @@ class trewriter {
   bool holds(const std::vector<std::string>& lines, const toutcome& expected);
   bool stay(const std::vector<std::string>& lines) const;
   bool isunchanged(const toldline& line, const tmeaning& seen) const;
-  bool iskept(const tstatement& before, const tstatement& after) const;
   bool isdue(const tstatement& before, const tmeaning& seen) const;
 
   // ---- statements (pieces.cpp)

@@ -9,12 +9,12 @@ namespace tool {
 
 using namespace optcore;
 
-std::string writtenvalue(const tdefinition& definition, const std::string& text, bool quoted) {
+std::string writtenvalue(const tdefinition& definition, const std::string& text) {
   const auto needsquotes = [&](char character) {
     return character == ' ' || character == '\t' || character == ',' ||
            definition.eolcommset().test(static_cast<unsigned char>(character));
   };
-  return quoted || text.empty() || std::ranges::any_of(text, needsquotes) ? inquotes(text) : text;
+  return text.empty() || std::ranges::any_of(text, needsquotes) ? inquotes(text) : text;
 }
 
 namespace {
@@ -34,7 +34,7 @@ std::string valuesof(const tdefinition& definition, const std::vector<titem>& it
 }  // namespace
 
 std::optional<std::vector<std::string>> settingtexts(const tdefinition& definition, const toutcome& outcome,
-                                                     tlinestate state) {
+                                                     bool eolonly) {
   std::vector<std::string> result;
   const std::vector<titem>& items = outcome.items;
   for (std::size_t i = 0; i < items.size(); ++i) {
@@ -45,7 +45,7 @@ std::optional<std::vector<std::string>> settingtexts(const tdefinition& definiti
     if (iswritten) continue;
     const std::string name = item.option != nullptr ? writtenname(definition, *item.option) : item.symbol;
     if (name.empty()) return std::nullopt;
-    if (item.option == nullptr && state.eolonly) {  // the text is what stands there
+    if (item.option == nullptr && eolonly) {  // the text is what stands there
       result.push_back(name + " = " + valuetext(item.value));
       continue;
     }

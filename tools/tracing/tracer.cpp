@@ -49,12 +49,9 @@ void ttracer::stepped(const tstep& step) {
 // Nearly all lines set an option directly, by its name.
 std::uint32_t ttracer::currentlinks() {
   if (!fisshort && !fbyname && fspreading.empty()) return 0;
-  const std::vector<tlink> links = collectlinks();
-  std::string key;
-  for (const tlink& link : links)
-    key.append(1, static_cast<char>('a' + static_cast<int>(link.kind))).append(link.name).append(1, '\n');
-  const auto [found, isnew] = flinkindex.try_emplace(key, static_cast<std::uint32_t>(flinks.size()));
-  if (isnew) flinks.push_back(links);
+  const auto [found, isnew] =
+      flinkindex.try_emplace(collectlinks(), static_cast<std::uint32_t>(flinks.size()));
+  if (isnew) flinks.push_back(found->first);
   return found->second;
 }
 

@@ -2,10 +2,11 @@
 // that line sets an option. What is done with it, the derived classes know.
 #pragma once
 
+#include <compare>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "options/observer.h"
@@ -24,6 +25,7 @@ struct tlink {
   };
   tkind kind;
   std::string name;  // as it was written; empty for `name`
+  auto operator<=>(const tlink&) const = default;
 };
 
 // Something that was read: an option file, each time that it was included, or a text of --set.
@@ -69,7 +71,7 @@ class ttracer : public optcore::tstoreobserver {
   std::vector<std::uint32_t> fopen;  // the positions of the sources that are read, the included ones last
   std::int32_t ftexts = 0;
   std::vector<std::vector<tlink>> flinks;  // each once; the first is empty
-  std::unordered_map<std::string, std::uint32_t> flinkindex;
+  std::map<std::vector<tlink>, std::uint32_t> flinkindex;
   optcore::tstep fstatement{optcore::tstep::tkind::statement};
   bool fisshort = false;  // the key is not the name of the option
   bool fbyname = false;

@@ -169,8 +169,8 @@ class treplacement {
     }
   }
 
-  // Gives the file the owner, group, mode and access list of the old one or of the model. Where the group cannot be kept, its
-  // members get no more than everybody has.
+  // Gives the file the owner, group, mode and access list of the old one or of the model. Where the group cannot
+  // be kept, its members get no more than everybody has.
   void keepattributes(int file) const {
     mode_t mode = fkept->st_mode & 07777;
     const bool keepsgroup = fchown(file, static_cast<uid_t>(-1), fkept->st_gid) == 0;
