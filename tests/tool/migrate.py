@@ -214,8 +214,8 @@ for before, diff in (
         # six lines between two changes are in one hunk, seven are not
         ("limit 1\n" + 6 * "a 1\n" + "limit 2\n", "@@ -1,8 +1,8 @@\n-limit 1\n+new_limit 1\n" + 6 * " a 1\n" + "-limit 2\n+new_limit 2\n"),
         ("limit 1\n" + 7 * "a 1\n" + "limit 2\n", "@@ -1,4 +1,4 @@\n-limit 1\n+new_limit 1\n" + 3 * " a 1\n" + "@@ -6,4 +6,4 @@\n" + 3 * " a 1\n" + "-limit 2\n+new_limit 2\n"),
-        ("gone 1\n" + 7 * "a 1\n" + "gone 2\n", "@@ -1,4 +1,5 @@\n-gone 1\n+* gone is gone\n+* gone 1\n" + 3 * " a 1\n" +
-         "@@ -6,4 +7,5 @@\n" + 3 * " a 1\n" + "-gone 2\n+* gone is gone\n+* gone 2\n")):
+        (4 * "a 1\n" + "gone 1\n" + 7 * "a 1\n" + "gone 2\n", "@@ -2,7 +2,8 @@\n" + 3 * " a 1\n" + "-gone 1\n+* gone is gone\n+* gone 1\n" + 3 * " a 1\n" +
+         "@@ -10,4 +11,5 @@\n" + 3 * " a 1\n" + "-gone 2\n+* gone is gone\n+* gone 2\n")):
     write("hunks.opt", before)
     runs(f"{MIGRATE} hunks.opt --dry-run --pin", f"--- hunks.opt\n+++ hunks.opt\n{diff}", None, 0)
 

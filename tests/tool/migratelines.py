@@ -180,6 +180,8 @@ for row in (
         (f"x eolcomm #/{EOL}/a/b/z", "x eolcomm #/a/b", "e off/a 1 b 2 # c/a 1 z 4 b 2/a 1 # c/e on",
          "* e is gone/* e off/* c/a 1/b 2/a 1/* z is gone/* z 4/b 2/a 1 # c/* e is gone/* e on",
          ["1: decide: commented e: gone", "2: spelled: Each setting is on a line of its own now", "3: commented z: gone", "5: decide: commented e: gone"]),
+        (f"x eolcomm #/{EOL}/s string 1 x 1 1", f"x eolcomm %/{EOL}/s string 1 x 1 1", "e off/s a # b", "e off/s a % b",
+         ["2: remark: The comment is marked in another way"]),
         (f"{EOL}/s string 1 x 1 1/b", f"{EOL}/s string 1 x 1 1/c/b synonym c", 'e off/s "p q" b 2 e on b 2/b 3', 'e off/s "p q" c 2 e on c 2/c 3',
          ["2: renamed b: It is now called c", "2: renamed b: It is now called c", "3: renamed b: It is now called c"]),
         (f"a/{EOL}/{BOUNDS}", f"{SMALL}/{EOL}/{BOUNDS}", "e off/n 1 a 7/n 0 a 7", None, [f"3: decide: left a: {RANGE}"]),

@@ -162,14 +162,22 @@ tnewline trewriter::comment() const {
 std::optional<tnewline> trewriter::composed(const tlinespans& spans, const std::vector<tpiece>& pieces) {
   tnewline result;
   toutcome expected;
+  bool mayfail = fline->meaning.haserror();
   for (const tpiece& each : pieces) {
     expected.append(each.outcome);
+    mayfail = mayfail || std::ranges::any_of(each.notes, &tnote::decide);
     result.notes.insert(result.notes.end(), each.notes.begin(), each.notes.end());
   }
   for (const ttexts& lines : variants(spans, pieces)) {
     tlinestate state = fstate;
     toutcome all;
-    for (const std::string& line : lines) all.append(outcomeof(fnewer.read(line, state).effects));
+    bool haserror = false;
+    for (const std::string& line : lines) {
+      const tmeaning& seen = fnewer.read(line, state);
+      haserror = haserror || seen.haserror();
+      all.append(outcomeof(seen.effects));
+    }
+    if (haserror && !mayfail) continue;  // the comment may be read as a setting
     const bool isoriginal = lines.size() == 1 && lines.front() == fline->text;
     const bool isknown = isoriginal || isproved(lines, pieces);
     if (!issame(expected, all) || (!isknown && !fistrying && !stay(lines))) continue;
