@@ -2,11 +2,11 @@
 // that line sets an option. What is done with it, the derived classes know.
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <map>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "options/observer.h"
@@ -25,7 +25,10 @@ struct tlink {
   };
   tkind kind;
   std::string name;  // as it was written; empty for `name`
-  auto operator<=>(const tlink&) const = default;
+
+  friend bool operator<(const tlink& a, const tlink& b) {
+    return std::tie(a.kind, a.name) < std::tie(b.kind, b.name);
+  }
 };
 
 // Something that was read: an option file, each time that it was included, or a text of --set.
