@@ -30,7 +30,7 @@ for text, wanted in (
           "longer strlist 1     1 1  L"]),
         ('o obsolete\n a   use  b\n longer  use c\n "qr" use d\np obsolete\n a use  b',
          ["o obsolete", " a       use  b", " longer  use c", ' "qr" use d', "p obsolete", " a  use  b"]),
-        ("a strlist  1 1 1 A\n\nlonger strlist 2 1 1 B", ["a strlist 1 1 1  A", "", "longer strlist 2 1 1  B"]),
+        ("a strlist  1 1 1 A \n\nlonger strlist 2 1 1 B", ["a strlist 1 1 1  A", "", "longer strlist 2 1 1  B"]),
         ("a strlist  1 1 1 A\n* c\nlonger strlist 2 1 1 B",
          ["a      strlist 1 1 1  A", "* c", "longer strlist 2 1 1  B"]),
         ("a integer  1 2 0\nb strlist  1", ["a integer  1 2 0", "b strlist  1"]),

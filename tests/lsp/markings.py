@@ -181,6 +181,11 @@ for lines, wanted in (
         ("size integer.XX 7 1 1 9 1 1 S\n",
          ['! 3:5-3:15 definition: Unknown type modifier = XX for option "size"\nThe modifiers are NV for no '
           "value, OPT for a value that may be left out, and TWO for two values"]),
+        ("size integer.OPT 7 x 1 9 1 1 S\n",
+         ['! 3:19-3:20 definition: Bad default value for option "size"\nThe default must be an integer, but "x" '
+          "is in its place; perhaps it or a field before it was left out. The fields are: name, integer, "
+          "reference number, default, lowest value, highest value, help flag, group, text",
+          '! 3:0-3:4 definition: Default not in range for option "size"']),
         ("size strlist 7 2 1 S\n", []),
         ('size strlist 7 1 "\n',
          ['! 3:17-3:18 definition: Bad Group value for option "size"\nThe group must be an integer, but """ '

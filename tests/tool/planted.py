@@ -47,6 +47,7 @@ gap 1e-3                 | gap1e-3                        | bad-separator  | gap
 THREADS = 8              | threads8                       | unknown-option | threads
 method dual              | methoddual                     | unknown-option | method
 stall_limit 800          | stall-limit800                 | bad-separator  | stall_limit
+stall_limit 800          | stall_limit.8                  | .suffix        | stall_limit
 == words before or after the name, or in another order
 time_limit := 1.5e3      | orrery_time_limit 1.5e3        | unknown-option | time_limit
 time_limit := 1.5e3      | time_limit_seconds 1.5e3       | unknown-option | time_limit
@@ -54,6 +55,7 @@ time_limit := 1.5e3      | limit_time 1.5e3               | unknown-option | tim
 gap 1e-3                 | relative_gap 1e-3              | unknown-option | gap_relative
 gap 1e-3                 | gap absolute 1e-3              | value          | gap_absolute
 method dual              | nl/method barrier              | bad-separator  | nl_method
+method dual              | mip/sed 5                      | bad-separator  | seed
 == a part of the name
 gap 1e-3                 | feasibility 1e-6               | unknown-option | feasibility_tol
 stall_limit 800          | refactor_freq 80               | unknown-option | refactor_frequency

@@ -121,7 +121,6 @@ std::vector<tfieldpart> partsof(std::string_view line) {
       {"name", spans.name},
       {typefield, spans.ismodified ? tspan{spans.type.begin, spans.modifier.end} : spans.type}};
   for (const tfieldspan& each : spans.fields) result.push_back({each.field->name, each.span});
-  if (!spans.fields.empty()) result.push_back({"text", spans.text});
   return result;
 }
 

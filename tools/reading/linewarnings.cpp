@@ -89,7 +89,6 @@ class tlinewatch {
 };
 
 bool isnumber(std::string_view word) {
-  if (word.starts_with('-')) word.remove_prefix(1);
   return !word.empty() && std::ranges::all_of(word, [](char c) { return isdigit(c); });
 }
 
