@@ -50,7 +50,7 @@ bool tmigration::run(const std::string& filename) {
   fpositions.emplace(fstore->definition());
   foldset.assign(static_cast<std::size_t>(fstore->definition().getcount()), 0);
   fset.assign(static_cast<std::size_t>(fdefinitions.newdefinition().getcount()), 0);
-  fnobounds = fnewnobounds = fagainnobounds = false;
+  fnewnobounds = fagainnobounds = false;
   reading.follow(this);
   const bool opened = reading.readoptions({{}, {filename}, {}});
   reading.follow(nullptr);
@@ -135,11 +135,10 @@ void tmigration::filed(const tmessage& message) {
 }
 
 void tmigration::assigned(const toption& option, std::int32_t bits) {
-  if (!fopen.empty()) fopen.back()->meaning.assigned(option, bits);
+  fopen.back()->meaning.assigned(option, bits);
 }
 
 void tmigration::stepped(const tstep& step) {
-  if (fopen.empty()) return;
   begin(fstore->messages().activesource()->linenr());
   fopen.back()->meaning.step(step, *fstore);
 }
@@ -183,12 +182,8 @@ void tmigration::plainlines(topen& open, std::int32_t upto) {
 void tmigration::line(topen& open, const tmeaning& meaning) {
   std::string_view lineend;
   const std::string_view text = nextline(open, lineend);
-  const toldline current{text,
-                         meaning,
-                         fstore->definition(),
-                         *fpositions,
-                         {open.eolonly, fnobounds},
-                         {open.againeolonly, fagainnobounds}};
+  const toldline current{text,        meaning,      fstore->definition(),
+                         *fpositions, open.eolonly, {open.againeolonly, fagainnobounds}};
   const bool isskipped = text.empty() || text.front() == '*';
   std::optional<tnewline> lines;
   if (fdefinitions.areequal()) {
@@ -205,7 +200,6 @@ void tmigration::line(topen& open, const tmeaning& meaning) {
   }
   if (meaning.hasimmediate())
     open.eolonly = spansof(fstore->definition(), text.substr(0, tlinereader::maxline), open.eolonly).eolonly;
-  fnobounds = fstore->nobounds();
   if (lines)
     add(open, *lines, text, lineend);
   else

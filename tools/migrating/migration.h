@@ -118,7 +118,7 @@ class tmigration final : optcore::tstoreobserver {
   std::optional<treading> freading;
   const optcore::tvksoptions* fstore = nullptr;  // that reads the files
   std::optional<tpositions> fpositions;
-  bool fnobounds = false, fnewnobounds = false, fagainnobounds = false;  // as reading has left them
+  bool fnewnobounds = false, fagainnobounds = false;      // as reading has left them
   bool flastagaineolonly = true, flastneweolonly = true;  // at the end of the file on the command line
   std::string froot;
   // The values that the lines of the result set under each definition, as bits for each of its options.

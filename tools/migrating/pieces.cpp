@@ -48,7 +48,6 @@ std::vector<tactionvalue> actions(const tlinespans& spans, std::string_view line
 // The name of the statement as the newer definition has it; empty if there is none.
 std::string newnameof(const tdefinition& newer, const toption* option, const toutcome& expected) {
   if (option != nullptr) return writtenname(newer, *option);
-  if (expected.items.empty()) return {};
   const titem& item = expected.items.front();
   if (item.kind == teffect::tkind::indicator) return std::string(newer.dotname());
   return item.symbol.starts_with("--") ? item.symbol.substr(2) : std::string();
@@ -119,7 +118,7 @@ trewriter::tpiece trewriter::refused(const tcase& each) {
 
 trewriter::tpiece trewriter::immediate(const tcase& each) {
   const std::vector<tactionvalue> wanted =
-      actions(spansof(fline->definition, each.text, fline->state.eolonly), each.text);
+      actions(spansof(fline->definition, each.text, fline->eolonly), each.text);
   const auto acts = [&](const std::string& text) {
     tlinestate state = fstate;
     fnewer.read(text, state);

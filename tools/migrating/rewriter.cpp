@@ -30,7 +30,7 @@ std::optional<tnewline> trewriter::rewrite(const toldline& line, tlinestate& sta
   tnewline result = [&] {
     if (line.meaning.isnothing()) return comment();
     const tlinespans spans =
-        spansof(line.definition, line.text.substr(0, tlinereader::maxline), line.state.eolonly);
+        spansof(line.definition, line.text.substr(0, tlinereader::maxline), line.eolonly);
     if (spans.statements.size() == line.meaning.statements.size())
       if (auto composition = composed(spans, piecesof(spans))) return *composition;
     return uncomposed();
@@ -75,7 +75,6 @@ bool iskept(const tstatement& before, const tstatement& after) {
 bool trewriter::isunchanged(const toldline& line, const tmeaning& seen) const {
   if (line.meaning.statements.size() != seen.statements.size() || !line.meaning.problems.empty())
     return false;
-  if (seen.isnothing()) return true;
   if (!seen.problems.empty() || seen.hasimmediate()) return false;
   for (std::size_t i = 0; i < seen.statements.size(); ++i)
     if (!iskept(line.meaning.statements[i], seen.statements[i])) return false;
@@ -113,7 +112,8 @@ bool trewriter::stay(const std::vector<std::string>& lines) const {
   for (const std::string& line : lines) {
     const tlinestate then = before;
     const tmeaning meaning = folder.read(line, before);
-    const auto again = other.rewrite({line, meaning, folder.definition(), folderpositions, then, then}, now);
+    const auto again =
+        other.rewrite({line, meaning, folder.definition(), folderpositions, then.eolonly, then}, now);
     if (again && again->ischanged) return false;
   }
   return true;
@@ -121,10 +121,9 @@ bool trewriter::stay(const std::vector<std::string>& lines) const {
 
 bool trewriter::canadd(const std::string& text, const toutcome& expected, tlinestate before, tlinestate now) {
   static const tmeaning nothing;
-  const toldline line{{}, nothing, folder.definition(), folderpositions, before, before};
+  const toldline line{{}, nothing, folder.definition(), folderpositions, before.eolonly, before};
   fline = &line;
   fstate = now;
-  fseen = expected;
   const bool result = holds({text}, expected);
   fline = nullptr;
   return result;

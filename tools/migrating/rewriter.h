@@ -19,7 +19,7 @@ struct toldline {
   const tmeaning& meaning;
   const optcore::tdefinition& definition;  // of the store that read it
   const tpositions& positions;             // of the same
-  tlinestate state;                        // before it
+  bool eolonly;                            // whether end-of-line mode is on before it
   tlinestate again;                        // before it, when the result is read under the older definition
 };
 

@@ -50,7 +50,6 @@ std::optional<std::vector<std::string>> settingtexts(const tdefinition& definiti
       continue;
     }
     const bool isflag = item.option != nullptr && item.option->subtype() == tsubtype::novalue;
-    if (!isflag && item.value.index() == 0) return std::nullopt;
     result.push_back(isflag ? name : name + " " + valuesof(definition, items, i));
   }
   if (result.empty()) return std::nullopt;

@@ -26,12 +26,7 @@ void tsuccessors::follow(const tcounterparts& counterparts, std::int32_t positio
   const toption& before = folder.definition().option(position);
   const std::int32_t counterpart = counterparts.newerof(position);
   std::string_view reason = before.deprecatedmsg();
-  if (counterpart >= 0) {
-    const toption& same = fnewer.definition().option(counterpart);
-    if (!same.hasdeprecation(tdeprecation::deprecated) && !same.hasdeprecation(tdeprecation::obsolete))
-      return;
-    reason = same.deprecatedmsg();
-  }
+  if (counterpart >= 0) reason = fnewer.definition().option(counterpart).deprecatedmsg();
   const std::int32_t replacement = reason.empty() ? -1 : namedin(reason, fnewer, before.name());
   if (replacement < 0 || fpredecessors[static_cast<std::size_t>(replacement)] >= 0) return;
   const toption& after = fnewer.definition().option(replacement);
@@ -79,7 +74,6 @@ std::string writtenname(const tdefinition& definition, const toption& option) {
   if (name.starts_with('.')) return definition.optlookup(name) < 0 ? "" : std::string(name.substr(1));
   std::string result(name);
   if (!finds(definition, name, option)) result = synonymof(definition, option);
-  if (result.empty()) return result;
   const std::string typed(definition.nounderscore(result).view());
   // a sign before the keyword of indicators makes it the name of an option
   return iskeyword(definition, typed.substr(0, typed.find(' '))) ? "-" + typed : typed;
