@@ -50,7 +50,7 @@ def migrated(text, flags="", code=None):
 # ---- line ends, marks and long lines: before, after, actions, exit code
 
 for before, after, actions, code in (
-        ("old_limit 7\r\nboth 5\r\nbeta", "new_limit 7\r\nalpha 5\r\nbeta 5\r\nbeta 3", ["renamed", "spelled", "spelled"], 0),
+        ("\r\nold_limit 7\r\nbeta\r\nboth 5", "\r\nnew_limit 7\r\nbeta 3\r\nalpha 5\r\nbeta 5", ["renamed", "spelled", "spelled"], 0),
         ("\ufeffold_limit 7\nlimit 8", "\ufeffold_limit 7\nnew_limit 8", ["refused", "renamed"], 1),
         ("text " + 1100 * "x" + "\nold_limit" + 1100 * " " + "7\n", None, ["refused"], 1), ("", "", [], 0)):
     seen, told = migrated(before, "", code)
@@ -227,6 +227,8 @@ runs(f"{MIGRATE} main.opt -o out --clamp", "part.opt:1: clamped a: a moved from 
      "part.opt: decide: left: It is read more than once, and not always in the same way\n2 files, 1 change, 1 to decide\n", "", 1)
 write("main.opt", "e off\nn 1 read part.opt\n")  # without bounds, 7 is taken
 runs(f"{MIGRATE} main.opt -o out --clamp", "2 files, 0 changes, 0 to decide\n")
+write("main.opt", "n 1\na 1\n")  # only for this file
+runs(f"{MIGRATE} main.opt part.opt -o out --clamp", "part.opt:1: clamped a: a moved from 7 to the bound 5\n2 files, 1 change, 0 to decide\n", "", 0)
 write("main.opt", "read /dev/null\na 1\n")
 runs(f"{MIGRATE} main.opt -o out", "/dev/null: decide: left: It could not be read to its end, so it is not migrated\n2 files, 0 changes, 1 to decide\n", "", 1)
 write("sub/main.opt", "read sub/part.opt\n")

@@ -51,6 +51,7 @@ for row in (
         ("a", "a/b double 1 2 0 9 1 1/x deprecated/ a use \"b\"", "a 3", None, ["1: deprecated a: It still works: use \"b\""]),
         ("a string 1 x 1 1", "a indicator/a string 1 x 1 1", "a b", "-a b", ["1: spelled a: a is now written -a"]),
         ("a", "a/x deprecated/ a", "a 3", None, ["1: deprecated a: It still works"]),
+        ('a/c/x deprecated/ a use "b"', "b/c synonym b", "a 3", '* a is gone: use "b"/* a 3', ['1: commented a: gone: use "b"']),  # c is b now
         ("a", "b integer 1 2 0 5 1 1/a synonym b", "a 7", "b 7",
          ["1: renamed a: It is now called b", "1: decide: left a: " + RANGE.replace('"a"', '"b"')]),
         (FLAG, "b boolean.NV 1 1 1 1/a synonym b", "a", "b", ["1: renamed a: It is now called b"]),
@@ -60,6 +61,12 @@ for row in (
           '$ expected after equation identifier "e"']),
         (f"{BOUNDS}/s synonym n", "m immediate NoBounds 1 1/n synonym m", "s 1/n 0", "m 1/n 0", ["1: renamed n: It is now called m"]),
         (f"{BOUNDS}/s synonym n", BOUNDS, "s 1", "n 1", ["1: spelled n: s is now written n"]),
+        ("", "help indicator", "help a", "-Help a", ["1: spelled Help: help is now written -Help"]),
+        # the new name would be that of another option when the file is migrated again
+        ("a/d/b synonym d", "b integer 1 2 0 5 1 1/a synonym b/d", "a 3/a 7", None, ["2: decide: left a: " + RANGE.replace('"a"', '"b"')]),
+        (f"{EOL}/{BOUNDS}/a/d/b synonym d", f"{EOL}/{BOUNDS}/b/a synonym b/d", "e off/n 1 a 12", None, []),
+        (f"{BOUNDS}/s synonym n/d/m synonym d", "m immediate NoBounds 1 1/n synonym m/d", "s 1", None,
+         ["1: decide: left: The line means something else now and cannot be rewritten"]),
         # names in other lookup modes
         ("Path lookup/alpine", "alpine", "alp 3/alpine 4", "alpine 3/alpine 4", ["1: spelled alpine: alp is now written alpine"]),
         ("Minos lookup/max_it", "max_it", "max it 3/max_it 3", "max_it 3/max_it 3",
@@ -82,6 +89,7 @@ for row in (
         ("a", "a/x obsolete/ a", "a 3", "* a is obsolete/* a 3", ["1: commented a: obsolete"]),
         ("a/x obsolete/ a why", "a/x obsolete/ a why now", "a 3", "* a is obsolete: why now/* a 3", ["1: commented a: obsolete: why now"]),
         ("a/s synonym a/x obsolete/ s why", "a/s synonym a", "s 3", "* a is obsolete: why/* s 3", ["1: commented a: obsolete: why"]),
+        ("a/s synonym a/x obsolete/ s why", "a/s synonym a/x obsolete/ s why now", "s 3", "* a is obsolete: why now/* s 3", ["1: commented a: obsolete: why now"]),
         ("i indicator", "", "i e$v 1", "* i is gone: there are no indicators/* i e$v 1", ["1: commented i: gone: there are no indicators"]),
         ("i indicator", "i string 1 x 1 1", "i e$v 1", "* i is gone: there are no indicators/* i e$v 1", ["1: commented i: gone: there are no indicators"]),
         ("a/b", "b/a synonym b", "a 3", "* a is gone/* a 3", ["1: commented a: gone"]),  # its name finds b, which was there before
@@ -103,7 +111,7 @@ for row in (
         ("a boolean 1 1 1 1", "b/a synonym b", "a yes/a 1", "b 1/b 1",
          ["1: renamed a: To mean the same, it is now written: b 1", "2: renamed a: It is now called b"]),
         ("a", "a string 1 x 1 1", "a 3/a 03/a \"3\"", "a 3/a 3/a \"3\"", ["2: spelled a: To mean the same, it is now written: a 3"]),
-        ("a double 1 2 0 9 1 1", "a", "a 3.0/a 3.5", None, ['2: decide: left a: Integer expected, for option "a" saw "3.5"']),
+        ("a double 1 2 0 9 1 1", "a", "a 3.0/a -0/a 3.5", None, ['3: decide: left a: Integer expected, for option "a" saw "3.5"']),
         ("a enumstr 1 x 1 1/ x 1/ y 1", "a string 1 x 1 1", "a X", "a x", ["1: spelled a: To mean the same, it is now written: a x"]),
         ("a string 1 x 1 1", "a enumstr 1 x 1 1/ x 1", "a x/a X/a z", "a x/* a is not taken in the same way/* a X/a z",
          ["2: decide: commented a: not taken in the same way", '3: decide: left a: Unknown value for option "a" saw "z"; Possible values are  x']),
@@ -115,6 +123,7 @@ for row in (
          ["1: decide: commented m: not taken in the same way"]),
         (".a boolean.NV 1 1 1 1", ".a boolean 1 1 1 1", "x.a 1/x.a 0", "* .a is not taken in the same way/* x.a 1/x.a 0",
          ["1: decide: commented .a: not taken in the same way"]),
+        (".a integer.TWO 1 2 0 9 1 1", ".a", "x.a 3", None, []),
         ("a integer.TWO 1 2 0 9 1 1", "a", "a 3 4/a 3 3/a 3 *", "a 3 4/a 3/a 3 *",
          ['1: decide: left a: Integer expected, for option "a" saw "3 4"', "2: spelled a: To mean the same, it is now written: a 3",
           '3: decide: left a: Integer expected, for option "a" saw "3 *"']),
@@ -135,6 +144,8 @@ for row in (
         ("a integer.TWO 1 2 0 9 1 1", "a integer.TWO 1 2 0 5 1 1", "a 7 3/a 3 7/a * 7/a 7 */a 7", "a 5 3/a 3 5/a * 5/a 5 */a 5 5",
          [f"{n}: clamped a: a moved from 7 to the bound 5" for n in (1, 2, 3, 4, 5, 5)], "--clamp"),
         (".a", ".a integer 1 2 0 5 1 1", "x.a 7/x.a(\"1\") 4", "x.a 5/x.a(\"1\") 4", ["1: clamped .a: .a moved from 7 to the bound 5"], "--clamp"),
+        ("a", "a integer.NV 1 5 0 5 1 1", "a 7", "* a is not taken in the same way: Remainder of line ignored/* a 7",
+         ["1: decide: commented a: not taken in the same way: Remainder of line ignored"], "--clamp"),
         (f"a/{BOUNDS}", f"{SMALL}/{BOUNDS}", "n 1/a 7/a 17/n 0/a 7", "n 1/a 7/a 17/n 0/a 5", ["5: clamped a: a moved from 7 to the bound 5"], "--clamp"),
         ("a", f'{SMALL}/b integer 1 2 0 5 1 1/x deprecated/ a use "b"', "a 7", "b 7",
          ["1: renamed a: It is now called b", "1: decide: left a: " + RANGE.replace('"a"', '"b"')]),
@@ -146,6 +157,9 @@ for row in (
         ("a/b/m macro 1 1/ a/ b", f"{SMALL}/b/m macro 1 1/ a/ b", "m 7", None, [f"1: decide: left m: {MACRO_RANGE}"]),
         ("a/b/m macro 1 1/ a/ b", f"{SMALL}/b/m macro 1 1/ a/ b", "m 7", "a 5/b 7", ["1: clamped m: a moved from 7 to the bound 5"], "--clamp"),
         ("a/b/m multilist 1 1 1/ a b", "a/b/m multilist 1 1 1/ b a", "m 3:4", "a 3/b 4", ["1: spelled m: To mean the same, it is now written: a 3; b 4"]),
+        ("a/m multilist 1 1 1/ a", "a", 'm ""', None, ["1: decide: left: The line means something else now and cannot be rewritten"]),  # it sets nothing
+        ("b integer.NV 1 2 0 9 1 1/m macro 1 1/ b", "b string 1 x 1 1/m macro 1 1/ b", 'm ""', '* m is not taken in the same way/* m ""',
+         ["1: decide: commented m: not taken in the same way"]),
         ("a/b/m macro 1 1/ a/ b", "a/b/k macro 1 1/ a/m synonym k", "m 7", "a 7/b 7", ["1: spelled m: To mean the same, it is now written: a 7; b 7"]),
         (f"{SMALL}/b/m macro 1 1/ a/ b", f"{SMALL}/b", "m 7", "b 7",
          ["1: spelled m: To mean the same, it is now written: b 7", f"1: decide: refused m: Not taken before either: {MACRO_RANGE}"]),
@@ -163,13 +177,21 @@ for row in (
         # ---- one of two values, under another name and with another default
         ("a integer.TWO 1 2 0 9 1 1", "b integer.TWO 1 3 0 9 1 1/a synonym b", "a 5 */", "b 5 */* Defaults that have changed/b * 2/",
          ["1: renamed a: It is now called b", " pinned a: The default of the second value is now 3, was 2; the old one was written"], "--pin"),
+        # where lines end: what the changed line sets, and what the line behind it does not
+        (f"{EOL}/a/b", f"{EOL}/b/c integer 1 3 0 9 1 1/a synonym c", "e off/b 5 a 4 e on", "e off/b 5 c 4 e on", ["2: renamed a: It is now called c"], "--pin"),
+        (f"{EOL}/a/b/s string 1 x 1 1/u synonym s", f"{EOL}/c/a synonym c/b integer 1 3 0 9 1 1/s string 1 x 1 1", "e off/a 4 e on/u x b 5",
+         "e off/c 4 e on/s x b 5/* Defaults that have changed/b 2/", ["2: renamed a: It is now called c", "3: spelled s: u is now written s",
+          " pinned b: The default is now 3, was 2; the old one was written"], "--pin"),
         # ---- comments
         ("x eolcomm #/a", "x eolcomm !/a", "a 3 # c/a 3#c/ # c/# c/a 3 #", "a 3 ! c/a 3!c/* # c/* c/a 3 !",
          ["1: remark: The comment is marked in another way", "2: remark: The comment is marked in another way", "3: remark: The comment begins with * now",
           "4: remark: The comment begins with * now", "5: remark: The comment is marked in another way"]),
         ("x eolcomm #%/a string 1 x 1 1", "x eolcomm !%/a string 1 x 1 1", "a b # c", "a b % c", ["1: remark: The comment is marked in another way"]),
         ("x eolcomm #/a string 1 x 1 1", "a string 1 x 1 1", "a b # c/a b #\tc ", "* c/a b/* c /a b", [f"{n}: remark: The comment is marked in another way" for n in (1, 2)]),
-        ("a string 1 x 1 1", "x eolcomm #/a string 1 x 1 1", "a b # c/a \"b#\"", 'a "b # c"/a "b#"', ['1: spelled a: To mean the same, it is now written: a "b # c"']),
+        ("a string 1 x 1 1", "x eolcomm #/a string 1 x 1 1", 'a b # c/a "b#"/-a := b#c', 'a "b # c"/a "b#"/-a := "b#c"',
+         ['1: spelled a: To mean the same, it is now written: a "b # c"', '3: spelled a: To mean the same, it is now written: -a := "b#c"']),
+        ("a string 1 x 1 1", "x eolcomm #/b string 1 x 1 1/a synonym b", "-a = p#q", '-b = "p#q"',
+         ['1: renamed a: To mean the same, it is now written: -b = "p#q"']),
         ("x eolcomm #/a/b", "x eolcomm #/a/c", "b 3 # c/b 4", "* b is gone/* b 3 # c/* b is gone/* b 4", ["1: commented b: gone", "2: commented b: gone"]),
         # ---- several settings on a line
         (f"{EOL}/a/b/c", f"{EOL}/a/d/b synonym d", "e off/a 1 b 2 c 3/c 1 c 2/c 1,b 2 a 3", "e off/* c is gone/* c 3/a 1 d 2 /* c is gone/* c is gone/* c 1 c 2/"
@@ -177,13 +199,16 @@ for row in (
                                    "4: commented c: gone", "4: renamed b: It is now called d"]),
         (f"x eolcomm #/{EOL}/a/b/m macro 1 1/ a/ b", f"x eolcomm #/{EOL}/a/b", "e off/m 1 a 2 # c/a 2 m 1", "e off/a 1 a 2 # c/b 1/a 2 a 1/b 1",
          [f"{n}: spelled m: To mean the same, it is now written: a 1; b 1" for n in (2, 3)]),
-        (f"x eolcomm #/{EOL}/a/b/z", "x eolcomm #/a/b", "e off/a 1 b 2 # c/a 1 z 4 b 2/a 1 # c/e on",
+        (f"x eolcomm #/{EOL}/a/b/z", "x eolcomm #/a/b", "e off/a 1 b 2 #c/a 1 z 4 b 2/a 1 # c/e on",
          "* e is gone/* e off/* c/a 1/b 2/a 1/* z is gone/* z 4/b 2/a 1 # c/* e is gone/* e on",
          ["1: decide: commented e: gone", "2: spelled: Each setting is on a line of its own now", "3: commented z: gone", "5: decide: commented e: gone"]),
         (f"x eolcomm #/{EOL}/s string 1 x 1 1", f"x eolcomm %/{EOL}/s string 1 x 1 1", "e off/s a # b", "e off/s a % b",
          ["2: remark: The comment is marked in another way"]),
         (f"{EOL}/s string 1 x 1 1/b", f"{EOL}/s string 1 x 1 1/c/b synonym c", 'e off/s "p q" b 2 e on b 2/b 3', 'e off/s "p q" c 2 e on c 2/c 3',
          ["2: renamed b: It is now called c", "2: renamed b: It is now called c", "3: renamed b: It is now called c"]),
+        (f"{EOL}/r immediate ReadFile 1 1/a", f"{EOL}/r immediate ReadFile 1 1/b/a synonym b", "e off/a 3 r no.opt a 4", "e off/b 3 r no.opt b 4",
+         ["2: renamed a: It is now called b", '2: decide: refused r: Cannot open parameter file "no.opt"; Error code = 2; No such file or directory',
+          "2: renamed a: It is now called b"]),
         (f"a/{EOL}/{BOUNDS}", f"{SMALL}/{EOL}/{BOUNDS}", "e off/n 1 a 7/n 0 a 7", None, [f"3: decide: left a: {RANGE}"]),
         # the text behind the name was refused, and would be the value now
         (f"{EOL}/{FLAG}", f"{EOL}/a string.OPT 1 x 1 1", "e off/a y", "e off/* The line means something else now and cannot be rewritten/* a y",
@@ -231,6 +256,9 @@ for older, newer, before, added, report, flags in (
         # what a line of the file tried to set is not pinned
         ("a", "a integer 1 3 0 9 1 1", "a 50", "",
          ['1: decide: refused a: Not taken before either: Integer range error for option "a" saw "50"; Valid range is 0 to 9'], "--pin"),
+        # bounds that only the newer definition can switch off
+        ("a integer 1 7 0 9 1 1", f"{SMALL}/{BOUNDS}", "n 1", "a 7", ["1: taken n: Only the newer definition takes this; it stays",
+         " pinned a: The default is now 2, was 7; the old one was written"], "--pin"),
         ("a", "b integer 1 3 0 9 1 1/a synonym b", "b 4", "", ["1: taken b: Only the newer definition takes this; it stays"], "--pin")):
     before += "/" if before else ""
     migrates(older, newer, before, before + (f"* Defaults that have changed/{added}/" if added else ""), report, flags)
