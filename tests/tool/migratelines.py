@@ -256,6 +256,8 @@ for older, newer, before, added, report, flags in (
         # what a line of the file tried to set is not pinned
         ("a", "a integer 1 3 0 9 1 1", "a 50", "",
          ['1: decide: refused a: Not taken before either: Integer range error for option "a" saw "50"; Valid range is 0 to 9'], "--pin"),
+        ("a/s string 1 x 1 1", "a integer 1 3 0 9 1 1/s string 1 y 1 1", 'a 3\0/s "p\0q"', "",
+         [f"{n}: decide: left: The line contains the byte 0; it stays as it is" for n in (1, 2)], "--pin"),
         # bounds that only the newer definition can switch off
         ("a integer 1 7 0 9 1 1", f"{SMALL}/{BOUNDS}", "n 1", "a 7", ["1: taken n: Only the newer definition takes this; it stays",
          " pinned a: The default is now 2, was 7; the old one was written"], "--pin"),

@@ -228,8 +228,8 @@ void tmigration::checkrefused(topen& open, const tmeaning& meaning) {
 // Notes what the lines of the result set, as the next migration will see it.
 void tmigration::markset(const toldline& line, const std::optional<tnewline>& lines, tlinestate newstate) {
   for (const titem& item : fdefinitions.rewriter().seen().items) mark(item.option, valuebit(item.which));
-  if (!lines || line.text.find('\0') != std::string_view::npos)
-    return markolder(line.meaning.effects, *fpositions);
+  if (!lines || line.text.find('\0') != std::string_view::npos) markolder(line.meaning.effects, *fpositions);
+  if (!lines) return;
   tlinestate oldstate = line.again;
   for (const std::string& text : lines->lines) {
     markolder(fdefinitions.oldtrial().read(text, oldstate).effects, fdefinitions.successors().older());
