@@ -157,7 +157,6 @@ for row in (
         ("a/b/m macro 1 1/ a/ b", f"{SMALL}/b/m macro 1 1/ a/ b", "m 7", None, [f"1: decide: left m: {MACRO_RANGE}"]),
         ("a/b/m macro 1 1/ a/ b", f"{SMALL}/b/m macro 1 1/ a/ b", "m 7", "a 5/b 7", ["1: clamped m: a moved from 7 to the bound 5"], "--clamp"),
         ("a/b/m multilist 1 1 1/ a b", "a/b/m multilist 1 1 1/ b a", "m 3:4", "a 3/b 4", ["1: spelled m: To mean the same, it is now written: a 3; b 4"]),
-        ("a/m multilist 1 1 1/ a", "a", 'm ""', None, ["1: decide: left: The line means something else now and cannot be rewritten"]),  # it sets nothing
         ("b integer.NV 1 2 0 9 1 1/m macro 1 1/ b", "b string 1 x 1 1/m macro 1 1/ b", 'm ""', '* m is not taken in the same way/* m ""',
          ["1: decide: commented m: not taken in the same way"]),
         ("a/b/m macro 1 1/ a/ b", "a/b/k macro 1 1/ a/m synonym k", "m 7", "a 7/b 7", ["1: spelled m: To mean the same, it is now written: a 7; b 7"]),
@@ -210,6 +209,8 @@ for row in (
          ["2: renamed a: It is now called b", '2: decide: refused r: Cannot open parameter file "no.opt"; Error code = 2; No such file or directory',
           "2: renamed a: It is now called b"]),
         (f"a/{EOL}/{BOUNDS}", f"{SMALL}/{EOL}/{BOUNDS}", "e off/n 1 a 7/n 0 a 7", None, [f"3: decide: left a: {RANGE}"]),
+        (f"{EOL}/.k/a/m multilist 1 1 1/ a", f"{EOL}/.k/a", 'e off/x.k 1 y.k 2 a 3 m ""', None,  # m set nothing, and is refused now
+         ["2: decide: left: The line means something else now and cannot be rewritten"]),
         # the text behind the name was refused, and would be the value now
         (f"{EOL}/{FLAG}", f"{EOL}/a string.OPT 1 x 1 1", "e off/a y", "e off/* The line means something else now and cannot be rewritten/* a y",
          ["2: decide: commented: The line means something else now and cannot be rewritten"]),
