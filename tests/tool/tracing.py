@@ -222,6 +222,10 @@ for setting in ("alpha 4", "beta 2", "quiet", "x.rank 1", "ind e$c 1", "window *
     expect(f"'{setting}' differs", (code, len(json.loads(out)["differences"])), (1, 1))
     expect(f"'{setting}' changes the fingerprint", run("wexcorin show trace.def c.opt --fingerprint")[0] == same, False)
 
+write("c.opt", "list none\n--own none\n")
+runs("wexcorin diff --definition trace.def c.opt --defaults --markdown", "| Setting | c.opt | defaults |\n| --- | --- | --- |\n"
+     '| list | "none" \\[c.opt:1\\] | none \\[default\\] |\n| \\--own | "none" \\[c.opt:2\\] | none |\n', "", 1)
+
 for length in 148, 149:  # longer texts are cut
     write("cut.opt", f"list {'a' * 150}\nlist {'b' * length}\n")
     expect_part(f"{length + 152} characters", run("wexcorin diff --definition touch.def cut.opt --defaults --markdown")[0],

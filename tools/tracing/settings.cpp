@@ -9,6 +9,7 @@
 #include "tools/doc/reference.h"
 #include "tools/doc/shownvalue.h"
 #include "tools/jsontext.h"
+#include "tools/text.h"
 
 namespace tool {
 
@@ -17,11 +18,14 @@ using nlohmann::ordered_json;
 
 namespace {
 
-// Both values of an option that has two. All that an option without a value can tell is whether it was named.
+// Of an option that was set: both values if it has two. An option without a value can tell only that it was
+// named.
 tsetting valueof(const toption& option) {
-  if (option.subtype() == tsubtype::novalue)
-    return option.defined() != 0 ? tsetting{"set", true} : tsetting{"not set", false};
+  if (option.subtype() == tsubtype::novalue) return {"set", true};
   const tshownvalue first = currentvalue(option, twhich::first);
+  // in quotes, because a list without texts is shown as none
+  if (option.opttype() == topttype::strlist && first.text == "none")
+    return {inquotes(first.text), first.json};
   if (option.subtype() != tsubtype::twovalues) return {first.text, first.json};
   const tshownvalue second = currentvalue(option, twhich::second);
   return {first.text + " " + second.text, ordered_json::array({first.json, second.json})};
@@ -40,7 +44,7 @@ void addoptions(const tvksoptions& store, std::int32_t defined, tsettings& resul
     if (i >= defined) key = {tsettingkey::tkind::list, 0, utf8(option.getname())};
     tsetting value = valueof(option);
     value.entries = {i};
-    if (i >= defined || !samevalue(option, value, defaultsetting(store, key))) result.emplace(key, value);
+    if (!samevalue(option, value, defaultsetting(store, key))) result.emplace(key, value);
   }
 }
 
