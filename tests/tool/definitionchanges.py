@@ -193,6 +193,8 @@ for older, newer, wanted in (
           "breaking short forms alpha:  -> : Short forms of the name no longer find the option"]),
         ("Path lookup/alpha", "Path lookup/alpha/s synonym alpha/x deprecated/ s why",
          ["compatible deprecated alpha:  -> : Short forms of the name are now deprecated: why", "compatible synonym s:  -> alpha: The synonym of alpha is new"]),
+        ("Path lookup/alpha indicator/alpha", "Path lookup/alpha indicator/alpha/s synonym alpha/x deprecated/ s why",  # "alph" finds the option
+         ["compatible deprecated alpha:  -> : Short forms of the name are now deprecated: why", "compatible synonym s:  -> alpha: The synonym of alpha is new"]),
         ("Path lookup/alpha/s synonym alpha", "Path lookup/alpha/s synonym alpha/x obsolete/ s why",
          ["breaking obsolete alpha:  -> : Short forms of the name are now obsolete: why", "breaking obsolete s:  -> : The name is now obsolete: why"]),
         ("Path lookup/.alpha/s synonym .alpha", "Path lookup/.alpha/s synonym .alpha/x obsolete/ s why", ["breaking obsolete s:  -> : The name is now obsolete: why"]),
@@ -224,6 +226,9 @@ for older, newer, wanted in (
         ("Minos lookup/a_b_c_d_e", "Minos lookup", ["breaking removed a_b_c_d_e:  -> : The option is gone, but its name did not find it"]),
         ("Minos lookup/a_2", "Minos lookup", ["breaking removed a_2:  -> : The option is gone, but its name did not find it"]),
         ("Minos lookup/a_", "Minos lookup", ["breaking removed a_:  -> : The option is gone, but its name did not find it"]),
+        ("Minos lookup/a__b", "Minos lookup", ["breaking removed a__b:  -> : The option is gone, but its name did not find it"]),
+        ("Minos lookup/.max/.max_iter", "Minos lookup/.max", ["breaking removed .max_iter:  -> : The option is gone"]),
+        ("max_iter/other", "max_iter/other/max synonym other", ["compatible synonym max:  -> other: The synonym of other is new"]),
         ("Minos lookup/help_x", "Minos lookup/help_x/help indicator",
          ["compatible indicator :  -> help: There is a keyword of indicators, help", "breaking name Help:  -> : The name no longer finds the option",
           "breaking name help: Help -> : The name is now the keyword of indicators"]),
