@@ -101,7 +101,7 @@ void ttouches::assigned(const toption& option, std::int32_t bits) {
 
 void ttouches::stepped(const tstep& step) {
   ttracer::stepped(step);
-  if (step.kind != tstep::tkind::hasspread) fexplainable = false;
+  fexplainable = false;
   const bool acts = step.kind == tstep::tkind::statement && ifis<timmediateoption>(step.option) != nullptr;
   if (acts && istarget(*step.option)) add(ttouch::tkind::acted);
   if (step.kind == tstep::tkind::spreads && istarget(*step.option)) add(ttouch::tkind::passedon);
