@@ -36,6 +36,11 @@ for text, wanted in (
         ("a integer  1 2 0\nb strlist  1", ["a integer  1 2 0", "b strlist  1"]),
         ("a  b\nX  lookup\n8  x\nn eolcomm  #", ["a  b", "X  lookup", "8  x", "n eolcomm  #"]),
         ("s synonym\nt  synonym  a", ["s synonym", "t synonym  a"]),
+        ("a boolean  1 1 1 1\n help  text\nb boolean  2 1 1 1",
+         ["a boolean 1 1 1 1", " help  text", "b boolean 2 1 1 1"]),
+        # what stands behind the end of the definition stays
+        ("a strlist  1 1 1\n b\nc strlist  2 1 1", ["a strlist 1 1 1", " b", "c strlist  2 1 1"]),
+        ("o obsolete\n a  b\n \n c   d\ne strlist  2 1 1", ["o obsolete", " a  b", " ", " c   d", "e strlist  2 1 1"]),
         ('ä strlist  1 1 1\n😀\na string  1 "ä" 1 1 T', ["ä strlist  1 1 1", "😀", 'a string  1 "ä" 1 1 T']),
         ('a string  1 "abc" 1 1 T\nb string 1 "ä€" 1 1 T',
          ['a string 1 "abc" 1 1  T', 'b string 1 "ä€"  1 1  T']),

@@ -280,7 +280,8 @@ for text, first, last, wanted in (
         ("time_limit 4 ! x\ntitle a\nthreads 3", 1, 1, [('default ""', "1:7")]),
         ("gap_window 0.1 0.2\nnote x\nquiet\nthreads\nunknown 3\nx.prior 2\nmethod none\n* threads 3", 0, 9,
          [("default 0", "0:18"), ("default 0", "5:9"), ("default auto", "6:11")]),
-        ('eolonly "off"\nthreads 3 verbose yes', 0, 9, [("default 0", "1:9"), ("default 0", "1:21")])):
+        ('eolonly "off"\nindic e$v yes note a threads 3 verbose yes name "a"b c', 0, 9,
+         [("default 0", "1:30"), ("default 0", "1:42"), ('default "a b"', "1:54")])):
     expect(f"hints in {text!r}", hints(text, first, last), wanted)
 ALL = {"start": {"line": 0, "character": 0}, "end": {"line": 9, "character": 0}}
 expect("no hints unless they are wanted", asked(client, "inlayHint", "|threads 4", range=ALL), None)
