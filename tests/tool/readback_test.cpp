@@ -12,8 +12,10 @@ using optcore::tvksoptions;
 using namespace testsupport;
 
 constexpr const char* definition =
-    ".rank integer 1 0 0 9 1 1\nsize integer.OPT 1 5 0 9 1 1\nword strlist 1 1 1\ntol double.TWO 1 0 -9 9 1 1\n"
-    "note string 1 a 1 1\nlevel enumint 1 1 1 1\n 1 1 low\n 2 1 high\nany immediate NoBounds 1 1\nind indicator\n"
+    ".rank integer 1 0 0 9 1 1\nsize integer.OPT 1 5 0 9 1 1\nword strlist 1 1 1\ntol double.TWO 1 0 -9 9 1 "
+    "1\n"
+    "note string 1 a 1 1\nlevel enumint 1 1 1 1\n 1 1 low\n 2 1 high\nany immediate NoBounds 1 1\nind "
+    "indicator\n"
     "x deprecated\n note Use word.\n";
 
 // The differences of a store from a file, each with the number of its option and with its details.
@@ -83,14 +85,15 @@ ind e$v 1 => ind e$v 0 => 0: indicator "e$v" is set to 1, but is read back as 0
 ind e('i')$v 1\nind f$v 1 => ind f$v 1
 => 0: indicator "e('i')$v" is read back as "f$v"\n0: indicator "f$v" is not read back
 \e => ind e$v('i') 1 => 0: indicator "e$v('i')" is not set, but is read back
-)~"}, [](const tcolumns& row) {
-    const ttempdir directory;
-    directory.write("DEF", definition);
-    tvksoptions written;
-    written.optreaddefinition(directory.path("DEF"));
-    written.optreadparameterfile(directory.write("SET", row[0]));
-    EXPECT_EQ(differences(written, directory, row[1]), row[2]);
-  });
+)~"},
+          [](const tcolumns& row) {
+            const ttempdir directory;
+            directory.write("DEF", definition);
+            tvksoptions written;
+            written.optreaddefinition(directory.path("DEF"));
+            written.optreadparameterfile(directory.write("SET", row[0]));
+            EXPECT_EQ(differences(written, directory, row[1]), row[2]);
+          });
 }
 
 TEST(readback, counts_the_lines_of_texts_with_line_ends) {
@@ -103,7 +106,8 @@ TEST(readback, counts_the_lines_of_texts_with_line_ends) {
   EXPECT_EQ(differences(written, directory, "words a\nb\nnote a\nb\nsize 10\n"),
             "2: option \"words\" is not read back as it was set: Unknown option \"b\"\n"
             "3: option \"note\" is not read back as it was set: Unknown option \"b\"\n"
-            "4: option \"size\" is not read back as it was set: Integer range error for option \"size\" saw \"10\"\n"
+            "4: option \"size\" is not read back as it was set: Integer range error for option \"size\" saw "
+            "\"10\"\n"
             "  Valid range is 0 to 9");
 }
 
