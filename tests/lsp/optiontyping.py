@@ -121,7 +121,7 @@ for text, wanted in (
         ("x.prior('a|", []),
         ("x.prior[|", []),
         ("x.prior(*) 3|", ["0:11-0:12", "0 [12] default, lowest", "10 [12] highest"]),
-        ("x.prior{a} |", ["0:11-0:11", "0 [12] default, lowest", "10 [12] highest"]),
+        ("x.prior{*} |", ["0:11-0:11", "0 [12] default, lowest", "10 [12] highest"]),
         ("x.prior 3|", ["0:8-0:9", "0 [12] default, lowest", "10 [12] highest"]),
         ("x.prior 3 |", []),
         ("x.nothing |", []),

@@ -177,6 +177,14 @@ for row in (
         ("a integer.TWO 1 2 0 9 1 1", "b integer.TWO 1 3 0 9 1 1/a synonym b", "a 5 */", "b 5 */* Defaults that have changed/b * 2/",
          ["1: renamed a: It is now called b", " pinned a: The default of the second value is now 3, was 2; the old one was written"], "--pin"),
         # where lines end: what the changed line sets, and what the line behind it does not
+        # An error in the elements ends a dot line there; an indicator goes on with what follows the elements.
+        (f"{EOL}/.r/a", f"{EOL}/.r/b/a synonym b", "e off/x.r(k a 3", "e off/x.r(k b 3",
+         ['2: decide: refused .r: Not taken before either: Set name not allowed .option "x"', "2: renamed a: It is now called b"]),
+        (f"{EOL}/i indicator/a", f"{EOL}/i indicator/b/a synonym b", "e off/i e($v( 1 a 3", "e off/i e($v( 1 b 3",
+         ['2: decide: refused i: Not taken before either: Unique element expected for indicator id "e"; Unique element expected for indicator id "v"',
+          "2: renamed a: It is now called b"]),
+        (f"{EOL}/i indicator/a", f"{EOL}/i indicator/b/a synonym b", "e off/i e(*)$v 1 a 3", None,
+         ['2: decide: refused i: Not taken before either: Universe not allowed for indicator id "e"; $ expected after equation identifier "e"']),
         (f"{EOL}/a/b", f"{EOL}/b/c integer 1 3 0 9 1 1/a synonym c", "e off/b 5 a 4 e on", "e off/b 5 c 4 e on", ["2: renamed a: It is now called c"], "--pin"),
         (f"{EOL}/a/b/s string 1 x 1 1/u synonym s", f"{EOL}/c/a synonym c/b integer 1 3 0 9 1 1/s string 1 x 1 1", "e off/a 4 e on/u x b 5",
          "e off/c 4 e on/s x b 5/* Defaults that have changed/b 2/", ["2: renamed a: It is now called c", "3: spelled s: u is now written s",

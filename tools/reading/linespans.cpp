@@ -242,24 +242,29 @@ class tlinewalk {
     return true;
   }
 
-  // An error ends the line.
+  // An error ends the line, except one in the elements.
   bool indicator() {
     current().kind = tstatementkind::indicator;
     skipblanks();
-    const bool complete = !identifier().empty() && elements() && skipto('$') && skipblanks() &&
-                          !identifier().empty() && elements();
-    if (complete) {
+    if (equationandvariable()) {
       skipbecomes();
       current().value = token();
     }
-    if (!complete || current().value.empty()) {
+    if (current().value.empty()) {
       fsymbolend = fline.size();
       toend();
     }
     return true;
   }
+  bool equationandvariable() {
+    if (identifier().empty()) return false;
+    elements();
+    if (!skipto('$') || !skipblanks() || identifier().empty()) return false;
+    elements();
+    return true;
+  }
 
-  // Returns false if an element is missing.
+  // Returns false at an element that is missing or that such a line cannot have; it ends the elements.
   bool elements() {
     skipblanks();
     const std::size_t bracket = std::string_view("([{").find(ch());
@@ -267,19 +272,24 @@ class tlinewalk {
     const char closer = std::string_view(")]}")[bracket];
     ++fat;
     do {
-      if (!element()) return false;
+      if (!element()) {
+        fsymbolend = fat;
+        return false;
+      }
     } while (skipto(','));
     skipto(closer);
     fsymbolend = fat;
     return true;
   }
+  // Dot lines cannot have sets, and indicators cannot have the universe.
   bool element() {
+    const bool indicator = current().kind == tstatementkind::indicator;
     if (!skipblanks()) return false;
-    if (!identifier().empty()) return true;
+    if (!identifier().empty()) return indicator;
     const char first = ch();
     if (first != '*' && first != '\'' && first != '"') return false;
     ++fat;
-    if (first == '*') return true;
+    if (first == '*') return !indicator;
     while (!atend() && ch() != first) ++fat;
     if (!atend()) ++fat;
     return true;
