@@ -5,8 +5,10 @@
 // functions below.
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/types.h>
+#include <sys/un.h>
 #include <time.h>
 #include <unistd.h>
 
@@ -442,6 +444,13 @@ TEST(faults, a_fifo_that_nobody_reads_is_not_written_for_ever) {
   EXPECT_EQ(coptwriteparameterfile(waiting.handle, "late"), 0);
   reader.join();
   EXPECT_EQ(taken.size(), 50 * line.size());
+
+  // nobody can become the reader of a socket in this way
+  const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  const sockaddr_un address = {AF_UNIX, "socket"};
+  ASSERT_EQ(bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+  EXPECT_EQ(coptwriteparameterfile(waiting.handle, "socket"), ENXIO);
+  close(socket);
 }
 
 }  // namespace

@@ -335,7 +335,7 @@ TEST(files, beyond_a_limit_are_not_opened) {
 
   for (char level = '2'; level <= '8'; ++level)
     write(std::string(1, level).c_str(), std::string("read %DIR%/") + static_cast<char>(level + 1));
-  write("9", "read %DIR%/fifo\nread %DIR%/none\nread %DIR%/large\nread %DIR%/.\n");
+  write("9", "read %DIR%/fifo\nread %DIR%/none\nread %DIR%/large\nread %DIR%/.\nread /dev/null\\x00x\n");
   std::filesystem::resize_file(write("large", ""), 10'000'000);
   write("small", "l x\n*" + std::string(12'000, ' '));
   h.parameters("read %DIR%/2\n" + times(5, "read %DIR%/small\n"));
@@ -344,7 +344,8 @@ TEST(files, beyond_a_limit_are_not_opened) {
       "+fifo | E File nesting level too deep; file ignored | -fifo"
       " | E2 Cannot open parameter file \"none\" | E2 Error code = 2; No such file or directory"
       " | +large | E File nesting level too deep; file ignored | -large"
-      " | E4 Cannot open parameter file \".\" | E4 Error code = 21; Is a directory";
+      " | E4 Cannot open parameter file \".\" | E4 Error code = 21; Is a directory"
+      " | E5 Cannot open parameter file \"/dev/null\\x00x\" | E5 Error code = 2; No such file or directory";
   EXPECT_NE(told(h).find(ignored), std::string::npos) << told(h);
   for (const int form : {0, 1}) optclearmessages(h.handle(form));
   write("empty", "");
