@@ -229,6 +229,11 @@ write("main.opt", "e off\nn 1 read part.opt\n")  # without bounds, 7 is taken
 runs(f"{MIGRATE} main.opt -o out --clamp", "2 files, 0 changes, 0 to decide\n")
 write("main.opt", "n 1\na 1\n")  # only for this file
 runs(f"{MIGRATE} main.opt part.opt -o out --clamp", "part.opt:1: clamped a: a moved from 7 to the bound 5\n2 files, 1 change, 0 to decide\n", "", 0)
+write("minos.def", "minos lookup\n")
+write("newminos.def", "new group 1 1\nminos lookup\n")
+for name in ("main.opt", "other.opt"):
+    write(name, "--scenario dry\n--scenario 1976\n")  # the lists of one file are not known to the other
+runs("wexcorin migrate --from minos.def --to newminos.def main.opt other.opt -o out", "2 files, 0 changes, 0 to decide\n")
 write("main.opt", "read /dev/null\na 1\n")
 runs(f"{MIGRATE} main.opt -o out", "/dev/null: decide: left: It could not be read to its end, so it is not migrated\n2 files, 0 changes, 1 to decide\n", "", 1)
 write("sub/main.opt", "read sub/part.opt\n")

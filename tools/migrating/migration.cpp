@@ -20,12 +20,7 @@ bool tdefinitions::read(const std::string& olderfile, const std::string& newerfi
   if (olderfile.empty()) return readnewer(newerfile);
   const bool opened = older.readdefinition(olderfile);
   if (!readnewer(newerfile) || !opened || older.findings().count(tseverity::error) != 0) return false;
-  if (!older.readdefinitionagain(folderstore)) return false;
-  folderpositions.emplace(folderstore.definition());
-  fnewerpositions.emplace(fnewerstore.definition());
-  fsuccessors.emplace(*folderpositions, *fnewerpositions);
-  foldertrial.emplace(folderstore);
-  frewriter.emplace(*foldertrial, *folderpositions, *fnewertrial, *fsuccessors, fclamps);
+  if (!prepareolder()) return false;
   const auto one = contentsof(older.definitionpath()), other = contentsof(newer.definitionpath());
   fareequal = one && other && *one == *other;
   return true;
@@ -33,9 +28,31 @@ bool tdefinitions::read(const std::string& olderfile, const std::string& newerfi
 
 bool tdefinitions::readnewer(const std::string& filename) {
   if (!newer.readdefinition(filename) || newer.findings().count(tseverity::error) != 0) return false;
-  if (!newer.readdefinitionagain(fnewerstore)) return false;
-  fnewertrial.emplace(fnewerstore);
+  return preparenewer();
+}
+
+bool tdefinitions::preparenewer() {
+  fnewertrial.reset();
+  if (!newer.readdefinitionagain(fnewerstore.emplace())) return false;
+  fnewertrial.emplace(*fnewerstore);
   return true;
+}
+
+bool tdefinitions::prepareolder() {
+  foldertrial.reset();
+  if (!older.readdefinitionagain(folderstore.emplace())) return false;
+  foldertrial.emplace(*folderstore);
+  folderpositions.emplace(folderstore->definition());
+  fnewerpositions.emplace(fnewerstore->definition());
+  fsuccessors.emplace(*folderpositions, *fnewerpositions);
+  frewriter.emplace(*foldertrial, *folderpositions, *fnewertrial, *fsuccessors, fclamps);
+  return true;
+}
+
+bool tdefinitions::forgetlists() {
+  const bool havenone = folderstore->getcount() == older.store().getcount() &&
+                        fnewerstore->getcount() == newer.store().getcount();
+  return havenone || (preparenewer() && prepareolder());
 }
 
 std::optional<std::string> contentsof(const std::string& path) { return tregularfile(path).contents(); }
@@ -43,6 +60,7 @@ std::optional<std::string> contentsof(const std::string& path) { return tregular
 // ---- files
 
 bool tmigration::run(const std::string& filename) {
+  if (!fdefinitions.forgetlists()) return false;
   treading& reading = freading.emplace();
   reading.readdefinitionof(fdefinitions.older);
   fstore = &reading.store();

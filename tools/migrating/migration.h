@@ -24,6 +24,8 @@ class tdefinitions {
   // Returns false if one of them cannot be used; what is wrong with them is among the findings of the readings.
   // Without a name, there is no older definition.
   bool read(const std::string& olderfile, const std::string& newerfile);
+  // To be called before each file: the lists of its own that a file makes are not known to the next one.
+  bool forgetlists();
 
   treading older, newer;
   // Byte for byte.
@@ -33,12 +35,14 @@ class tdefinitions {
   const tsuccessors& successors() const { return *fsuccessors; }
   ttrial& oldtrial() { return *foldertrial; }
   ttrial& newtrial() { return *fnewertrial; }
-  const optcore::tdefinition& newdefinition() const { return fnewerstore.definition(); }
+  const optcore::tdefinition& newdefinition() const { return fnewerstore->definition(); }
 
  private:
   bool readnewer(const std::string& filename);
+  bool preparenewer();
+  bool prepareolder();  // and what compares it with the newer one
 
-  optcore::tvksoptions folderstore, fnewerstore;
+  std::optional<optcore::tvksoptions> folderstore, fnewerstore;
   std::optional<tpositions> folderpositions, fnewerpositions;
   std::optional<tsuccessors> fsuccessors;
   std::optional<ttrial> foldertrial, fnewertrial;
