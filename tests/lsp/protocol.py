@@ -26,6 +26,24 @@ expect("the exit code without shutdown", client.end(), 1)
 client = Client(folder)
 expect("the exit code at the end of input", client.end(), 1)
 
+# ---- a request that waits for an analysis has an answer before the server ends
+
+LONG = "thread 1\n" * 10000  # which takes a while
+place = {"textDocument": {"uri": uri(main)}, "position": {"line": 0, "character": 1}}
+client = Client(folder)
+with client.together():
+    client.open(main, LONG)
+    waiting = client.ask("textDocument/hover", place)
+client.end()
+expect("a request that waits at the end of input", client.answer(waiting).get("result", "none"), None)
+client = Client(folder)
+with client.together():
+    client.open(main, LONG)
+    waiting, shutdown = client.ask("textDocument/hover", place), client.ask("shutdown", None)
+    client.notify("exit", None)
+expect("a request that waits at the exit", client.answer(waiting)["error"]["code"], -32600)
+client.end()
+
 # ---- positions in UTF-8
 
 client = Client(folder, {"general": {"positionEncodings": ["utf-8", "utf-16"]}})
@@ -72,24 +90,26 @@ client.quit()
 # ---- requests that are cancelled, and several at once
 
 client = Client(folder, trace="messages")
-client.open(main, "thread 1\n" * 10000)
-place = {"textDocument": {"uri": uri(main)}, "position": {"line": 0, "character": 1}}
-kept, cancelled = client.ask("textDocument/hover", place), client.ask("textDocument/hover", place)
-client.notify("$/cancelRequest", {"id": cancelled})
-client.notify("$/cancelRequest", {"id": 999})
+with client.together():
+    client.open(main, LONG)
+    kept, cancelled = client.ask("textDocument/hover", place), client.ask("textDocument/hover", place)
+    client.notify("$/cancelRequest", {"id": cancelled})
+    client.notify("$/cancelRequest", {"id": 999})
 expect("a request that is not cancelled waits for the first analysis", "result" in client.answer(kept), True)
 expect("a request that is cancelled", client.answer(cancelled)["error"]["code"], -32800)
 client.close(main)
-client.open(main, "thread 1\n" * 10000)
-late = client.ask("textDocument/hover", place)
-client.close(main)
+with client.together():
+    client.open(main, LONG)
+    late = client.ask("textDocument/hover", place)
+    client.close(main)
 expect("a request on a document that is closed meanwhile", "id" in client.answer(late), True)
 client.open(path("next.opt"), "")
 expect("the next one, after the analysis of what is closed", client.diagnostics(path("next.opt")), [])
 client.notify("$/cancelRequest", {"id": late})
-client.open(main, "thread 1\n" * 10000)
-waiting = client.ask("textDocument/hover", place)
-expect("shutdown while a request waits", client.request("shutdown", None), None)
+with client.together():
+    client.open(main, LONG)
+    waiting, shutdown = client.ask("textDocument/hover", place), client.ask("shutdown", None)
+expect("shutdown while a request waits", client.result(shutdown), None)
 expect("the request that waited", client.answer(waiting)["error"]["code"], -32600)
 expect("nothing is said after shutdown", client.receive(0.3), None)
 client.notify("exit", None)

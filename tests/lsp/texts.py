@@ -48,7 +48,8 @@ for name, named in ((uri(MAIN), MAIN), (uri(MAIN).replace("file", "FILE"), MAIN)
     client.notify("textDocument/didClose", {"textDocument": {"uri": name}})
 outside = tempfile.TemporaryDirectory()
 for file, wanted in ((MAIN, "main.opt"), (path("sub/x.opt"), "sub/x.opt"), (path("-"), path("-")), (folder, folder),
-                     (outside.name + "/solver.opt", outside.name + "/solver.opt"), (path("...opt"), "...opt")):
+                     (outside.name + "/solver.opt", outside.name + "/solver.opt"), (path("...opt"), "...opt"),
+                     ("untitled:x", "untitled:x")):
     client.open(file, "* definition: " + path("solver.def") + "\nthreads 2\n", "wexcorin-options")
     text = client.at("hover", file, 1, 0)["contents"]["value"]
     expect(f"the name of {file} in texts", f"- {wanted}:2 threads 2 stored 2\n" in text or text, True)
