@@ -28,7 +28,7 @@ expect("the exit code at the end of input", client.end(), 1)
 
 # ---- a request that waits for an analysis has an answer before the server ends
 
-LONG = "thread 1\n" * 10000  # which takes a while
+LONG = "thread 1\n" * 50000  # which takes a while
 place = {"textDocument": {"uri": uri(main)}, "position": {"line": 0, "character": 1}}
 client = Client(folder)
 with client.together():
