@@ -185,6 +185,8 @@ write("two/more.def", "more integer 1 1 1 9 1 1 More\n")
 for hidden in (".git", "node_modules", "__pycache__", "packages", "/".join("abcdefghijklmnopqrstuvwx"),
                "/".join("abcdefghijklmnopqrstuvwxy")):  # 24 folders, and 25
     write(f"two/{hidden}/x.def", f"found_{len(hidden)} integer 1 1 1 9 1 1 X\n")
+for number in range(300):
+    write(f"two/many/{number}.def", f"many_{number} integer 1 1 1 9 1 1 X\n")
 os.mkdir(path("two/folder.def"))
 changed = lambda name, kind: client.notify("workspace/didChangeWatchedFiles", {
     "changes": [{"uri": uri(path(name)), "type": kind}]})
@@ -193,6 +195,7 @@ expect("a file that changes is no new one", symbols("more"), [])
 changed("two/more.def", 1)
 scans(6)
 expect("a new file", symbols("more"), ["more"])
+expect("a folder of many files", len(symbols("many_")), 300)
 expect("folders that are left out", symbols("found_"), ["found_47", "found_8"])
 os.remove(path("two/more.def"))
 expect("a file that is just gone", symbols("more"), [])

@@ -3,6 +3,9 @@ usage: definitionanswers.py TOOL"""
 from client import expect, explained, finish, path, short, uri, write
 from definitiontext import MAIN, TEXT, asked, start
 
+# In lookup mode Minos, option files may have blanks in names.
+write("minos/minos.def", "Minos lookup\nmajor_print_level strlist 1 1 1 A\nlevel_one synonym major_print_level\n")
+write("minos/minos.opt", "* definition: minos.def\nlevel one a\nmajor print level b\n")
 client = start(documentSymbol={"hierarchicalDocumentSymbolSupport": True},
                codeAction={"codeActionLiteralSupport": {}}, hover={"contentFormat": ["plaintext", "markdown"]})
 plain = start()  # of a client that can do nothing
@@ -127,6 +130,9 @@ for line, wanted in (
         ("tim|lim syn", [("written", "5:0-5:6")]),
         ("100 1 2|", [("written", "1:0-1:6"), ("read", "4:36-4:37")]),
         ("new synonym later\nlat|er strlist 1 1 1 A", [("written", "16:0-16:5")]),
+        ("Path lookup\nx synonym tim_l|im",
+         [("written", "4:0-4:10"), ("read", "5:15-5:25"), ("read", "9:9-9:19"), ("read", "16:10-16:17")]),
+        ("Path lookup\nab strlist 1 1 1 A\nnew macro 1 1\n a|b", [("written", "16:0-16:2"), ("read", "18:1-18:3")]),
         ("Message 1 |7", None),
         ("A |word", None)):
     expect(f"highlights of {line!r}", highlighted(line), wanted)
@@ -142,8 +148,15 @@ for line, declared, wanted in (
          [("solver.def", "9:1-9:8"), ("solver.def", "11:1-11:8"), ("solver.def", "14:1-14:8"),
           ("main.opt", "0:0-0:7")]),
         ("100 1 2|", False, [("solver.def", "4:36-4:37")]),
+        ("gap|_tol group 9 1 Gap", True, [("solver.def", "15:0-15:7")]),
         ("A |word", True, None)):
     expect(f"uses of {line!r}", used(line, declared), wanted)
+client.open(path("minos/minos.def"))
+client.diagnostics(path("minos/minos.def"))
+expect("uses of a synonym in lookup mode Minos",
+       short(client.at("references", path("minos/minos.def"), 2, 0, context={})),
+       [{"range": "1:0-1:9", "uri": "minos.opt"}])
+client.close(path("minos/minos.def"))
 
 # ---- the outline
 
@@ -265,7 +278,7 @@ for query, wanted in (
         ("all", [("all", "macro", "10:0-10:3", "solver.def", "General options")])):
     expect(f"the symbols of {query!r}", found(query), wanted)
 client.open(path("like.opt"), "like strlist 1 1 1 A definition would have such a line\n")
-expect("all symbols", len(found("")), 12)
+expect("all symbols", len(found("")), 14)
 many = path("many.def")
 client.open(many, "".join(f"name_{number} integer 1 1 1 9 1 1 x\n" for number in range(1001)))
 expect("very many symbols", len(client.request("workspace/symbol", {"query": "name_"})), 1000)

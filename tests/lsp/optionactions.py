@@ -139,9 +139,17 @@ for text, changes, wanted in (
           ("Make the line a comment", "2:0-2:0", "* ", "unknown-option 2:0-2:5")])):
     expect(f"actions for {text!r} after the changes {changes}", changed(text, changes), wanted)
 
+file = path("next.opt")
+client.open(file, "tiem_limit 5\n")
+client.diagnostics(file)
+client.change(file, (0, 0, 0, 0, "* new\n"))
+client.diagnostics(file)
+place = {"line": 1, "character": 0}
+answer = client.at("codeAction", file, 0, 0, range={"start": place, "end": place}, context={})
+expect("actions after the analysis of a change", [each["title"] for each in answer],
+       ['Replace "tiem_limit" by "time_limit"', "Make the line a comment"])
 file = path("late.opt")
 client.open(file, "blabla 4\n" + "* long\n" * 50000)  # its analysis is not done when the change comes
-place = {"line": 1, "character": 0}
 answer = client.at("codeAction", file, 0, 0, [(0, 0, 0, 0, "\n")], range={"start": place, "end": place}, context={})
 expect("actions for a text that changes before its first analysis is done", [
     short(each["edit"]["changes"][uri(file)][0]["range"]) for each in answer], ["1:0-1:0"])

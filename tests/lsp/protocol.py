@@ -13,9 +13,11 @@ write("solver.def", DEFINITION)
 write("main.opt", "threads 4\n")
 main = path("main.opt")
 client = Client(folder, start=False)
-client.notify("textDocument/didOpen", {"nonsense": True})
+client.open(main)
 client.send({"jsonrpc": "2.0", "id": "words", "method": "initialize", "params": {"capabilities": {}}})
 expect("an id may be a text", "capabilities" in client.answer("words")["result"], True)
+place = {"textDocument": {"uri": uri(main)}, "position": {"line": 0, "character": 1}}
+expect("what comes before initialize is left out", client.request("textDocument/hover", place)["code"], -32602)
 expect("shutdown", client.request("shutdown", None), None)
 client.notify("exit", None)
 expect("the exit code after shutdown", client.end(), 0)
@@ -29,7 +31,6 @@ expect("the exit code at the end of input", client.end(), 1)
 # ---- a request that waits for an analysis has an answer before the server ends
 
 LONG = "thread 1\n" * 50000  # which takes a while
-place = {"textDocument": {"uri": uri(main)}, "position": {"line": 0, "character": 1}}
 client = Client(folder)
 with client.together():
     client.open(main, LONG)
