@@ -309,6 +309,26 @@ TEST(faults, without_memory_for_an_index_only_a_short_list_is_searched) {
   }
 }
 
+// The first look-up of a name by its significant characters makes their index.
+TEST(faults, without_memory_for_its_index_a_name_is_not_found) {
+  const tscene scene;
+  std::string definition;
+  for (int i = 0; i < 501; ++i) definition.append("name_" + std::to_string(100 + i) + " strlist 1 1 1\n");
+  std::ofstream("many.def") << definition << "Path lookup\n";
+  tvksoptions* handle = nullptr;
+  xcreate(&handle);
+  coptreaddefinition(handle, "many.def");
+  plan(toperation::allocation, teffect::failsforgood, 1);
+  tsteps step;
+  const optshortstring name = {10, "namely_600"};
+  step(coptlookup, handle, "namely_600");
+  step(optlookup, handle, &name);
+  EXPECT_EQ(step.log, "-1 \n-1 \n");
+  EXPECT_EQ(tscene::messages(handle), "*** Error Out of memory\n*** Error the end\n");
+  EXPECT_EQ(coptlookup(handle, "namely_600"), 501);
+  xfree(&handle);
+}
+
 // A handle with the scene's definition, whose calls wait without taking time.
 struct twaitinghandle {
   twaitinghandle() {

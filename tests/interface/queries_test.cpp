@@ -193,6 +193,7 @@ const trules modes("lookup", "", "integers $2 ; definition $1 lookup ; gethelpnr
     // in mode minos the number of words must be the same
     Minos => major_iterations_limit => major_iterations => 0| => -1
     Minos => major_iter => majx_iter_limi => 0| => -1
+    Minos => maj_i_ter => maj_iter => 0| => -1
 
     // in mode minos a shorter word must be complete
     minos => ma_x => ma_x => 1|ma_x => 1

@@ -157,7 +157,8 @@ TEST(numtext, texts_are_integers_within_32_bits) {
   pairs({__LINE__, R"(
            12:12/12 -0012:-12/-12 MaxInt:2147483647/2147483647 minint:-2147483648/-2147483648
            2147483647:2147483647/2147483647 -2147483648:-2147483648/-2147483648 2147483648:none/none 3.0:none/3
-           1e3:none/1000 2.5:none/none eps:none/none 12x:none/none)"},
+           1e3:none/1000 -2147483648.0:none/-2147483648 2147483648.0:none/none 2.5:none/none eps:none/none
+           12x:none/none)"},
         [](const std::string& text) {
           std::int32_t plain = -1, wide = -1;
           const bool isplain = strasintex(text, plain), iswide = strasintex2(text, wide);
