@@ -2,6 +2,7 @@
 // has left, or a file would exceed the limit of the process. The errors are reported, and the host's signals
 // are as they were, whatever the host does with them. And a terminal that stops a process in the background.
 #include <fcntl.h>
+#include <stdio_ext.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -59,6 +60,9 @@ class signals : public testing::Test {
     foptions.readparameterfile(fdirectory.write("help.opt", "\nhelp 4\n"));
     foptions.showhelp("4");
     std::fflush(stdout);  // would fail if a part of the help were left in the buffer
+    std::fputs("what the host prints", stdout);
+    foptions.showhelp("4");
+    __fpurge(stdout);
     dup2(kept, STDOUT_FILENO);
     close(kept);
     close(ends[1]);
@@ -106,6 +110,7 @@ TEST_F(signals, areheldback) {
       "Reading parameter(s) from \"help.opt\"\n"
       "*** Error line 2: Cannot write help to standard output\n*** Error line 2:    Error code = 32; Broken "
       "pipe\nFinished reading from \"help.opt\"\n"
+      "*** Error Cannot write help to standard output\n*** Error    Error code = 32; Broken pipe\n"
       "*** Error Cannot write help to standard output\n*** Error    Error code = 32; Broken pipe\n"
       "*** Error Cannot write parameter file \"fifo\"\n*** Error    Error code = 32; Broken pipe\n"
       "*** Error Cannot write parameter file \"file\"\n*** Error    Error code = 27; File too large\n";

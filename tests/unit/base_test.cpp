@@ -147,7 +147,7 @@ TEST(numtext, texts_are_doubles_as_a_whole_or_not_at_all) {
   pairs({__LINE__, R"(
            +1.5:1.5 -.5:-0.5 2.5d-3:0.0025 MaxDouble:1E299 mindouble:-1E299 EPS:1E-20 epsdouble:1E-20 1e-400:0
            0.000001e-320:0 0e99999999999999999999:0 1e-99999999999999999999:0 0.<240z>1e300:1E59
-           1<240z>e-300:1E-60 0.<400z>1:0 1e400:none 1e99999999999999999999:none 1<400z>:none 1d0<300z>:none
+           1<240z>e-300:1E-60 0.<400z>1:0 0.<500z>1e100:0 1e400:none 1e99999999999999999999:none 1<400z>:none 1d0<300z>:none
            1<240z>e100:none .:none 1.2.3:none +-1:none 1e:none 1dd5:none 1,5:none 0x10:none inf:none nan:none)"},
         read);
   EXPECT_EQ(read("") + read("1 ") + read(" 1"), "nonenonenone");
