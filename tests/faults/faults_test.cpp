@@ -122,7 +122,7 @@ ssize_t __wrap_write(int descriptor, const void* buffer, std::size_t size) {
   if (plannedeffect == teffect::failsforgood) return failed(EAGAIN);
   if (plannedeffect == teffect::fails) return plannednumber % 2 == 0 ? 0 : failed(ENOSPC);
   return plannednumber % 2 == 0 ? failed(EINTR)
-                                : __real_write(descriptor, buffer, std::min<std::size_t>(size, 3));
+                                : __real_write(descriptor, buffer, std::min<std::size_t>(size, 1));
 }
 
 // The descriptor is closed in any case.

@@ -11,6 +11,7 @@
 #include <array>
 #include <clocale>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <utility>
 
@@ -121,10 +122,13 @@ TEST_F(host, closedStandardFiles) {
           wexcorin::options options = ::host::begin();
           options.showhelp("4");
           options.read("describe 4");
+          for (int line = 0; line < 300; ++line) options.read("cut_file " + std::string(250, 'x'));
+          EXPECT_EQ(options.writeparameterfile(file("long")), 0);
         },
         [&] {
           std::fflush(nullptr);
           std::clearerr(stdout);
+          EXPECT_GT(std::filesystem::file_size(file("long")), 300u * 250);
           for (int number = first; number <= 2 - first; ++number) {
             const bool isleft = isopen(number);
             dup2(kept[number], number);

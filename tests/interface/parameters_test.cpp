@@ -218,6 +218,7 @@ const trules texts("texts", options, {__LINE__, R"(
     // a string or buffer is one line that a line feed ends
     readfromstr a 1\nb 2 ; settings => a=1
     readfrompchar s x y\nb 2 ; settings => a=1 s=x y
+    readfrompchar l v w\nb 2 ; settings => a=1 s=x y l=[v w]
     readfromstr \na 2 ; readfromstr ; readfrompchar ; messages =>
 
     // messages on a string or buffer have no line number
