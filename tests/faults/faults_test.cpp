@@ -390,7 +390,7 @@ TEST(faults, a_fifo_is_waited_for_but_not_for_ever) {
       if (row.later.empty()) return;
       usleep(50'000);
       if (!row.isopen) fifo = open("fifo", O_RDWR | O_CLOEXEC);
-      for (std::size_t at = 0; at < row.later.size(); at += 5, usleep(10'000)) put(row.later.substr(at, 5));
+      for (std::size_t at = 0; at < row.later.size(); ++at, usleep(2'000)) put(row.later.substr(at, 1));
       close(fifo);
       fifo = -1;
     });

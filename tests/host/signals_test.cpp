@@ -92,6 +92,7 @@ class signals : public testing::Test {
     brokenoutput();
     brokenpipe();
     limitedfile();
+    foptions.writeparameterfile(fdirectory.path("none/file"));
     std::string result;
     for (const auto& message : foptions.messages()) result += message.text + '\n';
     foptions.clearmessages();
@@ -113,7 +114,9 @@ TEST_F(signals, areheldback) {
       "*** Error Cannot write help to standard output\n*** Error    Error code = 32; Broken pipe\n"
       "*** Error Cannot write help to standard output\n*** Error    Error code = 32; Broken pipe\n"
       "*** Error Cannot write parameter file \"fifo\"\n*** Error    Error code = 32; Broken pipe\n"
-      "*** Error Cannot write parameter file \"file\"\n*** Error    Error code = 27; File too large\n";
+      "*** Error Cannot write parameter file \"file\"\n*** Error    Error code = 27; File too large\n"
+      "*** Error Cannot write parameter file \"none/file\"\n*** Error    Error code = 2; No such file or "
+      "directory\n";
   sigset_t both;
   sigemptyset(&both);
   sigaddset(&both, SIGPIPE);

@@ -282,7 +282,7 @@ const trules members(
     reading, {__LINE__, R"(
     // each word of a multilist goes to the next member
     1 => words 1:a:b => x=1 l=[a] n=[b]
-    1 => words 1:a:b:c => x=1 l=[a] n=[b] => V1 Too many items for multilist "words"
+    1 => words 1:a:b:c:d => x=1 l=[a] n=[b] => V1 Too many items for multilist "words"
     1 => words bad:a => l=[a] => V1 Integer expected, for option "words" saw "bad"
 
     // blanks before a word of a multilist are skipped, blanks after it belong to it

@@ -164,6 +164,7 @@ const trules modes("lookup", "", "integers $2 ; definition $1 lookup ; gethelpnr
     // in mode normal a name must be complete, in upper or lower case
     Normal => alpha Beta beta => BETA => 1|Beta => 2
     Normal => alpha => alph => 0| => -1
+    unknown => alpha_beta => alp_bet => 0| => -1
 
     // in mode path only the first three characters of each word are compared
     Path => convergence_tolerance => con_tol => 1|convergence_tolerance => 1

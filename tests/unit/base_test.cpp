@@ -103,7 +103,8 @@ TEST(texts, replacing_filling_and_splitting) {
   EXPECT_EQ(deletechar('a', "banana").view(), "bnn");
   EXPECT_EQ(lowercase("AbC\xC4").view(), "abc\xC4");
   EXPECT_EQ(uppercase("aBc\xE4").view(), "ABC\xE4");
-  EXPECT_EQ(concat(padleft("ab", 4), padright("ab", 4), padright("abcde", 4)).view(), "  abab  abcde");
+  EXPECT_EQ(concat(padleft("", 0), padleft("ab", 4), padright("ab", 4), padright("abcde", 4)).view(),
+            "  abab  abcde");
   EXPECT_EQ(padrightmod("abcde", 4).view(), "abcde   ");
   EXPECT_EQ(concat(padrightmod("abcd", 4), padrightmod("abcd", 0), fillstr('-', 3)).view(), "abcdabcd---");
   EXPECT_EQ(trim(" \t a b\t "), "a b");
@@ -172,7 +173,7 @@ TEST(numtext, texts_are_integers_within_32_bits) {
 TEST(numtext, integers_as_text) {
   EXPECT_EQ(inttostr(minint).view(), "-2147483648");
   EXPECT_EQ(std::string(inttostrex(maxint)) + std::string(inttostrex(minint)), "maxintminint");
-  EXPECT_EQ(inttonicestr(-1234567).view(), "-1,234,567");
+  EXPECT_EQ(concat(inttonicestr(-1234567), " ", inttonicestr(0)).view(), "-1,234,567 0");
   EXPECT_EQ(int64tonicestr(std::numeric_limits<std::int64_t>::min()).view(), "-9,223,372,036,854,775,808");
   EXPECT_EQ(inttonicestrw(1000, 8).view(), "   1,000");
   EXPECT_EQ(inttonicestrw(1000, 3).view(), "1,000");
