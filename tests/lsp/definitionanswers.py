@@ -199,14 +199,14 @@ expect("a list of symbols", short(asked(plain, "documentSymbol", "|")),
 
 expect("the outline of odd texts", short(client.at("documentSymbol", MAIN, 0, 0, [
     'a double 1 1 1 1 1 0 "x" \\ \u00e4\ng group 3 1 Tab\there \x01\nb strlist 1 1 3 \U0001f600\n'
-    "x deprecated\n a\ny obsolete\n b\nc synonym none\nz group 0 1\n"])),
+    "x deprecated\n a\ny obsolete\n b\nc synonym none C \nz group 0 1\n"])),
        [{"name": "a", "detail": 'double: "x" \\ ä', "kind": 7, "range": "0:0-0:28", "selectionRange": "0:0-0:1",
          "tags": [1]},
         {"name": "g", "detail": "group: Tab\\x09here \\x01", "kind": 3, "range": "1:0-1:22",
          "selectionRange": "1:0-1:1",
          "children": [{"name": "b", "detail": "strlist: 😀", "kind": 18, "range": "2:0-2:18",
            "selectionRange": "2:0-2:1", "tags": [1]}]},
-        {"name": "c", "detail": "synonym", "kind": 7, "range": "7:0-7:14", "selectionRange": "7:0-7:1"},
+        {"name": "c", "detail": "synonym: C", "kind": 7, "range": "7:0-7:17", "selectionRange": "7:0-7:1"},
         {"name": "z", "detail": "group", "kind": 3, "range": "8:0-8:11", "selectionRange": "8:0-8:1"}])
 
 

@@ -217,11 +217,10 @@ for lines, wanted in (
           '3:0-3:7 group-empty: Group "general" has no options {\'tags\': [1]}']),
         ("other group 1 1 Twice\nsize integer 7 1 1 9 1 1 S\n",
          ['! 3:0-3:5 definition: Group number not unique for option "other"']),
-        ("n1 double 7 x1 x1 x 1 1 S\n",
-         ['! 3:12-3:14 definition: Bad default value for option "n1"\nThe default must be a number, but '
+        ("n1 double 7 0 x1 x 1 1 S\n",
+         ['! 3:14-3:16 definition: Bad low value for option "n1"\nThe lowest value must be a number, but '
           '"x1" is in its place; the largest number is maxdouble. The fields are: name, double, reference '
           "number, default, lowest value, highest value, help flag, group, text",
-          '! 3:0-3:2 definition: Bad low value for option "n1"',
           '! 3:0-3:2 definition: Bad high value for option "n1"']),
         ("d deprecated\n threads\nd2 deprecated\n threads\n", [])):
     expect(f"findings in the lines {lines!r}", defined(lines), wanted)

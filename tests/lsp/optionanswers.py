@@ -87,10 +87,10 @@ for text, wanted in (
          ("0:0-0:3",
           "**say**: Say\n\n- type: acts when it is read\n- group: general: General\n\n- main.opt:1 `say x` "
           "acted\n- main.opt:1 `say x` refused: x\n")),
-        ("eolonly off\nquiet fr|ee x",
-         ("1:6-1:10",
-          '**free**\n\n- type: text\n- default: `""`\n- group: general: General\n\n- main.opt:2 `quiet free x` '
-          "stored x\n\nIn force: x, from main.opt:2\n")),
+        ('eolonly "no"\nwrong 1 --list a fr|ee x',
+         ("1:17-1:21",
+          '**free**\n\n- type: text\n- default: `""`\n- group: general: General\n\n- main.opt:2 `wrong 1 '
+          "--list a free x` stored x\n\nIn force: x, from main.opt:2\n")),
         ("include nested.inc\nth|reads 5",
          ("1:0-1:7",
           "**threads**: Threads\n\n- type: integer, the value may be left out\n- range: 0 to 64\n- default: "
@@ -246,23 +246,26 @@ for text, wanted in (
 
 # ---- symbols
 
-SETTINGS = "|method=dual ! note\nx.prior('a') 3\n* time_limit 3\n--list a b\n8 bad\nnew 4\ninclude x.inc\nindic a b\n" \
-           "quiet"
+SETTINGS = "|method=dual ! note\nx.prior ('a', 'b') 3\n* time_limit 3\n--list a b\n8 bad\nnew 4\ninclude x.inc\n" \
+           "indic a b\nquiet\ny.prior('a', b) 2\nz.prior(3) 2"
 expect("symbols", [tuple(short(each).values()) for each in asked(client, "documentSymbol", SETTINGS)],
-       [("dual", 7, "method", "0:0-0:11", "0:0-0:6"), ("('a') 3", 7, "x.prior", "1:0-1:14", "1:0-1:7"),
+       [("dual", 7, "method", "0:0-0:11", "0:0-0:6"), ("('a', 'b') 3", 7, "x.prior", "1:0-1:20", "1:0-1:7"),
         ("a b", 18, "--list", "3:0-3:10", "3:0-3:6"), ("4", 7, "new", "5:0-5:5", "5:0-5:3"),
         ("x.inc", 24, "include", "6:0-6:13", "6:0-6:7"), ("a b", 24, "indic", "7:0-7:9", "7:0-7:5"),
-        ("", 7, "quiet", "8:0-8:5", "8:0-8:5")])
+        ("", 7, "quiet", "8:0-8:5", "8:0-8:5"), ("('a', b", 7, "y.prior", "9:0-9:14", "9:0-9:7"),
+        ("(", 7, "z.prior", "10:0-10:8", "10:0-10:7")])
 expect("the fields of a symbol", list(asked(client, "documentSymbol", SETTINGS)[0]),
        ["detail", "kind", "name", "range", "selectionRange"])
 expect("a list of symbols", short(asked(plain, "documentSymbol", SETTINGS)),
        [{"kind": 7, "location": {"range": "0:0-0:11", "uri": "main.opt"}, "name": "method"},
-        {"kind": 7, "location": {"range": "1:0-1:14", "uri": "main.opt"}, "name": "x.prior"},
+        {"kind": 7, "location": {"range": "1:0-1:20", "uri": "main.opt"}, "name": "x.prior"},
         {"kind": 18, "location": {"range": "3:0-3:10", "uri": "main.opt"}, "name": "--list"},
         {"kind": 7, "location": {"range": "5:0-5:5", "uri": "main.opt"}, "name": "new"},
         {"kind": 7, "location": {"range": "6:0-6:13", "uri": "main.opt"}, "name": "include"},
         {"kind": 7, "location": {"range": "7:0-7:9", "uri": "main.opt"}, "name": "indic"},
-        {"kind": 7, "location": {"range": "8:0-8:5", "uri": "main.opt"}, "name": "quiet"}])
+        {"kind": 7, "location": {"range": "8:0-8:5", "uri": "main.opt"}, "name": "quiet"},
+        {"kind": 7, "location": {"range": "9:0-9:14", "uri": "main.opt"}, "name": "y.prior"},
+        {"kind": 7, "location": {"range": "10:0-10:8", "uri": "main.opt"}, "name": "z.prior"}])
 
 # ---- hints
 

@@ -78,6 +78,12 @@ for mode in 0o600, 0o640, 0o4755:
     runs("wexcorin write a.def a.opt -o old.opt")
     old = os.stat("old.opt")
     expect("old file", (read("old.opt"), old.st_mode & 0o7777, (old.st_uid, old.st_gid)), ("tol=0.5\n", mode, owner))
+# Where owner and group cannot be kept, the group gets what everybody has. Not permitted everywhere.
+if os.geteuid() == 0 and run("unshare -r true")[2] == 0:
+    os.chmod("old.opt", 0o4676)
+    runs("unshare -r wexcorin doc c a.def -o old.opt")
+    expect("the permissions for another owner and group", os.stat("old.opt").st_mode & 0o7777, 0o666)
+    os.chown("old.opt", *owner)
 # The list gives one more user access; for the file itself its group would have it.
 access = b"\2\0\0\0" + b"".join(tag + b"\0" + right + b"\0" + name for tag, right, name in (
     (b"\1", b"\6", b"\xff" * 4), (b"\2", b"\6", b"\1\0\0\0"), (b"\4", b"\0", b"\xff" * 4),
@@ -120,6 +126,7 @@ for arguments in ("a.def none.opt", "a.def missing.opt", "a.def directory.opt", 
                   f"{big}", f"a.def --set 'read {big}'", "a.def --set 'read none.opt'"):
     for command in "check", "check --json", "show", *(("help",) if " " not in arguments else ()):
         runs(f"wexcorin {command} {arguments}", None, None, 2)
+runs(f"wexcorin migrate --to a.def --syntax assignments {big} --dry-run", None, None, 2)
 runs("wexcorin check a.def missing.opt", err="", code=2, out="""missing.opt:2: error: Cannot open parameter file \
 "none.opt"\nmissing.opt:2: note: Error code = 2; No such file or directory\n1 error, 0 warnings; 4 options, 1 set\n""")
 for command in "show a.def", "check a.def", "help a.def":
@@ -161,8 +168,8 @@ if run(hidden.format("true"))[2] == 0:
 
 # ---- what a person sees: characters that deceive are escapes; JSON keeps them, and files their bytes
 
-raw = "\x1b[31m\x07 \x7f \u0085 \udc9b \u202e\u2066\u200b\u200f\u2028\ufeff\u2060\U000e0041 ä"
-escaped = (r"\x1b[31m\x07 \x7f \x85 \x9b \u202e\u2066\u200b\u200f\u2028\ufeff\u2060\U000e0041 ä")
+raw = "\x1b[31m\x1f \x7f \u0085 \udc9b \u202e\u2066\u200b\u200f\u2028\ufeff\u2060\U000e0041 ä"
+escaped = (r"\x1b[31m\x1f \x7f \x85 \x9b \u202e\u2066\u200b\u200f\u2028\ufeff\u2060\U000e0041 ä")
 value = raw.replace("\udc9b", "\x9b")
 write("mean.def", f'word string 1 "{raw}" 1 1 {raw}\nlist immediate Help 1 1\n')
 write("mean.opt", f'word "{raw}!"\n{raw} 1\nlist word\nlist 4\n')
@@ -294,6 +301,9 @@ for command, old, unnamed, kill in (
         expect(f"{what}: left in the folder", others, set())
     # a signal that can be held back ends the program when the new contents are in place
     expect(f"{command}: its outcomes", set(outcomes), {False, True} if kill == "KILL" else {True})
+    code = strace(command, old, *faults, ("fsync", 1, "error=EIO"))
+    expect(f"{command}: a disk that fails", (code, [read(f"place/{name}") for name in os.listdir("place")]),
+           (2, [old] if old else []))
     if unnamed:  # only between the two calls that name the new file and that put it in place
         expect(f"{command}: calls at which a name was left", dict(left), {"renameat": 1} if kill == "KILL" and old else {})
 

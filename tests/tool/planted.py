@@ -95,7 +95,7 @@ log_prefix "run #7"      | log_prefix r\0                 | zero-byte      |
 crossover off            | crossover off # [1004]         | nothing        |
 crossover off            | crossover off # [1005]         | line-cut       |
 == the same option twice
-work_limit maxdouble     | time_limit 2                   | set-again      |
+work_limit maxdouble     | time_limit 1500.00000000001    | set-again      |
 == a file that is not there
 solver_priorities.opt    | solver_priorites.opt           | unusable-file  |
 """

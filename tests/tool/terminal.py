@@ -20,11 +20,12 @@ for width in 132, 80, 60, 20:
                sorted(squeezed.sub("", seen)), sorted(squeezed.sub("", wide)))
 wide = run("wexcorin show examples/solver.def")[0]
 expect("--wide", on_terminal("wexcorin show examples/solver.def --wide --color never", 60, **NOPAGER)[0], wide)
-write("long.def", 'word enumstr 1 "one of them" 1 1\n "one of them" 1\n "the second" 1\n ' + 30 * "ä" + " 1\n")
+write("long.def", 'word enumstr 1 "one of them" 1 1\n "one of them" 1\n "the second" 1\n "' +
+      23 * "ä" + ',äää" 1\n')
 expect("a row of several lines",
        on_terminal("wexcorin show long.def --columns name,range --color never", 30, **NOPAGER)[0],
-       "Name  Range or values\nHelp\nword  \"one of them\", \"the\n      second\",\n      " + 24 * "ä" + "\n      " +
-       6 * "ä" + "\n")
+       "Name  Range or values\nHelp\nword  \"one of them\", \"the\n      second\",\n      \"" + 22 * "ä" +
+       '\n      ä,äää"\n')
 # The last column is made as narrow as 20 columns before the widest one is made narrower, and none goes below 8.
 write("names.def", f'{30 * "n"} string 1 "{"xx" + 36 * ","}" 1 1\n')
 for width, rows in ((40, [18 * "n" + '  "x', 12 * "n" + "        x" + 19 * ",", 20 * " " + 17 * "," + '"']),

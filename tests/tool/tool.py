@@ -146,8 +146,8 @@ for command in ("wexcorin write - new.opt -o - <new.def",
                                        "but is read back as 0.123456789012346\n"))
 
 # What the help does not list, by its own flag, its group or no group, is found by its name only. Groups have names and titles.
-write("hidden.def", """cuts group 1 1 Cutting planes
-makers group 2 0 Makers
+write("hidden.def", """makers group 2 0 Makers
+cuts group 1 1 Cutting planes
 shown integer 1 0 0 9 1 1 Word
 macro_only macro 1 3 Word
 flag_zero integer 2 0 0 9 0 1 Word
