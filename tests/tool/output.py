@@ -108,6 +108,16 @@ for command, out in (
         ("write a.def a.opt -o /dev/fd/3 3>both; cat both", "tol=0.5\n")):
     runs(f"wexcorin {command}", out)
 
+# A pipe that is full is waited for, even if the program that made it did not want to wait.
+reader, writer = os.pipe()
+os.set_blocking(writer, False)
+process = subprocess.Popen("exec wexcorin doc page examples/solver.def -o -", shell=True, stdout=writer)
+os.close(writer)
+time.sleep(0.2)
+with open(reader, encoding="utf-8") as file:
+    expect("what arrives through the pipe", file.read(), run("wexcorin doc page examples/solver.def -o -")[0])
+expect("the exit code", process.wait(), 0)
+
 # ---- errors: 1 in what was read, 2 where a file cannot be used; then nothing is written
 
 full = "No space left on device"
@@ -126,6 +136,7 @@ for arguments in ("a.def none.opt", "a.def missing.opt", "a.def directory.opt", 
                   f"{big}", f"a.def --set 'read {big}'", "a.def --set 'read none.opt'"):
     for command in "check", "check --json", "show", *(("help",) if " " not in arguments else ()):
         runs(f"wexcorin {command} {arguments}", None, None, 2)
+runs("wexcorin show a.def none.opt", "", None, 2)
 runs(f"wexcorin migrate --to a.def --syntax assignments {big} --dry-run", None, None, 2)
 runs("wexcorin check a.def missing.opt", err="", code=2, out="""missing.opt:2: error: Cannot open parameter file \
 "none.opt"\nmissing.opt:2: note: Error code = 2; No such file or directory\n1 error, 0 warnings; 4 options, 1 set\n""")
@@ -206,7 +217,7 @@ expect("which characters are shown", {code for code in codes if f"a{chr(code)}b"
 
 # Each byte that is not part of valid UTF-8 is shown as the Latin-1 character that it stands for.
 codecs.register_error("latin", lambda error: (chr(error.object[error.start]), error.start + 1))
-texts = [bytes(text) for text in itertools.product(b"\x7f\x80\xc1\xc2\xdf\xe0\xe1\xed\xef\xf0\xf1\xf4\xf5",
+texts = [bytes(text) for text in itertools.product(b"\x7f\x80\xc1\xc2\xdf\xe0\xe1\xec\xed\xef\xf0\xf1\xf4\xf5",
                                                    b"\x7f\x80\x8f\x90\x9f\xa0\xbf\xc0", b"\x80\xc0", b"\xbf\x7f")]
 write("bytes.def", "".join(f'w{number} string 1 "{text.decode("utf-8", "surrogateescape")}" 1 1\n'
                            for number, text in enumerate(texts)))
@@ -310,8 +321,10 @@ for command, old, unnamed, kill in (
 # The temporary name of a program that still runs is not taken from it, and no file but its own is ever removed.
 prepare("old\n")
 write(f"place/{TEMPORARY}", "of another")
+os.mkfifo(f"place/{TEMPORARY[:-1]}1")
 run(f"flock place/{TEMPORARY} wexcorin write a.def a.opt -o place/out")
-expect("beside another program", (read("place/out"), sorted(os.listdir("place"))), ("tol=0.5\n", [TEMPORARY, "out"]))
+expect("beside another program", (read("place/out"), sorted(os.listdir("place"))),
+       ("tol=0.5\n", [TEMPORARY, f"{TEMPORARY[:-1]}1", "out"]))
 # There are ten such names, so beside ten other programs a file is not replaced.
 for others, wanted in (9, ("tol=0.5\n", 0)), (10, ("old\n", 2)):
     prepare("old\n")

@@ -168,6 +168,7 @@ expect_part("no empty column", run("wexcorin doc markdown hidden.def -o -")[0],
 for request in "cuts", "CUTS", "cutting planes":
     runs(f"wexcorin help hidden.def {request}", "Cutting planes\nshown                 : Word\n")
 runs("wexcorin help hidden.def 15", None)
+runs("wexcorin help hidden.def help", f"Help: \n{24 * ' '}immediate, \n")
 expect("blanks for underscores", run("wexcorin help hidden.def group zero")[0][:17], "group_zero: Word\n")
 nearest, search = 'group "cust"; did you mean "cuts"?\n', "'wexcorin find' searches the texts of the options"
 for request, said, code in (("99", "a sum of 1, 2 and 8\nwexcorin: the groups are cuts, short and last\n", 2), ("-1", "cuts, short and last\n", 2),
