@@ -56,6 +56,7 @@ expect("through files and macros", through(origins("two.opt")["alpha"]),
 write("two.opt", "read deep.opt\n")
 expect("through a short form", through(origins("two.opt")["alpha"]), ["include two.opt 1", "short form alp"])
 expect("through a multilist", through(origins("--set 'pair 1:2'")["beta"]), ["multilist pair", "macro outer"])
+expect("a dot line overrides no other", origins("--set 'x.rank 1' --set 'y.rank 2'")[".rank"]["overrode"], [])
 expect("a refused value has no origin", origins("--set 'alpha 99'")["alpha"], None)
 expect("the first of two values stays", [row[key] for row in json.loads(
     run("wexcorin show trace.def --json --origin --set 'window 1 2' --set 'window * 3'")[0])["options"]
