@@ -146,6 +146,10 @@ const trules scenes("queries", options, {__LINE__, R"(
     readfromstr names one ; readfromstr names two ; getfromliststr names => 1|one ; getfromliststr names => 1|two
     getfromliststr names => 0| ; getfromliststr maxit => -1| ; getfromliststr nosuch => -2|
 
+    // a list that is reset begins anew
+    readfromstr names one ; readfromstr names two ; readfromstr names three ; getfromliststr names => 1|one
+    resetall ; readfromstr names four ; getfromliststr names => 1|four
+
     // texts are taken either from the lists that keys created or from the others
     readfromstr names one ; readfromstr --extra three ; readfromstr --more four
     getfromanystrlist 1 => 1|--extra|three ; getfromanystrlist -1 => 1|--more|four
