@@ -195,8 +195,9 @@ for older, newer, wanted in (
          ["compatible deprecated alpha:  -> : Short forms of the name are now deprecated: why", "compatible synonym s:  -> alpha: The synonym of alpha is new"]),
         ("Path lookup/alpha indicator/alpha", "Path lookup/alpha indicator/alpha/s synonym alpha/x deprecated/ s why",  # "alph" finds the option
          ["compatible deprecated alpha:  -> : Short forms of the name are now deprecated: why", "compatible synonym s:  -> alpha: The synonym of alpha is new"]),
-        ("Path lookup/alpha/s synonym alpha", "Path lookup/alpha/s synonym alpha/x obsolete/ s why",
-         ["breaking obsolete alpha:  -> : Short forms of the name are now obsolete: why", "breaking obsolete s:  -> : The name is now obsolete: why"]),
+        ("Path lookup/alpha/s synonym alpha", "Path lookup/other/alpha/s synonym alpha/x obsolete/ s why",
+         ["breaking obsolete alpha:  -> : Short forms of the name are now obsolete: why", "breaking obsolete s:  -> : The name is now obsolete: why",
+          "compatible added other:  -> other: The option is new"]),
         ("Path lookup/.alpha/s synonym .alpha", "Path lookup/.alpha/s synonym .alpha/x obsolete/ s why", ["breaking obsolete s:  -> : The name is now obsolete: why"]),
         ("Path lookup/.alpha", "Path lookup/.alpine",  # a dot line
          ["silent removed .alpha:  -> .alpine: The option is gone; its name now finds .alpine", "compatible added .alpine:  -> .alpine: The option is new"]),
