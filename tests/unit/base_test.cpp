@@ -109,8 +109,11 @@ TEST(texts, replacing_filling_and_splitting) {
   EXPECT_EQ(concat(padrightmod("abcd", 4), padrightmod("abcd", 0), fillstr('-', 3)).view(), "abcdabcd---");
   EXPECT_EQ(trim(" \t a b\t "), "a b");
   EXPECT_EQ(trim("  "), "");
-  std::int32_t position = 1;
-  for (const char* token : {"one", "two", ""}) EXPECT_EQ(extracttoken("  one two", position), token);
+  std::int32_t position = 0;  // as 1
+  for (const auto& [token, behind] : {std::pair{"one", 6}, {"two", 10}, {"", 10}}) {
+    EXPECT_EQ(extracttoken("  one two", position), token);
+    EXPECT_EQ(position, behind);
+  }
 }
 
 // For each word "input:result", check(input) must return the result; "z" stands for a zero byte.
