@@ -49,6 +49,7 @@ for line, wanted in (
          ("12:25-12:26",
           "group\n\nThe number of the group under which help lists the option; 0 for no group, which also "
           "hides it.\n")),
+        ("yes boolean 9 |1 1 1 Y", ("15:14-15:15", "default\n\n1 for yes or 0 for no.\n")),
         (" one |1 First", ("7:5-7:6", "help flag\n\n1 when help lists the value; 0 hides it.\n")),
         ("A w|ord", None),
         ("use |time", None),

@@ -180,6 +180,7 @@ for row in (
         # An error in the elements ends a dot line there; an indicator goes on with what follows the elements.
         (f"{EOL}/.r/a", f"{EOL}/.r/b/a synonym b", "e off/x.r(k a 3", "e off/x.r(k b 3",
          ['2: decide: refused .r: Not taken before either: Set name not allowed .option "x"', "2: renamed a: It is now called b"]),
+        (f"{EOL}/.r/a", f"{EOL}/.r/b/a synonym b", "e off/x.r = 1 a 3", "e off/x.r = 1 b 3", ["2: renamed a: It is now called b"]),
         (".r", "a", "x.r(1)", None, ['1: decide: refused .r: Not taken before either: Element expected for .option "x"',
                                      '1: decide: refused: Not taken before either: Option keyword expected, saw "1"']),
         (f"{EOL}/i indicator/a", f"{EOL}/i indicator/b/a synonym b", "e off/i e($v( 1 a 3", "e off/i e($v( 1 b 3",

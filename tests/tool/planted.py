@@ -121,7 +121,7 @@ cuts group 8 1           | cuts group 8                   | The help flag must b
 1977 0 maxint            | 1977.5 0 maxint                | The default must be an integer                    |
 1977 0 maxint            | 1977, 0, maxint                | fields are separated by blanks                    |
 107 1 0 10 1             | 107 1 0 inf 1                  | the largest number is maxdouble                   |
-105 1 1 1                | 105 yes 1 1                    | The default must be 0 or 1, but "yes"             |
+105 1 1 1                | 105 yes 1 1                    | but "yes" is in its place. The                    |
 105 1 1 1                | 105 2 1 1                      | boolean-default                                   |
 105 1 1 1                | 105 99999999999 1 1            | must be 0 or 1, but "99999999999"                 |
 105 1 1 1                | 105 1 1 General                | The group must be an integer, but "General"       |
