@@ -120,6 +120,12 @@ expect("the exit code", process.wait(), 0)
 
 # ---- errors: 1 in what was read, 2 where a file cannot be used; then nothing is written
 
+# what cannot be finished before it goes out
+for command, error in (
+        ("write a.def a.opt", '<stdout>: error: Cannot write parameter file "/proc/self/fd/3"\n'
+                              "<stdout>: note: Error code = 27; File too large\n"),
+        ("doc pascal a.def", "wexcorin: cannot write a temporary file: File too large\n")):
+    runs(f"prlimit --fsize=4 wexcorin {command} -o -", err=error, code=2)
 full = "No space left on device"
 for target, reason in (("/dev/full", full), (".", "Is a directory"), ("none/x", "No such file or directory"),
                        ("a.opt/x", "Not a directory"), ("circle", "Too many levels of symbolic links"),
