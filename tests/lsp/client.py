@@ -165,11 +165,14 @@ class Client:
     def quit(self):
         self.request("shutdown", None)
         self.notify("exit", None)
-        return self.end()
+        return self.ended()
 
     # Ends the input.
     def end(self):
         self.process.stdin.close()
+        return self.ended()
+
+    def ended(self):
         try:
             return self.process.wait(10)
         except subprocess.TimeoutExpired:

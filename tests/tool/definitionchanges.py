@@ -213,9 +213,9 @@ for older, newer, wanted in (
         ("Minos lookup/max_iter", "Minos lookup/max_iter/max indicator",
          ["compatible indicator :  -> max: There is a keyword of indicators, max", "breaking name max_iter:  -> : The name no longer finds the option",
           "breaking short forms max_iter:  -> max: Short forms of the name that begin with max no longer find the option"]),
-        ("Minos lookup/max_iter/other", "Minos lookup/max_iter/other/Maxi synonym other",
+        ("Minos lookup/max_iter/other", "Minos lookup/max_iter/other/Maxi synonym other/mat synonym other",
          ["breaking short forms max_iter:  -> Maxi: Short forms of the name that begin with Maxi no longer find the option",
-          "compatible synonym Maxi:  -> other: The synonym of other is new"]),
+          "compatible synonym Maxi:  -> other: The synonym of other is new", "compatible synonym mat:  -> other: The synonym of other is new"]),
         ("Minos lookup/max_iteration_limit/other", "Minos lookup/max_iteration_limit/other/max_iter synonym other/max_pivots synonym other",
          ["breaking short forms max_iteration_limit:  -> max_iter: "
           "Short forms of the name that begin with max_iter no longer find the option", "compatible synonym max_iter:  -> other: The synonym of other is new",

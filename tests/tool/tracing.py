@@ -66,7 +66,9 @@ expect("the first of two values stays", [row[key] for row in json.loads(
 
 write("text.def", read("trace.def") + 'text string 9 "" 1 1\nflag boolean 10 0 1 1\n')
 write("text.opt", "text \"two words\"\ntext ä\nwords blue\nwords \"red\"\nlist a\nread part.opt\nlist b\nflag 1\nflag 0\n")
-seen = {row["name"]: row for row in json.loads(run("wexcorin show text.def text.opt --json --origin --set 'alpha 4' --set 'read text.opt'")[0])["options"]}
+out = run("wexcorin show text.def text.opt --json --origin --set 'alpha 4' --set 'read text.opt'")[0]
+expect("the indentation", out, json.dumps(json.loads(out), indent=2, ensure_ascii=False) + "\n")
+seen = {row["name"]: row for row in json.loads(out)["options"]}
 INCLUDE = {"kind": "include", "source": "--set", "line": 2}
 TWICE = [{"source": "text.opt", "line": line, "value": value} for line, value in ((1, "two words"), (2, "ä"), (1, "two words"))]
 expect("texts", seen["text"]["origin"], {"source": "text.opt", "line": 2, "through": [INCLUDE], "overrode": TWICE})
