@@ -85,6 +85,7 @@ TEST(texts, positions_count_from_1) {
   set.set('n').set('b');
   EXPECT_EQ(lchpos('a', "banana"), 2);
   EXPECT_EQ(lchpos('a', "banana", 3), 4);
+  EXPECT_EQ(lchpos('a', std::string_view("aba").substr(1), 0), 2);  // what stands before the text is not read
   EXPECT_EQ(lchpos('x', "banana"), 0);
   EXPECT_EQ(rchpos('a', "banana"), 6);
   EXPECT_EQ(rchpos('b', "banana"), 1);
