@@ -116,7 +116,7 @@ name 3
 alpha 10
 free 1
 alpha 10
-window 1 12
+window 11 12
 window * 3
 pair 4:b
 pair 5:b:c
@@ -147,7 +147,7 @@ read none.opt
 quiet"""
 write("touch.opt", LINES + "\n")
 ALPHA = 'Integer range error for option "alpha" saw "10"; Valid range is 0 to 9'
-WINDOW = 'Double out of range for option "window" saw "12"; Valid range is 0 to 9'
+WINDOW = 'Double out of range for option "window" saw "{}"; Valid range is 0 to 9'
 X = ["x.rank(1,*) 2: refused: Element expected for .option \"x\"", "x.rank 3: entry kept with value 3", 'X.rank(" 1 ") 4: entry kept with value 4',
      "x.rank(i) 5: refused: Set name not allowed .option \"x\""]
 E = ["ind E(1)$V yes: refused: Unique element expected for indicator id \"E\"",
@@ -174,8 +174,9 @@ In force: 6, from touch.opt:10
 for name, did, force in (
         ("beta", ["pair 4:b: stored b (multilist pair); overridden later", "pair 5:b:c: stored b (multilist pair)",
                   "beta: refused: Value expected for key \"beta\""], "In force: b, from touch.opt:9\n"),
-        ("window", ["window 1 12: stored first value 1", f"window 1 12: accepted outside the bounds second value 12: {WINDOW}; overridden later",
-                    "window * 3: stored second value 3"], "In force: 1, from touch.opt:6\nSecond value: 3, from touch.opt:7\n"),
+        ("window", ["window 11 12: accepted outside the bounds first value 11: " + WINDOW.format(11),
+                    f"window 11 12: accepted outside the bounds second value 12: {WINDOW.format(12)}; overridden later",
+                    "window * 3: stored second value 3"], "In force: 11, from touch.opt:6\nSecond value: 3, from touch.opt:7\n"),
         ("list", ["list a: stored a", "list \"a\"b: refused: Bad double-quote in value"], "In force: a\n"),
         ("--OWN", ["--own t: stored t", "--own u: stored u"], "In force: t, u\n"),
         ("old", ["both 6: stored 6 (macro both); overridden later", "old 7: reported: deprecated option \"old\"; use alpha", "old 7: stored 7"],
