@@ -210,7 +210,7 @@ for before, diff in (
         ("e on\n", "@@ -1 +1,3 @@\n e on\n+* Defaults that have changed\n+a 2\n"),
         ("\n\na 1\nlimit 1", "@@ -1,4 +1,4 @@\n \n \n a 1\n-limit 1\n\\ No newline at end of file\n+new_limit 1\n\\ No newline at end of file\n"),
         ("\n\na 1\na 2\nlimit 1\n", "@@ -2,4 +2,4 @@\n \n a 1\n a 2\n-limit 1\n+new_limit 1\n"),
-        ("a 1\na 2\na 3\na 4\nlimit 1\na 4\na 5", "@@ -2,6 +2,6 @@\n a 2\n a 3\n a 4\n-limit 1\n+new_limit 1\n a 4\n a 5\n\\ No newline at end of file\n"),
+        ("a 1\na 2\na 3\na 4\nlimit 1\n\na 5", "@@ -2,6 +2,6 @@\n a 2\n a 3\n a 4\n-limit 1\n+new_limit 1\n \n a 5\n\\ No newline at end of file\n"),
         # six lines between two changes are in one hunk, seven are not
         ("limit 1\n" + 6 * "a 1\n" + "limit 2\n", "@@ -1,8 +1,8 @@\n-limit 1\n+new_limit 1\n" + 6 * " a 1\n" + "-limit 2\n+new_limit 2\n"),
         ("limit 1\n" + 7 * "a 1\n" + "limit 2\n", "@@ -1,4 +1,4 @@\n-limit 1\n+new_limit 1\n" + 3 * " a 1\n" + "@@ -6,4 +6,4 @@\n" + 3 * " a 1\n" + "-limit 2\n+new_limit 2\n"),
