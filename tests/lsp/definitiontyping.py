@@ -148,6 +148,7 @@ for line, wanted in (
         ("new intger.|", []),
         ("new integer|.OPT 1", "keywords"),
         ("new integer.OPT| 1", ["15:12-15:15", *MODIFIERS]),
+        ("new double.OPT| 1", ["15:11-15:14", *MODIFIERS]),
         ("new multilist 1 1 1\n\tgap|", []),
         ("new synonym\tgap|\tx", ["15:12-15:15", "gap_tol [18] double: Gap #1"]),
         ("new macro 1 1\n later|\nlater integer 5 1 1 9 1 1 L", ["incomplete"]),

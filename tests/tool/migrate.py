@@ -87,7 +87,8 @@ for arguments, part in (("outside.opt -o .", "one of the files that are read"),
                         ("inner/main.opt -o tree", "inner/main.opt:1: sub/part.opt is outside of the folder of inner/main.opt; "
                                                    "use --in-place and name it"),
                         ("main.opt inner/main.opt -o tree", "two files would be written there"),
-                        ("main.opt none.opt -o none", "none.opt"), ("/dev/null --in-place", "no regular file"), ("old.def --in-place", "one of the definitions")):
+                        ("main.opt none.opt -o none", "none.opt"),
+                        ("/dev/null --in-place", "/dev/null: error: it is no regular file"), ("old.def --in-place", "one of the definitions")):
     out, err, code = run(f"{MIGRATE} {arguments}")
     expect_part(arguments, err, part)
     expect_part(arguments, err, "nothing was written")
