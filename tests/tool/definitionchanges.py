@@ -193,8 +193,9 @@ for older, newer, wanted in (
           "breaking short forms alpha:  -> : Short forms of the name no longer find the option"]),
         ("Path lookup/alpha", "Path lookup/alpha/s synonym alpha/x deprecated/ s why",
          ["compatible deprecated alpha:  -> : Short forms of the name are now deprecated: why", "compatible synonym s:  -> alpha: The synonym of alpha is new"]),
-        ("Path lookup/alpha indicator/alpha", "Path lookup/alpha indicator/alpha/s synonym alpha/x deprecated/ s why",  # "alph" finds the option
-         ["compatible deprecated alpha:  -> : Short forms of the name are now deprecated: why", "compatible synonym s:  -> alpha: The synonym of alpha is new"]),
+        ("Path lookup/alpha indicator/alpha", "Path lookup/alpha indicator/other/alpha/s synonym alpha/x deprecated/ s why",  # "alph" finds the option
+         ["compatible deprecated alpha:  -> : Short forms of the name are now deprecated: why",
+          "compatible added other:  -> other: The option is new", "compatible synonym s:  -> alpha: The synonym of alpha is new"]),
         ("Path lookup/alpha/s synonym alpha", "Path lookup/other/alpha/s synonym alpha/x obsolete/ s why",
          ["breaking obsolete alpha:  -> : Short forms of the name are now obsolete: why", "breaking obsolete s:  -> : The name is now obsolete: why",
           "compatible added other:  -> other: The option is new"]),
