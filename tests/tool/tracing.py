@@ -144,7 +144,8 @@ ind e$ 1
 ind f$v("1") maybe
 ind f("2")$w yes
 read none.opt
-quiet"""
+quiet
+x 5"""
 write("touch.opt", LINES + "\n")
 ALPHA = 'Integer range error for option "alpha" saw "10"; Valid range is 0 to 9'
 WINDOW = 'Double out of range for option "window" saw "{}"; Valid range is 0 to 9'
