@@ -278,6 +278,8 @@ for query, wanted in (
         ("macro", []),
         ("all", [("all", "macro", "10:0-10:3", "solver.def", "General options")])):
     expect(f"the symbols of {query!r}", found(query), wanted)
+client.change(MAIN, "* not saved\n" + TEXT)
+expect("a symbol below a new line", found("gap_tol"), [("gap_tol", "option", "3:0-3:7", "solver.def", "General options")])
 client.open(path("like.opt"), "like strlist 1 1 1 A definition would have such a line\n")
 expect("all symbols", len(found("")), 14)
 many = path("many.def")

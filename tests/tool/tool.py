@@ -236,6 +236,7 @@ expect("rules in the manual", re.findall(r"\.TP\n\.B (.*)\n(.*)\n", manual.repla
 expect("rules in the schema", json.loads(read(f"{DOCS}/check.schema.json"))["$defs"]["rule"]["enum"],
        [name for name, _, _ in table])
 driver = json.loads(run("wexcorin check examples/first.def --format sarif")[0])["runs"][0]["tool"]["driver"]
+expect("the version in SARIF", driver["version"], run("wexcorin --version")[0].split()[1])
 expect("rules in SARIF", (driver["name"], [(rule["id"], rule["defaultConfiguration"]["level"], rule["shortDescription"]["text"])
                                            for rule in driver["rules"]]),
        ("wexcorin", [(name, "warning" if (name, meaning) in optional else "error", meaning) for name, _, meaning in table]))
