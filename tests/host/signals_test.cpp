@@ -93,6 +93,7 @@ class signals : public testing::Test {
     brokenpipe();
     limitedfile();
     foptions.writeparameterfile(fdirectory.path("none/file"));
+    foptions.writeparameterfile("/dev/full");
     std::string result;
     for (const auto& message : foptions.messages()) result += message.text + '\n';
     foptions.clearmessages();
@@ -116,11 +117,18 @@ TEST_F(signals, areheldback) {
       "*** Error Cannot write parameter file \"fifo\"\n*** Error    Error code = 32; Broken pipe\n"
       "*** Error Cannot write parameter file \"file\"\n*** Error    Error code = 27; File too large\n"
       "*** Error Cannot write parameter file \"none/file\"\n*** Error    Error code = 2; No such file or "
-      "directory\n";
+      "directory\n"
+      "*** Error Cannot write parameter file \"/dev/full\"\n*** Error    Error code = 28; No space left on "
+      "device\n";
   sigset_t both;
   sigemptyset(&both);
   sigaddset(&both, SIGPIPE);
   sigaddset(&both, SIGXFSZ);
+  sigset_t other;
+  sigemptyset(&other);
+  sigaddset(&other, SIGHUP);
+  pthread_sigmask(SIG_BLOCK, &other, nullptr);
+  raise(SIGHUP);  // stays pending
   const auto unchanged = [&](const char* host) {
     const std::string before = signalstate();
     EXPECT_EQ(failures(), expected) << host;
@@ -137,9 +145,13 @@ TEST_F(signals, areheldback) {
     pthread_sigmask(SIG_BLOCK, &both, nullptr);
     return std::exchange(received, 0);
   };
-  for (const int number : {SIGPIPE, SIGXFSZ}) raise(number);
-  unchanged("pending for the thread");
-  EXPECT_EQ(arrive(), 2);
+  const auto forthread = [&] {
+    for (const int number : {SIGPIPE, SIGXFSZ}) raise(number);
+    unchanged("pending for the thread");
+    EXPECT_EQ(arrive(), 2);
+  };
+  forthread();
+  std::thread(forthread).join();
   for (const int number : {SIGPIPE, SIGXFSZ}) kill(getpid(), number);
   unchanged("pending for the process");
   EXPECT_EQ(arrive(), 2);
@@ -150,6 +162,9 @@ TEST_F(signals, areheldback) {
   unchanged("pending for both");
   EXPECT_EQ(arrive(), 4);
   pthread_sigmask(SIG_UNBLOCK, &both, nullptr);
+  std::signal(SIGHUP, SIG_IGN);  // takes it
+  pthread_sigmask(SIG_UNBLOCK, &other, nullptr);
+  std::signal(SIGHUP, SIG_DFL);
 }
 
 // Runs the job in the background of a terminal that stops processes there, and returns its status for wait.

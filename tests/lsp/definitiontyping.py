@@ -238,7 +238,8 @@ for line, wanted in (
         ("x lookup |", LOOKUP),
         ("later enumint 1 2 1 1\n* c\n |", VALUE),
         ("a lookup|", LOOKUP),
-        ("new multilist 1 1 1\n |", ["<option>", ("<option>", "The name of an option that stands above.")])):
+        *((line, ["<option>", ("<option>", "The name of an option that stands above.")])
+          for line in ("new multilist 1 1 1\n |", "new macro 1 1\n gap|"))):
     expect(f"the fields in {line!r}", fields(line), wanted)
 
 

@@ -224,6 +224,10 @@ for lines, wanted in (
           '! 3:0-3:2 definition: Bad high value for option "n1"']),
         ("d deprecated\n threads\nd2 deprecated\n threads\n", [])):
     expect(f"findings in the lines {lines!r}", defined(lines), wanted)
+expect("the place of an option in the first line",
+       findings("".join(f"size integer {number} 1 1 9 1 0 Size\n" for number in (1, 2)), "new.def"),
+       ['! 1:0-1:4 definition: Duplicate option for option "size"\nThe name finds option "size" at line 1 '
+        "| is defined here: new.def 0:0-0:4"])
 
 # ---- findings in an included file, and in files that are open
 

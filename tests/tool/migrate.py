@@ -143,6 +143,7 @@ for older, newer, flags, before, after in (
         ("window double.TWO 1 9 0 99 1 1", "window double.TWO 1 2 0 99 1 1", "--pin", "window * 5\n",
          "window * 5\n* Defaults that have changed\nwindow 9 *\n"),
         ("window double.TWO 1 9 0 99 1 1", "window double.TWO 1 2 0 99 1 1", "--pin", "window 5\n", "window 5\n"),
+        ("window double 1 9 0 99 1 1", "window double.TWO 1 2 0 99 1 1", "--pin", "window * 5\n", "window * 5\n"),
         # the new keyword was an option, whose value would end at the "!" when the file is migrated again
         ("x eolcomm !\nind indicator\nword enumstr 1 a 1 1\n a 1", "x eolcomm !\nword indicator\nword enumstr 1 a 1 1\n a 1", "",
          "ind e('a!b')$v yes\nind e$v no\n", "ind e('a!b')$v yes\nword e$v no\n"),

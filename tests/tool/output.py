@@ -80,9 +80,11 @@ for mode in 0o600, 0o640, 0o4755:
     expect("old file", (read("old.opt"), old.st_mode & 0o7777, (old.st_uid, old.st_gid)), ("tol=0.5\n", mode, owner))
 # Where owner and group cannot be kept, the group gets what everybody has. Not permitted everywhere.
 if os.geteuid() == 0 and run("unshare -r true")[2] == 0:
-    os.chmod("old.opt", 0o4676)
-    runs("unshare -r wexcorin doc c a.def -o old.opt")
-    expect("the permissions for another owner and group", os.stat("old.opt").st_mode & 0o7777, 0o666)
+    for group, permissions in ("another", 0o666), ("the same", 0o676):
+        os.chown("old.opt", 1, 0 if group == "the same" else 2)
+        os.chmod("old.opt", 0o4676)
+        runs("unshare -r wexcorin doc c a.def -o old.opt")
+        expect(f"the permissions for another owner and {group} group", os.stat("old.opt").st_mode & 0o7777, permissions)
     os.chown("old.opt", *owner)
 # The list gives one more user access; for the file itself its group would have it.
 access = b"\2\0\0\0" + b"".join(tag + b"\0" + right + b"\0" + name for tag, right, name in (

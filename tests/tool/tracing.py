@@ -214,6 +214,10 @@ runs("wexcorin explain alpha list.def", "alpha: The first\n  and only\n  type   
 
 # ---- values in force: what counts, and what does not
 
+write("case.def", "note string 1 abc 1 1\nmode enumstr 2 fast 1 1\n fast 1\n")  # words are the same in capital letters
+runs("wexcorin diff --definition case.def - --defaults", "Setting  -                defaults\nnote     ABC [<stdin>:1]  abc [default]\n",
+     None, 1, "note ABC\nmode FAST\n")
+
 write("a.opt", "alpha 3\nx.rank('1') 2\nind e$b 1\nwindow 1 1\nlist a\n--own t\nwords red\n")
 write("b.opt", "# the same\n-ALPHA = 3\nx.rank( \"1\" )=2.0\nind e $ b yes\nwindow 1\nlist \"a\"\n--own t\nbeta 1\nwords RED\n")
 runs("wexcorin diff --definition trace.def a.opt b.opt", "no differences\n")
