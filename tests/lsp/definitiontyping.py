@@ -241,6 +241,9 @@ for line, wanted in (
         *((line, ["<option>", ("<option>", "The name of an option that stands above.")])
           for line in ("new multilist 1 1 1\n |", "new macro 1 1\n gap|"))):
     expect(f"the fields in {line!r}", fields(line), wanted)
+expect("the fields below the first line", client.at("signatureHelp", MAIN, 1, 1, changes=["m macro 1 1\n a"])["signatures"][0]["label"],
+       "<option>")
+client.change(MAIN, TEXT)
 
 
 def active(line):

@@ -53,7 +53,7 @@ for text, wanted in (
         ("unknown thr|ee", None),
         ("* time|_limit", None),
         ("-in|dic e$v 1", None),
-        ("indic x y\nindi|c",
+        ("indic x y\nindi|c\nhelp a",
          ("1:0-1:5",
           "`indic`: the keyword of indicators\n\n- main.opt:1 `indic x y` refused: \\$ expected after "
           'equation identifier "x"\n- main.opt:2 `indic` refused: Equation ID expected for indicator\n')),

@@ -103,6 +103,11 @@ for link, target in ("folder/to_old", "old.opt"), ("folder/to_nothing", "later.o
     runs(f"wexcorin doc c a.def -o {link}")
     expect(link, (os.path.islink(link), read(target)[:2]), (True, "/*"))
 os.mkfifo("fifo")
+runs("cp examples/first.def copy")
+for command in "template %s", "write %s /dev/null -o -", "check %s examples/first.opt", "diff %s a.def":
+    # the definition is read twice
+    out = run(f"timeout 20 cat copy >fifo & timeout 20 wexcorin {command % 'fifo'}")[0]
+    runs(f"wexcorin {command % 'copy'}", out.replace("fifo", "copy"), None, None)
 for command, out in (
         ("write a.def a.opt -o fifo & cat fifo", "tol=0.5\n"), ("write a.def a.opt -o /dev/stdout", "tol=0.5\n"),
         # what is open already is written where it stands
@@ -128,6 +133,10 @@ for command, error in (
                               "<stdout>: note: Error code = 27; File too large\n"),
         ("doc pascal a.def", "wexcorin: cannot write a temporary file: File too large\n")):
     runs(f"prlimit --fsize=4 wexcorin {command} -o -", err=error, code=2)
+# Not permitted everywhere, and sanitizers need /proc.
+if os.geteuid() == 0 and run("unshare -m umount -l /proc")[2] == 0 and "checked" not in sys.argv:
+    runs("unshare -m sh -c 'umount -l /proc && exec wexcorin show a.def -'", code=2, err="wexcorin: cannot use a "
+         "temporary file without /proc, which has to be mounted: No such file or directory\n")
 full = "No space left on device"
 for target, reason in (("/dev/full", full), (".", "Is a directory"), ("none/x", "No such file or directory"),
                        ("a.opt/x", "Not a directory"), ("circle", "Too many levels of symbolic links"),
