@@ -72,6 +72,7 @@ TEST_F(audit, release_values_agree_with_each_other) {
   EXPECT_EQ(zqagetrel(), "02.0");
   EXPECT_EQ(zqagetvid(), "LX8020-020");
   EXPECT_EQ(zqagetjul(), 46346);  // 21 November 2026
+  EXPECT_EQ(zqagetreldat(), "GOLD 21Nov26");
   constexpr std::int64_t secondsperday = 86400, daysbefore1970 = 25567;
   const std::int64_t before = std::time(nullptr) / secondsperday;
   zqaauditstart();
