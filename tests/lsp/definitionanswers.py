@@ -272,6 +272,8 @@ for query, wanted in (
           ("show_limits", "option", "2:0-2:11", "other.def", None),
           ("time_limit", "option", "4:0-4:10", "solver.def", "Limits")]),
         ("gap_tol", [("gap_tol", "option", "2:0-2:7", "solver.def", "General options")]),
+        ("ot",  # within a name before within a text
+         [("both", "list", "8:0-8:4", "solver.def", "General options"), ("general", "group", "0:0-0:7", "other.def", None)]),
         ("tiem_limit", [("time_limit", "option", "4:0-4:10", "solver.def", "Limits")]),
         ("qqqq", []),
         ("a word", [("word", "choice", "6:0-6:4", "solver.def", "General options")]),
