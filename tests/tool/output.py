@@ -140,7 +140,7 @@ if os.geteuid() == 0 and run("unshare -m umount -l /proc")[2] == 0 and "checked"
     runs("unshare -m sh -c 'umount -l /proc && exec wexcorin show a.def -'", code=2, err="wexcorin: cannot use a "
          "temporary file without /proc, which has to be mounted: No such file or directory\n")
 full = "No space left on device"
-for target, reason in (("/dev/full", full), (".", "Is a directory"), ("none/x", "No such file or directory"),
+for target, reason in (("/dev/full", full), (".", "Is a directory"), ("none/1", "No such file or directory"),
                        ("a.opt/x", "Not a directory"), ("circle", "Too many levels of symbolic links"),
                        ("- >/dev/full", full), ("- >&-", "Bad file descriptor")):
     name = "<stdout>" if target[0] == "-" else target
