@@ -3,9 +3,9 @@ usage: definitionanswers.py TOOL"""
 from client import expect, explained, finish, path, short, uri, write
 from definitiontext import MAIN, TEXT, asked, start
 
-# In lookup mode Minos, option files may have blanks in names.
+# In lookup mode Minos, option files may have blanks in names, and no underscores.
 write("minos/minos.def", "Minos lookup\nmajor_print_level strlist 1 1 1 A\nlevel_one synonym major_print_level\n")
-write("minos/minos.opt", "* definition: minos.def\nlevel one a\nmajor print level b\n")
+write("minos/minos.opt", "* definition: minos.def\nlevel one a\nmajor print level b\nlevel_one c\n")
 client = start(documentSymbol={"hierarchicalDocumentSymbolSupport": True},
                codeAction={"codeActionLiteralSupport": {}}, hover={"contentFormat": ["plaintext", "markdown"]})
 plain = start()  # of a client that can do nothing
