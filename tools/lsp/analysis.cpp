@@ -63,7 +63,6 @@ void readoptions(tsnapshot& snapshot, const tdocumentstate& document, tsources& 
   snapshot.reading = std::make_unique<treading>();
   prepare(*snapshot.reading, sources, *document.settings);
   snapshot.reading->readdefinitionof(snapshot.definition->reading);
-  snapshot.origins = std::make_unique<torigins>(*snapshot.reading);
   snapshot.reading->watchassignments();
   snapshot.reading->readoptions({{}, {document.name}, {}});
   snapshot.reading->checklines();

@@ -13,7 +13,6 @@
 #include "tools/lsp/sources.h"
 #include "tools/reading/finddefinition.h"
 #include "tools/reading/reading.h"
-#include "tools/tracing/origins.h"
 
 namespace tool::lsp {
 
@@ -57,7 +56,6 @@ struct tsnapshot {
   std::shared_ptr<const tdefinitionstate> definition;
   std::string how;                    // the definition was found
   std::unique_ptr<treading> reading;  // of the option file, on top of its definition; null if there is none
-  std::unique_ptr<torigins> origins;  // of its settings
   tfindings findings;                 // all of check, those of the definition among them
   std::size_t unlisted = 0;           // further findings
   std::string problem;                // why the analysis failed; empty if it did not

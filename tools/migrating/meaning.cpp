@@ -124,7 +124,6 @@ void tmeaning::filed(const tmessage& message) {
   }
   problems.push_back({.kind = message.kind,
                       .option = message.subject.option,
-                      .isillegal = message.subject.problem == tsubject::tproblem::illegalvalue,
                       .isfile = message.subject.problem == tsubject::tproblem::unusablefile,
                       .text = std::string(message.text)});
 }

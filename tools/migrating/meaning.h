@@ -26,8 +26,7 @@ struct teffect {
 struct tlineproblem {
   optcore::tmsgkind kind;
   const optcore::toption* option;
-  bool isillegal;  // the value is out of the bounds, or none of the legal ones
-  bool isfile;     // a file cannot be used
+  bool isfile;  // a file cannot be used
   std::string text;
 };
 
