@@ -137,6 +137,9 @@ for lines, wanted in (
           "The fields are: name, integer, reference number, default, lowest value, highest value, help "
           "flag, group, text"]),
         ("size integer 6 1 9 1 1 1 Size\n", ['! 3:0-3:4 definition: Default not in range for option "size"']),
+        ("help integer 6 1 1 9 1 1 Size\n",
+         ['! 3:0-3:4 definition: Duplicate option for option "help"\nThe name finds option "Help", which every '
+          "definition has"]),
         ("ratio integer 6 1 1 9 1 1 Size\n",
          ['! 3:0-3:5 definition: Duplicate option for option "ratio"\nThe name finds option "ratio" at line '
           "3 | is defined here: new.def 2:0-2:5"]),

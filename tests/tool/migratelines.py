@@ -138,6 +138,8 @@ for row in (
          ["1: clamped a: a moved from 7.25 to the bound 5.5", "2: clamped a: a moved from 0 to the bound 0.5"], "--clamp"),
         ("a enumint 1 1 1 1/ 1 1/ 2 1", "a integer 1 1 0 1 1 1", "a 2/a 1", "a 1/a 1", ["1: clamped a: a moved from 2 to the bound 1"], "--clamp"),
         ("a double 1 2 0 9 1 1", "a", "a 3.5", None, ['1: decide: left a: Integer expected, for option "a" saw "3.5"'], "--clamp"),
+        ("a", f"{SMALL}/d deprecated/ a use b", "a 7", "a 5",
+         ["1: clamped a: a moved from 7 to the bound 5", "1: deprecated a: It still works: use b"], "--clamp"),
         ("a string 1 x 1 1", SMALL, "a 7", None, [f"1: decide: left a: {RANGE}"], "--clamp"),
         ("a/x deprecated/ a why", f"{SMALL}/x deprecated/ a why", "a 7", None, [f"1: decide: left a: {RANGE}"]),
         ("a integer.OPT 1 7 0 9 1 1", "a integer.OPT 1 2 0 5 1 1", "a", "a 5", ["1: clamped a: a moved from 7 to the bound 5"], "--clamp"),
