@@ -1,6 +1,6 @@
 """How option files are laid out: the edits, which are as short as can be.
 usage: optionlayout.py TOOL"""
-import json, os, subprocess
+import json, os, string, subprocess
 
 from client import TOOL, Client, applied, expect, finish, path, short, write
 from optiontext import asked, start
@@ -43,6 +43,7 @@ for text, wanted in (
         ("threads := 3\nverbose = no", [("1:10-1:10", " ")]),
         ("threads  :=3 ", [("0:8-0:13", ":= 3")]),
         ("threads  3\n\nverbose yes", [("0:8-0:9", "")]),
+        ("name  " + string.ascii_letters, [("0:5-0:6", "")]),
         ("unknown   4 \nx.prior( 'a  b' )  3 \nquiet,  threads 4 \ntitle \"open  ",
          [("0:11-0:12", ""), ("1:20-1:21", ""), ("2:17-2:18", "")])):
     expect(f"formatting of {text[:80]!r}", edits(text), wanted)
