@@ -223,6 +223,7 @@ write("b.opt", "# the same\n-ALPHA = 3\nx.rank( \"1\" )=2.0\nind e $ b yes\nwind
 runs("wexcorin diff --definition trace.def a.opt b.opt", "no differences\n")
 same = run("wexcorin show trace.def a.opt --fingerprint")[0]
 runs("wexcorin show trace.def b.opt --fingerprint", same)
+runs("wexcorin show trace.def b.opt - --fingerprint", same, "<stdin>:1: error: Unknown option \"zzz\"\n", 1, "zzz 1\n")
 expect("fingerprint in JSON", json.loads(run("wexcorin show trace.def a.opt --fingerprint --json")[0])["fingerprint"] + "\n", same)
 for setting in ("alpha 4", "beta 2", "quiet", "x.rank 1", "ind e$c 1", "window * 2", "list b", "--own u", "--other t", "words blue",
                 "list \"\"", "x.rank(\"1\") 2"):
