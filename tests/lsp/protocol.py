@@ -56,6 +56,13 @@ client.quit()
 
 # ---- settings that the server asks for, and hints that the client shows again
 
+client = Client(folder)
+client.notify("workspace/didChangeConfiguration", {"settings": {"wexcorin": {"inlayHints": True}}})
+client.open(main, "threads 1\n")
+client.diagnostics(main)
+expect("a client that cannot show hints again is not asked to", [each["method"] for each in client.asked], [])
+client.quit()
+
 CAPABLE = {"workspace": {"configuration": True, "didChangeWatchedFiles": {"dynamicRegistration": True},
                          "inlayHint": {"refreshSupport": True}}}
 client = Client(folder, CAPABLE, {"allow": ["set-again"]})
