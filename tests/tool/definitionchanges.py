@@ -221,8 +221,8 @@ for older, newer, wanted in (
          ["breaking short forms max_iteration_limit:  -> max_iter: "
           "Short forms of the name that begin with max_iter no longer find the option", "compatible synonym max_iter:  -> other: The synonym of other is new",
           "compatible synonym max_pivots:  -> other: The synonym of other is new"]),
-        ("Minos lookup/max_iter_total/other", "Minos lookup/max_iter_total/other/max_iter_first synonym other",
-         ["compatible synonym max_iter_first:  -> other: The synonym of other is new"]),
+        ("Minos lookup/max_iter_total/other", "Minos lookup/max_iter_total/other/max_iter_first synonym other/max_item synonym other",
+         ["compatible synonym max_iter_first:  -> other: The synonym of other is new", "compatible synonym max_item:  -> other: The synonym of other is new"]),
         ("Minos lookup/max_iter/maximal", "Minos lookup/max_iter/maximal/maxi synonym maximal",  # it found maximal before
          ["compatible synonym maxi:  -> maximal: The synonym of maximal is new"]),
         ("Minos lookup/help_two", "Minos lookup", ["compatible removed help_two:  -> : The option is gone, but its name did not find it"]),

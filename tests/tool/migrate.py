@@ -88,8 +88,8 @@ for arguments, part in (("outside.opt -o .", "one of the files that are read"),
                                                    "use --in-place and name it"),
                         ("main.opt inner/main.opt -o tree", "two files would be written there"),
                         ("main.opt none.opt -o none", "none.opt"),
-                        ("/dev/null --in-place", "/dev/null: error: it is no regular file"), ("old.def --in-place", "one of the definitions"),
-                        ("new.def --in-place", "one of the definitions")):
+                        ("/dev/null --in-place", "/dev/null: error: it is no regular file"), ("old.def --in-place", "old.def: it is also one of the definitions"),
+                        ("new.def --in-place", "new.def: it is also one of the definitions")):
     out, err, code = run(f"{MIGRATE} {arguments}")
     expect_part(arguments, err, part)
     expect_part(arguments, err, "nothing was written")

@@ -46,6 +46,7 @@ for row in (
         ("a/s synonym a/b", "a/b/s synonym b", "s 3/b 4", "a 3/b 4", ["1: spelled a: s is now written a"]),
         ("a/x deprecated/ a use \"b\"", "b", "a 3", "b 3", ["1: renamed a: It is now called b"]),
         ("a", "a/b/x deprecated/ a use \"b\"", "a 3", "b 3", ["1: renamed a: It is now called b"]),
+        ("a", "a/b/x deprecated/ a \"b\"", "a 3", "b 3", ["1: renamed a: It is now called b"]),
         ("a", "a/b/x obsolete/ a use \"b\"", "a 3", "b 3", ["1: renamed a: It is now called b"]),
         ("a/b", "a/b/x deprecated/ a use \"b\"", "a 3", None, ["1: deprecated a: It still works: use \"b\""]),  # b is another one
         ("a", "a/b double 1 2 0 9 1 1/x deprecated/ a use \"b\"", "a 3", None, ["1: deprecated a: It still works: use \"b\""]),
