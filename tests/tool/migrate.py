@@ -104,7 +104,9 @@ for name, text in (("backup", ""), ("include", "read victim.opt\n"), ("deep/part
     write(f"sent/{name}.opt", "limit 1\n" + text)
 for link, target in (("backup.opt~", "../victim.opt"), ("new/backup.opt", "../../victim.opt"), ("new/deep", "../..")):
     os.symlink(target, f"sent/{link}")
+os.mkdir("sent/deep/part.opt~")
 for arguments, part in (
+        ("sent/deep/part.opt --in-place", "sent/deep/part.opt~: it is no regular file, and would be replaced by the backup"),
         ("sent/backup.opt --in-place", "sent/backup.opt~: it is a symbolic link, and would be replaced by the backup"),
         ("sent/include.opt --in-place", "sent/include.opt:2: victim.opt is outside of the folder of sent/include.opt; "
                                         "it is changed only if it is named on the command line"),
