@@ -106,8 +106,10 @@ for link, target in ("folder/to_old", "old.opt"), ("folder/to_nothing", "later.o
     expect(link, (os.path.islink(link), read(target)[:2]), (True, "/*"))
 os.mkfifo("fifo")
 runs("cp examples/first.def copy")
-for command in "template %s", "write %s /dev/null -o -", "check %s examples/first.opt", "diff %s a.def":
-    # the definition is read twice
+for command in (  # the definition is read twice
+        "template %s", "write %s /dev/null -o -", "check %s examples/first.opt", "diff %s a.def",
+        "migrate --from %s --to a.def examples/first.opt --dry-run",
+        "migrate --from a.def --to %s examples/first.opt --dry-run"):
     out = run(f"timeout 20 cat copy >fifo & timeout 20 wexcorin {command % 'fifo'}")[0]
     runs(f"wexcorin {command % 'copy'}", out.replace("fifo", "copy"), None, None)
 for command, out in (
