@@ -38,6 +38,8 @@ TEST(pchutil, texts_of_255_and_more_characters_are_replaced_and_copies_end_in_a_
   EXPECT_EQ(std::string(buffer, 22), "\x15" + std::string("ConvertPChar Overflow"));
   EXPECT_EQ(strpcopy(buffer, "abc") + strpcopyn(buffer + 4, "defgh", 2), 5);
   EXPECT_EQ(std::string(buffer, 8), std::string("abc\0de\0t", 8));
+  EXPECT_EQ(strpcopyn(buffer, "abc", 0) + strpcopyn(buffer + 1, "abc", -1), 0);
+  EXPECT_EQ(std::string(buffer, 4), std::string("\0\0c\0", 4));
   EXPECT_EQ(strtopchar(""), nullptr);
   EXPECT_EQ(strtopchar("abc").get() + std::string(emptytopchar().get()), "abc");
   EXPECT_EQ(pcharlen(nullptr) + pcharlen("abc"), 3U);
