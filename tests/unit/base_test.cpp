@@ -115,6 +115,8 @@ TEST(texts, replacing_filling_and_splitting) {
     EXPECT_EQ(extracttoken("  one two", position), token);
     EXPECT_EQ(position, behind);
   }
+  position = 1;
+  EXPECT_EQ(extracttoken("one two", position), "one");
 }
 
 // For each word "input:result", check(input) must return the result; "z" stands for a zero byte.
