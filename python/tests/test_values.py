@@ -89,6 +89,14 @@ def test_refused_values_leave_the_old_ones(options):
     assert before == {"count": 500, "names": ["a", "b c"], "ends": (3.0, 0.5)}
 
 
+@pytest.mark.parametrize("name, value", [("ends", (-1, "cold")), ("names", ['"', "x" * 256])])
+def test_a_value_refused_in_two_ways_has_no_effect_on_the_next(options, name, value):
+    with pytest.raises((TypeError, ValueError)):
+        options[name] = value
+    options["word"] = "warm"
+    assert options.changed() == {"word": "warm"}
+
+
 def test_macros_and_multilists_set_other_options(options):
     options["both"] = True
     assert options.changed() == {"count": 1, "flag": True}

@@ -70,22 +70,22 @@ def converted(option: Option, value: object) -> int | float | str:
     """Return the value as one of those that the library takes for the option."""
     if option.type in ("string", "enumstr"):
         return text(option, value)
-    return truth(option, value) if option.type == "boolean" else number(option, value)
+    result = truth(option, value) if option.type == "boolean" else number(option, value)
+    if isinstance(result, float) or -(2**63) <= result < 2**63:
+        return result
+    if option.type == "double" and abs(result) < 10**300 and result == int(float(result)):
+        return float(result)
+    raise outside(option, value, "a smaller number")
 
 
-def single(core: _core.Handle, option: Option, value: object, second: bool) -> None:
+def send(core: _core.Handle, option: Option, value: int | float | str, second: bool) -> None:
     """Pass one value to the option. Whether it was refused, the messages tell."""
-    given = converted(option, value)
-    if isinstance(given, str):
-        core.settext(option.number, second, given)
-    elif isinstance(given, float):
-        core.setreal(option.number, second, given)
-    elif -(2**63) <= given < 2**63:
-        core.setinteger(option.number, second, given)
-    elif option.type == "double" and abs(given) < 10**300 and given == int(float(given)):
-        core.setreal(option.number, second, float(given))
+    if isinstance(value, str):
+        core.settext(option.number, second, value)
+    elif isinstance(value, float):
+        core.setreal(option.number, second, value)
     else:
-        raise outside(option, value, "a smaller number")
+        core.setinteger(option.number, second, value)
 
 
 def several(option: Option, value: object) -> list[object]:
@@ -124,10 +124,11 @@ def assign(core: _core.Handle, option: Option, value: object) -> None:
     elif option.takes == "no value" and converted(option, value) != option.default:
         raise outside(option, value, f"nothing but {option.default!r}, which reset() takes back")
     elif option.takes == "two values":
-        for second, each in enumerate(pair(option, value)):
-            single(core, option, each, bool(second))
+        values = [converted(option, each) for each in pair(option, value)]  # both fit, or none is passed
+        for second, each in enumerate(values):
+            send(core, option, each, bool(second))
     else:
-        single(core, option, value, False)
+        send(core, option, converted(option, value), False)
 
 
 def restore(core: _core.Handle, option: Option, bits: int, value: Any) -> None:
@@ -136,6 +137,6 @@ def restore(core: _core.Handle, option: Option, bits: int, value: Any) -> None:
     if option.takes == "two values":
         for second in (False, True):
             if bits & (2 if second else 1):
-                single(core, option, value[second], second)
+                send(core, option, converted(option, value[second]), second)
     elif bits:
         assign(core, option, value)

@@ -170,6 +170,7 @@ class Options(Mapping[str, Any]):
             _assign.assign(self._core, option, value)
             self._judged(self._take(), True)
         except (TypeError, ValueError):
+            self._take()  # of the texts of a list before one that is too long
             self._restore(option.name, *before)
             raise
 
