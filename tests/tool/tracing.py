@@ -250,10 +250,11 @@ record = "".join(f"{line}\n" for line in (
     "option 4:list,2:é,1:b,", "option 3:mid,3:a b,", "option 4:zeta,3:red,", "dot 1:x,5:.rank,1:2,4:iron,1:*,1:3,",
     'indicator 1:e,1:1,3:"i",1:v,1:0,1:1,'))
 runs("wexcorin show bytes.def bytes.opt --fingerprint", f"sha256:{hashlib.sha256(record.encode()).hexdigest()}\n")
-write("a.opt", "x.rank 1\ny.rank 1\n")
-write("b.opt", "y.rank 1\nx.rank 1\n")
-expect("the order of dot lines counts", [each["name"] for each in json.loads(run(
-    "wexcorin diff --definition trace.def a.opt b.opt --json")[0])["differences"]], ["order of dot lines"])
+write("a.opt", "x.rank(\"iron\", *) 1\ny.rank 1\n")
+write("b.opt", "y.rank 1\nx.rank(\"iron\", *) 1\n")
+for other, names in ("b.opt", ["order of dot lines"]), ("--defaults", ["x.rank('iron',*)", "y.rank"]):
+    expect(f"dot lines and {other}", [each["name"] for each in json.loads(run(
+        f"wexcorin diff --definition trace.def a.opt {other} --json")[0])["differences"]], names)
 
 # ---- trouble, and faulty option files, which are compared by what was taken
 
