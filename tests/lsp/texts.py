@@ -16,7 +16,7 @@ OPTIONS, UNKNOWN = "threads 4\n", "plaintext"
 for name, language, text, wanted in (
         ("a.opt", UNKNOWN, DEFINITION, "options"), ("a.def", UNKNOWN, OPTIONS, "definition"),
         ("a.txt", UNKNOWN, OPTIONS, "options"), ("a.txt", UNKNOWN, DEFINITION, "definition"),
-        ("a.txt", UNKNOWN, "t integer 1 1 0 9 1 1", "definition"),
+        ("a.txt", UNKNOWN, "t integer.TWO 1 1 0 9 1 1", "definition"),
         ("a.def", "wexcorin-options", DEFINITION, "options"), ("a.opt", "wexcorin-definition", OPTIONS, "definition"),
         ("a", "wexcorin-options", DEFINITION, "options"), ("a", "wexcorin-definition", OPTIONS, "definition")):
     client.open(path(name), text, language)

@@ -31,6 +31,7 @@ kind enumstr 4 a#b 1 1
  c 1
 .rank double.TWO 5 maxdouble mindouble maxdouble 1 1
 least integer 6 minint minint maxint 1 1
+word string 7 maxint 1 1
 maxTime macro 1 1
  pace
 tempo synonym pace
@@ -42,7 +43,7 @@ x deprecated
 for form, parts in {
         "page": (
             "<title>Orrery &lt;1&gt;, May &amp; more</title>", "<h1>Orrery &lt;1&gt;</h1>",
-            '<p class="about">May &amp; more<br>named.def<br>7 options in 1 group</p>',
+            '<p class="about">May &amp; more<br>named.def<br>8 options in 1 group</p>',
             'Like &quot;<a href="#pace">TEMPO</a>&quot;, but not <a href="#time_limit">time_limit</a>.; see option '
             '<a href="#pace">pace</a>, options <a href="#pace">pace</a>, parameter <a href="#pace">pace</a> or &quot;no time&quot;</p>',
             '"help find">No tempo, no pace: time_limit and &#39;time_limit&#39;</p>',
@@ -53,7 +54,7 @@ for form, parts in {
             '<p class="also find">deprecated synonym <code id="t">t</code> (so)</p>',
             "<code>maxint</code> (the largest integer, 2147483647)", "<code>0</code> or more", "<code>9</code> or less",
             "<code>minint</code> (the smallest integer, -2147483648)", "<code>maxdouble</code> (the largest number, 1E299)",
-            "<code>mindouble</code> (the smallest number, -1E299)", "any number", "any integer", "<code>0</code> (no)", "Yes can be written as", '<dd class="find">Not pace</dd>',
+            "<code>mindouble</code> (the smallest number, -1E299)", "<dt>Default</dt><dd class=\"find\"><code>maxint</code></dd>", "any number", "any integer", "<code>0</code> (no)", "Yes can be written as", '<dd class="find">Not pace</dd>',
             '<section class="group" id="group-main"', '<li><a href="#tempo"><code>tempo</code></a> for pace</li>',
             '"ready">symbol.rank <span>maxdouble maxdouble</span></code>', '"ready">maxTime <span>0</span></code>',
             '"ready">kind <span>&quot;a#b&quot;</span></code>', 'data-line="kind c"'),
