@@ -238,6 +238,7 @@ for text, wanted in (
         ("x.pri|or 1\ny.prior 2", [("", "0:2-0:7"), ("", "1:2-1:7")]),
         ("--li|st a\n--list b", [("", "0:2-0:6"), ("", "1:2-1:6")]),
         ("unkn|own 1\nunknown 2", []),
+        ('eolonly off\nname "a",thr|eads 1,threads 2', [("", "1:9-1:16"), ("", "1:19-1:26")]),
         ("method du|al", None),
         ("thr|eads 1 ! threads", [("", "0:0-0:7")]),
         ("* th|reads", None),
@@ -246,7 +247,7 @@ for text, wanted in (
 
 # ---- symbols
 
-SETTINGS = "|method=dual ! note\nx.prior ('a', 'b') 3\n* time_limit 3\n--list a b\n8 bad\nnew 4\ninclude x.inc\n" \
+SETTINGS = "|method=dual ! note\nx.prior ('a', 'b') 3\n* time_limit 3\n--list=a b\n8 bad\nnew 4\ninclude x.inc\n" \
            "indic a b\nquiet\ny.prior('a', b) 2\nz.prior(3) 2"
 expect("symbols", [tuple(short(each).values()) for each in asked(client, "documentSymbol", SETTINGS)],
        [("dual", 7, "method", "0:0-0:11", "0:0-0:6"), ("('a', 'b') 3", 7, "x.prior", "1:0-1:20", "1:0-1:7"),
