@@ -300,6 +300,30 @@ def strace(command, old, *faults):
     return None
 
 
+# Where a file system refuses a file without a name, it is written with a temporary one. A write that was interrupted is
+# repeated, and one that would have to wait.
+for number, error, wanted in (
+        (None, "EISDIR", "tol=0.5\n"), (None, "EINVAL", "tol=0.5\n"), (None, "EACCES", "old\n"),
+        (1, "EINTR", "tol=0.5\n"), (1, "EAGAIN", "tol=0.5\n"), (1, "ENOSPC", "old\n")):
+    strace("write a.def a.opt", "old\n")
+    call = calls()[2] if number is None else ("write", number)
+    code = strace("write a.def a.opt", "old\n", (*call, f"error={error}"))
+    expect(f"{error} at {call}", (code, read("place/out"), os.listdir("place")), (0 if wanted != "old\n" else 2, wanted, ["out"]))
+
+# What fails while files are read, with the name of what could not be read.
+os.mkfifo("once")
+for command, path, fault, wanted in (
+        ("check a.def - <a.opt", "", "memfd_create:error=ENFILE", "wexcorin: cannot create a temporary file: Too many open files in system"),
+        ("check a.def - <a.opt", "a.opt", "read:error=EIO", "wexcorin: cannot read standard input: Input/output error"),
+        ("show a.def - <a.opt --changed", "a.opt", "read:error=EINTR:when=1", ""),
+        ("check once a.opt", "once", "read:error=EIO:when=2", "wexcorin: cannot read once: Input/output error"),
+        ("write a.def a.opt -o -", "", "lseek:error=EIO", "wexcorin: cannot read a temporary file: Input/output error")):
+    feed = "timeout 20 sh -c 'cat a.def >once' & " if path == "once" else ""
+    watch = f"-P {path}" if path else ""
+    _, err, code = run(f"{feed}ASAN_OPTIONS=detect_leaks=0 strace -q -o calls {watch} -e inject={fault} wexcorin {command}")
+    lines = [line for line in err.split("\n") if line and not line.startswith("strace: Requested path")]
+    expect(f"{command} with {fault}", (lines, code), ([wanted], 2) if wanted else ([], 0))
+
 TEMPORARY = ".out.wexcorin-0"
 for command, old, unnamed, kill in (
         ("write a.def a.opt", "old\n", True, "KILL"), ("write a.def a.opt", "", True, "KILL"),
