@@ -66,4 +66,10 @@ for form, parts in {
         expect_part(form, out, part)
     expect(f"{form}: column heads without a text", re.findall(r"(?m)^\|.*\| *\|\n\|---", out), [])
 
+# A plain word is no name, and a quotation mark that is not closed quotes nothing.
+write("plain.def", "about integer 1 1 0 9 1 1 It stops the solver's p2. Limit the \"top\"\n" +
+      "".join(f"{name} integer {number} 1 0 9 1 1\n" for number, name in enumerate(("top", "Limit", "p2", "s"), 2)))
+expect_part("plain words", run("wexcorin doc page plain.def -o -")[0],
+            'It stops the solver&#39;s <a href="#p2">p2</a>. Limit the &quot;<a href="#top">top</a>&quot;</p>')
+
 sys.exit("\n".join(failures) or 0)

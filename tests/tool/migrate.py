@@ -51,6 +51,7 @@ def migrated(text, flags="", code=None):
 
 for before, after, actions, code in (
         ("\r\nold_limit 7\r\nbeta\r\nboth 5", "\r\nnew_limit 7\r\nbeta 3\r\nalpha 5\r\nbeta 5", ["renamed", "spelled", "spelled"], 0),
+        ("old_limit 7\nboth 5\r\nlimit 1\n", "new_limit 7\nalpha 5\r\nbeta 5\r\nnew_limit 1\n", ["renamed", "spelled", "renamed"], 0),
         ("\ufeffold_limit 7\nlimit 8", "\ufeffold_limit 7\nnew_limit 8", ["refused", "renamed"], 1),
         ("text " + 1100 * "x" + "\nold_limit" + 1100 * " " + "7\n", None, ["refused"], 1), ("", "", [], 0)):
     seen, told = migrated(before, "", code)
