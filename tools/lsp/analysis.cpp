@@ -56,7 +56,6 @@ std::shared_ptr<const ttext> opentext(const tdocumentstate& document, const std:
 
 void take(tsnapshot& snapshot, const tfindinglist& findings) {
   snapshot.findings.insert(snapshot.findings.end(), findings.kept().begin(), findings.kept().end());
-  snapshot.unlisted += findings.unlisted();
 }
 
 void readoptions(tsnapshot& snapshot, const tdocumentstate& document, tsources& sources) {
@@ -123,7 +122,6 @@ void tanalysis::read(const tdocumentstate& document, tsnapshot& result) {
   const tfounddefinition found = document.kind == tdocumentkind::options
                                      ? definitionof(document.name, *document.settings, sources)
                                      : tfounddefinition{document.name, {}, {}};
-  result.how = found.how;
   if (found.problem) result.findings.push_back(*found.problem);
   if (!found.path.empty()) {
     result.definition = definition(found.path, document);

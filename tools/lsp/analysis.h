@@ -54,10 +54,8 @@ struct tsnapshot {
   std::shared_ptr<const ttext> text;  // that was read
   // Of an option file, null if none is found or it cannot be read. Of a definition, its own.
   std::shared_ptr<const tdefinitionstate> definition;
-  std::string how;                    // the definition was found
   std::unique_ptr<treading> reading;  // of the option file, on top of its definition; null if there is none
   tfindings findings;                 // all of check, those of the definition among them
-  std::size_t unlisted = 0;           // further findings
   std::string problem;                // why the analysis failed; empty if it did not
   ttexts texts;                       // all files that were asked for, by their keys
 
