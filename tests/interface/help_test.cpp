@@ -146,7 +146,7 @@ const trules descriptions(
     "iter integer.two 3 minint -5 maxint 1 1 Two\nflag boolean.nv 4 1 1 1 Flag\n About  the flag  \n\n"
     "  closing words\n* left out\n \n last\nnote string 5 \"\" 1 1 Note\nmethod enumstr 6 auto 1 1 Method\n"
     " auto 1 Automatic choice\n Primal 0\n \"two words\" 1 Two\nlevel enumint 7 minint 1 1 Level\n"
-    " minint 1 Lowest\n 99 1 Highest\n 7 1\nsteps enumint 8 7 1 1\n 7 1\n 100 1 Most\nbare enumint 9 7 1 1 "
+    " minint 1 Lowest\n 99 1 Highest\n 7 1\nsteps enumint 8 7 1 1\n 100 1 Most\n 7 1\nbare enumint 9 7 1 1 "
     "No items\nwords multilist 10 1 1 Words\n"
     "names strlist 11 1 1 Names\nall macro 1 1 All\nact immediate Message 1 1 Act\n",
     request, {__LINE__, R"(
@@ -161,7 +161,7 @@ const trules descriptions(
     method => method: Method\n>enumstr,  default: "auto"\n>   auto       Automatic choice\n>   Primal    \x20
       \n>   two words  Two\n
     level => level: Level\n>enumint,  default: minint\n>    -2147483648 Lowest\n>    99 Highest\n>     7 \n
-    steps => steps: \n>enumint,  default: 7\n>      7 \n>    100 Most\n
+    steps => steps: \n>enumint,  default: 7\n>    100 Most\n>      7 \n
     bare => bare: No items\n>enumint,  default: 7\n
 
     // a description of an option without a value of its own has the type alone

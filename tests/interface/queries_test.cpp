@@ -151,7 +151,7 @@ const trules scenes("queries", options, {__LINE__, R"(
     resetall ; readfromstr names four ; getfromliststr names => 1|four
 
     // texts are taken either from the lists that keys created or from the others
-    readfromstr names one ; readfromstr --extra three ; readfromstr --more four
+    readfromstr names one ; readfromstr --extra three ; readfromstr --more four ; findstr --more => 1|18|0
     getfromanystrlist 1 => 1|--extra|three ; getfromanystrlist -1 => 1|--more|four
     getfromanystrlist 0 => 1|names|one
 

@@ -75,6 +75,7 @@ TEST_F(audit, release_values_agree_with_each_other) {
   EXPECT_EQ(zqagetvid(), "LX8020-020");
   EXPECT_EQ(zqagetjul(), 46346);  // 21 November 2026
   EXPECT_EQ(zqagetreldat(), "GOLD 21Nov26");
+  EXPECT_EQ(zqagethdr(), "x86_64/Linux          ");
   constexpr std::int64_t secondsperday = 86400, daysbefore1970 = 25567;
   const std::int64_t before = std::time(nullptr) / secondsperday;
   zqaauditstart();
