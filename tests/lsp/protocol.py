@@ -104,7 +104,8 @@ with client.together():
     client.notify("$/cancelRequest", {"id": cancelled})
     client.notify("$/cancelRequest", {"id": 999})
 expect("a request that is not cancelled waits for the first analysis", "result" in client.answer(kept), True)
-expect("a request that is cancelled", client.answer(cancelled)["error"]["code"], -32800)
+expect("a request that is cancelled", client.answer(cancelled)["error"],
+       {"code": -32800, "message": "The request was cancelled"})
 client.close(main)
 with client.together():
     client.open(main, LONG)
