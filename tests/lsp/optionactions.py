@@ -57,6 +57,8 @@ for text, wanted in (
         ("eolonly off\nquiet blabla |4",
          [("Make the rest of the line a comment", "1:6-1:6", "! ", "unknown-option 1:6-1:12")]),
         ("eolonly off\nblabla 4 |quiet", []),
+        ("eolonly off\nquiet method dua| threads 3",
+         [('! Replace "dua" by "dual"', "1:13-1:16", "dual", "illegal-value 1:13-1:16")]),
         ("x.prior2('a')| 4", [('! Replace ".prior2" by ".prior"', "0:1-0:8", ".prior", "unknown-option 0:1-0:8")]),
         ("gap_window 0.1 0.2\ngap_window |0.3", []),
         ("all 5\ntime_limit |6", []),
