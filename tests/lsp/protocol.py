@@ -93,6 +93,13 @@ write("part.inc", "threads none\n")
 client.notify("workspace/didChangeWatchedFiles", {"changes": [{"uri": uri(path("part.inc")), "type": 2}]})
 expect("the findings in an included file that changes", [each["code"] for each in client.diagnostics(path("part.inc"))],
        ["value"])
+os.mkdir(path("later"))
+client.open(path("later/a.opt"), "threads none\n")
+client.diagnostics(path("later/a.opt"))
+write("later/a.def", DEFINITION)
+client.notify("workspace/didChangeWatchedFiles", {"changes": [{"uri": uri(path("later/a.def")), "type": 1}]})
+expect("the findings after the definition came into being",
+       [each["code"] for each in client.diagnostics(path("later/a.opt"))], ["value"])
 client.quit()
 
 # ---- requests that are cancelled, and several at once
