@@ -83,6 +83,7 @@ TEST(comparison, numbers_at_the_end_of_names_count_by_their_values) {
 TEST(texts, positions_count_from_1) {
   tcharset set;
   set.set('n').set('b');
+  EXPECT_EQ(lchpos('b', "banana"), 1);
   EXPECT_EQ(lchpos('a', "banana"), 2);
   EXPECT_EQ(lchpos('a', "banana", 3), 4);
   EXPECT_EQ(lchpos('a', std::string_view("aba").substr(1), 0), 2);  // what stands before the text is not read
