@@ -374,6 +374,7 @@ TEST(faults, a_fifo_is_waited_for_but_not_for_ever) {
       {__LINE__, teffect::interrupted, false, "", "note z\n", 0, 0, "z"},
       {__LINE__, teffect::interrupted, true, "", "note y\n", 0, 0, "y"},
       {__LINE__, teffect::failsforgood, true, "", "", ENOMEM, 0, "none"},
+      {__LINE__, teffect::failsforgood, true, "note v\n", "", 0, 0, "v"},
       {__LINE__, teffect::fails, false, "", "string_list a\nnote w", 0, 0, "w"},
   };
   for (const auto& row : rows) {

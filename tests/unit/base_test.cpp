@@ -267,28 +267,34 @@ TEST(lists, a_search_finds_the_first_of_equal_names_after_every_change) {
   EXPECT_EQ(list.indexof("k"), -1);
 }
 
-// Decides on the order of its items only when they are compared, so that every pivot is among the smallest.
+// Decides on the order of its items only when they are compared, so that every pivot is among the first, or the
+// last, of its part.
 struct tadversary : tquicksortclass {
+  explicit tadversary(bool forwards) : fsign(forwards ? 1 : -1) {}
   void exchange(std::int32_t i, std::int32_t j) override { std::swap(value(i), value(j)); }
   std::int32_t compare(std::int32_t i, std::int32_t j) const override {
     ++fcompared;
     if (value(i) == undecided && value(j) == undecided) value(i == fpivot ? i : j) = fnext++;
     if (value(i) == undecided) fpivot = i;
     if (value(j) == undecided) fpivot = j;
-    return value(i) < value(j) ? -1 : i == j ? 0 : 1;
+    return value(i) < value(j) ? -fsign : i == j ? 0 : fsign;
   }
   std::int32_t& value(std::int32_t i) const { return fvalues[static_cast<std::size_t>(i)]; }
 
   static constexpr std::int32_t count = 20000, undecided = count;
   mutable std::vector<std::int32_t> fvalues = std::vector<std::int32_t>(count, undecided);
   mutable std::int32_t fnext = 0, fpivot = -1, fcompared = 0;
+  std::int32_t fsign;
 };
 
 TEST(lists, sorting_takes_no_quadratic_time_whatever_the_order) {
-  tadversary list;
-  list.sortn(list.count);
-  EXPECT_TRUE(std::is_sorted(list.fvalues.begin(), list.fvalues.end()));
-  EXPECT_LT(list.fcompared, 400 * list.count) << "the pivots alone would take the square of " << list.count;
+  for (const bool forwards : {true, false}) {
+    tadversary list(forwards);
+    list.sortn(list.count);
+    if (!forwards) std::ranges::reverse(list.fvalues);
+    EXPECT_TRUE(std::ranges::is_sorted(list.fvalues));
+    EXPECT_LT(list.fcompared, 400 * list.count) << "the pivots alone would take the square of " << list.count;
+  }
 }
 
 }  // namespace optcore::basetest
