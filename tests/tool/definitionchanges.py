@@ -231,6 +231,9 @@ for older, newer, wanted in (
         ("Minos lookup/a_2", "Minos lookup", ["breaking removed a_2:  -> : The option is gone, but its name did not find it"]),
         ("Minos lookup/a_", "Minos lookup", ["breaking removed a_:  -> : The option is gone, but its name did not find it"]),
         ("Minos lookup/a__b", "Minos lookup", ["breaking removed a__b:  -> : The option is gone, but its name did not find it"]),
+        ("Minos lookup/max_iter/max_iter_2", "Minos lookup/max_iter", ["compatible removed max_iter_2:  -> : The option is gone, but its name did not find it"]),
+        ("Minos lookup/max__b/max synonym max__b", "Minos lookup/max__b",  # only its first word found it
+         ["breaking name max__b:  -> : The name no longer finds the option", "breaking synonym max: max__b -> : The synonym of max__b is gone"]),
         ("Minos lookup/.max/.max_iter", "Minos lookup/.max", ["breaking removed .max_iter:  -> : The option is gone"]),
         ("max_iter/other", "max_iter/other/max synonym other", ["compatible synonym max:  -> other: The synonym of other is new"]),
         ("Minos lookup/help_x", "Minos lookup/help_x/help indicator",
