@@ -318,6 +318,7 @@ order_of_steps integer 3 1 1 9 1 1 Never found, because of its word of two chara
 con_tolerant integer 4 1 1 9 1 1 Found as the first option
 .prior integer 5 1 1 9 1 1 Priority
 .early synonym .prior
+.conv_order integer 6 1 1 9 1 1 Order
 tolerant macro 1 1 Of an option that another one hides
  con_tolerant
 g group 1 1 G
@@ -325,10 +326,11 @@ g group 1 1 G
 TOLERANCE, ALL = "conv_tolerance [10] number, default 0.1: Tolerance #1", "con_tol_all [10] integer, default 1: Other #2"
 for text, wanted in (
         ("|", ["incomplete", "1:0-1:0", TOLERANCE, ALL,
-               "tolerant [10] sets several options: Of an option that another one hides #6"]),
+               "tolerant [10] sets several options: Of an option that another one hides #7"]),
         ("tolerant |", ["1:9-1:9", "1 [12] default, lowest", "9 [12] highest"]),
         ("con_tol|", ["incomplete", "1:0-1:7", ALL, TOLERANCE]),
-        ("x.|", ["incomplete", "1:2-1:2", "prior [10] integer, default 1: Priority #5"]),
+        ("x.|", ["incomplete", "1:2-1:2", "prior [10] integer, default 1: Priority #5", "conv_order [10] integer, default 1: Order #6"]),
+        ("x.convergence_ord|", ["incomplete", "1:2-1:17", "conv_order [10] integer, default 1: Order #6 filterText=convergence_ord"]),
         ("convergence_tol|", ["incomplete", "1:0-1:15", TOLERANCE + " filterText=convergence_tol"]),
         ("con_tol |", ["1:8-1:8", "0.1 [12] default", "0 [12] lowest", "1 [12] highest"])):
     expect(f"names in lookup mode Path for {text!r}", completed("* definition: path.def\n" + text), wanted)
