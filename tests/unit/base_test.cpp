@@ -159,6 +159,9 @@ TEST(numtext, texts_are_doubles_as_a_whole_or_not_at_all) {
            1<240z>e100:none .:none 1.2.3:none +-1:none 1e:none 1dd5:none 1,5:none 0x10:none inf:none nan:none)"},
         read);
   EXPECT_EQ(read("") + read("1 ") + read(" 1"), "nonenonenone");
+  const std::string fraction = ".12345678912345";
+  for (std::size_t length = 2; length <= fraction.size(); ++length)
+    EXPECT_EQ(read(fraction.substr(0, length)), "0" + fraction.substr(0, length));
   std::string between;  // of two digits
   for (int code = 0; code < 256; ++code)
     if (read(std::string{'1', static_cast<char>(code), '2'}) != "none") between += static_cast<char>(code);

@@ -129,7 +129,7 @@ TEST(store, values_by_class_and_name) {
   };
   EXPECT_EQ(set(as<tintoption>(*store.definition().getobjects(1)), 3, 4), "34");
   EXPECT_EQ(set(as<tbooleanoption>(*store.definition().getobjects(2)), 1, 0), "10");
-  EXPECT_EQ(set(as<tenumintoption>(*store.definition().getobjects(3)), 6, 5), "65");
+  EXPECT_EQ(set(as<tenumintoption>(*store.definition().getobjects(3)), 6, 6), "66");  // 5 is the default
   auto& real = as<tdbloption>(*store.definition().getobjects(4));
   real.setasdouble(2.5);
   real.setasdouble2(1);
