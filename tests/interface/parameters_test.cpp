@@ -281,9 +281,9 @@ const trules filecount("files", "read immediate ReadFile 1 1\nnote strlist 1 1 1
     listcountstr note => 3337
 
     // of a small file 32 KiB are read again, and after that no file is read
-    eolonlyset 0 ; file f *<4088v>\nnote x ; readfrompchar <9read %DIR%/f > ; messages =>
-    listcountstr note => 9
-    readfrompchar <10read %DIR%/f >read none ; listcountstr note => 18
+    eolonlyset 0 ; file f *<1016v>\nnote x ; readfrompchar <33read %DIR%/f > ; messages =>
+    listcountstr note => 33
+    readfrompchar <34read %DIR%/f >read none ; listcountstr note => 66
     told => +pchar | E Too many bytes read again; file "f" ignored
       | E Too many bytes read again; file "none" ignored | -pchar
 

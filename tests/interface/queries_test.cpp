@@ -159,6 +159,11 @@ const trules scenes("queries", options, {__LINE__, R"(
     readfromstr names one ; readfromstr --extra three ; getfromanystrlist 0 => 1|names|one
     getfromanystrlist 0 => 0|--extra|old ; getfromanystrlist 1 => 1|--extra|three
     getfromanystrlist 0 => 0|old|old ; messages =>
+
+    // after both kinds had no text, each finds what is set then
+    getfromanystrlist 0 => 0|old|old ; getfromanystrlist 1 => 0|old|old
+    readfromstr --extra three ; getfromanystrlist 1 => 1|--extra|three
+    readfromstr names one ; getfromanystrlist 0 => 1|names|one
 )"});
 
 // The mode, the names of the options from 2 on, the name that is looked up, the name and the number that are
