@@ -98,6 +98,16 @@ else:
     runs("wexcorin doc c a.def -o old.opt")
     expect("access lists", "system.posix_acl_access" in os.listxattr("old.opt") and
            os.getxattr("old.opt", "system.posix_acl_access"), access)
+    # The list that a folder gives new files is not for one that is replaced.
+    os.mkdir("lists")
+    write("lists/old.opt", "x")
+    os.chmod("lists/old.opt", 0o640)
+    write("lists/listed.opt", "x")
+    os.setxattr("lists/listed.opt", "system.posix_acl_access", access)
+    os.setxattr("lists", "system.posix_acl_default", access.replace(b"\1\0\0\0", b"\3\0\0\0"))
+    runs("wexcorin doc c a.def -o lists/old.opt && wexcorin doc c a.def -o lists/listed.opt")
+    expect("no access list", (os.listxattr("lists/old.opt"), os.stat("lists/old.opt").st_mode & 0o777), ([], 0o640))
+    expect("its own access list", os.getxattr("lists/listed.opt", "system.posix_acl_access"), access)
 os.symlink("../old.opt", "folder/to_old")
 os.symlink("../later.opt", "folder/to_nothing")
 os.symlink("circle", "circle")

@@ -20,6 +20,9 @@ namespace tool {
 
 namespace {
 
+// The name under which the system keeps the access list of a file.
+constexpr const char* accesslist = "system.posix_acl_access";
+
 // Thrown and caught in this file.
 struct tfailure {
   int code;
@@ -169,20 +172,20 @@ class treplacement {
     }
   }
 
-  // Gives the file the owner, group, mode and access list of the old one or of the model. Where the group cannot
-  // be kept, its members get no more than everybody has.
+  // Gives the file the owner, group, mode and access list of the old one or of the model, and no list that the
+  // folder gives new files. Where the group cannot be kept, its members get no more than everybody has.
   void keepattributes(int file) const {
     mode_t mode = fkept->st_mode & 07777;
     const bool keepsgroup = fchown(file, static_cast<uid_t>(-1), fkept->st_gid) == 0;
     const bool keepsowner = fchown(file, fkept->st_uid, static_cast<gid_t>(-1)) == 0;
     if (!keepsgroup || !keepsowner) mode &= 0777;
     if (!keepsgroup) mode = (mode & 0707) | ((mode & 07) << 3);
+    if (fgetxattr(file, accesslist, nullptr, 0) > 0) succeeded(fremovexattr(file, accesslist));
     succeeded(fchmod(file, mode));
     if (keepsgroup) keepaccesslist(file);
   }
 
   void keepaccesslist(int file) const {
-    constexpr const char* accesslist = "system.posix_acl_access";
     std::array<char, 65536> list;  // none is longer
     const ssize_t size = lgetxattr(fmodel.c_str(), accesslist, list.data(), list.size());
     if (size > 0) succeeded(fsetxattr(file, accesslist, list.data(), static_cast<std::size_t>(size), 0));
