@@ -57,6 +57,7 @@ static_assert(std::ranges::common_range<toptionrange>);
 
 TEST_F(wrapper, values_and_ranges) {
   options.read("most 3 4\nnotes one\r\nnotes two words\n\nv.prior('a',*) 2\nind e(i)$w(i) 1\ntol 2\n");
+  EXPECT_EQ(options.definitionfile(), "def");
   EXPECT_EQ(options.integer("LIMIT"), 3);
   EXPECT_EQ(options.integer2(2), 4);
   EXPECT_EQ(options.real("tol"), 0.5);
