@@ -214,6 +214,10 @@ const trules mistakes("definition", "", defining, {__LINE__, R"(
       => 3 convergence_tol: Duplicate option | 7 mac: Unknown option "con_tol" for macro "mac"
 
     // a missing field keeps the value of an earlier line
+    i integer => i integer 0 in 0..0 (0 0 0)
+      => 1 i: Bad usermap value; Bad default value; Bad low value; Bad high value; Bad HC value; Bad Group value
+    d double => d double 0 in 0..0 (0 0 0)
+      => 1 d: Bad usermap value; Bad default value; Bad low value; Bad high value; Bad HC; Bad Group value
     a integer 1 5 0 10 7 3\nb double 2 0 x\nc boolean 3
       => a integer 5 in 0..10 (1 7 3) | b double 0 in 0..0 (2 7 3) | c boolean 5 (3 7 3)
       => 2 b: Bad low value; Bad high value; Bad HC; Bad Group value
