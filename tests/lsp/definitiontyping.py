@@ -67,8 +67,9 @@ wanted = [(f"{word} [14] {meaning}", "15:2-15:5", word, {"documentation": fields
           for word, meaning, fields, line in KEYWORDS]
 for line in ("n in|t 1", "n in|t.", "n st|r integer", "n in|t 1 1 0 9 1 1 N"):
     expect(f"keywords in {line}", items(asked(client, "completion", line)), wanted)
-expect("keywords before a comma", [each[2] for each in items(asked(client, "completion", "n integer|,x"))],
-       [each[2] for each in wanted])
+for line in ("n integer|,x", "n eolcomm|,#", "n synonym|,threads,x"):
+    expect(f"keywords before a comma in {line}", [each[2] for each in items(asked(client, "completion", line))],
+           [each[2] for each in wanted])
 expect("keywords as plain texts", items(asked(plain, "completion", "n in|t")), wanted)
 seen = items(asked(client, "completion", "n in|t"))
 expect("the first keyword at the end of a line", seen[0],
